@@ -1,0 +1,49 @@
+# How everything in this project is compiled.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_C_STANDARD 11)
+set(CMAKE_C_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+find_program(AST_CCACHE ccache)
+if(AST_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${AST_CCACHE})
+endif()
+
+# Warnings, for targets of this project only.
+add_library(ast_warnings INTERFACE)
+target_compile_options(
+  ast_warnings
+  INTERFACE -Wall
+            -Wextra
+            -Wpedantic
+            -Wshadow
+            -Wconversion
+            -Wsign-conversion
+            -Wcast-align
+            -Wcast-qual
+            -Wformat=2
+            -Wnull-dereference
+            -Wundef
+            $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor
+            -Wold-style-cast
+            -Woverloaded-virtual
+            -Wextra-semi>
+            $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<CXX_COMPILER_ID:GNU>>:-Wduplicated-cond
+            -Wlogical-op
+            -Wno-missing-field-initializers>
+            $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<CXX_COMPILER_ID:Clang>>:-Wno-missing-field-initializers
+            -Wno-gnu-zero-variadic-macro-arguments>
+            $<$<BOOL:${AST_WERROR}>:-Werror>)
+
+if(AST_SANITIZE)
+  add_compile_options(-fsanitize=${AST_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${AST_SANITIZE})
+endif()
+
+if(AST_COVERAGE)
+  add_compile_options(--coverage -O0)
+  add_link_options(--coverage)
+endif()

@@ -1,0 +1,862 @@
+/* ast: decodes and encodes surveillance data in ASTERIX, the block format that Eurocontrol publishes category by
+ * category.
+ *
+ * SPDX-License-Identifier: MIT
+ *
+ * The library is handed one data block at a time and splits it into records, items and subfields:
+ *
+ *     static ast_datablock_t block;                              // about 72 KB: static or heap storage, not a stack
+ *     block = ast_datablock_smart_decode(octets, length);
+ *     for (uint64_t r = 0; r < block.record_count; ++r)
+ *         for (uint64_t i = 0; i < block.records[r].item_count; ++i)
+ *             puts(ast_dataitem_get_name(block.records[r].items[i].type));
+ *
+ * What holds everywhere:
+ *
+ * - Nothing is allocated and no thread is started. Decoded records are plain values that point into the caller's
+ *   octets and are good for as long as those are.
+ * - Nothing fails loudly. A result carries a `valid` flag; when it is false, what was decoded before the fault is kept.
+ *   Any octets, any length and any capacity are safe, 0 and null included. Reports go to the log sink.
+ * - A text is written into the caller's buffer, cut silently at its capacity and always terminated; with capacity 0 or
+ * a null buffer nothing is written. Functions that return a text return a constant, or a buffer that belongs to the
+ *   calling thread and that the same function's next call on that thread overwrites; never free it.
+ * - Every function may be called from any thread at any time. Options, log sink, lookups and HTML flavour are shared by
+ *   the whole process; set them before other threads decode if all of them are to see the same settings.
+ * - Octets of an item are counted from 1 in the order of transmission, bits from 8 (most significant) to 1 within an
+ *   octet, and multi-octet fields are big-endian, as in the category documents. */
+#ifndef AST_H
+#define AST_H
+
+#include <stdbool.h>
+#include <stdint.h>
+
+#if defined(_WIN32) && defined(AST_BUILDING)
+#define AST_API __declspec(dllexport)
+#elif defined(_WIN32) && !defined(AST_STATIC)
+#define AST_API __declspec(dllimport)
+#elif defined(__GNUC__)
+#define AST_API __attribute__((visibility("default")))
+#else
+#define AST_API
+#endif
+
+#if defined(__MINGW32__)
+#define AST_PRINTF(format_index, first_argument) __attribute__((format(gnu_printf, format_index, first_argument)))
+#elif defined(__GNUC__)
+#define AST_PRINTF(format_index, first_argument) __attribute__((format(printf, format_index, first_argument)))
+#else
+#define AST_PRINTF(format_index, first_argument)
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* ======================================================================================================== library ==
+ * Identity, options and the log. */
+
+AST_API uint32_t ast_library_version_major(void);
+AST_API uint32_t ast_library_version_minor(void);
+AST_API uint32_t ast_library_version_patch(void);
+
+/** The version as text, "major.minor.patch", in a buffer of the calling thread. */
+AST_API const char *ast_library_version(void);
+
+/** The revision as lower-case hexadecimal text, in a buffer of the calling thread. */
+AST_API const char *ast_library_revision(void);
+
+/** The date of this release, "Mmm dd yyyy". Constant, as are the next two. */
+AST_API const char *ast_library_build(void);
+
+/** One line on what the library is. */
+AST_API const char *ast_library_about(void);
+
+/** A web address. */
+AST_API const char *ast_library_contact(void);
+
+/** Clears all option flags and returns true. Leaves the log sink, lookups and flavour alone. Calling it is optional;
+ *  there is nothing to release at the end. */
+AST_API bool ast_library_init(void);
+
+/* Option bits. Other bits may be set and mean nothing. */
+
+/** A negative longitude of I062/105 is negated before it is scaled, so that it reads as a positive one. */
+#define AST_OPTION_INVERT_062_LONGITUDE UINT32_C(1)
+
+/** A field specification, or a primary subfield, in which no bit is set is valid: a record or item without content. */
+#define AST_OPTION_ALLOW_EMPTY_FSPEC UINT32_C(2)
+
+/** Sets the given option bits and keeps the others. */
+AST_API void ast_library_set_option(uint32_t bits);
+
+/** Clears the given option bits and keeps the others. */
+AST_API void ast_library_unset_option(uint32_t bits);
+
+/** Clears all option bits. */
+AST_API void ast_library_reset_option(void);
+
+/** Whether any of the given bits is set; with bits 0, whether no option is set at all. */
+AST_API bool ast_library_test_option(uint32_t bits);
+
+/* Log levels. Any other level is accepted and shown as unknown. */
+#define AST_LOG_DEBUG UINT32_C(0)
+#define AST_LOG_INFO UINT32_C(1)
+#define AST_LOG_WARNING UINT32_C(2)
+#define AST_LOG_CRITICAL UINT32_C(3)
+#define AST_LOG_PANIC UINT32_C(4)
+
+/** A log sink. Takes one line without a line end; the text is good only during the call. The library ignores what it
+ *  returns. It is called on whatever thread reports, so a sink shared by threads does its own locking. */
+typedef int32_t ast_log_handler_t(uint32_t level, const char *message);
+
+/** Replaces the log sink, `ast_log_stdout` at start. Null turns all logging off, at the cost of one test per report. */
+AST_API void ast_log_handler_reg(ast_log_handler_t *handler);
+
+/** Formats one line, at most 511 characters of it, and hands it to the sink. */
+AST_API void ast_log(uint32_t level, const char *format, ...) AST_PRINTF(2, 3);
+
+/** The sink at start: prints a level label of ten characters, a blank, the message and a line end to standard output.
+ *  Returns what the last print returned. */
+AST_API int32_t ast_log_stdout(uint32_t level, const char *message);
+
+/** Logs "Binary data size: N" and then the octets in hexadecimal: 17 on the first line, 16 on each later one. */
+AST_API void ast_log_binary_data(uint32_t level, const uint8_t *data, uint64_t count);
+
+/* ==================================================================================================== conversions ==
+ * Numbers and codes as ASTERIX items carry them. Pure functions, but for the texts in buffers of the calling thread. */
+
+/** The ASCII character of a 6-bit ICAO character code (A-Z, 0-9, blank), or 0. The top two bits are ignored. */
+AST_API char ast_icao_to_ansi(uint8_t code);
+
+/** The 6-bit ICAO code of a letter (either case), digit or blank; 0 for any other character. Bits of the argument above
+ *  its low octet are kept in the result. */
+AST_API int32_t ast_ansi_to_icao(int32_t character);
+
+/** Reads count octets, big-endian, as one signed number and returns its low 32 bits. Null or count 0 gives 0. */
+AST_API int32_t ast_twos_complement_to_int(const uint8_t *octets, uint32_t count);
+
+/** The same after leaving out the skip most significant bits of the first octet; a skip above 7 gives 0.
+ *  A Mode C height is count 2, skip 2. */
+AST_API int32_t ast_twos_complement_to_int_ex(const uint8_t *octets, uint32_t count, uint32_t skip);
+
+/** The value 0 to 15 of a hexadecimal digit, or 0xFFFFFFFF. */
+AST_API uint32_t ast_hex_to_int(char digit);
+
+/** The eight binary digits of an octet, most significant first, in a buffer of the calling thread. */
+AST_API const char *ast_hex_to_bin(uint8_t octet);
+
+/** Reads an octal number after blanks and an optional sign, up to the first character that is not a decimal digit.
+ *  8 and 9 count with their decimal values, so "18" is 16. Text that does not begin so gives 0. Low 32 bits. */
+AST_API int32_t ast_atoi_oct(const char *text);
+
+/** Fills count octets with value, whatever destination_size says, and returns 0. */
+AST_API int32_t ast_memset(void *destination, uint64_t destination_size, int32_t value, uint64_t count);
+
+/** A position in degrees as "DDMMSSNDDDMMSSE", in a buffer of the calling thread. Latitude 0 is written S, longitude 0
+ * W, and a rounded 60 seconds is not carried into the minutes. */
+AST_API const char *ast_latlong_to_str(double latitude, double longitude);
+
+/** The same with hundredths of a second: "DDMMSS.ssNDDDMMSS.ssE". */
+AST_API const char *ast_latlong_to_str_high(double latitude, double longitude);
+
+/** The same with millionths of a second: "DDMMSS.ssssssNDDDMMSS.ssssssE". */
+AST_API const char *ast_latlong_to_str_very_high(double latitude, double longitude);
+
+/* ============================================================================================= lookups, map links ==
+ * What an application can tell the library about sites, sensors and countries; the detail views show it.
+ *
+ * A lookup fills a zeroed result that the library hands it and may use at most AST_LOOKUP_MAX_ENTRIES entries of a
+ * list; a count above that is taken as that. Texts belong to the application, stay unchanged until the view that asked
+ * has returned, and may be null, which is shown as an empty text. Reserved members are the application's and never
+ * read. */
+
+#define AST_LOOKUP_MAX_ENTRIES 10
+
+/** One country or region to which a system area code is allocated. */
+typedef struct {
+    bool valid;
+    uint64_t reserved_1;
+    const char *region;
+    uint64_t reserved_2;
+    const char *country_code;
+    const char *country;
+} ast_sac_info_t;
+
+typedef struct {
+    uint64_t count;
+    ast_sac_info_t entries[AST_LOOKUP_MAX_ENTRIES];
+} ast_sac_info_list_t;
+
+/** One sensor or system that sends under a SAC and SIC. */
+typedef struct {
+    bool valid;
+    uint64_t reserved;
+    const char *system;
+    const char *country_code;
+    const char *country;
+    const char *type;
+    const char *manufacturer;
+    const char *model;
+    const char *description;
+} ast_sensor_t;
+
+typedef struct {
+    uint64_t count;
+    ast_sensor_t entries[AST_LOOKUP_MAX_ENTRIES];
+} ast_sensor_list_t;
+
+/** The country to which a 24-bit ICAO aircraft address is allocated. */
+typedef struct {
+    bool found;
+    const char *code;
+    uint64_t reserved_1;
+    uint64_t reserved_2;
+    const char *name;
+} ast_country_t;
+
+struct ast_dataitem;
+
+typedef void ast_sac_get_info_t(ast_sac_info_list_t *result, uint32_t sac);
+typedef void ast_sacsic_get_sensor_t(ast_sensor_list_t *result, uint32_t sac, uint32_t sic);
+typedef void ast_icao_addr_get_country_t(ast_country_t *result, uint32_t address, const struct ast_dataitem *item);
+typedef const void *ast_get_national_flag_t(const char *country_code);
+
+/** Each registers one lookup in place of the last; null, as at start, switches it off. */
+AST_API void ast_reg_callback_sac_get_info(ast_sac_get_info_t *lookup);
+AST_API void ast_reg_callback_sacsic_get_sensor(ast_sacsic_get_sensor_t *lookup);
+AST_API void ast_reg_callback_icao_addr_get_country(ast_icao_addr_get_country_t *lookup);
+
+/** The flag lookup is told the code of each country found for an address; what it returns is not used. */
+AST_API void ast_reg_callback_get_national_flag(ast_get_national_flag_t *lookup);
+
+/* Map services. */
+#define AST_MAP_GOOGLE UINT32_C(1)
+#define AST_MAP_OSM UINT32_C(2)
+#define AST_MAP_AMAP UINT32_C(3)
+#define AST_MAP_BAIDU UINT32_C(4)
+
+/** The display name of a map service, "No Map" for any other number. Constant. */
+AST_API const char *ast_map_get_service_name(uint32_t service);
+
+/** Writes a link that shows a WGS-84 position, in degrees, on one service's map. Always returns true. */
+AST_API bool ast_map_get_link_url_google(char *text, uint64_t capacity, double latitude, double longitude);
+AST_API bool ast_map_get_link_url_osm(char *text, uint64_t capacity, double latitude, double longitude);
+AST_API bool ast_map_get_link_url_amap(char *text, uint64_t capacity, double latitude, double longitude);
+AST_API bool ast_map_get_link_url_baidu(char *text, uint64_t capacity, double latitude, double longitude);
+
+/** The same for a service by number. Returns false, and leaves the text untouched, for any number but 1 to 4. */
+AST_API bool ast_map_get_link_url(char *text, uint64_t capacity, uint32_t service, double latitude, double longitude);
+
+/* ======================================================================================================== records ==
+ * What blocks, records and items look like once decoded, and what an encoder is given. */
+
+/** Records that a decoded block has room for. */
+#define AST_DATABLOCK_MAX_RECORDS 64
+
+/** Items that a decoded record has room for. */
+#define AST_DATARECORD_MAX_ITEMS 32
+
+/** Subfields that a decoded compound item has room for. */
+#define AST_SUBFIELDS_MAX 35
+
+/** Identifies an item: category × 1000 + the three digits of the item's reference, so I048/010 is 48010. 0 is no item.
+ *  Where an edition or a system gives an item a layout of its own, that layout has a type in the category's 900 range
+ *  (1901 to 1904, 1951, 2901, 2902, 2951, 21902 to 21908). */
+typedef uint32_t ast_dataitem_type_t;
+
+#define AST_DATAITEM_TYPE(category, item) (UINT32_C(1000) * (category) + (item))
+
+/** No item: a spare or undefined FRN. */
+#define AST_DATAITEM_NONE UINT32_C(0)
+
+/* Item numbers that mean the same in every category. */
+#define AST_ITEM_RFS UINT32_C(997) /* Random Field Sequencing */
+#define AST_ITEM_REF UINT32_C(998) /* Reserved Expansion Field */
+#define AST_ITEM_SPF UINT32_C(999) /* Special Purpose Field */
+
+/** A User Application Profile: which item each FRN of a record announces. One of the profiles below, or the caller's
+ *  own. A null max_frn defines no FRN to encode; a null get_dataitem announces no item. */
+typedef struct {
+    uint32_t (*max_frn)(uint32_t category);
+    ast_dataitem_type_t (*get_dataitem)(uint32_t category, uint32_t frn);
+} ast_uap_t;
+
+/** A decoded field specification, or the primary subfield of a compound item. */
+typedef struct {
+    const uint8_t *data; /* its first octet, in the caller's octets */
+    uint64_t length;     /* octets, up to the first whose FX bit is 0 */
+    uint64_t frn_count;  /* the highest FRN it can announce: 7 × length */
+    uint64_t item_count; /* the presence bits that are set */
+    bool valid;
+} ast_fspec_t;
+
+/** One item of a record. */
+typedef struct ast_dataitem {
+    const uint8_t *data; /* its first octet, in the caller's octets */
+    uint64_t size;       /* octets */
+    ast_dataitem_type_t type;
+    bool valid;        /* its size could be told */
+    uint8_t following; /* octets known to follow it in the caller's buffer: 255 for 255 or more, 0 when not known */
+} ast_dataitem_t;
+
+/** One decoded record. */
+typedef struct {
+    const uint8_t *data; /* the first octet of its FSPEC */
+    uint64_t size;       /* FSPEC and items, in octets; 0 unless valid */
+    uint32_t category;
+    ast_uap_t uap; /* the profile it was decoded with */
+    ast_fspec_t fspec;
+    ast_dataitem_t items[AST_DATARECORD_MAX_ITEMS]; /* in FRN order; the first item_count are meaningful */
+    uint64_t item_count;
+    bool valid;
+} ast_datarecord_t;
+
+/** One decoded block. Large: keep it in static or heap storage. */
+typedef struct {
+    const uint8_t *data; /* its CAT octet */
+    uint64_t length;     /* the whole block in octets, from LEN */
+    uint32_t category;
+    ast_uap_t uap;               /* the profile it was decoded with */
+    const uint8_t *records_data; /* its first record: data + 3 */
+    uint64_t records_length;     /* LEN - 3 */
+    ast_datarecord_t records[AST_DATABLOCK_MAX_RECORDS];
+    uint64_t record_count;
+    bool valid; /* the records fill LEN exactly */
+} ast_datablock_t;
+
+/** One item to encode: its type and its value record, as the item's decoder returns it. The value is not const because
+ *  some encoders store the raw values that they wrote back into it. */
+typedef struct {
+    ast_dataitem_type_t type;
+    void *value;
+} ast_dataitem_src_t;
+
+typedef ast_dataitem_src_t ast_dataitem_value_t;
+
+/** One record to encode. Items in any order; the first of a type counts. */
+typedef struct {
+    uint32_t category;
+    ast_uap_t uap;
+    ast_dataitem_src_t items[AST_DATARECORD_MAX_ITEMS];
+    uint64_t item_count;
+} ast_datarecord_src_t;
+
+/** One block to encode. */
+typedef struct {
+    uint32_t category;
+    ast_uap_t uap;
+    ast_datarecord_src_t records[AST_DATABLOCK_MAX_RECORDS];
+    uint64_t record_count;
+} ast_datablock_src_t;
+
+/** New values for items that a record already has. */
+typedef struct {
+    ast_dataitem_src_t items[AST_DATARECORD_MAX_ITEMS];
+    uint64_t item_count;
+} ast_dataitem_src_list_t;
+
+/* ========================================================================================== blocks and records ==== */
+
+/** Decodes the block at data with one profile.
+ *  data       the CAT octet; borrowed by the result
+ *  available  octets that may be read
+ *  The result is valid when LEN fits what is available and the records fill it exactly. Otherwise it holds the records
+ *  before the fault, at most 64; a 65th record is reported at level 4 and the octets at level 0. */
+AST_API ast_datablock_t ast_datablock_decode(const uint8_t *data, uint64_t available, ast_uap_t uap);
+
+/** Decodes the block at data with the first profile that fits: for category 001 the mix of plots and tracks, then the
+ *  profile that the process used last, then the exported profiles from AST_UAP_STANDARD to AST_UAP_MANAGAIR in their
+ *  order below. When none fits, the result is that of AST_UAP_MANAGAIR, not valid. Attempts that fail may log. */
+AST_API ast_datablock_t ast_datablock_smart_decode(const uint8_t *data, uint64_t available);
+
+/** Decodes a category 001 block in which plots and tracks alternate: each record with AST_UAP_CAT001_PLOT or
+ *  AST_UAP_STANDARD, as TYP of I001/020 says. The block names AST_UAP_STANDARD, each record its own profile. */
+AST_API ast_datablock_t ast_datablock_001_mixuap_decode(const uint8_t *data, uint64_t available);
+
+/** Encodes a block of 1 to 64 records of its category into buffer.
+ *  The result is valid when all records are encoded and the total is at most 65535 octets. */
+AST_API ast_datablock_t ast_datablock_encode(uint8_t *buffer, uint64_t length, const ast_datablock_src_t *source);
+
+/** Writes a decoded block into buffer with new values for items that its records have; the list applies to every
+ * record. Not valid when the source is not, when an item does not fit or encode, or when the total exceeds 65535
+ * octets. */
+AST_API ast_datablock_t ast_datablock_modify(uint8_t *buffer, uint64_t length, const ast_datablock_t *source,
+                                             const ast_dataitem_src_list_t *replacements);
+
+/** Decodes the record at data.
+ *  The result is valid when every item that the FSPEC announces is known, fits and is one of at most 32; otherwise it
+ *  holds the items before the fault and size 0. Items are sized here, their values are read by their own functions. */
+AST_API ast_datarecord_t ast_datarecord_decode(const uint8_t *data, uint64_t available, uint32_t category,
+                                               ast_uap_t uap);
+
+/** Encodes a record into buffer: the FSPEC, then the items in FRN order. Items whose type the profile does not list are
+ *  left out. The result has size and valid, but no items. Not valid, with a report at level 0, when nothing is left to
+ *  encode or an item fails. */
+AST_API ast_datarecord_t ast_datarecord_encode(uint8_t *buffer, uint64_t length, const ast_datarecord_src_t *source);
+
+/** Copies a decoded record into buffer; the result describes the copy. */
+AST_API ast_datarecord_t ast_datarecord_copy(uint8_t *buffer, uint64_t length, const ast_datarecord_t *source);
+
+/** Writes a decoded record into buffer with new values for items that it has. Items are neither added nor removed; a
+ *  new value may change an item's size. */
+AST_API ast_datarecord_t ast_datarecord_modify(uint8_t *buffer, uint64_t length, const ast_datarecord_t *source,
+                                               const ast_dataitem_src_list_t *replacements);
+
+/* ============================================================================================= field specification ==
+ */
+
+/** Decodes the FSPEC at data. Not valid, with length 0, when its FX chain runs past what is available; not valid, with
+ *  length and counts filled, when no bit is set and AST_OPTION_ALLOW_EMPTY_FSPEC is not. */
+AST_API ast_fspec_t ast_fspec_decode(const uint8_t *data, uint64_t available);
+
+/** Whether a valid FSPEC announces an FRN, counted from 1. */
+AST_API bool ast_fspec_is_set(const ast_fspec_t *fspec, uint32_t frn);
+
+/** Sets or clears the bit of an FRN in FSPEC octets, and returns whether the octets hold it. FX bits are left alone. */
+AST_API bool ast_fspec_set(uint8_t *octets, uint64_t available, uint32_t frn, bool on);
+
+/** Copies a valid FSPEC into buffer. When it is not valid or does not fit, the result is not valid and has length 0,
+ * but carries the counts of the source. */
+AST_API ast_fspec_t ast_fspec_copy(uint8_t *buffer, uint64_t length, const ast_fspec_t *source);
+
+/* ========================================================================================================== items ==
+ */
+
+/** The five handlers of an item type. A null slot means "not supported". */
+typedef struct {
+    uint64_t (*get_size)(const uint8_t *data, uint64_t available);
+    const char *(*get_name)(ast_dataitem_type_t type);
+    void (*get_summary)(char *text, uint64_t capacity, const ast_dataitem_t *item);
+    void (*get_detail_html)(char *text, uint64_t capacity, const ast_dataitem_t *item);
+    void (*encode)(ast_dataitem_t *result, uint8_t *buffer, uint64_t length, const ast_dataitem_src_t *source);
+} ast_dataitem_func_t;
+
+/** The handlers of an item type. A type that is not registered has none, which is reported at level 3 unless it is 0.
+ */
+AST_API ast_dataitem_func_t ast_dataitem_get_func(ast_dataitem_type_t type);
+
+/** The reference of an item type, such as "I048/010", "I062/REF", "I034/SPF" or "I001/RFS". A variant type reads as the
+ *  item that it stands for. In a buffer of the calling thread. */
+AST_API const char *ast_dataitem_type_to_str(ast_dataitem_type_t type);
+
+/** The title of an item type, or "UNKNOWN NAME" when it is not registered. Constant. */
+AST_API const char *ast_dataitem_get_name(ast_dataitem_type_t type);
+
+/** The size in octets of the item at data, or 0 when the type is not registered or the octets do not hold all of it.
+ *  Explicit-length fields (RFS, REF, SPF) and I062/510 do not look at what is available: their size may exceed it. */
+AST_API uint64_t ast_dataitem_get_size(const uint8_t *data, uint64_t available, ast_dataitem_type_t type);
+
+/** The item at data. Valid when it has a size; as above, that of an explicit-length field or I062/510 may exceed what
+ * is available, so compare before reading on. Records never hold such items. */
+AST_API ast_dataitem_t ast_dataitem_decode(const uint8_t *data, uint64_t available, ast_dataitem_type_t type);
+
+/** Copies a valid item into buffer; the result describes the copy. */
+AST_API ast_dataitem_t ast_dataitem_copy(uint8_t *buffer, uint64_t length, const ast_dataitem_t *source);
+
+/** Writes the octets of an item from its value record. Not valid when the value is missing or not valid, out of range,
+ *  or too long for the buffer; an item type without an encoder is reported at level 2. */
+AST_API ast_dataitem_t ast_dataitem_encode(uint8_t *buffer, uint64_t length, const ast_dataitem_src_t *source);
+
+/** One line on the item's value, such as "SAC:025 SIC:012". "NOT_IMPLEMENTED" for an item that is not valid or whose
+ *  type has no summary. */
+AST_API void ast_dataitem_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/** The fields of the item's value as an HTML fragment. Empty for an item that is not valid or has no detail view. */
+AST_API void ast_dataitem_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/** The octets of a valid item in hexadecimal, "0a 1b". */
+AST_API void ast_dataitem_get_hex_str(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/** The octets of an item, valid or not, in binary, "00001010 00011011". */
+AST_API void ast_dataitem_get_bin_str(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/** The octets of a valid item as an HTML table of hexadecimal digits, 16 octets a row. */
+AST_API void ast_dataitem_get_hex_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/** The octets of a valid item as an HTML table of bits, four octets a row. */
+AST_API void ast_dataitem_get_bin_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/** A detail view of nothing: the empty text. */
+AST_API void ast_dataitem_get_detail_html_dummy(char *text, uint64_t capacity);
+
+/* ----------------------------------------------------------------------------------------------------- size rules --
+ * Each takes the first octet of an item and the octets available, and returns the item's size in octets, 0 when the
+ * octets do not hold all of it. */
+
+/** N octets. */
+AST_API uint64_t ast_dataitem_get_size_fixed(const uint8_t *data, uint64_t available, uint64_t size);
+AST_API uint64_t ast_dataitem_get_size_fixed_1_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_fixed_2_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_fixed_3_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_fixed_4_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_fixed_5_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_fixed_6_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_fixed_7_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_fixed_8_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_fixed_9_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_fixed_12_byte(const uint8_t *data, uint64_t available);
+
+/** Octets chained by their FX bits, at most N (999 for "unlimited"). When octet N still has FX set and another octet is
+ *  available, the size is N, reported at level 3; with no other octet available it is 0. */
+AST_API uint64_t ast_dataitem_get_size_variable(const uint8_t *data, uint64_t available, uint64_t maximum);
+AST_API uint64_t ast_dataitem_get_size_var_1_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_var_2_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_var_3_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_var_4_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_var_5_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_var_6_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_var_11_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_var_12_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_var_16_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_var_23_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_var_unlimited(const uint8_t *data, uint64_t available);
+
+/** A repetition count (REP), then REP elements of N octets. */
+AST_API uint64_t ast_dataitem_get_size_repeat(const uint8_t *data, uint64_t available, uint64_t element_size);
+AST_API uint64_t ast_dataitem_get_size_rep_1_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_rep_2_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_rep_3_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_rep_4_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_rep_5_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_rep_6_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_rep_8_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_rep_12_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_rep_15_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_rep_21_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_rep_64_byte(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_get_size_rep_256_byte(const uint8_t *data, uint64_t available);
+
+/** Explicit length: the first octet, which counts itself. It is not compared with what is available. */
+AST_API uint64_t ast_dataitem_reserved_expansion_field_get_size(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_special_purpose_field_get_size(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_dataitem_random_field_sequencing_get_size(const uint8_t *data, uint64_t available);
+
+/* ================================================================================================= compound items ==
+ * A compound item is a primary subfield, laid out like an FSPEC, and the subfields that it announces in bit order.
+ * A subfield type is item type × 1000 + subfield number, counted from 1: 48130001 is the first subfield of I048/130. */
+
+#define AST_SUBFIELD_TYPE(item_type, number) (UINT32_C(1000) * (item_type) + (number))
+
+/** The five handlers of a subfield type. A null slot means "not supported". The views take the whole compound item. */
+typedef struct {
+    uint64_t (*get_size)(const uint8_t *data, uint64_t available, uint32_t subfield_type);
+    const char *(*get_id)(uint32_t subfield_type);
+    const char *(*get_name)(uint32_t subfield_type);
+    void (*get_summary)(char *text, uint64_t capacity, const ast_dataitem_t *item, uint32_t subfield_type);
+    void (*get_detail_html)(char *text, uint64_t capacity, const ast_dataitem_t *item, uint32_t subfield_type);
+} ast_subfield_func_t;
+
+/** One subfield of a decoded compound item. */
+typedef struct {
+    bool present;
+    const uint8_t *data; /* its first octet, null when absent */
+    uint64_t size;       /* octets, 0 when absent */
+    uint32_t type;
+    bool valid; /* set in every listed entry, present or not */
+} ast_subfield_t;
+
+/** A decoded compound item: an entry for each subfield that its primary subfield has a bit for, present or not, as far
+ *  as the item defines them. */
+typedef struct {
+    bool valid;
+    ast_fspec_t primary;
+    ast_subfield_t subfields[AST_SUBFIELDS_MAX];
+    uint64_t subfield_count;
+} ast_subfields_t;
+
+/** The handlers of a subfield type, all null when its item is not a registered compound item. */
+AST_API ast_subfield_func_t ast_subfield_get_func(uint32_t subfield_type);
+
+/** The size in octets of the subfield at data; 0 for an unknown subfield. Fixed sizes do not look at what is available.
+ */
+AST_API uint64_t ast_subfield_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
+
+/** The short identifier of a subfield, such as "SRL", or "---". Constant. */
+AST_API const char *ast_subfield_get_id(uint32_t subfield_type);
+
+/** The title of a subfield, or "UNKNOWN_SUBFIELD_NAME". Constant. */
+AST_API const char *ast_subfield_get_name(uint32_t subfield_type);
+
+/** One line on the value of one subfield of item; "NOT_IMPLEMENTED" when there is no such view. */
+AST_API void ast_subfield_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item,
+                                      uint32_t subfield_type);
+
+/** The fields of one subfield of item as an HTML fragment; empty when there is no such view. */
+AST_API void ast_subfield_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item,
+                                          uint32_t subfield_type);
+
+/** The octets of a valid subfield as an HTML table of bits. */
+AST_API void ast_subfield_get_bin_html(char *text, uint64_t capacity, const ast_subfield_t *subfield);
+
+/** The size of an extended subfield of at most N octets, as the item rule of that kind. */
+AST_API uint64_t ast_subfield_get_size_variable(const uint8_t *data, uint64_t available, uint64_t maximum);
+
+/** The size of a repeated subfield: REP, then REP elements of N octets; 0 when that exceeds what is available. */
+AST_API uint64_t ast_subfield_get_size_repeated(const uint8_t *data, uint64_t available, uint64_t element_size);
+
+/** How many subfields a compound item defines; 0, reported at level 3, for any other item type. */
+AST_API uint64_t ast_dataitem_subfields_get_number(ast_dataitem_type_t type);
+
+/** The size of the whole compound item at data: the primary subfield and every subfield that it announces. 0 when the
+ *  primary subfield is not valid or the total exceeds what is available. */
+AST_API uint64_t ast_dataitem_subfields_get_size(const uint8_t *data, uint64_t available, ast_dataitem_type_t type);
+
+/** Splits a valid compound item into its subfields. */
+AST_API ast_subfields_t ast_dataitem_subfields_decode(const ast_dataitem_t *item);
+
+/* ======================================================================================================= profiles ==
+ * The standard profile covers every category; each variant overrides one or two and asks AST_UAP_STANDARD for the rest,
+ * through that object, which in turn asks AST_UAP_CAT021_VER026 for category 021. So an application that changes one of
+ * those two objects, before it decodes, changes every fallback; neither may be pointed at a variant that falls back on
+ * it. */
+
+AST_API extern ast_uap_t AST_UAP_STANDARD;      /* all categories; category 021 as edition 0.26 */
+AST_API extern ast_uap_t AST_UAP_CAT001_PLOT;   /* category 001: plots */
+AST_API extern ast_uap_t AST_UAP_CAT021_VER023; /* category 021: edition 0.23 */
+AST_API extern ast_uap_t AST_UAP_CAT021_VER026; /* category 021: edition 0.26 */
+AST_API extern ast_uap_t AST_UAP_CAT021_VER21;  /* category 021: edition 2.1 */
+AST_API extern ast_uap_t AST_UAP_CAT021_VER24;  /* category 021: edition 2.4 */
+AST_API extern ast_uap_t AST_UAP_ASR10SS;       /* categories 001 and 002: ASR10SS radar */
+AST_API extern ast_uap_t AST_UAP_ASR10SS_MK2;   /* categories 001 and 002: ASR10SS MK2 radar */
+AST_API extern ast_uap_t AST_UAP_THALES;        /* category 021: THALES layout */
+AST_API extern ast_uap_t AST_UAP_MANAGAIR;      /* categories 001 and 002: MANAGAIR layout */
+
+/** The highest FRN that a profile defines for a category, which is how far the encoder looks; 0 for none. */
+AST_API uint32_t ast_uap_max_frn(const ast_uap_t *uap, uint32_t category);
+
+/** The item that an FRN announces under a profile, or 0. Undefined FRNs and categories may be reported at level 3. */
+AST_API ast_dataitem_type_t ast_uap_get_dataitem(const ast_uap_t *uap, uint32_t category, uint32_t frn);
+
+/* The two functions of each profile. */
+AST_API uint32_t ast_uap_max_frn_standard(uint32_t category);
+AST_API uint32_t ast_uap_max_frn_cat001_plot(uint32_t category);
+AST_API uint32_t ast_uap_max_frn_cat021_ver023(uint32_t category);
+AST_API uint32_t ast_uap_max_frn_cat021_ver026(uint32_t category);
+AST_API uint32_t ast_uap_max_frn_cat021_ver21(uint32_t category);
+AST_API uint32_t ast_uap_max_frn_cat021_ver24(uint32_t category);
+AST_API uint32_t ast_uap_max_frn_asr10ss(uint32_t category);
+AST_API uint32_t ast_uap_max_frn_asr10ss_mk2(uint32_t category);
+AST_API uint32_t ast_uap_max_frn_thales(uint32_t category);
+AST_API uint32_t ast_uap_max_frn_managair(uint32_t category);
+AST_API ast_dataitem_type_t ast_uap_get_dataitem_standard(uint32_t category, uint32_t frn);
+AST_API ast_dataitem_type_t ast_uap_get_dataitem_cat001_plot(uint32_t category, uint32_t frn);
+AST_API ast_dataitem_type_t ast_uap_get_dataitem_cat021_ver023(uint32_t category, uint32_t frn);
+AST_API ast_dataitem_type_t ast_uap_get_dataitem_cat021_ver026(uint32_t category, uint32_t frn);
+AST_API ast_dataitem_type_t ast_uap_get_dataitem_cat021_ver21(uint32_t category, uint32_t frn);
+AST_API ast_dataitem_type_t ast_uap_get_dataitem_cat021_ver24(uint32_t category, uint32_t frn);
+AST_API ast_dataitem_type_t ast_uap_get_dataitem_asr10ss(uint32_t category, uint32_t frn);
+AST_API ast_dataitem_type_t ast_uap_get_dataitem_asr10ss_mk2(uint32_t category, uint32_t frn);
+AST_API ast_dataitem_type_t ast_uap_get_dataitem_thales(uint32_t category, uint32_t frn);
+AST_API ast_dataitem_type_t ast_uap_get_dataitem_managair(uint32_t category, uint32_t frn);
+
+/* ================================================================================================= HTML fragments ==
+ * The pieces that all detail views are made of. Each writes one fragment at the start of text, never beyond capacity,
+ * and leaves it terminated. Styling is the application's, by the classes detail_table, even_row, hex_table, bin_table,
+ * caption_row and data_row. Every second data row of a table is an even_row; that parity is kept per thread. */
+
+/** Ends the list of cells of a table row. Compared as text. */
+#define AST_HTML_TABLE_END_OF_ROW "AST_HTML_TABLE_END_OF_ROW"
+
+/** Chooses how tables look in the whole process: 1 with borders, any other value (0 at start) by their class alone. */
+AST_API void ast_html_set_flavor(uint32_t flavor);
+
+/** "<h4>", the formatted text, "</h4>". */
+AST_API void ast_html_gen_title_h4(char *text, uint64_t capacity, const char *format, ...) AST_PRINTF(3, 4);
+
+/** "<p>", the formatted text, "</p>". */
+AST_API void ast_html_gen_para(char *text, uint64_t capacity, const char *format, ...) AST_PRINTF(3, 4);
+
+/** The start of a table of the class detail_table; the next data row is a plain one. */
+AST_API void ast_html_gen_table_begin(char *text, uint64_t capacity);
+
+/** One row. header is nonzero for a header row, after which the next data row is a plain one. The cells are texts, the
+ *  last one AST_HTML_TABLE_END_OF_ROW; they are written as they are, without escaping. A null cell is empty. */
+AST_API void ast_html_gen_table_row(char *text, uint64_t capacity, int32_t header, ...);
+
+/** The end of a table. */
+AST_API void ast_html_gen_table_end(char *text, uint64_t capacity);
+
+/** count octets as a table of hexadecimal digits, 16 octets a row; empty for none. */
+AST_API void ast_html_gen_hex_table(char *text, uint64_t capacity, const uint8_t *octets, uint64_t count);
+
+/** count octets as a table of bits, four octets a row under their numbers and values; empty for none. */
+AST_API void ast_html_gen_bin_table(char *text, uint64_t capacity, const uint8_t *octets, uint64_t count);
+
+/** A link to a position, in degrees, on a map service. Returns the number of characters written: 0, with an empty text,
+ *  when the service has no link. */
+AST_API uint64_t ast_html_gen_location_map_link(char *text, uint64_t capacity, uint32_t service, double latitude,
+                                                double longitude);
+
+/* ===================================================================================================== categories ==
+ * One group per category, in ascending order. */
+
+/** The title of an item of one category, also of items that are known but not registered; "Unknown CATnnn Dataitem" for
+ *  any other type, which categories 004, 021, 048 and 062 also report at level 2. Constant. */
+AST_API const char *ast_dataitem_001_get_name(ast_dataitem_type_t type);
+AST_API const char *ast_dataitem_002_get_name(ast_dataitem_type_t type);
+AST_API const char *ast_dataitem_004_get_name(ast_dataitem_type_t type);
+AST_API const char *ast_dataitem_008_get_name(ast_dataitem_type_t type);
+AST_API const char *ast_dataitem_010_get_name(ast_dataitem_type_t type);
+AST_API const char *ast_dataitem_015_get_name(ast_dataitem_type_t type);
+AST_API const char *ast_dataitem_016_get_name(ast_dataitem_type_t type);
+AST_API const char *ast_dataitem_019_get_name(ast_dataitem_type_t type);
+AST_API const char *ast_dataitem_020_get_name(ast_dataitem_type_t type);
+AST_API const char *ast_dataitem_021_get_name(ast_dataitem_type_t type);
+AST_API const char *ast_dataitem_023_get_name(ast_dataitem_type_t type);
+AST_API const char *ast_dataitem_034_get_name(ast_dataitem_type_t type);
+AST_API const char *ast_dataitem_048_get_name(ast_dataitem_type_t type);
+AST_API const char *ast_dataitem_062_get_name(ast_dataitem_type_t type);
+AST_API const char *ast_dataitem_063_get_name(ast_dataitem_type_t type);
+AST_API const char *ast_dataitem_065_get_name(ast_dataitem_type_t type);
+AST_API const char *ast_dataitem_240_get_name(ast_dataitem_type_t type);
+
+/* Size rules of single items, shaped like the general ones. */
+
+/** I008/100: three octets, the third with an FX bit, then single octets chained by theirs, at most 11 in all. */
+AST_API uint64_t ast_dataitem_008_100_get_size(const uint8_t *data, uint64_t available);
+
+/** I020/500: a compound item without registered subfields: DOP and SDP of six octets each, SDH of two. */
+AST_API uint64_t ast_dataitem_020_500_get_size(const uint8_t *data, uint64_t available);
+
+/** I021/271 of editions 1.0 to 2.1: one octet, two when the first has FX set. */
+AST_API uint64_t ast_dataitem_021_A07_get_size(const uint8_t *data, uint64_t available);
+
+/** I062/510: parts of three octets, chained by bit 1 of the third. Never 0: where less is available than a part needs,
+ *  the chain ends with the part before it, and the first part always counts. */
+AST_API uint64_t ast_dataitem_062_510_get_size(const uint8_t *data, uint64_t available);
+
+/* Compound items. For each: the size of the whole item, and the size, short id and title of one of its subfields, with
+ * the outcomes of ast_dataitem_subfields_get_size, ast_subfield_get_size, _get_id and _get_name. A subfield number that
+ * the item does not define has size 0 (which I021/110 reports at level 3), id "---" ("--" in category 004) and name
+ * "UNKNOWN_SUBFIELD_NAME". */
+
+AST_API uint64_t ast_dataitem_004_100_get_size(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_subfield_004_100_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
+AST_API const char *ast_subfield_004_100_get_id(uint32_t subfield_type);
+AST_API const char *ast_subfield_004_100_get_name(uint32_t subfield_type);
+
+AST_API uint64_t ast_dataitem_004_120_get_size(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_subfield_004_120_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
+AST_API const char *ast_subfield_004_120_get_id(uint32_t subfield_type);
+AST_API const char *ast_subfield_004_120_get_name(uint32_t subfield_type);
+
+AST_API uint64_t ast_dataitem_004_170_get_size(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_subfield_004_170_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
+AST_API const char *ast_subfield_004_170_get_id(uint32_t subfield_type);
+AST_API const char *ast_subfield_004_170_get_name(uint32_t subfield_type);
+
+AST_API uint64_t ast_dataitem_004_171_get_size(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_subfield_004_171_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
+AST_API const char *ast_subfield_004_171_get_id(uint32_t subfield_type);
+AST_API const char *ast_subfield_004_171_get_name(uint32_t subfield_type);
+
+AST_API uint64_t ast_dataitem_015_600_get_size(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_subfield_015_600_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
+AST_API const char *ast_subfield_015_600_get_id(uint32_t subfield_type);
+AST_API const char *ast_subfield_015_600_get_name(uint32_t subfield_type);
+
+AST_API uint64_t ast_dataitem_015_601_get_size(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_subfield_015_601_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
+AST_API const char *ast_subfield_015_601_get_id(uint32_t subfield_type);
+AST_API const char *ast_subfield_015_601_get_name(uint32_t subfield_type);
+
+AST_API uint64_t ast_dataitem_015_602_get_size(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_subfield_015_602_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
+AST_API const char *ast_subfield_015_602_get_id(uint32_t subfield_type);
+AST_API const char *ast_subfield_015_602_get_name(uint32_t subfield_type);
+
+AST_API uint64_t ast_dataitem_015_604_get_size(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_subfield_015_604_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
+AST_API const char *ast_subfield_015_604_get_id(uint32_t subfield_type);
+AST_API const char *ast_subfield_015_604_get_name(uint32_t subfield_type);
+
+AST_API uint64_t ast_dataitem_015_625_get_size(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_subfield_015_625_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
+AST_API const char *ast_subfield_015_625_get_id(uint32_t subfield_type);
+AST_API const char *ast_subfield_015_625_get_name(uint32_t subfield_type);
+
+AST_API uint64_t ast_dataitem_015_626_get_size(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_subfield_015_626_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
+AST_API const char *ast_subfield_015_626_get_id(uint32_t subfield_type);
+AST_API const char *ast_subfield_015_626_get_name(uint32_t subfield_type);
+
+AST_API uint64_t ast_dataitem_015_627_get_size(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_subfield_015_627_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
+AST_API const char *ast_subfield_015_627_get_id(uint32_t subfield_type);
+AST_API const char *ast_subfield_015_627_get_name(uint32_t subfield_type);
+
+AST_API uint64_t ast_dataitem_021_110_get_size(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_subfield_021_110_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
+AST_API const char *ast_subfield_021_110_get_id(uint32_t subfield_type);
+AST_API const char *ast_subfield_021_110_get_name(uint32_t subfield_type);
+
+AST_API uint64_t ast_dataitem_021_220_get_size(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_subfield_021_220_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
+AST_API const char *ast_subfield_021_220_get_id(uint32_t subfield_type);
+AST_API const char *ast_subfield_021_220_get_name(uint32_t subfield_type);
+
+AST_API uint64_t ast_dataitem_021_295_get_size(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_subfield_021_295_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
+AST_API const char *ast_subfield_021_295_get_id(uint32_t subfield_type);
+AST_API const char *ast_subfield_021_295_get_name(uint32_t subfield_type);
+
+AST_API uint64_t ast_dataitem_034_050_get_size(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_subfield_034_050_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
+AST_API const char *ast_subfield_034_050_get_id(uint32_t subfield_type);
+AST_API const char *ast_subfield_034_050_get_name(uint32_t subfield_type);
+
+AST_API uint64_t ast_dataitem_034_060_get_size(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_subfield_034_060_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
+AST_API const char *ast_subfield_034_060_get_id(uint32_t subfield_type);
+AST_API const char *ast_subfield_034_060_get_name(uint32_t subfield_type);
+
+AST_API uint64_t ast_dataitem_048_120_get_size(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_subfield_048_120_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
+AST_API const char *ast_subfield_048_120_get_id(uint32_t subfield_type);
+AST_API const char *ast_subfield_048_120_get_name(uint32_t subfield_type);
+
+AST_API uint64_t ast_dataitem_048_130_get_size(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_subfield_048_130_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
+AST_API const char *ast_subfield_048_130_get_id(uint32_t subfield_type);
+AST_API const char *ast_subfield_048_130_get_name(uint32_t subfield_type);
+
+AST_API uint64_t ast_dataitem_062_110_get_size(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_subfield_062_110_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
+AST_API const char *ast_subfield_062_110_get_id(uint32_t subfield_type);
+AST_API const char *ast_subfield_062_110_get_name(uint32_t subfield_type);
+
+AST_API uint64_t ast_dataitem_062_290_get_size(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_subfield_062_290_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
+AST_API const char *ast_subfield_062_290_get_id(uint32_t subfield_type);
+AST_API const char *ast_subfield_062_290_get_name(uint32_t subfield_type);
+
+AST_API uint64_t ast_dataitem_062_295_get_size(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_subfield_062_295_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
+AST_API const char *ast_subfield_062_295_get_id(uint32_t subfield_type);
+AST_API const char *ast_subfield_062_295_get_name(uint32_t subfield_type);
+
+AST_API uint64_t ast_dataitem_062_340_get_size(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_subfield_062_340_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
+AST_API const char *ast_subfield_062_340_get_id(uint32_t subfield_type);
+AST_API const char *ast_subfield_062_340_get_name(uint32_t subfield_type);
+
+AST_API uint64_t ast_dataitem_062_380_get_size(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_subfield_062_380_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
+AST_API const char *ast_subfield_062_380_get_id(uint32_t subfield_type);
+AST_API const char *ast_subfield_062_380_get_name(uint32_t subfield_type);
+
+AST_API uint64_t ast_dataitem_062_390_get_size(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_subfield_062_390_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
+AST_API const char *ast_subfield_062_390_get_id(uint32_t subfield_type);
+AST_API const char *ast_subfield_062_390_get_name(uint32_t subfield_type);
+
+AST_API uint64_t ast_dataitem_062_500_get_size(const uint8_t *data, uint64_t available);
+AST_API uint64_t ast_subfield_062_500_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
+AST_API const char *ast_subfield_062_500_get_id(uint32_t subfield_type);
+AST_API const char *ast_subfield_062_500_get_name(uint32_t subfield_type);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

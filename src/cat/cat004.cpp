@@ -1,0 +1,82 @@
+// Category 004: safety net messages, alerts between and about aircraft.
+
+#include <iterator>
+
+#include "codec/category.hpp"
+
+namespace {
+
+using namespace ast;
+
+constexpr char kUnknownId[] = "--"; // two hyphens in this category
+
+constexpr SubfieldRow kAreaDefinition[] = {
+    {"AN", "Area Name", octets(6)},
+    {"CAN", "Crossing Area Name", octets(7)},
+    {"RT1", "Runway/Taxiway Designator 1", octets(7)},
+    {"RT2", "Runway/Taxiway Designator 2", octets(7)},
+    {"SB", "Stop Bar Designator", octets(7)},
+    {"G", "Gate Designator", octets(7)},
+};
+
+constexpr SubfieldRow kConflictCharacteristics[] = {
+    {"CN", "Conflict Nature", extended(3)},
+    {"CC", "Conflict Classification", octets(1)},
+    {"CP", "Conflict Probability", octets(1)},
+    {"CD", "Conflict Duration", octets(1)}, // one octet, although senders of later editions use three
+};
+
+constexpr SubfieldRow kAircraft1[] = {
+    {"AI1", "Aircraft Identifier 1", octets(7)},
+    {"M31", "Mode 3/A Code Aircraft 1", octets(2)},
+    {"CPW1", "Predicted Conflict Position 1 (WGS84)", octets(10)},
+    {"CPC1", "Predicted Conflict Position 1 (Cartesian Coordinates)", octets(8)},
+    {"TT1", "Time to Threshold Aircraft 1", octets(3)},
+    {"DT1", "Distance to Threshold Aircraft 1", octets(2)},
+    {"AC1", "Aircraft Characteristics Aircraft 1", extended(2)},
+    {"MS1", "Mode S Identifier Aircraft 1", octets(6)},
+    {"FP1", "Flight Plan Number Aircraft 1", octets(4)},
+    {"CF1", "Cleared Flight Level Aircraft 1", octets(2)},
+};
+
+constexpr SubfieldRow kAircraft2[] = {
+    {"AI2", "Aircraft Identifier 2", octets(7)},
+    {"M32", "Mode 3/A Code Aircraft 2", octets(2)},
+    {"CPW2", "Predicted Conflict Position 2 (WGS84)", octets(10)},
+    {"CPC2", "Predicted Conflict Position 2 (Cartesian Coordinates)", octets(8)},
+    {"TT2", "Time to Threshold Aircraft 2", octets(3)},
+    {"DT2", "Distance to Threshold Aircraft 2", octets(2)},
+    {"AC2", "Aircraft Characteristics Aircraft 2", extended(2)},
+    {"MS2", "Mode S Identifier Aircraft 2", octets(6)},
+    {"FP2", "Flight Plan Number Aircraft 2", octets(4)},
+    {"CF2", "Cleared Flight Level Aircraft 2", octets(2)},
+};
+
+} // namespace
+
+AST_DEFINE_COMPOUND(kItem100, 004_100, kAreaDefinition, .unknown_id = kUnknownId)
+AST_DEFINE_COMPOUND(kItem120, 004_120, kConflictCharacteristics, .unknown_id = kUnknownId)
+AST_DEFINE_COMPOUND(kItem170, 004_170, kAircraft1, .unknown_id = kUnknownId)
+AST_DEFINE_COMPOUND(kItem171, 004_171, kAircraft2, .unknown_id = kUnknownId)
+
+namespace {
+
+constexpr ItemRow kItems[] = {
+    {0, "Message Type", {fixed<1>}},
+    {10, "Data Source Identifier", {fixed<2>}},
+    {20, "Time of Message", {fixed<3>}},
+    {30, "Track Number 1", {fixed<2>}},
+    {35, "Track Number 2", {fixed<2>}},
+    {40, "Alert Identifier", {fixed<2>}},
+    {60, "Safety Net Function & System Status", {variable<6>}},
+    {100, "Area Definition", {ast_dataitem_004_100_get_size}, &kItem100},
+    {120, "Conflict Characteristics", {ast_dataitem_004_120_get_size}, &kItem120},
+    {170, "Aircraft Identification & Characteristics 1", {ast_dataitem_004_170_get_size}, &kItem170},
+    {171, "Aircraft Identification & Characteristics 2", {ast_dataitem_004_171_get_size}, &kItem171},
+    {AST_ITEM_REF, "Reserved Expansion Field", {explicit_length}},
+    {AST_ITEM_SPF, "Special Purpose Field", {explicit_length}},
+};
+
+} // namespace
+
+AST_DEFINE_CATEGORY(004, 4, kItems, .reports_unknown_names = true)

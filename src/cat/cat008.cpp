@@ -1,0 +1,44 @@
+// Category 008: weather as one radar sees it, in vectors and contours.
+
+#include "codec/category.hpp"
+
+using namespace ast;
+
+// ---- I008/100 Processing Status ----
+
+uint64_t ast_dataitem_008_100_get_size(const uint8_t *data, uint64_t available) {
+    constexpr uint64_t kFirstPartOctets = 3;
+    constexpr uint64_t kMaximumOctets = 11;
+    if (!data) return 0;
+    for (uint64_t size = kFirstPartOctets; size <= available; ++size) {
+        if (!has_fx(data[size - 1])) return size;
+        if (size == kMaximumOctets) {
+            ast_log(AST_LOG_CRITICAL, "Dataitem I008/100 length exceed max: %d", static_cast<int>(kMaximumOctets));
+            return size;
+        }
+    }
+    return 0;
+}
+
+namespace {
+
+constexpr ItemRow kItems[] = {
+    {0, "Message Type", {fixed<1>}},
+    {10, "Data Source Identifier", {fixed<2>}},
+    {20, "Vector Qualifier", {variable<2>}},
+    {34, "Sequence of Polar Vectors in SPF Notation", {repetitive<4>}},
+    {36, "Sequence of Cartesian Vectors in SPF Notation", {repetitive<3>}},
+    {38, "Sequence of Weather Vectors in SPF Notation", {repetitive<4>}},
+    {40, "Contour Identifier", {fixed<2>}},
+    {50, "Sequence of Contour Points in SPF Notation", {repetitive<2>}},
+    {90, "Time of Day", {fixed<3>}},
+    {100, "Processing Status", {ast_dataitem_008_100_get_size}},
+    {110, "Station Configuration Status", {variable<2>}},
+    {120, "Total Number of Items Constituting One Weather Picture", {fixed<2>}},
+    {AST_ITEM_RFS, "Random Field Sequencing", {explicit_length}},
+    {AST_ITEM_SPF, "Special Purpose Field", {explicit_length}},
+};
+
+} // namespace
+
+AST_DEFINE_CATEGORY(008, 8, kItems)

@@ -1,0 +1,134 @@
+// Category 021: ADS-B target reports, editions 0.23 to 2.4.
+
+#include <iterator>
+
+#include "codec/category.hpp"
+
+namespace {
+
+using namespace ast;
+
+constexpr SubfieldRow kTrajectoryIntent[] = {
+    {"TIS", "Trajectory Intent Status", extended(1)},
+    {"TID", "Trajectory Intent Data", repeated(15)},
+};
+
+constexpr SubfieldRow kMetInformation[] = {
+    {"WS", "Wind Speed", octets(2)},
+    {"WD", "Wind Direction", octets(2)},
+    {"TMP", "Temperature", octets(2)},
+    {"TRB", "Turbulence", octets(1)},
+};
+
+constexpr SubfieldRow kDataAges[] = {
+    {"AOS", "Aircraft Operational Status Age", octets(1)},
+    {"TRD", "Target Report Descriptor Age", octets(1)},
+    {"M3A", "Mode 3/A Code Age", octets(1)},
+    {"QI", "Quality Indicators Age", octets(1)},
+    {"TI", "Trajectory Intent Age", octets(1)},
+    {"MAM", "Message Amplitude Age", octets(1)},
+    {"GH", "Geometric Height Age", octets(1)},
+    {"FL", "Flight Level Age", octets(1)},
+    {"SAL", "Selected Altitude Age", octets(1)},
+    {"FSA", "Final State Selected Altitude Age", octets(1)},
+    {"AS", "Air Speed Age", octets(1)},
+    {"TAS", "True Air Speed Age", octets(1)},
+    {"MH", "Magnetic Heading Age", octets(1)},
+    {"BVR", "Barometric Vertical Rate Age", octets(1)},
+    {"GVR", "Geometric Vertical Rate Age", octets(1)},
+    {"GV", "Ground Vector Age", octets(1)},
+    {"TAR", "Track Angle Rate Age", octets(1)},
+    {"TI", "Target Identification Age", octets(1)}, // the same id as trajectory intent
+    {"TS", "Target Status Age", octets(1)},
+    {"MET", "Met Information Age", octets(1)},
+    {"ROA", "Roll Angle Age", octets(1)},
+    {"ARA", "ACAS Resolution Advisory Age", octets(1)},
+    {"SCC", "Surface Capabilities and Characteristics Age", octets(1)},
+};
+
+} // namespace
+
+AST_DEFINE_COMPOUND(kItem110, 021_110, kTrajectoryIntent, .reports_unknown_subfields = true)
+AST_DEFINE_COMPOUND(kItem220, 021_220, kMetInformation)
+AST_DEFINE_COMPOUND(kItem295, 021_295, kDataAges)
+
+// ---- I021/271 Surface Capabilities and Characteristics, editions 1.0 to 2.1 ----
+
+uint64_t ast_dataitem_021_A07_get_size(const uint8_t *data, uint64_t available) {
+    constexpr uint64_t kLongOctets = 2;
+    if (!data || available == 0) return 0;
+    if (!has_fx(data[0])) return 1;
+    return available >= kLongOctets ? kLongOctets : 0;
+}
+
+namespace {
+
+// Three items are handled but have no title; they read, and are reported, as unknown ones.
+constexpr ItemRow kItems[] = {
+    {8, "Aircraft Operational Status", {fixed<1>}},
+    {10, "Data Source Identifier", {fixed<2>}},
+    {15, "Service Identification", {fixed<1>}},
+    {16, "Service Management", {fixed<1>}},
+    {20, "Emitter Category", {fixed<1>}},
+    {30, "Time of Day", {fixed<3>}},
+    {32, "Time of Day Accuracy", {fixed<1>}},
+    {40, "Target Report Descriptor", {variable<3>}},
+    {70, "Mode-3/A Code in Octal Representation", {fixed<2>}},
+    {71, "Time of Applicability for Position", {fixed<3>}},
+    {72, "Time of Applicability for Velocity", {fixed<3>}},
+    {73, "Time of Message Reception for Position", {fixed<3>}},
+    {74, "Time of Message Reception of Position - High Precision", {fixed<4>}},
+    {75, "Time of Message Reception for Velocity", {fixed<3>}},
+    {76, "Time of Message Reception of Velocity - High Precision", {fixed<4>}},
+    {77, "Time of ASTERIX Report Transmission", {fixed<3>}},
+    {80, "Target Address", {fixed<3>}},
+    {90, "Quality Indicators", {variable<4>}},
+    {95, "Velocity Accuracy", {fixed<1>}},
+    {110, nullptr, {ast_dataitem_021_110_get_size}, &kItem110},
+    {130, "Position in WGS84 Coordinates", {fixed<6>}},
+    {131, "High-Resolution Position in WGS-84 Coordinates", {fixed<8>}},
+    {132, "Message Amplitude", {fixed<1>}},
+    {140, "Geometric Altitude", {fixed<2>}},
+    {145, "Flight Level", {fixed<2>}},
+    {146, "Selected Altitude", {fixed<2>}},
+    {148, nullptr, {fixed<2>}},
+    {150, "Air Speed", {fixed<2>}},
+    {151, "True Air Speed", {fixed<2>}},
+    {152, "Magnetic Heading", {fixed<2>}},
+    {155, "Barometric Vertical Rate", {fixed<2>}},
+    {157, "Geometric Vertical Rate", {fixed<2>}},
+    {160, "Ground Vector", {fixed<4>}},
+    {161, "Track Number", {fixed<2>}},
+    {165, "Track Angle Rate", {variable<2>}},
+    {170, "Target Identification", {fixed<6>}},
+    {200, "Target Status", {fixed<1>}},
+    {210, "MOPS Version", {fixed<1>}},
+    {220, nullptr, {ast_dataitem_021_220_get_size}, &kItem220},
+    {230, "Roll Angle", {fixed<2>}},
+    {250, "Mode S MB Data", {repetitive<8>}},
+    {271, "Surface Capabilities and Characteristics", {variable<2>}},
+    {295, "Data Ages", {ast_dataitem_021_295_get_size}, &kItem295},
+    {400, "Receiver ID", {fixed<1>}},
+    {.number = 902,
+     .name = "Position in WGS84 Coordinates (Version 0.24 ~ 0.26)",
+     .handlers = {fixed<8>},
+     .variant_of = 130},
+    {.number = 903, .name = "Target Report Descriptor (Prior Version 0.26)", .handlers = {fixed<2>}, .variant_of = 40},
+    {.number = 904, .name = "Signal Amplitude (Version 0.26)", .handlers = {fixed<1>}, .variant_of = 131},
+    {.number = 905, .name = "Figure of Merit (Prior Version 0.26)", .handlers = {fixed<2>}, .variant_of = 90},
+    {.number = 906,
+     .name = "Link Technology Indicator (Prior Version 0.26)",
+     .handlers = {fixed<1>},
+     .variant_of = 210},
+    {.number = 907,
+     .name = "Surface Capabilities and Characteristics (Version 1.0 ~ 2.1)",
+     .handlers = {ast_dataitem_021_A07_get_size},
+     .variant_of = 271},
+    {.number = 908, .name = "Target Status (Prior Version 0.26)", .handlers = {fixed<1>}, .variant_of = 200},
+    {AST_ITEM_REF, "Reserved Expansion Field", {explicit_length}},
+    {AST_ITEM_SPF, "Special Purpose Field", {explicit_length}},
+};
+
+} // namespace
+
+AST_DEFINE_CATEGORY(021, 21, kItems, .reports_unknown_names = true)

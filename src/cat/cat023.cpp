@@ -1,0 +1,23 @@
+// Category 023: status and statistics of CNS/ATM ground stations.
+
+#include "codec/category.hpp"
+
+namespace {
+
+using namespace ast;
+
+constexpr ItemRow kItems[] = {
+    {0, "Report Type", {fixed<1>}},
+    {10, "Data Source Identifier", {fixed<2>}},
+    {15, "Service Type and Identification", {fixed<1>}},
+    {70, "Time of Day", {fixed<3>}},
+    {100, "Ground Station Status", {variable<2>}},
+    {101, "Ground Station Configuration", {variable<2>}},
+    {110, "Service Status", {variable<1>}},
+    {120, "Service Statistics", {repetitive<6>}},
+    {200, "Operational Range"}, // known by name only
+};
+
+} // namespace
+
+AST_DEFINE_CATEGORY(023, 23, kItems)

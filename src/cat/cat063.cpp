@@ -1,0 +1,28 @@
+// Category 063: status of the sensors that feed a surveillance data processing system.
+
+#include "codec/category.hpp"
+
+namespace {
+
+using namespace ast;
+
+// Rows without a size are known by name only: a record that carries one does not decode.
+constexpr ItemRow kItems[] = {
+    {10, "Data Source Identifier", {fixed<2>}},
+    {15, "Service Identification", {fixed<1>}},
+    {30, "Time of Message", {fixed<3>}},
+    {50, "Sensor Identifier", {fixed<2>}},
+    {60, "Sensor Configuration and Status", {variable<2>}},
+    {70, "Time Stamping Bias"},
+    {80, "SSR/Mode S Range Gain and Bias"},
+    {81, "SSR/Mode S Azimuth Bias"},
+    {90, "PSR Range Gain and Bias"},
+    {91, "PSR Azimuth Bias"},
+    {92, "PSR Elevation Bias"},
+    {AST_ITEM_REF, "Reserved Expansion Field", {explicit_length}},
+    {AST_ITEM_SPF, "Special Purpose Field", {explicit_length}},
+};
+
+} // namespace
+
+AST_DEFINE_CATEGORY(063, 63, kItems)

@@ -1,0 +1,29 @@
+// Category 240: radar video, in blocks of cell amplitudes per azimuth sector.
+
+#include "codec/category.hpp"
+
+namespace {
+
+using namespace ast;
+
+constexpr ItemRow kItems[] = {
+    {0, "Message Type", {fixed<1>}},
+    {10, "Data Source Identifier", {fixed<2>}},
+    {20, "Video Record Header", {fixed<4>}},
+    {30, "Video Summary", {repetitive<1>}},
+    {40, "Video Header Nano", {fixed<12>}},
+    {41, "Video Header Femto", {fixed<12>}},
+    {48, "Video Cells Resolution & Data Compression Indicator", {fixed<2>}},
+    {49, "Video Octets & Video Cells Counters", {fixed<5>}},
+    {50, "Video Block Low Data Volume", {repetitive<4>}},
+    {51, "Video Block Medium Data Volume", {repetitive<64>}},
+    {52, "Video Block High Data Volume", {repetitive<256>}},
+    {140, "Time of Day", {fixed<3>}},
+    // These two read as unknown items.
+    {AST_ITEM_REF, nullptr, {explicit_length}},
+    {AST_ITEM_SPF, nullptr, {explicit_length}},
+};
+
+} // namespace
+
+AST_DEFINE_CATEGORY(240, 240, kItems)

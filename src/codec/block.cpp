@@ -1,0 +1,198 @@
+// Blocks: a category, a length, and records back to back.
+
+#include <atomic>
+#include <cstring>
+#include <iterator>
+#include <optional>
+
+#include "codec/profile.hpp"
+#include "codec/record.hpp"
+#include "core/bits.hpp"
+
+namespace {
+
+using namespace ast;
+
+// CAT, then LEN in two octets; LEN counts the whole block.
+constexpr uint64_t kHeaderOctets = 3;
+constexpr uint64_t kMaxBlockOctets = 65535;
+
+constexpr uint32_t kMonoradarTargets = 1; // category 001
+
+// The profile that smart decoding starts with: the one that it used last, in any thread. Null before the first time.
+std::atomic<const ast_uap_t *> current_profile{nullptr};
+
+void write_header(uint8_t *buffer, uint32_t category, uint64_t length) {
+    buffer[0] = static_cast<uint8_t>(category);
+    write_u16(buffer + 1, static_cast<uint32_t>(length));
+}
+
+void log_surplus() {
+    constexpr uint32_t kLimit = AST_DATABLOCK_MAX_RECORDS;
+    ast_log(AST_LOG_PANIC, "Number of datarecords %zu exceeds the limit %u.", size_t{kLimit} + 1, kLimit);
+}
+
+// Sets a block to what it is before anything is read, given that the records behind its count are zero already.
+void start(ast_datablock_t &block, const uint8_t *data, const ast_uap_t &uap) {
+    std::memset(static_cast<void *>(block.records), 0, block.record_count * sizeof block.records[0]);
+    block.record_count = 0;
+    block.data = data;
+    block.length = 0;
+    block.category = 0;
+    block.uap = uap;
+    block.records_data = data ? data + kHeaderOctets : nullptr;
+    block.records_length = 0;
+    block.valid = false;
+}
+
+// Reads CAT and LEN; false when the block does not fit what is available.
+bool read_header(ast_datablock_t &block, uint64_t available) {
+    if (!block.data || available < kHeaderOctets) return false;
+    block.category = block.data[0];
+    const uint64_t length = read_u16(block.data + 1);
+    if (length > available) return false;
+    block.length = length;
+    block.records_length = length >= kHeaderOctets ? length - kHeaderOctets : 0;
+    return true;
+}
+
+// Decodes the records of a block up to its LEN, each with the profile that `choose` names for what is left; a record
+// without one ends the walk. A record more than the block has room for is told to `report_surplus`. A record may read
+// past LEN, as far as octets are available; the block is not valid then.
+template <typename Choose, typename Report>
+void read_records(ast_datablock_t &block, uint64_t available, Choose choose, Report report_surplus) {
+    uint64_t offset = kHeaderOctets;
+    while (offset < block.length) {
+        const uint8_t *const data = block.data + offset;
+        const std::optional<ast_uap_t> uap = choose(data, available - offset);
+        if (!uap) return;
+        if (block.record_count == std::size(block.records)) {
+            if (ast_datarecord_decode(data, available - offset, block.category, *uap).valid) report_surplus();
+            return;
+        }
+        ast_datarecord_t &record = block.records[block.record_count];
+        decode_record(record, data, available - offset, block.category, *uap);
+        if (!record.valid) {
+            record = {};
+            return;
+        }
+        ++block.record_count;
+        offset += record.size;
+    }
+    block.valid = offset == block.length;
+}
+
+void decode(ast_datablock_t &block, const uint8_t *data, uint64_t available, const ast_uap_t &uap) {
+    start(block, data, uap);
+    if (!read_header(block, available)) return;
+    const auto the_one = [&](const uint8_t *, uint64_t) { return std::optional(uap); };
+    read_records(block, available, the_one, [&] {
+        log_surplus();
+        ast_log_binary_data(AST_LOG_DEBUG, data, available);
+    });
+}
+
+// Whether a category 001 record is a plot or a track stands in bit 8 (TYP) of its target report descriptor, I001/020.
+// That octet is taken behind the two of I001/010 whether or not the record has them; senders of mixed blocks do.
+std::optional<ast_uap_t> plot_or_track(const uint8_t *record, uint64_t available) {
+    constexpr uint32_t kDescriptorFrn = 2;
+    constexpr uint64_t kDataSourceOctets = 2;
+    const ast_fspec_t fspec = ast_fspec_decode(record, available);
+    const uint64_t descriptor = fspec.length + kDataSourceOctets;
+    if (!ast_fspec_is_set(&fspec, kDescriptorFrn) || descriptor >= available) return std::nullopt;
+    return bit(record[descriptor], 8) ? AST_UAP_STANDARD : AST_UAP_CAT001_PLOT;
+}
+
+void decode_plots_and_tracks(ast_datablock_t &block, const uint8_t *data, uint64_t available) {
+    start(block, data, AST_UAP_STANDARD);
+    if (data && available >= kHeaderOctets && data[0] != kMonoradarTargets) {
+        block.category = data[0];
+        return;
+    }
+    if (!read_header(block, available)) return;
+    read_records(block, available, plot_or_track, log_surplus);
+}
+
+} // namespace
+
+ast_datablock_t ast_datablock_decode(const uint8_t *data, uint64_t available, ast_uap_t uap) {
+    ast_datablock_t block{};
+    decode(block, data, available, uap);
+    return block;
+}
+
+ast_datablock_t ast_datablock_smart_decode(const uint8_t *data, uint64_t available) {
+    ast_datablock_t block{};
+    if (!data || available < kHeaderOctets) return block;
+    if (data[0] == kMonoradarTargets) {
+        decode_plots_and_tracks(block, data, available);
+        if (block.valid) return block;
+    }
+    const ast_uap_t *const last = current_profile.load(std::memory_order_relaxed);
+    const ast_uap_t *const first = last ? last : &AST_UAP_STANDARD;
+    current_profile.store(first, std::memory_order_relaxed);
+    decode(block, data, available, *first);
+    for (const ast_uap_t *const profile : kProfiles) {
+        if (block.valid) break;
+        current_profile.store(profile, std::memory_order_relaxed);
+        decode(block, data, available, *profile);
+    }
+    return block;
+}
+
+ast_datablock_t ast_datablock_001_mixuap_decode(const uint8_t *data, uint64_t available) {
+    ast_datablock_t block{};
+    decode_plots_and_tracks(block, data, available);
+    return block;
+}
+
+ast_datablock_t ast_datablock_encode(uint8_t *buffer, uint64_t length, const ast_datablock_src_t *source) {
+    ast_datablock_t block{};
+    block.data = buffer;
+    block.length = kHeaderOctets;
+    if (!source) return block;
+    block.category = source->category;
+    block.uap = source->uap;
+    block.record_count = source->record_count;
+    if (!buffer || length < kHeaderOctets) return block;
+    block.records_data = buffer + kHeaderOctets;
+    if (source->record_count < 1 || source->record_count > std::size(source->records)) return block;
+
+    for (uint64_t i = 0; i < source->record_count; ++i) {
+        if (source->records[i].category != source->category) return block;
+        block.records[i] = ast_datarecord_encode(buffer + block.length, length - block.length, &source->records[i]);
+        if (!block.records[i].valid) return block;
+        block.records_length += block.records[i].size;
+        block.length = block.records_length + kHeaderOctets;
+    }
+    if (block.length > kMaxBlockOctets) return block;
+    write_header(buffer, source->category, block.length);
+    block.valid = true;
+    return block;
+}
+
+ast_datablock_t ast_datablock_modify(uint8_t *buffer, uint64_t length, const ast_datablock_t *source,
+                                     const ast_dataitem_src_list_t *replacements) {
+    ast_datablock_t block{};
+    block.data = buffer;
+    block.length = kHeaderOctets;
+    if (!source) return block;
+    block.category = source->category;
+    block.uap = source->uap;
+    block.record_count = source->record_count;
+    if (!buffer || length < kHeaderOctets) return block;
+    block.records_data = buffer + kHeaderOctets;
+    if (!source->valid || source->record_count > std::size(source->records)) return block;
+
+    for (uint64_t i = 0; i < source->record_count; ++i) {
+        const uint64_t offset = kHeaderOctets + block.records_length;
+        block.records[i] = ast_datarecord_modify(buffer + offset, length - offset, &source->records[i], replacements);
+        if (!block.records[i].valid) return block;
+        block.records_length += block.records[i].size;
+    }
+    if (block.records_length + kHeaderOctets > kMaxBlockOctets) return block;
+    block.length = block.records_length + kHeaderOctets;
+    write_header(buffer, source->category, block.length);
+    block.valid = true;
+    return block;
+}

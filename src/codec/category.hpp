@@ -1,0 +1,172 @@
+// What a category is: constant tables of its items and subfields. The codec, the views and the queries know categories
+// only through these; src/cat defines one Category per source and the list of all of them.
+#pragma once
+
+#include <array>
+#include <cstddef>
+
+#include "ast.h"
+#include "codec/size_rules.hpp"
+
+namespace ast {
+
+using SummaryView = void(char *text, uint64_t capacity, const ast_dataitem_t *item);
+using DetailView = void(char *text, uint64_t capacity, const ast_dataitem_t *item);
+using Encoder = void(ast_dataitem_t *result, uint8_t *buffer, uint64_t length, const ast_dataitem_src_t *source);
+
+// What can be done with an item. Whoever has a size is registered; the others may be missing.
+struct Handlers {
+    SizeRule *get_size = nullptr;
+    SummaryView *get_summary = nullptr;
+    DetailView *get_detail_html = nullptr;
+    Encoder *encode = nullptr;
+};
+
+// How long a subfield is. Fixed sizes hold whatever is available, so that an item that runs out of octets comes out
+// longer than what it has, and fails as a whole.
+struct SubfieldSize {
+    enum class Kind : uint8_t { Fixed, Extended, Repeated };
+    Kind kind;
+    uint8_t octets; // of the subfield, at most, or of one element
+};
+
+constexpr SubfieldSize octets(uint8_t count) {
+    return {SubfieldSize::Kind::Fixed, count};
+}
+constexpr SubfieldSize extended(uint8_t maximum) {
+    return {SubfieldSize::Kind::Extended, maximum};
+}
+constexpr SubfieldSize repeated(uint8_t element) {
+    return {SubfieldSize::Kind::Repeated, element};
+}
+
+struct SubfieldRow {
+    const char *id;
+    const char *name;
+    SubfieldSize size;
+};
+
+constexpr char kNoSubfieldId[] = "---";
+constexpr char kNoSubfieldName[] = "UNKNOWN_SUBFIELD_NAME";
+
+// A compound item's subfields, in the order of the bits of its primary subfield.
+struct Compound {
+    const SubfieldRow *rows;
+    size_t count;
+    ast_subfield_func_t func{};
+    const char *unknown_id = kNoSubfieldId;
+    bool reports_unknown_subfields = false; // when asked for the size of one
+};
+
+struct ItemRow {
+    uint16_t number = 0;
+    const char *name = nullptr; // null: reads as the category's unknown items do
+    Handlers handlers{};        // without a size: known by name only
+    const Compound *compound = nullptr;
+    uint16_t variant_of = 0; // the item that this one stands for in some editions or systems
+};
+
+constexpr size_t kItemNumbers = 1000;
+
+// For each item number the place of its row, counted from 1; 0 where there is none.
+using ItemIndex = std::array<uint8_t, kItemNumbers>;
+
+template <size_t N>
+constexpr ItemIndex index_rows(const ItemRow (&rows)[N]) {
+    static_assert(N < 256);
+    ItemIndex index{};
+    for (size_t i = 0; i < N; ++i) index[rows[i].number] = static_cast<uint8_t>(i + 1);
+    return index;
+}
+
+template <size_t N>
+constexpr bool ascending(const ItemRow (&rows)[N]) {
+    for (size_t i = 1; i < N; ++i)
+        if (rows[i - 1].number >= rows[i].number) return false;
+    return rows[N - 1].number < kItemNumbers;
+}
+
+struct Category {
+    uint32_t number;
+    const char *unknown_name; // of items that it does not know
+    const char *(*get_name)(ast_dataitem_type_t type);
+    const ItemRow *rows;
+    const ItemIndex *index;
+    bool reports_unknown_names = false; // when asked for the name of one
+};
+
+// By category number, null where there is none.
+constexpr size_t kCategoryNumbers = 256;
+extern const std::array<const Category *, kCategoryNumbers> kCategories;
+
+inline const Category *find_category(uint32_t number) {
+    return number < kCategoryNumbers ? kCategories[number] : nullptr;
+}
+
+inline const ItemRow *find_item(const Category &category, uint32_t number) {
+    const uint8_t place = (*category.index)[number];
+    return place ? &category.rows[place - 1] : nullptr;
+}
+
+// The row of an item type, or null. A row may have a name only.
+inline const ItemRow *find_item(ast_dataitem_type_t type) {
+    const Category *const category = find_category(type / kItemNumbers);
+    return category ? find_item(*category, type % kItemNumbers) : nullptr;
+}
+
+// The row of an item type that can be handled, or null, which is reported for every type but 0.
+const ItemRow *find_registered_item(ast_dataitem_type_t type);
+
+// The title of an item as its category gives it.
+const char *item_name(const Category &category, ast_dataitem_type_t type);
+
+// What the exported functions of one compound item are made of.
+uint64_t compound_size(const Compound &compound, const uint8_t *data, uint64_t available);
+uint64_t subfield_size(const Compound &compound, const uint8_t *data, uint64_t available, uint32_t subfield_type);
+const char *subfield_id(const Compound &compound, uint32_t subfield_type);
+const char *subfield_name(const Compound &compound, uint32_t subfield_type);
+
+} // namespace ast
+
+// Defines the exported functions of the compound item `item` (such as 048_130) over its rows, and `compound` to
+// describe it. `...` are further members of the Compound.
+#define AST_DEFINE_COMPOUND(compound, item, subfield_rows, ...)                                                        \
+    namespace {                                                                                                        \
+    constexpr ast::Compound compound = {.rows = subfield_rows,                                                         \
+                                        .count = std::size(subfield_rows),                                             \
+                                        .func = {ast_subfield_##item##_get_size, ast_subfield_##item##_get_id,         \
+                                                 ast_subfield_##item##_get_name, nullptr, nullptr},                    \
+                                        __VA_ARGS__};                                                                  \
+    }                                                                                                                  \
+    uint64_t ast_dataitem_##item##_get_size(const uint8_t *data, uint64_t available) {                                 \
+        return ast::compound_size(compound, data, available);                                                          \
+    }                                                                                                                  \
+    uint64_t ast_subfield_##item##_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type) {         \
+        return ast::subfield_size(compound, data, available, subfield_type);                                           \
+    }                                                                                                                  \
+    const char *ast_subfield_##item##_get_id(uint32_t subfield_type) {                                                 \
+        return ast::subfield_id(compound, subfield_type);                                                              \
+    }                                                                                                                  \
+    const char *ast_subfield_##item##_get_name(uint32_t subfield_type) {                                               \
+        return ast::subfield_name(compound, subfield_type);                                                            \
+    }
+
+// Defines the category `code` (three digits) over its rows `item_rows`, and its name function. `...` are further
+// members of the Category.
+#define AST_DEFINE_CATEGORY(code, category_number, item_rows, ...)                                                     \
+    static_assert(ast::ascending(item_rows));                                                                          \
+    namespace {                                                                                                        \
+    constexpr ast::ItemIndex kItemIndex = ast::index_rows(item_rows);                                                  \
+    }                                                                                                                  \
+    namespace ast {                                                                                                    \
+    extern const Category kCategory##code;                                                                             \
+    constinit const Category kCategory##code = {.number = category_number,                                             \
+                                                .unknown_name = "Unknown CAT" #code " Dataitem",                       \
+                                                .get_name = ast_dataitem_##code##_get_name,                            \
+                                                .rows = item_rows,                                                     \
+                                                .index = &kItemIndex,                                                  \
+                                                __VA_ARGS__};                                                          \
+    }                                                                                                                  \
+    const char *ast_dataitem_##code##_get_name(ast_dataitem_type_t type) {                                             \
+        return ast::item_name(ast::kCategory##code, type);                                                             \
+    }

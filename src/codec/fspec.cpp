@@ -1,0 +1,62 @@
+#include "codec/fspec.hpp"
+
+#include <cstring>
+
+namespace {
+
+using namespace ast;
+
+// The presence bit of an FRN inside its octet.
+constexpr uint8_t frn_mask(uint32_t frn) {
+    return static_cast<uint8_t>(0x80 >> ((frn - 1) % kFrnsPerOctet));
+}
+
+constexpr uint64_t frn_octet(uint32_t frn) {
+    return (frn - 1) / kFrnsPerOctet;
+}
+
+} // namespace
+
+ast_fspec_t ast_fspec_decode(const uint8_t *data, uint64_t available) {
+    ast_fspec_t fspec{};
+    fspec.data = data;
+    if (!data) return fspec;
+
+    uint64_t length = 0;
+    uint64_t item_count = 0;
+    do {
+        if (length == available) return fspec;
+        item_count += bits_set(data[length] & ~uint32_t{kFx});
+    } while (has_fx(data[length++]));
+
+    fspec.length = length;
+    fspec.frn_count = length * kFrnsPerOctet;
+    fspec.item_count = item_count;
+    fspec.valid = item_count > 0 || ast_library_test_option(AST_OPTION_ALLOW_EMPTY_FSPEC);
+    return fspec;
+}
+
+bool ast_fspec_is_set(const ast_fspec_t *fspec, uint32_t frn) {
+    if (!fspec || !fspec->valid || frn == 0 || frn > fspec->frn_count) return false;
+    return (fspec->data[frn_octet(frn)] & frn_mask(frn)) != 0;
+}
+
+bool ast_fspec_set(uint8_t *octets, uint64_t available, uint32_t frn, bool on) {
+    if (!octets || frn == 0 || frn_octet(frn) >= available) return false;
+    uint8_t &octet = octets[frn_octet(frn)];
+    octet = static_cast<uint8_t>(on ? octet | frn_mask(frn) : octet & ~frn_mask(frn));
+    return true;
+}
+
+ast_fspec_t ast_fspec_copy(uint8_t *buffer, uint64_t length, const ast_fspec_t *source) {
+    ast_fspec_t copy{};
+    copy.data = buffer;
+    if (!source) return copy;
+    copy.frn_count = source->frn_count;
+    copy.item_count = source->item_count;
+    if (!source->valid || !buffer || source->length > length) return copy;
+    std::memcpy(buffer, source->data, source->length);
+    copy.length = source->length;
+    copy.valid = true;
+    return copy;
+}

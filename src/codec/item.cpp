@@ -1,0 +1,155 @@
+// Items by type: the registry, sizing, copying and encoding, and the size rules under their exported names.
+
+#include <algorithm>
+#include <cstring>
+
+#include "codec/category.hpp"
+#include "codec/item.hpp"
+#include "core/text.hpp"
+
+namespace ast {
+
+const ItemRow *find_registered_item(ast_dataitem_type_t type) {
+    const ItemRow *const row = find_item(type);
+    if (row && row->handlers.get_size) return row;
+    if (type != AST_DATAITEM_NONE) ast_log(AST_LOG_CRITICAL, "Unsupported dataitem %s", ast_dataitem_type_to_str(type));
+    return nullptr;
+}
+
+const char *item_name(const Category &category, ast_dataitem_type_t type) {
+    if (type / kItemNumbers == category.number) {
+        const ItemRow *const row = find_item(category, type % kItemNumbers);
+        if (row && row->name) return row->name;
+    }
+    if (category.reports_unknown_names)
+        ast_log(AST_LOG_WARNING, "Unknown dataitem name: %s.", ast_dataitem_type_to_str(type));
+    return category.unknown_name;
+}
+
+} // namespace ast
+
+using namespace ast;
+
+ast_dataitem_func_t ast_dataitem_get_func(ast_dataitem_type_t type) {
+    const ItemRow *const row = find_registered_item(type);
+    if (!row) return {};
+    const Handlers &handlers = row->handlers;
+    return {handlers.get_size, find_category(type / kItemNumbers)->get_name, handlers.get_summary,
+            handlers.get_detail_html, handlers.encode};
+}
+
+const char *ast_dataitem_type_to_str(ast_dataitem_type_t type) {
+    thread_local char text[10];
+    const uint32_t category = type / kItemNumbers;
+    const ItemRow *const row = find_item(type);
+    const uint32_t number = row && row->variant_of ? row->variant_of : static_cast<uint32_t>(type % kItemNumbers);
+    TextWriter out(text, sizeof text);
+    switch (number) {
+    case AST_ITEM_RFS:
+        out.print("I%03u/RFS", category);
+        break;
+    case AST_ITEM_REF:
+        out.print("I%03u/REF", category);
+        break;
+    case AST_ITEM_SPF:
+        out.print("I%03u/SPF", category);
+        break;
+    default:
+        out.print("I%03u/%03u", category, number);
+    }
+    return text;
+}
+
+const char *ast_dataitem_get_name(ast_dataitem_type_t type) {
+    const auto get_name = ast_dataitem_get_func(type).get_name;
+    return get_name ? get_name(type) : "UNKNOWN NAME";
+}
+
+uint64_t ast_dataitem_get_size(const uint8_t *data, uint64_t available, ast_dataitem_type_t type) {
+    return ast_dataitem_decode(data, available, type).size;
+}
+
+ast_dataitem_t ast_dataitem_decode(const uint8_t *data, uint64_t available, ast_dataitem_type_t type) {
+    return decode_item(data, available, type);
+}
+
+ast_dataitem_t ast_dataitem_copy(uint8_t *buffer, uint64_t length, const ast_dataitem_t *source) {
+    ast_dataitem_t copy{};
+    copy.data = buffer;
+    if (!is_readable(source) || !buffer || source->size > length) return copy;
+    std::memcpy(buffer, source->data, source->size);
+    copy.size = source->size;
+    copy.type = source->type;
+    copy.valid = true;
+    return copy;
+}
+
+ast_dataitem_t ast_dataitem_encode(uint8_t *buffer, uint64_t length, const ast_dataitem_src_t *source) {
+    ast_dataitem_t result{};
+    result.data = buffer;
+    if (!source) return result;
+    result.type = source->type;
+    if (!buffer || !source->value) return result;
+    if (const auto encode = ast_dataitem_get_func(source->type).encode) {
+        const ast_dataitem_src_t own_source = *source;
+        encode(&result, buffer, length, &own_source);
+    } else {
+        ast_log(AST_LOG_WARNING, "Enconding function not implemented for dataitem %s.",
+                ast_dataitem_type_to_str(source->type));
+    }
+    return result;
+}
+
+uint64_t ast_dataitem_get_size_fixed(const uint8_t *, uint64_t available, uint64_t size) {
+    return available >= size ? size : 0;
+}
+
+uint64_t ast_dataitem_get_size_variable(const uint8_t *data, uint64_t available, uint64_t maximum) {
+    return chained_size(data, available, maximum, kItemTooLong);
+}
+
+uint64_t ast_dataitem_get_size_repeat(const uint8_t *data, uint64_t available, uint64_t element_size) {
+    return repeated_size(data, available, element_size);
+}
+
+#define AST_DEFINE_SIZE_RULE(name, rule)                                                                               \
+    uint64_t ast_dataitem_##name(const uint8_t *data, uint64_t available) {                                            \
+        return rule(data, available);                                                                                  \
+    }
+
+AST_DEFINE_SIZE_RULE(get_size_fixed_1_byte, fixed<1>)
+AST_DEFINE_SIZE_RULE(get_size_fixed_2_byte, fixed<2>)
+AST_DEFINE_SIZE_RULE(get_size_fixed_3_byte, fixed<3>)
+AST_DEFINE_SIZE_RULE(get_size_fixed_4_byte, fixed<4>)
+AST_DEFINE_SIZE_RULE(get_size_fixed_5_byte, fixed<5>)
+AST_DEFINE_SIZE_RULE(get_size_fixed_6_byte, fixed<6>)
+AST_DEFINE_SIZE_RULE(get_size_fixed_7_byte, fixed<7>)
+AST_DEFINE_SIZE_RULE(get_size_fixed_8_byte, fixed<8>)
+AST_DEFINE_SIZE_RULE(get_size_fixed_9_byte, fixed<9>)
+AST_DEFINE_SIZE_RULE(get_size_fixed_12_byte, fixed<12>)
+AST_DEFINE_SIZE_RULE(get_size_var_1_byte, variable<1>)
+AST_DEFINE_SIZE_RULE(get_size_var_2_byte, variable<2>)
+AST_DEFINE_SIZE_RULE(get_size_var_3_byte, variable<3>)
+AST_DEFINE_SIZE_RULE(get_size_var_4_byte, variable<4>)
+AST_DEFINE_SIZE_RULE(get_size_var_5_byte, variable<5>)
+AST_DEFINE_SIZE_RULE(get_size_var_6_byte, variable<6>)
+AST_DEFINE_SIZE_RULE(get_size_var_11_byte, variable<11>)
+AST_DEFINE_SIZE_RULE(get_size_var_12_byte, variable<12>)
+AST_DEFINE_SIZE_RULE(get_size_var_16_byte, variable<16>)
+AST_DEFINE_SIZE_RULE(get_size_var_23_byte, variable<23>)
+AST_DEFINE_SIZE_RULE(get_size_var_unlimited, variable<kUnlimitedOctets>)
+AST_DEFINE_SIZE_RULE(get_size_rep_1_byte, repetitive<1>)
+AST_DEFINE_SIZE_RULE(get_size_rep_2_byte, repetitive<2>)
+AST_DEFINE_SIZE_RULE(get_size_rep_3_byte, repetitive<3>)
+AST_DEFINE_SIZE_RULE(get_size_rep_4_byte, repetitive<4>)
+AST_DEFINE_SIZE_RULE(get_size_rep_5_byte, repetitive<5>)
+AST_DEFINE_SIZE_RULE(get_size_rep_6_byte, repetitive<6>)
+AST_DEFINE_SIZE_RULE(get_size_rep_8_byte, repetitive<8>)
+AST_DEFINE_SIZE_RULE(get_size_rep_12_byte, repetitive<12>)
+AST_DEFINE_SIZE_RULE(get_size_rep_15_byte, repetitive<15>)
+AST_DEFINE_SIZE_RULE(get_size_rep_21_byte, repetitive<21>)
+AST_DEFINE_SIZE_RULE(get_size_rep_64_byte, repetitive<64>)
+AST_DEFINE_SIZE_RULE(get_size_rep_256_byte, repetitive<256>)
+AST_DEFINE_SIZE_RULE(reserved_expansion_field_get_size, explicit_length)
+AST_DEFINE_SIZE_RULE(special_purpose_field_get_size, explicit_length)
+AST_DEFINE_SIZE_RULE(random_field_sequencing_get_size, explicit_length)

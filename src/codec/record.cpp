@@ -1,0 +1,164 @@
+// Records: an FSPEC and the items that it announces, found through a profile and sized by type.
+
+#include "codec/record.hpp"
+
+#include <cstring>
+#include <iterator>
+
+#include "codec/fspec.hpp"
+#include "codec/item.hpp"
+
+namespace {
+
+using namespace ast;
+
+const ast_dataitem_src_t *find_source(const ast_dataitem_src_t *sources, uint64_t count, ast_dataitem_type_t type) {
+    for (uint64_t i = 0; i < count; ++i)
+        if (sources[i].type == type) return &sources[i];
+    return nullptr;
+}
+
+// An item count that the caller filled in, as far as its array reaches.
+uint64_t listed(uint64_t count) {
+    return std::min<uint64_t>(count, AST_DATARECORD_MAX_ITEMS);
+}
+
+// The sources of a record by FRN under its profile, in ascending order.
+template <typename Visitor>
+void each_source(const ast_datarecord_src_t &record, uint32_t max_frn, Visitor visit) {
+    for (uint32_t frn = 1; frn <= max_frn; ++frn) {
+        const ast_dataitem_type_t type = ast_uap_get_dataitem(&record.uap, record.category, frn);
+        if (type == AST_DATAITEM_NONE) continue;
+        const ast_dataitem_src_t *const source = find_source(record.items, listed(record.item_count), type);
+        if (source && !visit(frn, *source)) return;
+    }
+}
+
+// Writes the FSPEC of a record and returns its length, 0 when there is nothing to announce or no room for it.
+uint64_t encode_fspec(uint8_t *buffer, uint64_t length, const ast_datarecord_src_t &record, uint32_t max_frn) {
+    uint32_t last_frn = 0;
+    each_source(record, max_frn, [&](uint32_t frn, const ast_dataitem_src_t &) {
+        last_frn = frn;
+        return true;
+    });
+    const uint64_t octets = (last_frn + kFrnsPerOctet - 1) / kFrnsPerOctet;
+    if (octets == 0 || octets > length) return 0;
+
+    std::memset(buffer, kFx, octets);
+    buffer[octets - 1] = 0;
+    each_source(record, max_frn,
+                [&](uint32_t frn, const ast_dataitem_src_t &) { return ast_fspec_set(buffer, octets, frn, true); });
+    return octets;
+}
+
+// The frame that copies and modified records share: the source's FSPEC, then each of its items as `put_item` writes it.
+template <typename PutItem>
+ast_datarecord_t rewrite(uint8_t *buffer, uint64_t length, const ast_datarecord_t &source, PutItem put_item) {
+    ast_datarecord_t result{};
+    result.data = buffer;
+    result.category = source.category;
+    result.uap = source.uap;
+    result.item_count = source.item_count;
+    if (!source.valid || source.item_count > std::size(source.items)) return result;
+
+    result.fspec = ast_fspec_copy(buffer, length, &source.fspec);
+    if (!result.fspec.valid) return result;
+    uint64_t offset = result.fspec.length;
+    for (uint64_t i = 0; i < source.item_count; ++i) {
+        result.items[i] = put_item(buffer + offset, length - offset, source.items[i]);
+        if (!result.items[i].valid) return result;
+        offset += result.items[i].size;
+    }
+    result.size = offset;
+    result.valid = true;
+    return result;
+}
+
+} // namespace
+
+namespace ast {
+
+void decode_record(ast_datarecord_t &record, const uint8_t *data, uint64_t available, uint32_t category,
+                   const ast_uap_t &uap) {
+    record.data = data;
+    record.category = category;
+    record.uap = uap;
+    const ast_fspec_t fspec = ast_fspec_decode(data, available);
+    if (!fspec.valid) return;
+    record.fspec = fspec;
+
+    uint64_t offset = fspec.length;
+    record.valid = each_frn(fspec, [&](uint32_t frn) {
+        const ast_dataitem_t item =
+            decode_item(data + offset, available - offset, ast_uap_get_dataitem(&uap, category, frn));
+        // Explicit lengths and composed track numbers do not look at what is available; here they have to fit it.
+        if (!item.valid || item.size > available - offset || record.item_count == std::size(record.items)) return false;
+        record.items[record.item_count++] = item;
+        offset += item.size;
+        return true;
+    });
+    if (record.valid) record.size = offset;
+}
+
+} // namespace ast
+
+ast_datarecord_t ast_datarecord_decode(const uint8_t *data, uint64_t available, uint32_t category, ast_uap_t uap) {
+    ast_datarecord_t record{};
+    decode_record(record, data, available, category, uap);
+    return record;
+}
+
+ast_datarecord_t ast_datarecord_encode(uint8_t *buffer, uint64_t length, const ast_datarecord_src_t *source) {
+    ast_datarecord_t result{};
+    result.data = buffer;
+    if (!source) return result;
+    result.category = source->category;
+    result.uap = source->uap;
+    result.item_count = source->item_count;
+    if (!buffer) return result;
+
+    const uint32_t max_frn = ast_uap_max_frn(&source->uap, source->category);
+    const uint64_t fspec_length = encode_fspec(buffer, length, *source, max_frn);
+    if (fspec_length == 0) {
+        ast_log(AST_LOG_DEBUG, "Failed to encode FSPEC.");
+        return result;
+    }
+
+    uint64_t offset = fspec_length;
+    result.valid = true;
+    each_source(*source, max_frn, [&](uint32_t, const ast_dataitem_src_t &item_source) {
+        const ast_dataitem_t item = ast_dataitem_encode(buffer + offset, length - offset, &item_source);
+        if (!item.valid) {
+            ast_log(AST_LOG_DEBUG, "Failed to encode dataitem %s.", ast_dataitem_type_to_str(item_source.type));
+            return result.valid = false;
+        }
+        offset += item.size;
+        return true;
+    });
+    if (result.valid) result.size = offset;
+    return result;
+}
+
+ast_datarecord_t ast_datarecord_copy(uint8_t *buffer, uint64_t length, const ast_datarecord_t *source) {
+    if (!source) return {};
+    const bool fits = source->size <= length;
+    ast_datarecord_t copy =
+        rewrite(buffer, fits ? length : 0, *source, [](uint8_t *to, uint64_t room, const ast_dataitem_t &item) {
+            return ast_dataitem_copy(to, room, &item);
+        });
+    if (copy.size != source->size) {
+        copy.size = 0;
+        copy.valid = false;
+    }
+    return copy;
+}
+
+ast_datarecord_t ast_datarecord_modify(uint8_t *buffer, uint64_t length, const ast_datarecord_t *source,
+                                       const ast_dataitem_src_list_t *replacements) {
+    if (!source) return {};
+    return rewrite(buffer, length, *source, [&](uint8_t *to, uint64_t room, const ast_dataitem_t &item) {
+        const ast_dataitem_src_t *const value =
+            replacements ? find_source(replacements->items, listed(replacements->item_count), item.type) : nullptr;
+        return value ? ast_dataitem_encode(to, room, value) : ast_dataitem_copy(to, room, &item);
+    });
+}

@@ -1,0 +1,149 @@
+// Compound items: sizing them through their subfields, and splitting them into those.
+
+#include "codec/category.hpp"
+#include "codec/fspec.hpp"
+#include "codec/item.hpp"
+
+namespace {
+
+using namespace ast;
+
+constexpr uint32_t kSubfieldNumbers = 1000;
+
+const Compound *find_compound(ast_dataitem_type_t type) {
+    const ItemRow *const row = find_item(type);
+    return row ? row->compound : nullptr;
+}
+
+const SubfieldRow *find_subfield(const Compound &compound, uint32_t number) {
+    return number >= 1 && number <= compound.count ? &compound.rows[number - 1] : nullptr;
+}
+
+uint64_t sized(const SubfieldSize &rule, const uint8_t *data, uint64_t available) {
+    switch (rule.kind) {
+    case SubfieldSize::Kind::Fixed:
+        break;
+    case SubfieldSize::Kind::Extended:
+        return ast_subfield_get_size_variable(data, available, rule.octets);
+    case SubfieldSize::Kind::Repeated:
+        return ast_subfield_get_size_repeated(data, available, rule.octets);
+    }
+    return rule.octets;
+}
+
+uint64_t sized(const Compound &compound, uint32_t number, const uint8_t *data, uint64_t available) {
+    const SubfieldRow *const row = find_subfield(compound, number);
+    if (row) return sized(row->size, data, available);
+    if (compound.reports_unknown_subfields)
+        ast_log(AST_LOG_CRITICAL, "Unsupported Subfield type %d", static_cast<int>(number));
+    return 0;
+}
+
+// What follows the first `offset` octets; nothing once a walk has gone past the end.
+struct Rest {
+    const uint8_t *data;
+    uint64_t available;
+};
+
+Rest after(const uint8_t *data, uint64_t available, uint64_t offset) {
+    return offset < available ? Rest{data + offset, available - offset} : Rest{nullptr, 0};
+}
+
+} // namespace
+
+namespace ast {
+
+uint64_t compound_size(const Compound &compound, const uint8_t *data, uint64_t available) {
+    const ast_fspec_t primary = ast_fspec_decode(data, available);
+    if (!primary.valid) return 0;
+    uint64_t size = primary.length;
+    each_frn(primary, [&](uint32_t number) {
+        const Rest rest = after(data, available, size);
+        size += sized(compound, number, rest.data, rest.available);
+        return true;
+    });
+    return size <= available ? size : 0;
+}
+
+uint64_t subfield_size(const Compound &compound, const uint8_t *data, uint64_t available, uint32_t subfield_type) {
+    return sized(compound, subfield_type % kSubfieldNumbers, data, available);
+}
+
+const char *subfield_id(const Compound &compound, uint32_t subfield_type) {
+    const SubfieldRow *const row = find_subfield(compound, subfield_type % kSubfieldNumbers);
+    return row ? row->id : compound.unknown_id;
+}
+
+const char *subfield_name(const Compound &compound, uint32_t subfield_type) {
+    const SubfieldRow *const row = find_subfield(compound, subfield_type % kSubfieldNumbers);
+    return row ? row->name : kNoSubfieldName;
+}
+
+} // namespace ast
+
+ast_subfield_func_t ast_subfield_get_func(uint32_t subfield_type) {
+    const Compound *const compound = find_compound(subfield_type / kSubfieldNumbers);
+    return compound ? compound->func : ast_subfield_func_t{};
+}
+
+uint64_t ast_subfield_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type) {
+    const auto get_size = ast_subfield_get_func(subfield_type).get_size;
+    return get_size ? get_size(data, available, subfield_type) : 0;
+}
+
+const char *ast_subfield_get_id(uint32_t subfield_type) {
+    const auto get_id = ast_subfield_get_func(subfield_type).get_id;
+    return get_id ? get_id(subfield_type) : kNoSubfieldId;
+}
+
+const char *ast_subfield_get_name(uint32_t subfield_type) {
+    const auto get_name = ast_subfield_get_func(subfield_type).get_name;
+    return get_name ? get_name(subfield_type) : kNoSubfieldName;
+}
+
+uint64_t ast_subfield_get_size_variable(const uint8_t *data, uint64_t available, uint64_t maximum) {
+    return chained_size(data, available, maximum, kSubfieldTooLong);
+}
+
+uint64_t ast_subfield_get_size_repeated(const uint8_t *data, uint64_t available, uint64_t element_size) {
+    return repeated_size(data, available, element_size);
+}
+
+uint64_t ast_dataitem_subfields_get_number(ast_dataitem_type_t type) {
+    if (const Compound *const compound = find_compound(type)) return compound->count;
+    ast_log(AST_LOG_CRITICAL, "Undefined Subfield %s", ast_dataitem_type_to_str(type));
+    return 0;
+}
+
+uint64_t ast_dataitem_subfields_get_size(const uint8_t *data, uint64_t available, ast_dataitem_type_t type) {
+    // An item without subfields of its own still has its primary subfield.
+    static constexpr Compound kNoSubfields = {.rows = nullptr, .count = 0};
+    const Compound *const compound = find_compound(type);
+    return compound_size(compound ? *compound : kNoSubfields, data, available);
+}
+
+ast_subfields_t ast_dataitem_subfields_decode(const ast_dataitem_t *item) {
+    ast_subfields_t result{};
+    if (!is_readable(item)) return result;
+    result.primary = ast_fspec_decode(item->data, item->size);
+    if (!result.primary.valid) return result;
+    result.valid = true;
+
+    const uint64_t defined = ast_dataitem_subfields_get_number(item->type);
+    const uint64_t listed = std::min({result.primary.frn_count, defined, uint64_t{AST_SUBFIELDS_MAX}});
+    uint64_t offset = result.primary.length;
+    for (; result.subfield_count < listed; ++result.subfield_count) {
+        const auto number = static_cast<uint32_t>(result.subfield_count + 1);
+        ast_subfield_t &subfield = result.subfields[result.subfield_count];
+        subfield.type = AST_SUBFIELD_TYPE(item->type, number);
+        subfield.valid = true;
+        if (!ast_fspec_is_set(&result.primary, number)) continue;
+        const Rest rest = after(item->data, item->size, offset);
+        subfield.present = true;
+        subfield.data = rest.data;
+        const uint64_t size = ast_subfield_get_size(rest.data, rest.available, subfield.type);
+        subfield.size = size <= rest.available ? size : 0; // more only where the item's size is not its own rule's
+        offset += size;
+    }
+    return result;
+}

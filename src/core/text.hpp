@@ -1,0 +1,69 @@
+// Bounded text: one writer over a caller's buffer that keeps its own cursor, so that appending never rescans what is
+// written. It always terminates, cuts silently, and takes a null buffer or capacity 0 without harm.
+#pragma once
+
+#include <cstdarg>
+#include <cstdint>
+#include <string_view>
+
+#include "ast.h"
+
+#if defined(__MINGW32__)
+#define AST_MEMBER_PRINTF(format_index, first) __attribute__((format(gnu_printf, format_index, first)))
+#else
+#define AST_MEMBER_PRINTF(format_index, first) __attribute__((format(printf, format_index, first)))
+#endif
+
+namespace ast {
+
+class TextWriter {
+public:
+    TextWriter(char *text, uint64_t capacity);
+    TextWriter(const TextWriter &) = delete;
+    TextWriter &operator=(const TextWriter &) = delete;
+
+    void append(std::string_view piece);
+    void print(const char *format, ...) AST_MEMBER_PRINTF(2, 3);
+    void print_list(const char *format, va_list arguments) AST_MEMBER_PRINTF(2, 0);
+
+    // Characters written so far, the terminator not counted.
+    uint64_t length() const { return length_; }
+
+private:
+    void advance(uint64_t count);
+
+    char *cursor_;
+    uint64_t room_; // characters that still fit, the terminator not counted
+    uint64_t length_ = 0;
+};
+
+// A small text of its own, formatted once. The capacity includes the terminator: a Cell<20> holds 19 characters.
+template <uint64_t Capacity>
+class Cell {
+public:
+    explicit Cell(const char *format, ...) AST_MEMBER_PRINTF(2, 3) {
+        va_list arguments;
+        va_start(arguments, format);
+        TextWriter(text_, Capacity).print_list(format, arguments);
+        va_end(arguments);
+    }
+    const char *c_str() const { return text_; }
+
+private:
+    char text_[Capacity];
+};
+
+constexpr uint64_t kBinaryOctetChars = 8;
+
+// Writes the eight binary digits of an octet, most significant first, and a terminator behind them.
+inline void write_binary_octet(char *text, uint8_t octet) {
+    for (uint64_t i = 0; i < kBinaryOctetChars; ++i) text[i] = (octet << i & 0x80) != 0 ? '1' : '0';
+    text[kBinaryOctetChars] = '\0';
+}
+
+// Replaces the text in a buffer by another one.
+inline void set_text(char *text, uint64_t capacity, std::string_view content) {
+    TextWriter(text, capacity).append(content);
+}
+
+} // namespace ast

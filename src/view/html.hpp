@@ -1,0 +1,39 @@
+// The pieces of HTML that all detail views are made of, on the bounded text writer.
+#pragma once
+
+#include <initializer_list>
+
+#include "core/text.hpp"
+
+namespace ast {
+
+class HtmlWriter : public TextWriter {
+public:
+    using TextWriter::TextWriter;
+
+    void title(const char *format, ...) AST_MEMBER_PRINTF(2, 3);
+    void title_list(const char *format, va_list arguments) AST_MEMBER_PRINTF(2, 0);
+    void paragraph(const char *format, ...) AST_MEMBER_PRINTF(2, 3);
+    void paragraph_list(const char *format, va_list arguments) AST_MEMBER_PRINTF(2, 0);
+
+    void table_begin();
+    void table_end();
+    void header_row(std::initializer_list<std::string_view> cells);
+    void row(std::initializer_list<std::string_view> cells);
+
+    // A row in pieces, for cells that come one by one.
+    void row_begin(bool is_header);
+    void cell(bool is_header, std::string_view content);
+    void row_end(bool is_header);
+
+    void hex_table(const uint8_t *octets, uint64_t count);
+    void bit_table(const uint8_t *octets, uint64_t count);
+
+    // Nothing when the service has no link.
+    void map_link(uint32_t service, double latitude, double longitude);
+
+private:
+    void open_table(std::string_view css_class);
+};
+
+} // namespace ast

@@ -1,0 +1,157 @@
+// Times the public calls on recordings of realistic blocks, beside two floors on the same octets: copying them, and
+// walking them by block length alone.
+
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+#include <string>
+#include <vector>
+
+#include "records.hpp"
+
+namespace {
+
+using bench::Sample;
+
+constexpr size_t kHeaderOctets = 3; // CAT, LEN
+constexpr size_t kRecordsPerBlock = 8;
+constexpr size_t kBlocks = 16;
+
+// Blocks back to back, as they stand in a recording.
+std::vector<uint8_t> recording_of(const Sample &sample) {
+    const size_t length = kHeaderOctets + kRecordsPerBlock * sample.octets.size();
+    std::vector<uint8_t> recording;
+    for (size_t b = 0; b < kBlocks; ++b) {
+        recording.insert(recording.end(),
+                         {sample.category, static_cast<uint8_t>(length >> 8), static_cast<uint8_t>(length)});
+        for (size_t r = 0; r < kRecordsPerBlock; ++r)
+            recording.insert(recording.end(), sample.octets.begin(), sample.octets.end());
+    }
+    return recording;
+}
+
+size_t block_length(const uint8_t *block) {
+    return static_cast<size_t>(block[1]) << 8 | block[2];
+}
+
+template <typename Visitor>
+void each_block(const std::vector<uint8_t> &recording, Visitor visit) {
+    for (size_t offset = 0; offset < recording.size(); offset += block_length(&recording[offset]))
+        visit(&recording[offset], recording.size() - offset);
+}
+
+// A decoded block is large: one for all measurements, in static storage, and filled in place by the initialisation of a
+// fresh object rather than by an assignment, which would copy it.
+alignas(ast_datablock_t) std::byte g_block[sizeof(ast_datablock_t)];
+
+const ast_datablock_t &decode_block(const Sample &sample, const uint8_t *data, uint64_t available) {
+    return *new (g_block) ast_datablock_t(ast_datablock_decode(data, available, *sample.uap));
+}
+
+const ast_datablock_t &smart_decode_block(const Sample &, const uint8_t *data, uint64_t available) {
+    return *new (g_block) ast_datablock_t(ast_datablock_smart_decode(data, available));
+}
+
+using BlockDecoder = const ast_datablock_t &(const Sample &sample, const uint8_t *data, uint64_t available);
+
+void count(benchmark::State &state, size_t octets) {
+    state.SetItemsProcessed(state.iterations() * static_cast<int64_t>(kBlocks * kRecordsPerBlock));
+    state.SetBytesProcessed(state.iterations() * static_cast<int64_t>(octets));
+}
+
+void copy_octets(benchmark::State &state, const Sample &sample) {
+    const std::vector<uint8_t> recording = recording_of(sample);
+    std::vector<uint8_t> copy(recording.size());
+    for ([[maybe_unused]] const auto _ : state) {
+        std::memcpy(copy.data(), recording.data(), recording.size());
+        benchmark::DoNotOptimize(copy.data());
+        benchmark::ClobberMemory();
+    }
+    count(state, recording.size());
+}
+
+void walk_lengths(benchmark::State &state, const Sample &sample) {
+    const std::vector<uint8_t> recording = recording_of(sample);
+    for ([[maybe_unused]] const auto _ : state)
+        each_block(recording, [](const uint8_t *block, size_t) { benchmark::DoNotOptimize(block); });
+    count(state, recording.size());
+}
+
+void walk_fspecs(benchmark::State &state, const Sample &sample) {
+    const std::vector<uint8_t> recording = recording_of(sample);
+    for ([[maybe_unused]] const auto _ : state) {
+        each_block(recording, [&](const uint8_t *block, size_t available) {
+            for (size_t r = 0; r < kRecordsPerBlock; ++r) {
+                const size_t offset = kHeaderOctets + r * sample.octets.size();
+                const ast_fspec_t fspec = ast_fspec_decode(block + offset, available - offset);
+                for (uint32_t frn = 1; frn <= fspec.frn_count; ++frn)
+                    benchmark::DoNotOptimize(ast_fspec_is_set(&fspec, frn));
+            }
+        });
+    }
+    count(state, recording.size());
+}
+
+void decode_records(benchmark::State &state, const Sample &sample) {
+    const std::vector<uint8_t> recording = recording_of(sample);
+    for ([[maybe_unused]] const auto _ : state) {
+        each_block(recording, [&](const uint8_t *block, size_t available) {
+            for (size_t r = 0; r < kRecordsPerBlock; ++r) {
+                const size_t offset = kHeaderOctets + r * sample.octets.size();
+                benchmark::DoNotOptimize(
+                    ast_datarecord_decode(block + offset, available - offset, sample.category, *sample.uap));
+            }
+        });
+    }
+    count(state, recording.size());
+}
+
+void decode_blocks(benchmark::State &state, const Sample &sample, BlockDecoder *decode) {
+    const std::vector<uint8_t> recording = recording_of(sample);
+    for ([[maybe_unused]] const auto _ : state) {
+        each_block(recording, [&](const uint8_t *block, size_t available) {
+            benchmark::DoNotOptimize(decode(sample, block, available));
+        });
+    }
+    count(state, recording.size());
+}
+
+// A figure for octets that do not decode would mean nothing.
+void require_valid(const Sample &sample, BlockDecoder *decode) {
+    each_block(recording_of(sample), [&](const uint8_t *data, size_t available) {
+        const ast_datablock_t &block = decode(sample, data, available);
+        if (block.valid && block.record_count == kRecordsPerBlock && block.records[0].item_count == sample.item_count)
+            return;
+        std::fprintf(stderr, "the category %s block does not decode\n", sample.name);
+        std::exit(EXIT_FAILURE);
+    });
+}
+
+void add(const Sample &sample) {
+    require_valid(sample, decode_block);
+    const auto named = [&](const char *what) { return std::string(sample.name) + ": " + what; };
+    benchmark::RegisterBenchmark(named("copy the octets").c_str(), copy_octets, sample);
+    benchmark::RegisterBenchmark(named("walk the blocks by LEN").c_str(), walk_lengths, sample);
+    benchmark::RegisterBenchmark(named("walk the FSPECs").c_str(), walk_fspecs, sample);
+    benchmark::RegisterBenchmark(named("decode records").c_str(), decode_records, sample);
+    benchmark::RegisterBenchmark(named("decode blocks").c_str(), decode_blocks, sample, decode_block);
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return EXIT_FAILURE;
+    ast_log_handler_reg(nullptr);
+
+    for (const Sample &sample : bench::kSamples) add(sample);
+    const Sample &adsb = bench::kSamples.back();
+    require_valid(adsb, smart_decode_block);
+    benchmark::RegisterBenchmark("021: smart decode blocks", decode_blocks, adsb, smart_decode_block);
+
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+}

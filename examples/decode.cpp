@@ -1,0 +1,20 @@
+// Decodes one data block and prints a line for each item.
+
+#include <ast.h>
+
+#include <cstdio>
+
+int main() {
+    static const uint8_t octets[] = {48,   0,    18,   0xFC, 0x19, 0x0C, 0x35, 0x2A, 0x80,
+                                     0xA0, 0x2D, 0x80, 0x60, 0x00, 0x0A, 0x53, 0x05, 0x78};
+    static const ast_datablock_t block = ast_datablock_smart_decode(octets, sizeof octets);
+    for (uint64_t r = 0; r < block.record_count; ++r) {
+        for (uint64_t i = 0; i < block.records[r].item_count; ++i) {
+            const ast_dataitem_t &item = block.records[r].items[i];
+            char text[80];
+            ast_dataitem_get_summary(text, sizeof text, &item);
+            std::printf("%s %s: %s\n", ast_dataitem_type_to_str(item.type), ast_dataitem_get_name(item.type), text);
+        }
+    }
+    return block.valid ? 0 : 1;
+}

@@ -1,0 +1,53 @@
+# Shared by the scripts beside it: where the project is, what the machine must have, and building.
+# shellcheck shell=bash disable=SC2034
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+readonly root
+readonly jobs=2
+
+readonly build_packages=(cmake ninja-build g++ ccache)
+readonly tool_packages=(pkg-config libtins-dev libpcap-dev libcli11-dev libasio-dev)
+readonly test_packages=(libgtest-dev)
+readonly bench_packages=(libbenchmark-dev)
+
+as_root() {
+    if [[ $EUID -eq 0 ]]; then "$@"; else sudo "$@"; fi
+}
+
+# need PACKAGE...: installs those of the Debian packages that are missing.
+need() {
+    local package missing=()
+    for package in "$@"; do
+        dpkg-query --show --showformat='${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed ||
+            missing+=("$package")
+    done
+    [[ ${#missing[@]} -eq 0 ]] && return
+    echo "Installing ${missing[*]}" >&2
+    as_root apt-get -qq update </dev/null >&2
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get -qq -o Dpkg::Use-Pty=0 install --no-install-recommends \
+        "${missing[@]}" </dev/null >&2
+}
+
+# configure PRESET DIRECTORY [OPTION...]: configures one preset in a directory under build/.
+configure() {
+    local preset=$1 directory=$2
+    shift 2
+    cmake -S "$root" -B "$root/build/$directory" --preset "$preset" --log-level=WARNING "$@"
+}
+
+# build DIRECTORY [TARGET...]
+build() {
+    local directory=$1 target targets=()
+    shift
+    for target in "$@"; do targets+=(--target "$target"); done
+    cmake --build "$root/build/$directory" --parallel "$jobs" "${targets[@]}"
+}
+
+# check PRESET [OPTION...]: builds one preset with all its tests, and runs them.
+check() {
+    local preset=$1
+    shift
+    configure "$preset" "$preset" "$@"
+    build "$preset"
+    ctest --test-dir "$root/build/$preset" --parallel "$jobs" --output-on-failure --no-tests=error
+}

@@ -355,7 +355,8 @@ typedef struct {
     uint64_t item_count;
 } ast_dataitem_src_list_t;
 
-/* ========================================================================================== blocks and records ==== */
+/* ============================================================================================= blocks and records ==
+ */
 
 /** Decodes the block at data with one profile.
  *  data       the CAT octet; borrowed by the result
@@ -604,6 +605,13 @@ AST_API uint64_t ast_dataitem_subfields_get_size(const uint8_t *data, uint64_t a
 /** Splits a valid compound item into its subfields. */
 AST_API ast_subfields_t ast_dataitem_subfields_decode(const ast_dataitem_t *item);
 
+/** How many subfields a valid compound item has, of how many that it lists: "SUBFIELDS:03/07". */
+AST_API void ast_dataitem_subfields_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/** A valid compound item as an HTML fragment: a table of its subfields, then the bits and fields of each present one.
+ */
+AST_API void ast_dataitem_subfields_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
 /* ======================================================================================================= profiles ==
  * The standard profile covers every category; each variant overrides one or two and asks AST_UAP_STANDARD for the rest,
  * through that object, which in turn asks AST_UAP_CAT021_VER026 for category 021. So an application that changes one of
@@ -686,6 +694,558 @@ AST_API void ast_html_gen_bin_table(char *text, uint64_t capacity, const uint8_t
  *  when the service has no link. */
 AST_API uint64_t ast_html_gen_location_map_link(char *text, uint64_t capacity, uint32_t service, double latitude,
                                                 double longitude);
+
+/* ========================================================================================================= values ==
+ * Item layouts that several categories share. Each has a decoder that reads the item's octets into a plain record, and
+ * most have views and an encoder; the registry binds them to every item type of that layout.
+ *
+ * A decoder returns its record with valid set when the item is valid and has exactly the layout's size, and all zero
+ * (or with the defaults stated) otherwise. It does not look at the category, but where it says so at the item type.
+ * An encoder writes the layout's octets into buffer and describes them in result. It takes the same record; nothing is
+ * written, and result is not valid, when the record is missing or not valid, when the buffer is missing or too short,
+ * or when a value is out of its range. Summaries and detail views are empty for items that the decoder does not take.
+ */
+
+/** A small number: message type, service identification, signal amplitude, track number. */
+typedef struct {
+    bool valid;
+    uint32_t value;
+} ast_uint_value_t;
+
+/** Who sent it. */
+typedef struct {
+    bool valid;
+    uint32_t sac; /* System Area Code, 0 to 255 */
+    uint32_t sic; /* System Identification Code, 0 to 255 */
+} ast_sac_sic_t;
+
+/** A field as sent and in its unit. */
+typedef struct {
+    bool valid;
+    bool flag;   /* vertical rate: range exceeded; otherwise false */
+    int32_t raw; /* the field as sent */
+    double value;
+} ast_scaled_value_t;
+
+/** Time since midnight, UTC. The hour is not reduced to a day: the largest raw value is 36:24:31.992. */
+typedef struct {
+    bool valid;
+    uint32_t raw; /* LSB 1/128 s, 24 bits */
+    uint32_t hour;
+    uint32_t minute;
+    uint32_t second;
+    uint32_t millisecond;
+} ast_time_of_day_t;
+
+/** A fraction of a second, to be put to a time of day in whole seconds. */
+typedef struct {
+    bool valid;
+    int32_t fsi;    /* full second indication: the whole second is one less (-1), the same (0) or one more (+1) */
+    uint32_t raw;   /* LSB 2^-30 s, 30 bits */
+    double seconds; /* 0 to less than 1 */
+} ast_time_of_day_high_t;
+
+/** Two fields as sent and in their unit: latitude and longitude in degrees, x and y in metres or metres per second, or
+ *  ground speed in knots and heading in degrees. */
+typedef struct {
+    bool valid;
+    int32_t raw_1;
+    int32_t raw_2;
+    double value_1;
+    double value_2;
+} ast_value_pair_t;
+
+/** A Mode 3/A or Mode 2 code. */
+typedef struct {
+    bool valid;
+    bool not_validated;
+    bool garbled;
+    bool changed; /* one bit carries this or the next, depending on the category; both read it */
+    bool smoothed;
+    uint32_t code; /* 12 bits, shown as four octal digits */
+} ast_mode_3a_t;
+
+/** The twelve pulses of a reply, in the order in which quality flags are sent. */
+#define AST_PULSES 12
+#define AST_PULSE_A4 0
+#define AST_PULSE_A2 1
+#define AST_PULSE_A1 2
+#define AST_PULSE_B4 3
+#define AST_PULSE_B2 4
+#define AST_PULSE_B1 5
+#define AST_PULSE_C4 6
+#define AST_PULSE_C2 7
+#define AST_PULSE_C1 8
+#define AST_PULSE_D4 9
+#define AST_PULSE_D2 10
+#define AST_PULSE_D1 11
+
+/** Which pulses of a Mode 3/A or Mode 2 reply are of low quality. */
+typedef struct {
+    bool valid;
+    bool low_quality[AST_PULSES]; /* by AST_PULSE_... */
+} ast_mode_3a_confidence_t;
+
+/** A Mode C height. */
+typedef struct {
+    bool valid;
+    bool validated;
+    bool garbled;
+    int32_t flight_level; /* LSB 1/4 FL, 25 ft */
+} ast_mode_c_t;
+
+typedef struct {
+    bool pulse; /* the pulse is there */
+    bool low_quality;
+} ast_pulse_t;
+
+/** A Mode C reply as received, pulse by pulse. */
+typedef struct {
+    bool valid;
+    bool validated; /* true by default */
+    bool garbled;
+    uint32_t code;                  /* the digits A, B, C, D of the pulses as four octal digits, not Gray-decoded */
+    ast_pulse_t pulses[AST_PULSES]; /* by AST_PULSE_... */
+} ast_mode_c_confidence_t;
+
+/** A 24-bit ICAO aircraft address. */
+typedef struct {
+    bool valid;
+    uint8_t octets[3]; /* as sent */
+    uint32_t address;
+} ast_target_address_t;
+
+/** An aircraft identification of up to eight characters, trailing blanks kept. */
+typedef struct {
+    bool valid;
+    char text[9];
+} ast_aircraft_id_t;
+
+/** A target identification and where it comes from. */
+typedef struct {
+    bool valid;
+    uint32_t sti; /* 0 not from the target, 1 registration, 2 callsign from the target, 3 (default) undefined */
+    char text[9];
+} ast_target_id_t;
+
+/** One Mode S register as received. */
+typedef struct {
+    const uint8_t *data; /* its 56 bits in seven octets, in the caller's octets */
+    uint64_t size;       /* 7 */
+    uint32_t bds;        /* the register: BDS1 × 16 + BDS2, so 4,0 is 64 */
+    bool valid;
+} ast_bds_t;
+
+#define AST_MODES_MB_MAX_REGISTERS 8
+
+/** Mode S registers. An item may carry more than there is room for: registers holds the lesser of count and
+ *  AST_MODES_MB_MAX_REGISTERS. */
+typedef struct {
+    bool valid;
+    uint64_t count; /* REP, as sent */
+    ast_bds_t registers[AST_MODES_MB_MAX_REGISTERS];
+} ast_modes_mb_t;
+
+/* Message type, one octet; each category names its values. */
+AST_API ast_uint_value_t ast_dataitem_message_type_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_message_type_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
+                                              const ast_dataitem_src_t *source);
+
+/* Data source identifier, two octets: SAC, SIC, each 0 to 255. The detail view asks the lookups for countries and
+ * sensors. */
+AST_API ast_sac_sic_t ast_dataitem_data_source_identifier_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_data_source_identifier_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
+                                                        const ast_dataitem_src_t *source);
+AST_API void ast_dataitem_data_source_identifier_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_data_source_identifier_get_detail_html(char *text, uint64_t capacity,
+                                                                 const ast_dataitem_t *item);
+
+/* Service identification, one octet. */
+AST_API ast_uint_value_t ast_dataitem_service_id_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_service_id_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
+                                            const ast_dataitem_src_t *source);
+AST_API void ast_dataitem_service_id_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/* Sector number, one octet, LSB 360/2^8 degrees; value in degrees. The encoder rounds a value in [0, 360) and stores
+ * the raw value back, refusing what rounds to 256 (from 359.296875 degrees); any other value leaves it the raw one. */
+AST_API ast_scaled_value_t ast_dataitem_sector_number_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_sector_number_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
+                                               const ast_dataitem_src_t *source);
+AST_API void ast_dataitem_sector_number_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_sector_number_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/* Time of day, three octets. The encoder writes raw unless it is 0, and then the time. */
+AST_API ast_time_of_day_t ast_dataitem_time_of_day_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_time_of_day_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
+                                             const ast_dataitem_src_t *source);
+AST_API void ast_dataitem_time_of_day_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_time_of_day_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/* High-precision time of day, four octets. */
+AST_API ast_time_of_day_high_t ast_dataitem_time_of_day_high_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_time_of_day_high_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_time_of_day_high_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/* WGS-84 position, six octets: latitude [-90, 90] and longitude [-180, 180] in degrees, LSB 180/2^23. The encoder
+ * writes a negative value as 2^24 - 1 + value, so that it reads one lower than it was written. */
+AST_API ast_value_pair_t ast_dataitem_position_wgs84_low_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_position_wgs84_low_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
+                                                    const ast_dataitem_src_t *source);
+AST_API void ast_dataitem_position_wgs84_low_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_position_wgs84_low_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/* WGS-84 position, eight octets. LSB 180/2^31 degrees in I010/041 and I016/400, 180/2^30 in I019/600 and I021/131, and
+ * 180/2^25 in all others. AST_OPTION_INVERT_062_LONGITUDE applies to I062/105. The encoder always writes LSB 180/2^25,
+ * and negative values as 2^32 - 1 + value. */
+AST_API ast_value_pair_t ast_dataitem_position_wgs84_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_position_wgs84_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
+                                                const ast_dataitem_src_t *source);
+AST_API void ast_dataitem_position_wgs84_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_position_wgs84_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/* Cartesian position, six octets: x and y in metres, LSB 0.5 m. */
+AST_API ast_value_pair_t ast_dataitem_position_cartesian_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_position_cartesian_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/* Cartesian velocity, four octets: vx and vy in metres per second, LSB 0.25 m/s. */
+AST_API ast_value_pair_t ast_dataitem_velocity_cartesian_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_velocity_cartesian_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/* Mode 3/A code, and Mode 2 code in I001/050 and I062/120, two octets. Code bits above 12 are not written. */
+AST_API ast_mode_3a_t ast_dataitem_mode_3a_code_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_mode_3a_code_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
+                                              const ast_dataitem_src_t *source);
+AST_API void ast_dataitem_mode_3a_code_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_mode_3a_code_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/* Mode 3/A code confidence, two octets. The summary shows a digit with a pulse of low quality in lower case. */
+AST_API ast_mode_3a_confidence_t ast_dataitem_mode_3a_confidence_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_mode_3a_confidence_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
+                                                    const ast_dataitem_src_t *source);
+AST_API void ast_dataitem_mode_3a_confidence_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_mode_3a_confidence_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/* Mode C code, two octets. The encoder writes a negative level as 2^14 - 1 + value, so that it reads one lower. */
+AST_API ast_mode_c_t ast_dataitem_mode_c_code_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_mode_c_code_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
+                                             const ast_dataitem_src_t *source);
+AST_API void ast_dataitem_mode_c_code_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_mode_c_code_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/* Mode C code with confidence, four octets. The encoder takes the pulses from code, at most 65535, and the quality from
+ * pulses. */
+AST_API ast_mode_c_confidence_t ast_dataitem_mode_c_confidence_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_mode_c_confidence_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
+                                                   const ast_dataitem_src_t *source);
+AST_API void ast_dataitem_mode_c_confidence_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_mode_c_confidence_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/* Height, two octets, LSB 6.25 ft; value in feet. */
+AST_API ast_scaled_value_t ast_dataitem_height_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_height_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_height_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/* Vertical rate, two octets, 15 bits, LSB 6.25 ft/min; value in feet per minute. The encoder writes value unless it is
+ * 0, and then raw. */
+AST_API ast_scaled_value_t ast_dataitem_vertical_rate_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_vertical_rate_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
+                                               const ast_dataitem_src_t *source);
+AST_API void ast_dataitem_vertical_rate_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_vertical_rate_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/* Antenna rotation period, two octets, LSB 1/128 s; value in seconds. The encoder writes value unless it is 0, and then
+ * raw. */
+AST_API ast_scaled_value_t ast_dataitem_antenna_rotation_period_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_antenna_rotation_period_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
+                                                         const ast_dataitem_src_t *source);
+AST_API void ast_dataitem_antenna_rotation_period_get_summary(char *text, uint64_t capacity,
+                                                              const ast_dataitem_t *item);
+AST_API void ast_dataitem_antenna_rotation_period_get_detail_html(char *text, uint64_t capacity,
+                                                                  const ast_dataitem_t *item);
+
+/* Track number, two octets. All 16 bits count in I001/161, I004/030, I004/035, I015/161 and I062/040, the low 12 in all
+ * others. The encoder writes 16 bits in the same items but I015/161, where it writes 12. */
+AST_API ast_uint_value_t ast_dataitem_track_number_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_track_number_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
+                                              const ast_dataitem_src_t *source);
+AST_API void ast_dataitem_track_number_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/* Polar velocity, four octets: ground speed in knots, LSB 2^-14 NM/s, and heading in degrees, LSB 360/2^16. The encoder
+ * rounds the values when one of them is positive, storing the raw ones back, and writes the raw ones otherwise. */
+AST_API ast_value_pair_t ast_dataitem_velocity_polar_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_velocity_polar_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
+                                                const ast_dataitem_src_t *source);
+AST_API void ast_dataitem_velocity_polar_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_velocity_polar_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/* Target address, three octets. The encoder refuses address 0 and stores the octets back. The detail view asks the
+ * country lookup, and is empty without one. */
+AST_API ast_target_address_t ast_dataitem_target_address_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_target_address_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
+                                                const ast_dataitem_src_t *source);
+AST_API void ast_dataitem_target_address_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_target_address_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/* Aircraft identification, six octets: eight characters of six bits. The encoder fills a short text with blanks. */
+AST_API ast_aircraft_id_t ast_dataitem_aircraft_id_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_aircraft_id_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
+                                             const ast_dataitem_src_t *source);
+AST_API void ast_dataitem_aircraft_id_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_aircraft_id_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/* Target identification, seven octets. */
+AST_API ast_target_id_t ast_dataitem_target_id_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_target_id_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_target_id_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/* Signal amplitude, one octet, unsigned. */
+AST_API ast_uint_value_t ast_dataitem_signal_amplitude_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_signal_amplitude_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
+                                                  const ast_dataitem_src_t *source);
+AST_API void ast_dataitem_signal_amplitude_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/* Mode S MB data, REP and eight octets for each register: its seven octets and its number. */
+AST_API ast_modes_mb_t ast_dataitem_modes_mb_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_modes_mb_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_modes_mb_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/* Octets without a meaning of their own: their bits, or what kind of field they are. */
+AST_API void ast_dataitem_binary_data_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_reserved_expansion_field_get_summary(char *text, uint64_t capacity,
+                                                               const ast_dataitem_t *item);
+AST_API void ast_dataitem_special_purpose_field_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_random_field_sequencing_get_summary(char *text, uint64_t capacity,
+                                                              const ast_dataitem_t *item);
+
+/* =============================================================================================== Mode S registers ==
+ * Comm-B replies: 56 bits from a transponder register, which its BDS code names. Bits are numbered 1 to 56 from the
+ * most significant bit of the first octet. A register decoder returns its record with valid set for a valid register of
+ * its number and seven octets, and all zero otherwise; a field whose status is false stays 0. */
+
+/** BDS 0,5 airborne position. Format type codes 9 to 18 and 20 to 22 decode; any other is kept, not valid. */
+typedef struct {
+    bool valid;
+    uint32_t format_type_code;
+    uint32_t surveillance_status;
+    bool single_antenna;
+    bool gnss_height;
+    int32_t altitude_ft; /* LSB 25 ft with the Q bit, 100 ft without */
+    bool time;
+    bool cpr_odd;
+    uint32_t cpr_latitude;  /* 17 bits */
+    uint32_t cpr_longitude; /* 17 bits */
+} ast_bds_05_t;
+
+/** BDS 0,8 identification and category. */
+typedef struct {
+    bool valid;
+    uint32_t format_type_code;
+    uint32_t emitter_category; /* two bits */
+    char callsign[9];
+} ast_bds_08_t;
+
+/** BDS 0,9 airborne velocity. Format type code 19 and subtypes 1 to 4 decode. */
+typedef struct {
+    bool valid;
+    uint32_t format_type_code;
+    uint32_t subtype;
+    bool intent_change;
+    uint32_t nacv;
+    bool velocity_valid; /* both components are given; subtypes 1 and 2 */
+    bool west;
+    uint32_t east_west_velocity_kt;
+    bool south;
+    uint32_t north_south_velocity_kt;
+    bool vertical_rate_barometric; /* its source; geometric otherwise */
+    bool vertical_rate_down;
+    bool vertical_rate_valid;
+    uint32_t vertical_rate_ft_min;
+    bool height_difference_below; /* geometric below barometric */
+    bool height_difference_valid;
+    uint32_t height_difference_ft;
+} ast_bds_09_t;
+
+/** BDS 1,0 data link capability. */
+typedef struct {
+    bool valid;
+    bool continuation;
+    bool overlay_tcas;
+    uint32_t subnetwork_version;
+    bool enhanced_protocol;
+    bool specific_services;
+    uint32_t uplink_elm;   /* code of the average throughput */
+    uint32_t downlink_elm; /* code of the throughput */
+    bool aircraft_identification;
+    bool squitter;
+    bool surveillance_identifier;
+    bool common_usage_gicb;
+} ast_bds_10_t;
+
+/** BDS 2,0 aircraft identification. Decodes when the first octet is 0x20. */
+typedef struct {
+    bool valid;
+    char callsign[9];
+} ast_bds_20_t;
+
+/** BDS 3,0 ACAS resolution advisory. */
+typedef struct {
+    bool valid;
+    bool ara_present;
+    bool rac_present;
+    bool ra_terminated;
+    bool multiple_threat;
+    uint8_t threat_type;       /* 0 none, 1 address, 2 altitude, range and bearing */
+    uint8_t threat_address[3]; /* for threat type 1 */
+} ast_bds_30_t;
+
+/** BDS 4,0 selected vertical intention. */
+typedef struct {
+    bool valid;
+    bool mcp_fcu_status;
+    uint32_t mcp_fcu_altitude_ft; /* LSB 16 ft */
+    bool fms_status;
+    uint32_t fms_altitude_ft; /* LSB 16 ft */
+    bool barometric_status;
+    double barometric_setting_mb; /* 800 + LSB 0.1 mb */
+    bool mode_status;
+    bool vnav;
+    bool altitude_hold;
+    bool approach;
+    bool target_source_status;
+    uint32_t target_source; /* the selected altitude source enumeration */
+} ast_bds_40_t;
+
+/** BDS 5,0 track and turn. */
+typedef struct {
+    bool valid;
+    bool roll_status;
+    bool roll_sign;
+    double roll_angle_deg; /* LSB 45/256 degrees, right wing down positive */
+    bool track_status;
+    bool track_sign;
+    double true_track_deg; /* LSB 90/512 degrees, 360 less the magnitude when the sign is set */
+    bool ground_speed_status;
+    double ground_speed_kt; /* LSB 2 kt */
+    bool track_rate_status;
+    double track_rate_deg_s; /* LSB 8/256 degrees/s */
+    bool airspeed_status;
+    uint32_t true_airspeed_kt; /* LSB 2 kt */
+} ast_bds_50_t;
+
+/** BDS 6,0 heading and speed. */
+typedef struct {
+    bool valid;
+    bool heading_status;
+    bool heading_sign;
+    double magnetic_heading_deg; /* LSB 90/512 degrees, 180 more when the sign is set */
+    bool ias_status;
+    uint32_t indicated_airspeed_kt;
+    bool mach_status;
+    double mach; /* LSB 2.048/512 */
+    bool altitude_rate_status;
+    double barometric_altitude_rate_ft_min; /* LSB 32 ft/min */
+    bool vertical_velocity_status;
+    double inertial_vertical_velocity_ft_min; /* LSB 32 ft/min */
+} ast_bds_60_t;
+
+/** The register at data: seven octets, not examined, and its number. Valid when seven octets are available. */
+AST_API ast_bds_t ast_bds_decode(const uint8_t *data, uint64_t available, uint32_t bds);
+
+AST_API ast_bds_05_t ast_bds_05_decode(const ast_bds_t *bds);
+AST_API ast_bds_08_t ast_bds_08_decode(const ast_bds_t *bds);
+AST_API ast_bds_09_t ast_bds_09_decode(const ast_bds_t *bds);
+AST_API ast_bds_10_t ast_bds_10_decode(const ast_bds_t *bds);
+AST_API ast_bds_20_t ast_bds_20_decode(const ast_bds_t *bds);
+AST_API ast_bds_30_t ast_bds_30_decode(const ast_bds_t *bds);
+AST_API ast_bds_40_t ast_bds_40_decode(const ast_bds_t *bds);
+AST_API ast_bds_50_t ast_bds_50_decode(const ast_bds_t *bds);
+AST_API ast_bds_60_t ast_bds_60_decode(const ast_bds_t *bds);
+
+/** The title of a register, or "UNKNOWN NAME". Constant. */
+AST_API const char *ast_bds_get_name(uint32_t bds);
+
+/** "BDS 4,0" for register 64, in a buffer of the calling thread. */
+AST_API const char *ast_bds_type_to_str(uint32_t bds);
+
+/** "4,0" for register 64, in another buffer of the calling thread. */
+AST_API const char *ast_bds_type_to_str_simple(uint32_t bds);
+
+/** A detail view of one kind of register. */
+typedef void ast_bds_detail_html_t(char *text, uint64_t capacity, const ast_bds_t *bds);
+
+/** The detail view of a register; null, reported at level 2, for one that has no decoder above. */
+AST_API ast_bds_detail_html_t *ast_bds_get_func(uint32_t bds);
+
+/** The fields of a valid register as an HTML table; empty, reported at level 2, for one without a decoder. */
+AST_API void ast_bds_get_detail_html(char *text, uint64_t capacity, const ast_bds_t *bds);
+
+/** A detail view of nothing: the empty text. */
+AST_API void ast_bds_get_detail_html_dummy(char *text, uint64_t capacity);
+
+AST_API void ast_bds_05_get_detail_html(char *text, uint64_t capacity, const ast_bds_t *bds);
+AST_API void ast_bds_08_get_detail_html(char *text, uint64_t capacity, const ast_bds_t *bds);
+AST_API void ast_bds_09_get_detail_html(char *text, uint64_t capacity, const ast_bds_t *bds);
+AST_API void ast_bds_10_get_detail_html(char *text, uint64_t capacity, const ast_bds_t *bds);
+AST_API void ast_bds_20_get_detail_html(char *text, uint64_t capacity, const ast_bds_t *bds);
+AST_API void ast_bds_30_get_detail_html(char *text, uint64_t capacity, const ast_bds_t *bds);
+AST_API void ast_bds_40_get_detail_html(char *text, uint64_t capacity, const ast_bds_t *bds);
+AST_API void ast_bds_50_get_detail_html(char *text, uint64_t capacity, const ast_bds_t *bds);
+AST_API void ast_bds_60_get_detail_html(char *text, uint64_t capacity, const ast_bds_t *bds);
+
+/* =================================================================================================== enumerations ==
+ * Coded fields of ADS-B and track items. `..._from_int` takes a raw field value and folds what is not defined into one
+ * undefined value; `..._to_str` gives the text of a value, a fallback for one that is not defined. Constants, but for
+ * ast_category_to_str. */
+
+/* Texts come short or long. */
+#define AST_STYLE_SHORT UINT32_C(0)
+#define AST_STYLE_LONG UINT32_C(1)
+
+/** Emitter category 0 to 24; 25 is undefined. */
+AST_API uint32_t ast_emitter_category_from_int(uint32_t raw);
+AST_API const char *ast_emitter_category_to_str(uint32_t value, uint32_t style);
+
+/** Transponder communications capability 0 to 4; 7 is undefined. */
+AST_API uint32_t ast_transponder_comm_cap_from_int(uint32_t raw);
+AST_API const char *ast_transponder_comm_cap_to_str(uint32_t value);
+
+/** ACAS status 0 to 3; 8 is undefined. The next two have the same values and texts. */
+AST_API uint32_t ast_acas_status_from_int(uint32_t raw);
+AST_API const char *ast_acas_status_to_str(uint32_t value);
+
+/** Multiple navigation aids status. */
+AST_API uint32_t ast_multi_navids_status_from_int(uint32_t raw);
+AST_API const char *ast_multi_navids_status_to_str(uint32_t value);
+
+/** Differential correction status. */
+AST_API uint32_t ast_diff_correction_status_from_int(uint32_t raw);
+AST_API const char *ast_diff_correction_status_to_str(uint32_t value);
+
+/** Altitude type: 0 barometric, 1 geometric. */
+AST_API const char *ast_altitude_type_to_str(uint32_t value);
+
+/** Source of a geometric altitude 0 to 7; any other is 0, no source. */
+AST_API uint32_t ast_geometric_altitude_source_from_int(uint32_t raw);
+AST_API const char *ast_geometric_altitude_source_to_str(uint32_t value);
+
+/** Source of a selected altitude 0 to 3; any other is 0, unknown. */
+AST_API uint32_t ast_selected_altitude_source_from_int(uint32_t raw);
+AST_API const char *ast_selected_altitude_source_to_str(uint32_t value, uint32_t style);
+
+/** Emergency status 0 to 7, of which 7 has no text; 8 is undefined. */
+AST_API uint32_t ast_emergency_status_from_int(uint32_t raw);
+AST_API const char *ast_emergency_status_to_str(uint32_t value);
+
+/** Friend-or-foe status: 0 no interrogation, 1 friend, 2 unknown, 3 no reply; any other is 0. */
+AST_API uint32_t ast_iff_status_from_int(uint32_t raw);
+AST_API const char *ast_iff_status_to_str(uint32_t value);
+
+/** Flight status of a transponder 0 to 5; 8 is undefined. */
+AST_API uint32_t ast_radar_flight_status_from_int(uint32_t raw);
+AST_API const char *ast_radar_flight_status_to_str(uint32_t value);
+
+/** "I048" for category 48, in a buffer of the calling thread. */
+AST_API const char *ast_category_to_str(uint32_t category);
 
 /* ===================================================================================================== categories ==
  * One group per category, in ascending order. */

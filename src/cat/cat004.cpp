@@ -2,7 +2,7 @@
 
 #include <iterator>
 
-#include "codec/category.hpp"
+#include "items/items.hpp"
 
 namespace {
 
@@ -62,19 +62,19 @@ AST_DEFINE_COMPOUND(kItem171, 004_171, kAircraft2, .unknown_id = kUnknownId)
 namespace {
 
 constexpr ItemRow kItems[] = {
-    {0, "Message Type", {fixed<1>}},
-    {10, "Data Source Identifier", {fixed<2>}},
-    {20, "Time of Message", {fixed<3>}},
-    {30, "Track Number 1", {fixed<2>}},
-    {35, "Track Number 2", {fixed<2>}},
+    {0, "Message Type", items::message_type},
+    {10, "Data Source Identifier", items::data_source_identifier},
+    {20, "Time of Message", items::time_of_day},
+    {30, "Track Number 1", items::track_number},
+    {35, "Track Number 2", items::track_number},
     {40, "Alert Identifier", {fixed<2>}},
     {60, "Safety Net Function & System Status", {variable<6>}},
-    {100, "Area Definition", {ast_dataitem_004_100_get_size}, &kItem100},
-    {120, "Conflict Characteristics", {ast_dataitem_004_120_get_size}, &kItem120},
-    {170, "Aircraft Identification & Characteristics 1", {ast_dataitem_004_170_get_size}, &kItem170},
-    {171, "Aircraft Identification & Characteristics 2", {ast_dataitem_004_171_get_size}, &kItem171},
-    {AST_ITEM_REF, "Reserved Expansion Field", {explicit_length}},
-    {AST_ITEM_SPF, "Special Purpose Field", {explicit_length}},
+    {100, "Area Definition", items::compound(ast_dataitem_004_100_get_size), &kItem100},
+    {120, "Conflict Characteristics", items::compound(ast_dataitem_004_120_get_size), &kItem120},
+    {170, "Aircraft Identification & Characteristics 1", items::compound(ast_dataitem_004_170_get_size), &kItem170},
+    {171, "Aircraft Identification & Characteristics 2", items::compound(ast_dataitem_004_171_get_size), &kItem171},
+    {AST_ITEM_REF, "Reserved Expansion Field", items::reserved_expansion_field},
+    {AST_ITEM_SPF, "Special Purpose Field", items::special_purpose_field},
 };
 
 } // namespace

@@ -1,6 +1,6 @@
 // Category 008: weather as one radar sees it, in vectors and contours.
 
-#include "codec/category.hpp"
+#include "items/items.hpp"
 
 using namespace ast;
 
@@ -23,20 +23,20 @@ uint64_t ast_dataitem_008_100_get_size(const uint8_t *data, uint64_t available) 
 namespace {
 
 constexpr ItemRow kItems[] = {
-    {0, "Message Type", {fixed<1>}},
-    {10, "Data Source Identifier", {fixed<2>}},
+    {0, "Message Type", items::message_type},
+    {10, "Data Source Identifier", items::data_source_identifier},
     {20, "Vector Qualifier", {variable<2>}},
     {34, "Sequence of Polar Vectors in SPF Notation", {repetitive<4>}},
     {36, "Sequence of Cartesian Vectors in SPF Notation", {repetitive<3>}},
     {38, "Sequence of Weather Vectors in SPF Notation", {repetitive<4>}},
     {40, "Contour Identifier", {fixed<2>}},
     {50, "Sequence of Contour Points in SPF Notation", {repetitive<2>}},
-    {90, "Time of Day", {fixed<3>}},
+    {90, "Time of Day", items::time_of_day},
     {100, "Processing Status", {ast_dataitem_008_100_get_size}},
-    {110, "Station Configuration Status", {variable<2>}},
+    {110, "Station Configuration Status", items::binary_data(variable<2>)},
     {120, "Total Number of Items Constituting One Weather Picture", {fixed<2>}},
-    {AST_ITEM_RFS, "Random Field Sequencing", {explicit_length}},
-    {AST_ITEM_SPF, "Special Purpose Field", {explicit_length}},
+    {AST_ITEM_RFS, "Random Field Sequencing", items::random_field_sequencing},
+    {AST_ITEM_SPF, "Special Purpose Field", items::special_purpose_field},
 };
 
 } // namespace

@@ -1,6 +1,6 @@
 // Category 010: monosensor surface movement reports, edition 1.1.
 
-#include "codec/category.hpp"
+#include "items/items.hpp"
 
 namespace {
 
@@ -8,27 +8,27 @@ using namespace ast;
 
 constexpr ItemRow kItems[] = {
     {0, "Message Type", {fixed<1>}},
-    {10, "Data Source Identifier", {fixed<2>}},
+    {10, "Data Source Identifier", items::data_source_identifier},
     {20, "Target Report Descriptor", {variable<3>}},
     {40, "Measured Position in Polar Co-ordinates", {fixed<4>}},
-    {41, "Position in WGS-84 Co-ordinates", {fixed<8>}},
+    {41, "Position in WGS-84 Co-ordinates", items::position_wgs84},
     {42, "Position in Cartesian Co-ordinates", {fixed<4>}},
-    {60, "Mode-3/A Code in Octal Representation", {fixed<2>}},
-    {90, "Flight Level in Binary Representation", {fixed<2>}},
-    {91, "Measured Height", {fixed<2>}},
+    {60, "Mode-3/A Code in Octal Representation", items::mode_3a_code},
+    {90, "Flight Level in Binary Representation", items::mode_c_code},
+    {91, "Measured Height", items::height},
     {131, "Amplitude of Primary Plot", {fixed<1>}},
-    {140, "Time of Day", {fixed<3>}},
-    {161, "Track Number", {fixed<2>}},
+    {140, "Time of Day", items::time_of_day},
+    {161, "Track Number", items::track_number},
     {170, "Track Status", {variable<3>}},
-    {200, "Calculated Track Velocity in Polar Co-ordinates", {fixed<4>}},
-    {202, "Calculated Track Velocity in Cartesian Co-ordinates", {fixed<4>}},
-    {220, "Target Address", {fixed<3>}},
-    {245, "Target Identification", {fixed<7>}},
+    {200, "Calculated Track Velocity in Polar Co-ordinates", items::velocity_polar},
+    {202, "Calculated Track Velocity in Cartesian Co-ordinates", items::velocity_cartesian},
+    {220, "Target Address", items::target_address},
+    {245, "Target Identification", items::target_id},
     {270, "Target Size and Orientation", {variable<3>}},
     {500, "Standard Deviation of Position", {fixed<4>}},
     {550, "System Status", {fixed<1>}},
-    {AST_ITEM_REF, "Reserved Expansion Field", {explicit_length}},
-    {AST_ITEM_SPF, "Special Purpose Field", {explicit_length}},
+    {AST_ITEM_REF, "Reserved Expansion Field", items::reserved_expansion_field},
+    {AST_ITEM_SPF, "Special Purpose Field", items::special_purpose_field},
 };
 
 } // namespace

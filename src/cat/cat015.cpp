@@ -2,7 +2,7 @@
 
 #include <iterator>
 
-#include "codec/category.hpp"
+#include "items/items.hpp"
 
 namespace {
 
@@ -89,27 +89,27 @@ namespace {
 // Rows without a size are known by name only: a record that carries one does not decode.
 constexpr ItemRow kItems[] = {
     {0, "Message Type", {fixed<1>}},
-    {10, "Data Source Identifier", {fixed<2>}},
+    {10, "Data Source Identifier", items::data_source_identifier},
     {15, "Service Identification"},
     {20, "Target Report Descriptor", {variable<1>}},
     {30, "Warning/Error Conditions"},
     {50, "Update Period"},
-    {145, "Time of Applicability", {fixed<3>}},
-    {161, "Track/Plot Number", {fixed<2>}},
+    {145, "Time of Applicability", items::time_of_day},
+    {161, "Track/Plot Number", items::track_number},
     {170, "Track/Plot Status", {fixed<1>}},
     {270, "Target Size & Orientation"},
     {300, "Object Classification", {repetitive<2>}},
     {400, "Measurement Identifier", {fixed<5>}},
     {480, "Associations", {repetitive<5>}},
-    {600, "Horizontal Position Information", {ast_dataitem_015_600_get_size}, &kItem600},
-    {601, "Geometric Height Information", {ast_dataitem_015_601_get_size}, &kItem601},
-    {602, "Horizontal Velocity Information", {ast_dataitem_015_602_get_size}, &kItem602},
+    {600, "Horizontal Position Information", items::compound(ast_dataitem_015_600_get_size), &kItem600},
+    {601, "Geometric Height Information", items::compound(ast_dataitem_015_601_get_size), &kItem601},
+    {602, "Horizontal Velocity Information", items::compound(ast_dataitem_015_602_get_size), &kItem602},
     {603, "Horizontal Acceleration Information"},
-    {604, "Vertical Velocity Information", {ast_dataitem_015_604_get_size}, &kItem604},
+    {604, "Vertical Velocity Information", items::compound(ast_dataitem_015_604_get_size), &kItem604},
     {605, "Vertical Acceleration Information"},
-    {625, "Range Information", {ast_dataitem_015_625_get_size}, &kItem625},
-    {626, "Doppler Information", {ast_dataitem_015_626_get_size}, &kItem626},
-    {627, "Azimuth Information", {ast_dataitem_015_627_get_size}, &kItem627},
+    {625, "Range Information", items::compound(ast_dataitem_015_625_get_size), &kItem625},
+    {626, "Doppler Information", items::compound(ast_dataitem_015_626_get_size), &kItem626},
+    {627, "Azimuth Information", items::compound(ast_dataitem_015_627_get_size), &kItem627},
     {628, "Elevation Information"},
     {630, "Path Quality"},
     {631, "Contour (Azimuth, Elevation Angle, Range Extent)"},

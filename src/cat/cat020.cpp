@@ -2,7 +2,7 @@
 
 #include <iterator>
 
-#include "codec/category.hpp"
+#include "items/items.hpp"
 
 namespace {
 
@@ -28,34 +28,34 @@ uint64_t ast_dataitem_020_500_get_size(const uint8_t *data, uint64_t available) 
 namespace {
 
 constexpr ItemRow kItems[] = {
-    {10, "Data Source Identifier", {fixed<2>}},
+    {10, "Data Source Identifier", items::data_source_identifier},
     {20, "Target Report Descriptor", {variable<3>}},
     {30, "Warning/Error Conditions", {variable<kUnlimitedOctets>}},
-    {41, "Position In WGS-84 Coordinates", {fixed<8>}},
-    {42, "Position in Cartesian Coordinates", {fixed<6>}},
+    {41, "Position In WGS-84 Coordinates", items::without_encoder(items::position_wgs84)},
+    {42, "Position in Cartesian Coordinates", items::position_cartesian},
     {50, "Mode-2 Code in Octal Representation", {fixed<2>}},
     {55, "Mode-1 Code in Octal Representation", {fixed<1>}},
-    {70, "Mode-3/A Code in Octal Representation", {fixed<2>}},
-    {90, "Flight Level in Binary Representation", {fixed<2>}},
+    {70, "Mode-3/A Code in Octal Representation", items::mode_3a_code},
+    {90, "Flight Level in Binary Representation", items::mode_c_code},
     {100, "Mode C Code", {fixed<4>}},
-    {105, "Geometric Height (WGS-84)", {fixed<2>}},
-    {110, "Measured Height (Local Cartesian Coordinates)", {fixed<2>}},
-    {140, "Time of Day", {fixed<3>}},
-    {161, "Track Number", {fixed<2>}},
+    {105, "Geometric Height (WGS-84)", items::height},
+    {110, "Measured Height (Local Cartesian Coordinates)", items::height},
+    {140, "Time of Day", items::time_of_day},
+    {161, "Track Number", items::track_number},
     {170, "Track Status", {variable<2>}},
-    {202, "Calculated Track Velocity in Cartesian Coordinates", {fixed<4>}},
+    {202, "Calculated Track Velocity in Cartesian Coordinates", items::velocity_cartesian},
     {210, "Calculated Acceleration", {fixed<2>}},
-    {220, "Target Address", {fixed<3>}},
+    {220, "Target Address", items::without_encoder(items::target_address)},
     {230, "Communications/ACAS Capability and Flight Status", {fixed<2>}},
-    {245, "Target Identification", {fixed<7>}},
-    {250, "BDS Register Data", {repetitive<8>}},
+    {245, "Target Identification", items::target_id},
+    {250, "BDS Register Data", items::modes_mb},
     {260, "ACAS Resolution Advisory Report", {fixed<7>}},
     {300, "Vehicle Fleet Identification", {fixed<1>}},
     {310, "Pre-programmed Message", {fixed<1>}},
     {400, "Contributing Devices", {repetitive<1>}},
     {500, "Position Accuracy", {ast_dataitem_020_500_get_size}},
-    {AST_ITEM_REF, "Reserved Expansion Field", {explicit_length}},
-    {AST_ITEM_SPF, "Special Purpose Field", {explicit_length}},
+    {AST_ITEM_REF, "Reserved Expansion Field", items::reserved_expansion_field},
+    {AST_ITEM_SPF, "Special Purpose Field", items::special_purpose_field},
 };
 
 } // namespace

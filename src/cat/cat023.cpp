@@ -1,6 +1,6 @@
 // Category 023: status and statistics of CNS/ATM ground stations.
 
-#include "codec/category.hpp"
+#include "items/items.hpp"
 
 namespace {
 
@@ -8,9 +8,9 @@ using namespace ast;
 
 constexpr ItemRow kItems[] = {
     {0, "Report Type", {fixed<1>}},
-    {10, "Data Source Identifier", {fixed<2>}},
+    {10, "Data Source Identifier", items::data_source_identifier},
     {15, "Service Type and Identification", {fixed<1>}},
-    {70, "Time of Day", {fixed<3>}},
+    {70, "Time of Day", items::time_of_day},
     {100, "Ground Station Status", {variable<2>}},
     {101, "Ground Station Configuration", {variable<2>}},
     {110, "Service Status", {variable<1>}},

@@ -2,7 +2,7 @@
 
 #include <iterator>
 
-#include "codec/category.hpp"
+#include "items/items.hpp"
 
 namespace {
 
@@ -38,19 +38,19 @@ AST_DEFINE_COMPOUND(kItem060, 034_060, kProcessingMode)
 namespace {
 
 constexpr ItemRow kItems[] = {
-    {0, "Message Type", {fixed<1>}},
-    {10, "Data Source Identifier", {fixed<2>}},
-    {20, "Sector Number", {fixed<1>}},
-    {30, "Time of Day", {fixed<3>}},
-    {41, "Antenna Rotation Period", {fixed<2>}},
-    {50, "Station Configuration & Status", {ast_dataitem_034_050_get_size}, &kItem050},
-    {60, "System Processing Mode", {ast_dataitem_034_060_get_size}, &kItem060},
+    {0, "Message Type", items::message_type},
+    {10, "Data Source Identifier", items::data_source_identifier},
+    {20, "Sector Number", items::sector_number},
+    {30, "Time of Day", items::time_of_day},
+    {41, "Antenna Rotation Period", items::antenna_rotation_period},
+    {50, "Station Configuration & Status", items::compound(ast_dataitem_034_050_get_size), &kItem050},
+    {60, "System Processing Mode", items::compound(ast_dataitem_034_060_get_size), &kItem060},
     {70, "Message Count Values", {repetitive<2>}},
     {90, "Collimation Error", {fixed<2>}},
     {110, "Data Filter", {fixed<1>}},
     {120, "3D-Position Of Data Source", {fixed<8>}},
-    {AST_ITEM_REF, "Reserved Expansion Field", {explicit_length}},
-    {AST_ITEM_SPF, "Special Purpose Field", {explicit_length}},
+    {AST_ITEM_REF, "Reserved Expansion Field", items::reserved_expansion_field},
+    {AST_ITEM_SPF, "Special Purpose Field", items::special_purpose_field},
 };
 
 } // namespace

@@ -2,7 +2,7 @@
 
 #include <iterator>
 
-#include "codec/category.hpp"
+#include "items/items.hpp"
 
 namespace {
 
@@ -157,35 +157,35 @@ uint64_t ast_dataitem_062_510_get_size(const uint8_t *data, uint64_t available) 
 namespace {
 
 constexpr ItemRow kItems[] = {
-    {10, "Data Source Identifier", {fixed<2>}},
-    {15, "Service Identification", {fixed<1>}},
-    {40, "Track Number", {fixed<2>}},
-    {60, "Track Mode 3/A Code", {fixed<2>}},
-    {70, "Time of Track Information", {fixed<3>}},
+    {10, "Data Source Identifier", items::data_source_identifier},
+    {15, "Service Identification", items::service_id},
+    {40, "Track Number", items::track_number},
+    {60, "Track Mode 3/A Code", items::mode_3a_code},
+    {70, "Time of Track Information", items::time_of_day},
     {80, "Track Status", {variable<6>}},
-    {100, "Calculated Track Position (Cartesian)", {fixed<6>}},
-    {105, "Calculated Position in WGS84 Coordinates", {fixed<8>}},
-    {110, "Mode 5 Data reports & Extended Mode 1 Code", {ast_dataitem_062_110_get_size}, &kItem110},
-    {120, "Track Mode 2 Code", {fixed<2>}},
+    {100, "Calculated Track Position (Cartesian)", items::position_cartesian},
+    {105, "Calculated Position in WGS84 Coordinates", items::without_encoder(items::position_wgs84)},
+    {110, "Mode 5 Data reports & Extended Mode 1 Code", items::compound(ast_dataitem_062_110_get_size), &kItem110},
+    {120, "Track Mode 2 Code", items::mode_3a_code},
     {130, "Calculated Track Geometric Altitude", {fixed<2>}},
     {135, "Calculated Track Barometric Altitude", {fixed<2>}},
     {136, "Measured Flight Level", {fixed<2>}},
-    {185, "Calculated Track Velocity (Cartesian)", {fixed<4>}},
+    {185, "Calculated Track Velocity (Cartesian)", items::velocity_cartesian},
     {200, "Mode of Movement", {fixed<1>}},
     {210, "Calculated Acceleration (Cartesian)", {fixed<2>}},
     {220, "Calculated Rate of Climb/Descent", {fixed<2>}},
-    {245, "Target Identification", {fixed<7>}},
+    {245, "Target Identification", items::target_id},
     {270, "Target Size & Orientation", {variable<3>}},
-    {290, "System Track Update Ages", {ast_dataitem_062_290_get_size}, &kItem290},
-    {295, "Track Data Age", {ast_dataitem_062_295_get_size}, &kItem295},
+    {290, "System Track Update Ages", items::compound(ast_dataitem_062_290_get_size), &kItem290},
+    {295, "Track Data Age", items::compound(ast_dataitem_062_295_get_size), &kItem295},
     {300, "Vehicle Fleet Identification", {fixed<1>}},
-    {340, "Measured Information", {ast_dataitem_062_340_get_size}, &kItem340},
-    {380, "Aircraft Derived Data", {ast_dataitem_062_380_get_size}, &kItem380},
-    {390, "Flight Plan Related Data", {ast_dataitem_062_390_get_size}, &kItem390},
-    {500, "Estimated Accuracies", {ast_dataitem_062_500_get_size}, &kItem500},
+    {340, "Measured Information", items::compound(ast_dataitem_062_340_get_size), &kItem340},
+    {380, "Aircraft Derived Data", items::compound(ast_dataitem_062_380_get_size), &kItem380},
+    {390, "Flight Plan Related Data", items::compound(ast_dataitem_062_390_get_size), &kItem390},
+    {500, "Estimated Accuracies", items::compound(ast_dataitem_062_500_get_size), &kItem500},
     {510, "Composed Track Number", {ast_dataitem_062_510_get_size}},
-    {AST_ITEM_REF, "Reserved Expansion Field", {explicit_length}},
-    {AST_ITEM_SPF, "Reserved For Special Purpose Indicator", {explicit_length}},
+    {AST_ITEM_REF, "Reserved Expansion Field", items::reserved_expansion_field},
+    {AST_ITEM_SPF, "Reserved For Special Purpose Indicator", items::special_purpose_field},
 };
 
 } // namespace

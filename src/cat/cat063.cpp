@@ -1,6 +1,6 @@
 // Category 063: status of the sensors that feed a surveillance data processing system.
 
-#include "codec/category.hpp"
+#include "items/items.hpp"
 
 namespace {
 
@@ -8,10 +8,10 @@ using namespace ast;
 
 // Rows without a size are known by name only: a record that carries one does not decode.
 constexpr ItemRow kItems[] = {
-    {10, "Data Source Identifier", {fixed<2>}},
-    {15, "Service Identification", {fixed<1>}},
-    {30, "Time of Message", {fixed<3>}},
-    {50, "Sensor Identifier", {fixed<2>}},
+    {10, "Data Source Identifier", items::data_source_identifier},
+    {15, "Service Identification", items::service_id},
+    {30, "Time of Message", items::time_of_day},
+    {50, "Sensor Identifier", items::data_source_identifier},
     {60, "Sensor Configuration and Status", {variable<2>}},
     {70, "Time Stamping Bias"},
     {80, "SSR/Mode S Range Gain and Bias"},
@@ -19,8 +19,8 @@ constexpr ItemRow kItems[] = {
     {90, "PSR Range Gain and Bias"},
     {91, "PSR Azimuth Bias"},
     {92, "PSR Elevation Bias"},
-    {AST_ITEM_REF, "Reserved Expansion Field", {explicit_length}},
-    {AST_ITEM_SPF, "Special Purpose Field", {explicit_length}},
+    {AST_ITEM_REF, "Reserved Expansion Field", items::reserved_expansion_field},
+    {AST_ITEM_SPF, "Special Purpose Field", items::special_purpose_field},
 };
 
 } // namespace

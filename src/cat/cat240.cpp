@@ -1,14 +1,14 @@
 // Category 240: radar video, in blocks of cell amplitudes per azimuth sector.
 
-#include "codec/category.hpp"
+#include "items/items.hpp"
 
 namespace {
 
 using namespace ast;
 
 constexpr ItemRow kItems[] = {
-    {0, "Message Type", {fixed<1>}},
-    {10, "Data Source Identifier", {fixed<2>}},
+    {0, "Message Type", items::message_type},
+    {10, "Data Source Identifier", items::data_source_identifier},
     {20, "Video Record Header", {fixed<4>}},
     {30, "Video Summary", {repetitive<1>}},
     {40, "Video Header Nano", {fixed<12>}},
@@ -18,10 +18,10 @@ constexpr ItemRow kItems[] = {
     {50, "Video Block Low Data Volume", {repetitive<4>}},
     {51, "Video Block Medium Data Volume", {repetitive<64>}},
     {52, "Video Block High Data Volume", {repetitive<256>}},
-    {140, "Time of Day", {fixed<3>}},
+    {140, "Time of Day", items::time_of_day},
     // These two read as unknown items.
-    {AST_ITEM_REF, nullptr, {explicit_length}},
-    {AST_ITEM_SPF, nullptr, {explicit_length}},
+    {AST_ITEM_REF, nullptr, items::reserved_expansion_field},
+    {AST_ITEM_SPF, nullptr, items::special_purpose_field},
 };
 
 } // namespace

@@ -30,15 +30,9 @@ struct SubfieldSize {
     uint8_t octets; // of the subfield, at most, or of one element
 };
 
-constexpr SubfieldSize octets(uint8_t count) {
-    return {SubfieldSize::Kind::Fixed, count};
-}
-constexpr SubfieldSize extended(uint8_t maximum) {
-    return {SubfieldSize::Kind::Extended, maximum};
-}
-constexpr SubfieldSize repeated(uint8_t element) {
-    return {SubfieldSize::Kind::Repeated, element};
-}
+constexpr SubfieldSize octets(uint8_t count) { return {SubfieldSize::Kind::Fixed, count}; }
+constexpr SubfieldSize extended(uint8_t maximum) { return {SubfieldSize::Kind::Extended, maximum}; }
+constexpr SubfieldSize repeated(uint8_t element) { return {SubfieldSize::Kind::Repeated, element}; }
 
 struct SubfieldRow {
     const char *id;

@@ -7,13 +7,9 @@ namespace {
 using namespace ast;
 
 // The presence bit of an FRN inside its octet.
-constexpr uint8_t frn_mask(uint32_t frn) {
-    return static_cast<uint8_t>(0x80 >> ((frn - 1) % kFrnsPerOctet));
-}
+constexpr uint8_t frn_mask(uint32_t frn) { return static_cast<uint8_t>(0x80 >> ((frn - 1) % kFrnsPerOctet)); }
 
-constexpr uint64_t frn_octet(uint32_t frn) {
-    return (frn - 1) / kFrnsPerOctet;
-}
+constexpr uint64_t frn_octet(uint32_t frn) { return (frn - 1) / kFrnsPerOctet; }
 
 } // namespace
 

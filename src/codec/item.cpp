@@ -113,9 +113,7 @@ uint64_t ast_dataitem_get_size_repeat(const uint8_t *data, uint64_t available, u
 }
 
 #define AST_DEFINE_SIZE_RULE(name, rule)                                                                               \
-    uint64_t ast_dataitem_##name(const uint8_t *data, uint64_t available) {                                            \
-        return rule(data, available);                                                                                  \
-    }
+    uint64_t ast_dataitem_##name(const uint8_t *data, uint64_t available) { return rule(data, available); }
 
 AST_DEFINE_SIZE_RULE(get_size_fixed_1_byte, fixed<1>)
 AST_DEFINE_SIZE_RULE(get_size_fixed_2_byte, fixed<2>)

@@ -25,8 +25,6 @@ inline ast_dataitem_t decode_item(const uint8_t *data, uint64_t available, ast_d
 }
 
 // Whether the octets of an item may be read.
-inline bool is_readable(const ast_dataitem_t *item) {
-    return item && item->valid && item->data;
-}
+inline bool is_readable(const ast_dataitem_t *item) { return item && item->valid && item->data; }
 
 } // namespace ast

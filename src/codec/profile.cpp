@@ -189,9 +189,7 @@ ast_dataitem_type_t ast_uap_get_dataitem_standard(uint32_t category, uint32_t fr
 }
 
 #define AST_DEFINE_VARIANT(name, overrides)                                                                            \
-    uint32_t ast_uap_max_frn_##name(uint32_t category) {                                                               \
-        return variant_max_frn(overrides, category);                                                                   \
-    }                                                                                                                  \
+    uint32_t ast_uap_max_frn_##name(uint32_t category) { return variant_max_frn(overrides, category); }                \
     ast_dataitem_type_t ast_uap_get_dataitem_##name(uint32_t category, uint32_t frn) {                                 \
         return variant_item(overrides, category, frn);                                                                 \
     }

@@ -19,9 +19,7 @@ const ast_dataitem_src_t *find_source(const ast_dataitem_src_t *sources, uint64_
 }
 
 // An item count that the caller filled in, as far as its array reaches.
-uint64_t listed(uint64_t count) {
-    return std::min<uint64_t>(count, AST_DATARECORD_MAX_ITEMS);
-}
+uint64_t listed(uint64_t count) { return std::min<uint64_t>(count, AST_DATARECORD_MAX_ITEMS); }
 
 // The sources of a record by FRN under its profile, in ascending order.
 template <typename Visitor>

@@ -57,8 +57,6 @@ uint64_t repetitive(const uint8_t *data, uint64_t available) {
 }
 
 // The first octet is the length and counts itself. It is not compared with what is available: who reads on does that.
-inline uint64_t explicit_length(const uint8_t *data, uint64_t available) {
-    return data && available ? data[0] : 0;
-}
+inline uint64_t explicit_length(const uint8_t *data, uint64_t available) { return data && available ? data[0] : 0; }
 
 } // namespace ast

@@ -7,24 +7,51 @@
 
 namespace ast {
 
-inline uint32_t read_u16(const uint8_t *octets) {
-    return uint32_t{octets[0]} << 8 | octets[1];
-}
+inline uint32_t read_u16(const uint8_t *octets) { return uint32_t{octets[0]} << 8 | octets[1]; }
+inline uint32_t read_u24(const uint8_t *octets) { return read_u16(octets) << 8 | octets[2]; }
+inline uint32_t read_u32(const uint8_t *octets) { return read_u16(octets) << 16 | read_u16(octets + 2); }
 
 inline void write_u16(uint8_t *octets, uint32_t value) {
     octets[0] = static_cast<uint8_t>(value >> 8);
     octets[1] = static_cast<uint8_t>(value);
 }
 
-// One bit of one octet: bit(octet, 8) is the most significant.
-constexpr bool bit(uint8_t octet, unsigned number) {
-    return (octet >> (number - 1) & 1) != 0;
+inline void write_u24(uint8_t *octets, uint32_t value) {
+    octets[0] = static_cast<uint8_t>(value >> 16);
+    write_u16(octets + 1, value);
 }
 
-// Bit 1 of an octet is its field extension indicator: another octet of the same field follows.
-constexpr bool has_fx(uint8_t octet) {
-    return bit(octet, 1);
+inline void write_u32(uint8_t *octets, uint32_t value) {
+    write_u16(octets, value >> 16);
+    write_u16(octets + 2, value);
 }
+
+// One bit of one octet: bit(octet, 8) is the most significant.
+constexpr bool bit(uint8_t octet, unsigned number) { return (octet >> (number - 1) & 1) != 0; }
+
+// The bits `from` down to `to` of one octet as a number: bits(octet, 8, 6) is its three most significant.
+constexpr uint32_t bits(uint8_t octet, unsigned from, unsigned to) {
+    return uint32_t{octet} >> (to - 1) & ((UINT32_C(1) << (from - to + 1)) - 1);
+}
+
+// A field that may cross octets, by bits counted from 1 at the most significant bit of the first octet, as Mode S
+// registers number them: field(octets, 9, 14) is the upper six bits of the second octet. At most 32 bits.
+constexpr uint32_t field(const uint8_t *octets, unsigned first, unsigned last) {
+    uint64_t value = 0;
+    for (unsigned octet = (first - 1) / 8; octet <= (last - 1) / 8; ++octet) value = value << 8 | octets[octet];
+    const unsigned width = last - first + 1;
+    return static_cast<uint32_t>(value >> (7 - (last - 1) % 8) & ((UINT64_C(1) << width) - 1));
+}
+
+// A number at its place in an octet that is put together: placed(2, 8, 6) is 2 in the three most significant bits.
+constexpr uint8_t placed(uint32_t value, unsigned from, unsigned to) {
+    return static_cast<uint8_t>((value & ((UINT32_C(1) << (from - to + 1)) - 1)) << (to - 1));
+}
+
+constexpr uint8_t placed(bool value, unsigned number) { return placed(uint32_t{value}, number, number); }
+
+// Bit 1 of an octet is its field extension indicator: another octet of the same field follows.
+constexpr bool has_fx(uint8_t octet) { return bit(octet, 1); }
 
 constexpr uint8_t kFx = 0x01;
 
@@ -36,10 +63,16 @@ constexpr unsigned bits_set(unsigned octet) {
     return (octet + (octet >> 4)) & 0x0F;
 }
 
-// The low `width` bits of a raw field as a two's complement number.
+// ---- Sign rules: how the low `width` bits of a raw field read as a signed number, and how one is written ----
+
+// Two's complement.
 constexpr int32_t twos_complement(uint32_t raw, unsigned width) {
     const unsigned unused = 32 - width;
     return static_cast<int32_t>(raw << unused) >> unused;
 }
+
+// Encoders of some positions and levels write a negative number as 2^width - 1 + value, the one's complement of its
+// magnitude. It reads back one lower than it was written; receivers are tuned to these octets.
+constexpr uint32_t one_below_when_negative(int32_t value) { return static_cast<uint32_t>(value) - (value < 0 ? 1U : 0U); }
 
 } // namespace ast

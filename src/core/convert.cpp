@@ -49,12 +49,8 @@ Decimals decimals(double angle, const Sexagesimal &parts, double per_second) {
 }
 
 // Zero belongs to the south and the west.
-char north_or_south(double latitude) {
-    return latitude > 0 ? 'N' : 'S';
-}
-char east_or_west(double longitude) {
-    return longitude > 0 ? 'E' : 'W';
-}
+char north_or_south(double latitude) { return latitude > 0 ? 'N' : 'S'; }
+char east_or_west(double longitude) { return longitude > 0 ? 'E' : 'W'; }
 
 const char *print_decimal_seconds(char *text, uint64_t capacity, const char *format, double latitude, double longitude,
                                   double per_second) {
@@ -78,9 +74,7 @@ uint32_t assemble(const uint8_t *octets, uint32_t count, uint8_t first_mask) {
     return value;
 }
 
-constexpr bool is_digit(char c) {
-    return c >= '0' && c <= '9';
-}
+constexpr bool is_digit(char c) { return c >= '0' && c <= '9'; }
 
 } // namespace
 

@@ -22,15 +22,9 @@ std::atomic<ast_log_handler_t *> sink{ast_log_stdout};
 
 } // namespace
 
-uint32_t ast_library_version_major() {
-    return kVersionMajor;
-}
-uint32_t ast_library_version_minor() {
-    return kVersionMinor;
-}
-uint32_t ast_library_version_patch() {
-    return kVersionPatch;
-}
+uint32_t ast_library_version_major() { return kVersionMajor; }
+uint32_t ast_library_version_minor() { return kVersionMinor; }
+uint32_t ast_library_version_patch() { return kVersionPatch; }
 
 const char *ast_library_version() {
     thread_local char text[10];
@@ -44,39 +38,25 @@ const char *ast_library_revision() {
     return text;
 }
 
-const char *ast_library_build() {
-    return "Aug 20 2026";
-}
-const char *ast_library_about() {
-    return "ast: decodes and encodes ASTERIX surveillance data";
-}
-const char *ast_library_contact() {
-    return "https://www.eurocontrol.int/asterix";
-}
+const char *ast_library_build() { return "Aug 20 2026"; }
+const char *ast_library_about() { return "ast: decodes and encodes ASTERIX surveillance data"; }
+const char *ast_library_contact() { return "https://www.eurocontrol.int/asterix"; }
 
 bool ast_library_init() {
     ast_library_reset_option();
     return true;
 }
 
-void ast_library_set_option(uint32_t bits) {
-    options.fetch_or(bits, std::memory_order_relaxed);
-}
-void ast_library_unset_option(uint32_t bits) {
-    options.fetch_and(~bits, std::memory_order_relaxed);
-}
-void ast_library_reset_option() {
-    options.store(0, std::memory_order_relaxed);
-}
+void ast_library_set_option(uint32_t bits) { options.fetch_or(bits, std::memory_order_relaxed); }
+void ast_library_unset_option(uint32_t bits) { options.fetch_and(~bits, std::memory_order_relaxed); }
+void ast_library_reset_option() { options.store(0, std::memory_order_relaxed); }
 
 bool ast_library_test_option(uint32_t bits) {
     const uint32_t set = options.load(std::memory_order_relaxed);
     return bits ? (set & bits) != 0 : set == 0;
 }
 
-void ast_log_handler_reg(ast_log_handler_t *handler) {
-    sink.store(handler, std::memory_order_relaxed);
-}
+void ast_log_handler_reg(ast_log_handler_t *handler) { sink.store(handler, std::memory_order_relaxed); }
 
 void ast_log(uint32_t level, const char *format, ...) {
     ast_log_handler_t *const handler = sink.load(std::memory_order_relaxed);

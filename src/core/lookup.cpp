@@ -23,9 +23,7 @@ void fill_missing(Text *&...texts) {
 
 } // namespace
 
-void ast_reg_callback_sac_get_info(ast_sac_get_info_t *lookup) {
-    sac_lookup.store(lookup, std::memory_order_relaxed);
-}
+void ast_reg_callback_sac_get_info(ast_sac_get_info_t *lookup) { sac_lookup.store(lookup, std::memory_order_relaxed); }
 
 void ast_reg_callback_sacsic_get_sensor(ast_sacsic_get_sensor_t *lookup) {
     sensor_lookup.store(lookup, std::memory_order_relaxed);
@@ -59,9 +57,7 @@ ast_sensor_list_t sensors(uint32_t sac, uint32_t sic) {
     return list;
 }
 
-bool has_country_lookup() {
-    return country_lookup.load(std::memory_order_relaxed) != nullptr;
-}
+bool has_country_lookup() { return country_lookup.load(std::memory_order_relaxed) != nullptr; }
 
 ast_country_t aircraft_country(uint32_t address, const ast_dataitem_t *item) {
     ast_country_t country{};

@@ -26,6 +26,15 @@ public:
     void print(const char *format, ...) AST_MEMBER_PRINTF(2, 3);
     void print_list(const char *format, va_list arguments) AST_MEMBER_PRINTF(2, 0);
 
+    // Lets `write` fill the rest of the buffer, given as (text, capacity), with a terminated text. Only that piece is
+    // measured.
+    template <typename Write>
+    void append_with(Write write) {
+        if (!room_) return;
+        write(cursor_, room_ + 1);
+        advance(std::string_view(cursor_).size());
+    }
+
     // Characters written so far, the terminator not counted.
     uint64_t length() const { return length_; }
 
@@ -44,13 +53,16 @@ public:
     explicit Cell(const char *format, ...) AST_MEMBER_PRINTF(2, 3) {
         va_list arguments;
         va_start(arguments, format);
-        TextWriter(text_, Capacity).print_list(format, arguments);
+        TextWriter out(text_, Capacity);
+        out.print_list(format, arguments);
+        length_ = out.length();
         va_end(arguments);
     }
-    const char *c_str() const { return text_; }
+    operator std::string_view() const { return {text_, length_}; }
 
 private:
     char text_[Capacity];
+    uint64_t length_;
 };
 
 constexpr uint64_t kBinaryOctetChars = 8;
@@ -59,6 +71,12 @@ constexpr uint64_t kBinaryOctetChars = 8;
 inline void write_binary_octet(char *text, uint8_t octet) {
     for (uint64_t i = 0; i < kBinaryOctetChars; ++i) text[i] = (octet << i & 0x80) != 0 ? '1' : '0';
     text[kBinaryOctetChars] = '\0';
+}
+
+// The text of a code from a list in the order of the codes, or the fallback for a code beyond it.
+template <uint64_t N>
+constexpr const char *text_of(const char *const (&texts)[N], uint64_t code, const char *fallback) {
+    return code < N ? texts[code] : fallback;
 }
 
 // Replaces the text in a buffer by another one.

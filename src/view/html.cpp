@@ -61,9 +61,7 @@ void HtmlWriter::table_begin() {
     next_row_is_even = false;
 }
 
-void HtmlWriter::table_end() {
-    append("</table><br/>");
-}
+void HtmlWriter::table_end() { append("</table><br/>"); }
 
 void HtmlWriter::header_row(std::initializer_list<std::string_view> cells) {
     row_begin(true);
@@ -146,9 +144,7 @@ void HtmlWriter::map_link(uint32_t service, double latitude, double longitude) {
 
 // The writer under its exported names.
 
-void ast_html_set_flavor(uint32_t value) {
-    flavor.store(value, std::memory_order_relaxed);
-}
+void ast_html_set_flavor(uint32_t value) { flavor.store(value, std::memory_order_relaxed); }
 
 void ast_html_gen_title_h4(char *text, uint64_t capacity, const char *format, ...) {
     va_list arguments;
@@ -164,9 +160,7 @@ void ast_html_gen_para(char *text, uint64_t capacity, const char *format, ...) {
     va_end(arguments);
 }
 
-void ast_html_gen_table_begin(char *text, uint64_t capacity) {
-    HtmlWriter(text, capacity).table_begin();
-}
+void ast_html_gen_table_begin(char *text, uint64_t capacity) { HtmlWriter(text, capacity).table_begin(); }
 
 void ast_html_gen_table_row(char *text, uint64_t capacity, int32_t header, ...) {
     HtmlWriter html(text, capacity);
@@ -182,9 +176,7 @@ void ast_html_gen_table_row(char *text, uint64_t capacity, int32_t header, ...) 
     html.row_end(header != 0);
 }
 
-void ast_html_gen_table_end(char *text, uint64_t capacity) {
-    HtmlWriter(text, capacity).table_end();
-}
+void ast_html_gen_table_end(char *text, uint64_t capacity) { HtmlWriter(text, capacity).table_end(); }
 
 void ast_html_gen_hex_table(char *text, uint64_t capacity, const uint8_t *octets, uint64_t count) {
     HtmlWriter(text, capacity).hex_table(octets, count);

@@ -36,4 +36,25 @@ private:
     void open_table(std::string_view css_class);
 };
 
+// A detail view's table: begins with its header row, takes data rows, and ends with its life.
+class DetailTable {
+public:
+    template <typename... Cells>
+    explicit DetailTable(HtmlWriter &html, const Cells &...cells) : html_(html) {
+        html_.table_begin();
+        html_.header_row({std::string_view(cells)...});
+    }
+    ~DetailTable() { html_.table_end(); }
+    DetailTable(const DetailTable &) = delete;
+    DetailTable &operator=(const DetailTable &) = delete;
+
+    template <typename... Cells>
+    void row(const Cells &...cells) {
+        html_.row({std::string_view(cells)...});
+    }
+
+private:
+    HtmlWriter &html_;
+};
+
 } // namespace ast

@@ -24,9 +24,7 @@ void ast_dataitem_get_detail_html(char *text, uint64_t capacity, const ast_datai
     if (const auto get_detail = ast_dataitem_get_func(item->type).get_detail_html) get_detail(text, capacity, item);
 }
 
-void ast_dataitem_get_detail_html_dummy(char *text, uint64_t capacity) {
-    set_text(text, capacity, "");
-}
+void ast_dataitem_get_detail_html_dummy(char *text, uint64_t capacity) { set_text(text, capacity, ""); }
 
 void ast_dataitem_get_hex_str(char *text, uint64_t capacity, const ast_dataitem_t *item) {
     TextWriter out(text, capacity);

@@ -1,0 +1,59 @@
+// Compound items as a list of their subfields, and each present subfield as its handlers show it.
+
+#include "codec/category.hpp"
+#include "codec/item.hpp"
+#include "view/html.hpp"
+
+namespace {
+
+using namespace ast;
+
+constexpr uint64_t kSummaryChars = 64;
+
+// A subfield's own view appends where the fragment stands.
+template <typename View>
+void append_view(HtmlWriter &html, View view, const ast_dataitem_t *item, uint32_t subfield_type) {
+    html.append_with([&](char *text, uint64_t capacity) { view(text, capacity, item, subfield_type); });
+}
+
+void write_table(HtmlWriter &html, const ast_dataitem_t *item, const ast_subfields_t &decoded) {
+    DetailTable table(html, "Subfield", "ID", "Name", "Size", "Existing", "Summary");
+    for (uint64_t i = 0; i < decoded.subfield_count; ++i) {
+        const ast_subfield_t &subfield = decoded.subfields[i];
+        char summary[kSummaryChars];
+        ast_subfield_get_summary(summary, sizeof summary, item, subfield.type);
+        // A number of two digits shows its first.
+        table.row(Cell<2>("%zu", static_cast<size_t>(i + 1)), ast_subfield_get_id(subfield.type),
+                  ast_subfield_get_name(subfield.type), Cell<4>("%zu", static_cast<size_t>(subfield.size)),
+                  subfield.present ? "1" : "0", summary);
+    }
+}
+
+void write_subfield(HtmlWriter &html, const ast_dataitem_t *item, const ast_subfield_t &subfield, uint64_t number) {
+    html.title("Subfield #%u - %s", static_cast<unsigned>(number), ast_subfield_get_name(subfield.type));
+    html.bit_table(subfield.data, subfield.size);
+    html.paragraph("%s", "");
+    if (const auto view = ast_subfield_get_func(subfield.type).get_detail_html)
+        append_view(html, view, item, subfield.type);
+}
+
+} // namespace
+
+void ast_dataitem_subfields_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item) {
+    TextWriter out(text, capacity);
+    const ast_subfields_t decoded = ast_dataitem_subfields_decode(item);
+    if (!decoded.valid) return;
+    unsigned present = 0;
+    for (const ast_subfield_t &subfield : decoded.subfields) present += subfield.present;
+    out.print("SUBFIELDS:%02u/%02u", present, static_cast<unsigned>(decoded.subfield_count));
+}
+
+void ast_dataitem_subfields_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item) {
+    HtmlWriter html(text, capacity);
+    const ast_subfields_t decoded = ast_dataitem_subfields_decode(item);
+    if (!decoded.valid) return;
+    html.title("Primary Subfield");
+    write_table(html, item, decoded);
+    for (uint64_t i = 0; i < decoded.subfield_count; ++i)
+        if (decoded.subfields[i].present) write_subfield(html, item, decoded.subfields[i], i + 1);
+}

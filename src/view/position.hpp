@@ -1,0 +1,25 @@
+// The rows in which every detail view shows a WGS-84 position.
+#pragma once
+
+#include "view/html.hpp"
+
+namespace ast {
+
+constexpr char kWgs84Item[] = "WGS84_COORDINATES";
+
+// The position in degrees, minutes and seconds, in three precisions.
+inline void write_position_texts(DetailTable &table, std::string_view octets, double latitude, double longitude) {
+    for (const auto to_text : {ast_latlong_to_str, ast_latlong_to_str_high, ast_latlong_to_str_very_high})
+        table.row(octets, kWgs84Item, to_text(latitude, longitude));
+}
+
+// A link to the position on each map service.
+inline void write_map_links(DetailTable &table, std::string_view octets, double latitude, double longitude) {
+    for (uint32_t service = AST_MAP_GOOGLE; service <= AST_MAP_BAIDU; ++service) {
+        char link[512];
+        HtmlWriter(link, sizeof link).map_link(service, latitude, longitude);
+        table.row(octets, kWgs84Item, link);
+    }
+}
+
+} // namespace ast

@@ -33,9 +33,7 @@ std::vector<uint8_t> recording_of(const Sample &sample) {
     return recording;
 }
 
-size_t block_length(const uint8_t *block) {
-    return static_cast<size_t>(block[1]) << 8 | block[2];
-}
+size_t block_length(const uint8_t *block) { return static_cast<size_t>(block[1]) << 8 | block[2]; }
 
 template <typename Visitor>
 void each_block(const std::vector<uint8_t> &recording, Visitor visit) {
@@ -119,6 +117,44 @@ void decode_blocks(benchmark::State &state, const Sample &sample, BlockDecoder *
     count(state, recording.size());
 }
 
+// A plot as a sender has it before it is encoded: the values of seven items.
+struct Plot {
+    ast_sac_sic_t source = {.valid = true, .sac = 25, .sic = 12};
+    ast_time_of_day_t time = {.valid = true, .hour = 7, .minute = 33, .second = 41};
+    ast_mode_3a_t mode_3a = {.valid = true, .code = 05123};
+    ast_mode_c_t flight_level = {.valid = true, .validated = true, .flight_level = 1400};
+    ast_target_address_t address = {.valid = true, .address = 0x4BA9D1};
+    ast_aircraft_id_t identification = {.valid = true, .text = "THY1AB"};
+    ast_uint_value_t track_number = {.valid = true, .value = 303};
+
+    ast_datarecord_src_t record() {
+        return {.category = 48,
+                .uap = AST_UAP_STANDARD,
+                .items = {{48010, &source},
+                          {48140, &time},
+                          {48070, &mode_3a},
+                          {48090, &flight_level},
+                          {48220, &address},
+                          {48240, &identification},
+                          {48161, &track_number}},
+                .item_count = 7};
+    }
+};
+
+void encode_record(benchmark::State &state) {
+    static Plot plot;
+    static const ast_datarecord_src_t source = plot.record();
+    static uint8_t octets[64];
+    ast_datarecord_t record{};
+    for ([[maybe_unused]] const auto _ : state) {
+        record = ast_datarecord_encode(octets, sizeof octets, &source);
+        benchmark::DoNotOptimize(octets);
+    }
+    if (!record.valid) state.SkipWithError("the record does not encode");
+    state.SetItemsProcessed(state.iterations());
+    state.SetBytesProcessed(state.iterations() * static_cast<int64_t>(record.size));
+}
+
 // A figure for octets that do not decode would mean nothing.
 void require_valid(const Sample &sample, BlockDecoder *decode) {
     each_block(recording_of(sample), [&](const uint8_t *data, size_t available) {
@@ -151,6 +187,8 @@ int main(int argc, char **argv) {
     const Sample &adsb = bench::kSamples.back();
     require_valid(adsb, smart_decode_block);
     benchmark::RegisterBenchmark("021: smart decode blocks", decode_blocks, adsb, smart_decode_block);
+
+    benchmark::RegisterBenchmark("048: encode a record of 7 items", encode_record);
 
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();

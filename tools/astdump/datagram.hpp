@@ -1,0 +1,37 @@
+// What every source yields: octets that hold blocks back to back, and where they come from.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+
+namespace astdump {
+
+using Octets = std::span<const uint8_t>;
+
+struct Time {
+    int64_t seconds; // since 1970-01-01 00:00 UTC
+    uint32_t nanoseconds;
+};
+
+struct Endpoint {
+    std::string address;
+    uint16_t port;
+};
+
+struct Endpoints {
+    Endpoint source;
+    Endpoint destination;
+};
+
+struct Datagram {
+    Octets octets;                  // good until the source is asked for the next one
+    uint64_t packet = 0;            // number in its capture, counted from 1; 0 where there are no packets
+    uint64_t offset = 0;            // of the first octet in its file, where there are no packets
+    std::optional<uint64_t> unread; // octets of the file, from the first of these on, when no block can follow them
+    std::optional<Time> time;
+    std::optional<Endpoints> endpoints;
+};
+
+} // namespace astdump

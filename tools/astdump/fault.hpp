@@ -1,0 +1,26 @@
+// Where and why a block cannot be decoded further.
+#pragma once
+
+#include <string>
+
+#include "ast.h"
+#include "datagram.hpp"
+
+namespace astdump {
+
+// The place where the records of a block stop making sense under one profile.
+struct Fault {
+    uint64_t octets = 0;     // of the block decoded before it
+    ast_datarecord_t record; // in which it lies, as far as that goes; valid when it is one record too many
+};
+
+// Takes over the library's log. It is not shown, since attempts with a profile that does not fit log, too, but the last
+// message on the item at a fault is its reason.
+void keep_library_log();
+
+// Where a block that is not valid stops; the record at that place is read by `uap`.
+Fault find_fault(const ast_datablock_t &block, Octets octets, const ast_uap_t &uap);
+
+std::string fault_reason(const Fault &fault, Octets block);
+
+} // namespace astdump

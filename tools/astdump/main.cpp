@@ -1,0 +1,49 @@
+// astdump: shows the ASTERIX surveillance data in captures and recordings.
+
+#include <csignal>
+#include <cstdio>
+#include <exception>
+
+#include "listing.hpp"
+#include "options.hpp"
+#include "run.hpp"
+#include "stats.hpp"
+
+namespace {
+
+using namespace astdump;
+
+bool use_color(const Options &options, std::FILE *file) {
+    return options.color == "always" || (options.color == "auto" && is_terminal(file));
+}
+
+std::vector<std::unique_ptr<Sink>> make_sinks(const Options &options) {
+    std::vector<std::unique_ptr<Sink>> sinks;
+    const bool color = use_color(options, stdout);
+    if (options.stats)
+        sinks.push_back(std::make_unique<Stats>(stdout, color));
+    else if (!options.quiet)
+        sinks.push_back(std::make_unique<Listing>(stdout, color, columns(stdout), options.files.size() > 1));
+    return sinks;
+}
+
+// A listing on a terminal shows by itself how far the work has got.
+bool wants_progress(const Options &options) { return options.quiet || options.stats || !is_terminal(stdout); }
+
+int run(const Options &options) {
+    Damage damage(use_color(options, stderr));
+    Run run(options, make_sinks(options), damage, Progress(wants_progress(options)));
+    return run.files();
+}
+
+} // namespace
+
+int main(int argc, char **argv) try {
+    // Writing to a pipe that nobody reads any more then fails, and the run ends early, without a word.
+    std::signal(SIGPIPE, SIG_IGN);
+    const CommandLine command_line = read_command_line(argc, argv);
+    return command_line.options ? run(*command_line.options) : command_line.status;
+} catch (const std::exception &error) {
+    std::fprintf(stderr, "astdump: %s\n", error.what());
+    return kExitUnusable;
+}

@@ -1,0 +1,60 @@
+#include "octet_stream.hpp"
+
+#include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace astdump {
+
+namespace {
+
+[[noreturn]] void fail() { throw std::system_error(errno, std::generic_category()); }
+
+} // namespace
+
+OctetStream::OctetStream(const std::string &path)
+    : descriptor_(path == "-" ? STDIN_FILENO : ::open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
+    if (descriptor_ < 0) fail();
+    struct stat status {};
+    if (::fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode)) size_ = static_cast<uint64_t>(status.st_size);
+}
+
+OctetStream::~OctetStream() {
+    if (descriptor_ != STDIN_FILENO) ::close(descriptor_);
+}
+
+size_t OctetStream::read_file(uint8_t *buffer, size_t count) {
+    for (;;) {
+        const ssize_t got = ::read(descriptor_, buffer, count);
+        if (got >= 0) return static_cast<size_t>(got);
+        if (errno != EINTR) fail();
+    }
+}
+
+Octets OctetStream::peek(size_t count) {
+    while (peeked_.size() < count) {
+        const size_t had = peeked_.size();
+        peeked_.resize(count);
+        const size_t got = read_file(peeked_.data() + had, count - had);
+        peeked_.resize(had + got);
+        if (got == 0) break;
+    }
+    return Octets(peeked_).first(std::min(count, peeked_.size()));
+}
+
+size_t OctetStream::read(uint8_t *buffer, size_t count) {
+    size_t got = std::min(count, peeked_.size());
+    if (got > 0) {
+        std::copy_n(peeked_.begin(), got, buffer);
+        peeked_.erase(peeked_.begin(), peeked_.begin() + static_cast<std::ptrdiff_t>(got));
+    } else {
+        got = read_file(buffer, count);
+    }
+    consumed_ += got;
+    return got;
+}
+
+} // namespace astdump

@@ -1,0 +1,40 @@
+// A file or standard input as a stream whose first octets can be looked at before they are read.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "datagram.hpp"
+
+namespace astdump {
+
+class OctetStream {
+public:
+    // "-" is standard input. Throws std::system_error when the file cannot be opened.
+    explicit OctetStream(const std::string &path);
+    ~OctetStream();
+    OctetStream(const OctetStream &) = delete;
+    OctetStream &operator=(const OctetStream &) = delete;
+
+    // The next octets, at most `count`, fewer only at the end. Throws std::system_error.
+    Octets peek(size_t count);
+
+    // Takes up to `count` octets; 0 is the end. Throws std::system_error.
+    size_t read(uint8_t *buffer, size_t count);
+
+    uint64_t consumed() const { return consumed_; }
+
+    // The size of a regular file; nothing for a pipe or a terminal.
+    std::optional<uint64_t> size() const { return size_; }
+
+private:
+    size_t read_file(uint8_t *buffer, size_t count);
+
+    int descriptor_;
+    std::vector<uint8_t> peeked_;
+    uint64_t consumed_ = 0;
+    std::optional<uint64_t> size_;
+};
+
+} // namespace astdump

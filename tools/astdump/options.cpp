@@ -1,0 +1,102 @@
+#include "options.hpp"
+
+#include <CLI/CLI.hpp>
+#include <charconv>
+#include <string_view>
+
+namespace astdump {
+
+namespace {
+
+constexpr const char *kExamples =
+    R"(Captures may be pcap or pcapng, of Ethernet with or without VLAN tags, Linux cooked, loopback or raw IP, with UDP
+over IPv4 or IPv6; any other file is read as blocks one after the other. The kind is told by content. Long items are
+wrapped to the width of the terminal, or to 120 columns elsewhere.
+
+Exit status: 0 when all is well, 1 when a block or the input is damaged, 2 for a mistake on the command line or a file
+that cannot be read.
+
+Examples:
+  astdump recording.pcap                     list all blocks
+  astdump --category 34,48 --count 10 a.pcap the first ten blocks of a radar
+  astdump --stats recording.pcapng           count blocks, records and items
+  astdump --quiet *.ast || echo damaged      check files in a script
+  astdump --uap cat021-2.1 adsb.pcap         read category 021 as edition 2.1
+  tcpdump -i eth0 -w - udp | astdump -       look at live traffic)";
+
+std::optional<unsigned> read_category(std::string_view text) {
+    unsigned category = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), category);
+    if (error != std::errc() || end != text.data() + text.size() || category > 255) return std::nullopt;
+    return category;
+}
+
+// One entry of a list, "48" or "1-21".
+bool add_range(CategorySet &categories, std::string_view entry) {
+    const size_t dash = entry.find('-');
+    const auto first = read_category(entry.substr(0, dash));
+    const auto last = dash == std::string_view::npos ? first : read_category(entry.substr(dash + 1));
+    if (!first || !last || *first > *last) return false;
+    for (unsigned category = *first; category <= *last; ++category) categories.set(category);
+    return true;
+}
+
+std::vector<std::string> profile_names() {
+    std::vector<std::string> names = {"auto"};
+    for (const Profile &profile : profiles()) names.emplace_back(profile.name);
+    return names;
+}
+
+struct Texts {
+    std::string profile = "auto";
+    std::string categories = "0-255";
+};
+
+void describe(CLI::App &app, Options &options, Texts &texts) {
+    app.add_option("FILE", options.files, "Captures and files of raw blocks; - is standard input")->required();
+    app.add_option("--uap", texts.profile, "Profile to decode with; auto tries them all")
+        ->check(CLI::IsMember(profile_names()))
+        ->capture_default_str();
+    app.add_option("--category", texts.categories, "Categories to show, such as 34,48 or 1-21")
+        ->check([](const std::string &list) {
+            return read_categories(list) ? std::string() : "'" + list + "' is not a list of categories";
+        })
+        ->type_name("LIST");
+    app.add_option("--count", options.count, "Stop after N blocks")->type_name("N");
+    app.add_flag("--stats", options.stats, "Instead of the listing, count by category and by item");
+    app.add_flag("--quiet", options.quiet, "No listing, only reports of damage");
+    app.add_option("--color", options.color, "When to use colours")
+        ->check(CLI::IsMember({"auto", "always", "never"}))
+        ->capture_default_str();
+    app.set_version_flag("--version", std::string("astdump ") + ast_library_version());
+    app.footer(kExamples);
+}
+
+} // namespace
+
+std::optional<CategorySet> read_categories(const std::string &list) {
+    CategorySet categories;
+    for (size_t at = 0; at <= list.size();) {
+        const size_t comma = std::min(list.find(',', at), list.size());
+        if (!add_range(categories, std::string_view(list).substr(at, comma - at))) return std::nullopt;
+        at = comma + 1;
+    }
+    return categories;
+}
+
+CommandLine read_command_line(int argc, char **argv) {
+    CLI::App app("Shows the ASTERIX surveillance data in captures and recordings.", "astdump");
+    Options options;
+    Texts texts;
+    describe(app, options, texts);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError &error) {
+        return {.status = app.exit(error) == 0 ? kExitClean : kExitUnusable};
+    }
+    options.profile = find_profile(texts.profile);
+    options.categories = *read_categories(texts.categories);
+    return {.options = options};
+}
+
+} // namespace astdump

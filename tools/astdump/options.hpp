@@ -1,0 +1,41 @@
+// The command line.
+#pragma once
+
+#include <bitset>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "profiles.hpp"
+
+namespace astdump {
+
+using CategorySet = std::bitset<256>;
+
+struct Options {
+    std::vector<std::string> files;
+    const Profile *profile = nullptr; // null: chosen for each block
+    CategorySet categories;           // to be shown
+    std::optional<uint64_t> count;    // of blocks to be shown
+    bool stats = false;
+    bool quiet = false;
+    std::string color = "auto";
+};
+
+constexpr int kExitClean = 0;
+constexpr int kExitDamaged = 1;
+constexpr int kExitUnusable = 2;
+
+// Reads the command line. When there is nothing left to do, after --help or for a mistake that has been reported,
+// gives the exit status instead of options.
+struct CommandLine {
+    std::optional<Options> options;
+    int status = kExitClean;
+};
+CommandLine read_command_line(int argc, char **argv);
+
+// Reads a list such as "34,48" or "1-21,240" into a set. Nothing unless every number is a category, 0 to 255.
+std::optional<CategorySet> read_categories(const std::string &list);
+
+} // namespace astdump

@@ -1,0 +1,167 @@
+// Damaged blocks, files and captures: what is reported, and that the run goes on.
+
+#include <gtest/gtest.h>
+#include <random>
+
+#include "captures.hpp"
+#include "command.hpp"
+
+namespace {
+
+const std::string kSector = hex("22 000B F0 190C 02 546080 40");
+
+struct DamageCase {
+    const char *name;
+    std::string octets;
+    const char *report; // behind "astdump: input: "
+};
+
+// Each between two good blocks: both are shown, and the damage is told.
+TEST(Damage, IsReportedAndTheNextBlockDecoded) {
+    const DamageCase cases[] = {
+        {"a type without layout", hex("30 0009 0101 01 40 1234"),
+         "offset 11: category 048: damaged in record 1 after 0 items, at octet 7 of 9: Unsupported dataitem I048/055"},
+        {"past the end", hex("30 0007 C0 190C 54"),
+         "offset 11: category 048: damaged in record 1 after 1 item, at octet 6 of 7: I048/140 runs past the end of "
+         "the "
+         "block"},
+        {"no such FRN", hex("30 0008 01010101 80"),
+         "offset 11: category 048: damaged in record 1 after 0 items, at octet 8 of 8: UAP CAT048: Undefined FRN 29"},
+        {"a spare FRN", hex("3E 0007 C0 190C 00"),
+         "offset 11: category 062: damaged in record 1 after 1 item, at octet 6 of 7: FRN 2 is spare"},
+        {"an empty FSPEC", hex("30 0007 80 190C 00"),
+         "offset 11: category 048: damaged in record 2 after 0 items, at octet 6 of 7: the FSPEC announces no item"},
+        {"an FSPEC without end", hex("30 0008 80 190C 0101"),
+         "offset 11: category 048: damaged in record 2 after 0 items, at octet 6 of 8: the FSPEC runs past the end of "
+         "the block"},
+        {"a field of length 0", hex("22 0008 01 04 00 FFFF"),
+         "offset 11: category 034: damaged in record 1 after 0 items, at octet 5 of 8: I034/REF has length 0"},
+        {"no such category", hex("1E 0006 80 190C"),
+         "offset 11: category 030: damaged in record 1 after 0 items, at octet 4 of 6: UAP STD: Unknown category 30"},
+    };
+    for (const DamageCase &test : cases) {
+        SCOPED_TRACE(test.name);
+        Command command;
+        command.write("input", kSector + test.octets + kSector);
+        const Result result = command.run("input");
+        EXPECT_EQ(result.status, 1);
+        EXPECT_EQ(result.err, "astdump: input: " + std::string(test.report) + "\n");
+        EXPECT_NE(result.out.find("DAMAGED"), std::string::npos);
+        EXPECT_NE(result.out.find("#3  CAT 034  11 octets  standard  1 record  valid"), std::string::npos);
+    }
+}
+
+TEST(Damage, ShowsWhatTheFurthestProfileMakesOfABlock) {
+    // I021/146 and I021/148 stand at FRN 32 and 33 of editions 2.1 and 2.4; no other profile has items there.
+    Command command;
+    command.write("input", hex("15 000D 8101010118 1914 1234 12"));
+    const Result result = command.run("input");
+    EXPECT_EQ(result.out.find("#1  CAT 021  13 octets  cat021-2.1  0 records  DAMAGED\n  record 1\n    I021/010"), 0U);
+    EXPECT_NE(result.out.find("12 34\n    damaged at octet 12: I021/148 runs past the end of the block\n"),
+              std::string::npos);
+    EXPECT_EQ(result.err, "astdump: input: offset 0: category 021: damaged in record 1 after 2 items, at octet 12 of "
+                          "13: I021/148 runs past the end of the block\n");
+}
+
+TEST(Damage, EndsADatagramOrARawFile) {
+    const DamageCase raw[] = {
+        {"LEN below 3", hex("30 0002 FF FF"),
+         "offset 11: category 048: LEN is 2, less than the block header; 16 octets left unread"},
+        {"LEN past the end", hex("30 0100 FF FF"),
+         "offset 11: category 048: LEN is 256, but only 16 octets are left; 16 octets left unread"},
+    };
+    for (const DamageCase &test : raw) {
+        SCOPED_TRACE(test.name);
+        Command command;
+        command.write("input", kSector + test.octets + kSector);
+        const Result result = command.run("--stats input");
+        EXPECT_EQ(result.status, 1);
+        EXPECT_EQ(result.err, "astdump: input: " + std::string(test.report) + "\n");
+        EXPECT_NE(result.out.find("all               1"), std::string::npos);
+    }
+    Command command;
+    command.write("input", pcap(1, {ethernet(ipv4(udp(kSector + hex("30 0002") + kSector))),
+                                    ethernet(ipv4(udp(kSector + hex("30")))), ethernet(ipv4(udp(kSector)))}));
+    const Result result = command.run("--stats input");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err, "astdump: input: packet 1, octet 11: category 048: LEN is 2, less than the block header\n"
+                          "astdump: input: packet 2, octet 11: 1 octet, too few for a block header\n");
+    EXPECT_NE(result.out.find("all               3"), std::string::npos);
+}
+
+TEST(Damage, OfACaptureKeepsWhatCameBefore) {
+    const std::string frame = ethernet(ipv4(udp(kSector)));
+    const std::string two = pcap(1, {frame, frame});
+    const struct {
+        const char *name;
+        std::string octets;
+        const char *blocks;
+        const char *report;
+    } cases[] = {
+        {"cut in the file header", two.substr(0, 20), "all               0", "truncated dump file"},
+        {"cut in a packet header", two.substr(0, two.size() - frame.size() - 4), "all               1",
+         "truncated dump file"},
+        {"cut in a packet", two.substr(0, two.size() - 1), "all               1", "truncated dump file"},
+        {"cut in pcapng", pcapng(1, {frame, frame}).substr(0, 200), "all               1",
+         "truncated pcapng dump file"},
+        {"headers cut short", pcap(1, {frame.substr(0, 20), frame}), "all               1",
+         "packet 1: not dissected: Malformed packet"},
+        {"link header cut short", pcap(1, {frame.substr(0, 13), frame}), "all               1",
+         "packet 1: not dissected: link header cut short"},
+        {"a payload cut short", pcap(1, {frame, frame.substr(0, frame.size() - 1)}), "all               1",
+         "packet 2, octet 0: category 034: LEN is 11, but only 10 octets are left"},
+        {"another link type", pcap(105, {frame}), "all               0",
+         "captures of link type IEEE802_11 are not supported"},
+    };
+    for (const auto &test : cases) {
+        SCOPED_TRACE(test.name);
+        Command command;
+        command.write("input", test.octets);
+        const Result result = command.run("--stats input");
+        EXPECT_EQ(result.status, 1);
+        EXPECT_NE(result.out.find(test.blocks), std::string::npos) << result.out;
+        EXPECT_NE(result.err.find(std::string("astdump: input: ") + test.report), std::string::npos) << result.err;
+    }
+}
+
+// A raw file of random octets, a datagram, a frame and a capture of them.
+TEST(Damage, OfRandomOctetsIsSurvived) {
+    std::mt19937 random(4711);
+    const auto octets = [&](size_t count) {
+        std::string text(count, '\0');
+        for (char &octet : text) octet = static_cast<char>(random());
+        return text;
+    };
+    Command command;
+    for (int round = 0; round < 25; ++round) {
+        std::string framed;
+        for (const int category : {1, 2, 21, 34, 48, 62, 240})
+            framed += static_cast<char>(category) + be16(63) + octets(60);
+        command.write("raw", octets(70000));
+        command.write("framed", framed);
+        command.write("datagrams", pcap(1, {ethernet(ipv4(udp(octets(200)))), ethernet(ipv6(octets(100)))}));
+        command.write("frames", pcap(101, {hex("4F") + octets(90), hex("60") + octets(200), hex("45") + octets(7)}));
+        command.write("capture", hex("A1B2C3D4") + octets(400));
+        for (const char *file : {"raw", "framed", "datagrams", "frames", "capture"})
+            EXPECT_EQ(command.run(file).status, 1) << file << " in round " << round;
+    }
+}
+
+TEST(Damage, OfALargeRawFileIsFoundAtItsOffset) {
+    // More than the tool holds of a file at a time, and a block of the greatest length at the end.
+    std::string file;
+    while (file.size() < 600000) file += kSector;
+    const std::string last = hex("22 FFFF 40") + std::string(65531, '\0');
+    Command command;
+    command.write("input", file + last + hex("30 00"));
+    const Result result = command.run("--stats input");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_NE(result.out.find("034           54547          1      54547       218185         665541"),
+              std::string::npos)
+        << result.out;
+    EXPECT_NE(result.err.find("offset 665541: 2 octets, too few for a block header; 2 octets left unread"),
+              std::string::npos)
+        << result.err;
+}
+
+} // namespace

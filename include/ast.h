@@ -1247,6 +1247,188 @@ AST_API const char *ast_radar_flight_status_to_str(uint32_t value);
 /** "I048" for category 48, in a buffer of the calling thread. */
 AST_API const char *ast_category_to_str(uint32_t category);
 
+/* ======================================================================================================== queries ==
+ * The common quantities of a record, whatever its category. */
+
+/** A number in the unit that its accessor states. */
+typedef struct {
+    bool valid;
+    double value;
+} ast_quantity_t;
+
+/** A Mode 3/A code and what is known of it. */
+typedef struct {
+    bool valid;
+    uint32_t code; /* 12 bits, shown as four octal digits */
+    bool not_validated;
+    bool garbled;
+    bool smoothed;
+} ast_squawk_t;
+
+typedef struct {
+    bool valid;
+    uint32_t address; /* 24 bits */
+} ast_icao_address_t;
+
+/** A WGS-84 position. */
+typedef struct {
+    bool valid;
+    double latitude_deg;
+    double longitude_deg;
+} ast_coordinate_t;
+
+/** A position as the sensor measured it: range, and azimuth clockwise from north. */
+typedef struct {
+    bool valid;
+    double rho_nm;
+    double theta_deg;
+} ast_polar_coordinate_t;
+
+/** Where an aircraft points and where it goes, in degrees. Valid when either is. */
+typedef struct {
+    bool valid;
+    ast_quantity_t magnetic; /* magnetic heading */
+    ast_quantity_t track;    /* true track angle */
+} ast_heading_t;
+
+typedef struct {
+    bool valid;
+    double vx_m_s;
+    double vy_m_s;
+} ast_cartesian_velocity_t;
+
+/* Message types. */
+#define AST_MSGTYPE_NORTH UINT32_C(1)
+#define AST_MSGTYPE_SECTOR UINT32_C(2)
+#define AST_MSGTYPE_PLOT UINT32_C(3)
+#define AST_MSGTYPE_TRACK UINT32_C(4)
+#define AST_MSGTYPE_ADSB UINT32_C(5)
+#define AST_MSGTYPE_MLAT UINT32_C(6)
+#define AST_MSGTYPE_VIDEO UINT32_C(7)
+#define AST_MSGTYPE_SURFACE UINT32_C(8)
+#define AST_MSGTYPE_MEASUREMENT_PLOT UINT32_C(9)
+#define AST_MSGTYPE_MEASUREMENT_TRACK UINT32_C(10)
+#define AST_MSGTYPE_SENSOR_CENTRIC_PLOT UINT32_C(11)
+#define AST_MSGTYPE_SENSOR_CENTRIC_TRACK UINT32_C(12)
+#define AST_MSGTYPE_TRACK_END UINT32_C(13)
+
+/** The accessors of one category. A null slot means that its records do not carry the quantity. */
+typedef struct {
+    ast_sac_sic_t (*get_sacsic)(const ast_datarecord_t *record);
+    ast_time_of_day_t (*get_timeofday)(const ast_datarecord_t *record);
+    ast_uint_value_t (*get_msgtype)(const ast_datarecord_t *record);
+    ast_uint_value_t (*get_tracknum)(const ast_datarecord_t *record);
+    ast_squawk_t (*get_squawk)(const ast_datarecord_t *record);
+    ast_aircraft_id_t (*get_callsign)(const ast_datarecord_t *record);
+    ast_icao_address_t (*get_icaoaddr)(const ast_datarecord_t *record);
+    ast_coordinate_t (*get_coordinate)(const ast_datarecord_t *record);
+    ast_quantity_t (*get_flightlevel)(const ast_datarecord_t *record);
+    ast_quantity_t (*get_selaltitude)(const ast_datarecord_t *record);
+    ast_polar_coordinate_t (*get_polarcoord)(const ast_datarecord_t *record);
+    ast_heading_t (*get_heading)(const ast_datarecord_t *record);
+    ast_quantity_t (*get_speed)(const ast_datarecord_t *record);
+    ast_cartesian_velocity_t (*get_cartesianvel)(const ast_datarecord_t *record);
+    ast_quantity_t (*get_vrate)(const ast_datarecord_t *record);
+} ast_datarecord_func_t;
+
+/** The accessors of a category; all null for one without. */
+AST_API ast_datarecord_func_t ast_datarecord_get_func(uint32_t category);
+
+/* Each asks a record for one quantity. What a record that is not valid, or a category without the accessor, gives is
+ * said with each; what a record that lacks the item gives is the category's accessor's to say. */
+
+/** Data source. SAC and SIC 0xFFFFFFFF when not valid. */
+AST_API ast_sac_sic_t ast_datarecord_get_sacsic(const ast_datarecord_t *record);
+
+/** Time of day. All zero when not valid. */
+AST_API ast_time_of_day_t ast_datarecord_get_timeofday(const ast_datarecord_t *record);
+
+/** Message type, one of AST_MSGTYPE_... or 0. */
+AST_API uint32_t ast_datarecord_get_msgtype(const ast_datarecord_t *record);
+
+/** Track number. Value 0xFFFFFFFF when not valid. */
+AST_API ast_uint_value_t ast_datarecord_get_tracknum(const ast_datarecord_t *record);
+
+/** Mode 3/A code. Code 0xFFFFFFFF when not valid. */
+AST_API ast_squawk_t ast_datarecord_get_squawk(const ast_datarecord_t *record);
+
+/** Callsign, up to its first blank. All zero when not valid. */
+AST_API ast_aircraft_id_t ast_datarecord_get_callsign(const ast_datarecord_t *record);
+
+/** ICAO aircraft address. Address 0xFFFFFFFF when not valid. */
+AST_API ast_icao_address_t ast_datarecord_get_icaoaddr(const ast_datarecord_t *record);
+
+/** WGS-84 position. All zero when not valid, as are the next three. */
+AST_API ast_coordinate_t ast_datarecord_get_wgs84coord(const ast_datarecord_t *record);
+
+/** Flight level or altitude, in feet. */
+AST_API ast_quantity_t ast_datarecord_get_flightlevel(const ast_datarecord_t *record);
+
+/** Selected altitude, in feet. */
+AST_API ast_quantity_t ast_datarecord_get_selaltitude(const ast_datarecord_t *record);
+
+/** Polar position. */
+AST_API ast_polar_coordinate_t ast_datarecord_get_polarcoord(const ast_datarecord_t *record);
+
+/** Magnetic heading and true track angle. Both values -1 when not valid. */
+AST_API ast_heading_t ast_datarecord_get_heading(const ast_datarecord_t *record);
+
+/** Ground speed, in knots. All zero when not valid, as are the next two. */
+AST_API ast_quantity_t ast_datarecord_get_speed(const ast_datarecord_t *record);
+
+/** Cartesian velocity. */
+AST_API ast_cartesian_velocity_t ast_datarecord_get_cartesianvel(const ast_datarecord_t *record);
+
+/** Vertical rate, in feet per minute. */
+AST_API ast_quantity_t ast_datarecord_get_vrate(const ast_datarecord_t *record);
+
+/* Keywords: the same quantities by number, for lists, columns and filters. */
+#define AST_KEYWORD_SACSIC UINT32_C(0)
+#define AST_KEYWORD_TIMEOFDAY UINT32_C(1)
+#define AST_KEYWORD_MSGTYPE UINT32_C(2)
+#define AST_KEYWORD_TRACKNUM UINT32_C(3)
+#define AST_KEYWORD_SQUAWK UINT32_C(4)
+#define AST_KEYWORD_FLIGHTLEVEL UINT32_C(5)
+#define AST_KEYWORD_SELALTITUDE UINT32_C(6)
+#define AST_KEYWORD_CALLSIGN UINT32_C(7)
+#define AST_KEYWORD_ICAOADDR UINT32_C(8)
+#define AST_KEYWORD_WGS84COORD UINT32_C(9)
+#define AST_KEYWORD_POLARCOORD UINT32_C(10)
+#define AST_KEYWORD_SPEED UINT32_C(11)
+#define AST_KEYWORD_HEADING UINT32_C(12)
+#define AST_KEYWORD_CARTESIANVEL UINT32_C(13)
+#define AST_KEYWORD_VRATE UINT32_C(14)
+#define AST_KEYWORDS 15
+
+/* How a keyword shows a WGS-84 position; any other selector reads as the first. */
+#define AST_POSITION_DMS UINT32_C(0)           /* ast_latlong_to_str */
+#define AST_POSITION_DMS_HIGH UINT32_C(1)      /* ast_latlong_to_str_high */
+#define AST_POSITION_DMS_VERY_HIGH UINT32_C(2) /* ast_latlong_to_str_very_high */
+#define AST_POSITION_DEGREES UINT32_C(3)       /* decimal degrees */
+
+/** The short title of a keyword; empty for an unknown one. */
+AST_API void ast_keyword_name(char *text, uint64_t capacity, uint32_t keyword);
+
+/** What a keyword shows; empty for an unknown one. */
+AST_API void ast_keyword_description(char *text, uint64_t capacity, uint32_t keyword);
+
+/** Whether the first word of a text is the first word of a pattern. Null texts match nothing. */
+AST_API bool ast_keyword_match(const char *text, const char *pattern, bool case_sensitive);
+
+/** Whether a record has a valid value for a keyword, asked of keywords 3 to 5, 7 and 8; false for any other. */
+AST_API bool ast_datarecord_contain_keyword(const ast_datarecord_t *record, uint32_t keyword);
+
+/** Whether a record's value for a keyword is the one that a pattern gives.
+ *  pattern  0: SAC × 1000 + SIC, decimal. 3: decimal. 4: octal digits. 5: flight level in hundreds of feet, which has
+ * to be met exactly. 7: a whole word. 8: hexadecimal. Any other keyword never matches. */
+AST_API bool ast_datarecord_match_keyword(const ast_datarecord_t *record, uint32_t keyword, const char *pattern,
+                                          bool case_sensitive);
+
+/** A record's value for a keyword as text; empty when it has none.
+ *  position_format  one of AST_POSITION_..., for keyword 9 */
+AST_API void ast_datarecord_get_keyword(char *text, uint64_t capacity, const ast_datarecord_t *record, uint32_t keyword,
+                                        uint32_t position_format);
+
 /* ===================================================================================================== categories ==
  * One group per category, in ascending order. */
 
@@ -1414,6 +1596,357 @@ AST_API uint64_t ast_dataitem_062_500_get_size(const uint8_t *data, uint64_t ava
 AST_API uint64_t ast_subfield_062_500_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
 AST_API const char *ast_subfield_062_500_get_id(uint32_t subfield_type);
 AST_API const char *ast_subfield_062_500_get_name(uint32_t subfield_type);
+
+/* ---------------------------------------------------------------------------------------------------- category 034 --
+ * Service messages of one radar. */
+
+/** I034/050, station configuration and status. PSR and MDS stay octets. */
+typedef struct {
+    bool valid;
+    ast_subfields_t subfields;
+    struct {
+        bool present;
+        bool nogo;       /* not released for operational use */
+        uint32_t rdpc;   /* data processing chain in use, 1 or 2 */
+        bool rdpr;       /* the chain was restarted */
+        bool ovl_rdp;    /* data processor overloaded */
+        bool ovl_xmt;    /* transmission overloaded */
+        bool msc;        /* monitoring system connected */
+        bool time_valid; /* time source valid */
+    } com;
+    struct {
+        bool present;
+        uint32_t ant;   /* antenna in use, 1 or 2 */
+        uint32_t ch_ab; /* channel: 0 none, 1 A, 2 B, 3 invalid */
+        bool ovl;       /* overloaded */
+        bool msc;       /* monitoring system connected */
+    } ssr;
+} ast_dataitem_034_050_t;
+
+/** I034/060, system processing mode: how far the load is reduced, 0 for not at all. */
+typedef struct {
+    bool valid;
+    ast_subfields_t subfields;
+    struct {
+        bool present;
+        uint32_t red_rdp;
+        uint32_t red_xmt;
+    } com;
+    struct {
+        bool present;
+        bool pol; /* circular polarisation */
+        uint32_t red_rad;
+        uint32_t stc; /* sensitivity time control map */
+    } psr;
+    struct {
+        bool present;
+        uint32_t red_rad;
+    } ssr;
+    struct {
+        bool present;
+        uint32_t red_rad;
+        bool clu_autonomous;
+    } mds;
+} ast_dataitem_034_060_t;
+
+#define AST_034_070_MAX_COUNTERS 16
+
+/** I034/070, message count values. An item may carry more than there is room for: counters holds the lesser of count
+ * and AST_034_070_MAX_COUNTERS. */
+typedef struct {
+    bool valid;
+    uint32_t count; /* REP, as sent */
+    struct {
+        uint32_t typ;
+        uint32_t value;
+    } counters[AST_034_070_MAX_COUNTERS];
+} ast_dataitem_034_070_t;
+
+/** I034/120, 3D position of the data source. Latitude and longitude are read as magnitude less 8388607 when negative.
+ */
+typedef struct {
+    bool valid;
+    int32_t height_raw;
+    int32_t latitude_raw; /* LSB 180/2^23 degrees, as the next */
+    int32_t longitude_raw;
+    double height_m;
+    double latitude_deg;
+    double longitude_deg;
+} ast_dataitem_034_120_t;
+
+/** All of a category 034 record. */
+typedef struct {
+    bool valid;
+    ast_uint_value_t message_type;              /* I034/000 */
+    ast_sac_sic_t data_source;                  /* I034/010 */
+    ast_scaled_value_t sector;                  /* I034/020 */
+    ast_time_of_day_t time_of_day;              /* I034/030 */
+    ast_scaled_value_t antenna_rotation_period; /* I034/041 */
+    ast_dataitem_034_050_t station_status;      /* I034/050 */
+    ast_dataitem_034_060_t processing_mode;     /* I034/060 */
+    ast_dataitem_034_070_t message_counts;      /* I034/070 */
+} ast_datarecord_034_t;
+
+AST_API void ast_dataitem_034_000_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API ast_dataitem_034_050_t ast_dataitem_034_050_decode(const ast_dataitem_t *item);
+AST_API void ast_subfield_034_050_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item,
+                                              uint32_t subfield_type);
+AST_API void ast_subfield_034_050_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item,
+                                                  uint32_t subfield_type);
+AST_API ast_dataitem_034_060_t ast_dataitem_034_060_decode(const ast_dataitem_t *item);
+AST_API void ast_subfield_034_060_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item,
+                                              uint32_t subfield_type);
+AST_API void ast_subfield_034_060_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item,
+                                                  uint32_t subfield_type);
+AST_API ast_dataitem_034_070_t ast_dataitem_034_070_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_034_070_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_034_070_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API ast_dataitem_034_120_t ast_dataitem_034_120_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_034_120_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_034_120_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/** Decodes all items of a category 034 record. Not valid for a record that is not valid or of another category; items
+ *  that have no member are reported at level 2. */
+AST_API ast_datarecord_034_t ast_datarecord_034_disassemble(const ast_datarecord_t *record);
+
+/** Encodes the members message_type to antenna_rotation_period that are valid. Encoders may store raw values back. */
+AST_API ast_datarecord_t ast_datarecord_034_assemble(uint8_t *buffer, uint64_t length, ast_datarecord_034_t *flat,
+                                                     ast_uap_t uap);
+
+/* ---------------------------------------------------------------------------------------------------- category 048 --
+ * Plots and local tracks of one radar. */
+
+/** I048/020, target report descriptor. */
+typedef struct {
+    bool valid;
+    uint32_t typ; /* 0 no detection, 1 PSR, 2 SSR, 3 both, 4 Mode S all-call, 5 roll-call, 6 and 7 the same with PSR */
+    bool sim;
+    uint32_t rdp; /* processing chain, 1 (by default) or 2 */
+    bool spi;
+    bool rab; /* from a fixed transponder */
+    bool tst;
+    bool me;
+    bool mi;
+    uint32_t foe_fri; /* the friend-or-foe status; received octets give 0 or 2 only */
+} ast_dataitem_048_020_t;
+
+#define AST_048_030_MAX_CODES 23
+
+/** I048/030, warning and error conditions. */
+typedef struct {
+    bool valid;
+    uint32_t count; /* the octets of the item */
+    uint32_t codes[AST_048_030_MAX_CODES];
+} ast_dataitem_048_030_t;
+
+/** I048/040, measured position. */
+typedef struct {
+    bool valid;
+    uint32_t rho_raw;   /* LSB 1/256 NM */
+    uint32_t theta_raw; /* LSB 360/2^16 degrees */
+    double rho_nm;
+    double theta_deg;
+} ast_dataitem_048_040_t;
+
+/** I048/042, calculated position; read as magnitude less 32767 when negative. */
+typedef struct {
+    bool valid;
+    int32_t x_raw; /* LSB 1/128 NM */
+    int32_t y_raw; /* LSB 1/128 NM */
+} ast_dataitem_048_042_t;
+
+/** I048/050, Mode 2 code. */
+typedef struct {
+    bool valid;
+    bool not_validated;
+    bool garbled;
+    bool smoothed;
+    uint32_t code; /* 12 bits, shown as four octal digits */
+} ast_dataitem_048_050_t;
+
+/** I048/110, height measured by a 3D radar, LSB 25 ft; read as magnitude less 8191 when negative. */
+typedef struct {
+    bool valid;
+    int32_t height_ft;
+} ast_dataitem_048_110_t;
+
+/** I048/130, radar plot characteristics. The other subfields stay octets. */
+typedef struct {
+    bool valid;
+    ast_subfields_t subfields;
+    struct {
+        bool present;
+        int32_t raw; /* LSB 360/2^13 degrees */
+        double deg;
+    } srl; /* SSR plot runlength */
+    struct {
+        bool present;
+        int32_t value;
+    } srr; /* number of received replies */
+    struct {
+        bool present;
+        int32_t value; /* the octet, unsigned; shown as -value dBm */
+    } sam;             /* amplitude of the reply */
+} ast_dataitem_048_130_t;
+
+/** I048/170, track status. */
+typedef struct {
+    bool valid;
+    bool cnf;     /* tentative */
+    uint32_t rad; /* 0 combined, 1 PSR, 2 SSR, 3 (by default) invalid */
+    bool dou;     /* low confidence */
+    bool man;     /* horizontal manoeuvre */
+    uint32_t cdm; /* 0 maintaining, 1 climbing, 2 descending, 3 (by default) invalid */
+} ast_dataitem_048_170_t;
+
+/** I048/210, track quality: standard deviations. */
+typedef struct {
+    bool valid;
+    uint32_t sigma_x_raw; /* LSB 1/128 NM */
+    uint32_t sigma_y_raw; /* LSB 1/128 NM */
+    uint32_t sigma_v_raw; /* LSB 0.22 kt */
+    uint32_t sigma_h_raw; /* LSB 0.08789 degrees */
+    double sigma_x_nm;
+    double sigma_y_nm;
+    double sigma_v_kt;
+    double sigma_h_deg;
+} ast_dataitem_048_210_t;
+
+/** I048/230, communications and ACAS capability and flight status. */
+typedef struct {
+    bool valid;
+    uint32_t com;  /* transponder communications capability; 7 by default */
+    uint32_t stat; /* flight status; 8 by default */
+    bool mssc;
+    bool arc; /* altitude in steps of 25 ft, otherwise 100 ft */
+    bool aic;
+    bool b1a;
+    uint8_t b1b; /* four bits */
+} ast_dataitem_048_230_t;
+
+/** I048/260, ACAS resolution advisory report. */
+typedef struct {
+    bool valid;
+    ast_bds_t bds; /* register 3,0 */
+} ast_dataitem_048_260_t;
+
+/** All of a category 048 record that has a member; I048/120, 210, 998 and 999 have none. */
+typedef struct {
+    bool valid;
+    ast_sac_sic_t data_source;                     /* I048/010 */
+    ast_dataitem_048_020_t target_report;          /* I048/020 */
+    ast_dataitem_048_030_t warnings;               /* I048/030 */
+    ast_dataitem_048_040_t polar_position;         /* I048/040 */
+    ast_dataitem_048_042_t cartesian_position;     /* I048/042 */
+    ast_dataitem_048_050_t mode_2;                 /* I048/050 */
+    ast_mode_3a_t mode_3a;                         /* I048/070 */
+    ast_mode_3a_confidence_t mode_3a_confidence;   /* I048/080 */
+    ast_mode_c_t mode_c;                           /* I048/090 */
+    ast_mode_c_confidence_t mode_c_confidence;     /* I048/100 */
+    ast_dataitem_048_110_t height_3d;              /* I048/110 */
+    ast_dataitem_048_130_t plot_characteristics;   /* I048/130 */
+    ast_time_of_day_t time_of_day;                 /* I048/140 */
+    ast_uint_value_t track_number;                 /* I048/161 */
+    ast_dataitem_048_170_t track_status;           /* I048/170 */
+    ast_value_pair_t polar_velocity;               /* I048/200 */
+    ast_target_address_t target_address;           /* I048/220 */
+    ast_dataitem_048_230_t comm_and_flight_status; /* I048/230 */
+    ast_aircraft_id_t aircraft_id;                 /* I048/240 */
+    ast_modes_mb_t modes_mb;                       /* I048/250 */
+    ast_dataitem_048_260_t acas_advisory;          /* I048/260 */
+} ast_datarecord_048_t;
+
+AST_API ast_dataitem_048_020_t ast_dataitem_048_020_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_048_020_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_048_020_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/** Writes one octet, or two when tst, me, mi or foe_fri is set; takes a buffer of two in any case. ME and MI go to bits
+ * 7 and 6 of the second octet, where the decoder does not look for them. */
+AST_API void ast_dataitem_048_020_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
+                                         const ast_dataitem_src_t *source);
+AST_API ast_dataitem_048_030_t ast_dataitem_048_030_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_048_030_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_048_030_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/** Takes an item of four octets of any type. */
+AST_API ast_dataitem_048_040_t ast_dataitem_048_040_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_048_040_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_048_040_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/** Rounds range and azimuth and stores the raw values back when one of them is positive; writes the raw ones otherwise.
+ */
+AST_API void ast_dataitem_048_040_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
+                                         const ast_dataitem_src_t *source);
+AST_API ast_dataitem_048_042_t ast_dataitem_048_042_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_048_042_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_048_042_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API ast_dataitem_048_050_t ast_dataitem_048_050_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_048_050_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_048_050_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_048_050_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
+                                         const ast_dataitem_src_t *source);
+AST_API ast_dataitem_048_110_t ast_dataitem_048_110_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_048_110_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_048_110_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/** The subfield views of I048/120, and the detail views of I048/130, are empty. */
+AST_API void ast_subfield_048_120_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item,
+                                              uint32_t subfield_type);
+AST_API void ast_subfield_048_120_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item,
+                                                  uint32_t subfield_type);
+AST_API ast_dataitem_048_130_t ast_dataitem_048_130_decode(const ast_dataitem_t *item);
+AST_API void ast_subfield_048_130_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item,
+                                              uint32_t subfield_type);
+AST_API void ast_subfield_048_130_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item,
+                                                  uint32_t subfield_type);
+AST_API ast_dataitem_048_170_t ast_dataitem_048_170_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_048_170_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_048_170_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API ast_dataitem_048_210_t ast_dataitem_048_210_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_048_210_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_048_210_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/** Undefined capabilities and flight statuses are reported at level 2. */
+AST_API ast_dataitem_048_230_t ast_dataitem_048_230_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_048_230_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_048_230_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API ast_dataitem_048_260_t ast_dataitem_048_260_decode(const ast_dataitem_t *item);
+AST_API void ast_dataitem_048_260_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
+AST_API void ast_dataitem_048_260_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+/* Accessors: each reads the first item of its type. */
+
+/** I048/010. */
+AST_API ast_sac_sic_t ast_datarecord_048_get_sacsic(const ast_datarecord_t *record);
+/** I048/140. */
+AST_API ast_time_of_day_t ast_datarecord_048_get_timeofday(const ast_datarecord_t *record);
+/** Track when the record has I048/161, plot otherwise. */
+AST_API ast_uint_value_t ast_datarecord_048_get_msgtype(const ast_datarecord_t *record);
+/** I048/161. */
+AST_API ast_uint_value_t ast_datarecord_048_get_tracknum(const ast_datarecord_t *record);
+/** I048/070; not_validated is not filled in. */
+AST_API ast_squawk_t ast_datarecord_048_get_squawk(const ast_datarecord_t *record);
+/** I048/240, trailing blanks kept. */
+AST_API ast_aircraft_id_t ast_datarecord_048_get_callsign(const ast_datarecord_t *record);
+/** I048/220. */
+AST_API ast_icao_address_t ast_datarecord_048_get_icaoaddr(const ast_datarecord_t *record);
+/** I048/090, else I048/110. */
+AST_API ast_quantity_t ast_datarecord_048_get_flightlevel(const ast_datarecord_t *record);
+/** Register 4,0 of I048/250: the FMS altitude, else the MCP/FCU altitude. */
+AST_API ast_quantity_t ast_datarecord_048_get_selaltitude(const ast_datarecord_t *record);
+/** I048/040. */
+AST_API ast_polar_coordinate_t ast_datarecord_048_get_polarcoord(const ast_datarecord_t *record);
+/** Registers 6,0 and 5,0 of I048/250; of several the last. */
+AST_API ast_heading_t ast_datarecord_048_get_heading(const ast_datarecord_t *record);
+
+/** Decodes all items of a category 048 record. Not valid for a record that is not valid or of another category; items
+ *  that have no member are reported at level 0. */
+AST_API ast_datarecord_048_t ast_datarecord_048_disassemble(const ast_datarecord_t *record);
+
+/** Encodes the members that are valid of data_source, target_report, polar_position, mode_2, mode_3a, mode_c,
+ *  time_of_day, track_number, polar_velocity, target_address and aircraft_id. Encoders may store raw values back. */
+AST_API ast_datarecord_t ast_datarecord_048_assemble(uint8_t *buffer, uint64_t length, ast_datarecord_048_t *flat,
+                                                     ast_uap_t uap);
 
 #ifdef __cplusplus
 }

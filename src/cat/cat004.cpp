@@ -54,10 +54,10 @@ constexpr SubfieldRow kAircraft2[] = {
 
 } // namespace
 
-AST_DEFINE_COMPOUND(kItem100, 004_100, kAreaDefinition, .unknown_id = kUnknownId)
-AST_DEFINE_COMPOUND(kItem120, 004_120, kConflictCharacteristics, .unknown_id = kUnknownId)
-AST_DEFINE_COMPOUND(kItem170, 004_170, kAircraft1, .unknown_id = kUnknownId)
-AST_DEFINE_COMPOUND(kItem171, 004_171, kAircraft2, .unknown_id = kUnknownId)
+AST_DEFINE_COMPOUND(kItem100, 004_100, kAreaDefinition, nullptr, nullptr, .unknown_id = kUnknownId)
+AST_DEFINE_COMPOUND(kItem120, 004_120, kConflictCharacteristics, nullptr, nullptr, .unknown_id = kUnknownId)
+AST_DEFINE_COMPOUND(kItem170, 004_170, kAircraft1, nullptr, nullptr, .unknown_id = kUnknownId)
+AST_DEFINE_COMPOUND(kItem171, 004_171, kAircraft2, nullptr, nullptr, .unknown_id = kUnknownId)
 
 namespace {
 

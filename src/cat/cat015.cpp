@@ -76,13 +76,13 @@ constexpr SubfieldRow kAzimuth[] = {
 
 } // namespace
 
-AST_DEFINE_COMPOUND(kItem600, 015_600, kHorizontalPosition)
-AST_DEFINE_COMPOUND(kItem601, 015_601, kGeometricHeight)
-AST_DEFINE_COMPOUND(kItem602, 015_602, kHorizontalVelocity)
-AST_DEFINE_COMPOUND(kItem604, 015_604, kVerticalVelocity)
-AST_DEFINE_COMPOUND(kItem625, 015_625, kRange)
-AST_DEFINE_COMPOUND(kItem626, 015_626, kDoppler)
-AST_DEFINE_COMPOUND(kItem627, 015_627, kAzimuth)
+AST_DEFINE_COMPOUND(kItem600, 015_600, kHorizontalPosition, nullptr, nullptr)
+AST_DEFINE_COMPOUND(kItem601, 015_601, kGeometricHeight, nullptr, nullptr)
+AST_DEFINE_COMPOUND(kItem602, 015_602, kHorizontalVelocity, nullptr, nullptr)
+AST_DEFINE_COMPOUND(kItem604, 015_604, kVerticalVelocity, nullptr, nullptr)
+AST_DEFINE_COMPOUND(kItem625, 015_625, kRange, nullptr, nullptr)
+AST_DEFINE_COMPOUND(kItem626, 015_626, kDoppler, nullptr, nullptr)
+AST_DEFINE_COMPOUND(kItem627, 015_627, kAzimuth, nullptr, nullptr)
 
 namespace {
 

@@ -48,9 +48,9 @@ constexpr SubfieldRow kDataAges[] = {
 
 } // namespace
 
-AST_DEFINE_COMPOUND(kItem110, 021_110, kTrajectoryIntent, .reports_unknown_subfields = true)
-AST_DEFINE_COMPOUND(kItem220, 021_220, kMetInformation)
-AST_DEFINE_COMPOUND(kItem295, 021_295, kDataAges)
+AST_DEFINE_COMPOUND(kItem110, 021_110, kTrajectoryIntent, nullptr, nullptr, .reports_unknown_subfields = true)
+AST_DEFINE_COMPOUND(kItem220, 021_220, kMetInformation, nullptr, nullptr)
+AST_DEFINE_COMPOUND(kItem295, 021_295, kDataAges, nullptr, nullptr)
 
 // ---- I021/271 Surface Capabilities and Characteristics, editions 1.0 to 2.1 ----
 

@@ -136,13 +136,13 @@ constexpr SubfieldRow kAccuracies[] = {
 
 } // namespace
 
-AST_DEFINE_COMPOUND(kItem110, 062_110, kMode5)
-AST_DEFINE_COMPOUND(kItem290, 062_290, kUpdateAges)
-AST_DEFINE_COMPOUND(kItem295, 062_295, kDataAges)
-AST_DEFINE_COMPOUND(kItem340, 062_340, kMeasured)
-AST_DEFINE_COMPOUND(kItem380, 062_380, kAircraftDerived)
-AST_DEFINE_COMPOUND(kItem390, 062_390, kFlightPlan)
-AST_DEFINE_COMPOUND(kItem500, 062_500, kAccuracies)
+AST_DEFINE_COMPOUND(kItem110, 062_110, kMode5, nullptr, nullptr)
+AST_DEFINE_COMPOUND(kItem290, 062_290, kUpdateAges, nullptr, nullptr)
+AST_DEFINE_COMPOUND(kItem295, 062_295, kDataAges, nullptr, nullptr)
+AST_DEFINE_COMPOUND(kItem340, 062_340, kMeasured, nullptr, nullptr)
+AST_DEFINE_COMPOUND(kItem380, 062_380, kAircraftDerived, nullptr, nullptr)
+AST_DEFINE_COMPOUND(kItem390, 062_390, kFlightPlan, nullptr, nullptr)
+AST_DEFINE_COMPOUND(kItem500, 062_500, kAccuracies, nullptr, nullptr)
 
 // ---- I062/510 Composed Track Number ----
 

@@ -40,6 +40,11 @@ struct SubfieldRow {
     SubfieldSize size;
 };
 
+constexpr uint32_t kSubfieldNumbers = 1000;
+
+// The number of a subfield within its item, from its type.
+constexpr uint32_t subfield_number(uint32_t subfield_type) { return subfield_type % kSubfieldNumbers; }
+
 constexpr char kNoSubfieldId[] = "---";
 constexpr char kNoSubfieldName[] = "UNKNOWN_SUBFIELD_NAME";
 
@@ -87,6 +92,7 @@ struct Category {
     const ItemRow *rows;
     const ItemIndex *index;
     bool reports_unknown_names = false; // when asked for the name of one
+    ast_datarecord_func_t accessors{};
 };
 
 // By category number, null where there is none.
@@ -123,13 +129,14 @@ const char *subfield_name(const Compound &compound, uint32_t subfield_type);
 } // namespace ast
 
 // Defines the exported functions of the compound item `item` (such as 048_130) over its rows, and `compound` to
-// describe it. `...` are further members of the Compound.
-#define AST_DEFINE_COMPOUND(compound, item, subfield_rows, ...)                                                        \
+// describe it with the summary and detail view of its subfields, each a function or nullptr. `...` are further members
+// of the Compound.
+#define AST_DEFINE_COMPOUND(compound, item, subfield_rows, summary, detail, ...)                                       \
     namespace {                                                                                                        \
     constexpr ast::Compound compound = {.rows = subfield_rows,                                                         \
                                         .count = std::size(subfield_rows),                                             \
                                         .func = {ast_subfield_##item##_get_size, ast_subfield_##item##_get_id,         \
-                                                 ast_subfield_##item##_get_name, nullptr, nullptr},                    \
+                                                 ast_subfield_##item##_get_name, summary, detail},                     \
                                         __VA_ARGS__};                                                                  \
     }                                                                                                                  \
     uint64_t ast_dataitem_##item##_get_size(const uint8_t *data, uint64_t available) {                                 \

@@ -8,8 +8,6 @@ namespace {
 
 using namespace ast;
 
-constexpr uint32_t kSubfieldNumbers = 1000;
-
 const Compound *find_compound(ast_dataitem_type_t type) {
     const ItemRow *const row = find_item(type);
     return row ? row->compound : nullptr;
@@ -66,16 +64,16 @@ uint64_t compound_size(const Compound &compound, const uint8_t *data, uint64_t a
 }
 
 uint64_t subfield_size(const Compound &compound, const uint8_t *data, uint64_t available, uint32_t subfield_type) {
-    return sized(compound, subfield_type % kSubfieldNumbers, data, available);
+    return sized(compound, subfield_number(subfield_type), data, available);
 }
 
 const char *subfield_id(const Compound &compound, uint32_t subfield_type) {
-    const SubfieldRow *const row = find_subfield(compound, subfield_type % kSubfieldNumbers);
+    const SubfieldRow *const row = find_subfield(compound, subfield_number(subfield_type));
     return row ? row->id : compound.unknown_id;
 }
 
 const char *subfield_name(const Compound &compound, uint32_t subfield_type) {
-    const SubfieldRow *const row = find_subfield(compound, subfield_type % kSubfieldNumbers);
+    const SubfieldRow *const row = find_subfield(compound, subfield_number(subfield_type));
     return row ? row->name : kNoSubfieldName;
 }
 

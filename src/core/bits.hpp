@@ -71,8 +71,19 @@ constexpr int32_t twos_complement(uint32_t raw, unsigned width) {
     return static_cast<int32_t>(raw << unused) >> unused;
 }
 
+// The magnitude when the sign bit is clear; the magnitude less its maximum when it is set, so that all ones read as 0.
+// This is one more than two's complement.
+constexpr int32_t magnitude_less_maximum(uint32_t raw, unsigned width) {
+    const uint32_t sign = UINT32_C(1) << (width - 1);
+    const uint32_t maximum = sign - 1;
+    const auto magnitude = static_cast<int32_t>(raw & maximum);
+    return raw & sign ? magnitude - static_cast<int32_t>(maximum) : magnitude;
+}
+
 // Encoders of some positions and levels write a negative number as 2^width - 1 + value, the one's complement of its
 // magnitude. It reads back one lower than it was written; receivers are tuned to these octets.
-constexpr uint32_t one_below_when_negative(int32_t value) { return static_cast<uint32_t>(value) - (value < 0 ? 1U : 0U); }
+constexpr uint32_t one_below_when_negative(int32_t value) {
+    return static_cast<uint32_t>(value) - (value < 0 ? 1U : 0U);
+}
 
 } // namespace ast

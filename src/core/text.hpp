@@ -79,6 +79,9 @@ constexpr const char *text_of(const char *const (&texts)[N], uint64_t code, cons
     return code < N ? texts[code] : fallback;
 }
 
+// A text that stands only when a flag is set.
+constexpr const char *shown_if(bool flag, const char *text) { return flag ? text : ""; }
+
 // Replaces the text in a buffer by another one.
 inline void set_text(char *text, uint64_t capacity, std::string_view content) {
     TextWriter(text, capacity).append(content);

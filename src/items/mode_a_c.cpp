@@ -1,6 +1,7 @@
 // Replies of SSR transponders: Mode 3/A and Mode 2 codes, Mode C heights, and how sure the radar is of them.
 
 #include "core/bits.hpp"
+#include "items/code.hpp"
 #include "items/value.hpp"
 #include "view/html.hpp"
 
@@ -15,8 +16,6 @@ constexpr const char *kPulseNames[AST_PULSES] = {"A4", "A2", "A1", "B4", "B2", "
 
 constexpr char kNotValidated[] = " NOT_VALIDATED";
 constexpr char kGarbled[] = " GARBLED";
-
-const char *shown_if(bool flag, const char *text) { return flag ? text : ""; }
 
 // The letters of the four digits, lower case where a pulse of the digit is of low quality.
 class QualityLetters {
@@ -108,10 +107,7 @@ void ast_dataitem_mode_3a_code_get_detail_html(char *text, uint64_t capacity, co
     } else {
         table.row("Bit[0-3]", "SPARE", "0");
     }
-    table.row("Bit[4-6]", "CODE-A", Cell<2>("%o", code.code >> 9 & 7));
-    table.row("Bit[7-9]", "CODE-B", Cell<2>("%o", code.code >> 6 & 7));
-    table.row("Bit[10-12]", "CODE-C", Cell<2>("%o", code.code >> 3 & 7));
-    table.row("Bit[13-15]", "CODE-D", Cell<2>("%o", code.code & 7));
+    write_code_digits(table, code.code);
 }
 
 // ---- Mode 3/A code confidence ----

@@ -1,0 +1,43 @@
+// Accessors over shared layouts: the first item of a type, decoded and given the shape of the common quantity.
+#pragma once
+
+#include "query/find.hpp"
+
+namespace ast {
+
+// What an accessor of headings starts from.
+constexpr ast_heading_t kNoHeading = {
+    .valid = false, .magnetic = {.valid = false, .value = -1}, .track = {.valid = false, .value = -1}};
+
+inline ast_sac_sic_t sacsic_of(const ast_datarecord_t *record, ast_dataitem_type_t type) {
+    const auto source = ast_dataitem_data_source_identifier_decode(first_item(record, type));
+    return source.valid ? source : ast_sac_sic_t{.valid = false, .sac = UINT32_MAX, .sic = UINT32_MAX};
+}
+
+inline ast_time_of_day_t timeofday_of(const ast_datarecord_t *record, ast_dataitem_type_t type) {
+    return ast_dataitem_time_of_day_decode(first_item(record, type));
+}
+
+inline ast_uint_value_t tracknum_of(const ast_datarecord_t *record, ast_dataitem_type_t type) {
+    const auto number = ast_dataitem_track_number_decode(first_item(record, type));
+    return number.valid ? number : ast_uint_value_t{.valid = false, .value = UINT32_MAX};
+}
+
+// The not-validated flag is each category's to fill in.
+inline ast_squawk_t squawk_of(const ast_datarecord_t *record, ast_dataitem_type_t type) {
+    const auto code = ast_dataitem_mode_3a_code_decode(first_item(record, type));
+    if (!code.valid) return {.valid = false, .code = UINT32_MAX};
+    return {.valid = true, .code = code.code, .garbled = code.garbled, .smoothed = code.smoothed};
+}
+
+inline ast_aircraft_id_t callsign_of(const ast_datarecord_t *record, ast_dataitem_type_t type) {
+    return ast_dataitem_aircraft_id_decode(first_item(record, type));
+}
+
+inline ast_icao_address_t icaoaddr_of(const ast_datarecord_t *record, ast_dataitem_type_t type) {
+    const auto target = ast_dataitem_target_address_decode(first_item(record, type));
+    if (!target.valid) return {.valid = false, .address = UINT32_MAX};
+    return {.valid = true, .address = target.address};
+}
+
+} // namespace ast

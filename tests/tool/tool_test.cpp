@@ -134,6 +134,10 @@ TEST(Tool, ExplainsItself) {
     EXPECT_EQ(Command().run("--version").out.find("astdump 1."), 0U);
 }
 
+TEST(Tool, SaysWhenItsOutputIsLost) {
+    expect(Command().run(kSample + " > /dev/full"), 2, "", "astdump: standard output cannot be written\n");
+}
+
 TEST(Tool, EndsQuietlyWhenNobodyReads) {
     Command command;
     std::string many;
@@ -214,6 +218,7 @@ TEST(Capture, PutsFragmentsTogether) {
         {"IPv6, one piece", {v6(0, 19)}, 0, "07:08:09.000012  [2001:db8::1]", ""},
         {"another datagram between", {v4(0, 8), stray, v4(8, 19)}, 1, "07:08:11.000012  10.0.0.1", missing},
         {"a gap", {v4(0, 8), v4(16, 19)}, 1, "", missing},
+        {"a piece behind the last", {ethernet(ipv4(std::string(8, 0), 24, true)), v4(8, 19)}, 1, "", missing},
         {"an overlap", {v4(0, 16), v4(8, 19)}, 1, "", missing},
     };
     for (const auto &test : cases) {

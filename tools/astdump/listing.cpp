@@ -115,7 +115,7 @@ void Listing::octets(const ast_dataitem_t &item) {
     hex_.resize(item.size * kHexWidth);
     ast_dataitem_get_hex_str(hex_.data(), hex_.size(), &item);
     hex_.back() = ' '; // the terminator, so that every octet ends in a blank
-    const size_t line_length = octets_per_line_ * kHexWidth;
+    const size_t line_length = size_t{octets_per_line_} * kHexWidth;
     for (size_t at = 0; at < hex_.size(); at += line_length) {
         const size_t length = std::min(line_length, hex_.size() - at) - 1;
         const int indent = at == 0 ? 0 : hex_column_;

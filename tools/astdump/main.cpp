@@ -36,13 +36,21 @@ int run(const Options &options) {
     return run.files();
 }
 
+// A reader that has seen enough is no fault.
+int close_output(int status) {
+    const bool written = std::fflush(stdout) == 0 && !std::ferror(stdout);
+    if (written || reader_gone(stdout)) return status;
+    std::fputs("astdump: standard output cannot be written\n", stderr);
+    return kExitUnusable;
+}
+
 } // namespace
 
 int main(int argc, char **argv) try {
-    // Writing to a pipe that nobody reads any more then fails, and the run ends early, without a word.
+    // Writing to a pipe that nobody reads any more then fails instead of ending the process.
     std::signal(SIGPIPE, SIG_IGN);
     const CommandLine command_line = read_command_line(argc, argv);
-    return command_line.options ? run(*command_line.options) : command_line.status;
+    return close_output(command_line.options ? run(*command_line.options) : command_line.status);
 } catch (const std::exception &error) {
     std::fprintf(stderr, "astdump: %s\n", error.what());
     return kExitUnusable;

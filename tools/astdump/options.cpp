@@ -13,6 +13,9 @@ constexpr const char *kExamples =
 over IPv4 or IPv6; any other file is read as blocks one after the other. The kind is told by content. Long items are
 wrapped to the width of the terminal, or to 120 columns elsewhere.
 
+Profiles: standard, cat001-plot, cat021-0.23, cat021-0.26, cat021-2.1, cat021-2.4, asr10ss, asr10ss-mk2, thales,
+managair. A block for which a profile has nothing of its own is read by the standard one.
+
 Exit status: 0 when all is well, 1 when a block or the input is damaged, 2 for a mistake on the command line or a file
 that cannot be read.
 
@@ -53,10 +56,12 @@ struct Texts {
 };
 
 void describe(CLI::App &app, Options &options, Texts &texts) {
-    app.add_option("FILE", options.files, "Captures and files of raw blocks; - is standard input")->required();
-    app.add_option("--uap", texts.profile, "Profile to decode with; auto tries them all")
-        ->check(CLI::IsMember(profile_names()))
-        ->capture_default_str();
+    app.add_option("FILE", options.files, "Captures and files of raw blocks; - is standard input")
+        ->required()
+        ->type_name("");
+    app.add_option("--uap", texts.profile, "Profile to decode with, see below; auto, if not given, tries them")
+        ->check(CLI::IsMember(profile_names()).description(""))
+        ->type_name("NAME");
     app.add_option("--category", texts.categories, "Categories to show, such as 34,48 or 1-21")
         ->check([](const std::string &list) {
             return read_categories(list) ? std::string() : "'" + list + "' is not a list of categories";
@@ -65,9 +70,9 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_option("--count", options.count, "Stop after N blocks")->type_name("N");
     app.add_flag("--stats", options.stats, "Instead of the listing, count by category and by item");
     app.add_flag("--quiet", options.quiet, "No listing, only reports of damage");
-    app.add_option("--color", options.color, "When to use colours")
-        ->check(CLI::IsMember({"auto", "always", "never"}))
-        ->capture_default_str();
+    app.add_option("--color", options.color, "Colours: always, never, or auto, if not given, on terminals")
+        ->check(CLI::IsMember({"auto", "always", "never"}).description(""))
+        ->type_name("WHEN");
     app.set_version_flag("--version", std::string("astdump ") + ast_library_version());
     app.footer(kExamples);
 }

@@ -8,7 +8,7 @@ namespace astdump {
 
 namespace {
 
-constexpr size_t kBufferOctets = 256 * 1024;
+constexpr size_t kBufferOctets = size_t{256} * 1024;
 static_assert(kBufferOctets > kMaxBlockOctets);
 
 } // namespace

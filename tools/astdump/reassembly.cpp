@@ -39,6 +39,12 @@ bool Reassembler::insert(Partial &partial, const Fragment &fragment) {
     return true;
 }
 
+// Pieces do not overlap, so that as many octets as the total leave no gap, if none lies behind the last piece.
+bool Reassembler::is_complete(const Partial &partial) {
+    const auto &[offset, octets] = *partial.pieces.rbegin();
+    return partial.received == partial.total && offset + octets.size() == partial.total;
+}
+
 std::optional<std::vector<uint8_t>> Reassembler::add(const Fragment &fragment) {
     Partial &partial = find_or_open(fragment.key);
     const auto close = [&] { open_.remove_if([&](const Partial &other) { return &other == &partial; }); };
@@ -47,8 +53,7 @@ std::optional<std::vector<uint8_t>> Reassembler::add(const Fragment &fragment) {
         ++given_up_;
         return std::nullopt;
     }
-    // Pieces do not overlap, so that as many octets as the total leave no gap.
-    if (partial.received != partial.total) return std::nullopt;
+    if (!is_complete(partial)) return std::nullopt;
     std::vector<uint8_t> whole;
     for (const auto &[offset, octets] : partial.pieces) whole.insert(whole.end(), octets.begin(), octets.end());
     close();

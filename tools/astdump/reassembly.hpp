@@ -38,6 +38,7 @@ private:
 
     Partial &find_or_open(const std::string &key);
     static bool insert(Partial &partial, const Fragment &fragment);
+    static bool is_complete(const Partial &partial);
 
     Partials open_; // the oldest first
     uint64_t given_up_ = 0;

@@ -35,10 +35,10 @@ void Stats::categories() {
     std::fprintf(out_, "%s%-8s %10s %10s %10s %12s %14s%s\n", style_.on(Color::heading), "Category", "Blocks",
                  "Invalid", "Records", "Items", "Octets", style_.off());
     Counts total;
-    for (size_t category = 0; category < counts_.size(); ++category) {
+    for (unsigned category = 0; category < counts_.size(); ++category) {
         if (counts_[category].blocks == 0) continue;
-        char title[8];
-        std::snprintf(title, sizeof title, "%03zu", category);
+        char title[16];
+        std::snprintf(title, sizeof title, "%03u", category);
         row(title, counts_[category]);
         total += counts_[category];
     }

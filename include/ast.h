@@ -5,7 +5,7 @@
  *
  * The library is handed one data block at a time and splits it into records, items and subfields:
  *
- *     static ast_datablock_t block;                              // about 72 KB: static or heap storage, not a stack
+ *     static ast_datablock_t block;                              // about 54 KB: static or heap storage, not a stack
  *     block = ast_datablock_smart_decode(octets, length);
  *     for (uint64_t r = 0; r < block.record_count; ++r)
  *         for (uint64_t i = 0; i < block.records[r].item_count; ++i)

@@ -26,9 +26,21 @@ namespace ast {
 #define AST_DECLARE_CATEGORY(code, number) extern const Category kCategory##code;
 AST_CATEGORIES(AST_DECLARE_CATEGORY)
 
+namespace {
+
+constexpr ItemTable<0> kNoItems{};
+constexpr Category kNoCategory = {.number = kCategoryNumbers,
+                                  .unknown_name = "",
+                                  .get_name = nullptr,
+                                  .places = kNoItems.places.data(),
+                                  .rows = kNoItems.rows.data()};
+
+} // namespace
+
 #define AST_ENTER_CATEGORY(code, number) list[number] = &kCategory##code;
-constinit const std::array<const Category *, kCategoryNumbers> kCategories = [] {
-    std::array<const Category *, kCategoryNumbers> list{};
+constinit const std::array<const Category *, kCategoryNumbers + 1> kCategories = [] {
+    std::array<const Category *, kCategoryNumbers + 1> list{};
+    list.fill(&kNoCategory);
     AST_CATEGORIES(AST_ENTER_CATEGORY)
     return list;
 }();

@@ -65,17 +65,25 @@ struct ItemRow {
     uint16_t variant_of = 0; // the item that this one stands for in some editions or systems
 };
 
-constexpr size_t kItemNumbers = 1000;
+constexpr uint32_t kItemNumbers = 1000;
 
-// For each item number the place of its row, counted from 1; 0 where there is none.
-using ItemIndex = std::array<uint8_t, kItemNumbers>;
+// A category's rows behind an empty one, and for each item number the place of its row; place 0 is the empty row's, so
+// that every number has a row.
+template <size_t N>
+struct ItemTable {
+    std::array<uint8_t, kItemNumbers> places{};
+    std::array<ItemRow, N + 1> rows{};
+};
 
 template <size_t N>
-constexpr ItemIndex index_rows(const ItemRow (&rows)[N]) {
+constexpr ItemTable<N> index_rows(const ItemRow (&rows)[N]) {
     static_assert(N < 256);
-    ItemIndex index{};
-    for (size_t i = 0; i < N; ++i) index[rows[i].number] = static_cast<uint8_t>(i + 1);
-    return index;
+    ItemTable<N> table;
+    for (size_t i = 0; i < N; ++i) {
+        table.rows[i + 1] = rows[i];
+        table.places[rows[i].number] = static_cast<uint8_t>(i + 1);
+    }
+    return table;
 }
 
 template <size_t N>
@@ -89,33 +97,31 @@ struct Category {
     uint32_t number;
     const char *unknown_name; // of items that it does not know
     const char *(*get_name)(ast_dataitem_type_t type);
+    const uint8_t *places; // of an ItemTable, as the rows are
     const ItemRow *rows;
-    const ItemIndex *index;
     bool reports_unknown_names = false; // when asked for the name of one
     ast_datarecord_func_t accessors{};
 };
 
-// By category number, null where there is none.
+// By category number; numbers without a category, and the place behind them, have one without items.
 constexpr size_t kCategoryNumbers = 256;
-extern const std::array<const Category *, kCategoryNumbers> kCategories;
+extern const std::array<const Category *, kCategoryNumbers + 1> kCategories;
 
-inline const Category *find_category(uint32_t number) {
-    return number < kCategoryNumbers ? kCategories[number] : nullptr;
+inline const Category &find_category(uint32_t number) {
+    return *kCategories[number < kCategoryNumbers ? number : kCategoryNumbers];
 }
 
-inline const ItemRow *find_item(const Category &category, uint32_t number) {
-    const uint8_t place = (*category.index)[number];
-    return place ? &category.rows[place - 1] : nullptr;
+inline const ItemRow &find_item(const Category &category, uint32_t number) {
+    return category.rows[category.places[number]];
 }
 
-// The row of an item type, or null. A row may have a name only.
-inline const ItemRow *find_item(ast_dataitem_type_t type) {
-    const Category *const category = find_category(type / kItemNumbers);
-    return category ? find_item(*category, type % kItemNumbers) : nullptr;
+// The row of an item type. One without a size is known by name only; one without a name either is not known at all.
+inline const ItemRow &find_item(ast_dataitem_type_t type) {
+    return find_item(find_category(type / kItemNumbers), type % kItemNumbers);
 }
 
-// The row of an item type that can be handled, or null, which is reported for every type but 0.
-const ItemRow *find_registered_item(ast_dataitem_type_t type);
+// Reports an item type that cannot be handled, unless it is 0.
+void report_unsupported(ast_dataitem_type_t type);
 
 // The title of an item as its category gives it.
 const char *item_name(const Category &category, ast_dataitem_type_t type);
@@ -157,15 +163,15 @@ const char *subfield_name(const Compound &compound, uint32_t subfield_type);
 #define AST_DEFINE_CATEGORY(code, category_number, item_rows, ...)                                                     \
     static_assert(ast::ascending(item_rows));                                                                          \
     namespace {                                                                                                        \
-    constexpr ast::ItemIndex kItemIndex = ast::index_rows(item_rows);                                                  \
+    constexpr auto kItemTable = ast::index_rows(item_rows);                                                            \
     }                                                                                                                  \
     namespace ast {                                                                                                    \
     extern const Category kCategory##code;                                                                             \
     constinit const Category kCategory##code = {.number = category_number,                                             \
                                                 .unknown_name = "Unknown CAT" #code " Dataitem",                       \
                                                 .get_name = ast_dataitem_##code##_get_name,                            \
-                                                .rows = item_rows,                                                     \
-                                                .index = &kItemIndex,                                                  \
+                                                .places = kItemTable.places.data(),                                    \
+                                                .rows = kItemTable.rows.data(),                                        \
                                                 __VA_ARGS__};                                                          \
     }                                                                                                                  \
     const char *ast_dataitem_##code##_get_name(ast_dataitem_type_t type) {                                             \

@@ -13,24 +13,7 @@ constexpr uint64_t frn_octet(uint32_t frn) { return (frn - 1) / kFrnsPerOctet; }
 
 } // namespace
 
-ast_fspec_t ast_fspec_decode(const uint8_t *data, uint64_t available) {
-    ast_fspec_t fspec{};
-    fspec.data = data;
-    if (!data) return fspec;
-
-    uint64_t length = 0;
-    uint64_t item_count = 0;
-    do {
-        if (length == available) return fspec;
-        item_count += bits_set(data[length] & ~uint32_t{kFx});
-    } while (has_fx(data[length++]));
-
-    fspec.length = length;
-    fspec.frn_count = length * kFrnsPerOctet;
-    fspec.item_count = item_count;
-    fspec.valid = item_count > 0 || ast_library_test_option(AST_OPTION_ALLOW_EMPTY_FSPEC);
-    return fspec;
-}
+ast_fspec_t ast_fspec_decode(const uint8_t *data, uint64_t available) { return decode_fspec(data, available); }
 
 bool ast_fspec_is_set(const ast_fspec_t *fspec, uint32_t frn) {
     if (!fspec || !fspec->valid || frn == 0 || frn > fspec->frn_count) return false;

@@ -10,6 +10,26 @@ namespace ast {
 
 constexpr unsigned kFrnsPerOctet = 7;
 
+// Decodes an FSPEC where it stands; ast_fspec_decode for the codec's own loops.
+inline ast_fspec_t decode_fspec(const uint8_t *data, uint64_t available) {
+    ast_fspec_t fspec{};
+    fspec.data = data;
+    if (!data) return fspec;
+
+    uint64_t length = 0;
+    uint64_t item_count = 0;
+    do {
+        if (length == available) return fspec;
+        item_count += bits_set(data[length] & ~uint32_t{kFx});
+    } while (has_fx(data[length++]));
+
+    fspec.length = length;
+    fspec.frn_count = length * kFrnsPerOctet;
+    fspec.item_count = item_count;
+    fspec.valid = item_count > 0 || ast_library_test_option(AST_OPTION_ALLOW_EMPTY_FSPEC);
+    return fspec;
+}
+
 // Visits the FRN of each set presence bit, in order, for as long as the visitor returns true. Tells whether it always
 // did.
 template <typename Visitor>

@@ -9,18 +9,14 @@
 
 namespace ast {
 
-const ItemRow *find_registered_item(ast_dataitem_type_t type) {
-    const ItemRow *const row = find_item(type);
-    if (row && row->handlers.get_size) return row;
+void report_unsupported(ast_dataitem_type_t type) {
     if (type != AST_DATAITEM_NONE) ast_log(AST_LOG_CRITICAL, "Unsupported dataitem %s", ast_dataitem_type_to_str(type));
-    return nullptr;
 }
 
 const char *item_name(const Category &category, ast_dataitem_type_t type) {
-    if (type / kItemNumbers == category.number) {
-        const ItemRow *const row = find_item(category, type % kItemNumbers);
-        if (row && row->name) return row->name;
-    }
+    const bool is_own = type / kItemNumbers == category.number;
+    const char *const name = is_own ? find_item(category, type % kItemNumbers).name : nullptr;
+    if (name) return name;
     if (category.reports_unknown_names)
         ast_log(AST_LOG_WARNING, "Unknown dataitem name: %s.", ast_dataitem_type_to_str(type));
     return category.unknown_name;
@@ -31,18 +27,20 @@ const char *item_name(const Category &category, ast_dataitem_type_t type) {
 using namespace ast;
 
 ast_dataitem_func_t ast_dataitem_get_func(ast_dataitem_type_t type) {
-    const ItemRow *const row = find_registered_item(type);
-    if (!row) return {};
-    const Handlers &handlers = row->handlers;
-    return {handlers.get_size, find_category(type / kItemNumbers)->get_name, handlers.get_summary,
+    const Handlers &handlers = find_item(type).handlers;
+    if (!handlers.get_size) {
+        report_unsupported(type);
+        return {};
+    }
+    return {handlers.get_size, find_category(type / kItemNumbers).get_name, handlers.get_summary,
             handlers.get_detail_html, handlers.encode};
 }
 
 const char *ast_dataitem_type_to_str(ast_dataitem_type_t type) {
     thread_local char text[10];
     const uint32_t category = type / kItemNumbers;
-    const ItemRow *const row = find_item(type);
-    const uint32_t number = row && row->variant_of ? row->variant_of : static_cast<uint32_t>(type % kItemNumbers);
+    const ItemRow &row = find_item(type);
+    const uint32_t number = row.variant_of ? row.variant_of : type % kItemNumbers;
     TextWriter out(text, sizeof text);
     switch (number) {
     case AST_ITEM_RFS:
@@ -70,7 +68,9 @@ uint64_t ast_dataitem_get_size(const uint8_t *data, uint64_t available, ast_data
 }
 
 ast_dataitem_t ast_dataitem_decode(const uint8_t *data, uint64_t available, ast_dataitem_type_t type) {
-    return decode_item(data, available, type);
+    const uint64_t size = item_size(find_item(type), type, data, data ? available : 0);
+    if (size != 0 && data) return sized_item(data, size, type, available > size ? available - size : 0);
+    return {.data = data, .size = 0, .type = type, .valid = false, .following = 0};
 }
 
 ast_dataitem_t ast_dataitem_copy(uint8_t *buffer, uint64_t length, const ast_dataitem_t *source) {

@@ -10,18 +10,21 @@ namespace ast {
 // Octets known to follow an item, as far as one octet counts.
 constexpr uint64_t kMaxFollowing = 255;
 
-inline ast_dataitem_t decode_item(const uint8_t *data, uint64_t available, ast_dataitem_type_t type) {
-    ast_dataitem_t item{};
-    item.data = data;
-    item.type = type;
-    const ItemRow *const row = find_registered_item(type);
-    if (!row || !data) return item;
-    const uint64_t size = row->handlers.get_size(data, available);
-    if (size == 0) return item;
-    item.size = size;
-    item.valid = true;
-    item.following = static_cast<uint8_t>(size < available ? std::min(available - size, kMaxFollowing) : 0);
-    return item;
+// The size of the item at data by the rule of its row; 0 when there is none, which is reported.
+inline uint64_t item_size(const ItemRow &row, ast_dataitem_type_t type, const uint8_t *data, uint64_t available) {
+    if (row.handlers.get_size) [[likely]]
+        return row.handlers.get_size(data, available);
+    report_unsupported(type);
+    return 0;
+}
+
+// An item that could be sized, and the octets left behind it.
+inline ast_dataitem_t sized_item(const uint8_t *data, uint64_t size, ast_dataitem_type_t type, uint64_t left_behind) {
+    return {.data = data,
+            .size = size,
+            .type = type,
+            .valid = true,
+            .following = static_cast<uint8_t>(std::min(left_behind, kMaxFollowing))};
 }
 
 // Whether the octets of an item may be read.

@@ -135,14 +135,28 @@ constexpr Override kAsr10ss[] = {{1, layout(k001Asr10, nullptr)}, {2, layout(k00
 constexpr Override kAsr10ssMk2[] = {{1, layout(k001Asr10Mk2, nullptr)}, {2, layout(k002Asr10Mk2, nullptr)}};
 constexpr Override kThales[] = {{kAdsb, layout(k021Thales, nullptr)}};
 
-ast_dataitem_type_t item_at(const Layout &layout, uint32_t category, uint32_t frn) {
-    if (frn == 0) return AST_DATAITEM_NONE;
-    if (frn <= layout.count) {
-        const uint16_t number = layout.items[frn - 1];
-        return number == ___ ? AST_DATAITEM_NONE : AST_DATAITEM_TYPE(category, number);
-    }
-    if (layout.reported_as)
+bool defines(const Layout &layout, uint32_t frn) { return frn - 1 < layout.count; } // FRN 0 lies beyond all of them
+
+ast_dataitem_type_t defined_item(const Layout &layout, uint32_t category, uint32_t frn) {
+    const uint16_t number = layout.items[frn - 1];
+    return number == ___ ? AST_DATAITEM_NONE : AST_DATAITEM_TYPE(category, number);
+}
+
+ast_dataitem_type_t undefined_item(const Layout &layout, uint32_t frn) {
+    if (frn != 0 && layout.reported_as)
         ast_log(AST_LOG_CRITICAL, "UAP %s: Undefined FRN %d", layout.reported_as, static_cast<int>(frn));
+    return AST_DATAITEM_NONE;
+}
+
+ast_dataitem_type_t item_at(const Layout &layout, uint32_t category, uint32_t frn) {
+    return defines(layout, frn) ? defined_item(layout, category, frn) : undefined_item(layout, frn);
+}
+
+// What the standard profile answers where its tables do not.
+ast_dataitem_type_t outside_standard(uint32_t category, uint32_t frn) {
+    if (category == kAdsb) return ast_uap_get_dataitem(&AST_UAP_CAT021_VER026, category, frn);
+    if (category < kStandard.size() && kStandard[category].items) return undefined_item(kStandard[category], frn);
+    ast_log(AST_LOG_CRITICAL, "UAP STD: Unknown category %d", static_cast<int>(category));
     return AST_DATAITEM_NONE;
 }
 
@@ -181,11 +195,11 @@ uint32_t ast_uap_max_frn_standard(uint32_t category) {
     return category < kStandard.size() ? kStandard[category].max_frn : 0;
 }
 
+// Asked once for each item of a record, so the common answer comes first and calls nothing.
 ast_dataitem_type_t ast_uap_get_dataitem_standard(uint32_t category, uint32_t frn) {
-    if (category < kStandard.size() && kStandard[category].items) return item_at(kStandard[category], category, frn);
-    if (category == kAdsb) return ast_uap_get_dataitem(&AST_UAP_CAT021_VER026, category, frn);
-    ast_log(AST_LOG_CRITICAL, "UAP STD: Unknown category %d", static_cast<int>(category));
-    return AST_DATAITEM_NONE;
+    if (category < kStandard.size() && defines(kStandard[category], frn)) [[likely]]
+        return defined_item(kStandard[category], category, frn);
+    return outside_standard(category, frn);
 }
 
 #define AST_DEFINE_VARIANT(name, overrides)                                                                            \

@@ -81,21 +81,32 @@ void decode_record(ast_datarecord_t &record, const uint8_t *data, uint64_t avail
     record.data = data;
     record.category = category;
     record.uap = uap;
-    const ast_fspec_t fspec = ast_fspec_decode(data, available);
+    const ast_fspec_t fspec = decode_fspec(data, available);
     if (!fspec.valid) return;
     record.fspec = fspec;
 
-    uint64_t offset = fspec.length;
-    record.valid = each_frn(fspec, [&](uint32_t frn) {
-        const ast_dataitem_t item =
-            decode_item(data + offset, available - offset, ast_uap_get_dataitem(&uap, category, frn));
-        // Explicit lengths and composed track numbers do not look at what is available; here they have to fit it.
-        if (!item.valid || item.size > available - offset || record.item_count == std::size(record.items)) return false;
-        record.items[record.item_count++] = item;
-        offset += item.size;
-        return true;
-    });
-    if (record.valid) record.size = offset;
+    const Category &own = find_category(category);
+    const uint32_t own_types = AST_DATAITEM_TYPE(category, 0);
+    const uint8_t *rest = data + fspec.length;
+    uint64_t left = available - fspec.length;
+    ast_dataitem_t *next = record.items;
+    const bool is_whole = uap.get_dataitem && each_frn(fspec, [&](uint32_t frn) {
+                              const ast_dataitem_type_t type = uap.get_dataitem(category, frn);
+                              const uint32_t number = type - own_types;
+                              const uint64_t size = item_size(
+                                  number < kItemNumbers ? find_item(own, number) : find_item(type), type, rest, left);
+                              // Explicit lengths and composed track numbers do not look at what is available; here they
+                              // have to fit it.
+                              if (size == 0 || size > left || next == std::end(record.items)) return false;
+                              left -= size;
+                              *next++ = sized_item(rest, size, type, left);
+                              rest += size;
+                              return true;
+                          });
+    record.item_count = static_cast<uint64_t>(next - record.items);
+    if (!is_whole) return;
+    record.size = static_cast<uint64_t>(rest - data);
+    record.valid = true;
 }
 
 } // namespace ast

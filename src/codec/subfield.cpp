@@ -8,10 +8,7 @@ namespace {
 
 using namespace ast;
 
-const Compound *find_compound(ast_dataitem_type_t type) {
-    const ItemRow *const row = find_item(type);
-    return row ? row->compound : nullptr;
-}
+const Compound *find_compound(ast_dataitem_type_t type) { return find_item(type).compound; }
 
 const SubfieldRow *find_subfield(const Compound &compound, uint32_t number) {
     return number >= 1 && number <= compound.count ? &compound.rows[number - 1] : nullptr;
@@ -52,12 +49,17 @@ Rest after(const uint8_t *data, uint64_t available, uint64_t offset) {
 namespace ast {
 
 uint64_t compound_size(const Compound &compound, const uint8_t *data, uint64_t available) {
-    const ast_fspec_t primary = ast_fspec_decode(data, available);
+    const ast_fspec_t primary = decode_fspec(data, available);
     if (!primary.valid) return 0;
     uint64_t size = primary.length;
     each_frn(primary, [&](uint32_t number) {
-        const Rest rest = after(data, available, size);
-        size += sized(compound, number, rest.data, rest.available);
+        const SubfieldRow *const row = find_subfield(compound, number);
+        if (row && row->size.kind == SubfieldSize::Kind::Fixed) [[likely]] {
+            size += row->size.octets;
+        } else {
+            const Rest rest = after(data, available, size);
+            size += sized(compound, number, rest.data, rest.available);
+        }
         return true;
     });
     return size <= available ? size : 0;

@@ -15,17 +15,13 @@ template <typename Result>
 Result ask(const ast_datarecord_t *record, Result (*ast_datarecord_func_t::*slot)(const ast_datarecord_t *),
            Result fallback = {}) {
     if (!record || !record->valid) return fallback;
-    const Category *const category = find_category(record->category);
-    const auto accessor = category ? category->accessors.*slot : nullptr;
+    const auto accessor = find_category(record->category).accessors.*slot;
     return accessor ? accessor(record) : fallback;
 }
 
 } // namespace
 
-ast_datarecord_func_t ast_datarecord_get_func(uint32_t category) {
-    const Category *const found = find_category(category);
-    return found ? found->accessors : ast_datarecord_func_t{};
-}
+ast_datarecord_func_t ast_datarecord_get_func(uint32_t category) { return find_category(category).accessors; }
 
 ast_sac_sic_t ast_datarecord_get_sacsic(const ast_datarecord_t *record) {
     return ask(record, &ast_datarecord_func_t::get_sacsic, {.valid = false, .sac = kUnknown, .sic = kUnknown});

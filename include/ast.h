@@ -403,6 +403,19 @@ AST_API ast_datarecord_t ast_datarecord_copy(uint8_t *buffer, uint64_t length, c
 AST_API ast_datarecord_t ast_datarecord_modify(uint8_t *buffer, uint64_t length, const ast_datarecord_t *source,
                                                const ast_dataitem_src_list_t *replacements);
 
+/** The octets of a valid record, FSPEC included, as an HTML table of hexadecimal digits, 16 octets a row. */
+AST_API void ast_datarecord_get_hex_html(char *text, uint64_t capacity, const ast_datarecord_t *record);
+
+/** The items of a record, valid or not, as an HTML table of references, titles, sizes and summaries. A size of three
+ *  digits shows its first two. */
+AST_API void ast_datarecord_get_detail_html(char *text, uint64_t capacity, const ast_datarecord_t *record);
+
+/** A valid record's octets, FSPEC included, as an HTML table of hexadecimal digits. */
+AST_API void ast_datarecord_get_hex_html(char *text, uint64_t capacity, const ast_datarecord_t *record);
+
+/** The items of a record, valid or not, as an HTML table: reference, title, size and summary. */
+AST_API void ast_datarecord_get_detail_html(char *text, uint64_t capacity, const ast_datarecord_t *record);
+
 /* ============================================================================================= field specification ==
  */
 

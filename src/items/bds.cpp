@@ -383,7 +383,8 @@ ast_bds_50_t ast_bds_50_decode(const ast_bds_t *bds) {
     turn.ground_speed_status = flag(mb, 24);
     turn.ground_speed_kt = field_if(turn.ground_speed_status, mb, 25, 34) * kSpeedLsbKt;
     turn.track_rate_status = flag(mb, 35);
-    turn.track_rate_deg_s = with_sign(flag(mb, 36), field_if(turn.track_rate_status, mb, 37, 45) * kTurnLsbDegPerS);
+    turn.track_rate_deg_s = with_sign(turn.track_rate_status && flag(mb, 36),
+                                      field_if(turn.track_rate_status, mb, 37, 45) * kTurnLsbDegPerS);
     turn.airspeed_status = flag(mb, 46);
     turn.true_airspeed_kt = field_if(turn.airspeed_status, mb, 47, 56) * kSpeedLsbKt;
     turn.valid = true;
@@ -420,11 +421,12 @@ ast_bds_60_t ast_bds_60_decode(const ast_bds_t *bds) {
     speed.mach_status = flag(mb, 24);
     speed.mach = field_if(speed.mach_status, mb, 25, 34) * kMachLsb;
     speed.altitude_rate_status = flag(mb, 35);
-    speed.barometric_altitude_rate_ft_min =
-        with_sign(flag(mb, 36), field_if(speed.altitude_rate_status, mb, 37, 45) * kRateLsbFtMin);
+    speed.barometric_altitude_rate_ft_min = with_sign(speed.altitude_rate_status && flag(mb, 36),
+                                                      field_if(speed.altitude_rate_status, mb, 37, 45) * kRateLsbFtMin);
     speed.vertical_velocity_status = flag(mb, 46);
     speed.inertial_vertical_velocity_ft_min =
-        with_sign(flag(mb, 47), field_if(speed.vertical_velocity_status, mb, 48, 56) * kRateLsbFtMin);
+        with_sign(speed.vertical_velocity_status && flag(mb, 47),
+                  field_if(speed.vertical_velocity_status, mb, 48, 56) * kRateLsbFtMin);
     speed.valid = true;
     return speed;
 }

@@ -155,6 +155,41 @@ void encode_record(benchmark::State &state) {
     state.SetBytesProcessed(state.iterations() * static_cast<int64_t>(record.size));
 }
 
+using ItemView = void(char *text, uint64_t capacity, const ast_dataitem_t *item);
+
+// Shows every item of one record; counts items, and the characters written as octets.
+void show_items(benchmark::State &state, const Sample &sample, ItemView *view) {
+    const ast_datarecord_t record =
+        ast_datarecord_decode(sample.octets.data(), sample.octets.size(), sample.category, *sample.uap);
+    static char text[65536];
+    int64_t characters = 0;
+    for (uint64_t i = 0; i < record.item_count; ++i) {
+        view(text, sizeof text, &record.items[i]);
+        characters += static_cast<int64_t>(std::strlen(text));
+    }
+    for ([[maybe_unused]] const auto _ : state) {
+        for (uint64_t i = 0; i < record.item_count; ++i) {
+            view(text, sizeof text, &record.items[i]);
+            benchmark::DoNotOptimize(text);
+        }
+    }
+    state.SetItemsProcessed(state.iterations() * static_cast<int64_t>(record.item_count));
+    state.SetBytesProcessed(state.iterations() * characters);
+}
+
+// Shows one record as its table.
+void show_record(benchmark::State &state, const Sample &sample) {
+    const ast_datarecord_t record =
+        ast_datarecord_decode(sample.octets.data(), sample.octets.size(), sample.category, *sample.uap);
+    static char text[65536];
+    for ([[maybe_unused]] const auto _ : state) {
+        ast_datarecord_get_detail_html(text, sizeof text, &record);
+        benchmark::DoNotOptimize(text);
+    }
+    state.SetItemsProcessed(state.iterations());
+    state.SetBytesProcessed(state.iterations() * static_cast<int64_t>(std::strlen(text)));
+}
+
 // A figure for octets that do not decode would mean nothing.
 void require_valid(const Sample &sample, BlockDecoder *decode) {
     each_block(recording_of(sample), [&](const uint8_t *data, size_t available) {
@@ -189,6 +224,13 @@ int main(int argc, char **argv) {
     benchmark::RegisterBenchmark("021: smart decode blocks", decode_blocks, adsb, smart_decode_block);
 
     benchmark::RegisterBenchmark("048: encode a record of 7 items", encode_record);
+
+    const Sample &radar = bench::kSamples.front();
+    benchmark::RegisterBenchmark("048: summaries", show_items, radar, ast_dataitem_get_summary);
+    benchmark::RegisterBenchmark("048: detail views", show_items, radar, ast_dataitem_get_detail_html);
+    benchmark::RegisterBenchmark("048: hexadecimal texts", show_items, radar, ast_dataitem_get_hex_str);
+    benchmark::RegisterBenchmark("048: bit tables", show_items, radar, ast_dataitem_get_bin_html);
+    benchmark::RegisterBenchmark("048: record tables", show_record, radar);
 
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();

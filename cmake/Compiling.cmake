@@ -30,6 +30,7 @@ target_compile_options(
             $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor
             -Wold-style-cast
             -Woverloaded-virtual
+            -Wmissing-declarations
             -Wextra-semi>
             $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<CXX_COMPILER_ID:GNU>>:-Wduplicated-cond
             -Wlogical-op

@@ -52,7 +52,7 @@
 extern "C" {
 #endif
 
-/* ======================================================================================================== library ==
+/* ========================================================================================================== library ==
  * Identity, options and the log. */
 
 AST_API uint32_t ast_library_version_major(void);
@@ -122,7 +122,7 @@ AST_API int32_t ast_log_stdout(uint32_t level, const char *message);
 /** Logs "Binary data size: N" and then the octets in hexadecimal: 17 on the first line, 16 on each later one. */
 AST_API void ast_log_binary_data(uint32_t level, const uint8_t *data, uint64_t count);
 
-/* ==================================================================================================== conversions ==
+/* ====================================================================================================== conversions ==
  * Numbers and codes as ASTERIX items carry them. Pure functions, but for the texts in buffers of the calling thread. */
 
 /** The ASCII character of a 6-bit ICAO character code (A-Z, 0-9, blank), or 0. The top two bits are ignored. */
@@ -162,7 +162,7 @@ AST_API const char *ast_latlong_to_str_high(double latitude, double longitude);
 /** The same with millionths of a second: "DDMMSS.ssssssNDDDMMSS.ssssssE". */
 AST_API const char *ast_latlong_to_str_very_high(double latitude, double longitude);
 
-/* ============================================================================================= lookups, map links ==
+/* =============================================================================================== lookups, map links ==
  * What an application can tell the library about sites, sensors and countries; the detail views show it.
  *
  * A lookup fills a zeroed result that the library hands it and may use at most AST_LOOKUP_MAX_ENTRIES entries of a
@@ -247,7 +247,7 @@ AST_API bool ast_map_get_link_url_baidu(char *text, uint64_t capacity, double la
 /** The same for a service by number. Returns false, and leaves the text untouched, for any number but 1 to 4. */
 AST_API bool ast_map_get_link_url(char *text, uint64_t capacity, uint32_t service, double latitude, double longitude);
 
-/* ======================================================================================================== records ==
+/* ========================================================================================================== records ==
  * What blocks, records and items look like once decoded, and what an encoder is given. */
 
 /** Records that a decoded block has room for. */
@@ -355,8 +355,7 @@ typedef struct {
     uint64_t item_count;
 } ast_dataitem_src_list_t;
 
-/* ============================================================================================= blocks and records ==
- */
+/* ============================================================================================ blocks and records == */
 
 /** Decodes the block at data with one profile.
  *  data       the CAT octet; borrowed by the result
@@ -410,14 +409,7 @@ AST_API void ast_datarecord_get_hex_html(char *text, uint64_t capacity, const as
  *  digits shows its first two. */
 AST_API void ast_datarecord_get_detail_html(char *text, uint64_t capacity, const ast_datarecord_t *record);
 
-/** A valid record's octets, FSPEC included, as an HTML table of hexadecimal digits. */
-AST_API void ast_datarecord_get_hex_html(char *text, uint64_t capacity, const ast_datarecord_t *record);
-
-/** The items of a record, valid or not, as an HTML table: reference, title, size and summary. */
-AST_API void ast_datarecord_get_detail_html(char *text, uint64_t capacity, const ast_datarecord_t *record);
-
-/* ============================================================================================= field specification ==
- */
+/* =========================================================================================== field specification == */
 
 /** Decodes the FSPEC at data. Not valid, with length 0, when its FX chain runs past what is available; not valid, with
  *  length and counts filled, when no bit is set and AST_OPTION_ALLOW_EMPTY_FSPEC is not. */
@@ -433,8 +425,7 @@ AST_API bool ast_fspec_set(uint8_t *octets, uint64_t available, uint32_t frn, bo
  * but carries the counts of the source. */
 AST_API ast_fspec_t ast_fspec_copy(uint8_t *buffer, uint64_t length, const ast_fspec_t *source);
 
-/* ========================================================================================================== items ==
- */
+/* ========================================================================================================= items == */
 
 /** The five handlers of an item type. A null slot means "not supported". */
 typedef struct {
@@ -493,7 +484,7 @@ AST_API void ast_dataitem_get_bin_html(char *text, uint64_t capacity, const ast_
 /** A detail view of nothing: the empty text. */
 AST_API void ast_dataitem_get_detail_html_dummy(char *text, uint64_t capacity);
 
-/* ----------------------------------------------------------------------------------------------------- size rules --
+/* ------------------------------------------------------------------------------------------------------- size rules --
  * Each takes the first octet of an item and the octets available, and returns the item's size in octets, 0 when the
  * octets do not hold all of it. */
 
@@ -545,7 +536,7 @@ AST_API uint64_t ast_dataitem_reserved_expansion_field_get_size(const uint8_t *d
 AST_API uint64_t ast_dataitem_special_purpose_field_get_size(const uint8_t *data, uint64_t available);
 AST_API uint64_t ast_dataitem_random_field_sequencing_get_size(const uint8_t *data, uint64_t available);
 
-/* ================================================================================================= compound items ==
+/* =================================================================================================== compound items ==
  * A compound item is a primary subfield, laid out like an FSPEC, and the subfields that it announces in bit order.
  * A subfield type is item type × 1000 + subfield number, counted from 1: 48130001 is the first subfield of I048/130. */
 
@@ -625,7 +616,7 @@ AST_API void ast_dataitem_subfields_get_summary(char *text, uint64_t capacity, c
  */
 AST_API void ast_dataitem_subfields_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
 
-/* ======================================================================================================= profiles ==
+/* ========================================================================================================= profiles ==
  * The standard profile covers every category; each variant overrides one or two and asks AST_UAP_STANDARD for the rest,
  * through that object, which in turn asks AST_UAP_CAT021_VER026 for category 021. So an application that changes one of
  * those two objects, before it decodes, changes every fallback; neither may be pointed at a variant that falls back on
@@ -670,7 +661,7 @@ AST_API ast_dataitem_type_t ast_uap_get_dataitem_asr10ss_mk2(uint32_t category, 
 AST_API ast_dataitem_type_t ast_uap_get_dataitem_thales(uint32_t category, uint32_t frn);
 AST_API ast_dataitem_type_t ast_uap_get_dataitem_managair(uint32_t category, uint32_t frn);
 
-/* ================================================================================================= HTML fragments ==
+/* =================================================================================================== HTML fragments ==
  * The pieces that all detail views are made of. Each writes one fragment at the start of text, never beyond capacity,
  * and leaves it terminated. Styling is the application's, by the classes detail_table, even_row, hex_table, bin_table,
  * caption_row and data_row. Every second data row of a table is an even_row; that parity is kept per thread. */
@@ -708,7 +699,7 @@ AST_API void ast_html_gen_bin_table(char *text, uint64_t capacity, const uint8_t
 AST_API uint64_t ast_html_gen_location_map_link(char *text, uint64_t capacity, uint32_t service, double latitude,
                                                 double longitude);
 
-/* ========================================================================================================= values ==
+/* =========================================================================================================== values ==
  * Item layouts that several categories share. Each has a decoder that reads the item's octets into a plain record, and
  * most have views and an encoder; the registry binds them to every item type of that layout.
  *
@@ -1030,7 +1021,7 @@ AST_API void ast_dataitem_special_purpose_field_get_summary(char *text, uint64_t
 AST_API void ast_dataitem_random_field_sequencing_get_summary(char *text, uint64_t capacity,
                                                               const ast_dataitem_t *item);
 
-/* =============================================================================================== Mode S registers ==
+/* ================================================================================================= Mode S registers ==
  * Comm-B replies: 56 bits from a transponder register, which its BDS code names. Bits are numbered 1 to 56 from the
  * most significant bit of the first octet. A register decoder returns its record with valid set for a valid register of
  * its number and seven octets, and all zero otherwise; a field whose status is false stays 0. */
@@ -1205,7 +1196,7 @@ AST_API void ast_bds_40_get_detail_html(char *text, uint64_t capacity, const ast
 AST_API void ast_bds_50_get_detail_html(char *text, uint64_t capacity, const ast_bds_t *bds);
 AST_API void ast_bds_60_get_detail_html(char *text, uint64_t capacity, const ast_bds_t *bds);
 
-/* =================================================================================================== enumerations ==
+/* ===================================================================================================== enumerations ==
  * Coded fields of ADS-B and track items. `..._from_int` takes a raw field value and folds what is not defined into one
  * undefined value; `..._to_str` gives the text of a value, a fallback for one that is not defined. Constants, but for
  * ast_category_to_str. */
@@ -1260,7 +1251,7 @@ AST_API const char *ast_radar_flight_status_to_str(uint32_t value);
 /** "I048" for category 48, in a buffer of the calling thread. */
 AST_API const char *ast_category_to_str(uint32_t category);
 
-/* ======================================================================================================== queries ==
+/* ========================================================================================================== queries ==
  * The common quantities of a record, whatever its category. */
 
 /** A number in the unit that its accessor states. */
@@ -1442,7 +1433,7 @@ AST_API bool ast_datarecord_match_keyword(const ast_datarecord_t *record, uint32
 AST_API void ast_datarecord_get_keyword(char *text, uint64_t capacity, const ast_datarecord_t *record, uint32_t keyword,
                                         uint32_t position_format);
 
-/* ===================================================================================================== categories ==
+/* ======================================================================================================= categories ==
  * One group per category, in ascending order. */
 
 /** The title of an item of one category, also of items that are known but not registered; "Unknown CATnnn Dataitem" for
@@ -1610,7 +1601,7 @@ AST_API uint64_t ast_subfield_062_500_get_size(const uint8_t *data, uint64_t ava
 AST_API const char *ast_subfield_062_500_get_id(uint32_t subfield_type);
 AST_API const char *ast_subfield_062_500_get_name(uint32_t subfield_type);
 
-/* ---------------------------------------------------------------------------------------------------- category 034 --
+/* ----------------------------------------------------------------------------------------------------- category 034 --
  * Service messages of one radar. */
 
 /** I034/050, station configuration and status. PSR and MDS stay octets. */
@@ -1726,7 +1717,7 @@ AST_API ast_datarecord_034_t ast_datarecord_034_disassemble(const ast_datarecord
 AST_API ast_datarecord_t ast_datarecord_034_assemble(uint8_t *buffer, uint64_t length, ast_datarecord_034_t *flat,
                                                      ast_uap_t uap);
 
-/* ---------------------------------------------------------------------------------------------------- category 048 --
+/* ----------------------------------------------------------------------------------------------------- category 048 --
  * Plots and local tracks of one radar. */
 
 /** I048/020, target report descriptor. */

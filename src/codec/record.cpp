@@ -34,18 +34,17 @@ void each_source(const ast_datarecord_src_t &record, uint32_t max_frn, Visitor v
 
 // Writes the FSPEC of a record and returns its length, 0 when there is nothing to announce or no room for it.
 uint64_t encode_fspec(uint8_t *buffer, uint64_t length, const ast_datarecord_src_t &record, uint32_t max_frn) {
-    uint32_t last_frn = 0;
+    uint64_t octets = 0;
+    bool fits = true;
     each_source(record, max_frn, [&](uint32_t frn, const ast_dataitem_src_t &) {
-        last_frn = frn;
-        return true;
+        const uint64_t needed = (frn - 1) / kFrnsPerOctet + 1;
+        fits = needed <= length;
+        if (!fits) return false;
+        for (; octets < needed; ++octets) buffer[octets] = kFx;
+        return ast_fspec_set(buffer, octets, frn, true);
     });
-    const uint64_t octets = (last_frn + kFrnsPerOctet - 1) / kFrnsPerOctet;
-    if (octets == 0 || octets > length) return 0;
-
-    std::memset(buffer, kFx, octets);
-    buffer[octets - 1] = 0;
-    each_source(record, max_frn,
-                [&](uint32_t frn, const ast_dataitem_src_t &) { return ast_fspec_set(buffer, octets, frn, true); });
+    if (octets == 0 || !fits) return 0;
+    buffer[octets - 1] = static_cast<uint8_t>(buffer[octets - 1] & ~kFx);
     return octets;
 }
 

@@ -1,0 +1,71 @@
+// Items as a user meets them: octets in, texts and table cells out, and values back into octets. The octets are written
+// as hexadecimal text.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ast.h"
+
+namespace ast_test {
+
+// An item over octets of its own, valid and of exactly their size whatever its type says.
+class Item {
+public:
+    Item(ast_dataitem_type_t type, std::string_view hex);
+    Item(ast_dataitem_type_t type, std::vector<uint8_t> octets);
+    Item(const Item &) = delete;
+    Item &operator=(const Item &) = delete;
+
+    operator const ast_dataitem_t *() const { return &item_; }
+
+private:
+    std::vector<uint8_t> octets_;
+    ast_dataitem_t item_;
+};
+
+// What any of the exported text functions writes in one call with ample room.
+template <typename Write, typename... Arguments>
+std::string text_from(Write write, Arguments... arguments) {
+    static thread_local char text[1 << 20];
+    write(text, sizeof text, arguments...);
+    return text;
+}
+
+std::string summary_of(ast_dataitem_type_t type, std::string_view hex);
+std::string detail_of(ast_dataitem_type_t type, std::string_view hex);
+
+// The rows of all detail tables of a view, header rows included, and the texts of their cells without markup. Tables of
+// bits and of hexadecimal digits are left out.
+using Row = std::vector<std::string>;
+std::vector<Row> rows_of(std::string_view html);
+
+struct SummaryCase {
+    const char *name;
+    const char *octets;
+    const char *summary;
+};
+
+void expect_summaries(ast_dataitem_type_t type, std::span<const SummaryCase> cases);
+void expect_detail_rows(ast_dataitem_type_t type, std::string_view hex, const std::vector<Row> &rows);
+
+// Encodes a value as an item type; `octets` null: it is refused and the buffer stays as it was.
+void expect_encodes(const char *name, ast_dataitem_type_t type, void *value, const char *octets);
+
+template <typename Value>
+struct EncodeCase {
+    const char *name;
+    Value value;
+    const char *octets; // null: refused
+};
+
+template <typename Value, size_t N>
+void expect_encodes(ast_dataitem_type_t type, const EncodeCase<Value> (&cases)[N]) {
+    for (EncodeCase<Value> one : cases) expect_encodes(one.name, type, &one.value, one.octets);
+}
+
+} // namespace ast_test

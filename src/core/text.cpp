@@ -13,7 +13,7 @@ TextWriter::TextWriter(char *text, uint64_t capacity)
 }
 
 void TextWriter::append(std::string_view piece) {
-    if (!room_) return;
+    if (!room_ || piece.empty()) return;
     const uint64_t count = std::min<uint64_t>(piece.size(), room_);
     std::memcpy(cursor_, piece.data(), count);
     advance(count);

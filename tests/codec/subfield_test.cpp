@@ -1,0 +1,116 @@
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "ast.h"
+#include "support/log_capture.hpp"
+#include "support/octets.hpp"
+
+namespace {
+
+using namespace ast_test;
+
+ast_subfields_t split(const std::vector<uint8_t> &data, uint32_t type) {
+    const ast_dataitem_t item = ast_dataitem_decode(data.data(), data.size(), type);
+    return ast_dataitem_subfields_decode(&item);
+}
+
+TEST(Subfields, ListsPresentAndAbsent) {
+    const auto data = octets("90 12 34 56"); // I048/130: SRL and PRL
+    const ast_subfields_t subfields = split(data, 48130);
+    EXPECT_TRUE(subfields.valid);
+    EXPECT_EQ(subfields.primary.length, 1U);
+    EXPECT_EQ(subfields.primary.item_count, 2U);
+    ASSERT_EQ(subfields.subfield_count, 7U);
+    for (uint32_t i = 0; i < 7; ++i) {
+        const ast_subfield_t &subfield = subfields.subfields[i];
+        const bool present = i == 0 || i == 3;
+        EXPECT_TRUE(subfield.valid);
+        EXPECT_EQ(subfield.type, 48130001 + i);
+        EXPECT_EQ(subfield.present, present);
+        EXPECT_EQ(subfield.size, present ? 1U : 0U);
+        EXPECT_EQ(subfield.data, present ? data.data() + (i == 0 ? 1 : 2) : nullptr);
+    }
+}
+
+TEST(Subfields, AreWalkedByTheirSizes) {
+    const struct {
+        const char *what;
+        uint32_t type;
+        const char *octets;
+        uint64_t size, listed;
+        std::vector<uint64_t> sizes; // of the present ones
+    } kCases[] = {
+        {"one octet", 48130, "80 12 FF", 2, 7, {1}},
+        {"only spares", 34050, "62 FF", 1, 7, {0, 0, 0}},
+        {"a spare between", 34050, "D0 11 22 33", 3, 7, {1, 0, 1}},
+        {"repeated, then fixed", 62380, "01 60 02", 0, 0, {}},
+        {"no repetition", 62380, "01 60 00 AA BB", 5, 14, {1, 2}},
+        {"one repetition", 62380, "01 40 01 01 02 03 04 05 06 07 08 09 10 11 12 13 14 15 FF", 18, 14, {16}},
+        {"extended", 4120, "C0 01 01 00 AA", 5, 4, {3, 1}},
+        {"a bit beyond the item's count is sized as nothing", 48120, "01 80", 2, 2, {}},
+        {"the primary subfield cut", 48130, "01", 0, 0, {}},
+        {"an empty primary subfield", 48130, "00 00", 0, 0, {}},
+        {"one octet short", 48120, "C0 01 02 01 02 03 04 05 06", 0, 0, {}},
+        {"a repetition short", 62380, "01 40 01 01 02", 2, 14, {0}},
+    };
+    for (const auto &c : kCases) {
+        SCOPED_TRACE(c.what);
+        const auto data = octets(c.octets);
+        EXPECT_EQ(ast_dataitem_get_size(data.data(), data.size(), c.type), c.size);
+        EXPECT_EQ(ast_dataitem_subfields_get_size(data.data(), data.size(), c.type), c.size);
+        const ast_subfields_t subfields = split(data, c.type);
+        EXPECT_EQ(subfields.valid, c.size != 0);
+        EXPECT_EQ(subfields.subfield_count, c.listed);
+        std::vector<uint64_t> sizes;
+        for (uint64_t i = 0; i < subfields.subfield_count; ++i)
+            if (subfields.subfields[i].present) sizes.push_back(subfields.subfields[i].size);
+        EXPECT_EQ(sizes, c.sizes);
+    }
+    EXPECT_EQ(ast_dataitem_subfields_get_size(nullptr, 5, 48130), 0U);
+    EXPECT_FALSE(ast_dataitem_subfields_decode(nullptr).valid);
+    const ast_dataitem_t invalid{};
+    EXPECT_FALSE(ast_dataitem_subfields_decode(&invalid).valid);
+}
+
+TEST(Subfields, MayBeEmptyByOption) {
+    ast_library_set_option(AST_OPTION_ALLOW_EMPTY_FSPEC);
+    const ast_subfields_t subfields = split(octets("00"), 48130);
+    ast_library_reset_option();
+    EXPECT_TRUE(subfields.valid);
+    EXPECT_EQ(subfields.subfield_count, 7U);
+}
+
+TEST(Subfields, OfOtherItemsAreReported) {
+    LogCapture log;
+    EXPECT_EQ(ast_dataitem_subfields_get_number(48010), 0U);
+    EXPECT_EQ(ast_dataitem_subfields_get_number(20500), 0U) << "sized as a compound item but without subfields";
+    EXPECT_EQ(log.take(), (LogLines{{3, "Undefined Subfield I048/010"}, {3, "Undefined Subfield I020/500"}}));
+    EXPECT_EQ(ast_dataitem_subfields_get_size(octets("80 00").data(), 2, 48010), 1U) << "its primary subfield";
+    log.take();
+    EXPECT_EQ(split(octets("80 00"), 48010).subfield_count, 0U);
+    EXPECT_EQ(log.take(), (LogLines{{3, "Undefined Subfield I048/010"}}));
+}
+
+TEST(Subfields, UnknownOnesHaveFallbacks) {
+    LogCapture log;
+    constexpr struct {
+        uint32_t type;
+        const char *id;
+    } kCases[] = {{48130000, "---"}, {48130008, "---"}, {48010001, "---"},  {4100007, "--"},
+                  {4171000, "--"},   {0, "---"},        {UINT32_MAX, "---"}};
+    for (const auto &c : kCases) {
+        EXPECT_STREQ(ast_subfield_get_id(c.type), c.id) << c.type;
+        EXPECT_STREQ(ast_subfield_get_name(c.type), "UNKNOWN_SUBFIELD_NAME");
+        EXPECT_EQ(ast_subfield_get_size(octets("00").data(), 1, c.type), 0U);
+    }
+    const ast_subfield_func_t none = ast_subfield_get_func(48010001);
+    EXPECT_FALSE(none.get_size || none.get_id || none.get_name || none.get_summary || none.get_detail_html);
+    EXPECT_EQ(log.take(), LogLines{});
+    EXPECT_EQ(ast_subfield_get_size(octets("00").data(), 1, 21110003), 0U);
+    EXPECT_EQ(ast_dataitem_get_size(octets("A0 00").data(), 2, 21110), 2U);
+    EXPECT_EQ(log.take(), LogLines(2, {3, "Unsupported Subfield type 3"}));
+}
+
+} // namespace

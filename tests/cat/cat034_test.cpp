@@ -1,0 +1,367 @@
+#include "support/items.hpp"
+#include "support/log_capture.hpp"
+#include "support/records.hpp"
+#include "support/subfields.hpp"
+
+using namespace ast_test;
+
+namespace {
+
+constexpr uint32_t kStatusCom = 34050001;
+constexpr uint32_t kStatusSsr = 34050005;
+constexpr uint32_t kModeCom = 34060001;
+
+struct SubfieldCase {
+    uint32_t subfield;
+    const char *octets;
+    const char *summary;
+};
+
+void expect_subfield_summaries(std::span<const SubfieldCase> cases) {
+    for (const SubfieldCase &one : cases)
+        EXPECT_EQ(subfield_summary_of(one.subfield, one.octets), one.summary) << one.subfield << ": " << one.octets;
+}
+
+// ---- I034/000 Message Type ----
+
+TEST(Cat034MessageType, SummaryNamesTheType) {
+    constexpr SummaryCase kCases[] = {
+        {"no type", "00", "MSG_TYPE:UNDEFINED"},
+        {"north marker", "01", "MSG_TYPE:NORTH_MARKER"},
+        {"sector crossing", "02", "MSG_TYPE:SECTOR_CROSSING"},
+        {"filtering", "03", "MSG_TYPE:GEO_FILTERING"},
+        {"jamming", "04", "MSG_TYPE:JAMMING_STROBE"},
+        {"the next", "05", "MSG_TYPE:UNDEFINED"},
+        {"the last", "FF", "MSG_TYPE:UNDEFINED"},
+        {"too long", "01 00", ""},
+    };
+    expect_summaries(34000, kCases);
+    EXPECT_EQ(detail_of(34000, "01"), "");
+}
+
+// ---- I034/050 Station Configuration & Status ----
+
+TEST(Cat034Status, SubfieldSummaries) {
+    constexpr SubfieldCase kCases[] = {
+        {kStatusCom, "80 00", "CHN1"},
+        {kStatusCom, "80 40", "CHN2"},
+        {kStatusCom, "80 BF", "CHN1"},
+        {kStatusSsr, "08 00", "ANT1 CHN_NO"},
+        {kStatusSsr, "08 20", "ANT1 CHN1"},
+        {kStatusSsr, "08 C0", "ANT2 CHN2"},
+        {kStatusSsr, "08 E0", "ANT2 CHN_INVALID"},
+        {kStatusSsr, "88 40 20", "ANT1 CHN1"}, // behind another subfield
+        {34050002, "40", "NOT_IMPLEMENTED"},   // a spare subfield has no octets
+        {34050004, "10 FF", "NOT_IMPLEMENTED"},
+        {34050006, "04 FF FF", "NOT_IMPLEMENTED"},
+        {kStatusCom, "08 00", ""},
+        {kStatusSsr, "80 00", ""},
+        {34050006, "80 00", ""},
+    };
+    expect_subfield_summaries(kCases);
+}
+
+TEST(Cat034Status, DetailOfTheCommonElements) {
+    const auto rows = [](const char *release, const char *chain, const char *flag, const char *monitoring,
+                         const char *time) {
+        return std::vector<Row>{{"Bit", "Item", "Value"},
+                                {"Bit[0]", "OPERATIONAL_RELEASE_STATUS", release},
+                                {"Bit[1]", "CHANNEL_SELECTION", chain},
+                                {"Bit[2]", "RDP_RESTART", flag},
+                                {"Bit[3]", "RDP_OVERLOAD", flag},
+                                {"Bit[4]", "TRANSMISSION_SUBSYSTEM_OVERLOAD", flag},
+                                {"Bit[5]", "MONITORING_SYSTEM_STATUS", monitoring},
+                                {"Bit[6]", "TIME_SOURCE_STATUS", time},
+                                {"Bit[7]", "SPARE", ""}};
+    };
+    EXPECT_EQ(rows_of(subfield_detail_of(kStatusCom, "80 00")),
+              rows("OPERATIONAL", "CHANNEL_1", "NO", "CONNECTED", "VALID"));
+    EXPECT_EQ(rows_of(subfield_detail_of(kStatusCom, "80 FE")),
+              rows("NOGO!", "CHANNEL_2", "YES", "DISCONNECTED", "INVALID"));
+    EXPECT_EQ(rows_of(subfield_detail_of(kStatusCom, "80 02")),
+              rows("OPERATIONAL", "CHANNEL_1", "NO", "CONNECTED", "INVALID"));
+}
+
+TEST(Cat034Status, DetailOfTheSsr) {
+    const auto rows = [](const char *antenna, const char *channel, const char *overload, const char *monitoring) {
+        return std::vector<Row>{{"Bit", "Item", "Value"},
+                                {"Bit[0]", "SELECTED_ANTENNA", antenna},
+                                {"Bit[1-2]", "CHANNEL_SELECTION", channel},
+                                {"Bit[3]", "OVERLOAD", overload},
+                                {"Bit[4]", "MONITORING_SYSTEM_STATUS", monitoring},
+                                {"Bit[5-7]", "SPARE", ""}};
+    };
+    const auto detail = [](const char *hex) { return rows_of(subfield_detail_of(kStatusSsr, hex)); };
+    EXPECT_EQ(detail("08 00"), rows("ANTENNA_1", "NO_CHANNLE", "NO", "CONNECTED")); // meant: spelled so
+    EXPECT_EQ(detail("08 20"), rows("ANTENNA_1", "CHANNLE_A_ONLY", "NO", "CONNECTED"));
+    EXPECT_EQ(detail("08 D0"), rows("ANTENNA_2", "CHANNLE_B_ONLY", "YES", "CONNECTED"));
+    EXPECT_EQ(detail("08 E8"), rows("ANTENNA_2", "INVALID_COMBINATION", "NO", "DISCONNECTED"));
+    EXPECT_TRUE(detail("80 00").empty());
+    EXPECT_EQ(subfield_detail_of(34050004, "10 FF"), "");
+    EXPECT_EQ(subfield_detail_of(34050006, "04 FF FF"), "");
+}
+
+TEST(Cat034Status, DecodesEachFlag) {
+    struct Flags {
+        bool nogo, rdpr, ovl_rdp, ovl_xmt, msc, time_valid;
+        bool operator==(const Flags &) const = default;
+    };
+    constexpr struct {
+        const char *octets;
+        Flags flags;
+    } kCases[] = {
+        {"80 80", {.nogo = true, .msc = true, .time_valid = true}},
+        {"80 20", {.rdpr = true, .msc = true, .time_valid = true}},
+        {"80 10", {.ovl_rdp = true, .msc = true, .time_valid = true}},
+        {"80 08", {.ovl_xmt = true, .msc = true, .time_valid = true}},
+        {"80 04", {.time_valid = true}},
+        {"80 02", {.msc = true}},
+    };
+    for (const auto &one : kCases) {
+        const auto status = ast_dataitem_034_050_decode(Item(34050, one.octets));
+        const auto &com = status.com;
+        EXPECT_TRUE(status.valid && com.present && !status.ssr.present) << one.octets;
+        EXPECT_EQ((Flags{com.nogo, com.rdpr, com.ovl_rdp, com.ovl_xmt, com.msc, com.time_valid}), one.flags)
+            << one.octets;
+    }
+    EXPECT_FALSE(ast_dataitem_034_050_decode(Item(34050, "81")).valid);
+    EXPECT_FALSE(ast_dataitem_034_050_decode(Item(34060, "80 00")).valid);
+    EXPECT_FALSE(ast_dataitem_034_050_decode(nullptr).valid);
+}
+
+// ---- I034/060 System Processing Mode ----
+
+TEST(Cat034Mode, SubfieldSummaries) {
+    constexpr SubfieldCase kCases[] = {
+        {kModeCom, "80 2E", "RED-RAD:2 RED-XMP:7"}, // meant: the labels read so
+        {kModeCom, "80 81", "RED-RAD:0 RED-XMP:0"}, {kModeCom, "80 70", "RED-RAD:7 RED-XMP:0"},
+        {34060004, "10 FF", "NOT_IMPLEMENTED"},     {34060005, "08 FF", "NOT_IMPLEMENTED"},
+        {34060006, "04 FF", "NOT_IMPLEMENTED"},     {kModeCom, "08 FF", ""},
+    };
+    expect_subfield_summaries(kCases);
+}
+
+TEST(Cat034Mode, DetailOfTheCommonElements) {
+    const auto rows = [](const char *processing, const char *transmission) {
+        return std::vector<Row>{{"Bit", "Item", "Value"},
+                                {"Bit[0]", "SPARE", ""},
+                                {"Bit[1-3]", "RED-REP", processing}, // meant: the label reads so
+                                {"Bit[4-6]", "RED-XMT", transmission},
+                                {"Bit[7]", "SPARE", ""}};
+    };
+    const auto detail = [](const char *hex) { return rows_of(subfield_detail_of(kModeCom, hex)); };
+    EXPECT_EQ(detail("80 81"), rows("NO_REDUCTION_ACTIVE", "NO_REDUCTION_ACTIVE"));
+    EXPECT_EQ(detail("80 2E"), rows("REDUCTION_STEP2_ACTIVE", "REDUCTION_STEP7_ACTIVE"));
+    EXPECT_EQ(detail("80 70"), rows("REDUCTION_STEP7_ACTIVE", "NO_REDUCTION_ACTIVE"));
+    EXPECT_EQ(subfield_detail_of(34060004, "10 FF"), "");
+    EXPECT_EQ(subfield_detail_of(kModeCom, "10 FF"), "");
+}
+
+TEST(Cat034Mode, DecodesAllSubfields) {
+    const auto mode = ast_dataitem_034_060_decode(Item(34060, "9C 2E B8 A0 60"));
+    EXPECT_TRUE(mode.valid && mode.com.present && mode.psr.present && mode.ssr.present && mode.mds.present);
+    EXPECT_EQ(mode.com.red_rdp, 2U);
+    EXPECT_EQ(mode.com.red_xmt, 7U);
+    EXPECT_TRUE(mode.psr.pol);
+    EXPECT_EQ(mode.psr.red_rad, 3U);
+    EXPECT_EQ(mode.psr.stc, 2U);
+    EXPECT_EQ(mode.ssr.red_rad, 5U);
+    EXPECT_EQ(mode.mds.red_rad, 3U);
+    EXPECT_TRUE(mode.mds.clu_autonomous);
+    EXPECT_FALSE(ast_dataitem_034_060_decode(Item(34060, "04 10")).mds.clu_autonomous);
+    EXPECT_FALSE(ast_dataitem_034_060_decode(Item(34060, "04 10")).com.present);
+    EXPECT_FALSE(ast_dataitem_034_060_decode(Item(34050, "80 00")).valid);
+    EXPECT_FALSE(ast_dataitem_034_060_decode(nullptr).valid);
+}
+
+// ---- I034/070 Message Count Values ----
+
+// Types 0 to 17, each with its number as value, and 2047 for the last.
+constexpr char kAllCounters[] = "12 00 00 08 01 10 02 18 03 20 04 28 05 30 06 38 07 40 08 48 09 "
+                                "50 0A 58 0B 60 0C 68 0D 70 0E 78 0F 80 10 8F FF";
+
+TEST(Cat034Counters, SummaryGivesHowMany) {
+    constexpr SummaryCase kCases[] = {
+        {"none", "00", "COUNTERS:0"},
+        {"two", "02 08 01 FF FF", "COUNTERS:2"},
+        {"more than have room", kAllCounters, "COUNTERS:18"},
+        {"one octet short", "02 08 01 FF", ""},
+        {"one octet too many", "02 08 01 FF FF 00", ""},
+    };
+    expect_summaries(34070, kCases);
+    EXPECT_EQ(detail_of(34070, "00"), "");
+    EXPECT_EQ(detail_of(34070, "02 08 01 FF"), "");
+    EXPECT_FALSE(ast_dataitem_034_070_decode(Item(34071, "00")).valid);
+}
+
+TEST(Cat034Counters, DetailGivesEveryCounter) {
+    expect_detail_rows(34070, kAllCounters,
+                       {{"Type", "Value"},
+                        {"NO_DETECTION", "0"},
+                        {"SINGLE_PSR", "1"},
+                        {"SINGLE_SSR_NON_MODE-S", "2"},
+                        {"SSR+PSR_NON_MODE-S", "3"},
+                        {"SINGLE_ALL_CALL_MODE-S", "4"},
+                        {"SINGLE_ROLL_CALL_MODE-S", "5"},
+                        {"ALL_CALL+PSR_MODE-S", "6"},
+                        {"ROLL_CALL+PSR_MODE-S", "7"},
+                        {"FILTER_WEATHER_DATA", "8"},
+                        {"FILTER_JAMMING_STROBE", "9"},
+                        {"FILTER_PSR", "10"},
+                        {"FILTER_SSR", "11"},
+                        {"FILTER_SSR/MODE-S_PSR", "12"},
+                        {"FILTER_EHS", "13"},
+                        {"FILTER_PSR_EHS", "14"},
+                        {"FILTER_PSR_EHS_SSR/MODE-S_NOT_", "15"}, // cut by the cell
+                        {"FILTER_PSR_EHS_SSR/MODE-S_", "16"},
+                        {"UNDEFINED_COUNTER_TYPE", "2047"}});
+}
+
+TEST(Cat034Counters, DecodeKeepsTheFirstSixteenAndTheCount) {
+    const auto counts = ast_dataitem_034_070_decode(Item(34070, kAllCounters));
+    EXPECT_TRUE(counts.valid);
+    EXPECT_EQ(counts.count, 18U);
+    for (uint32_t i = 0; i < 16; ++i) {
+        EXPECT_EQ(counts.counters[i].typ, i);
+        EXPECT_EQ(counts.counters[i].value, i);
+    }
+    const auto one = ast_dataitem_034_070_decode(Item(34070, "01 FF FF"));
+    EXPECT_EQ(one.counters[0].typ, 31U);
+    EXPECT_EQ(one.counters[0].value, 2047U);
+}
+
+// ---- I034/120 3D-Position Of Data Source ----
+
+TEST(Cat034Position, SummaryGivesHeightAndPosition) {
+    // Meant: a negative angle is its magnitude less 8388607, so that it reads one unit (0.08 seconds) to the east or
+    // north of two's complement. The height is two's complement.
+    constexpr SummaryCase kCases[] = {
+        {"zero", "00 00 00 00 00 00 00 00", "H:0 WGS84:000000S0000000W"},
+        {"north and west", "00 64 20 00 00 E0 00 00", "H:100 WGS84:450000N0445960W"},
+        {"all ones", "FF FF FF FF FF FF FF FF", "H:-1 WGS84:000000S0000000W"},
+        {"highest; half a circle less one unit", "7F FF 00 00 00 7F FF FF", "H:32767 WGS84:000000S1795960E"},
+        {"lowest; the same westward", "80 00 00 00 00 80 00 00", "H:-32768 WGS84:000000S1795960W"},
+        {"one octet short", "00 64 20 00 00 E0 00", ""},
+    };
+    expect_summaries(34120, kCases);
+}
+
+TEST(Cat034Position, DecodesRawAndPhysicalValues) {
+    const auto position = ast_dataitem_034_120_decode(Item(34120, "FF 9C 80 00 00 FF FF FF"));
+    EXPECT_TRUE(position.valid);
+    EXPECT_EQ(position.height_raw, -100);
+    EXPECT_EQ(position.height_m, -100);
+    EXPECT_EQ(position.latitude_raw, -8388607);
+    EXPECT_NEAR(position.latitude_deg, -179.99997854, 1e-8);
+    EXPECT_EQ(position.longitude_raw, 0);
+    EXPECT_FALSE(ast_dataitem_034_120_decode(Item(34121, "00 64 20 00 00 E0 00 00")).valid);
+}
+
+TEST(Cat034Position, DetailGivesTextsNumbersAndLinks) {
+    const auto row = [](const char *value) { return Row{"Octet[3-8]", "WGS84_COORDINATES", value}; };
+    expect_detail_rows(34120, "00 64 20 00 00 E0 00 00",
+                       {{"Octet", "Item", "Value"},
+                        {"Octet[1-2]", "HEIGHT (LSB=M)", "100.000000"},
+                        row("450000N0445960W"),
+                        row("450000.00N0445959.92W"),
+                        row("450000.000000N0445959.922752W"),
+                        row("45.000000, -44.999979"),
+                        row("Google Maps"),
+                        row("OpenStreetMap"),
+                        row("AMap"),
+                        row("Baidu Map")});
+    EXPECT_EQ(detail_of(34120, "00 64 20 00 00 E0 00"), "");
+}
+
+// ---- Items that are only known ----
+
+TEST(Cat034Items, SomeHaveASizeAndANameOnly) {
+    EXPECT_EQ(summary_of(34090, "00 00"), "NOT_IMPLEMENTED");
+    EXPECT_EQ(summary_of(34110, "00"), "NOT_IMPLEMENTED");
+    EXPECT_EQ(detail_of(34110, "00"), "");
+    LogCapture log;
+    EXPECT_STREQ(ast_dataitem_034_get_name(34100), "Unknown CAT034 Dataitem");
+    EXPECT_EQ(log.take(), LogLines{});
+    for (const ast_dataitem_type_t type : {34050U, 34060U, 34070U, 34090U, 34110U, 34120U, 34998U, 34999U})
+        EXPECT_EQ(ast_dataitem_get_func(type).encode, nullptr) << type;
+}
+
+// ---- Flat records ----
+
+// Every item of the standard profile that is registered, in FRN order: 1 to 8 and 10 to 14.
+constexpr char kFullRecord[] = "FF BE 19 0C 02 58 78 40 40 02 80 88 40 A0 80 2E 01 08 01 " // FRN 1-8
+                               "05 00 64 20 00 00 E0 00 00 00 00 02 FF 02 FF";             // FRN 10-14
+constexpr char kAssembled[] = "F8 19 0C 02 58 78 40 40 02 80";                             // FRN 1-5
+
+ast_datarecord_t decoded(const std::vector<uint8_t> &data) {
+    return ast_datarecord_decode(data.data(), data.size(), 34, AST_UAP_STANDARD);
+}
+
+std::vector<uint8_t> assembled(ast_datarecord_034_t &flat) {
+    std::vector<uint8_t> buffer(32);
+    const auto record = ast_datarecord_034_assemble(buffer.data(), buffer.size(), &flat, AST_UAP_STANDARD);
+    EXPECT_TRUE(record.valid);
+    buffer.resize(record.size);
+    return buffer;
+}
+
+TEST(Cat034Flat, DisassemblesEveryMember) {
+    const auto data = octets(kFullRecord);
+    const auto record = decoded(data);
+    ASSERT_TRUE(record.valid);
+    LogCapture log;
+    const auto flat = ast_datarecord_034_disassemble(&record);
+    EXPECT_EQ(log.take(), (LogLines{{2, "Failed to disassemble dataitem : I034/110."},
+                                    {2, "Failed to disassemble dataitem : I034/120."},
+                                    {2, "Failed to disassemble dataitem : I034/090."},
+                                    {2, "Failed to disassemble dataitem : I034/REF."},
+                                    {2, "Failed to disassemble dataitem : I034/SPF."}}));
+    EXPECT_TRUE(flat.valid);
+    EXPECT_TRUE(flat.message_type.valid && flat.message_type.value == 2);
+    EXPECT_TRUE(flat.data_source.valid && flat.data_source.sac == 25 && flat.data_source.sic == 12);
+    EXPECT_TRUE(flat.sector.valid && flat.sector.value == 90);
+    EXPECT_TRUE(flat.time_of_day.valid && flat.time_of_day.hour == 12);
+    EXPECT_TRUE(flat.antenna_rotation_period.valid && flat.antenna_rotation_period.value == 5);
+    EXPECT_TRUE(flat.station_status.valid && flat.station_status.com.rdpc == 2 && flat.station_status.ssr.ant == 2);
+    EXPECT_TRUE(flat.processing_mode.valid && flat.processing_mode.com.red_xmt == 7);
+    EXPECT_TRUE(flat.message_counts.valid && flat.message_counts.count == 1);
+}
+
+TEST(Cat034Flat, AssemblesFiveItemsThatComeBackTheSame) {
+    const auto data = octets(kFullRecord);
+    const auto record = decoded(data);
+    LogCapture log;
+    auto flat = ast_datarecord_034_disassemble(&record);
+    const auto once = assembled(flat);
+    EXPECT_EQ(once, octets(kAssembled));
+    const auto again = decoded(once);
+    auto second = ast_datarecord_034_disassemble(&again);
+    EXPECT_EQ(assembled(second), once);
+    EXPECT_FALSE(second.station_status.valid);
+}
+
+TEST(Cat034Flat, AssemblesWhatIsValidAndStoresRawValuesBack) {
+    ast_datarecord_034_t flat{};
+    flat.message_type = {.valid = true, .value = 1};
+    flat.sector = {.valid = true, .raw = 7, .value = 180};
+    flat.message_counts.valid = true;               // never assembled
+    EXPECT_EQ(assembled(flat), octets("50 01 80")); // FRN 2 and 4
+    EXPECT_EQ(flat.sector.raw, 128);
+    LogCapture log;
+    uint8_t buffer[8];
+    flat.message_type.valid = flat.sector.valid = false;
+    EXPECT_FALSE(ast_datarecord_034_assemble(buffer, sizeof buffer, &flat, AST_UAP_STANDARD).valid);
+    EXPECT_FALSE(ast_datarecord_034_assemble(buffer, sizeof buffer, nullptr, AST_UAP_STANDARD).valid);
+}
+
+TEST(Cat034Flat, TakesValidRecordsOfItsCategoryOnly) {
+    Record not_valid(34, {{34010, "19 0C"}});
+    not_valid->valid = false;
+    EXPECT_FALSE(ast_datarecord_034_disassemble(not_valid).data_source.valid);
+    EXPECT_FALSE(ast_datarecord_034_disassemble(not_valid).valid);
+    EXPECT_FALSE(ast_datarecord_034_disassemble(nullptr).valid);
+    EXPECT_FALSE(ast_datarecord_034_disassemble(Record(48, {{34010, "19 0C"}})).valid);
+    EXPECT_TRUE(ast_datarecord_034_disassemble(Record(34, {})).valid);
+}
+
+} // namespace

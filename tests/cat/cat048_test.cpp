@@ -1,0 +1,791 @@
+#include <limits>
+
+#include "support/items.hpp"
+#include "support/log_capture.hpp"
+#include "support/records.hpp"
+#include "support/subfields.hpp"
+
+using namespace ast_test;
+
+namespace {
+
+// ---- I048/020 Target Report Descriptor ----
+
+TEST(Cat048TargetReport, SummaryGivesTypeChainAndFlags) {
+    constexpr SummaryCase kCases[] = {
+        {"no detection", "00", "TYPE:NO_DETECTION CHN1"},
+        {"primary", "20", "TYPE:PSR CHN1"},
+        {"secondary", "40", "TYPE:SSR CHN1"},
+        {"both", "60", "TYPE:PSR+SSR CHN1"},
+        {"all-call", "80", "TYPE:ALL_CALL CHN1"},
+        {"roll-call", "A0", "TYPE:ROLL_CALL CHN1"},
+        {"all-call and primary", "C0", "TYPE:PSR+ALL_CALL CHN1"},
+        {"roll-call and primary, all flags", "FE", "TYPE:PSR+ROLL_CALL SIM CHN2 SPI RAB"},
+        {"simulated", "10", "TYPE:NO_DETECTION SIM CHN1"},
+        {"second chain", "08", "TYPE:NO_DETECTION CHN2"},
+        {"test", "41 80", "TYPE:SSR CHN1 TST"},
+        {"military emergency", "41 10", "TYPE:SSR CHN1 ME"},
+        {"military identification", "41 08", "TYPE:SSR CHN1 MI"},
+        {"bits 7-6 of octet 2 are not read", "41 60", "TYPE:SSR CHN1"},
+        {"meant: no friend is ever seen", "41 02", "TYPE:SSR CHN1"},
+        {"nor with both bits", "FF FE", "TYPE:PSR+ROLL_CALL SIM CHN2 SPI RAB TST ME MI"},
+    };
+    expect_summaries(48020, kCases);
+}
+
+TEST(Cat048TargetReport, FriendOrFoeBitsAreTakenUnshifted) {
+    // Meant: 01 is the only pattern that reads, and it reads as 2.
+    constexpr struct {
+        const char *octets;
+        uint32_t status;
+    } kCases[] = {{"41 00", 0}, {"41 02", 2}, {"41 04", 0}, {"41 06", 0}};
+    for (const auto &one : kCases)
+        EXPECT_EQ(ast_dataitem_048_020_decode(Item(48020, one.octets)).foe_fri, one.status) << one.octets;
+}
+
+TEST(Cat048TargetReport, DetailGivesTheOctetsThatAreThere) {
+    std::vector<Row> rows = {{"Bit", "Item", "Value"},
+                             {"Bit[0-2]", "TARGET_TYPE", "PSR + MODE-S ROLL CALL"},
+                             {"Bit[3]", "SIMULATED_TARGET", "1"},
+                             {"Bit[4]", "PROCESSING_CHAIN", "2"},
+                             {"Bit[5]", "SPI", "1"},
+                             {"Bit[6]", "FIXED_TRANSPONDER", "1"},
+                             {"Bit[7]", "FX", "0"}};
+    expect_detail_rows(48020, "FE", rows);
+    rows = {{"Bit", "Item", "Value"},
+            {"Bit[0-2]", "TARGET_TYPE", "SSR"},
+            {"Bit[3]", "SIMULATED_TARGET", "0"},
+            {"Bit[4]", "PROCESSING_CHAIN", "1"},
+            {"Bit[5]", "SPI", "0"},
+            {"Bit[6]", "FIXED_TRANSPONDER", "0"},
+            {"Bit[7]", "FX", "1"},
+            {"Bit[8]", "TEST_TARGET", "1"},
+            {"Bit[11]", "MIL_EMERGENCY", "1"},
+            {"Bit[12]", "MIL_IDENTIFICATION", "1"},
+            {"Bit[13-14]", "FRIEND_OR_ENEMY", "UNKNOWN"},
+            {"Bit[15]", "FX", "0"}};
+    expect_detail_rows(48020, "41 9A", rows);
+    rows.back().back() = "1";
+    expect_detail_rows(48020, "41 9B 00", rows);
+
+    constexpr const char *kTypes[] = {
+        "NO_DETECTION", "PSR", "SSR", "PSR + SSR", "MODE-S ALL CALL", "MODE-S ROLL CALL", "PSR + MODE-S ALL CALL"};
+    constexpr const char *kOctets[] = {"00", "20", "40", "60", "80", "A0", "C0"};
+    for (size_t i = 0; i < std::size(kTypes); ++i)
+        EXPECT_EQ(rows_of(detail_of(48020, kOctets[i])).at(1).at(2), kTypes[i]);
+}
+
+TEST(Cat048TargetReport, EncodesASecondOctetWhenItHoldsSomething) {
+    constexpr EncodeCase<ast_dataitem_048_020_t> kCases[] = {
+        {"nothing set", {.valid = true, .rdp = 1}, "00"},
+        {"all of one octet", {.valid = true, .typ = 7, .sim = true, .rdp = 2, .spi = true, .rab = true}, "FE"},
+        {"type out of range", {.valid = true, .typ = 8, .rdp = 1}, "00"},
+        {"chain out of range", {.valid = true, .typ = 1, .rdp = 3}, "20"},
+        {"test", {.valid = true, .typ = 2, .tst = true}, "41 80"},
+        {"meant: ME two bits above where it is read", {.valid = true, .typ = 2, .me = true}, "41 40"},
+        {"meant: MI likewise", {.valid = true, .typ = 2, .mi = true}, "41 20"},
+        {"friend", {.valid = true, .foe_fri = 1}, "01 02"},
+        {"no reply", {.valid = true, .foe_fri = 3}, "01 06"},
+        {"status out of range", {.valid = true, .foe_fri = 4}, "01 00"},
+        {"not valid", {.valid = false, .typ = 2}, nullptr},
+    };
+    expect_encodes(48020, kCases);
+}
+
+// ---- I048/030 Warning/Error Conditions ----
+
+TEST(Cat048Warnings, SummaryGivesTheFirstCode) {
+    constexpr SummaryCase kCases[] = {
+        {"one", "14", "ERRCODE:10"},
+        {"more", "15 02", "ERRCODE:10+"},
+        {"lowest", "00", "ERRCODE:0"},
+        {"highest", "FE", "ERRCODE:127"},
+    };
+    expect_summaries(48030, kCases);
+}
+
+TEST(Cat048Warnings, DetailDescribesEachCode) {
+    const Row header = {"Error Code", "Description"};
+    expect_detail_rows(48030, "01 03 05 07 09 0B 0D 0F 11 13 15 17 19 1B 1D 1F 21 23 25 27 29 2B 2C",
+                       {header,
+                        {"0", "Not defined; never used"},
+                        {"1", "Multipath Reply (Reflection)"},
+                        {"2", "Reply due to sidelobe interrogation/reception"},
+                        {"3", "Split plot"},
+                        {"4", "Second time around reply"},
+                        {"5", "Angel"},
+                        {"6", "Slow moving target correlated with road infrastructure (terrestrial vehicle)"},
+                        {"7", "Fixed PSR plot"},
+                        {"8", "Slow PSR target"},
+                        {"9", "Low quality PSR plot"},
+                        {"10", "Phantom SSR plot"},
+                        {"11", "Non-Matching Mode-3/A Code"},
+                        {"12", "Mode C code / Mode S altitude code abnormal value compared to the track"},
+                        {"13", "Target in Clutter Area"},
+                        {"14", "Maximum Doppler Response in Zero Filter"},
+                        {"15", "Transponder anomaly detected"},
+                        {"16", "Duplicated or Illegal Mode S Aircraft Address"},
+                        {"17", "Mode S error correction applied"},
+                        {"18", "Undecodable Mode C code / Mode S altitude code"},
+                        {"19", "Birds"},
+                        {"20", "Flock of Birds"},
+                        {"21", "Mode 1 was present in original reply"},
+                        {"22", "Mode 2 was present in original reply"}});
+    // The cell of the code holds two digits.
+    expect_detail_rows(48030, "2F 31 FE",
+                       {header,
+                        {"23", "Plot potentially caused by Wind Turbine"},
+                        {"24", "Not defined; unknown"},
+                        {"12", "Not defined; unknown"}});
+}
+
+TEST(Cat048Warnings, DecodeStopsWhereTheListIsFull) {
+    const auto warnings = ast_dataitem_048_030_decode(Item(48030, repeated("FF", 24)));
+    EXPECT_TRUE(warnings.valid);
+    EXPECT_EQ(warnings.count, 23U);
+    EXPECT_EQ(warnings.codes[22], 127U);
+}
+
+// ---- I048/040 Measured Position ----
+
+TEST(Cat048Position, SummaryGivesRangeAndAzimuth) {
+    constexpr SummaryCase kCases[] = {
+        {"at the antenna", "00 00 00 00", "RHO:0.0 THETA:0.0"},
+        {"half a mile, due east", "00 80 40 00", "RHO:0.5 THETA:90.0"},
+        {"far, just west of north", "FF FF FF FF", "RHO:256.0 THETA:360.0"},
+    };
+    expect_summaries(48040, kCases);
+}
+
+TEST(Cat048Position, DetailLabelsTheAzimuthAsFromOctetTwo) {
+    const auto rows = [](const char *rho, const char *theta) { // meant: the second label reads so
+        return std::vector<Row>{
+            {"Bit", "Item", "Value"}, {"Octet[1-2]", "RHO LSB:NM", rho}, {"Octet[2-3]", "THETA LSB:DEG", theta}};
+    };
+    expect_detail_rows(48040, "00 80 40 00", rows("0.50", "90.00"));
+    expect_detail_rows(48040, "FF FF FF FF", rows("256.00", "359.99"));
+}
+
+TEST(Cat048Position, EncodesValuesOrElseRawOnes) {
+    constexpr EncodeCase<ast_dataitem_048_040_t> kCases[] = {
+        {"values", {.valid = true, .rho_nm = 0.5, .theta_deg = 90}, "00 80 40 00"},
+        {"half a unit is rounded up", {.valid = true, .rho_nm = 0.001953125}, "00 01 00 00"},
+        {"one positive value counts for both",
+         {.valid = true, .rho_raw = 7, .theta_raw = 7, .rho_nm = 1},
+         "01 00 00 00"},
+        {"a full turn is none", {.valid = true, .theta_deg = 360}, "00 00 00 00"},
+        {"no value", {.valid = true, .rho_raw = 0x1234, .theta_raw = 0xABCD}, "12 34 AB CD"},
+        {"no positive value", {.valid = true, .rho_raw = 5, .rho_nm = -1, .theta_deg = -90}, "00 05 00 00"},
+        {"no number", {.valid = true, .rho_raw = 5, .rho_nm = std::numeric_limits<double>::quiet_NaN()}, "00 05 00 00"},
+        {"not valid", {.valid = false, .rho_nm = 1}, nullptr},
+    };
+    expect_encodes(48040, kCases);
+}
+
+TEST(Cat048Position, EncoderStoresRawValuesBack) {
+    ast_dataitem_048_040_t position{.valid = true, .rho_raw = 7, .theta_raw = 7, .rho_nm = 0.5, .theta_deg = 360};
+    expect_encodes("values", 48040, &position, "00 80 00 00");
+    EXPECT_EQ(position.rho_raw, 128U);
+    EXPECT_EQ(position.theta_raw, 65536U); // as it was rounded, not as the octets hold it
+}
+
+// ---- I048/042 Calculated Position ----
+
+TEST(Cat048Cartesian, SummaryGivesMetres) {
+    // Meant: a negative number is its magnitude less 32767, which is one more than two's complement.
+    constexpr SummaryCase kCases[] = {
+        {"origin", "00 00 00 00", "X:0.0 Y:0.0 LSB:M"},
+        {"all ones are zero", "FF FF 80 00", "X:0.0 Y:-474097.5 LSB:M"},
+        {"one unit, and the largest", "00 01 7F FF", "X:14.5 Y:474097.5 LSB:M"},
+        {"one unit below", "FF FE 00 00", "X:-14.5 Y:0.0 LSB:M"},
+    };
+    expect_summaries(48042, kCases);
+}
+
+TEST(Cat048Cartesian, DetailGivesThreeUnits) {
+    expect_detail_rows(48042, "00 80 FF 7F",
+                       {{"Bit", "Item", "Value"},
+                        {"Octet[1-2]", "X LSB:1/128NM", "128"},
+                        {"Octet[1-2]", "X LSB:NM", "1.00"},
+                        {"Octet[1-2]", "X LSB:M", "1852.00"},
+                        {"Octet[2-3]", "Y LSB:1/128NM", "-128"}, // meant: the label reads so
+                        {"Octet[2-3]", "Y LSB:NM", "-1.00"},
+                        {"Octet[2-3]", "Y LSB:M", "-1852.00"}});
+}
+
+// ---- I048/050 Mode 2 Code ----
+
+TEST(Cat048Mode2, SummaryGivesCodeAndFlags) {
+    constexpr SummaryCase kCases[] = {
+        {"zero", "00 00", "MODE_2:0000"},
+        {"largest, not validated", "8F FF", "MODE_2:7777 NOT_VALIDATED"},
+        {"garbled", "40 01", "MODE_2:0001 GARBLED"},
+        {"smoothed", "28 00", "MODE_2:4000 SMOOTHED"},
+        {"the spare bit is no part of the code", "F2 9C", "MODE_2:1234 NOT_VALIDATED GARBLED SMOOTHED"},
+    };
+    expect_summaries(48050, kCases);
+}
+
+TEST(Cat048Mode2, DetailGivesFlagsAndDigits) {
+    const auto rows = [](const char *flag, const char *a, const char *b, const char *c, const char *d) {
+        return std::vector<Row>{
+            {"Bit", "Item", "Value"},     {"Bit[0]", "NOT_VALIDATED", flag}, {"Bit[1]", "GARBLED", flag},
+            {"Bit[2]", "SMOOTHED", flag}, {"Bit[3]", "SPARE", "0"},          {"Bit[4-6]", "CODE-A", a},
+            {"Bit[7-9]", "CODE-B", b},    {"Bit[10-12]", "CODE-C", c},       {"Bit[13-15]", "CODE-D", d}};
+    };
+    expect_detail_rows(48050, "F2 9C", rows("1", "1", "2", "3", "4"));
+    expect_detail_rows(48050, "0F 35", rows("0", "7", "4", "6", "5"));
+}
+
+TEST(Cat048Mode2, EncodesTwelveBits) {
+    constexpr EncodeCase<ast_dataitem_048_050_t> kCases[] = {
+        {"code", {.valid = true, .code = 01234}, "02 9C"},
+        {"not validated", {.valid = true, .not_validated = true, .code = 07777}, "8F FF"},
+        {"garbled", {.valid = true, .garbled = true}, "40 00"},
+        {"smoothed", {.valid = true, .smoothed = true}, "20 00"},
+        {"no bit beyond the code", {.valid = true, .code = 010001}, "00 01"},
+        {"negative as a signed number", {.valid = true, .code = 0x80000000}, nullptr},
+        {"not valid", {.valid = false, .code = 01234}, nullptr},
+    };
+    expect_encodes(48050, kCases);
+}
+
+// ---- I048/110 Height Measured by a 3D Radar ----
+
+TEST(Cat048Height, SummaryGivesFeet) {
+    // Meant: a negative number is its magnitude less 8191.
+    constexpr SummaryCase kCases[] = {
+        {"ground", "00 00", "H:0 LSB:FT"},
+        {"one unit", "00 01", "H:25 LSB:FT"},
+        {"bits 8-7 are not read", "C0 28", "H:1000 LSB:FT"},
+        {"highest", "1F FF", "H:204775 LSB:FT"},
+        {"all ones are zero", "3F FF", "H:0 LSB:FT"},
+        {"one unit below", "3F FE", "H:-25 LSB:FT"},
+        {"lowest", "20 00", "H:-204775 LSB:FT"},
+    };
+    expect_summaries(48110, kCases);
+}
+
+TEST(Cat048Height, DetailGivesThreeUnits) {
+    const auto rows = [](const char *raw, const char *ft, const char *m) {
+        return std::vector<Row>{{"Bit", "Item", "Value"},
+                                {"Octet[1-2]", "HEIGHT (LSB=25FT)", raw},
+                                {"Octet[1-2]", "HEIGHT (LSB=FT)", ft},
+                                {"Octet[1-2]", "HEIGHT (LSB=M)", m}};
+    };
+    expect_detail_rows(48110, "00 28", rows("40", "1000", "304")); // 304.8
+    expect_detail_rows(48110, "3F D7", rows("-40", "-1000", "-304"));
+}
+
+// ---- I048/120 Radial Doppler Speed, I048/130 Radar Plot Characteristics ----
+
+TEST(Cat048DopplerSpeed, RawSpeedTakesSevenOctetsWhateverItsCount) {
+    constexpr struct {
+        const char *octets;
+        uint64_t size;
+    } kCases[] = {
+        {"80 00 00", 3},
+        {"40 00 00 00 00 00 00 00", 8},
+        {"40 05 00 00 00 00 00 00", 8}, // meant: a count of 5 would be 31 octets
+        {"40 01 00 00 00 00 00", 0},
+        {"C0 00 00 01 00 00 00 00 00 00", 10},
+    };
+    for (const auto &one : kCases) {
+        const auto data = octets(one.octets);
+        EXPECT_EQ(ast_dataitem_get_size(data.data(), data.size(), 48120), one.size) << one.octets;
+    }
+}
+
+TEST(Cat048DopplerSpeed, SubfieldViewsAreEmpty) {
+    EXPECT_EQ(subfield_summary_of(48120001, "80 00 10"), "");
+    EXPECT_EQ(subfield_detail_of(48120001, "80 00 10"), "");
+}
+
+TEST(Cat048PlotCharacteristics, SubfieldSummaries) {
+    constexpr struct {
+        uint32_t subfield;
+        const char *octets;
+        const char *summary;
+    } kCases[] = {
+        {48130001, "E0 FF 05 C8", "11.21 LSB=DEG"}, // 255 × 360 / 8192
+        {48130002, "E0 FF 05 C8", "5"},
+        {48130003, "E0 FF 05 C8", "-200 LSB=DBM"}, // meant: the octet is unsigned, the minus sign always there
+        {48130003, "20 00", "-0 LSB=DBM"},
+        {48130001, "80 00", "0.00 LSB=DEG"},
+        {48130001, "60 05 C8", ""},
+        {48130004, "10 01", "NOT_IMPLEMENTED"},
+        {48130007, "02 01", "NOT_IMPLEMENTED"},
+        {48130007, "10 01", ""},
+    };
+    for (const auto &one : kCases)
+        EXPECT_EQ(subfield_summary_of(one.subfield, one.octets), one.summary) << one.subfield << ": " << one.octets;
+    EXPECT_EQ(subfield_detail_of(48130001, "80 FF"), "");
+}
+
+TEST(Cat048PlotCharacteristics, DecodesThePresentOnes) {
+    const auto plot = ast_dataitem_048_130_decode(Item(48130, "A0 80 FF"));
+    EXPECT_TRUE(plot.valid && plot.srl.present && !plot.srr.present && plot.sam.present);
+    EXPECT_EQ(plot.subfields.subfield_count, 7U);
+    EXPECT_EQ(plot.srl.raw, 128);
+    EXPECT_EQ(plot.srl.deg, 5.625);
+    EXPECT_EQ(plot.sam.value, 255);
+}
+
+// ---- I048/170 Track Status ----
+
+TEST(Cat048TrackStatus, SummaryGivesTheSensors) {
+    constexpr SummaryCase kCases[] = {
+        {"combined", "9E", "TYPE:CMB"},
+        {"primary", "20", "TYPE:PSR"},
+        {"secondary", "40", "TYPE:SSR"},
+        {"invalid", "61 FE", "TYPE:INVALID"},
+    };
+    expect_summaries(48170, kCases);
+}
+
+TEST(Cat048TrackStatus, DetailReadsTheFirstOctet) {
+    const auto rows = [](const char *flag, const char *sensors, const char *vertical, const char *fx) {
+        return std::vector<Row>{{"Bit", "ID", "Item", "Value"},
+                                {"Bit[0]", "CNF", "TENTATIVE", flag},
+                                {"Bit[1-2]", "RAD", "TRACK_TYPE", sensors},
+                                {"Bit[3]", "DOU", "LOW_CONFIDENCE", flag},
+                                {"Bit[4]", "MAN", "HORIZONTIAL_MANOEUVRE", flag}, // viewers know it with this spelling
+                                {"Bit[5-6]", "CDM", "VERTICAL_MANOEUVRE", vertical},
+                                {"Bit[7]", "FX", "FIELD_EXTENSION", fx}};
+    };
+    expect_detail_rows(48170, "00", rows("0", "COMBINED", "MAINTAINING", "0"));
+    expect_detail_rows(48170, "BB 00", rows("1", "PSR", "CLIMBING", "1"));
+    expect_detail_rows(48170, "44", rows("0", "SSR", "DESCENDING", "0"));
+    expect_detail_rows(48170, "FE", rows("1", "INVALID", "INVALID", "0"));
+}
+
+// ---- I048/210 Track Quality ----
+
+TEST(Cat048TrackQuality, SummaryGivesFourDeviations) {
+    constexpr SummaryCase kCases[] = {
+        {"none", "00 00 00 00", "X:0.00 Y:0.00 V:0.00 H:0.00"},
+        {"each its own", "80 40 64 10", "X:1.00 Y:0.50 V:22.00 H:1.41"},
+        {"largest", "FF FF FF FF", "X:1.99 Y:1.99 V:56.10 H:22.41"},
+    };
+    expect_summaries(48210, kCases);
+}
+
+TEST(Cat048TrackQuality, DetailGivesRawAndPhysicalValues) {
+    expect_detail_rows(48210, "80 40 64 10",
+                       {{"Octet", "Item", "Value"},
+                        {"Octet[0]", "SIGMA(X) LSB:1/128NM", "128"},
+                        {"Octet[0]", "SIGMA(X) LSB:NM", "1.000000"},
+                        {"Octet[1]", "SIGMA(Y) LSB:1/128NM", "64"},
+                        {"Octet[1]", "SIGMA(Y) LSB:NM", "0.500000"},
+                        {"Octet[2]", "SIGMA(V) LSB:0.22Knot", "100"},
+                        {"Octet[2]", "SIGMA(V) LSB:Knot", "22.000000"}, // meant: not 100 × 2^-14 NM/s
+                        {"Octet[3]", "SIGMA(H) LSB:360/2^12Deg", "16"},
+                        {"Octet[3]", "SIGMA(H) LSB:Deg", "1.406240"}}); // meant: not 16 × 360/2^12
+}
+
+// ---- I048/230 Communications / ACAS Capability and Flight Status ----
+
+TEST(Cat048FlightStatus, SummaryGivesTheStatus) {
+    constexpr SummaryCase kCases[] = {
+        {"airborne", "00 00", "FS:AIR"},           {"on ground", "04 00", "FS:GND"},
+        {"alert", "08 00", "FS:AIR_ALR"},          {"alert on ground", "0C 00", "FS:GND_ALR"},
+        {"alert and SPI", "10 00", "FS:ALR_SPI"},  {"SPI", "14 00", "FS:SPI"},
+        {"not assigned", "18 00", "FS:UNDEFINED"}, {"unknown", "1C 00", "FS:UNDEFINED"},
+    };
+    LogCapture log;
+    expect_summaries(48230, kCases);
+}
+
+TEST(Cat048FlightStatus, DetailGivesCapabilitiesAndStatus) {
+    const auto rows = [](const char *com, const char *stat, const char *flag, const char *step, const char *b1a,
+                         const char *b1b) {
+        return std::vector<Row>{{"Bit", "ID", "Item", "Value"},
+                                {"Bit[0-2]", "COM", "COMMUNICATION_CAPABILITY", com},
+                                {"Bit[3-5]", "STAT", "FLIGHT_STATUS", stat},
+                                {"Bit[6-7]", "---", "SPARE", ""},
+                                {"Bit[8]", "MSSC", "MODE-S_CAPABILITY", flag},
+                                {"Bit[9]", "ARC", "ALTITUDE_REPORTING_CAPABILITY", step},
+                                {"Bit[10]", "AIC", "ACID_CAPABILITY", flag},
+                                {"Bit[11]", "B1A", "BDS10_BIT16", b1a},
+                                {"Bit[12-15]", "B1B", "BDS10_BIT37-40", b1b}};
+    };
+    expect_detail_rows(48230, "27 FA", rows("COMM-A COMM-B", "GND", "1", "25FT", "00000001", "00001010"));
+    expect_detail_rows(48230, "80 05", rows("LEVEL_5", "AIR", "0", "100FT", "00000000", "00000101"));
+}
+
+TEST(Cat048FlightStatus, ReportsWhatIsUndefinedAndStaysValid) {
+    constexpr char kCapability[] = "I048/230: Communication Capability Undefined.";
+    constexpr char kStatus[] = "I048/230: Flight Status Undefined.";
+    LogCapture log;
+    const struct {
+        const char *octets;
+        LogLines lines;
+    } cases[] = {
+        {"94 00", {}},
+        {"A0 00", {{2, kCapability}}},
+        {"18 00", {{2, kStatus}}},
+        {"FC 00", {{2, kCapability}, {2, kStatus}}},
+    };
+    for (const auto &one : cases) {
+        EXPECT_TRUE(ast_dataitem_048_230_decode(Item(48230, one.octets)).valid) << one.octets;
+        EXPECT_EQ(log.take(), one.lines) << one.octets;
+    }
+}
+
+// ---- I048/260 ACAS Resolution Advisory Report ----
+
+TEST(Cat048AcasAdvisory, IsRegister30) {
+    constexpr char kOctets[] = "30 80 00 04 00 00 00";
+    EXPECT_EQ(summary_of(48260, kOctets), "BDS:3,0");
+    const Item item(48260, kOctets);
+    const auto advisory = ast_dataitem_048_260_decode(item);
+    const std::string fields = text_from(ast_bds_30_get_detail_html, &advisory.bds);
+    const std::string detail = detail_of(48260, kOctets);
+    EXPECT_TRUE(
+        detail.starts_with("<h4>BDS 3,0 - TCAS/ACAS Active Resolution Advisory</h4><table class=\"bin_table\">"))
+        << detail;
+    EXPECT_NE(detail.find("Octet 7 - 00"), detail.npos);
+    EXPECT_GT(rows_of(fields).size(), 1U);
+    EXPECT_TRUE(detail.ends_with("</table><p></p>" + fields)) << detail;
+}
+
+// ---- All items of this category's own ----
+
+template <auto decode>
+bool decodes(const ast_dataitem_t *item) {
+    return decode(item).valid;
+}
+
+constexpr struct {
+    ast_dataitem_type_t type;
+    const char *octets;
+    bool (*decodes)(const ast_dataitem_t *item);
+    void (*summary)(char *text, uint64_t capacity, const ast_dataitem_t *item);
+    void (*detail)(char *text, uint64_t capacity, const ast_dataitem_t *item);
+    bool any_size; // left to the size rule
+    bool any_type;
+} kOwnItems[] = {
+    {48020, "40", decodes<ast_dataitem_048_020_decode>, ast_dataitem_048_020_get_summary,
+     ast_dataitem_048_020_get_detail_html, true, false},
+    {48030, "14", decodes<ast_dataitem_048_030_decode>, ast_dataitem_048_030_get_summary,
+     ast_dataitem_048_030_get_detail_html, true, false},
+    {48040, "00 80 40 00", decodes<ast_dataitem_048_040_decode>, ast_dataitem_048_040_get_summary,
+     ast_dataitem_048_040_get_detail_html, false, true},
+    {48042, "FF FF 80 00", decodes<ast_dataitem_048_042_decode>, ast_dataitem_048_042_get_summary,
+     ast_dataitem_048_042_get_detail_html, false, true},
+    {48050, "8F FF", decodes<ast_dataitem_048_050_decode>, ast_dataitem_048_050_get_summary,
+     ast_dataitem_048_050_get_detail_html, false, false},
+    {48110, "00 28", decodes<ast_dataitem_048_110_decode>, ast_dataitem_048_110_get_summary,
+     ast_dataitem_048_110_get_detail_html, false, false},
+    {48170, "44", decodes<ast_dataitem_048_170_decode>, ast_dataitem_048_170_get_summary,
+     ast_dataitem_048_170_get_detail_html, true, false},
+    {48210, "80 40 64 10", decodes<ast_dataitem_048_210_decode>, ast_dataitem_048_210_get_summary,
+     ast_dataitem_048_210_get_detail_html, false, false},
+    {48230, "20 FA", decodes<ast_dataitem_048_230_decode>, ast_dataitem_048_230_get_summary,
+     ast_dataitem_048_230_get_detail_html, false, false},
+    {48260, "30 80 00 04 00 00 00", decodes<ast_dataitem_048_260_decode>, ast_dataitem_048_260_get_summary,
+     ast_dataitem_048_260_get_detail_html, false, false},
+};
+
+TEST(Cat048Items, TakeTheirTypeAndSizeOnly) {
+    for (const auto &own : kOwnItems) {
+        SCOPED_TRACE(own.type);
+        const auto expect_taken = [&](const ast_dataitem_t *item, bool is_taken) {
+            EXPECT_EQ(own.decodes(item), is_taken);
+            EXPECT_EQ(text_from(own.summary, item).empty(), !is_taken);
+            EXPECT_EQ(text_from(own.detail, item).empty(), !is_taken);
+        };
+        auto content = octets(own.octets);
+        const Item whole(own.type, content);
+        expect_taken(whole, true);
+        expect_taken(Item(own.type + 1, content), own.any_type);
+        ast_dataitem_t not_valid = *static_cast<const ast_dataitem_t *>(whole);
+        not_valid.valid = false;
+        expect_taken(&not_valid, false);
+        expect_taken(nullptr, false);
+        content.push_back(0);
+        expect_taken(Item(own.type, content), own.any_size);
+        if (own.any_size) continue;
+        content.resize(content.size() - 2);
+        expect_taken(Item(own.type, content), false);
+    }
+    EXPECT_FALSE(ast_dataitem_048_130_decode(Item(48130, "81")).valid);
+    EXPECT_FALSE(ast_dataitem_048_130_decode(Item(48120, "80 00 10")).valid);
+}
+
+TEST(Cat048Items, ReadAsTheirDefaultsWhenTheyAreNotTaken) {
+    const auto report = ast_dataitem_048_020_decode(nullptr);
+    EXPECT_EQ(report.rdp, 1U);
+    EXPECT_EQ(report.foe_fri, 0U);
+    EXPECT_EQ(ast_dataitem_048_170_decode(nullptr).rad, 3U);
+    EXPECT_EQ(ast_dataitem_048_170_decode(nullptr).cdm, 3U);
+    EXPECT_EQ(ast_dataitem_048_230_decode(nullptr).com, 7U);
+    EXPECT_EQ(ast_dataitem_048_230_decode(nullptr).stat, 8U);
+}
+
+TEST(Cat048Items, EncodersNeedRoomAndAValue) {
+    ast_dataitem_048_020_t report{.valid = true, .typ = 2};
+    ast_dataitem_048_040_t position{.valid = true, .rho_nm = 1};
+    ast_dataitem_048_050_t code{.valid = true, .code = 7};
+    const struct {
+        ast_dataitem_src_t source;
+        uint64_t needed;
+    } cases[] = {{{48020, &report}, 2}, {{48040, &position}, 4}, {{48050, &code}, 2}}; // a report of one octet, too
+    for (const auto &one : cases) {
+        uint8_t buffer[4] = {0xA5, 0xA5, 0xA5, 0xA5};
+        const ast_dataitem_src_t empty{one.source.type, nullptr};
+        EXPECT_FALSE(ast_dataitem_encode(buffer, one.needed - 1, &one.source).valid) << one.source.type;
+        EXPECT_FALSE(ast_dataitem_encode(nullptr, 4, &one.source).valid) << one.source.type;
+        EXPECT_FALSE(ast_dataitem_encode(buffer, 4, &empty).valid) << one.source.type;
+        for (const uint8_t octet : buffer) EXPECT_EQ(octet, 0xA5) << one.source.type;
+        EXPECT_TRUE(ast_dataitem_encode(buffer, one.needed, &one.source).valid) << one.source.type;
+    }
+}
+
+TEST(Cat048Items, OnlySomeHaveEncoders) {
+    for (const ast_dataitem_type_t type :
+         {48030U, 48042U, 48080U, 48100U, 48110U, 48120U, 48130U, 48170U, 48210U, 48230U, 48250U, 48260U, 48998U})
+        EXPECT_EQ(ast_dataitem_get_func(type).encode, nullptr) << type;
+}
+
+// ---- Accessors ----
+
+TEST(Cat048Accessors, FlightLevelComesFromModeCOrElseFromThe3dHeight) {
+    const struct {
+        const char *name;
+        std::initializer_list<Content> items;
+        bool valid;
+        double feet;
+    } cases[] = {
+        {"Mode C", {{48090, "01 90"}}, true, 10000},
+        {"neither validated nor clear", {{48090, "C1 90"}}, true, 10000},
+        {"below zero", {{48090, "3F FF"}}, true, -25},
+        {"height", {{48110, "00 28"}}, true, 1000},
+        {"meant: height as magnitude less 8191", {{48110, "20 00"}}, true, -204775},
+        {"Mode C before height, wherever it stands", {{48110, "00 28"}, {48090, "01 90"}}, true, 10000},
+        {"height for a Mode C that does not decode", {{48090, "01"}, {48110, "00 28"}}, true, 1000},
+        {"height one octet short", {{48110, "00"}}, false, 0},
+        {"neither", {{48070, "0F FF"}}, false, 0},
+    };
+    for (const auto &one : cases) {
+        const auto level = ast_datarecord_048_get_flightlevel(Record(48, one.items));
+        EXPECT_EQ(level.valid, one.valid) << one.name;
+        EXPECT_EQ(level.value, one.feet) << one.name;
+    }
+}
+
+// Registers of Mode S MB data: seven octets and the register's number.
+#define BDS_40_BOTH "9F 45 77 00 00 00 00 40" /* MCP/FCU 16000 ft, FMS 24000 ft */
+#define BDS_40_MCP "9F 40 00 00 00 00 00 40"
+#define BDS_40_NONE "00 00 00 00 00 00 00 40"
+#define BDS_50_45 "00 12 00 00 00 00 00 50"  /* track 45 degrees */
+#define BDS_50_315 "00 1A 00 00 00 00 00 50" /* the same with the sign set */
+#define BDS_50_NONE "00 02 00 00 00 00 00 50"
+#define BDS_60_90 "A0 00 00 00 00 00 00 60"
+#define BDS_60_270 "E0 00 00 00 00 00 00 60"
+
+TEST(Cat048Accessors, SelectedAltitudeIsThatOfTheFirstRegister40) {
+    constexpr struct {
+        const char *name;
+        const char *octets;
+        bool valid;
+        double feet;
+    } kCases[] = {
+        {"FMS before MCP/FCU", "01 " BDS_40_BOTH, true, 24000},
+        {"MCP/FCU", "01 " BDS_40_MCP, true, 16000},
+        {"neither", "01 " BDS_40_NONE, false, 0},
+        {"the first one decides", "02 " BDS_40_NONE " " BDS_40_BOTH, false, 0},
+        {"behind other registers", "03 " BDS_60_90 " " BDS_40_MCP " " BDS_40_BOTH, true, 16000},
+        {"no register 4,0", "01 " BDS_60_90, false, 0},
+        {"one octet short", "02 " BDS_40_BOTH " A0 00 00 00 00 00 00", false, 0},
+    };
+    for (const auto &one : kCases) {
+        const auto altitude = ast_datarecord_048_get_selaltitude(Record(48, {{48250, one.octets}}));
+        EXPECT_EQ(altitude.valid, one.valid) << one.name;
+        EXPECT_EQ(altitude.value, one.feet) << one.name;
+    }
+    EXPECT_FALSE(ast_datarecord_048_get_selaltitude(Record(48, {})).valid);
+}
+
+TEST(Cat048Accessors, HeadingIsThatOfTheLastRegisters) {
+    constexpr struct {
+        const char *name;
+        const char *octets;
+        double magnetic; // -1: not valid
+        double track;
+    } kCases[] = {
+        {"magnetic", "01 " BDS_60_90, 90, -1},
+        {"magnetic, sign set", "01 " BDS_60_270, 270, -1},
+        {"track", "01 " BDS_50_45, -1, 45},
+        {"both", "02 " BDS_50_315 " " BDS_60_90, 90, 315},
+        {"later ones stay", "04 " BDS_60_90 " " BDS_50_45 " " BDS_60_270 " " BDS_50_315, 270, 315},
+        {"one without its status changes nothing", "02 " BDS_50_45 " " BDS_50_NONE, -1, 45},
+        {"other registers", "01 " BDS_40_BOTH, -1, -1},
+        {"no register", "00", -1, -1},
+    };
+    for (const auto &one : kCases) {
+        const auto heading = ast_datarecord_048_get_heading(Record(48, {{48250, one.octets}}));
+        EXPECT_EQ(heading.magnetic.valid, one.magnetic >= 0) << one.name;
+        EXPECT_EQ(heading.magnetic.value, one.magnetic) << one.name;
+        EXPECT_EQ(heading.track.valid, one.track >= 0) << one.name;
+        EXPECT_EQ(heading.track.value, one.track) << one.name;
+        EXPECT_EQ(heading.valid, heading.magnetic.valid || heading.track.valid) << one.name;
+    }
+    const auto absent = ast_datarecord_048_get_heading(Record(48, {}));
+    EXPECT_FALSE(absent.valid);
+    EXPECT_EQ(absent.magnetic.value, -1);
+    EXPECT_EQ(absent.track.value, -1);
+}
+
+TEST(Cat048Accessors, TheFirstItemOfATypeCounts) {
+    const Record record(48, {{48010, "19 0C"}, {48010, "01 02"}, {48250, "01 " BDS_60_90}, {48250, "01 " BDS_60_270}});
+    EXPECT_EQ(ast_datarecord_048_get_sacsic(record).sac, 25U);
+    EXPECT_EQ(ast_datarecord_048_get_heading(record).magnetic.value, 90);
+    EXPECT_FALSE(ast_datarecord_048_get_sacsic(Record(48, {{48010, "19"}, {48010, "01 02"}})).valid);
+}
+
+TEST(Cat048Accessors, CallsignKeepsItsBlanks) {
+    EXPECT_STREQ(ast_datarecord_048_get_callsign(Record(48, {{48240, "04 28 31 CB 38 20"}})).text, "AB 123  ");
+}
+
+TEST(Cat048Accessors, MessageTypeTellsTracksFromPlots) {
+    const auto type = [](const ast_datarecord_t *record) { return ast_datarecord_048_get_msgtype(record); };
+    EXPECT_TRUE(type(Record(48, {})).valid);
+    EXPECT_EQ(type(Record(48, {})).value, 3U);
+    EXPECT_EQ(type(Record(48, {{48161, "01 23"}})).value, 4U);
+    Record not_valid(48, {{48161, "01 23"}});
+    not_valid->valid = false;
+    EXPECT_FALSE(type(not_valid).valid);
+    EXPECT_EQ(type(not_valid).value, 0U);
+}
+
+// ---- Flat records ----
+
+// Every item of the standard profile that is registered, in FRN order: 1 to 22, 24, 27 and 28.
+constexpr char kFullRecord[] = "FF FF FF A6 "
+                               "19 0C 58 78 40 41 80 00 80 40 00 2F 77 01 90 E0 12 05 C8 "             // FRN 1-7
+                               "3C 65 AC 2C C3 71 82 08 20 01 9F 45 77 00 00 00 00 40 01 23 "          // FRN 8-11
+                               "FF FF 80 00 04 00 40 00 44 80 40 64 10 15 14 0A 55 CA 55 05 AA 00 28 " // FRN 12-19
+                               "80 00 10 20 FA 30 80 00 04 00 00 00 8F FF 02 FF 02 FF";                // FRN 20-28
+
+// What is left of it: FRN 1-6, 8, 9, 11, 13 and 24.
+constexpr char kAssembled[] = "FD D5 01 20 19 0C 58 78 40 41 80 00 80 40 00 2F 77 01 90 "
+                              "3C 65 AC 2C C3 71 82 08 20 01 23 04 00 40 00 8F FF";
+
+ast_datarecord_t decoded(const std::vector<uint8_t> &data) {
+    return ast_datarecord_decode(data.data(), data.size(), 48, AST_UAP_STANDARD);
+}
+
+std::vector<uint8_t> assembled(ast_datarecord_048_t &flat) {
+    std::vector<uint8_t> buffer(100);
+    const auto record = ast_datarecord_048_assemble(buffer.data(), buffer.size(), &flat, AST_UAP_STANDARD);
+    EXPECT_TRUE(record.valid);
+    buffer.resize(record.size);
+    return buffer;
+}
+
+TEST(Cat048Flat, DisassemblesEveryMember) {
+    const auto data = octets(kFullRecord);
+    const auto record = decoded(data);
+    ASSERT_TRUE(record.valid);
+    ASSERT_EQ(record.item_count, 25U);
+    LogCapture log;
+    const auto flat = ast_datarecord_048_disassemble(&record);
+    EXPECT_EQ(log.take(), (LogLines{{0, "Failed to disassemble dataitem I048/210."},
+                                    {0, "Failed to disassemble dataitem I048/120."},
+                                    {0, "Failed to disassemble dataitem I048/SPF."},
+                                    {0, "Failed to disassemble dataitem I048/REF."}}));
+    EXPECT_TRUE(flat.valid);
+    EXPECT_TRUE(flat.data_source.valid && flat.data_source.sac == 25 && flat.data_source.sic == 12);
+    EXPECT_TRUE(flat.target_report.valid && flat.target_report.typ == 2 && flat.target_report.tst);
+    EXPECT_TRUE(flat.warnings.valid && flat.warnings.count == 2 && flat.warnings.codes[1] == 10);
+    EXPECT_TRUE(flat.polar_position.valid && flat.polar_position.rho_nm == 0.5 && flat.polar_position.theta_deg == 90);
+    EXPECT_TRUE(flat.cartesian_position.valid && flat.cartesian_position.x_raw == 0 &&
+                flat.cartesian_position.y_raw == -32767);
+    EXPECT_TRUE(flat.mode_2.valid && flat.mode_2.not_validated && flat.mode_2.code == 07777);
+    EXPECT_TRUE(flat.mode_3a.valid && flat.mode_3a.code == 07567);
+    EXPECT_TRUE(flat.mode_3a_confidence.valid && flat.mode_3a_confidence.low_quality[AST_PULSE_A4]);
+    EXPECT_TRUE(flat.mode_c.valid && flat.mode_c.flight_level == 400);
+    EXPECT_TRUE(flat.mode_c_confidence.valid && flat.mode_c_confidence.garbled);
+    EXPECT_TRUE(flat.height_3d.valid && flat.height_3d.height_ft == 1000);
+    EXPECT_TRUE(flat.plot_characteristics.valid && flat.plot_characteristics.sam.value == 200);
+    EXPECT_TRUE(flat.time_of_day.valid && flat.time_of_day.hour == 12 && flat.time_of_day.millisecond == 500);
+    EXPECT_TRUE(flat.track_number.valid && flat.track_number.value == 0x123);
+    EXPECT_TRUE(flat.track_status.valid && flat.track_status.rad == 2);
+    EXPECT_TRUE(flat.polar_velocity.valid && flat.polar_velocity.value_1 == 225);
+    EXPECT_TRUE(flat.target_address.valid && flat.target_address.address == 0x3C65AC);
+    EXPECT_TRUE(flat.comm_and_flight_status.valid && flat.comm_and_flight_status.b1b == 10);
+    EXPECT_TRUE(flat.aircraft_id.valid);
+    EXPECT_STREQ(flat.aircraft_id.text, "KLM1    ");
+    EXPECT_TRUE(flat.modes_mb.valid && flat.modes_mb.count == 1 && flat.modes_mb.registers[0].bds == 0x40);
+    EXPECT_TRUE(flat.acas_advisory.valid && flat.acas_advisory.bds.bds == 0x30);
+}
+
+TEST(Cat048Flat, AssemblesElevenItemsThatComeBackTheSame) {
+    const auto data = octets(kFullRecord);
+    const auto record = decoded(data);
+    LogCapture log;
+    auto flat = ast_datarecord_048_disassemble(&record);
+    const auto once = assembled(flat);
+    EXPECT_EQ(once, octets(kAssembled));
+    const auto again = decoded(once);
+    auto second = ast_datarecord_048_disassemble(&again);
+    EXPECT_EQ(assembled(second), once);
+}
+
+TEST(Cat048Flat, AssemblesWhatIsValidAndStoresRawValuesBack) {
+    ast_datarecord_048_t flat{};
+    flat.data_source = {.valid = true, .sac = 1, .sic = 2};
+    flat.polar_position = {.valid = true, .rho_nm = 1, .theta_deg = 180};
+    flat.target_address = {.valid = true, .address = 0x4CA1F3};
+    flat.track_number = {.valid = false, .value = 7};
+    flat.warnings.valid = flat.height_3d.valid = true;                      // never assembled
+    EXPECT_EQ(assembled(flat), octets("91 80 01 02 01 00 80 00 4C A1 F3")); // FRN 1, 4 and 8
+    EXPECT_EQ(flat.polar_position.rho_raw, 256U);
+    EXPECT_EQ(flat.polar_position.theta_raw, 32768U);
+    EXPECT_EQ(flat.target_address.octets[0], 0x4C);
+}
+
+TEST(Cat048Flat, AssemblesNothingFromNothing) {
+    LogCapture log;
+    uint8_t buffer[16];
+    ast_datarecord_048_t flat{};
+    flat.warnings.valid = true;
+    EXPECT_FALSE(ast_datarecord_048_assemble(buffer, sizeof buffer, &flat, AST_UAP_STANDARD).valid);
+    EXPECT_FALSE(ast_datarecord_048_assemble(buffer, sizeof buffer, nullptr, AST_UAP_STANDARD).valid);
+    flat.data_source = {.valid = true, .sac = 1, .sic = 2};
+    EXPECT_FALSE(ast_datarecord_048_assemble(buffer, 2, &flat, AST_UAP_STANDARD).valid);
+    EXPECT_TRUE(ast_datarecord_048_assemble(buffer, 3, &flat, AST_UAP_STANDARD).valid);
+}
+
+TEST(Cat048Flat, TakesValidRecordsOfItsCategoryOnly) {
+    Record not_valid(48, {{48010, "19 0C"}});
+    not_valid->valid = false;
+    for (const ast_datarecord_t *record :
+         {static_cast<const ast_datarecord_t *>(nullptr), static_cast<const ast_datarecord_t *>(not_valid)}) {
+        const auto flat = ast_datarecord_048_disassemble(record);
+        EXPECT_FALSE(flat.valid || flat.data_source.valid);
+    }
+    EXPECT_FALSE(ast_datarecord_048_disassemble(Record(34, {{48010, "19 0C"}})).valid);
+}
+
+TEST(Cat048Flat, WhatIsAbsentIsZeroWhatDoesNotDecodeIsItsDefault) {
+    const auto absent = ast_datarecord_048_disassemble(Record(48, {}));
+    EXPECT_TRUE(absent.valid);
+    EXPECT_EQ(absent.target_report.rdp, 0U);
+    EXPECT_EQ(absent.track_status.rad, 0U);
+    EXPECT_EQ(absent.comm_and_flight_status.stat, 0U);
+    Record broken(48, {{48020, "40"}, {48170, "00"}, {48040, "00 80 40"}});
+    broken->items[0].valid = broken->items[1].valid = false;
+    const auto flat = ast_datarecord_048_disassemble(broken);
+    EXPECT_TRUE(flat.valid);
+    EXPECT_TRUE(!flat.target_report.valid && flat.target_report.rdp == 1);
+    EXPECT_TRUE(!flat.track_status.valid && flat.track_status.rad == 3 && flat.track_status.cdm == 3);
+    EXPECT_TRUE(!flat.polar_position.valid && flat.polar_position.rho_raw == 0);
+}
+
+TEST(Cat048Flat, TheLastItemOfATypeStays) {
+    EXPECT_EQ(ast_datarecord_048_disassemble(Record(48, {{48010, "19 0C"}, {48010, "01 02"}})).data_source.sac, 1U);
+}
+
+} // namespace

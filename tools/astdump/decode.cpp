@@ -39,7 +39,8 @@ DecodedBlock Decoder::decode(const Datagram &datagram, uint64_t number, uint64_t
             .octets = octets,
             .block = block_.get(),
             .profile = profile_name(block_->uap, block_->category),
-            .fault = fault};
+            .fault = fault,
+            .shown = {}};
 }
 
 // The library returns what the last profile that it tried makes of a block; here the attempt that got furthest counts,

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "fault.hpp"
+#include "filter.hpp"
 #include "profiles.hpp"
 
 namespace astdump {
@@ -18,6 +19,7 @@ struct DecodedBlock {
     const ast_datablock_t *block;
     std::string_view profile;
     std::optional<Fault> fault; // unless the block is valid
+    RecordSet shown;            // those of its records that are asked for
 };
 
 class Decoder {
@@ -26,7 +28,8 @@ public:
     // is kept. Takes over the library's log.
     explicit Decoder(const Profile *profile);
 
-    // The result points into the decoder and is good until the next call. The octets are one whole block.
+    // The result points into the decoder and is good until the next call; no record is asked for yet. The
+    // octets are one whole block.
     DecodedBlock decode(const Datagram &datagram, uint64_t number, uint64_t offset, Octets octets);
 
 private:

@@ -69,7 +69,8 @@ void Listing::file(const std::string &name) {
 void Listing::block(const DecodedBlock &decoded) {
     const ast_datablock_t &block = *decoded.block;
     block_line(decoded);
-    for (uint64_t i = 0; i < block.record_count; ++i) record(block.records[i], i + 1, block.uap);
+    for (uint64_t i = 0; i < block.record_count; ++i)
+        if (decoded.shown[i]) record(block.records[i], i + 1, block.uap);
     if (decoded.fault) fault(decoded);
     std::fputc('\n', out_);
 }

@@ -6,6 +6,7 @@
 
 #include "listing.hpp"
 #include "options.hpp"
+#include "record_list.hpp"
 #include "run.hpp"
 #include "stats.hpp"
 
@@ -22,6 +23,8 @@ std::vector<std::unique_ptr<Sink>> make_sinks(const Options &options) {
     const bool color = use_color(options, stdout);
     if (options.stats)
         sinks.push_back(std::make_unique<Stats>(stdout, color));
+    else if (options.list)
+        sinks.push_back(std::make_unique<RecordList>(stdout, color, options.files.size() > 1));
     else if (!options.quiet)
         sinks.push_back(std::make_unique<Listing>(stdout, color, columns(stdout), options.files.size() > 1));
     return sinks;

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <charconv>
+#include <stdexcept>
 #include <string_view>
 
 namespace astdump {
@@ -16,6 +17,10 @@ wrapped to the width of the terminal, or to 120 columns elsewhere.
 Profiles: standard, cat001-plot, cat021-0.23, cat021-0.26, cat021-2.1, cat021-2.4, asr10ss, asr10ss-mk2, thales,
 managair. A block for which a profile has nothing of its own is read by the standard one.
 
+--where knows the names of the columns of --list: sacsic (25/12), time, type, track, squawk (octal), fl (350),
+selalt, callsign, icao (hexadecimal), position, polar, speed, heading, velocity, vrate. Those without a hint are
+compared with the text that --list shows. Blocks without a record that is asked for are left out.
+
 Exit status: 0 when all is well, 1 when a block or the input is damaged, 2 for a mistake on the command line or a file
 that cannot be read.
 
@@ -25,6 +30,9 @@ Examples:
   astdump --stats recording.pcapng           count blocks, records and items
   astdump --quiet *.ast || echo damaged      check files in a script
   astdump --uap cat021-2.1 adsb.pcap         read category 021 as edition 2.1
+  astdump --list recording.pcap | less -S    one line per record
+  astdump --list --where squawk=7700 a.pcap  who is in distress
+  astdump --where track --where fl=350 a.pcap tracks at flight level 350
   tcpdump -i eth0 -w - udp | astdump -       look at live traffic)";
 
 std::optional<unsigned> read_category(std::string_view text) {
@@ -53,6 +61,7 @@ std::vector<std::string> profile_names() {
 struct Texts {
     std::string profile = "auto";
     std::string categories = "0-255";
+    std::vector<std::string> conditions;
 };
 
 void describe(CLI::App &app, Options &options, Texts &texts) {
@@ -67,7 +76,13 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
             return read_categories(list) ? std::string() : "'" + list + "' is not a list of categories";
         })
         ->type_name("LIST");
+    app.add_option("--where", texts.conditions,
+                   "Show only records with NAME, or with that VALUE for it; repeated, all must hold")
+        ->take_all()
+        ->allow_extra_args(false)
+        ->type_name("NAME[=VALUE]");
     app.add_option("--count", options.count, "Stop after N blocks")->type_name("N");
+    app.add_flag("--list", options.list, "A line per record with the common quantities in columns");
     app.add_flag("--stats", options.stats, "Instead of the listing, count by category and by item");
     app.add_flag("--quiet", options.quiet, "No listing, only reports of damage");
     app.add_option("--color", options.color, "Colours: always, never, or auto, if not given, on terminals")
@@ -96,8 +111,12 @@ CommandLine read_command_line(int argc, char **argv) {
     describe(app, options, texts);
     try {
         app.parse(argc, argv);
+        for (const std::string &condition : texts.conditions) options.where.push_back(read_condition(condition));
     } catch (const CLI::ParseError &error) {
         return {.status = app.exit(error) == 0 ? kExitClean : kExitUnusable};
+    } catch (const std::invalid_argument &error) {
+        std::fprintf(stderr, "--where: %s\n", error.what());
+        return {.status = kExitUnusable};
     }
     options.profile = find_profile(texts.profile);
     options.categories = *read_categories(texts.categories);

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "filter.hpp"
 #include "profiles.hpp"
 
 namespace astdump {
@@ -17,7 +18,9 @@ struct Options {
     std::vector<std::string> files;
     const Profile *profile = nullptr; // null: chosen for each block
     CategorySet categories;           // to be shown
+    std::vector<Condition> where;     // that records must meet to be shown
     std::optional<uint64_t> count;    // of blocks to be shown
+    bool list = false;
     bool stats = false;
     bool quiet = false;
     std::string color = "auto";

@@ -53,9 +53,12 @@ void Run::datagram(const Datagram &datagram) {
 }
 
 void Run::block(const Datagram &datagram, uint64_t offset, Octets octets) {
-    ++shown_;
-    const DecodedBlock decoded = decoder_.decode(datagram, number_, offset, octets);
-    for (const auto &sink : sinks_) sink->block(decoded);
+    DecodedBlock decoded = decoder_.decode(datagram, number_, offset, octets);
+    decoded.shown = select_records(*decoded.block, options_.where);
+    if (options_.where.empty() || decoded.shown.any()) {
+        ++shown_;
+        for (const auto &sink : sinks_) sink->block(decoded);
+    }
     if (decoded.fault) damage_.block(decoded);
 }
 

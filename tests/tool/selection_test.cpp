@@ -1,0 +1,127 @@
+// Records chosen by what they hold, and the list of them.
+
+#include <gtest/gtest.h>
+
+#include "command.hpp"
+
+namespace {
+
+const std::string kSample = SAMPLES "/radar.ast";
+
+const std::string kHeader = "Time          SAC/SIC  Cat  Octets  Type    Track  Squawk  Callsign  ICAO    Height ft  "
+                            "Selected ft  Position               Speed kt  Heading              ft/min  Velocity m/s\n";
+const std::string kNorth = "-             -        034      14  -           -  -       -         -               -  "
+                           "          -  -                             -  -                         -  -\n";
+const std::string kRollCall = "12:00:01.500  025/012  048      47  Track     420  2345    DLH4AB    3C4A12      35000  "
+                              "      35008  R:045.5000 T:120.00           -  -                         -  -\n";
+const std::string kPrimary = "12:00:01.750  025/012  048      25  Track      43  -       -         -               -  "
+                             "          -  R:012.2500 T:300.00           -  -                         -  -\n";
+const std::string kSector = "-             -        034       8  -           -  -       -         -               -  "
+                            "          -  -                             -  -                         -  -\n";
+
+TEST(List, ShowsTheSample) {
+    const Result result = Command().run("--list --category 34,48 " + kSample);
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.out, kHeader + kNorth + kRollCall + kPrimary + kSector);
+    EXPECT_EQ(result.err, "");
+}
+
+TEST(List, NamesFilesAndFlags) {
+    Command command;
+    command.write("b", hex("30 000B C8 190C 546000 64E5"));
+    const Result result = command.run("--list b " + kSample + " --category 48");
+    EXPECT_EQ(result.out.find("==> b <==\n" + kHeader), 0U) << result.out;
+    EXPECT_NE(result.out.find("  2345GL  -         -"), std::string::npos) << result.out;
+    EXPECT_NE(result.out.find("radar.ast <==\n" + kHeader + kRollCall), std::string::npos) << result.out;
+}
+
+TEST(Where, ChoosesRecords) {
+    const struct {
+        const char *conditions;
+        std::string out;
+    } cases[] = {
+        {"--where squawk=2345", kRollCall},
+        {"--where squawk=2346", ""},
+        {"--where callsign=dlh4ab", kRollCall},
+        {"--where callsign=DLH4", ""},
+        {"--where icao=3c4A12", kRollCall},
+        {"--where track=43", kPrimary},
+        {"--where fl=350", kRollCall},
+        {"--where sacsic=25012", kRollCall + kPrimary},
+        {"--where sacsic=25/12", kRollCall + kPrimary},
+        {"--where sacsic=25/13", ""},
+        {"--where type=track", kRollCall + kPrimary},
+        {"--where time=12:00:01.750", kPrimary},
+        {"--where selalt=35008", kRollCall},
+        {"--where callsign", kRollCall},
+        {"--where selalt", kRollCall},
+        {"--where polar", kRollCall + kPrimary},
+        {"--where speed", ""},
+        {"--where type=track --where callsign", kRollCall},
+        {"--where track=43 --where squawk=2345", ""},
+    };
+    for (const auto &test : cases) {
+        SCOPED_TRACE(test.conditions);
+        const Result result = Command().run("--category 34,48 --list " + kSample + ' ' + test.conditions);
+        EXPECT_EQ(result.status, 0);
+        EXPECT_EQ(result.out, test.out.empty() ? "" : kHeader + test.out);
+        EXPECT_EQ(result.err, "");
+    }
+}
+
+TEST(Where, LeavesOutTheRestOfABlock) {
+    const std::string primary = "--category 34,48 --where track=43 " + kSample;
+    const Result listed = Command().run(primary);
+    EXPECT_EQ(listed.out.find("#2  CAT 048  75 octets  standard  2 records  valid\n  record 2  25 octets\n"), 0U);
+    EXPECT_EQ(Command().run("--stats " + primary).out,
+              R"(Category     Blocks    Invalid    Records        Items         Octets
+048               1          0          1            9             75
+all               1          0          1            9             75
+
+Item          Count  Name
+I048/010          1  Data Source Identifier
+I048/020          1  Target Report Descriptor
+I048/040          1  Measured Position in Polar Co-ordinates
+I048/042          1  Calculated Position in Cartesian Co-ordinates
+I048/130          1  Radar Plot Characteristics
+I048/140          1  Time of Day
+I048/161          1  Track Number
+I048/170          1  Track Status
+I048/200          1  Calculated Track Velocity in Ploar Co-ordinates
+)");
+}
+
+TEST(Where, CountsOnlyBlocksThatAreShownAndReportsTheDamageOfOthers) {
+    // The first block breaks off; of the others, each with a Mode 3/A code alone, the last two have code 0443.
+    Command command;
+    command.write("b", hex("30 0007 C0 190C 54  30 0006 08 0456  30 0006 08 0123  30 0006 08 0123"));
+    const Result result = command.run("--where squawk=443 --count 1 b");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.out.find("#3  CAT 048"), 0U) << result.out;
+    EXPECT_EQ(result.out.find('#', 1), std::string::npos) << result.out;
+    EXPECT_NE(result.err.find("offset 0: category 048: damaged"), std::string::npos);
+}
+
+TEST(Where, RefusesWhatCannotBe) {
+    const struct {
+        const char *condition;
+        const char *complaint;
+    } cases[] = {
+        {"level=350", "'level' is none of sacsic, time, type, track, squawk, fl, selalt, callsign, icao, position, "
+                      "polar, speed, heading, velocity, vrate\n"},
+        {"=350", "'' is none of sacsic"},
+        {"squawk=7780", "'7780' is no value of squawk, which is octal digits"},
+        {"icao=KLM1", "'KLM1' is no value of icao, which is hexadecimal digits"},
+        {"fl=FL350", "'FL350' is no value of fl"},
+        {"track=", "'' is no value of track"},
+        {"type=", "'' is no value of type\n"},
+    };
+    for (const auto &test : cases) {
+        const Result result = Command().run("--where " + std::string(test.condition) + ' ' + kSample);
+        EXPECT_EQ(result.status, 2) << test.condition;
+        EXPECT_EQ(result.out, "") << test.condition;
+        EXPECT_NE(result.err.find(test.complaint), std::string::npos) << result.err;
+    }
+}
+
+} // namespace

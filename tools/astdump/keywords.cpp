@@ -1,0 +1,42 @@
+#include "keywords.hpp"
+
+#include <algorithm>
+#include <iterator>
+
+namespace astdump {
+
+namespace {
+
+// In the order of their numbers.
+constexpr std::string_view kNames[] = {
+    "sacsic", "time",     "type",  "track", "squawk",  "fl",       "selalt", "callsign",
+    "icao",   "position", "polar", "speed", "heading", "velocity", "vrate",
+};
+static_assert(std::size(kNames) == AST_KEYWORDS);
+
+constexpr size_t kTextOctets = 128; // more than any value takes
+
+} // namespace
+
+std::optional<uint32_t> find_keyword(std::string_view name) {
+    const auto found = std::ranges::find(kNames, name);
+    if (found == std::end(kNames)) return std::nullopt;
+    return static_cast<uint32_t>(found - std::begin(kNames));
+}
+
+std::string keyword_names() {
+    std::string names;
+    for (const std::string_view name : kNames) names.append(names.empty() ? "" : ", ").append(name);
+    return names;
+}
+
+std::string keyword_text(const ast_datarecord_t &record, uint32_t keyword) {
+    char buffer[kTextOctets];
+    ast_datarecord_get_keyword(buffer, sizeof buffer, &record, keyword, AST_POSITION_DEGREES);
+    const std::string_view text = buffer;
+    const size_t first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos) return {};
+    return std::string(text.substr(first, text.find_last_not_of(' ') + 1 - first));
+}
+
+} // namespace astdump

@@ -1,0 +1,22 @@
+// The common quantities of records, under the names that the command line knows them by.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "ast.h"
+
+namespace astdump {
+
+// One of AST_KEYWORD_...; nothing for an unknown name.
+std::optional<uint32_t> find_keyword(std::string_view name);
+
+// All names, "sacsic, time, ...".
+std::string keyword_names();
+
+// A record's value as text without blanks around it; empty when it has none.
+std::string keyword_text(const ast_datarecord_t &record, uint32_t keyword);
+
+} // namespace astdump

@@ -6,10 +6,7 @@ nm=$1 cc=$2 library=$3 header=$4
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-# One declaration a line; its name stands before the first parenthesis, or at its end.
-"$cc" -E -P -x c "$header" | tr -s '\n\t ' ' ' | tr ';' '\n' |
-    sed -n 's/.*__attribute__((visibility("default"))) //p' |
-    sed -e 's/^extern //' -e 's/ *(.*//' -e 's/.*[ *]//' | sort -u >"$work/declared"
+"$(dirname "$0")/declared_names.sh" "$cc" "$header" >"$work/declared"
 "$nm" -D --defined-only --format=posix "$library" | cut -d' ' -f1 | grep -v -x -e _init -e _fini | sort -u >"$work/exported"
 
 declared=$(wc -l <"$work/declared")

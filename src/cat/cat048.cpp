@@ -120,7 +120,7 @@ void ast_dataitem_048_020_encode(ast_dataitem_t *result, uint8_t *buffer, uint64
 
 ast_dataitem_048_030_t ast_dataitem_048_030_decode(const ast_dataitem_t *item) {
     ast_dataitem_048_030_t warnings{};
-    if (!holds_type(item, 48030)) return warnings;
+    if (!is_readable(item) || item->type != 48030) return warnings; // no octets are no warnings
     warnings.count = static_cast<uint32_t>(std::min<uint64_t>(item->size, std::size(warnings.codes)));
     for (uint32_t i = 0; i < warnings.count; ++i) warnings.codes[i] = bits(item->data[i], 8, 2);
     warnings.valid = true;

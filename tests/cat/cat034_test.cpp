@@ -61,69 +61,66 @@ TEST(Cat034Status, SubfieldSummaries) {
     expect_subfield_summaries(kCases);
 }
 
+// The values of a subfield's rows, which follow their header.
+Row values_of(uint32_t subfield, const char *hex) {
+    Row values;
+    for (const Row &row : rows_of(subfield_detail_of(subfield, hex))) values.push_back(row.at(2));
+    return values;
+}
+
+struct ValuesCase {
+    const char *octets;
+    Row values;
+};
+
 TEST(Cat034Status, DetailOfTheCommonElements) {
-    const auto rows = [](const char *release, const char *chain, const char *flag, const char *monitoring,
-                         const char *time) {
-        return std::vector<Row>{{"Bit", "Item", "Value"},
-                                {"Bit[0]", "OPERATIONAL_RELEASE_STATUS", release},
-                                {"Bit[1]", "CHANNEL_SELECTION", chain},
-                                {"Bit[2]", "RDP_RESTART", flag},
-                                {"Bit[3]", "RDP_OVERLOAD", flag},
-                                {"Bit[4]", "TRANSMISSION_SUBSYSTEM_OVERLOAD", flag},
-                                {"Bit[5]", "MONITORING_SYSTEM_STATUS", monitoring},
-                                {"Bit[6]", "TIME_SOURCE_STATUS", time},
-                                {"Bit[7]", "SPARE", ""}};
+    const ValuesCase cases[] = {
+        {"80 00", {"Value", "OPERATIONAL", "CHANNEL_1", "NO", "NO", "NO", "CONNECTED", "VALID", ""}},
+        {"80 80", {"Value", "NOGO!", "CHANNEL_1", "NO", "NO", "NO", "CONNECTED", "VALID", ""}},
+        {"80 40", {"Value", "OPERATIONAL", "CHANNEL_2", "NO", "NO", "NO", "CONNECTED", "VALID", ""}},
+        {"80 20", {"Value", "OPERATIONAL", "CHANNEL_1", "YES", "NO", "NO", "CONNECTED", "VALID", ""}},
+        {"80 10", {"Value", "OPERATIONAL", "CHANNEL_1", "NO", "YES", "NO", "CONNECTED", "VALID", ""}},
+        {"80 08", {"Value", "OPERATIONAL", "CHANNEL_1", "NO", "NO", "YES", "CONNECTED", "VALID", ""}},
+        {"80 04", {"Value", "OPERATIONAL", "CHANNEL_1", "NO", "NO", "NO", "DISCONNECTED", "VALID", ""}},
+        {"80 02", {"Value", "OPERATIONAL", "CHANNEL_1", "NO", "NO", "NO", "CONNECTED", "INVALID", ""}},
+        {"08 00", {}},
     };
-    EXPECT_EQ(rows_of(subfield_detail_of(kStatusCom, "80 00")),
-              rows("OPERATIONAL", "CHANNEL_1", "NO", "CONNECTED", "VALID"));
-    EXPECT_EQ(rows_of(subfield_detail_of(kStatusCom, "80 FE")),
-              rows("NOGO!", "CHANNEL_2", "YES", "DISCONNECTED", "INVALID"));
-    EXPECT_EQ(rows_of(subfield_detail_of(kStatusCom, "80 02")),
-              rows("OPERATIONAL", "CHANNEL_1", "NO", "CONNECTED", "INVALID"));
+    for (const ValuesCase &one : cases) EXPECT_EQ(values_of(kStatusCom, one.octets), one.values) << one.octets;
+    const std::vector<Row> rows = {{"Bit", "Item", "Value"},
+                                   {"Bit[0]", "OPERATIONAL_RELEASE_STATUS", "NOGO!"},
+                                   {"Bit[1]", "CHANNEL_SELECTION", "CHANNEL_2"},
+                                   {"Bit[2]", "RDP_RESTART", "YES"},
+                                   {"Bit[3]", "RDP_OVERLOAD", "YES"},
+                                   {"Bit[4]", "TRANSMISSION_SUBSYSTEM_OVERLOAD", "YES"},
+                                   {"Bit[5]", "MONITORING_SYSTEM_STATUS", "DISCONNECTED"},
+                                   {"Bit[6]", "TIME_SOURCE_STATUS", "INVALID"},
+                                   {"Bit[7]", "SPARE", ""}};
+    EXPECT_EQ(rows_of(subfield_detail_of(kStatusCom, "80 FE")), rows);
 }
 
 TEST(Cat034Status, DetailOfTheSsr) {
-    const auto rows = [](const char *antenna, const char *channel, const char *overload, const char *monitoring) {
-        return std::vector<Row>{{"Bit", "Item", "Value"},
-                                {"Bit[0]", "SELECTED_ANTENNA", antenna},
-                                {"Bit[1-2]", "CHANNEL_SELECTION", channel},
-                                {"Bit[3]", "OVERLOAD", overload},
-                                {"Bit[4]", "MONITORING_SYSTEM_STATUS", monitoring},
-                                {"Bit[5-7]", "SPARE", ""}};
+    const ValuesCase cases[] = {
+        {"08 00", {"Value", "ANTENNA_1", "NO_CHANNLE", "NO", "CONNECTED", ""}}, // meant: spelled so
+        {"08 20", {"Value", "ANTENNA_1", "CHANNLE_A_ONLY", "NO", "CONNECTED", ""}},
+        {"08 D0", {"Value", "ANTENNA_2", "CHANNLE_B_ONLY", "YES", "CONNECTED", ""}},
+        {"80 00", {}},
     };
-    const auto detail = [](const char *hex) { return rows_of(subfield_detail_of(kStatusSsr, hex)); };
-    EXPECT_EQ(detail("08 00"), rows("ANTENNA_1", "NO_CHANNLE", "NO", "CONNECTED")); // meant: spelled so
-    EXPECT_EQ(detail("08 20"), rows("ANTENNA_1", "CHANNLE_A_ONLY", "NO", "CONNECTED"));
-    EXPECT_EQ(detail("08 D0"), rows("ANTENNA_2", "CHANNLE_B_ONLY", "YES", "CONNECTED"));
-    EXPECT_EQ(detail("08 E8"), rows("ANTENNA_2", "INVALID_COMBINATION", "NO", "DISCONNECTED"));
-    EXPECT_TRUE(detail("80 00").empty());
+    for (const ValuesCase &one : cases) EXPECT_EQ(values_of(kStatusSsr, one.octets), one.values) << one.octets;
+    const std::vector<Row> rows = {{"Bit", "Item", "Value"},
+                                   {"Bit[0]", "SELECTED_ANTENNA", "ANTENNA_2"},
+                                   {"Bit[1-2]", "CHANNEL_SELECTION", "INVALID_COMBINATION"},
+                                   {"Bit[3]", "OVERLOAD", "NO"},
+                                   {"Bit[4]", "MONITORING_SYSTEM_STATUS", "DISCONNECTED"},
+                                   {"Bit[5-7]", "SPARE", ""}};
+    EXPECT_EQ(rows_of(subfield_detail_of(kStatusSsr, "08 E8")), rows);
     EXPECT_EQ(subfield_detail_of(34050004, "10 FF"), "");
     EXPECT_EQ(subfield_detail_of(34050006, "04 FF FF"), "");
 }
 
-TEST(Cat034Status, DecodesEachFlag) {
-    struct Flags {
-        bool nogo, rdpr, ovl_rdp, ovl_xmt, msc, time_valid;
-        bool operator==(const Flags &) const = default;
-    };
-    constexpr struct {
-        const char *octets;
-        Flags flags;
-    } kCases[] = {
-        {"80 80", {.nogo = true, .msc = true, .time_valid = true}},
-        {"80 20", {.rdpr = true, .msc = true, .time_valid = true}},
-        {"80 10", {.ovl_rdp = true, .msc = true, .time_valid = true}},
-        {"80 08", {.ovl_xmt = true, .msc = true, .time_valid = true}},
-        {"80 04", {.time_valid = true}},
-        {"80 02", {.msc = true}},
-    };
-    for (const auto &one : kCases) {
-        const auto status = ast_dataitem_034_050_decode(Item(34050, one.octets));
-        const auto &com = status.com;
-        EXPECT_TRUE(status.valid && com.present && !status.ssr.present) << one.octets;
-        EXPECT_EQ((Flags{com.nogo, com.rdpr, com.ovl_rdp, com.ovl_xmt, com.msc, com.time_valid}), one.flags)
-            << one.octets;
-    }
+TEST(Cat034Status, DecodesWholeItemsOfItsType) {
+    const auto status = ast_dataitem_034_050_decode(Item(34050, "9C 04 FF D0 FF FF"));
+    EXPECT_TRUE(status.valid && status.com.present && !status.com.msc && status.com.time_valid);
+    EXPECT_TRUE(status.ssr.present && status.ssr.ant == 2 && status.ssr.ch_ab == 2 && status.ssr.ovl && status.ssr.msc);
     EXPECT_FALSE(ast_dataitem_034_050_decode(Item(34050, "81")).valid);
     EXPECT_FALSE(ast_dataitem_034_050_decode(Item(34060, "80 00")).valid);
     EXPECT_FALSE(ast_dataitem_034_050_decode(nullptr).valid);
@@ -354,12 +351,7 @@ TEST(Cat034Flat, AssemblesWhatIsValidAndStoresRawValuesBack) {
     EXPECT_FALSE(ast_datarecord_034_assemble(buffer, sizeof buffer, nullptr, AST_UAP_STANDARD).valid);
 }
 
-TEST(Cat034Flat, TakesValidRecordsOfItsCategoryOnly) {
-    Record not_valid(34, {{34010, "19 0C"}});
-    not_valid->valid = false;
-    EXPECT_FALSE(ast_datarecord_034_disassemble(not_valid).data_source.valid);
-    EXPECT_FALSE(ast_datarecord_034_disassemble(not_valid).valid);
-    EXPECT_FALSE(ast_datarecord_034_disassemble(nullptr).valid);
+TEST(Cat034Flat, TakesRecordsOfItsCategoryOnly) {
     EXPECT_FALSE(ast_datarecord_034_disassemble(Record(48, {{34010, "19 0C"}})).valid);
     EXPECT_TRUE(ast_datarecord_034_disassemble(Record(34, {})).valid);
 }

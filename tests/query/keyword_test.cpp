@@ -1,0 +1,217 @@
+#include "support/records.hpp"
+#include "support/text.hpp"
+
+using namespace ast_test;
+
+namespace {
+
+constexpr uint32_t kNoKeyword = 15;
+
+std::string value_of(const ast_datarecord_t *record, uint32_t keyword) {
+    return written([&](char *text, uint64_t capacity) {
+        ast_datarecord_get_keyword(text, capacity, record, keyword, AST_POSITION_DMS);
+    });
+}
+
+// A track with a value for every keyword that category 048 answers.
+const Record &track() {
+    static const Record record(48,
+                               {{48010, "19 0C"},
+                                {48140, "58 78 40"},
+                                {48040, "00 80 40 00"},
+                                {48070, "0F 77"},
+                                {48090, "01 90"},
+                                {48220, "3C 65 AC"},
+                                {48240, "2C C3 71 82 08 20"},
+                                {48250, "03 9F 45 77 00 00 00 00 40 A0 00 00 00 00 00 00 60 00 12 00 00 00 00 00 50"},
+                                {48161, "01 23"}});
+    return record;
+}
+
+TEST(Keyword, HasNameAndDescription) {
+    constexpr struct {
+        const char *name;
+        const char *description;
+    } kKeywords[] = {
+        {"SAC/SIC", "SAC/SIC"},
+        {"Timestamp Tx", "Timestamp, definition and time zone depends on sensor configuration"},
+        {"Type", "Message Type"},
+        {"Track Number", "Track Number"},
+        {"Mode 3/A", "Mode 3/A"},
+        {"Flight Level", "Flight level in foot"},
+        {"Selected Altitude", "Selected Altitude in foot"},
+        {"Callsign", "Callsign"},
+        {"ICAO Address", "ICAO Address"},
+        {"WGS84 Coordinates", "WGS-84 coordinate in degree, minute and second"},
+        {"Polar Coordinates", "Rho in NM, theta in degree"},
+        {"Speed", "Ground speed in Knot"},
+        {"Heading", "Heading in degree"},
+        {"Cartesian Velocity", "Cartesian or horizontal velocity in meters/second"},
+        {"Vertical Rate", "Vertical rate in feet/min"},
+        {"", ""},
+    };
+    for (uint32_t keyword = 0; keyword <= kNoKeyword; ++keyword) {
+        const auto with_keyword = [&](auto write) {
+            return written([&](char *text, uint64_t capacity) { write(text, capacity, keyword); });
+        };
+        EXPECT_EQ(with_keyword(ast_keyword_name), kKeywords[keyword].name);
+        EXPECT_EQ(with_keyword(ast_keyword_description), kKeywords[keyword].description);
+    }
+}
+
+TEST(Keyword, MatchesWholeWords) {
+    constexpr struct {
+        const char *text;
+        const char *pattern;
+        bool any_case; // matches without regard to case, and with it
+        bool exactly;
+    } kCases[] = {
+        {"KLM1", "KLM1", true, true},
+        {"KLM1", "klm1", true, false},
+        {"klm1", "KLM1", true, false},
+        {"KLM1", "KLM", false, false},
+        {"KLM1", "KLM12", false, false},
+        {"KLM1", "KLN1", false, false},
+        {"  KLM1", "KLM1", true, true},
+        {"KLM1", "  KLM1", true, true},
+        {"KLM1", "KLM1  ", true, true},
+        {"KLM1  ", "KLM1", true, true},
+        {"KLM1 X", "KLM1 Y", true, true},
+        {"KLM1", "", false, false},
+        {"", "KLM1", false, false},
+        {"", "", true, true},
+        {"  ", "", true, true},
+        {"K@M", "K`M", false, false},
+        {"KLM1\tX", "KLM1", false, false},
+    };
+    for (const auto &one : kCases) {
+        EXPECT_EQ(ast_keyword_match(one.text, one.pattern, false), one.any_case) << one.text << "/" << one.pattern;
+        EXPECT_EQ(ast_keyword_match(one.text, one.pattern, true), one.exactly) << one.text << "/" << one.pattern;
+    }
+    EXPECT_FALSE(ast_keyword_match(nullptr, "", false));
+    EXPECT_FALSE(ast_keyword_match("", nullptr, false));
+}
+
+TEST(Keyword, RecordContainsSomeOfThem) {
+    ast_datarecord_t not_valid = *static_cast<const ast_datarecord_t *>(track());
+    not_valid.valid = false;
+    for (uint32_t keyword = 0; keyword <= kNoKeyword; ++keyword) {
+        // Meant: no other keyword is ever contained, not even a selected altitude that is there.
+        const bool is_asked = keyword == 3 || keyword == 4 || keyword == 5 || keyword == 7 || keyword == 8;
+        EXPECT_EQ(ast_datarecord_contain_keyword(track(), keyword), is_asked) << keyword;
+        EXPECT_FALSE(ast_datarecord_contain_keyword(&not_valid, keyword)) << keyword;
+        EXPECT_FALSE(ast_datarecord_contain_keyword(nullptr, keyword)) << keyword;
+        EXPECT_FALSE(ast_datarecord_contain_keyword(Record(48, {}), keyword)) << keyword;
+        EXPECT_FALSE(ast_datarecord_contain_keyword(Record(34, {{34010, "19 0C"}}), keyword)) << keyword;
+    }
+}
+
+TEST(Keyword, RecordMatchesAPattern) {
+    constexpr struct {
+        uint32_t keyword;
+        const char *pattern;
+        bool matches;
+    } kCases[] = {
+        {0, "25012", true},    {0, " 25012 ", true}, {0, "25013", false},   {0, "2512", false},
+        {0, "", false},        {3, "291", true},     {3, "0291", true},     {3, "0x123", false},
+        {3, "29", false},      {4, "7567", true},    {4, "07567", true},    {4, "3959", false}, // decimal
+        {4, "756", false},     {5, "100", true},     {5, "100.0", true},    {5, "1e2", true},
+        {5, "100.01", false},  {5, "10000", false},  {7, "KLM1", true},     {7, "klm1", true},
+        {7, "KLM", false},     {7, "KLM1 AB", true}, {8, "3C65AC", true},   {8, "3c65ac", true},
+        {8, "0x3C65AC", true}, {8, "3C65A", false},  {8, "3958188", false}, {1, "12:34:56.500", false},
+        {2, "Track", false},   {2, "4", false},      {6, "24000", false},   {6, "240", false},
+        {10, "0.5", false},    {12, "90", false},    {15, "25012", false},
+    };
+    ast_datarecord_t not_valid = *static_cast<const ast_datarecord_t *>(track());
+    not_valid.valid = false;
+    for (const auto &one : kCases) {
+        EXPECT_EQ(ast_datarecord_match_keyword(track(), one.keyword, one.pattern, false), one.matches)
+            << one.keyword << ": " << one.pattern;
+        EXPECT_FALSE(ast_datarecord_match_keyword(&not_valid, one.keyword, one.pattern, false));
+        EXPECT_FALSE(ast_datarecord_match_keyword(nullptr, one.keyword, one.pattern, false));
+        EXPECT_FALSE(ast_datarecord_match_keyword(track(), one.keyword, nullptr, false));
+    }
+    EXPECT_FALSE(ast_datarecord_match_keyword(track(), 7, "klm1", true));
+    EXPECT_TRUE(ast_datarecord_match_keyword(track(), 7, "KLM1", true));
+    EXPECT_TRUE(ast_datarecord_match_keyword(track(), 8, "3c65ac", true));
+    EXPECT_TRUE(ast_datarecord_match_keyword(Record(48, {{48090, "01 91"}}), 5, "100.25", false));
+    EXPECT_TRUE(ast_datarecord_match_keyword(Record(48, {{48090, "3F FC"}}), 5, "-1", false));
+}
+
+TEST(Keyword, PatternOfAnUnknownValueMatchesNothing) {
+    constexpr struct {
+        uint32_t keyword;
+        const char *pattern;
+    } kCases[] = {{0, "4294967295"}, {3, "4294967295"}, {3, "-1"}, {4, "37777777777"}, {5, "0"}, {7, ""},
+                  {8, "FFFFFFFF"},   {8, "-1"},         {0, "0"}};
+    const Record empty(48, {});
+    const Record without(34, {{34010, "19 0C"}});
+    for (const auto &one : kCases) {
+        EXPECT_FALSE(ast_datarecord_match_keyword(empty, one.keyword, one.pattern, false)) << one.pattern;
+        EXPECT_FALSE(ast_datarecord_match_keyword(without, one.keyword, one.pattern, false)) << one.pattern;
+    }
+}
+
+TEST(Keyword, TextOfEveryValue) {
+    // Category 048 has no WGS-84 position, speed, Cartesian velocity or vertical rate.
+    constexpr const char *kTexts[] = {"025/012",
+                                      "12:34:56.500",
+                                      "Track",
+                                      "291",
+                                      "7567",
+                                      "10000",
+                                      "24000",
+                                      "KLM1",
+                                      "3C65AC",
+                                      "",
+                                      "R:000.5000 T:090.00",
+                                      "",
+                                      "M:090.00 T:045.00",
+                                      "",
+                                      "",
+                                      ""};
+    ast_datarecord_t not_valid = *static_cast<const ast_datarecord_t *>(track());
+    not_valid.valid = false;
+    for (uint32_t keyword = 0; keyword <= kNoKeyword; ++keyword) {
+        EXPECT_EQ(value_of(track(), keyword), kTexts[keyword]) << keyword;
+        EXPECT_EQ(value_of(&not_valid, keyword), "") << keyword;
+        EXPECT_EQ(value_of(nullptr, keyword), "") << keyword;
+        EXPECT_EQ(value_of(Record(48, {}), keyword), keyword == 2 ? "Plot" : "") << keyword;
+        EXPECT_EQ(value_of(Record(34, {{34010, "19 0C"}, {34000, "01"}}), keyword), "") << keyword;
+    }
+}
+
+TEST(Keyword, TextOfValuesAtTheirEnds) {
+    constexpr struct {
+        uint32_t keyword;
+        Content item;
+        const char *text;
+    } kCases[] = {
+        {0, {48010, "00 00"}, "000/000"},
+        {0, {48010, "FF FF"}, "255/255"},
+        {1, {48140, "00 00 00"}, "00:00:00.000"},
+        {1, {48140, "FF FF FF"}, "36:24:31.992"},
+        {3, {48161, "00 00"}, "0"},
+        {3, {48161, "0F FF"}, "4095"},
+        {4, {48070, "00 07"}, "0007"},
+        {4, {48070, "4F 77"}, "7567G"},
+        {4, {48070, "2F 77"}, "7567L"},
+        {4, {48070, "EF 77"}, "7567GL"}, // category 048 does not tell what is not validated
+        {5, {48090, "00 00"}, "00000"},
+        {5, {48090, "3F FF"}, "-00025"},
+        {5, {48090, "1F FF"}, "204775"},
+        {5, {48110, "00 28"}, "01000"},
+        {6, {48250, "01 9F 40 00 00 00 00 00 40"}, "16000"},
+        {6, {48250, "01 80 0C 00 00 00 00 00 40"}, "00000"}, // FMS 0 ft, before MCP/FCU 16 ft
+        {7, {48240, "82 08 20 82 08 20"}, ""},
+        {8, {48220, "00 00 01"}, "000001"},
+        {10, {48040, "FF FF FF FF"}, "R:255.9961 T:359.99"},
+        {10, {48040, "00 00 00 00"}, "R:000.0000 T:000.00"},
+        {12, {48250, "01 E0 00 00 00 00 00 00 60"}, "M:270.00"},
+        {12, {48250, "01 00 1A 00 00 00 00 00 50"}, "T:315.00"},
+    };
+    for (const auto &one : kCases)
+        EXPECT_EQ(value_of(Record(48, {one.item}), one.keyword), one.text) << one.keyword << ": " << one.item.hex;
+}
+
+} // namespace

@@ -89,19 +89,19 @@ void decode_record(ast_datarecord_t &record, const uint8_t *data, uint64_t avail
     const uint8_t *rest = data + fspec.length;
     uint64_t left = available - fspec.length;
     ast_dataitem_t *next = record.items;
-    const bool is_whole = uap.get_dataitem && each_frn(fspec, [&](uint32_t frn) {
-                              const ast_dataitem_type_t type = uap.get_dataitem(category, frn);
-                              const uint32_t number = type - own_types;
-                              const uint64_t size = item_size(
-                                  number < kItemNumbers ? find_item(own, number) : find_item(type), type, rest, left);
-                              // Explicit lengths and composed track numbers do not look at what is available; here they
-                              // have to fit it.
-                              if (size == 0 || size > left || next == std::end(record.items)) return false;
-                              left -= size;
-                              *next++ = sized_item(rest, size, type, left);
-                              rest += size;
-                              return true;
-                          });
+    const auto take_item = [&](uint32_t frn) {
+        const ast_dataitem_type_t type = uap.get_dataitem(category, frn);
+        const uint32_t number = type - own_types;
+        const ItemRow &row = number < kItemNumbers ? find_item(own, number) : find_item(type);
+        const uint64_t size = item_size(row, type, rest, left);
+        // Explicit lengths and composed track numbers do not look at what is available; here they have to fit it.
+        if (size == 0 || size > left || next == std::end(record.items)) return false;
+        left -= size;
+        *next++ = sized_item(rest, size, type, left);
+        rest += size;
+        return true;
+    };
+    const bool is_whole = uap.get_dataitem && each_frn(fspec, take_item);
     record.item_count = static_cast<uint64_t>(next - record.items);
     if (!is_whole) return;
     record.size = static_cast<uint64_t>(rest - data);

@@ -7,6 +7,7 @@ readonly jobs=2
 
 readonly build_packages=(cmake ninja-build g++ ccache)
 readonly tool_packages=(pkg-config libtins-dev libpcap-dev libcli11-dev)
+readonly example_packages=(libasio-dev) # beside those of the tool
 readonly test_packages=(libgtest-dev)
 readonly bench_packages=(libbenchmark-dev)
 

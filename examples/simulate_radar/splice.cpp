@@ -1,0 +1,75 @@
+#include "splice.hpp"
+
+#include <stdexcept>
+
+namespace simulation {
+
+namespace {
+
+constexpr uint32_t kFrnsPerOctet = 7;
+constexpr uint8_t kFx = 0x01; // another FSPEC octet follows
+constexpr uint64_t kBlockHeaderOctets = 3;
+
+uint32_t frn_of(uint32_t category, ast_dataitem_type_t type) {
+    for (uint32_t frn = 1; frn <= ast_uap_max_frn(&AST_UAP_STANDARD, category); ++frn)
+        if (ast_uap_get_dataitem(&AST_UAP_STANDARD, category, frn) == type) return frn;
+    throw std::invalid_argument("no FRN announces the item");
+}
+
+// The FSPEC with one more bit set. Where that takes more octets, the FX bits chain them.
+Octets fspec_with(const ast_fspec_t &fspec, uint32_t frn) {
+    Octets octets(fspec.data, fspec.data + fspec.length);
+    const uint64_t needed = (frn - 1) / kFrnsPerOctet + 1;
+    while (octets.size() < needed) {
+        octets.back() |= kFx;
+        octets.push_back(0);
+    }
+    ast_fspec_set(octets.data(), octets.size(), frn, true);
+    return octets;
+}
+
+void append(Octets &octets, const Octets &more) { octets.insert(octets.end(), more.begin(), more.end()); }
+
+void append_item(Octets &octets, const ast_dataitem_t &item) {
+    octets.insert(octets.end(), item.data, item.data + item.size);
+}
+
+// Fills in the header, CAT and LEN, for which pack_blocks leaves room.
+void close_block(Octets &block, uint8_t category) {
+    block[0] = category;
+    block[1] = static_cast<uint8_t>(block.size() >> 8);
+    block[2] = static_cast<uint8_t>(block.size());
+}
+
+} // namespace
+
+// Items stand in the order of their FRNs, so as many go before the new one as the FSPEC announces below its FRN.
+Octets with_item(const Octets &record, uint32_t category, ast_dataitem_type_t type, const Octets &item) {
+    const ast_datarecord_t decoded = ast_datarecord_decode(record.data(), record.size(), category, AST_UAP_STANDARD);
+    if (!decoded.valid) throw std::invalid_argument("the record is damaged");
+    const uint32_t new_frn = frn_of(category, type);
+    const ast_dataitem_t *each = decoded.items;
+    Octets longer = fspec_with(decoded.fspec, new_frn);
+    for (uint32_t frn = 1; frn < new_frn; ++frn)
+        if (ast_fspec_is_set(&decoded.fspec, frn)) append_item(longer, *each++);
+    append(longer, item);
+    while (each != decoded.items + decoded.item_count) append_item(longer, *each++);
+    return longer;
+}
+
+std::vector<Octets> pack_blocks(uint8_t category, const std::vector<Octets> &records, uint64_t most_octets) {
+    std::vector<Octets> blocks;
+    uint64_t records_in_last = AST_DATABLOCK_MAX_RECORDS;
+    for (const Octets &record : records) {
+        if (records_in_last == AST_DATABLOCK_MAX_RECORDS || blocks.back().size() + record.size() > most_octets) {
+            blocks.emplace_back(kBlockHeaderOctets);
+            records_in_last = 0;
+        }
+        append(blocks.back(), record);
+        ++records_in_last;
+    }
+    for (Octets &block : blocks) close_block(block, category);
+    return blocks;
+}
+
+} // namespace simulation

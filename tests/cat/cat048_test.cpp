@@ -79,14 +79,14 @@ TEST(Cat048TargetReport, EncodesASecondOctetWhenItHoldsSomething) {
     constexpr EncodeCase<ast_dataitem_048_020_t> kCases[] = {
         {"nothing set", {.valid = true, .rdp = 1}, "00"},
         {"all of one octet", {.valid = true, .typ = 7, .sim = true, .rdp = 2, .spi = true, .rab = true}, "FE"},
-        {"type out of range", {.valid = true, .typ = 8, .rdp = 1}, "00"},
+        {"type out of range", {.valid = true, .typ = 9, .rdp = 1}, "00"},
         {"chain out of range", {.valid = true, .typ = 1, .rdp = 3}, "20"},
         {"test", {.valid = true, .typ = 2, .tst = true}, "41 80"},
         {"meant: ME two bits above where it is read", {.valid = true, .typ = 2, .me = true}, "41 40"},
         {"meant: MI likewise", {.valid = true, .typ = 2, .mi = true}, "41 20"},
         {"friend", {.valid = true, .foe_fri = 1}, "01 02"},
         {"no reply", {.valid = true, .foe_fri = 3}, "01 06"},
-        {"status out of range", {.valid = true, .foe_fri = 4}, "01 00"},
+        {"status out of range", {.valid = true, .foe_fri = 5}, "01 00"},
         {"not valid", {.valid = false, .typ = 2}, nullptr},
     };
     expect_encodes(48020, kCases);
@@ -170,6 +170,7 @@ TEST(Cat048Position, EncodesValuesOrElseRawOnes) {
         {"one positive value counts for both",
          {.valid = true, .rho_raw = 7, .theta_raw = 7, .rho_nm = 1},
          "01 00 00 00"},
+        {"either of them", {.valid = true, .rho_raw = 7, .theta_deg = 90}, "00 00 40 00"},
         {"a full turn is none", {.valid = true, .theta_deg = 360}, "00 00 00 00"},
         {"no value", {.valid = true, .rho_raw = 0x1234, .theta_raw = 0xABCD}, "12 34 AB CD"},
         {"no positive value", {.valid = true, .rho_raw = 5, .rho_nm = -1, .theta_deg = -90}, "00 05 00 00"},

@@ -14,7 +14,7 @@ using namespace ast;
 constexpr uint16_t RFS = AST_ITEM_RFS;
 constexpr uint16_t REF = AST_ITEM_REF;
 constexpr uint16_t SPF = AST_ITEM_SPF;
-constexpr uint16_t ___ = UINT16_MAX; // spare FRN
+constexpr uint16_t NIL = UINT16_MAX; // spare FRN
 
 // One category's items by FRN, from FRN 1, as item numbers within the category.
 struct Layout {
@@ -34,37 +34,37 @@ constexpr Layout layout(const uint16_t (&items)[N], const char *reported_as, uin
 constexpr uint16_t k001[]         = { 10,  20, 161,  40,  42, 200,  70,  90, 141, 130, 131, 120, 170, 210,
                                       50,  80, 100,  60,  30, SPF, RFS, 150};
 constexpr uint16_t k001Plot[]     = { 10,  20,  40,  70,  90, 130, 141,  50, 120, 131,  80, 100,  60,  30,
-                                     150, ___, ___, ___, ___, SPF, RFS};
-constexpr uint16_t k001Asr10[]    = { 10,  20, 161,  40, ___, 200,  70,  90, 141, 901, ___, ___, 170, 902,
+                                     150, NIL, NIL, NIL, NIL, SPF, RFS};
+constexpr uint16_t k001Asr10[]    = { 10,  20, 161,  40, NIL, 200,  70,  90, 141, 901, NIL, NIL, 170, 902,
                                       50};
-constexpr uint16_t k001Asr10Mk2[] = { 10,  20, 161,  40, ___, 200,  70,  90, 141, 903, ___, ___, 170, 904,
+constexpr uint16_t k001Asr10Mk2[] = { 10,  20, 161,  40, NIL, 200,  70,  90, 141, 903, NIL, NIL, 170, 904,
                                       50};
 
-constexpr uint16_t k002[]         = { 10,   0,  20,  30,  41,  50,  60,  70, 100,  90,  80, ___, SPF, RFS};
-constexpr uint16_t k002Asr10[]    = { 10,   0,  20,  30, ___, 901};
-constexpr uint16_t k002Asr10Mk2[] = { 10,   0,  20,  30, ___, 902};
+constexpr uint16_t k002[]         = { 10,   0,  20,  30,  41,  50,  60,  70, 100,  90,  80, NIL, SPF, RFS};
+constexpr uint16_t k002Asr10[]    = { 10,   0,  20,  30, NIL, 901};
+constexpr uint16_t k002Asr10Mk2[] = { 10,   0,  20,  30, NIL, 902};
 
 constexpr uint16_t k004[]         = { 10,   0,  15,  20,  40,  45,  60,  30, 170, 120,  70,  76,  74,  75,
-                                     100,  35, 171, 110, ___, REF, SPF};
+                                     100,  35, 171, 110, NIL, REF, SPF};
 
 constexpr uint16_t k008[]         = { 10,   0,  20,  36,  34,  40,  50,  90, 100, 110, 120,  38, SPF, RFS};
 
 constexpr uint16_t k010[]         = { 10,   0,  20, 140,  41,  40,  42, 200, 202, 161, 170,  60, 220, 245,
-                                     250, 300,  90,  91, 270, 550, 310, 500, 280, 131, 210, ___, SPF, REF};
+                                     250, 300,  90,  91, 270, 550, 310, 500, 280, 131, 210, NIL, SPF, REF};
 
 constexpr uint16_t k015[]         = { 10,   0,  15,  20,  30, 145, 161, 170,  50, 270, 300, 400, 600, 601,
                                      602, 603, 604, 605, 480, 625, 626, 627, 628, 630, 631};
 
 constexpr uint16_t k016[]         = { 10,  15,   0, 140, 200, 300, 400, 405, 410, 420};
 
-constexpr uint16_t k019[]         = { 10,   0, 140, 550, 551, 552, 553, 600, 610, 620, ___, ___, REF, SPF};
+constexpr uint16_t k019[]         = { 10,   0, 140, 550, 551, 552, 553, 600, 610, 620, NIL, NIL, REF, SPF};
 
 constexpr uint16_t k020[]         = { 10,  20, 140,  41,  42, 161, 170,  70, 202,  90, 100, 220, 245, 110,
                                      105, 210, 300, 310, 500, 400, 250, 230, 260,  30,  55,  50, REF, SPF};
 
 constexpr uint16_t k021Ed023[]    = { 10, 903,  30, 130,  80, 140, 905, 906, 230, 145, 150, 151, 152, 155,
-                                     157, 160, 165, 170,  95,  32, 908,  20, 220, 146, 148, 110, ___, ___,
-                                     ___, ___, ___, ___, ___, REF, SPF};
+                                     157, 160, 165, 170,  95,  32, 908,  20, 220, 146, 148, 110, NIL, NIL,
+                                     NIL, NIL, NIL, NIL, NIL, REF, SPF};
 constexpr uint16_t k021Thales[]   = { 10, 903,  30, 130,  80, 140, 905, 906, 230, 145, 150, 151, 152, 155,
                                      157, 160, 165, 170,  95,  32, 200,  20, 220, 146, 148, 110, 904,  70};
 constexpr uint16_t k021Ed026[]    = { 10, 903,  30, 902,  80, 140, 905, 906, 230, 145, 150, 151, 152, 155,
@@ -72,11 +72,11 @@ constexpr uint16_t k021Ed026[]    = { 10, 903,  30, 902,  80, 140, 905, 906, 230
 constexpr uint16_t k021Ed21[]     = { 10,  40, 161,  15,  71, 130, 131,  72, 150, 151,  80,  73,  74,  75,
                                       76, 140,  90, 210,  70, 230, 145, 152, 200, 155, 157, 160, 165,  77,
                                      170,  20, 220, 146, 148, 110,  16,   8, 907, 132, 250, 260, 400, 295,
-                                     ___, ___, ___, ___, ___, REF, SPF};
+                                     NIL, NIL, NIL, NIL, NIL, REF, SPF};
 constexpr uint16_t k021Ed24[]     = { 10,  40, 161,  15,  71, 130, 131,  72, 150, 151,  80,  73,  74,  75,
                                       76, 140,  90, 210,  70, 230, 145, 152, 200, 155, 157, 160, 165,  77,
                                      170,  20, 220, 146, 148, 110,  16,   8, 271, 132, 250, 260, 400, 295,
-                                     ___, ___, ___, ___, ___, REF, SPF};
+                                     NIL, NIL, NIL, NIL, NIL, REF, SPF};
 
 constexpr uint16_t k023[]         = { 10,   0,  15,  70, 100, 101, 200, 110, 120};
 
@@ -85,13 +85,13 @@ constexpr uint16_t k034[]         = { 10,   0,  30,  20,  41,  50,  60,  70, 100
 constexpr uint16_t k048[]         = { 10, 140,  20,  40,  70,  90, 130, 220, 240, 250, 161,  42, 200, 170,
                                      210,  30,  80, 100, 110, 120, 230, 260,  55,  50,  65,  60, SPF, REF};
 
-constexpr uint16_t k062[]         = { 10, ___,  15,  70, 105, 100, 185, 210,  60, 245, 380,  40,  80, 290,
+constexpr uint16_t k062[]         = { 10, NIL,  15,  70, 105, 100, 185, 210,  60, 245, 380,  40,  80, 290,
                                      200, 295, 136, 130, 135, 220, 390, 270, 300, 110, 120, 510, 500, 340,
-                                     ___, ___, ___, ___, ___, REF, SPF};
+                                     NIL, NIL, NIL, NIL, NIL, REF, SPF};
 
-constexpr uint16_t k063[]         = { 10,  15,  30,  50,  60,  70,  80,  81,  90,  91,  92, ___, REF, SPF};
+constexpr uint16_t k063[]         = { 10,  15,  30,  50,  60,  70,  80,  81,  90,  91,  92, NIL, REF, SPF};
 
-constexpr uint16_t k065[]         = { 10,   0,  15,  30,  20,  40,  50, ___, ___, ___, ___, ___, REF, SPF};
+constexpr uint16_t k065[]         = { 10,   0,  15,  30,  20,  40,  50, NIL, NIL, NIL, NIL, NIL, REF, SPF};
 
 constexpr uint16_t k240[]         = { 10,   0,  20,  30,  40,  41,  48,  49,  50,  51,  52, 140, REF, SPF};
 // clang-format on
@@ -139,7 +139,7 @@ bool defines(const Layout &layout, uint32_t frn) { return frn - 1 < layout.count
 
 ast_dataitem_type_t defined_item(const Layout &layout, uint32_t category, uint32_t frn) {
     const uint16_t number = layout.items[frn - 1];
-    return number == ___ ? AST_DATAITEM_NONE : AST_DATAITEM_TYPE(category, number);
+    return number == NIL ? AST_DATAITEM_NONE : AST_DATAITEM_TYPE(category, number);
 }
 
 ast_dataitem_type_t undefined_item(const Layout &layout, uint32_t frn) {

@@ -12,10 +12,10 @@ const std::string kSector = hex("22 000B F0 190C 02 546080 40");
 
 const std::string kSectorBody = R"(  CAT 034  11 octets  standard  1 record  valid
   record 1  8 octets
-    I034/010  Data Source Identifier                              2  19 0c
-    I034/000  Message Type                                        1  02
-    I034/030  Time of Day                                         3  54 60 80
-    I034/020  Sector Number                                       1  40
+    I034/010  Data Source Identifier                     2  SAC:025 SIC:012                19 0c
+    I034/000  Message Type                               1  MSG_TYPE:SECTOR_CROSSING       02
+    I034/030  Time of Day                                3  TOD:12:00:01.000               54 60 80
+    I034/020  Sector Number                              1  SECTOR:090DEG                  40
 
 )";
 const std::string kIpv4Sector = "#1  2024-05-06 07:08:09.000012  10.0.0.1:4000 > 239.1.1.1:8600" + kSectorBody;

@@ -3,14 +3,11 @@
 #include <cstdio>
 
 #include "terminal.hpp"
+#include "text.hpp"
 
 namespace astdump {
 
 namespace {
-
-std::string counted(uint64_t count, const char *noun) {
-    return std::to_string(count) + ' ' + noun + (count == 1 ? "" : "s");
-}
 
 // "packet 12, octet 40" of its payload in a capture, "offset 1234" in a raw file.
 std::string place(const Datagram &datagram, uint64_t offset) {

@@ -2,65 +2,42 @@
 
 #include <algorithm>
 #include <cinttypes>
-#include <ctime>
+
+#include "text.hpp"
 
 namespace astdump {
 
 namespace {
 
-// "    I048/010  Data Source Identifier                          2  19 0c"
+// "    I048/010  Data Source Identifier        2  SAC:025 SIC:012       19 0c"
 constexpr int kIndent = 4;
 constexpr int kTypeWidth = 8;
 constexpr int kSizeWidth = 5;
 constexpr int kGap = 2;
-constexpr int kNameWidth = 36;
-constexpr int kWideNameWidth = 48;
-constexpr unsigned kWideColumns = 110; // from which on names get more room
-constexpr unsigned kHexWidth = 3;      // of one octet and the blank behind it
-constexpr unsigned kMinOctetsPerLine = 4;
-constexpr unsigned kMaxOctetsPerLine = 32;
+constexpr int kFixedWidth = kIndent + kTypeWidth + kGap + kSizeWidth + kGap + kGap;
+constexpr int kMaxNameWidth = 50;
+constexpr int kHexWidth = 3; // of one octet and the blank behind it
+constexpr int kMinOctetsPerLine = 4;
+constexpr int kMaxOctetsPerLine = 32;
 
-std::string time_text(const Time &time) {
-    const std::time_t seconds = time.seconds;
-    std::tm utc{};
-    gmtime_r(&seconds, &utc);
-    char text[32];
-    const size_t length = std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &utc);
-    char fraction[16];
-    if (time.nanoseconds % 1000 == 0)
-        std::snprintf(fraction, sizeof fraction, ".%06u", time.nanoseconds / 1000);
-    else
-        std::snprintf(fraction, sizeof fraction, ".%09u", time.nanoseconds);
-    return std::string(text, length) + fraction;
-}
+// What type and size leave of a line goes to the name, the summary and the octets, as 4 to 3 to 3.
+constexpr int kShareOfTen = 3;
 
-std::string endpoint_text(const Endpoint &endpoint) {
-    const bool ipv6 = endpoint.address.find(':') != std::string::npos;
-    const std::string address = ipv6 ? '[' + endpoint.address + ']' : endpoint.address;
-    return address + ':' + std::to_string(endpoint.port);
-}
-
-// Names of more than the column's width end in "...".
-std::string cut(std::string name, size_t width) {
-    if (name.size() > width) name.replace(width - 3, std::string::npos, "...");
-    return name;
-}
-
-const char *plural(uint64_t count) { return count == 1 ? "" : "s"; }
-
-unsigned octets_that_fit(unsigned columns) {
-    return std::clamp((columns + 1) / kHexWidth, kMinOctetsPerLine, kMaxOctetsPerLine);
-}
+int share(unsigned columns) { return (static_cast<int>(columns) - kFixedWidth) * kShareOfTen / 10; }
 
 } // namespace
 
-Listing::Listing(std::FILE *out, bool color, unsigned width, bool name_files)
+Listing::Listing(std::FILE *out, const Form &form)
     : out_(out),
-      style_(color),
-      name_width_(width < kWideColumns ? kNameWidth : kWideNameWidth),
-      hex_column_(kIndent + kTypeWidth + kGap + name_width_ + kSizeWidth + kGap),
-      octets_per_line_(octets_that_fit(width - static_cast<unsigned>(hex_column_))),
-      name_files_(name_files) {}
+      style_(form.color),
+      name_files_(form.name_files),
+      octets_per_line_(std::clamp((share(form.columns) + 1) / kHexWidth, kMinOctetsPerLine, kMaxOctetsPerLine)),
+      summary_width_(share(form.columns)),
+      name_width_(std::min(static_cast<int>(form.columns) - kFixedWidth - 2 * share(form.columns), kMaxNameWidth)),
+      summary_column_(kIndent + kTypeWidth + kGap + name_width_ + kSizeWidth + kGap),
+      hex_column_(summary_column_ + summary_width_ + kGap) {
+    if (form.detail) detail_.emplace(out_, style_);
+}
 
 void Listing::file(const std::string &name) {
     if (name_files_) std::fprintf(out_, "%s==> %s <==%s\n\n", style_.on(Color::heading), name.c_str(), style_.off());
@@ -83,9 +60,9 @@ void Listing::block_line(const DecodedBlock &decoded) {
     if (datagram.endpoints)
         std::fprintf(out_, "  %s > %s", endpoint_text(datagram.endpoints->source).c_str(),
                      endpoint_text(datagram.endpoints->destination).c_str());
-    std::fprintf(out_, "  CAT %03u%s  %zu octets  %.*s  %" PRIu64 " record%s  %s%s%s\n", block.category, style_.off(),
+    std::fprintf(out_, "  CAT %03u%s  %zu octets  %.*s  %s  %s%s%s\n", block.category, style_.off(),
                  decoded.octets.size(), static_cast<int>(decoded.profile.size()), decoded.profile.data(),
-                 block.record_count, plural(block.record_count), style_.on(block.valid ? Color::good : Color::fault),
+                 counted(block.record_count, "record").c_str(), style_.on(block.valid ? Color::good : Color::fault),
                  block.valid ? "valid" : "DAMAGED", style_.off());
 }
 
@@ -104,24 +81,29 @@ void Listing::items(const ast_datarecord_t &record) {
     for (uint64_t i = 0; i < record.item_count; ++i) item(record.items[i]);
 }
 
+// A summary that leaves no room for the octets pushes them to the next line.
 void Listing::item(const ast_dataitem_t &item) {
-    std::fprintf(out_, "%*s%s%-*s%s%*s%-*s%*" PRIu64 "%*s", kIndent, "", style_.on(Color::item), kTypeWidth,
+    const std::string summary = views_.summary(item);
+    std::fprintf(out_, "%*s%s%-*s%s%*s%-*s%*" PRIu64 "%*s%s", kIndent, "", style_.on(Color::item), kTypeWidth,
                  ast_dataitem_type_to_str(item.type), style_.off(), kGap, "", name_width_,
                  cut(ast_dataitem_get_name(item.type), static_cast<size_t>(name_width_)).c_str(), kSizeWidth, item.size,
-                 kGap, "");
-    octets(item);
+                 kGap, "", summary.c_str());
+    const int room = summary_width_ - static_cast<int>(summary.size());
+    if (room < 0) std::fputc('\n', out_);
+    octets(item, room < 0 ? hex_column_ : room + kGap);
+    if (detail_) detail_->item(item);
 }
 
-void Listing::octets(const ast_dataitem_t &item) {
+// Starts the first line with `indent` blanks.
+void Listing::octets(const ast_dataitem_t &item, int indent) {
     hex_.resize(item.size * kHexWidth);
     ast_dataitem_get_hex_str(hex_.data(), hex_.size(), &item);
     hex_.back() = ' '; // the terminator, so that every octet ends in a blank
-    const size_t line_length = size_t{octets_per_line_} * kHexWidth;
+    const size_t line_length = static_cast<size_t>(octets_per_line_) * kHexWidth;
     for (size_t at = 0; at < hex_.size(); at += line_length) {
         const size_t length = std::min(line_length, hex_.size() - at) - 1;
-        const int indent = at == 0 ? 0 : hex_column_;
-        std::fprintf(out_, "%*s%s%.*s%s\n", indent, "", style_.on(Color::dim), static_cast<int>(length), &hex_[at],
-                     style_.off());
+        std::fprintf(out_, "%*s%s%.*s%s\n", at == 0 ? indent : hex_column_, "", style_.on(Color::dim),
+                     static_cast<int>(length), &hex_[at], style_.off());
     }
 }
 

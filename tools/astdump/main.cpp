@@ -26,7 +26,8 @@ std::vector<std::unique_ptr<Sink>> make_sinks(const Options &options) {
     else if (options.list)
         sinks.push_back(std::make_unique<RecordList>(stdout, color, options.files.size() > 1));
     else if (!options.quiet)
-        sinks.push_back(std::make_unique<Listing>(stdout, color, columns(stdout), options.files.size() > 1));
+        sinks.push_back(std::make_unique<Listing>(
+            stdout, Listing::Form{columns(stdout), color, options.files.size() > 1, options.detail}));
     return sinks;
 }
 

@@ -11,8 +11,11 @@ namespace {
 
 constexpr const char *kExamples =
     R"(Captures may be pcap or pcapng, of Ethernet with or without VLAN tags, Linux cooked, loopback or raw IP, with UDP
-over IPv4 or IPv6; any other file is read as blocks one after the other. The kind is told by content. Long items are
-wrapped to the width of the terminal, or to 120 columns elsewhere.
+over IPv4 or IPv6; any other file is read as blocks one after the other. The kind is told by content.
+
+Each item is listed with its type, name, size in octets, summary where there is one, and octets in hexadecimal. Lines
+are laid out for the width of the terminal, or for 120 columns elsewhere: long octets go on in their column, and a long
+summary pushes them to the next line.
 
 Profiles: standard, cat001-plot, cat021-0.23, cat021-0.26, cat021-2.1, cat021-2.4, asr10ss, asr10ss-mk2, thales,
 managair. A block for which a profile has nothing of its own is read by the standard one.
@@ -82,6 +85,7 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
         ->allow_extra_args(false)
         ->type_name("NAME[=VALUE]");
     app.add_option("--count", options.count, "Stop after N blocks")->type_name("N");
+    app.add_flag("--detail", options.detail, "Below each item of the listing, the value of every field");
     app.add_flag("--list", options.list, "A line per record with the common quantities in columns");
     app.add_flag("--stats", options.stats, "Instead of the listing, count by category and by item");
     app.add_flag("--quiet", options.quiet, "No listing, only reports of damage");

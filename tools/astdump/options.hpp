@@ -21,6 +21,7 @@ struct Options {
     std::vector<Condition> where;     // that records must meet to be shown
     std::optional<uint64_t> count;    // of blocks to be shown
     bool list = false;
+    bool detail = false; // in the listing
     bool stats = false;
     bool quiet = false;
     std::string color = "auto";

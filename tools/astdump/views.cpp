@@ -1,0 +1,13 @@
+#include "views.hpp"
+
+#include "text.hpp"
+
+namespace astdump {
+
+std::string Views::summary(const ast_dataitem_t &item) {
+    const std::string_view text = show(ast_dataitem_get_summary, item);
+    if (text == "NOT_IMPLEMENTED") return {};
+    return printable(text.substr(0, text.find_last_not_of(' ') + 1));
+}
+
+} // namespace astdump

@@ -1,0 +1,31 @@
+// The library's views as whole texts, however long.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "ast.h"
+
+namespace astdump {
+
+class Views {
+public:
+    // What a view of the library writes of a thing; good until the next call. Views cut their text at the capacity, so
+    // one that fills it is asked again with more.
+    template <typename Thing>
+    std::string_view show(void (*view)(char *text, uint64_t capacity, const Thing *thing), const Thing &thing) {
+        for (;; buffer_.resize(2 * buffer_.size())) {
+            view(buffer_.data(), buffer_.size(), &thing);
+            const std::string_view text = buffer_.c_str();
+            if (text.size() + 1 < buffer_.size()) return text;
+        }
+    }
+
+    // The summary of an item, printable; empty where the library has none.
+    std::string summary(const ast_dataitem_t &item);
+
+private:
+    std::string buffer_ = std::string(4096, '\0');
+};
+
+} // namespace astdump

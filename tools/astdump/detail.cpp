@@ -28,7 +28,7 @@ void drop_empty_rows(ViewPart &table) {
 }
 
 void blank_missing_summaries(ViewPart &table) {
-    for (ViewPart::Row &row : table.rows) std::ranges::replace(row, "NOT_IMPLEMENTED", "");
+    for (ViewPart::Row &row : table.rows) std::ranges::replace(row, kNoSummary, "");
 }
 
 std::vector<size_t> column_widths(const ViewPart &table, bool headed) {

@@ -6,6 +6,7 @@
 
 #include "listing.hpp"
 #include "options.hpp"
+#include "page.hpp"
 #include "record_list.hpp"
 #include "run.hpp"
 #include "stats.hpp"
@@ -25,14 +26,17 @@ std::vector<std::unique_ptr<Sink>> make_sinks(const Options &options) {
         sinks.push_back(std::make_unique<Stats>(stdout, color));
     else if (options.list)
         sinks.push_back(std::make_unique<RecordList>(stdout, color, options.files.size() > 1));
-    else if (!options.quiet)
+    else if (!options.quiet && options.html.empty())
         sinks.push_back(std::make_unique<Listing>(
             stdout, Listing::Form{columns(stdout), color, options.files.size() > 1, options.detail}));
+    if (!options.html.empty()) sinks.push_back(std::make_unique<Page>(options.html));
     return sinks;
 }
 
 // A listing on a terminal shows by itself how far the work has got.
-bool wants_progress(const Options &options) { return options.quiet || options.stats || !is_terminal(stdout); }
+bool wants_progress(const Options &options) {
+    return options.quiet || options.stats || !options.html.empty() || !is_terminal(stdout);
+}
 
 int run(const Options &options) {
     Damage damage(use_color(options, stderr));

@@ -31,6 +31,8 @@ Examples:
   astdump recording.pcap                     list all blocks
   astdump --category 34,48 --count 10 a.pcap the first ten blocks of a radar
   astdump --stats recording.pcapng           count blocks, records and items
+  astdump --detail --count 1 a.pcap          the value of every field of the first block
+  astdump --html a.html a.pcap               a page to click through, with the bits of every item
   astdump --quiet *.ast || echo damaged      check files in a script
   astdump --uap cat021-2.1 adsb.pcap         read category 021 as edition 2.1
   astdump --list recording.pcap | less -S    one line per record
@@ -86,6 +88,7 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
         ->type_name("NAME[=VALUE]");
     app.add_option("--count", options.count, "Stop after N blocks")->type_name("N");
     app.add_flag("--detail", options.detail, "Below each item of the listing, the value of every field");
+    app.add_option("--html", options.html, "Instead of the listing, write a page for web browsers")->type_name("PAGE");
     app.add_flag("--list", options.list, "A line per record with the common quantities in columns");
     app.add_flag("--stats", options.stats, "Instead of the listing, count by category and by item");
     app.add_flag("--quiet", options.quiet, "No listing, only reports of damage");

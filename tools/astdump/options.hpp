@@ -22,6 +22,7 @@ struct Options {
     std::optional<uint64_t> count;    // of blocks to be shown
     bool list = false;
     bool detail = false; // in the listing
+    std::string html; // the page to write; empty for none
     bool stats = false;
     bool quiet = false;
     std::string color = "auto";

@@ -4,29 +4,14 @@
 
 namespace astdump {
 
-Stats::Counts &Stats::Counts::operator+=(const Counts &other) {
-    blocks += other.blocks;
-    invalid += other.invalid;
-    records += other.records;
-    items += other.items;
-    octets += other.octets;
-    return *this;
-}
-
-// Of a damaged block, the records before the fault count.
 void Stats::block(const DecodedBlock &decoded) {
     const ast_datablock_t &block = *decoded.block;
-    Counts counts{.blocks = 1,
-                  .invalid = block.valid ? 0U : 1U,
-                  .records = decoded.shown.count(),
-                  .octets = decoded.octets.size()};
+    counts_[block.category] += count(decoded);
     for (uint64_t r = 0; r < block.record_count; ++r) {
         if (!decoded.shown[r]) continue;
         const ast_datarecord_t &record = block.records[r];
-        counts.items += record.item_count;
         for (uint64_t i = 0; i < record.item_count; ++i) ++items_[record.items[i].type];
     }
-    counts_[block.category] += counts;
 }
 
 void Stats::finish() {

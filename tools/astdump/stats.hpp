@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <map>
 
+#include "counts.hpp"
 #include "sink.hpp"
 #include "terminal.hpp"
 
@@ -19,16 +20,6 @@ public:
     void finish() override;
 
 private:
-    struct Counts {
-        uint64_t blocks = 0;
-        uint64_t invalid = 0;
-        uint64_t records = 0;
-        uint64_t items = 0;
-        uint64_t octets = 0;
-
-        Counts &operator+=(const Counts &other);
-    };
-
     void categories();
     void row(const char *title, const Counts &counts);
     void items();

@@ -6,7 +6,7 @@ namespace astdump {
 
 std::string Views::summary(const ast_dataitem_t &item) {
     const std::string_view text = show(ast_dataitem_get_summary, item);
-    if (text == "NOT_IMPLEMENTED") return {};
+    if (text == kNoSummary) return {};
     return printable(text.substr(0, text.find_last_not_of(' ') + 1));
 }
 

@@ -8,6 +8,9 @@
 
 namespace astdump {
 
+// What the library writes as the summary of an item or subfield that it has none for.
+constexpr std::string_view kNoSummary = "NOT_IMPLEMENTED";
+
 class Views {
 public:
     // What a view of the library writes of a thing; good until the next call. Views cut their text at the capacity, so

@@ -1,0 +1,44 @@
+// The HTML page as a file; what a browser makes of it is looked at in page_in_browser.sh.
+
+#include <gtest/gtest.h>
+
+#include "command.hpp"
+
+namespace {
+
+const std::string kSample = SAMPLES "/radar.ast";
+
+TEST(Page, CountsByCategory) {
+    const Result result = Command().run("--html page --category 34,62 " + kSample + " && sed -n '/<td>/p' page");
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.out, R"(<tr><th scope="row">034</th><td>2</td><td>2</td><td>9</td><td>28</td><td>0</td></tr>
+<tr><th scope="row">062</th><td>1</td><td>1</td><td>14</td><td>76</td><td>0</td></tr>
+<tr><th scope="row">all</th><td>3</td><td>3</td><td>23</td><td>104</td><td>0</td></tr>
+)");
+}
+
+TEST(Page, ShowsWhatIsAskedFor) {
+    const Command command;
+    EXPECT_EQ(command.run("--html page --where icao=3C4A12 " + kSample + " && grep -c 'class=\"block\"' page").out,
+              "1\n");
+    EXPECT_EQ(command.run("--html page --stats --category 62 " + kSample).out.find("Category "), 0U);
+    EXPECT_EQ(command.run("--html page - < /dev/null && grep -c '<h2>standard input</h2>' page").out, "1\n");
+}
+
+// Octets as characters, names of files: nothing of it may become markup.
+TEST(Page, HoldsNoMarkupOfOthers) {
+    Command command;
+    command.write("\"<i>&", read_file(kSample));
+    EXPECT_EQ(command.run("--html page '\"<i>&' && grep '<h2>' page").out, "<h2>&quot;&lt;i&gt;&amp;</h2>\n");
+}
+
+TEST(Page, SaysWhenItCannotBeWritten) {
+    for (const auto &[page, reason] :
+         {std::pair("/nowhere/page", "No such file or directory"), std::pair("/dev/full", "No space left on device")}) {
+        const Result result = Command().run("--html " + std::string(page) + " " + kSample);
+        EXPECT_EQ(result.status, 2) << page;
+        EXPECT_EQ(result.err, std::string("astdump: ") + page + ": " + reason + "\n");
+    }
+}
+
+} // namespace

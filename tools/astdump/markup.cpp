@@ -1,0 +1,90 @@
+#include "markup.hpp"
+
+#include <algorithm>
+#include <iterator>
+
+#include "text.hpp"
+#include "views.hpp"
+
+namespace astdump {
+
+namespace {
+
+// The most frequent first.
+constexpr std::string_view kMarkup[] = {
+    "<td>",
+    "</td>",
+    "</tr>",
+    "<tr>",
+    "<tr class=\"even_row\">",
+    "<th colspan=8>",
+    "</th>",
+    "<th>",
+    "<tr class=\"caption_row\">",
+    "<tr class=\"data_row\">",
+    "<table class=\"detail_table\">",
+    "<table class=\"bin_table\">",
+    "<table class=\"hex_table\">",
+    "</table>",
+    "<br/>",
+    "<th colspan=8 align=\"left\">",
+    "<th colspan=8 align=\"right\">",
+    "<h4>",
+    "</h4>",
+    "<p>",
+    "</p>",
+    "</a>",
+};
+
+// A link to a page on the web, and nothing else in its tag; empty when there is none.
+std::string_view link_tag(std::string_view html) {
+    constexpr std::string_view kStart = "<a href=\"";
+    constexpr std::string_view kEnd = "\">";
+    if (!html.starts_with(kStart)) return {};
+    const std::string_view address =
+        html.substr(kStart.size(), html.find_first_of("\"<>", kStart.size()) - kStart.size());
+    const bool web = address.starts_with("https://") || address.starts_with("http://");
+    if (!web || html.substr(kStart.size() + address.size(), kEnd.size()) != kEnd) return {};
+    return html.substr(0, kStart.size() + address.size() + kEnd.size());
+}
+
+std::string_view tag(std::string_view html) {
+    const auto found = std::ranges::find_if(kMarkup, [&](std::string_view known) { return html.starts_with(known); });
+    return found == std::end(kMarkup) ? link_tag(html) : *found;
+}
+
+void append_escaped(std::string &html, char c) {
+    if (c == '<')
+        html += "&lt;";
+    else if (c == '>')
+        html += "&gt;";
+    else if (c == '&')
+        html += "&amp;";
+    else if (c == '"')
+        html += "&quot;";
+    else
+        html += c;
+}
+
+} // namespace
+
+std::string escape(std::string_view text) {
+    std::string html;
+    for (const char c : text) append_escaped(html, c);
+    return html;
+}
+
+void append_fragment(std::string &html, std::string_view fragment) {
+    while (!fragment.empty()) {
+        std::string_view taken = tag(fragment);
+        if (taken.empty()) {
+            taken = fragment.substr(0, fragment.find('<', 1));
+            if (taken != kNoSummary) html += escape(printable(taken));
+        } else {
+            html += taken;
+        }
+        fragment.remove_prefix(taken.size());
+    }
+}
+
+} // namespace astdump

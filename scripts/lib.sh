@@ -6,8 +6,8 @@ readonly root
 readonly jobs=2
 
 readonly build_packages=(cmake ninja-build g++ ccache)
-readonly tool_packages=(pkg-config libtins-dev libpcap-dev libcli11-dev zlib1g-dev)
-readonly example_packages=(libasio-dev) # beside those of the tool
+readonly tool_packages=(pkg-config libtins-dev libpcap-dev libcli11-dev zlib1g-dev libasio-dev)
+readonly example_packages=(libasio-dev)
 readonly test_packages=(libgtest-dev chromium)
 readonly bench_packages=(libbenchmark-dev)
 

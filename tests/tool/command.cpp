@@ -38,6 +38,10 @@ void Command::write(const std::string &file, const std::string &octets) const {
     std::ofstream(directory_ + '/' + file, std::ios::binary) << octets;
 }
 
+void Command::append(const std::string &file, const std::string &octets) const {
+    std::ofstream(directory_ + '/' + file, std::ios::binary | std::ios::app) << octets;
+}
+
 Result Command::run(const std::string &arguments) const {
     const std::string shell = "cd " + directory_ + " && { " ASTDUMP " " + arguments + "; } >.out 2>.err";
     const int status = std::system(shell.c_str());

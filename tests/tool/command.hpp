@@ -21,6 +21,9 @@ public:
     Command(const Command &) = delete;
     Command &operator=(const Command &) = delete;
 
+    const std::string &directory() const { return directory_; }
+
+    void append(const std::string &file, const std::string &octets) const;
     void write(const std::string &file, const std::string &octets) const;
 
     // Runs `astdump ARGUMENTS`, which may use the shell's redirections.

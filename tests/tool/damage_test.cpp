@@ -52,7 +52,7 @@ TEST(Damage, IsReportedAndTheNextBlockDecoded) {
         command.write("input", between(test.octets));
         const Result result = command.run("input");
         EXPECT_EQ(result.status, 1);
-        EXPECT_EQ(result.err, "astdump: input: " + std::string(test.report) + "\n");
+        EXPECT_EQ(result.err, "astdump: input: " + std::string(test.report) + "\nastdump: lost: 1 block invalid\n");
         EXPECT_NE(result.out.find("DAMAGED"), std::string::npos);
         EXPECT_NE(result.out.find("#3  CAT 034  11 octets  standard  1 record  valid"), std::string::npos);
     }
@@ -67,7 +67,7 @@ TEST(Damage, ShowsWhatTheFurthestProfileMakesOfABlock) {
     EXPECT_NE(result.out.find("12 34\n    damaged at octet 12: I021/148 runs past the end of the block\n"),
               std::string::npos);
     EXPECT_EQ(result.err, "astdump: input: offset 0: category 021: damaged in record 1 after 2 items, at octet 12 of "
-                          "13: I021/148 runs past the end of the block\n");
+                          "13: I021/148 runs past the end of the block\nastdump: lost: 1 block invalid\n");
 }
 
 TEST(Damage, EndsADatagramOrARawFile) {
@@ -83,7 +83,7 @@ TEST(Damage, EndsADatagramOrARawFile) {
         command.write("input", between(test.octets));
         const Result result = command.run("--stats input");
         EXPECT_EQ(result.status, 1);
-        EXPECT_EQ(result.err, "astdump: input: " + std::string(test.report) + "\n");
+        EXPECT_EQ(result.err, "astdump: input: " + std::string(test.report) + "\nastdump: lost: 16 octets skipped\n");
         EXPECT_NE(result.out.find("all               1"), std::string::npos);
     }
     Command command;
@@ -92,7 +92,8 @@ TEST(Damage, EndsADatagramOrARawFile) {
     const Result result = command.run("--stats input");
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.err, "astdump: input: packet 1, octet 11: category 048: LEN is 2, less than the block header\n"
-                          "astdump: input: packet 2, octet 11: 1 octet, too few for a block header\n");
+                          "astdump: input: packet 2, octet 11: 1 octet, too few for a block header\n"
+                          "astdump: lost: 15 octets skipped\n");
     EXPECT_NE(result.out.find("all               3"), std::string::npos);
 }
 
@@ -131,13 +132,31 @@ TEST(Damage, OfACaptureKeepsWhatCameBefore) {
     }
 }
 
+TEST(Damage, IsSummedUp) {
+    const std::string frame = ethernet(ipv4(udp(kSector)));
+    const std::string cut = frame.substr(0, frame.size() - 4);
+    const std::string fragment = ethernet(ipv4(udp(kSector).substr(0, 8), 0, true));
+    const std::string invalid = ethernet(ipv4(udp(hex("30 0007 C0 190C 54"))));
+    const std::string file = pcap(1, {frame, frame.substr(0, 20), cut, cut, fragment, invalid, frame});
+    Command command;
+    command.write("input", file.substr(0, file.size() - 1));
+    const Result result = command.run("--quiet input");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_NE(result.err.find("astdump: input: packet 3: truncated to 7 octets\n"), std::string::npos) << result.err;
+    EXPECT_NE(result.err.find("\nastdump: lost: 2 datagrams truncated, 1 packet not dissected, 1 datagram with missing "
+                              "fragments, 1 block invalid, 14 octets skipped, 1 input not read to the end\n"),
+              std::string::npos)
+        << result.err;
+}
+
 // The status, and that every line is a report of the tool's own: sanitizers end a program with status 1, too.
 void expect_reports(const Result &result, const char *file) {
     EXPECT_EQ(result.status, 1) << file;
-    std::istringstream lines(result.err);
+    const size_t summary = result.err.rfind("astdump: lost: ");
+    ASSERT_NE(summary, std::string::npos) << file << '\n' << result.err;
+    std::istringstream lines(result.err.substr(0, summary));
     for (std::string line; std::getline(lines, line);)
         EXPECT_EQ(line.find("astdump: " + std::string(file) + ": "), 0U) << line;
-    EXPECT_FALSE(result.err.empty()) << file;
 }
 
 // A raw file of random octets, a datagram, a frame and a capture of them.

@@ -27,13 +27,14 @@ pcap_t *open_capture(OctetStream &stream, Damage &damage) {
     pcap_t *const capture = pcap_fopen_offline_with_tstamp_precision(file, PCAP_TSTAMP_PRECISION_NANO, error);
     if (capture) return capture; // which owns the file from now on
     std::fclose(file);
-    damage.input(error);
+    if (!stream.cut_off()) damage.input(error);
     return nullptr;
 }
 
 } // namespace
 
-Capture::Capture(OctetStream &stream, Damage &damage) : damage_(damage), capture_(open_capture(stream, damage)) {
+Capture::Capture(OctetStream &stream, Damage &damage)
+    : stream_(stream), damage_(damage), capture_(open_capture(stream, damage)) {
     if (!capture_) return;
     try {
         dissector_.emplace(pcap_datalink(capture_.get()));
@@ -62,6 +63,7 @@ std::optional<Datagram> Capture::dissect(const pcap_pkthdr &header, Octets frame
     auto udp = dissector_->dissect(frame);
     if (!udp) return std::nullopt;
     payload_ = std::move(udp->payload);
+    if (udp->truncated) damage_.truncated(packet_, payload_.size());
     // With nanosecond precision, tv_usec counts nanoseconds.
     return Datagram{.octets = payload_,
                     .packet = packet_,
@@ -73,9 +75,9 @@ std::optional<Datagram> Capture::dissect(const pcap_pkthdr &header, Octets frame
 }
 
 void Capture::end(int result) {
-    if (result == PCAP_ERROR) damage_.input(pcap_geterr(capture_.get()));
-    if (const uint64_t count = dissector_->incomplete())
-        damage_.input("fragments are missing of " + std::to_string(count) + (count == 1 ? " datagram" : " datagrams"));
+    // A packet that was about to be written when the user had seen enough is no damage.
+    if (result == PCAP_ERROR && !stream_.cut_off()) damage_.input(pcap_geterr(capture_.get()));
+    if (const uint64_t count = dissector_->incomplete()) damage_.incomplete(count);
     capture_.reset();
 }
 

@@ -23,6 +23,7 @@ private:
     std::optional<Datagram> dissect(const pcap_pkthdr &header, Octets frame);
     void end(int result);
 
+    OctetStream &stream_;
     Damage &damage_;
     std::unique_ptr<pcap_t, Close> capture_; // null when it cannot be read, or not further
     std::optional<Dissector> dissector_;

@@ -125,6 +125,7 @@ UdpDatagram read_udp(const Ip &ip, const Tins::UDP &udp) {
     const size_t length = std::max<size_t>(udp.length(), kUdpHeaderOctets) - kUdpHeaderOctets;
     const Octets payload = behind_header.first(std::min(length, behind_header.size()));
     return {.payload = {payload.begin(), payload.end()},
+            .truncated = payload.size() < length,
             .endpoints = {{ip.src_addr().to_string(), udp.sport()}, {ip.dst_addr().to_string(), udp.dport()}}};
 }
 

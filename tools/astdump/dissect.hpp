@@ -11,6 +11,7 @@ namespace astdump {
 
 struct UdpDatagram {
     std::vector<uint8_t> payload;
+    bool truncated; // the payload is shorter than the header says
     Endpoints endpoints;
 };
 

@@ -1,12 +1,12 @@
 #include "filter.hpp"
 
 #include <algorithm>
-#include <charconv>
 #include <iterator>
 #include <stdexcept>
 #include <strings.h>
 
 #include "keywords.hpp"
+#include "numbers.hpp"
 
 namespace astdump {
 
@@ -23,7 +23,7 @@ struct Notation {
 };
 
 constexpr Notation kNotations[] = {
-    {AST_KEYWORD_SACSIC, "0123456789/", "SAC/SIC, such as 25/12, or as one number, 25012"},
+    {AST_KEYWORD_SACSIC, "0123456789", "SAC/SIC, such as 25/12, or as one number, 25012"},
     {AST_KEYWORD_TRACKNUM, "0123456789", "a decimal number"},
     {AST_KEYWORD_SQUAWK, "01234567", "octal digits"},
     {AST_KEYWORD_FLIGHTLEVEL, "0123456789.-", "hundreds of feet"},
@@ -39,12 +39,11 @@ const Notation *find_notation(uint32_t keyword) {
 
 // "25/12" as "25012"; any other text as it is.
 std::string one_number(const std::string &text) {
-    unsigned sac = 0;
-    unsigned sic = 0;
-    const char *const end = text.data() + text.size();
-    const char *const slash = std::from_chars(text.data(), end, sac).ptr;
-    if (slash == end || std::from_chars(slash + 1, end, sic).ptr != end) return text;
-    return std::to_string(sac * kSacStep + sic);
+    const size_t slash = text.find('/');
+    if (slash == std::string::npos) return text;
+    const auto sac = read_number<uint8_t>(std::string_view(text).substr(0, slash));
+    const auto sic = read_number<uint8_t>(std::string_view(text).substr(slash + 1));
+    return sac && sic ? std::to_string(*sac * kSacStep + *sic) : text;
 }
 
 std::string read_value(const std::string &name, uint32_t keyword, const std::string &text) {
@@ -53,7 +52,7 @@ std::string read_value(const std::string &name, uint32_t keyword, const std::str
     const bool foreign =
         notation && notation->characters && value.find_first_not_of(notation->characters) != std::string::npos;
     if (!value.empty() && !foreign) return value;
-    throw std::invalid_argument('\'' + text + "' is no value of " + name +
+    throw std::invalid_argument("--where: '" + text + "' is no value of " + name +
                                 (notation ? std::string(", which is ") + notation->description : ""));
 }
 
@@ -74,7 +73,7 @@ Condition read_condition(const std::string &text) {
     const size_t equals = text.find('=');
     const std::string name = text.substr(0, equals);
     const auto keyword = find_keyword(name);
-    if (!keyword) throw std::invalid_argument('\'' + name + "' is none of " + keyword_names());
+    if (!keyword) throw std::invalid_argument("--where: '" + name + "' is none of " + keyword_names());
     if (equals == std::string::npos) return {*keyword, std::nullopt};
     return {*keyword, read_value(name, *keyword, text.substr(equals + 1))};
 }

@@ -5,6 +5,7 @@
 
 #include "capture.hpp"
 #include "raw_file.hpp"
+#include "udp_source.hpp"
 
 namespace astdump {
 
@@ -35,11 +36,24 @@ bool is_capture(Octets head) {
     return one_of(0, kPcapMagics) || (has_magic(head, 0, kSectionHeader) && one_of(kByteOrderOffset, kByteOrders));
 }
 
+// Tells captures from raw blocks by their magic numbers, and looks no further than these need, since a file that is to
+// be waited for may hold only one block as yet.
+std::unique_ptr<Source> open_source(OctetStream &stream, Damage &damage) {
+    Octets head = stream.peek(sizeof(Magic));
+    if (has_magic(head, 0, kSectionHeader)) head = stream.peek(kByteOrderOffset + sizeof(Magic));
+    if (is_capture(head)) return std::make_unique<Capture>(stream, damage);
+    return std::make_unique<RawFile>(stream);
+}
+
 } // namespace
 
-std::unique_ptr<Source> open_source(OctetStream &stream, Damage &damage) {
-    if (is_capture(stream.peek(kByteOrderOffset + sizeof(Magic)))) return std::make_unique<Capture>(stream, damage);
-    return std::make_unique<RawFile>(stream);
+Input::Input(const std::string &path, const std::string &interface, Waiting *waiting, Damage &damage) {
+    if (const auto endpoint = read_udp_url(path)) {
+        source_ = std::make_unique<UdpSource>(*endpoint, interface, *waiting, damage);
+        return;
+    }
+    stream_ = std::make_unique<OctetStream>(path, waiting);
+    source_ = open_source(*stream_, damage);
 }
 
 } // namespace astdump

@@ -29,6 +29,7 @@ std::vector<std::unique_ptr<Sink>> make_sinks(const Options &options) {
     else if (!options.quiet && options.html.empty())
         sinks.push_back(std::make_unique<Listing>(
             stdout, Listing::Form{columns(stdout), color, options.files.size() > 1, options.detail}));
+    if (options.follow && !options.stats) sinks.push_back(std::make_unique<Stats>(stdout, color));
     if (!options.html.empty()) sinks.push_back(std::make_unique<Page>(options.html));
     return sinks;
 }

@@ -15,11 +15,13 @@ namespace {
 
 } // namespace
 
-OctetStream::OctetStream(const std::string &path)
-    : descriptor_(path == "-" ? STDIN_FILENO : ::open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
+OctetStream::OctetStream(const std::string &path, Waiting *waiting)
+    : descriptor_(path == "-" ? STDIN_FILENO : ::open(path.c_str(), O_RDONLY | O_CLOEXEC)), waiting_(waiting) {
     if (descriptor_ < 0) fail();
     struct stat status {};
-    if (::fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode)) size_ = static_cast<uint64_t>(status.st_size);
+    if (::fstat(descriptor_, &status) != 0 || !S_ISREG(status.st_mode)) return;
+    grows_ = waiting_ != nullptr;
+    if (!grows_) size_ = static_cast<uint64_t>(status.st_size);
 }
 
 OctetStream::~OctetStream() {
@@ -28,9 +30,13 @@ OctetStream::~OctetStream() {
 
 size_t OctetStream::read_file(uint8_t *buffer, size_t count) {
     for (;;) {
+        if (waiting_ && !waiting_->for_input(descriptor_)) return 0;
         const ssize_t got = ::read(descriptor_, buffer, count);
-        if (got >= 0) return static_cast<size_t>(got);
-        if (errno != EINTR) fail();
+        if (got > 0 || (got == 0 && !grows_)) return static_cast<size_t>(got);
+        if (got == 0)
+            waiting_->for_growth();
+        else if (errno != EINTR)
+            fail();
     }
 }
 

@@ -6,13 +6,15 @@
 #include <vector>
 
 #include "datagram.hpp"
+#include "waiting.hpp"
 
 namespace astdump {
 
 class OctetStream {
 public:
-    // "-" is standard input. Throws std::system_error when the file cannot be opened.
-    explicit OctetStream(const std::string &path);
+    // "-" is standard input. With `waiting`, a file has no end before that of the waiting: it may grow. Throws
+    // std::system_error when the file cannot be opened.
+    OctetStream(const std::string &path, Waiting *waiting);
     ~OctetStream();
     OctetStream(const OctetStream &) = delete;
     OctetStream &operator=(const OctetStream &) = delete;
@@ -25,13 +27,18 @@ public:
 
     uint64_t consumed() const { return consumed_; }
 
-    // The size of a regular file; nothing for a pipe or a terminal.
+    // Whether the end came because the user wanted it.
+    bool cut_off() const { return waiting_ && waiting_->ended(); }
+
+    // The size of a regular file; nothing for a pipe or a terminal, nor for a file that may grow.
     std::optional<uint64_t> size() const { return size_; }
 
 private:
     size_t read_file(uint8_t *buffer, size_t count);
 
     int descriptor_;
+    Waiting *waiting_;
+    bool grows_ = false;
     std::vector<uint8_t> peeked_;
     uint64_t consumed_ = 0;
     std::optional<uint64_t> size_;

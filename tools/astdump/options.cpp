@@ -1,9 +1,12 @@
 #include "options.hpp"
 
 #include <CLI/CLI.hpp>
-#include <charconv>
+#include <algorithm>
 #include <stdexcept>
 #include <string_view>
+
+#include "numbers.hpp"
+#include "udp_source.hpp"
 
 namespace astdump {
 
@@ -38,20 +41,15 @@ Examples:
   astdump --list recording.pcap | less -S    one line per record
   astdump --list --where squawk=7700 a.pcap  who is in distress
   astdump --where track --where fl=350 a.pcap tracks at flight level 350
-  tcpdump -i eth0 -w - udp | astdump -       look at live traffic)";
-
-std::optional<unsigned> read_category(std::string_view text) {
-    unsigned category = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), category);
-    if (error != std::errc() || end != text.data() + text.size() || category > 255) return std::nullopt;
-    return category;
-}
+  astdump --list udp://239.1.1.1:8600        join a multicast group and list what comes
+  astdump --follow --quiet growing.pcap      watch a recording for damage while it is made
+  tcpdump -i eth0 -w - udp | astdump -       look at live traffic of any kind)";
 
 // One entry of a list, "48" or "1-21".
 bool add_range(CategorySet &categories, std::string_view entry) {
     const size_t dash = entry.find('-');
-    const auto first = read_category(entry.substr(0, dash));
-    const auto last = dash == std::string_view::npos ? first : read_category(entry.substr(dash + 1));
+    const auto first = read_number<uint8_t>(entry.substr(0, dash));
+    const auto last = dash == std::string_view::npos ? first : read_number<uint8_t>(entry.substr(dash + 1));
     if (!first || !last || *first > *last) return false;
     for (unsigned category = *first; category <= *last; ++category) categories.set(category);
     return true;
@@ -69,10 +67,18 @@ struct Texts {
     std::vector<std::string> conditions;
 };
 
+void describe_live(CLI::App &app, Options &options) {
+    app.add_flag("--follow", options.follow, "Wait for more at the end; SIGINT (Ctrl-C) ends it and shows --stats");
+    app.add_option("--interface", options.interface, "Network interface to listen on, by name or address")
+        ->type_name("NAME");
+}
+
 void describe(CLI::App &app, Options &options, Texts &texts) {
-    app.add_option("FILE", options.files, "Captures and files of raw blocks; - is standard input")
+    app.add_option("FILE", options.files,
+                   "Captures and files of raw blocks, - for standard input, or udp://ADDRESS:PORT")
         ->required()
         ->type_name("");
+    describe_live(app, options);
     app.add_option("--uap", texts.profile, "Profile to decode with, see below; auto, if not given, tries them")
         ->check(CLI::IsMember(profile_names()).description(""))
         ->type_name("NAME");
@@ -99,6 +105,19 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.footer(kExamples);
 }
 
+// What the parser cannot tell. Throws std::invalid_argument for a mistake.
+void complete(Options &options, const Texts &texts) {
+    options.profile = find_profile(texts.profile);
+    options.categories = *read_categories(texts.categories);
+    for (const std::string &condition : texts.conditions) options.where.push_back(read_condition(condition));
+    const bool live =
+        std::ranges::any_of(options.files, [](const auto &file) { return read_udp_url(file).has_value(); });
+    options.follow = options.follow || live;
+    if (options.follow && options.files.size() > 1)
+        throw std::invalid_argument("--follow and udp:// take one FILE, since it has no end");
+    if (!options.interface.empty() && !live) throw std::invalid_argument("--interface is for udp://ADDRESS:PORT");
+}
+
 } // namespace
 
 std::optional<CategorySet> read_categories(const std::string &list) {
@@ -118,15 +137,13 @@ CommandLine read_command_line(int argc, char **argv) {
     describe(app, options, texts);
     try {
         app.parse(argc, argv);
-        for (const std::string &condition : texts.conditions) options.where.push_back(read_condition(condition));
+        complete(options, texts);
     } catch (const CLI::ParseError &error) {
         return {.status = app.exit(error) == 0 ? kExitClean : kExitUnusable};
     } catch (const std::invalid_argument &error) {
-        std::fprintf(stderr, "--where: %s\n", error.what());
+        std::fprintf(stderr, "%s\n", error.what());
         return {.status = kExitUnusable};
     }
-    options.profile = find_profile(texts.profile);
-    options.categories = *read_categories(texts.categories);
     return {.options = options};
 }
 

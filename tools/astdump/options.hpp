@@ -20,9 +20,11 @@ struct Options {
     CategorySet categories;           // to be shown
     std::vector<Condition> where;     // that records must meet to be shown
     std::optional<uint64_t> count;    // of blocks to be shown
+    bool follow = false;              // wait for more at the end
+    std::string interface;            // to listen on; empty for the system's choice
     bool list = false;
     bool detail = false; // in the listing
-    std::string html; // the page to write; empty for none
+    std::string html;    // the page to write; empty for none
     bool stats = false;
     bool quiet = false;
     std::string color = "auto";

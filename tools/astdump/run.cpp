@@ -7,7 +7,9 @@
 namespace astdump {
 
 Run::Run(const Options &options, std::vector<std::unique_ptr<Sink>> sinks, Damage &damage, Progress progress)
-    : options_(options), sinks_(std::move(sinks)), damage_(damage), progress_(progress), decoder_(options.profile) {}
+    : options_(options), sinks_(std::move(sinks)), damage_(damage), progress_(progress), decoder_(options.profile) {
+    if (options.follow) waiting_.emplace();
+}
 
 int Run::files() {
     for (const std::string &path : options_.files) {
@@ -22,22 +24,22 @@ int Run::files() {
     }
     clear_line();
     for (const auto &sink : sinks_) sink->finish();
+    damage_.summary();
     if (unreadable_) return kExitUnusable;
-    return damage_.count() > 0 ? kExitDamaged : kExitClean;
+    return damage_.any() ? kExitDamaged : kExitClean;
 }
 
 void Run::file(const std::string &path) {
-    OctetStream stream(path);
     const std::string name = path == "-" ? "standard input" : path;
     damage_.set_file(name);
+    Input input(path, options_.interface, waiting_ ? &*waiting_ : nullptr, damage_);
     for (const auto &sink : sinks_) sink->file(name);
     number_ = 0;
-    const auto source = open_source(stream, damage_);
     while (!done() && !std::ferror(stdout)) {
-        const auto next = source->next();
+        const auto next = input.next();
         if (!next) break;
         datagram(*next);
-        progress_.update(name, stream.consumed(), stream.size(), number_);
+        progress_.update(name, input.consumed(), input.size(), number_);
     }
 }
 

@@ -29,6 +29,7 @@ private:
     std::vector<std::unique_ptr<Sink>> sinks_;
     Damage &damage_;
     Progress progress_;
+    std::optional<Waiting> waiting_; // for more, if that is asked for
     Decoder decoder_;
     uint64_t number_ = 0; // of the last block in its file
     uint64_t shown_ = 0;

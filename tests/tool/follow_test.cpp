@@ -1,0 +1,176 @@
+// Input without an end: growing files and sockets.
+
+#include <gtest/gtest.h>
+
+#include "background.hpp"
+#include "captures.hpp"
+#include "sender.hpp"
+
+namespace {
+
+// A sector crossing message of category 034.
+const std::string kSector = hex("22 000B F0 190C 02 546080 40");
+
+// The first lines of the counts of so many of them.
+std::string counts(const std::string &blocks, const std::string &items, const std::string &octets) {
+    const auto column = [](const std::string &text, size_t width) {
+        return std::string(width - text.size(), ' ') + text;
+    };
+    const std::string row =
+        column(blocks, 11) + column("0", 11) + column(blocks, 11) + column(items, 13) + column(octets, 15) + '\n';
+    return "Category     Blocks    Invalid    Records        Items         Octets\n034     " + row + "all     " + row;
+}
+
+TEST(Follow, ReadsWhatIsAddedToAFile) {
+    const std::string frame = ethernet(ipv4(udp(kSector)));
+    const std::vector<std::string> frames(3, frame);
+    const struct {
+        const char *name;
+        std::string whole;
+        size_t record; // octets of each of the last two blocks or packets
+    } cases[] = {
+        {"raw blocks", kSector + kSector + kSector, kSector.size()},
+        {"pcap", pcap(1, frames), 16 + frame.size()},
+        {"pcapng", pcapng(1, frames), pcapng(1, {frame, frame}).size() - pcapng(1, {frame}).size()},
+    };
+    for (const auto &test : cases) {
+        SCOPED_TRACE(test.name);
+        // The second block comes in two pieces; the third never comes as a whole.
+        const size_t first = test.whole.size() - 2 * test.record;
+        Command command;
+        command.write("growing", test.whole.substr(0, first + 5));
+        Background tool(command, "--follow --category 34 growing");
+        EXPECT_NE(tool.wait_for_output("#1").find("#1"), std::string::npos);
+        command.append("growing", test.whole.substr(first + 5, test.record));
+        EXPECT_NE(tool.wait_for_output("#2").find("#2"), std::string::npos);
+        const Result result = tool.end();
+        EXPECT_EQ(result.status, 0);
+        EXPECT_NE(result.out.find(counts("2", "8", "22")), std::string::npos) << result.out;
+        EXPECT_EQ(result.err, "");
+    }
+}
+
+TEST(Follow, WaitsForAFileToBegin) {
+    Command command;
+    command.write("growing", "");
+    Background tool(command, "--follow --list growing");
+    command.append("growing", kSector.substr(0, 1));
+    command.append("growing", kSector.substr(1));
+    EXPECT_NE(tool.wait_for_output("034").find("034"), std::string::npos);
+    EXPECT_EQ(tool.end(SIGTERM).status, 0);
+}
+
+TEST(Follow, EndsWhenNothingCanCome) {
+    Command command;
+    command.write("broken", kSector + hex("22 0002") + kSector);
+    const Result nothing = Background(command, "--follow --quiet - < /dev/null").wait();
+    EXPECT_EQ(nothing.status, 0);
+    EXPECT_NE(nothing.out.find("all               0"), std::string::npos) << nothing.out;
+    const Result broken = Background(command, "--follow --quiet broken").wait();
+    EXPECT_EQ(broken.status, 1);
+    EXPECT_NE(broken.out.find(counts("1", "4", "11")), std::string::npos) << broken.out;
+    EXPECT_EQ(broken.err, "astdump: broken: offset 11: category 034: LEN is 2, less than the block header; the rest is "
+                          "left unread\nastdump: lost: 14 octets skipped\n");
+}
+
+// The port that the tool listens to.
+uint16_t port_of(const Background &tool) {
+    const std::string report = tool.wait_for_report("\n");
+    EXPECT_EQ(report.find("astdump: listening on "), 0U) << report;
+    return static_cast<uint16_t>(std::stoi(report.substr(report.rfind(':') + 1)));
+}
+
+TEST(Udp, ShowsWhatComesToEveryKindOfAddress) {
+    const struct {
+        const char *arguments;
+        const char *address;
+        bool ipv6;
+    } cases[] = {
+        {"udp://127.0.0.1:0", "127.0.0.1", false},
+        {"udp://0.0.0.0:0 --interface lo", "127.0.0.1", false},
+        {"udp://239.17.3.4:0 --interface 127.0.0.1", "239.17.3.4", false},
+        {"udp://[::1]:0 --follow", "::1", true},
+    };
+    for (const auto &test : cases) {
+        if (test.ipv6 && !has_ipv6()) continue;
+        SCOPED_TRACE(test.arguments);
+        Command command;
+        Background tool(command, test.arguments);
+        const uint16_t port = port_of(tool);
+        Sender(test.address, port).send(kSector + kSector);
+        const std::string out = tool.wait_for_output("#2");
+        EXPECT_EQ(out.find("#1  20"), 0U) << out;
+        EXPECT_NE(out.find(':' + std::to_string(port) + "  CAT 034  11 octets"), std::string::npos) << out;
+        const Result result = tool.end();
+        EXPECT_EQ(result.status, 0);
+        EXPECT_NE(result.out.find(counts("2", "8", "22")), std::string::npos) << result.out;
+        EXPECT_EQ(result.err.find('\n'), result.err.size() - 1) << result.err;
+    }
+}
+
+// Loopback has no route for groups of IPv6, so that nothing is sent to this one.
+TEST(Udp, JoinsAGroupOfIpv6) {
+    if (!has_ipv6()) GTEST_SKIP();
+    Command command;
+    Background tool(command, "udp://[ff12::1734]:0 --interface lo --quiet");
+    EXPECT_EQ(tool.wait_for_report("\n").find("astdump: listening on [ff12::1734%lo]:"), 0U);
+    EXPECT_EQ(tool.end().status, 0);
+}
+
+TEST(Udp, TellsDamageAndStopsAfterACount) {
+    Command command;
+    Background tool(command, "--count 2 udp://127.0.0.1:0");
+    const Sender sender("127.0.0.1", port_of(tool));
+    for (const std::string &octets : {kSector.substr(0, 10), std::string(), hex("30 0007 C0 190C 54"), kSector})
+        sender.send(octets);
+    const Result result = tool.wait();
+    EXPECT_EQ(result.status, 1);
+    EXPECT_NE(result.err.find(": packet 1, octet 0: category 034: LEN is 11, but only 10 octets are left\n"),
+              std::string::npos);
+    EXPECT_NE(result.err.find(": packet 3, octet 0: category 048: damaged in record 1"), std::string::npos);
+    EXPECT_NE(result.err.find("\nastdump: lost: 1 block invalid, 10 octets skipped\n"), std::string::npos)
+        << result.err;
+}
+
+TEST(Udp, CountsWhatItWasTooSlowFor) {
+    // More than the system keeps for a tool that stands still. The number of datagrams lost comes with the next one.
+    constexpr int kDatagrams = 600;
+    const std::string big = hex("1E EA60") + std::string(59997, '\0');
+    Command command;
+    Background tool(command, "--category 34 --count 1 udp://127.0.0.1:0");
+    const Sender sender("127.0.0.1", port_of(tool));
+    tool.send(SIGSTOP);
+    for (int i = 0; i < kDatagrams; ++i) sender.send(big);
+    tool.send(SIGCONT);
+    while (tool.runs()) sender.send(kSector);
+    const Result result = tool.wait();
+    EXPECT_EQ(result.status, 1);
+    EXPECT_NE(result.err.find(" dropped by the system\n"), std::string::npos) << result.err;
+}
+
+TEST(Follow, RefusesWhatCannotBe) {
+    const struct {
+        const char *arguments;
+        const char *complaint;
+    } cases[] = {
+        {"--follow a b", "--follow and udp:// take one FILE"},
+        {"udp://127.0.0.1:0 a", "--follow and udp:// take one FILE"},
+        {"--interface lo a", "--interface is for udp://"},
+        {"udp://127.0.0.1", "'udp://127.0.0.1' is neither"},
+        {"udp://127.0.0.1:65536", "is neither"},
+        {"udp://::1:8600", "is neither"},
+        {"udp://[127.0.0.1]:8600", "is neither"},
+        {"udp://radar:8600", "is neither"},
+        {"udp://127.0.0.1:0 --interface nowhere", "udp://127.0.0.1:0: No such device"},
+        {"udp://127.0.0.1:0 --interface 192.0.2.1", "udp://127.0.0.1:0: No such device"},
+        {"udp://192.0.2.1:8600", "udp://192.0.2.1:8600: Cannot assign requested address"},
+    };
+    for (const auto &test : cases) {
+        Command command;
+        const Result result = Background(command, test.arguments).wait();
+        EXPECT_EQ(result.status, 2) << test.arguments;
+        EXPECT_NE(result.err.find(test.complaint), std::string::npos) << test.arguments << '\n' << result.err;
+    }
+}
+
+} // namespace

@@ -1,0 +1,29 @@
+#include "losses.hpp"
+
+#include "text.hpp"
+
+namespace astdump {
+
+std::string Losses::text() const {
+    const struct {
+        uint64_t count;
+        const char *noun;
+        const char *fate;
+    } losses[] = {
+        {truncated, "datagram", "truncated"},
+        {dropped, "datagram", "dropped by the system"},
+        {undissected, "packet", "not dissected"},
+        {incomplete, "datagram", "with missing fragments"},
+        {invalid, "block", "invalid"},
+        {skipped, "octet", "skipped"},
+        {unfinished, "input", "not read to the end"},
+    };
+    std::string text;
+    for (const auto &loss : losses) {
+        if (loss.count == 0) continue;
+        text.append(text.empty() ? "" : ", ").append(counted(loss.count, loss.noun)).append(" ").append(loss.fate);
+    }
+    return text;
+}
+
+} // namespace astdump

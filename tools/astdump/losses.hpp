@@ -1,0 +1,22 @@
+// What a run could not read or decode, in numbers.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace astdump {
+
+struct Losses {
+    uint64_t truncated = 0;   // datagrams
+    uint64_t dropped = 0;     // datagrams
+    uint64_t undissected = 0; // packets
+    uint64_t incomplete = 0;  // datagrams with fragments missing
+    uint64_t invalid = 0;     // blocks
+    uint64_t skipped = 0;     // octets
+    uint64_t unfinished = 0;  // inputs that are not read to their end
+
+    // "1 datagram truncated, 16 octets skipped"; empty when nothing is lost.
+    std::string text() const;
+};
+
+} // namespace astdump

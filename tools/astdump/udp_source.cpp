@@ -1,0 +1,145 @@
+#include "udp_source.hpp"
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <cstdio>
+#include <cstring>
+#include <net/if.h>
+#include <netinet/in.h>
+#include <sstream>
+#include <stdexcept>
+#include <system_error>
+
+#include "damage.hpp"
+#include "network_interface.hpp"
+#include "numbers.hpp"
+#include "waiting.hpp"
+
+namespace astdump {
+
+namespace {
+
+using asio::ip::udp;
+
+constexpr std::string_view kScheme = "udp://";
+constexpr size_t kMaxDatagramOctets = 65535;
+constexpr int kReceiveBufferOctets = 8 * 1024 * 1024; // asked for; the system may grant less
+
+[[noreturn]] void fail() { throw std::system_error(errno, std::generic_category()); }
+
+template <typename Value>
+void set_option(udp::socket &socket, int level, int name, const Value &value) {
+    if (setsockopt(socket.native_handle(), level, name, &value, sizeof value) != 0) fail();
+}
+
+// An interface of 0 is the system's choice.
+void join(udp::socket &socket, const udp::endpoint &group, unsigned interface) {
+    group_req request{};
+    request.gr_interface = interface;
+    std::memcpy(&request.gr_group, group.data(), group.size());
+    set_option(socket, group.address().is_v4() ? IPPROTO_IP : IPPROTO_IPV6, MCAST_JOIN_GROUP, request);
+}
+
+// Keeps out what other interfaces receive, also for the groups that other programs have joined there.
+void bind_to_device(udp::socket &socket, unsigned interface) {
+    char name[IF_NAMESIZE] = "";
+    if (!if_indextoname(interface, name)) fail();
+    set_option(socket, SOL_SOCKET, SO_BINDTODEVICE, name);
+}
+
+Endpoint to_endpoint(const udp::endpoint &endpoint) { return {endpoint.address().to_string(), endpoint.port()}; }
+
+Time now() {
+    using namespace std::chrono;
+    const auto since_1970 = system_clock::now().time_since_epoch();
+    const auto whole = duration_cast<seconds>(since_1970);
+    return {whole.count(), static_cast<uint32_t>(duration_cast<nanoseconds>(since_1970 - whole).count())};
+}
+
+} // namespace
+
+std::optional<udp::endpoint> read_udp_url(const std::string &text) {
+    if (!text.starts_with(kScheme)) return std::nullopt;
+    const std::string rest = text.substr(kScheme.size());
+    const size_t colon = std::min(rest.rfind(':'), rest.size());
+    std::string host = rest.substr(0, colon);
+    const bool bracketed = host.starts_with('[') && host.ends_with(']');
+    if (bracketed) host = host.substr(1, host.size() - 2);
+    const auto port = read_number<uint16_t>(std::string_view(rest).substr(std::min(colon + 1, rest.size())));
+    std::error_code no_address;
+    const auto address = asio::ip::make_address(host, no_address);
+    if (no_address || !port || address.is_v6() != bracketed)
+        throw std::invalid_argument('\'' + text + "' is neither udp://ADDRESS:PORT nor udp://[ADDRESS]:PORT");
+    return udp::endpoint(address, *port);
+}
+
+UdpSource::UdpSource(udp::endpoint endpoint, const std::string &interface, Waiting &waiting, Damage &damage)
+    : waiting_(waiting), damage_(damage), socket_(context_), buffer_(kMaxDatagramOctets) {
+    listen(endpoint, interface.empty() ? 0 : interface_index(interface));
+    std::ostringstream text;
+    text << local_;
+    std::fprintf(stderr, "astdump: listening on %s\n", text.str().c_str());
+}
+
+void UdpSource::listen(udp::endpoint endpoint, unsigned interface) {
+    const bool multicast = endpoint.address().is_multicast();
+    if (interface != 0 && endpoint.address().is_v6()) {
+        auto address = endpoint.address().to_v6();
+        if (address.is_link_local() || address.is_multicast_link_local()) address.scope_id(interface);
+        endpoint.address(address);
+    }
+    socket_.open(endpoint.protocol());
+    if (interface != 0) bind_to_device(socket_, interface);
+    if (multicast) socket_.set_option(udp::socket::reuse_address(true));
+    socket_.set_option(udp::socket::receive_buffer_size(kReceiveBufferOctets));
+    set_option(socket_, SOL_SOCKET, SO_RXQ_OVFL, 1);
+    socket_.bind(endpoint);
+    if (multicast) join(socket_, endpoint, interface);
+    local_ = socket_.local_endpoint();
+}
+
+std::optional<Datagram> UdpSource::next() {
+    while (waiting_.for_input(socket_.native_handle()))
+        if (const auto length = receive())
+            return Datagram{.octets = Octets(buffer_).first(*length),
+                            .packet = packet_,
+                            .time = now(),
+                            .endpoints = Endpoints{to_endpoint(sender_), to_endpoint(local_)}};
+    return std::nullopt;
+}
+
+// Nothing when there is no datagram after all, which happens when its checksum is wrong.
+std::optional<size_t> UdpSource::receive() {
+    sockaddr_storage sender{};
+    alignas(cmsghdr) char control[CMSG_SPACE(sizeof dropped_)];
+    iovec buffer{.iov_base = buffer_.data(), .iov_len = buffer_.size()};
+    msghdr message{};
+    message.msg_name = &sender;
+    message.msg_namelen = sizeof sender;
+    message.msg_iov = &buffer;
+    message.msg_iovlen = 1;
+    message.msg_control = control;
+    message.msg_controllen = sizeof control;
+    const ssize_t length = recvmsg(socket_.native_handle(), &message, MSG_DONTWAIT);
+    if (length < 0 && (errno == EAGAIN || errno == EINTR)) return std::nullopt;
+    if (length < 0) fail();
+    ++packet_;
+    sender_.resize(message.msg_namelen);
+    std::memcpy(sender_.data(), &sender, message.msg_namelen);
+    check(message);
+    return static_cast<size_t>(length);
+}
+
+// What the system has lost: of this datagram, and others before it for which the receive buffer had no room.
+void UdpSource::check(const msghdr &message) {
+    if (message.msg_flags & MSG_TRUNC) damage_.truncated(packet_, buffer_.size());
+    const cmsghdr *const control = CMSG_FIRSTHDR(&message);
+    if (!control || control->cmsg_level != SOL_SOCKET || control->cmsg_type != SO_RXQ_OVFL) return;
+    uint32_t dropped = 0;
+    std::memcpy(&dropped, CMSG_DATA(control), sizeof dropped);
+    damage_.dropped(dropped - dropped_);
+    dropped_ = dropped;
+}
+
+} // namespace astdump

@@ -25,7 +25,6 @@ target_compile_options(
             -Wcast-align
             -Wcast-qual
             -Wformat=2
-            -Wnull-dereference
             -Wundef
             $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor
             -Wold-style-cast
@@ -34,7 +33,8 @@ target_compile_options(
             -Wextra-semi>
             $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<CXX_COMPILER_ID:GNU>>:-Wduplicated-cond
             -Wlogical-op
-            -Wno-missing-field-initializers>
+            -Wno-missing-field-initializers
+            -Wno-restrict> # GCC 12 takes assignments to std::string for overlapping copies
             $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<CXX_COMPILER_ID:Clang>>:-Wno-missing-field-initializers
             -Wno-gnu-zero-variadic-macro-arguments>
             $<$<BOOL:${AST_WERROR}>:-Werror>)

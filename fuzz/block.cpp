@@ -1,0 +1,68 @@
+// Blocks under every profile. The input is the octets of a block.
+
+#include "harness.hpp"
+#include "records.hpp"
+
+namespace ast_fuzz {
+
+namespace {
+
+void check_records(const ast_datablock_t &block, Octets octets) {
+    require(block.record_count <= AST_DATABLOCK_MAX_RECORDS, "a block holds more records than there is room for");
+    const uint8_t *next = block.records_data;
+    for (uint64_t i = 0; i < block.record_count; ++i) {
+        const ast_datarecord_t &record = block.records[i];
+        require(record.valid && record.data == next, "records do not follow one another");
+        next += record.size;
+        require(next <= octets.data() + octets.size(), "a record runs past what is available");
+        check_record(record, static_cast<uint64_t>(octets.data() + octets.size() - record.data));
+    }
+    if (!block.valid) return;
+    require(block.length <= octets.size(), "a block is longer than what is available");
+    require(next == octets.data() + block.length, "a valid block is not filled by its records");
+}
+
+void check_modified(const ast_datablock_t &block) {
+    static ast_datablock_t modified; // large
+    constexpr ast_dataitem_src_list_t kNothing{};
+    std::vector<uint8_t> buffer = buffer_of(block.length + 1);
+    modified = ast_datablock_modify(buffer.data(), buffer.size(), &block, &kNothing);
+    require(modified.valid && modified.length == block.length && same_octets(buffer.data(), block.data, block.length),
+            "a block is modified where nothing was to be");
+    require_untouched_behind(buffer, block.length);
+    std::vector<uint8_t> small = buffer_of(block.length - 1);
+    modified = ast_datablock_modify(small.data(), small.size(), &block, &kNothing);
+    require(!modified.valid, "a modified block fits a buffer too small for it");
+}
+
+void check_block(const ast_datablock_t &block, Octets octets) {
+    check_records(block, octets);
+    if (block.valid && block.record_count > 0) check_modified(block);
+}
+
+void check_every_profile(Octets octets) {
+    static ast_datablock_t block; // large
+    bool fits = false;
+    for (const ast_uap_t *uap : profiles()) {
+        block = ast_datablock_decode(octets.data(), octets.size(), *uap);
+        check_block(block, octets);
+        fits = fits || block.valid;
+    }
+    block = ast_datablock_001_mixuap_decode(octets.data(), octets.size());
+    check_block(block, octets);
+    const bool is_mix = block.valid && block.category == 1;
+    block = ast_datablock_smart_decode(octets.data(), octets.size());
+    check_block(block, octets);
+    require(block.valid == (fits || is_mix), "the choice of a profile misses one that fits, or makes one up");
+}
+
+} // namespace
+
+void run(Input input) {
+    check_every_profile(input.rest());
+    ast_library_set_option(AST_OPTION_ALLOW_EMPTY_FSPEC | AST_OPTION_INVERT_062_LONGITUDE);
+    check_every_profile(input.rest());
+    ast_library_reset_option();
+}
+
+} // namespace ast_fuzz

@@ -1,0 +1,56 @@
+#include "records.hpp"
+
+#include <algorithm>
+
+namespace ast_fuzz {
+
+namespace {
+
+void check_rewritten(const ast_datarecord_t &record, const ast_datarecord_t &rewritten, const uint8_t *buffer) {
+    require(rewritten.valid && rewritten.size == record.size && rewritten.item_count == record.item_count,
+            "a record is rewritten as another one");
+    require(same_octets(buffer, record.data, record.size), "a record is rewritten in other octets");
+}
+
+} // namespace
+
+bool same_octets(const uint8_t *one, const uint8_t *other, uint64_t count) {
+    return count == 0 || std::memcmp(one, other, count) == 0;
+}
+
+void check_record(const ast_datarecord_t &record, uint64_t available) {
+    require(record.item_count <= AST_DATARECORD_MAX_ITEMS, "a record holds more items than there is room for");
+    if (!record.fspec.valid) {
+        require(!record.valid && record.item_count == 0, "a record without FSPEC holds something");
+        return;
+    }
+    uint64_t offset = record.fspec.length;
+    for (uint64_t i = 0; i < record.item_count; ++i) {
+        const ast_dataitem_t &item = record.items[i];
+        require(item.valid && item.size > 0, "a record holds an item that is not valid");
+        require(item.data == record.data + offset, "items do not follow one another");
+        offset += item.size;
+        require(offset <= available, "an item runs past what is available");
+        require(offset + item.following <= available, "fewer octets follow an item than it says");
+    }
+    require(record.size == (record.valid ? offset : 0), "a record is not as long as its items");
+    require(!record.valid || record.item_count == record.fspec.item_count, "a valid record lacks items");
+}
+
+void check_rewriting(const ast_datarecord_t &record) {
+    constexpr ast_dataitem_src_list_t kNothing{};
+    for (const uint64_t length : {record.size, record.size + 9}) {
+        std::vector<uint8_t> copied = buffer_of(length);
+        check_rewritten(record, ast_datarecord_copy(copied.data(), length, &record), copied.data());
+        require_untouched_behind(copied, record.size);
+        std::vector<uint8_t> modified = buffer_of(length);
+        check_rewritten(record, ast_datarecord_modify(modified.data(), length, &record, &kNothing), modified.data());
+        require_untouched_behind(modified, record.size);
+    }
+    std::vector<uint8_t> small = buffer_of(record.size - 1);
+    require(!ast_datarecord_copy(small.data(), small.size(), &record).valid, "a record fits a buffer too small for it");
+    require(!ast_datarecord_modify(small.data(), small.size(), &record, &kNothing).valid,
+            "a modified record fits a buffer too small for it");
+}
+
+} // namespace ast_fuzz

@@ -1,0 +1,16 @@
+// What holds of every decoded record and block, and of what is copied from them.
+#pragma once
+
+#include "harness.hpp"
+
+namespace ast_fuzz {
+
+bool same_octets(const uint8_t *one, const uint8_t *other, uint64_t count);
+
+// The octets that the record was decoded from begin at record.data; `available` of them may be read.
+void check_record(const ast_datarecord_t &record, uint64_t available);
+
+// Copies and modifies nothing in a valid record: both give its octets.
+void check_rewriting(const ast_datarecord_t &record);
+
+} // namespace ast_fuzz

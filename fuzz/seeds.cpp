@@ -1,0 +1,103 @@
+// Writes inputs to start from: for every registered item, what its size rule makes of some octets, on its own and as
+// the only item of a record. Inputs of a target go to the directory of its name.
+// usage: fuzz_seeds DIRECTORY
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <initializer_list>
+
+#include "harness.hpp"
+
+namespace {
+
+using namespace ast_fuzz;
+using Bytes = std::vector<uint8_t>;
+
+constexpr uint64_t kMaxSampleOctets = 520; // REP 2 of the longest elements
+
+// First octets that size rules make something of: nothing set, FX chains, REP or LEN, primary subfields with all bits.
+const Bytes kBeginnings[] = {{0x00}, {0x01, 0x01, 0x02}, {0x02}, {0x05}, {0xFE}, {0xFF, 0xFF, 0xFF, 0xFF, 0xFE}};
+
+class Directory {
+public:
+    explicit Directory(std::filesystem::path path) : path_(std::move(path)) {
+        std::filesystem::create_directories(path_);
+    }
+
+    void write(std::initializer_list<Bytes> pieces) {
+        std::ofstream file(path_ / std::to_string(count_++), std::ios::binary);
+        for (const Bytes &piece : pieces)
+            file.write(reinterpret_cast<const char *>(piece.data()), static_cast<std::streamsize>(piece.size()));
+        failed_ = failed_ || !file;
+    }
+
+    bool failed() const { return failed_; }
+
+private:
+    std::filesystem::path path_;
+    uint64_t count_ = 0;
+    bool failed_ = false;
+};
+
+// A 16-bit number as the targets read it.
+Bytes number(size_t value) {
+    const auto narrow = static_cast<uint16_t>(value);
+    Bytes octets(sizeof narrow);
+    std::memcpy(octets.data(), &narrow, sizeof narrow);
+    return octets;
+}
+
+// An item of the type for each size that comes of the beginnings.
+std::vector<Bytes> samples_of(ast_dataitem_type_t type) {
+    std::vector<Bytes> samples;
+    for (const Bytes &beginning : kBeginnings) {
+        Bytes octets = beginning;
+        octets.resize(kMaxSampleOctets, 0x11);
+        octets.resize(std::min(ast_dataitem_get_size(octets.data(), octets.size(), type), kMaxSampleOctets));
+        const auto same_size = [&](const Bytes &other) { return other.size() == octets.size(); };
+        if (std::none_of(samples.begin(), samples.end(), same_size)) samples.push_back(octets);
+    }
+    return samples;
+}
+
+// The FSPEC that announces one item of the standard profile; empty when it has no FRN.
+Bytes fspec_of(ast_dataitem_type_t type) {
+    const uint32_t category = type / 1000;
+    for (uint32_t frn = 1; frn <= ast_uap_max_frn(&AST_UAP_STANDARD, category); ++frn) {
+        if (ast_uap_get_dataitem(&AST_UAP_STANDARD, category, frn) != type) continue;
+        Bytes fspec((frn - 1) / 7 + 1, 0x01);
+        ast_fspec_set(fspec.data(), fspec.size(), frn, true);
+        fspec.back() = static_cast<uint8_t>(fspec.back() & 0xFE);
+        return fspec;
+    }
+    return {};
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: fuzz_seeds DIRECTORY\n");
+        return 2;
+    }
+    const std::filesystem::path root = argv[1];
+    Directory item(root / "item");
+    Directory text(root / "text");
+    Directory encode(root / "encode");
+    Directory record(root / "record");
+    const auto types = registered_items();
+    const auto numbers = categories();
+    for (size_t i = 0; i < types.size(); ++i) {
+        const auto category = static_cast<size_t>(std::ranges::find(numbers, types[i] / 1000) - numbers.begin());
+        const Bytes fspec = fspec_of(types[i]);
+        for (const Bytes &sample : samples_of(types[i])) {
+            const auto subject = static_cast<uint8_t>(sample.size() > 1 && sample[0] >= 0xFE); // subfields, if any
+            item.write({number(i), sample});
+            text.write({{subject}, number(40), {0}, number(i), sample});
+            if (!fspec.empty()) record.write({number(category), {0}, Bytes(8, '1'), fspec, sample});
+        }
+        encode.write({{0}, number(i), Bytes(48, 0x01)});
+    }
+    return item.failed() || text.failed() || encode.failed() || record.failed() ? 1 : 0;
+}

@@ -77,8 +77,8 @@ TEST(Allocation, NoneForBlocks) {
 
 TEST(Allocation, NoneForAnyItem) {
     static char text[65536];
-    for (const RegisteredItem &registered : kRegisteredItems) {
-        const auto data = octets_of(registered.sample);
+    for (const RegisteredItem &registered : registered_items()) {
+        const auto &data = registered.sample;
         uint8_t buffer[1100];
         EXPECT_EQ(allocations_of([&] {
                       const ast_dataitem_t item = ast_dataitem_decode(data.data(), data.size(), registered.type);

@@ -82,8 +82,8 @@ std::string block_texts(const std::vector<uint8_t> &octets) {
 std::string all_texts() {
     std::string all =
         block_texts(kRadar) + block_texts(kAdsb) + ast_library_version() + ast_latlong_to_str(48.5, -2.25);
-    for (const RegisteredItem &registered : kRegisteredItems) {
-        const auto data = octets_of(registered.sample);
+    for (const RegisteredItem &registered : registered_items()) {
+        const auto &data = registered.sample;
         all += item_texts(ast_dataitem_decode(data.data(), data.size(), registered.type));
     }
     return all;

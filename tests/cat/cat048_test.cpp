@@ -3,7 +3,6 @@
 #include "support/items.hpp"
 #include "support/log_capture.hpp"
 #include "support/records.hpp"
-#include "support/subfields.hpp"
 
 using namespace ast_test;
 
@@ -12,72 +11,34 @@ namespace {
 // ---- I048/020 Target Report Descriptor ----
 
 TEST(Cat048TargetReport, SummaryGivesTypeChainAndFlags) {
-    constexpr SummaryCase kCases[] = {
-        {"no detection", "00", "TYPE:NO_DETECTION CHN1"},
-        {"primary", "20", "TYPE:PSR CHN1"},
-        {"secondary", "40", "TYPE:SSR CHN1"},
-        {"both", "60", "TYPE:PSR+SSR CHN1"},
-        {"all-call", "80", "TYPE:ALL_CALL CHN1"},
-        {"roll-call", "A0", "TYPE:ROLL_CALL CHN1"},
-        {"all-call and primary", "C0", "TYPE:PSR+ALL_CALL CHN1"},
-        {"roll-call and primary, all flags", "FE", "TYPE:PSR+ROLL_CALL SIM CHN2 SPI RAB"},
-        {"simulated, fixed transponder", "12", "TYPE:NO_DETECTION SIM CHN1 RAB"},
-        {"second chain, SPI", "0C", "TYPE:NO_DETECTION CHN2 SPI"},
-        {"test", "41 80", "TYPE:SSR CHN1 TST"},
-        {"military emergency", "41 10", "TYPE:SSR CHN1 ME"},
-        {"military identification", "41 08", "TYPE:SSR CHN1 MI"},
-        {"bits 7-6 of octet 2 are not read", "41 60", "TYPE:SSR CHN1"},
-        {"meant: no friend is ever seen", "41 02", "TYPE:SSR CHN1"},
-        {"nor with both bits", "FF FE", "TYPE:PSR+ROLL_CALL SIM CHN2 SPI RAB TST ME MI"},
-    };
-    expect_summaries(48020, kCases);
-}
-
-TEST(Cat048TargetReport, FriendOrFoeBitsAreTakenUnshifted) {
-    // Meant: 01 is the only pattern that reads, and it reads as 2.
-    constexpr struct {
-        const char *octets;
-        uint32_t status;
-    } kCases[] = {{"41 00", 0}, {"41 02", 2}, {"41 04", 0}, {"41 06", 0}};
-    for (const auto &one : kCases)
-        EXPECT_EQ(ast_dataitem_048_020_decode(Item(48020, one.octets)).foe_fri, one.status) << one.octets;
+    expect_summaries(48020, "00 = TYPE:NO_DETECTION CHN1; 20 = TYPE:PSR CHN1; 40 = TYPE:SSR CHN1; "
+                            "60 = TYPE:PSR+SSR CHN1; 80 = TYPE:ALL_CALL CHN1; A0 = TYPE:ROLL_CALL CHN1; "
+                            "C0 = TYPE:PSR+ALL_CALL CHN1; FE = TYPE:PSR+ROLL_CALL SIM CHN2 SPI RAB; "
+                            "12 = TYPE:NO_DETECTION SIM CHN1 RAB; 0C = TYPE:NO_DETECTION CHN2 SPI; "
+                            "41 80 = TYPE:SSR CHN1 TST; 41 10 = TYPE:SSR CHN1 ME; 41 08 = TYPE:SSR CHN1 MI; "
+                            "41 60 = TYPE:SSR CHN1; " // two bits that are not read
+                            "41 02 = TYPE:SSR CHN1; " // meant: no friend is ever seen
+                            "FF FE = TYPE:PSR+ROLL_CALL SIM CHN2 SPI RAB TST ME MI");
+    // Meant: the friend-or-foe bits are taken unshifted, so 01 is the only pattern that reads, and it reads as 2.
+    for (const auto &[hex, status] : {std::pair{"41 00", 0U}, {"41 02", 2U}, {"41 04", 0U}, {"41 06", 0U}})
+        EXPECT_EQ(ast_dataitem_048_020_decode(Item(48020, hex)).foe_fri, status) << hex;
 }
 
 TEST(Cat048TargetReport, DetailGivesTheOctetsThatAreThere) {
-    std::vector<Row> rows = {{"Bit", "Item", "Value"},
-                             {"Bit[0-2]", "TARGET_TYPE", "PSR + MODE-S ROLL CALL"},
-                             {"Bit[3]", "SIMULATED_TARGET", "1"},
-                             {"Bit[4]", "PROCESSING_CHAIN", "2"},
-                             {"Bit[5]", "SPI", "1"},
-                             {"Bit[6]", "FIXED_TRANSPONDER", "1"},
-                             {"Bit[7]", "FX", "0"}};
-    expect_detail_rows(48020, "FE", rows);
-    rows = {{"Bit", "Item", "Value"},
-            {"Bit[0-2]", "TARGET_TYPE", "SSR"},
-            {"Bit[3]", "SIMULATED_TARGET", "0"},
-            {"Bit[4]", "PROCESSING_CHAIN", "1"},
-            {"Bit[5]", "SPI", "0"},
-            {"Bit[6]", "FIXED_TRANSPONDER", "0"},
-            {"Bit[7]", "FX", "1"},
-            {"Bit[8]", "TEST_TARGET", "1"},
-            {"Bit[11]", "MIL_EMERGENCY", "1"},
-            {"Bit[12]", "MIL_IDENTIFICATION", "1"},
-            {"Bit[13-14]", "FRIEND_OR_ENEMY", "UNKNOWN"},
-            {"Bit[15]", "FX", "0"}};
-    expect_detail_rows(48020, "41 9A", rows);
-    rows.back().back() = "1";
-    expect_detail_rows(48020, "41 9B 00", rows);
-
-    constexpr const char *kTypes[] = {
-        "NO_DETECTION", "PSR", "SSR", "PSR + SSR", "MODE-S ALL CALL", "MODE-S ROLL CALL", "PSR + MODE-S ALL CALL"};
-    constexpr const char *kOctets[] = {"00", "20", "40", "60", "80", "A0", "C0"};
-    for (size_t i = 0; i < std::size(kTypes); ++i)
-        EXPECT_EQ(rows_of(detail_of(48020, kOctets[i])).at(1).at(2), kTypes[i]);
+    expect_table(48020, "41 9A",
+                 "Bit|Item|Value; Bit[0-2]|TARGET_TYPE|SSR; Bit[3]|SIMULATED_TARGET|0; Bit[4]|PROCESSING_CHAIN|1; "
+                 "Bit[5]|SPI|0; Bit[6]|FIXED_TRANSPONDER|0; Bit[7]|FX|1; Bit[8]|TEST_TARGET|1; "
+                 "Bit[11]|MIL_EMERGENCY|1; Bit[12]|MIL_IDENTIFICATION|1; Bit[13-14]|FRIEND_OR_ENEMY|UNKNOWN; "
+                 "Bit[15]|FX|0");
+    expect_values(48020, "FE = PSR + MODE-S ROLL CALL|1|2|1|1|0; D4 = PSR + MODE-S ALL CALL|1|1|1|0|0; "
+                         "A8 = MODE-S ROLL CALL|0|2|0|0|0; 82 = MODE-S ALL CALL|0|1|0|1|0; 60 = PSR + SSR|0|1|0|0|0; "
+                         "20 = PSR|0|1|0|0|0; 00 = NO_DETECTION|0|1|0|0|0; "
+                         "41 91 00 = SSR|0|1|0|0|1|1|1|0|NO_INTERROGATION|1; "
+                         "41 08 = SSR|0|1|0|0|1|0|0|1|NO_INTERROGATION|0");
 }
 
 TEST(Cat048TargetReport, EncodesASecondOctetWhenItHoldsSomething) {
     constexpr EncodeCase<ast_dataitem_048_020_t> kCases[] = {
-        {"nothing set", {.valid = true, .rdp = 1}, "00"},
         {"all of one octet", {.valid = true, .typ = 7, .sim = true, .rdp = 2, .spi = true, .rab = true}, "FE"},
         {"type out of range", {.valid = true, .typ = 9, .rdp = 1}, "00"},
         {"chain out of range", {.valid = true, .typ = 1, .rdp = 3}, "20"},
@@ -95,153 +56,91 @@ TEST(Cat048TargetReport, EncodesASecondOctetWhenItHoldsSomething) {
 // ---- I048/030 Warning/Error Conditions ----
 
 TEST(Cat048Warnings, SummaryGivesTheFirstCode) {
-    constexpr SummaryCase kCases[] = {
-        {"one", "14", "ERRCODE:10"},
-        {"more", "15 02", "ERRCODE:10+"},
-        {"lowest", "00", "ERRCODE:0"},
-        {"highest", "FE", "ERRCODE:127"},
-    };
-    expect_summaries(48030, kCases);
+    expect_summaries(48030, "14 = ERRCODE:10; 15 02 = ERRCODE:10+; 00 = ERRCODE:0; FE = ERRCODE:127");
 }
 
 TEST(Cat048Warnings, DetailDescribesEachCode) {
-    // clang-format off
-    constexpr const char *kDescriptions[] = {
-        "Not defined; never used", "Multipath Reply (Reflection)", "Reply due to sidelobe interrogation/reception",
-        "Split plot", "Second time around reply", "Angel",
-        "Slow moving target correlated with road infrastructure (terrestrial vehicle)", "Fixed PSR plot",
-        "Slow PSR target", "Low quality PSR plot", "Phantom SSR plot", "Non-Matching Mode-3/A Code",
-        "Mode C code / Mode S altitude code abnormal value compared to the track", "Target in Clutter Area",
-        "Maximum Doppler Response in Zero Filter", "Transponder anomaly detected",
-        "Duplicated or Illegal Mode S Aircraft Address", "Mode S error correction applied",
-        "Undecodable Mode C code / Mode S altitude code", "Birds", "Flock of Birds",
-        "Mode 1 was present in original reply", "Mode 2 was present in original reply"};
-    // clang-format on
-    const Row header = {"Error Code", "Description"};
-    std::vector<Row> rows = {header};
-    for (const char *description : kDescriptions) rows.push_back({std::to_string(rows.size() - 1), description});
-    expect_detail_rows(48030, "01 03 05 07 09 0B 0D 0F 11 13 15 17 19 1B 1D 1F 21 23 25 27 29 2B 2C", rows);
-    expect_detail_rows(48030, "2F 31 FE",
-                       {header,
-                        {"23", "Plot potentially caused by Wind Turbine"},
-                        {"24", "Not defined; unknown"},
-                        {"12", "Not defined; unknown"}}); // 127, of which the cell holds two digits
+    expect_table(48030, "01 03 05 07 09 0B 0D 0F 11 13 15 17 19 1B 1D 1F 21 23 25 27 29 2B 2C",
+                 "Error Code|Description; 0|Not defined; never used; 1|Multipath Reply (Reflection); "
+                 "2|Reply due to sidelobe interrogation/reception; 3|Split plot; 4|Second time around reply; 5|Angel; "
+                 "6|Slow moving target correlated with road infrastructure (terrestrial vehicle); 7|Fixed PSR plot; "
+                 "8|Slow PSR target; 9|Low quality PSR plot; 10|Phantom SSR plot; 11|Non-Matching Mode-3/A Code; "
+                 "12|Mode C code / Mode S altitude code abnormal value compared to the track; "
+                 "13|Target in Clutter Area; 14|Maximum Doppler Response in Zero Filter; "
+                 "15|Transponder anomaly detected; 16|Duplicated or Illegal Mode S Aircraft Address; "
+                 "17|Mode S error correction applied; 18|Undecodable Mode C code / Mode S altitude code; 19|Birds; "
+                 "20|Flock of Birds; 21|Mode 1 was present in original reply; 22|Mode 2 was present in original reply");
+    expect_table(48030, "2F 31 FE",
+                 "Error Code|Description; 23|Plot potentially caused by Wind Turbine; 24|Not defined; unknown; "
+                 "12|Not defined; unknown"); // 127, of which the cell holds two digits
 }
 
-TEST(Cat048Warnings, WithoutOctetsDetailIsAHeader) {
+TEST(Cat048Warnings, TakesAnyNumberOfOctets) {
     const uint8_t behind = 0xFF;
     const ast_dataitem_t empty{.data = &behind, .size = 0, .type = 48030, .valid = true};
-    const std::vector<Row> expected = {{"Error Code", "Description"}};
-    EXPECT_EQ(rows_of(text_from(ast_dataitem_048_030_get_detail_html, &empty)), expected);
+    EXPECT_EQ(table_of(text_from(ast_dataitem_048_030_get_detail_html, &empty)), "Error Code|Description");
     EXPECT_EQ(ast_dataitem_048_030_decode(&empty).count, 0U);
-}
-
-TEST(Cat048Warnings, DecodeStopsWhereTheListIsFull) {
-    const auto warnings = ast_dataitem_048_030_decode(Item(48030, repeated("FF", 24)));
-    EXPECT_TRUE(warnings.valid);
-    EXPECT_EQ(warnings.count, 23U);
-    EXPECT_EQ(warnings.codes[22], 127U);
+    const auto full = ast_dataitem_048_030_decode(Item(48030, repeated("FF", 24)));
+    EXPECT_TRUE(full.valid && full.count == 23 && full.codes[22] == 127);
 }
 
 // ---- I048/040 Measured Position ----
 
-TEST(Cat048Position, SummaryGivesRangeAndAzimuth) {
-    constexpr SummaryCase kCases[] = {
-        {"at the antenna", "00 00 00 00", "RHO:0.0 THETA:0.0"},
-        {"half a mile, due east", "00 80 40 00", "RHO:0.5 THETA:90.0"},
-        {"far, just west of north", "FF FF FF FF", "RHO:256.0 THETA:360.0"},
-    };
-    expect_summaries(48040, kCases);
-}
-
-TEST(Cat048Position, DetailLabelsTheAzimuthAsFromOctetTwo) {
-    const auto rows = [](const char *rho, const char *theta) { // meant: the second label reads so
-        return std::vector<Row>{
-            {"Bit", "Item", "Value"}, {"Octet[1-2]", "RHO LSB:NM", rho}, {"Octet[2-3]", "THETA LSB:DEG", theta}};
-    };
-    expect_detail_rows(48040, "00 80 40 00", rows("0.50", "90.00"));
-    expect_detail_rows(48040, "FF FF FF FF", rows("256.00", "359.99"));
+TEST(Cat048Position, ViewsGiveRangeAndAzimuth) {
+    expect_summaries(48040, "00 00 00 00 = RHO:0.0 THETA:0.0; 00 80 40 00 = RHO:0.5 THETA:90.0; "
+                            "FF FF FF FF = RHO:256.0 THETA:360.0");
+    expect_table(48040, "00 80 40 00", // meant: the second label reads so
+                 "Bit|Item|Value; Octet[1-2]|RHO LSB:NM|0.50; Octet[2-3]|THETA LSB:DEG|90.00");
+    expect_values(48040, "FF FF FF FF = 256.00|359.99");
 }
 
 TEST(Cat048Position, EncodesValuesOrElseRawOnes) {
+    constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
     constexpr EncodeCase<ast_dataitem_048_040_t> kCases[] = {
         {"values", {.valid = true, .rho_nm = 0.5, .theta_deg = 90}, "00 80 40 00"},
         {"half a unit is rounded up", {.valid = true, .rho_nm = 0.001953125}, "00 01 00 00"},
-        {"one positive value counts for both",
-         {.valid = true, .rho_raw = 7, .theta_raw = 7, .rho_nm = 1},
-         "01 00 00 00"},
+        {"one positive value is enough", {.valid = true, .rho_raw = 7, .theta_raw = 7, .rho_nm = 1}, "01 00 00 00"},
         {"either of them", {.valid = true, .rho_raw = 7, .theta_deg = 90}, "00 00 40 00"},
-        {"a full turn is none", {.valid = true, .theta_deg = 360}, "00 00 00 00"},
         {"no value", {.valid = true, .rho_raw = 0x1234, .theta_raw = 0xABCD}, "12 34 AB CD"},
         {"no positive value", {.valid = true, .rho_raw = 5, .rho_nm = -1, .theta_deg = -90}, "00 05 00 00"},
-        {"no number", {.valid = true, .rho_raw = 5, .rho_nm = std::numeric_limits<double>::quiet_NaN()}, "00 05 00 00"},
+        {"no number", {.valid = true, .rho_raw = 5, .rho_nm = kNan}, "00 05 00 00"},
         {"not valid", {.valid = false, .rho_nm = 1}, nullptr},
     };
     expect_encodes(48040, kCases);
-}
-
-TEST(Cat048Position, EncoderStoresRawValuesBack) {
     ast_dataitem_048_040_t position{.valid = true, .rho_raw = 7, .theta_raw = 7, .rho_nm = 0.5, .theta_deg = 360};
-    expect_encodes("values", 48040, &position, "00 80 00 00");
-    EXPECT_EQ(position.rho_raw, 128U);
-    EXPECT_EQ(position.theta_raw, 65536U); // as it was rounded, not as the octets hold it
+    expect_encodes("a full turn is none", 48040, &position, "00 80 00 00");
+    EXPECT_EQ(position.rho_raw, 128U) << "stored back";
+    EXPECT_EQ(position.theta_raw, 65536U) << "as it was rounded, not as the octets hold it";
 }
 
 // ---- I048/042 Calculated Position ----
 
-TEST(Cat048Cartesian, SummaryGivesMetres) {
-    // Meant: a negative number is its magnitude less 32767, which is one more than two's complement.
-    constexpr SummaryCase kCases[] = {
-        {"origin", "00 00 00 00", "X:0.0 Y:0.0 LSB:M"},
-        {"all ones are zero", "FF FF 80 00", "X:0.0 Y:-474097.5 LSB:M"},
-        {"one unit, and the largest", "00 01 7F FF", "X:14.5 Y:474097.5 LSB:M"},
-        {"one unit below", "FF FE 00 00", "X:-14.5 Y:0.0 LSB:M"},
-    };
-    expect_summaries(48042, kCases);
-}
-
-TEST(Cat048Cartesian, DetailGivesThreeUnits) {
-    expect_detail_rows(48042, "00 80 FF 7F",
-                       {{"Bit", "Item", "Value"},
-                        {"Octet[1-2]", "X LSB:1/128NM", "128"},
-                        {"Octet[1-2]", "X LSB:NM", "1.00"},
-                        {"Octet[1-2]", "X LSB:M", "1852.00"},
-                        {"Octet[2-3]", "Y LSB:1/128NM", "-128"}, // meant: the label reads so
-                        {"Octet[2-3]", "Y LSB:NM", "-1.00"},
-                        {"Octet[2-3]", "Y LSB:M", "-1852.00"}});
+TEST(Cat048Cartesian, NegativeNumbersAreTheirMagnitudeLess32767) {
+    // Meant: that is one more than two's complement.
+    expect_summaries(48042, "00 00 00 00 = X:0.0 Y:0.0 LSB:M; FF FF 80 00 = X:0.0 Y:-474097.5 LSB:M; "
+                            "00 01 7F FF = X:14.5 Y:474097.5 LSB:M; FF FE 00 00 = X:-14.5 Y:0.0 LSB:M");
+    expect_table(48042, "00 80 FF 7F", // meant: the labels of Y read so
+                 "Bit|Item|Value; Octet[1-2]|X LSB:1/128NM|128; Octet[1-2]|X LSB:NM|1.00; Octet[1-2]|X LSB:M|1852.00; "
+                 "Octet[2-3]|Y LSB:1/128NM|-128; Octet[2-3]|Y LSB:NM|-1.00; Octet[2-3]|Y LSB:M|-1852.00");
 }
 
 // ---- I048/050 Mode 2 Code ----
 
-TEST(Cat048Mode2, SummaryGivesCodeAndFlags) {
-    constexpr SummaryCase kCases[] = {
-        {"zero", "00 00", "MODE_2:0000"},
-        {"largest, not validated", "8F FF", "MODE_2:7777 NOT_VALIDATED"},
-        {"garbled", "40 01", "MODE_2:0001 GARBLED"},
-        {"smoothed", "28 00", "MODE_2:4000 SMOOTHED"},
-        {"the spare bit is no part of the code", "F2 9C", "MODE_2:1234 NOT_VALIDATED GARBLED SMOOTHED"},
-    };
-    expect_summaries(48050, kCases);
-}
-
-TEST(Cat048Mode2, DetailGivesFlagsAndDigits) {
-    const auto rows = [](const char *v, const char *g, const char *l, Row digits) {
-        return std::vector<Row>{{"Bit", "Item", "Value"},           {"Bit[0]", "NOT_VALIDATED", v},
-                                {"Bit[1]", "GARBLED", g},           {"Bit[2]", "SMOOTHED", l},
-                                {"Bit[3]", "SPARE", "0"},           {"Bit[4-6]", "CODE-A", digits[0]},
-                                {"Bit[7-9]", "CODE-B", digits[1]},  {"Bit[10-12]", "CODE-C", digits[2]},
-                                {"Bit[13-15]", "CODE-D", digits[3]}};
-    };
-    expect_detail_rows(48050, "B2 9C", rows("1", "0", "1", {"1", "2", "3", "4"}));
-    expect_detail_rows(48050, "4F 35", rows("0", "1", "0", {"7", "4", "6", "5"}));
+TEST(Cat048Mode2, ViewsGiveCodeAndFlags) {
+    expect_summaries(48050, "00 00 = MODE_2:0000; 8F FF = MODE_2:7777 NOT_VALIDATED; 40 01 = MODE_2:0001 GARBLED; "
+                            "28 00 = MODE_2:4000 SMOOTHED; "
+                            "F2 9C = MODE_2:1234 NOT_VALIDATED GARBLED SMOOTHED"); // and a spare bit
+    expect_table(48050, "B2 9C",
+                 "Bit|Item|Value; Bit[0]|NOT_VALIDATED|1; Bit[1]|GARBLED|0; Bit[2]|SMOOTHED|1; Bit[3]|SPARE|0; "
+                 "Bit[4-6]|CODE-A|1; Bit[7-9]|CODE-B|2; Bit[10-12]|CODE-C|3; Bit[13-15]|CODE-D|4");
+    expect_values(48050, "4F 35 = 0|1|0|0|7|4|6|5");
 }
 
 TEST(Cat048Mode2, EncodesTwelveBits) {
     constexpr EncodeCase<ast_dataitem_048_050_t> kCases[] = {
-        {"code", {.valid = true, .code = 01234}, "02 9C"},
         {"not validated", {.valid = true, .not_validated = true, .code = 07777}, "8F FF"},
         {"garbled", {.valid = true, .garbled = true}, "40 00"},
-        {"smoothed", {.valid = true, .smoothed = true}, "20 00"},
+        {"smoothed", {.valid = true, .smoothed = true, .code = 01234}, "22 9C"},
         {"no bit beyond the code", {.valid = true, .code = 010001}, "00 01"},
         {"negative as a signed number", {.valid = true, .code = 0x80000000}, nullptr},
         {"not valid", {.valid = false, .code = 01234}, nullptr},
@@ -251,185 +150,89 @@ TEST(Cat048Mode2, EncodesTwelveBits) {
 
 // ---- I048/110 Height Measured by a 3D Radar ----
 
-TEST(Cat048Height, SummaryGivesFeet) {
-    // Meant: a negative number is its magnitude less 8191.
-    constexpr SummaryCase kCases[] = {
-        {"ground", "00 00", "H:0 LSB:FT"},
-        {"one unit", "00 01", "H:25 LSB:FT"},
-        {"bits 8-7 are not read", "C0 28", "H:1000 LSB:FT"},
-        {"highest", "1F FF", "H:204775 LSB:FT"},
-        {"all ones are zero", "3F FF", "H:0 LSB:FT"},
-        {"one unit below", "3F FE", "H:-25 LSB:FT"},
-        {"lowest", "20 00", "H:-204775 LSB:FT"},
-    };
-    expect_summaries(48110, kCases);
-}
-
-TEST(Cat048Height, DetailGivesThreeUnits) {
-    const auto rows = [](const char *raw, const char *ft, const char *m) {
-        return std::vector<Row>{{"Bit", "Item", "Value"},
-                                {"Octet[1-2]", "HEIGHT (LSB=25FT)", raw},
-                                {"Octet[1-2]", "HEIGHT (LSB=FT)", ft},
-                                {"Octet[1-2]", "HEIGHT (LSB=M)", m}};
-    };
-    expect_detail_rows(48110, "00 28", rows("40", "1000", "304")); // 304.8
-    expect_detail_rows(48110, "3F D7", rows("-40", "-1000", "-304"));
+TEST(Cat048Height, NegativeHeightsAreTheirMagnitudeLess8191) {
+    // Meant, as in I048/042. Bits 8-7 are not read.
+    expect_summaries(48110, "00 00 = H:0 LSB:FT; 00 01 = H:25 LSB:FT; C0 28 = H:1000 LSB:FT; 1F FF = H:204775 LSB:FT; "
+                            "3F FF = H:0 LSB:FT; 3F FE = H:-25 LSB:FT; 20 00 = H:-204775 LSB:FT");
+    expect_table(48110, "00 28", // 304.8 metres
+                 "Bit|Item|Value; Octet[1-2]|HEIGHT (LSB=25FT)|40; Octet[1-2]|HEIGHT (LSB=FT)|1000; "
+                 "Octet[1-2]|HEIGHT (LSB=M)|304");
+    expect_values(48110, "3F D7 = -40|-1000|-304");
 }
 
 // ---- I048/120 Radial Doppler Speed, I048/130 Radar Plot Characteristics ----
 
 TEST(Cat048DopplerSpeed, RawSpeedTakesSevenOctetsWhateverItsCount) {
-    constexpr struct {
-        const char *octets;
-        uint64_t size;
-    } kCases[] = {
-        {"80 00 00", 3},
-        {"40 00 00 00 00 00 00 00", 8},
-        {"40 05 00 00 00 00 00 00", 8}, // meant: a count of 5 would be 31 octets
-        {"40 01 00 00 00 00 00", 0},
-        {"C0 00 00 01 00 00 00 00 00 00", 10},
-    };
-    for (const auto &one : kCases) {
-        const auto data = octets(one.octets);
-        EXPECT_EQ(ast_dataitem_get_size(data.data(), data.size(), 48120), one.size) << one.octets;
-    }
-}
-
-TEST(Cat048DopplerSpeed, SubfieldViewsAreEmpty) {
-    EXPECT_EQ(subfield_summary_of(48120001, "80 00 10"), "");
-    EXPECT_EQ(subfield_detail_of(48120001, "80 00 10"), "");
+    each_case("80 00 00 = 3; 40 00 00 00 00 00 00 00 = 8; 40 01 00 00 00 00 00 = 0; "
+              "40 05 00 00 00 00 00 00 = 8; " // meant: a count of 5 would be 31 octets
+              "C0 00 00 01 00 00 00 00 00 00 = 10",
+              [](const std::string &hex, const std::string &size) {
+                  const auto data = octets(hex);
+                  EXPECT_EQ(std::to_string(ast_dataitem_get_size(data.data(), data.size(), 48120)), size) << hex;
+              });
+    EXPECT_EQ(subfield_summary_of(48120001, "80 00 10") + subfield_detail_of(48120001, "80 00 10"), "");
 }
 
 TEST(Cat048PlotCharacteristics, SubfieldSummaries) {
-    constexpr struct {
-        uint32_t subfield;
-        const char *octets;
-        const char *summary;
-    } kCases[] = {
-        {48130001, "E0 FF 05 C8", "11.21 LSB=DEG"}, // 255 × 360 / 8192
-        {48130002, "E0 FF 05 C8", "5"},
-        {48130003, "E0 FF 05 C8", "-200 LSB=DBM"}, // meant: the octet is unsigned, the minus sign always there
-        {48130003, "20 00", "-0 LSB=DBM"},
-        {48130001, "80 00", "0.00 LSB=DEG"},
-        {48130001, "60 05 C8", ""},
-        {48130004, "10 01", "NOT_IMPLEMENTED"},
-        {48130007, "02 01", "NOT_IMPLEMENTED"},
-        {48130007, "10 01", ""},
-    };
-    for (const auto &one : kCases)
-        EXPECT_EQ(subfield_summary_of(one.subfield, one.octets), one.summary) << one.subfield << ": " << one.octets;
+    // 255 x 360 / 8192 degrees. Meant: the amplitude is unsigned, the minus sign always there.
+    expect_subfield_summaries(48130001, "E0 FF 05 C8 = 11.21 LSB=DEG; 80 00 = 0.00 LSB=DEG; 60 05 C8 = ");
+    expect_subfield_summaries(48130002, "E0 FF 05 C8 = 5");
+    expect_subfield_summaries(48130003, "E0 FF 05 C8 = -200 LSB=DBM; 20 00 = -0 LSB=DBM");
+    expect_subfield_summaries(48130004, "10 01 = NOT_IMPLEMENTED");
+    expect_subfield_summaries(48130007, "02 01 = NOT_IMPLEMENTED; 10 01 = ");
     EXPECT_EQ(subfield_detail_of(48130001, "80 FF"), "");
-}
-
-TEST(Cat048PlotCharacteristics, DecodesThePresentOnes) {
     const auto plot = ast_dataitem_048_130_decode(Item(48130, "A0 80 FF"));
     EXPECT_TRUE(plot.valid && plot.srl.present && !plot.srr.present && plot.sam.present);
+    EXPECT_TRUE(plot.srl.raw == 128 && plot.srl.deg == 5.625 && plot.sam.value == 255);
     EXPECT_EQ(plot.subfields.subfield_count, 7U);
-    EXPECT_EQ(plot.srl.raw, 128);
-    EXPECT_EQ(plot.srl.deg, 5.625);
-    EXPECT_EQ(plot.sam.value, 255);
 }
 
 // ---- I048/170 Track Status ----
 
-TEST(Cat048TrackStatus, SummaryGivesTheSensors) {
-    constexpr SummaryCase kCases[] = {
-        {"combined", "9E", "TYPE:CMB"},
-        {"primary", "20", "TYPE:PSR"},
-        {"secondary", "40", "TYPE:SSR"},
-        {"invalid", "61 FE", "TYPE:INVALID"},
-    };
-    expect_summaries(48170, kCases);
-}
-
-TEST(Cat048TrackStatus, DetailReadsTheFirstOctet) {
-    const auto rows = [](const char *cnf, const char *rad, const char *dou, const char *man, const char *cdm,
-                         const char *fx) {
-        return std::vector<Row>{{"Bit", "ID", "Item", "Value"},
-                                {"Bit[0]", "CNF", "TENTATIVE", cnf},
-                                {"Bit[1-2]", "RAD", "TRACK_TYPE", rad},
-                                {"Bit[3]", "DOU", "LOW_CONFIDENCE", dou},
-                                {"Bit[4]", "MAN", "HORIZONTIAL_MANOEUVRE", man}, // viewers know it with this spelling
-                                {"Bit[5-6]", "CDM", "VERTICAL_MANOEUVRE", cdm},
-                                {"Bit[7]", "FX", "FIELD_EXTENSION", fx}};
-    };
-    expect_detail_rows(48170, "80", rows("1", "COMBINED", "0", "0", "MAINTAINING", "0"));
-    expect_detail_rows(48170, "33 00", rows("0", "PSR", "1", "0", "CLIMBING", "1"));
-    expect_detail_rows(48170, "4C", rows("0", "SSR", "0", "1", "DESCENDING", "0"));
-    expect_detail_rows(48170, "FE", rows("1", "INVALID", "1", "1", "INVALID", "0"));
+TEST(Cat048TrackStatus, ViewsReadTheFirstOctet) {
+    expect_summaries(48170, "9E = TYPE:CMB; 20 = TYPE:PSR; 40 = TYPE:SSR; 61 FE = TYPE:INVALID");
+    expect_table(48170, "80", // viewers know the label of MAN with this spelling
+                 "Bit|ID|Item|Value; Bit[0]|CNF|TENTATIVE|1; Bit[1-2]|RAD|TRACK_TYPE|COMBINED; "
+                 "Bit[3]|DOU|LOW_CONFIDENCE|0; Bit[4]|MAN|HORIZONTIAL_MANOEUVRE|0; "
+                 "Bit[5-6]|CDM|VERTICAL_MANOEUVRE|MAINTAINING; Bit[7]|FX|FIELD_EXTENSION|0");
+    expect_values(48170, "33 00 = 0|PSR|1|0|CLIMBING|1; 4C = 0|SSR|0|1|DESCENDING|0; FE = 1|INVALID|1|1|INVALID|0");
 }
 
 // ---- I048/210 Track Quality ----
 
-TEST(Cat048TrackQuality, SummaryGivesFourDeviations) {
-    constexpr SummaryCase kCases[] = {
-        {"none", "00 00 00 00", "X:0.00 Y:0.00 V:0.00 H:0.00"},
-        {"each its own", "80 40 64 10", "X:1.00 Y:0.50 V:22.00 H:1.41"},
-        {"largest", "FF FF FF FF", "X:1.99 Y:1.99 V:56.10 H:22.41"},
-    };
-    expect_summaries(48210, kCases);
-}
-
-TEST(Cat048TrackQuality, DetailGivesRawAndPhysicalValues) {
-    expect_detail_rows(48210, "80 40 64 10",
-                       {{"Octet", "Item", "Value"},
-                        {"Octet[0]", "SIGMA(X) LSB:1/128NM", "128"},
-                        {"Octet[0]", "SIGMA(X) LSB:NM", "1.000000"},
-                        {"Octet[1]", "SIGMA(Y) LSB:1/128NM", "64"},
-                        {"Octet[1]", "SIGMA(Y) LSB:NM", "0.500000"},
-                        {"Octet[2]", "SIGMA(V) LSB:0.22Knot", "100"},
-                        {"Octet[2]", "SIGMA(V) LSB:Knot", "22.000000"}, // meant: not 100 × 2^-14 NM/s
-                        {"Octet[3]", "SIGMA(H) LSB:360/2^12Deg", "16"},
-                        {"Octet[3]", "SIGMA(H) LSB:Deg", "1.406240"}}); // meant: not 16 × 360/2^12
+TEST(Cat048TrackQuality, ViewsGiveFourDeviations) {
+    expect_summaries(48210, "00 00 00 00 = X:0.00 Y:0.00 V:0.00 H:0.00; 80 40 64 10 = X:1.00 Y:0.50 V:22.00 H:1.41; "
+                            "FF FF FF FF = X:1.99 Y:1.99 V:56.10 H:22.41");
+    // Meant: speed and heading have rounded units, not 2^-14 NM/s and 360/2^12 degrees.
+    expect_table(48210, "80 40 64 10",
+                 "Octet|Item|Value; Octet[0]|SIGMA(X) LSB:1/128NM|128; Octet[0]|SIGMA(X) LSB:NM|1.000000; "
+                 "Octet[1]|SIGMA(Y) LSB:1/128NM|64; Octet[1]|SIGMA(Y) LSB:NM|0.500000; "
+                 "Octet[2]|SIGMA(V) LSB:0.22Knot|100; Octet[2]|SIGMA(V) LSB:Knot|22.000000; "
+                 "Octet[3]|SIGMA(H) LSB:360/2^12Deg|16; Octet[3]|SIGMA(H) LSB:Deg|1.406240");
 }
 
 // ---- I048/230 Communications / ACAS Capability and Flight Status ----
 
-TEST(Cat048FlightStatus, SummaryGivesTheStatus) {
-    constexpr SummaryCase kCases[] = {
-        {"airborne", "00 00", "FS:AIR"},           {"on ground", "04 00", "FS:GND"},
-        {"alert", "08 00", "FS:AIR_ALR"},          {"alert on ground", "0C 00", "FS:GND_ALR"},
-        {"alert and SPI", "10 00", "FS:ALR_SPI"},  {"SPI", "14 00", "FS:SPI"},
-        {"not assigned", "18 00", "FS:UNDEFINED"}, {"unknown", "1C 00", "FS:UNDEFINED"},
-    };
-    LogCapture log;
-    expect_summaries(48230, kCases);
-}
-
-TEST(Cat048FlightStatus, DetailGivesCapabilitiesAndStatus) {
-    const auto rows = [](const char *com, const char *stat, const char *mssc, const char *arc, const char *aic,
-                         const char *b1a, const char *b1b) {
-        return std::vector<Row>{{"Bit", "ID", "Item", "Value"},
-                                {"Bit[0-2]", "COM", "COMMUNICATION_CAPABILITY", com},
-                                {"Bit[3-5]", "STAT", "FLIGHT_STATUS", stat},
-                                {"Bit[6-7]", "---", "SPARE", ""},
-                                {"Bit[8]", "MSSC", "MODE-S_CAPABILITY", mssc},
-                                {"Bit[9]", "ARC", "ALTITUDE_REPORTING_CAPABILITY", arc},
-                                {"Bit[10]", "AIC", "ACID_CAPABILITY", aic},
-                                {"Bit[11]", "B1A", "BDS10_BIT16", b1a},
-                                {"Bit[12-15]", "B1B", "BDS10_BIT37-40", b1b}};
-    };
-    expect_detail_rows(48230, "27 AA", rows("COMM-A COMM-B", "GND", "1", "100FT", "1", "00000000", "00001010"));
-    expect_detail_rows(48230, "80 55", rows("LEVEL_5", "AIR", "0", "25FT", "0", "00000001", "00000101"));
+TEST(Cat048FlightStatus, ViewsGiveCapabilitiesAndStatus) {
+    expect_table(48230, "27 AA",
+                 "Bit|ID|Item|Value; Bit[0-2]|COM|COMMUNICATION_CAPABILITY|COMM-A COMM-B; "
+                 "Bit[3-5]|STAT|FLIGHT_STATUS|GND; Bit[6-7]|---|SPARE|; Bit[8]|MSSC|MODE-S_CAPABILITY|1; "
+                 "Bit[9]|ARC|ALTITUDE_REPORTING_CAPABILITY|100FT; Bit[10]|AIC|ACID_CAPABILITY|1; "
+                 "Bit[11]|B1A|BDS10_BIT16|00000000; Bit[12-15]|B1B|BDS10_BIT37-40|00001010");
+    expect_values(48230, "80 55 = LEVEL_5|AIR||0|25FT|0|00000001|00000101");
 }
 
 TEST(Cat048FlightStatus, ReportsWhatIsUndefinedAndStaysValid) {
-    constexpr char kCapability[] = "I048/230: Communication Capability Undefined.";
-    constexpr char kStatus[] = "I048/230: Flight Status Undefined.";
+    const LogLine capability{2, "I048/230: Communication Capability Undefined."};
+    const LogLine status{2, "I048/230: Flight Status Undefined."};
     LogCapture log;
-    const struct {
-        const char *octets;
-        LogLines lines;
-    } cases[] = {
-        {"94 00", {}},
-        {"A0 00", {{2, kCapability}}},
-        {"18 00", {{2, kStatus}}},
-        {"FC 00", {{2, kCapability}, {2, kStatus}}},
-    };
-    for (const auto &one : cases) {
-        EXPECT_TRUE(ast_dataitem_048_230_decode(Item(48230, one.octets)).valid) << one.octets;
-        EXPECT_EQ(log.take(), one.lines) << one.octets;
+    const std::pair<const char *, LogLines> cases[] = {
+        {"94 00", {}}, {"A0 00", {capability}}, {"18 00", {status}}, {"FC 00", {capability, status}}};
+    for (const auto &[hex, lines] : cases) {
+        EXPECT_TRUE(ast_dataitem_048_230_decode(Item(48230, hex)).valid) << hex;
+        EXPECT_EQ(log.take(), lines) << hex;
     }
+    expect_summaries(48230, "04 00 = FS:GND; 14 00 = FS:SPI; 18 00 = FS:UNDEFINED; 1C 00 = FS:UNDEFINED");
 }
 
 // ---- I048/260 ACAS Resolution Advisory Report ----
@@ -441,9 +244,7 @@ TEST(Cat048AcasAdvisory, IsRegister30) {
     const auto advisory = ast_dataitem_048_260_decode(item);
     const std::string fields = text_from(ast_bds_30_get_detail_html, &advisory.bds);
     const std::string detail = detail_of(48260, kOctets);
-    EXPECT_TRUE(
-        detail.starts_with("<h4>BDS 3,0 - TCAS/ACAS Active Resolution Advisory</h4><table class=\"bin_table\">"))
-        << detail;
+    EXPECT_EQ(detail.find("<h4>BDS 3,0 - TCAS/ACAS Active Resolution Advisory</h4><table class=\"bin_table\">"), 0U);
     EXPECT_NE(detail.find("Octet 7 - 00"), detail.npos);
     EXPECT_GT(rows_of(fields).size(), 1U);
     EXPECT_TRUE(detail.ends_with("</table><p></p>" + fields)) << detail;
@@ -508,12 +309,11 @@ TEST(Cat048Items, TakeTheirTypeAndSizeOnly) {
 
 TEST(Cat048Items, ReadAsTheirDefaultsWhenTheyAreNotTaken) {
     const auto report = ast_dataitem_048_020_decode(nullptr);
-    EXPECT_EQ(report.rdp, 1U);
-    EXPECT_EQ(report.foe_fri, 0U);
-    EXPECT_EQ(ast_dataitem_048_170_decode(nullptr).rad, 3U);
-    EXPECT_EQ(ast_dataitem_048_170_decode(nullptr).cdm, 3U);
-    EXPECT_EQ(ast_dataitem_048_230_decode(nullptr).com, 7U);
-    EXPECT_EQ(ast_dataitem_048_230_decode(nullptr).stat, 8U);
+    EXPECT_TRUE(report.rdp == 1 && report.foe_fri == 0);
+    const auto track = ast_dataitem_048_170_decode(nullptr);
+    EXPECT_TRUE(track.rad == 3 && track.cdm == 3);
+    const auto status = ast_dataitem_048_230_decode(nullptr);
+    EXPECT_TRUE(status.com == 7 && status.stat == 8);
 }
 
 TEST(Cat048Items, EncodersNeedRoomAndAValue) {
@@ -543,28 +343,27 @@ TEST(Cat048Items, OnlySomeHaveEncoders) {
 
 // ---- Accessors ----
 
+// A quantity, or what it reads as when it is not valid.
+std::string text_of(const ast_quantity_t &quantity) {
+    return (quantity.valid ? "" : "no ") + std::to_string(static_cast<int>(quantity.value));
+}
+
 TEST(Cat048Accessors, FlightLevelComesFromModeCOrElseFromThe3dHeight) {
     const struct {
         const char *name;
         std::initializer_list<Content> items;
-        bool valid;
-        double feet;
+        const char *feet;
     } cases[] = {
-        {"Mode C", {{48090, "01 90"}}, true, 10000},
-        {"neither validated nor clear", {{48090, "C1 90"}}, true, 10000},
-        {"below zero", {{48090, "3F FF"}}, true, -25},
-        {"height", {{48110, "00 28"}}, true, 1000},
-        {"meant: height as magnitude less 8191", {{48110, "20 00"}}, true, -204775},
-        {"Mode C before height, wherever it stands", {{48110, "00 28"}, {48090, "01 90"}}, true, 10000},
-        {"height for a Mode C that does not decode", {{48090, "01"}, {48110, "00 28"}}, true, 1000},
-        {"height one octet short", {{48110, "00"}}, false, 0},
-        {"neither", {{48070, "0F FF"}}, false, 0},
+        {"Mode C, neither validated nor clear", {{48090, "C1 90"}}, "10000"},
+        {"below zero", {{48090, "3F FF"}}, "-25"},
+        {"meant: height as magnitude less 8191", {{48110, "20 00"}}, "-204775"},
+        {"Mode C before height, wherever it stands", {{48110, "00 28"}, {48090, "01 90"}}, "10000"},
+        {"height for a Mode C that does not decode", {{48090, "01"}, {48110, "00 28"}}, "1000"},
+        {"height one octet short", {{48110, "00"}}, "no 0"},
+        {"neither", {{48070, "0F FF"}}, "no 0"},
     };
-    for (const auto &one : cases) {
-        const auto level = ast_datarecord_048_get_flightlevel(Record(48, one.items));
-        EXPECT_EQ(level.valid, one.valid) << one.name;
-        EXPECT_EQ(level.value, one.feet) << one.name;
-    }
+    for (const auto &one : cases)
+        EXPECT_EQ(text_of(ast_datarecord_048_get_flightlevel(Record(48, one.items))), one.feet) << one.name;
 }
 
 // Registers of Mode S MB data: seven octets and the register's number.
@@ -578,51 +377,36 @@ TEST(Cat048Accessors, FlightLevelComesFromModeCOrElseFromThe3dHeight) {
 #define BDS_60_270 "E0 00 00 00 00 00 00 60"
 
 TEST(Cat048Accessors, SelectedAltitudeIsThatOfTheFirstRegister40) {
-    constexpr struct {
-        const char *name;
-        const char *octets;
-        bool valid;
-        double feet;
-    } kCases[] = {
-        {"FMS before MCP/FCU", "01 " BDS_40_BOTH, true, 24000},
-        {"MCP/FCU", "01 " BDS_40_MCP, true, 16000},
-        {"neither", "01 " BDS_40_NONE, false, 0},
-        {"the first one decides", "02 " BDS_40_NONE " " BDS_40_BOTH, false, 0},
-        {"behind other registers", "03 " BDS_60_90 " " BDS_40_MCP " " BDS_40_BOTH, true, 16000},
-        {"no register 4,0", "01 " BDS_60_90, false, 0},
-        {"one octet short", "02 " BDS_40_BOTH " A0 00 00 00 00 00 00", false, 0},
-    };
-    for (const auto &one : kCases) {
-        const auto altitude = ast_datarecord_048_get_selaltitude(Record(48, {{48250, one.octets}}));
-        EXPECT_EQ(altitude.valid, one.valid) << one.name;
-        EXPECT_EQ(altitude.value, one.feet) << one.name;
-    }
+    each_case("01 " BDS_40_BOTH " = 24000; 01 " BDS_40_MCP " = 16000; 01 " BDS_40_NONE " = no 0; "
+              "02 " BDS_40_NONE " " BDS_40_BOTH " = no 0; " // the first one decides
+              "03 " BDS_60_90 " " BDS_40_MCP " " BDS_40_BOTH " = 16000; 01 " BDS_60_90 " = no 0; "
+              "02 " BDS_40_BOTH " A0 00 00 00 00 00 00 = no 0", // one octet short
+              [](const std::string &hex, const std::string &feet) {
+                  EXPECT_EQ(text_of(ast_datarecord_048_get_selaltitude(Record(48, {{48250, hex}}))), feet) << hex;
+              });
     EXPECT_FALSE(ast_datarecord_048_get_selaltitude(Record(48, {})).valid);
 }
 
 TEST(Cat048Accessors, HeadingIsThatOfTheLastRegisters) {
     constexpr struct {
-        const char *name;
         const char *octets;
         double magnetic; // -1: not valid
         double track;
     } kCases[] = {
-        {"magnetic", "01 " BDS_60_90, 90, -1},
-        {"magnetic, sign set", "01 " BDS_60_270, 270, -1},
-        {"track", "01 " BDS_50_45, -1, 45},
-        {"both", "02 " BDS_50_315 " " BDS_60_90, 90, 315},
-        {"later ones stay", "04 " BDS_60_90 " " BDS_50_45 " " BDS_60_270 " " BDS_50_315, 270, 315},
-        {"one without its status changes nothing", "02 " BDS_50_45 " " BDS_50_NONE, -1, 45},
-        {"other registers", "01 " BDS_40_BOTH, -1, -1},
-        {"no register", "00", -1, -1},
+        {"01 " BDS_60_90, 90, -1},
+        {"02 " BDS_50_315 " " BDS_60_90, 90, 315},
+        {"04 " BDS_60_90 " " BDS_50_45 " " BDS_60_270 " " BDS_50_315, 270, 315},
+        {"02 " BDS_50_45 " " BDS_50_NONE, -1, 45}, // one without its status changes nothing
+        {"01 " BDS_40_BOTH, -1, -1},
+        {"00", -1, -1},
     };
     for (const auto &one : kCases) {
         const auto heading = ast_datarecord_048_get_heading(Record(48, {{48250, one.octets}}));
-        EXPECT_EQ(heading.magnetic.valid, one.magnetic >= 0) << one.name;
-        EXPECT_EQ(heading.magnetic.value, one.magnetic) << one.name;
-        EXPECT_EQ(heading.track.valid, one.track >= 0) << one.name;
-        EXPECT_EQ(heading.track.value, one.track) << one.name;
-        EXPECT_EQ(heading.valid, heading.magnetic.valid || heading.track.valid) << one.name;
+        EXPECT_EQ(heading.magnetic.valid, one.magnetic >= 0) << one.octets;
+        EXPECT_EQ(heading.magnetic.value, one.magnetic) << one.octets;
+        EXPECT_EQ(heading.track.valid, one.track >= 0) << one.octets;
+        EXPECT_EQ(heading.track.value, one.track) << one.octets;
+        EXPECT_EQ(heading.valid, heading.magnetic.valid || heading.track.valid) << one.octets;
     }
 }
 
@@ -633,17 +417,14 @@ TEST(Cat048Accessors, TheFirstItemOfATypeCounts) {
     EXPECT_FALSE(ast_datarecord_048_get_sacsic(Record(48, {{48010, "19"}, {48010, "01 02"}})).valid);
 }
 
-TEST(Cat048Accessors, CallsignKeepsItsBlanks) {
-    EXPECT_STREQ(ast_datarecord_048_get_callsign(Record(48, {{48240, "04 28 31 CB 38 20"}})).text, "AB 123  ");
-}
-
 TEST(Cat048Accessors, MessageTypeTellsTracksFromPlots) {
-    Record record(48, {{48161, "01 23"}});
+    Record record(48, {{48161, "01 23"}, {48240, "04 28 31 CB 38 20"}});
     EXPECT_EQ(ast_datarecord_048_get_msgtype(record).value, 4U);
+    EXPECT_STREQ(ast_datarecord_048_get_callsign(record).text, "AB 123  ") << "with its blanks";
     record->valid = false;
     EXPECT_FALSE(ast_datarecord_048_get_msgtype(record).valid);
-    EXPECT_TRUE(ast_datarecord_048_get_msgtype(Record(48, {})).valid);
-    EXPECT_EQ(ast_datarecord_048_get_msgtype(Record(48, {})).value, 3U);
+    const auto plot = ast_datarecord_048_get_msgtype(Record(48, {}));
+    EXPECT_TRUE(plot.valid && plot.value == 3);
 }
 
 // ---- Flat records ----
@@ -659,8 +440,10 @@ constexpr char kFullRecord[] = "FF FF FF A6 "
 constexpr char kAssembled[] = "FD D5 01 20 19 0C 58 78 40 41 80 00 80 40 00 2F 77 01 90 "
                               "3C 65 AC 2C C3 71 82 08 20 01 23 04 00 40 00 8F FF";
 
-ast_datarecord_t decoded(const std::vector<uint8_t> &data) {
-    return ast_datarecord_decode(data.data(), data.size(), 48, AST_UAP_STANDARD);
+ast_datarecord_048_t disassembled(const std::vector<uint8_t> &data) {
+    const auto record = ast_datarecord_decode(data.data(), data.size(), 48, AST_UAP_STANDARD);
+    EXPECT_TRUE(record.valid);
+    return ast_datarecord_048_disassemble(&record);
 }
 
 std::vector<uint8_t> assembled(ast_datarecord_048_t &flat) {
@@ -671,13 +454,9 @@ std::vector<uint8_t> assembled(ast_datarecord_048_t &flat) {
     return buffer;
 }
 
-TEST(Cat048Flat, DisassemblesEveryMember) {
-    const auto data = octets(kFullRecord);
-    const auto record = decoded(data);
-    ASSERT_TRUE(record.valid);
-    ASSERT_EQ(record.item_count, 25U);
+TEST(Cat048Flat, TakesEveryMemberApartAndPutsElevenBack) {
     LogCapture log;
-    const auto flat = ast_datarecord_048_disassemble(&record);
+    auto flat = disassembled(octets(kFullRecord));
     EXPECT_EQ(log.take(), (LogLines{{0, "Failed to disassemble dataitem I048/210."},
                                     {0, "Failed to disassemble dataitem I048/120."},
                                     {0, "Failed to disassemble dataitem I048/SPF."},
@@ -706,18 +485,10 @@ TEST(Cat048Flat, DisassemblesEveryMember) {
     EXPECT_STREQ(flat.aircraft_id.text, "KLM1    ");
     EXPECT_TRUE(flat.modes_mb.valid && flat.modes_mb.count == 1 && flat.modes_mb.registers[0].bds == 0x40);
     EXPECT_TRUE(flat.acas_advisory.valid && flat.acas_advisory.bds.bds == 0x30);
-}
 
-TEST(Cat048Flat, AssemblesElevenItemsThatComeBackTheSame) {
-    const auto data = octets(kFullRecord);
-    const auto record = decoded(data);
-    LogCapture log;
-    auto flat = ast_datarecord_048_disassemble(&record);
-    const auto once = assembled(flat);
-    EXPECT_EQ(once, octets(kAssembled));
-    const auto again = decoded(once);
-    auto second = ast_datarecord_048_disassemble(&again);
-    EXPECT_EQ(assembled(second), once);
+    EXPECT_EQ(assembled(flat), octets(kAssembled));
+    auto again = disassembled(octets(kAssembled));
+    EXPECT_EQ(assembled(again), octets(kAssembled));
 }
 
 TEST(Cat048Flat, AssemblesWhatIsValidAndStoresRawValuesBack) {
@@ -746,11 +517,11 @@ TEST(Cat048Flat, AssemblesNothingFromNothing) {
 }
 
 TEST(Cat048Flat, TakesValidRecordsOfItsCategoryOnly) {
-    Record not_valid(48, {{48010, "19 0C"}});
-    not_valid->valid = false;
-    for (const ast_datarecord_t *record :
-         {static_cast<const ast_datarecord_t *>(nullptr), static_cast<const ast_datarecord_t *>(not_valid)}) {
-        const auto flat = ast_datarecord_048_disassemble(record);
+    Record record(48, {{48010, "19 0C"}, {48010, "01 02"}});
+    EXPECT_EQ(ast_datarecord_048_disassemble(record).data_source.sac, 1U) << "the last item of a type stays";
+    record->valid = false;
+    for (const ast_datarecord_t *none : {static_cast<const ast_datarecord_t *>(record), {}}) {
+        const auto flat = ast_datarecord_048_disassemble(none);
         EXPECT_FALSE(flat.valid || flat.data_source.valid);
     }
     EXPECT_FALSE(ast_datarecord_048_disassemble(Record(34, {{48010, "19 0C"}})).valid);
@@ -758,10 +529,8 @@ TEST(Cat048Flat, TakesValidRecordsOfItsCategoryOnly) {
 
 TEST(Cat048Flat, WhatIsAbsentIsZeroWhatDoesNotDecodeIsItsDefault) {
     const auto absent = ast_datarecord_048_disassemble(Record(48, {}));
-    EXPECT_TRUE(absent.valid);
-    EXPECT_EQ(absent.target_report.rdp, 0U);
-    EXPECT_EQ(absent.track_status.rad, 0U);
-    EXPECT_EQ(absent.comm_and_flight_status.stat, 0U);
+    EXPECT_TRUE(absent.valid && absent.target_report.rdp == 0 && absent.track_status.rad == 0 &&
+                absent.comm_and_flight_status.stat == 0);
     Record broken(48, {{48020, "40"}, {48170, "00"}, {48040, "00 80 40"}});
     broken->items[0].valid = broken->items[1].valid = false;
     const auto flat = ast_datarecord_048_disassemble(broken);
@@ -769,10 +538,6 @@ TEST(Cat048Flat, WhatIsAbsentIsZeroWhatDoesNotDecodeIsItsDefault) {
     EXPECT_TRUE(!flat.target_report.valid && flat.target_report.rdp == 1);
     EXPECT_TRUE(!flat.track_status.valid && flat.track_status.rad == 3 && flat.track_status.cdm == 3);
     EXPECT_TRUE(!flat.polar_position.valid && flat.polar_position.rho_raw == 0);
-}
-
-TEST(Cat048Flat, TheLastItemOfATypeStays) {
-    EXPECT_EQ(ast_datarecord_048_disassemble(Record(48, {{48010, "19 0C"}, {48010, "01 02"}})).data_source.sac, 1U);
 }
 
 } // namespace

@@ -14,16 +14,8 @@ constexpr ast_dataitem_type_t kTargetId = 62245;
 // "KLM1234 ": 001011 001100 001101 110001 110010 110011 110100 100000
 #define KLM1234 "2C C3 71 CB 3D 20"
 
-TEST(DataSource, SummaryGivesSacAndSic) {
-    constexpr SummaryCase kCases[] = {
-        {"lowest", "00 00", "SAC:000 SIC:000"},
-        {"one each", "19 0C", "SAC:025 SIC:012"},
-        {"highest", "FF FF", "SAC:255 SIC:255"},
-    };
-    expect_summaries(kDataSource, kCases);
-}
-
-TEST(DataSource, EncodesWhatFitsAnOctet) {
+TEST(DataSource, TakesAnOctetEach) {
+    expect_summaries(kDataSource, "00 00 = SAC:000 SIC:000; 19 0C = SAC:025 SIC:012; FF FF = SAC:255 SIC:255");
     constexpr EncodeCase<ast_sac_sic_t> kCases[] = {
         {"both", {.valid = true, .sac = 25, .sic = 255}, "19 FF"},
         {"SAC too high", {.valid = true, .sac = 256, .sic = 0}, nullptr},
@@ -32,14 +24,9 @@ TEST(DataSource, EncodesWhatFitsAnOctet) {
     expect_encodes(kDataSource, kCases);
 }
 
-TEST(SingleOctets, SummaryGivesTheNumber) {
-    constexpr SummaryCase kServices[] = {{"lowest", "00", "SVC_ID:000"}, {"highest", "FF", "SVC_ID:255"}};
-    constexpr SummaryCase kAmplitudes[] = {{"lowest", "00", "AMP:0"}, {"unsigned", "FF", "AMP:255"}};
-    expect_summaries(kService, kServices);
-    expect_summaries(kAmplitude, kAmplitudes);
-}
-
-TEST(SingleOctets, EncodeWhatFits) {
+TEST(SingleOctets, TakeWhatFits) {
+    expect_summaries(kService, "00 = SVC_ID:000; FF = SVC_ID:255");
+    expect_summaries(kAmplitude, "00 = AMP:0; FF = AMP:255");
     constexpr EncodeCase<ast_uint_value_t> kCases[] = {
         {"highest", {.valid = true, .value = 255}, "FF"},
         {"too high", {.valid = true, .value = 256}, nullptr},
@@ -49,35 +36,18 @@ TEST(SingleOctets, EncodeWhatFits) {
 }
 
 TEST(TrackNumber, TakesSixteenBitsInFiveItemsAndTwelveInTheOthers) {
-    struct {
-        ast_dataitem_type_t type;
-        const char *summary;
-        const char *encoded;
-    } constexpr kCases[] =
-        {
-            {1161, "TRACK_NUM:61731", "F1 23"},  {4030, "TRACK_NUM:61731", "F1 23"},
-            {4035, "TRACK_NUM:61731", "F1 23"},  {10161, "TRACK_NUM:0291", "01 23"},
-            {15161, "TRACK_NUM:61731", "01 23"}, // meant: read in 16 bits, written in 12
-            {20161, "TRACK_NUM:0291", "01 23"},  {21161, "TRACK_NUM:0291", "01 23"},
-            {48161, "TRACK_NUM:0291", "01 23"},  {62040, "TRACK_NUM:61731", "F1 23"},
-        };
-    for (const auto &one : kCases) {
-        EXPECT_EQ(summary_of(one.type, "F1 23"), one.summary) << one.type;
+    constexpr ast_dataitem_type_t kLong[] = {1161, 4030, 4035, 62040, 15161};
+    for (const ast_dataitem_type_t type : {1161U, 4030U, 4035U, 62040U, 15161U, 10161U, 20161U, 21161U, 48161U}) {
+        const bool is_long = std::find(std::begin(kLong), std::end(kLong), type) != std::end(kLong);
+        EXPECT_EQ(summary_of(type, "F1 23"), is_long ? "TRACK_NUM:61731" : "TRACK_NUM:0291") << type;
         ast_uint_value_t number{.valid = true, .value = 0xF123};
-        expect_encodes("track number", one.type, &number, one.encoded);
+        const bool is_written_long = is_long && type != 15161; // meant: read in 16 bits, written in 12
+        expect_encodes("track number", type, &number, is_written_long ? "F1 23" : "01 23");
     }
 }
 
-TEST(TargetAddress, SummaryGivesSixDigits) {
-    constexpr SummaryCase kCases[] = {
-        {"none", "00 00 00", "ADDR:000000"},
-        {"one", "3C 65 AC", "ADDR:3C65AC"},
-        {"highest", "FF FF FF", "ADDR:FFFFFF"},
-    };
-    expect_summaries(kAddress, kCases);
-}
-
 TEST(TargetAddress, EncoderStoresTheOctetsBackAndRefusesAddressZero) {
+    expect_summaries(kAddress, "00 00 00 = ADDR:000000; 3C 65 AC = ADDR:3C65AC; FF FF FF = ADDR:FFFFFF");
     ast_target_address_t target{.valid = true, .octets = {9, 9, 9}, .address = 0x3C65AC};
     expect_encodes("one", kAddress, &target, "3C 65 AC");
     EXPECT_EQ(target.octets[0], 0x3C);
@@ -87,14 +57,13 @@ TEST(TargetAddress, EncoderStoresTheOctetsBackAndRefusesAddressZero) {
     EXPECT_EQ(target.octets[0], 0x3C);
 }
 
-TEST(AircraftId, SummaryGivesTheCharacters) {
-    constexpr SummaryCase kCases[] = {
-        {"a trailing blank is kept", KLM1234, "ACID:KLM1234 "},
-        {"a code without a character ends the text", "2C C3 40 CB 3D 20", "ACID:KLM"},
-        {"no character at all", "00 00 00 00 00 00", "ACID:"},
-        {"codes beyond the digits", "FF FF FF FF FF FF", "ACID:"},
-    };
-    expect_summaries(kAircraftId, kCases);
+TEST(AircraftId, ViewsGiveTheCharacters) {
+    expect_summaries(kAircraftId, KLM1234 " = ACID:KLM1234 ; 2C C3 40 CB 3D 20 = ACID:KLM; " // no character, no more
+                                          "00 00 00 00 00 00 = ACID:; FF FF FF FF FF FF = ACID:");
+    expect_table(kAircraftId, KLM1234,
+                 "Bit|Item|Value; Bit[0-5]|CHAR_1|K; Bit[6-11]|CHAR_2|L; Bit[12-17]|CHAR_3|M; Bit[18-23]|CHAR_4|1; "
+                 "Bit[24-29]|CHAR_5|2; Bit[30-25]|CHAR_6|3; " // meant: this label counts backwards
+                 "Bit[36-41]|CHAR_7|4; Bit[42-47]|CHAR_8| ");
 }
 
 TEST(AircraftId, EncoderFillsWithBlanks) {
@@ -107,57 +76,28 @@ TEST(AircraftId, EncoderFillsWithBlanks) {
     expect_encodes(kAircraftId, kCases);
 }
 
-TEST(AircraftId, DetailGivesOneRowPerCharacter) {
-    expect_detail_rows(kAircraftId, KLM1234,
-                       {{"Bit", "Item", "Value"},
-                        {"Bit[0-5]", "CHAR_1", "K"},
-                        {"Bit[6-11]", "CHAR_2", "L"},
-                        {"Bit[12-17]", "CHAR_3", "M"},
-                        {"Bit[18-23]", "CHAR_4", "1"},
-                        {"Bit[24-29]", "CHAR_5", "2"},
-                        {"Bit[30-25]", "CHAR_6", "3"}, // meant: this label counts backwards
-                        {"Bit[36-41]", "CHAR_7", "4"},
-                        {"Bit[42-47]", "CHAR_8", " "}});
-}
-
-TEST(TargetId, SummaryIsLedByTheSource) {
-    constexpr SummaryCase kCases[] = {
-        {"not from the target", "00 " KLM1234, "TARGET_ID:KLM1234 "},
-        {"spare bits", "3F " KLM1234, "TARGET_ID:KLM1234 "},
-        {"registration", "40 " KLM1234, "REGISTRATION:KLM1234 "},
-        {"callsign", "80 " KLM1234, "CALLSIGN:KLM1234 "},
-        {"undefined: a fixed text", "C0 " KLM1234, "TARGET_ID:UNDIFINED"},
-    };
-    expect_summaries(kTargetId, kCases);
+TEST(TargetId, ViewsAreLedByTheSource) {
+    expect_summaries(kTargetId, "00 " KLM1234 " = TARGET_ID:KLM1234 ; 3F " KLM1234 " = TARGET_ID:KLM1234 ; "
+                                "40 " KLM1234 " = REGISTRATION:KLM1234 ; 80 " KLM1234 " = CALLSIGN:KLM1234 ; "
+                                "C0 " KLM1234 " = TARGET_ID:UNDIFINED"); // meant: a fixed text
     EXPECT_EQ(ast_dataitem_target_id_decode(nullptr).sti, 3U);
-}
-
-TEST(TargetId, DetailNamesTheSource) {
-    constexpr std::pair<const char *, const char *> kKinds[] = {
-        {"00", "CALLSIGN_OR_REGISTRATION"}, {"40", "REGISTRATION"}, {"80", "CALLSIGN"}, {"C0", "UNDIFINED"}};
-    for (const auto &[octet, kind] : kKinds)
-        expect_detail_rows(kTargetId, std::string(octet) + " 2C C3 40 00 00 00",
-                           {{"Bit", "Item", "Value"},
-                            {"Bit[0-1]", "TARGET_ID_TYPE", kind},
-                            {"Bit[2-7]", "SPARE", "0"},
-                            {"Bit[8-13]", "CHAR_1", "K"},
-                            {"Bit[14-19]", "CHAR_2", "L"},
-                            {"Bit[20-25]", "CHAR_3", "M"},
-                            {"Bit[26-31]", "CHAR_4", ""},
-                            {"Bit[32-37]", "CHAR_5", ""},
-                            {"Bit[38-43]", "CHAR_6", ""},
-                            {"Bit[44-49]", "CHAR_7", ""},
-                            {"Bit[50-55]", "CHAR_8", ""}});
+    expect_table(kTargetId, "00 2C C3 40 00 00 00",
+                 "Bit|Item|Value; Bit[0-1]|TARGET_ID_TYPE|CALLSIGN_OR_REGISTRATION; Bit[2-7]|SPARE|0; "
+                 "Bit[8-13]|CHAR_1|K; Bit[14-19]|CHAR_2|L; Bit[20-25]|CHAR_3|M; Bit[26-31]|CHAR_4|; "
+                 "Bit[32-37]|CHAR_5|; Bit[38-43]|CHAR_6|; Bit[44-49]|CHAR_7|; Bit[50-55]|CHAR_8|");
+    expect_values(kTargetId,
+                  "40 " KLM1234 " = REGISTRATION|0|K|L|M|1|2|3|4| ; "
+                  "80 " KLM1234 " = CALLSIGN|0|K|L|M|1|2|3|4| ; C0 " KLM1234 " = UNDIFINED|0|K|L|M|1|2|3|4| ");
 }
 
 // ---- Lookups ----
 
-const Row kAreaHeader = {"Octet", "Name", "Hex", "Dec", "Region", "Country"};
-const Row kSensorHeader = {"Octet",  "Name", "Hex",          "Dec",   "Country",
-                           "System", "Type", "Manufacturer", "Model", "Description"};
-const Row kUnknownArea = {"Octet[1]", "SAC", "0x19", "025", "Unknown Region", "Unknown Country"};
-const Row kUnknownSensor = {"Octet[2]", "SIC",     "0x0C",    "012",     "Unknown",
-                            "Unknown",  "Unknown", "Unknown", "Unknown", "Unknown System"};
+constexpr char kAreaHeader[] = "Octet|Name|Hex|Dec|Region|Country";
+constexpr char kSensorHeader[] = "Octet|Name|Hex|Dec|Country|System|Type|Manufacturer|Model|Description";
+constexpr char kUnknownArea[] = "Octet[1]|SAC|0x19|025|Unknown Region|Unknown Country";
+constexpr char kUnknownSensor[] = "Octet[2]|SIC|0x0C|012|Unknown|Unknown|Unknown|Unknown|Unknown|Unknown System";
+using Rows = std::vector<std::string>;
+const Rows kUnknown = {kAreaHeader, kUnknownArea, kSensorHeader, kUnknownSensor};
 
 const std::string kLong(300, 'x');
 
@@ -170,18 +110,14 @@ protected:
         ast_reg_callback_get_national_flag(nullptr);
     }
 
-    static std::vector<Row> data_source_rows() { return rows_of(detail_of(kDataSource, "19 0C")); }
+    static Rows data_source_rows() { return rows_of(detail_of(kDataSource, "19 0C")); }
 };
 
 TEST_F(Lookups, UnknownWithoutThem) {
-    const std::vector<Row> expected = {kAreaHeader, kUnknownArea, kSensorHeader, kUnknownSensor};
-    EXPECT_EQ(data_source_rows(), expected);
+    EXPECT_EQ(data_source_rows(), kUnknown);
     const std::string view = detail_of(kDataSource, "19 0C");
-    const size_t area = view.find("<h4>System Area Code (SAC)</h4>");
-    const size_t sensor = view.find("<h4>System Identification Code (SIC)</h4>");
-    EXPECT_EQ(area, 0U);
-    EXPECT_LT(area, sensor);
-    EXPECT_NE(sensor, view.npos);
+    EXPECT_EQ(view.find("<h4>System Area Code (SAC)</h4>"), 0U);
+    EXPECT_NE(view.find("<h4>System Identification Code (SIC)</h4>"), view.npos);
     EXPECT_EQ(detail_of(kAddress, "3C 65 AC"), "");
 }
 
@@ -197,25 +133,17 @@ TEST_F(Lookups, OnlyValidEntriesAreShown) {
         EXPECT_EQ(sac, 25U);
         EXPECT_EQ(sic, 12U);
         result->count = 2;
-        result->entries[0] = {.valid = true,
-                              .system = "Tower",
-                              .country_code = "DE",
-                              .country = "Germany",
-                              .type = "PSR",
-                              .manufacturer = "Maker",
-                              .model = "M1",
-                              .description = "North"};
+        ast_sensor_t &tower = result->entries[0];
+        tower = {.valid = true, .system = "Tower", .country_code = "DE", .country = "Germany", .type = "PSR"};
+        tower.manufacturer = "Maker";
+        tower.model = "M1";
+        tower.description = "North";
         result->entries[1] = {.valid = true};
     });
-    const std::vector<Row> expected = {
-        kAreaHeader,
-        {"Octet[1]", "SAC", "0x19", "025", "Europe", "Germany [DE]"},
-        {"Octet[1]", "SAC", "0x19", "025", "", " []"},
-        kSensorHeader,
-        {"Octet[2]", "SIC", "0x0C", "012", "Germany [DE]", "Tower", "PSR", "Maker", "M1", "North"},
-        {"Octet[2]", "SIC", "0x0C", "012", " []", "", "", "", "", ""},
-    };
-    EXPECT_EQ(data_source_rows(), expected);
+    EXPECT_EQ(
+        data_source_rows(),
+        (Rows{kAreaHeader, "Octet[1]|SAC|0x19|025|Europe|Germany [DE]", "Octet[1]|SAC|0x19|025|| []", kSensorHeader,
+              "Octet[2]|SIC|0x0C|012|Germany [DE]|Tower|PSR|Maker|M1|North", "Octet[2]|SIC|0x0C|012| []|||||"}));
     TearDown();
     EXPECT_EQ(data_source_rows()[1], kUnknownArea) << "switched off again";
 }
@@ -223,8 +151,7 @@ TEST_F(Lookups, OnlyValidEntriesAreShown) {
 TEST_F(Lookups, WithoutAValidEntryAllIsUnknown) {
     ast_reg_callback_sac_get_info([](ast_sac_info_list_t *, uint32_t) {});
     ast_reg_callback_sacsic_get_sensor([](ast_sensor_list_t *result, uint32_t, uint32_t) { result->count = 10; });
-    const std::vector<Row> expected = {kAreaHeader, kUnknownArea, kSensorHeader, kUnknownSensor};
-    EXPECT_EQ(data_source_rows(), expected);
+    EXPECT_EQ(data_source_rows(), kUnknown);
 }
 
 TEST_F(Lookups, NoMoreEntriesAreReadThanThereIsRoomFor) {
@@ -247,20 +174,14 @@ TEST_F(Lookups, LongTextsAreCut) {
     ast_reg_callback_sacsic_get_sensor([](ast_sensor_list_t *result, uint32_t, uint32_t) {
         const char *const text = kLong.c_str();
         result->count = 1;
-        result->entries[0] = {.valid = true,
-                              .system = text,
-                              .country_code = "XX",
-                              .country = text,
-                              .type = text,
-                              .manufacturer = text,
-                              .model = text,
-                              .description = text};
+        ast_sensor_t &sensor = result->entries[0];
+        sensor = {.valid = true, .system = text, .country_code = "XX", .country = text, .type = text};
+        sensor.manufacturer = sensor.model = sensor.description = text;
     });
-    const auto cut = [](size_t count) { return kLong.substr(0, count); };
-    const Row area = {"Octet[1]", "SAC", "0x19", "025", cut(127), cut(127)};
-    const Row sensor = {"Octet[2]", "SIC", "0x0C", "012", cut(127), cut(127), cut(63), cut(127), cut(127), cut(255)};
-    EXPECT_EQ(data_source_rows()[1], area);
-    EXPECT_EQ(data_source_rows()[3], sensor);
+    const auto cut = [](size_t count) { return "|" + kLong.substr(0, count); };
+    EXPECT_EQ(data_source_rows()[1], "Octet[1]|SAC|0x19|025" + cut(127) + cut(127));
+    EXPECT_EQ(data_source_rows()[3],
+              "Octet[2]|SIC|0x0C|012" + cut(127) + cut(127) + cut(63) + cut(127) + cut(127) + cut(255));
 }
 
 std::string announced_flag;

@@ -4,56 +4,30 @@ using namespace ast_test;
 
 namespace {
 
-const Row kBitHeader = {"Bit", "Item", "Value"};
-
 // ---- Mode 3/A code, Mode 2 code ----
 
-TEST(Mode3a, SummaryNamesTheFlagsByItem) {
-    struct {
-        ast_dataitem_type_t type;
-        SummaryCase one;
-    } constexpr kCases[] = {
-        {48070, {"no code, spare bit", "10 00", "MODE_3/A:0000"}},
-        {48070, {"highest code", "0F FF", "MODE_3/A:7777"}},
-        {48070, {"smoothed", "2F 77", "MODE_3/A:7567 SMOOTHED"}},
-        {48070, {"garbled", "40 01", "MODE_3/A:0001 GARBLED"}},
-        {48070, {"not validated", "80 40", "MODE_3/A:0100 NOT_VALIDATED"}},
-        {1070, {"all flags", "EE 00", "MODE_3/A:7000 NOT_VALIDATED GARBLED SMOOTHED"}},
-        {62060, {"a track's code changes", "EF 77", "MODE_3/A:7567 NOT_VALIDATED GARBLED CHANGED"}},
-        {1050, {"Mode 2", "EF 77", "MODE_2:7567 NOT_VALIDATED GARBLED SMOOTHED"}},
-        {62120, {"a track's Mode 2 code has no flags", "EF 77", "MODE_2:7567"}},
-    };
-    for (const auto &[type, one] : kCases) expect_summaries(type, {&one, 1});
-}
+TEST(Mode3a, ViewsNameTheFlagsByItem) {
+    expect_summaries(48070, "10 00 = MODE_3/A:0000; 0F FF = MODE_3/A:7777; 2F 77 = MODE_3/A:7567 SMOOTHED; "
+                            "40 01 = MODE_3/A:0001 GARBLED; 80 40 = MODE_3/A:0100 NOT_VALIDATED");
+    expect_summaries(1070, "EE 00 = MODE_3/A:7000 NOT_VALIDATED GARBLED SMOOTHED");
+    expect_summaries(62060, "EF 77 = MODE_3/A:7567 NOT_VALIDATED GARBLED CHANGED");
+    expect_summaries(1050, "EF 77 = MODE_2:7567 NOT_VALIDATED GARBLED SMOOTHED");
+    expect_summaries(62120, "EF 77 = MODE_2:7567"); // meant: a track's Mode 2 code has no flags
 
-TEST(Mode3a, DetailShowsFlagsAndDigits) {
-    const std::vector<Row> digits = {{"Bit[4-6]", "CODE-A", "7"},
-                                     {"Bit[7-9]", "CODE-B", "5"},
-                                     {"Bit[10-12]", "CODE-C", "6"},
-                                     {"Bit[13-15]", "CODE-D", "3"}};
-    const auto with_digits = [&](std::vector<Row> rows) {
-        rows.insert(rows.end(), digits.begin(), digits.end());
-        return rows;
-    };
-    const auto flags = [&](const char *third) {
-        return with_digits({kBitHeader,
-                            {"Bit[0]", "NOT_VALIDATED", "1"},
-                            {"Bit[1]", "GARBLED", "0"},
-                            {"Bit[2]", third, "1"},
-                            {"Bit[3]", "SPARE", "0"}});
-    };
-    expect_detail_rows(48070, "AF 73", flags("SMOOTHED"));
-    expect_detail_rows(1050, "AF 73", flags("SMOOTHED"));
-    expect_detail_rows(62060, "AF 73", flags("CHANGED"));
-    expect_detail_rows(62120, "AF 73", with_digits({kBitHeader, {"Bit[0-3]", "SPARE", "0"}})); // meant: no flags
+    const std::string digits = "Bit[4-6]|CODE-A|7; Bit[7-9]|CODE-B|5; Bit[10-12]|CODE-C|6; Bit[13-15]|CODE-D|3";
+    const std::string flags = "Bit|Item|Value; Bit[0]|NOT_VALIDATED|1; Bit[1]|GARBLED|0; Bit[2]|";
+    for (const ast_dataitem_type_t type : {48070U, 1050U})
+        expect_table(type, "AF 73", (flags + "SMOOTHED|1; Bit[3]|SPARE|0; " + digits).c_str());
+    expect_table(62060, "AF 73", (flags + "CHANGED|1; Bit[3]|SPARE|0; " + digits).c_str());
+    expect_table(62120, "AF 73", ("Bit|Item|Value; Bit[0-3]|SPARE|0; " + digits).c_str());
 }
 
 TEST(Mode3a, EncodesEitherThirdFlagAndTwelveBits) {
     constexpr EncodeCase<ast_mode_3a_t> kCases[] = {
         {"smoothed", {.valid = true, .smoothed = true, .code = 07567}, "2F 77"},
         {"changed", {.valid = true, .changed = true, .code = 07567}, "2F 77"},
-        {"not validated", {.valid = true, .not_validated = true}, "80 00"},
-        {"garbled", {.valid = true, .garbled = true, .code = 1}, "40 01"},
+        {"the others", {.valid = true, .not_validated = true, .code = 1}, "80 01"},
+        {"garbled", {.valid = true, .garbled = true}, "40 00"},
         {"bits above twelve are dropped", {.valid = true, .code = 0x7FFFF123}, "01 23"},
         {"negative when taken as signed", {.valid = true, .code = 0x80000000}, nullptr},
     };
@@ -62,73 +36,38 @@ TEST(Mode3a, EncodesEitherThirdFlagAndTwelveBits) {
 
 // ---- Mode 3/A code confidence ----
 
-TEST(Mode3aConfidence, SummaryLowersTheDigitOfALowPulse) {
-    constexpr SummaryCase kCases[] = {
-        {"all good", "00 00", "QTY:ABCD"}, {"unused bits", "F0 00", "QTY:ABCD"}, {"all low", "0F FF", "QTY:abcd"},
-        {"A4", "08 00", "QTY:aBCD"},       {"A1", "02 00", "QTY:aBCD"},          {"B4", "01 00", "QTY:AbCD"},
-        {"B1", "00 40", "QTY:AbCD"},       {"C4", "00 20", "QTY:ABcD"},          {"C1", "00 08", "QTY:ABcD"},
-        {"D4", "00 04", "QTY:ABCd"},       {"D1", "00 01", "QTY:ABCd"},
-    };
-    expect_summaries(48080, kCases);
-}
-
-TEST(Mode3aConfidence, DetailListsThePulses) {
-    expect_detail_rows(1080, "F9 01",
-                       {kBitHeader,
-                        {"Bit[1-4]", "UNUSED", "---"},
-                        {"Bit[5]", "QA4", "LOW"},
-                        {"Bit[6]", "QA2", "---"},
-                        {"Bit[7]", "QA1", "---"},
-                        {"Bit[8]", "QB4", "LOW"},
-                        {"Bit[9]", "QB2", "---"},
-                        {"Bit[10]", "QB1", "---"},
-                        {"Bit[11]", "QC4", "---"},
-                        {"Bit[12]", "QC2", "---"},
-                        {"Bit[13]", "QC1", "---"},
-                        {"Bit[14]", "QD4", "---"},
-                        {"Bit[15]", "QD2", "---"},
-                        {"Bit[16]", "QD1", "LOW"}});
+TEST(Mode3aConfidence, ViewsTellLowPulses) {
+    expect_summaries(48080, "00 00 = QTY:ABCD; F0 00 = QTY:ABCD; 0F FF = QTY:abcd; 08 00 = QTY:aBCD; 02 00 = QTY:aBCD; "
+                            "01 00 = QTY:AbCD; 00 40 = QTY:AbCD; 00 20 = QTY:ABcD; 00 08 = QTY:ABcD; 00 04 = QTY:ABCd; "
+                            "00 01 = QTY:ABCd");
+    expect_table(1080, "F9 01",
+                 "Bit|Item|Value; Bit[1-4]|UNUSED|---; Bit[5]|QA4|LOW; Bit[6]|QA2|---; Bit[7]|QA1|---; Bit[8]|QB4|LOW; "
+                 "Bit[9]|QB2|---; Bit[10]|QB1|---; Bit[11]|QC4|---; Bit[12]|QC2|---; Bit[13]|QC1|---; "
+                 "Bit[14]|QD4|---; Bit[15]|QD2|---; Bit[16]|QD1|LOW");
 }
 
 TEST(Mode3aConfidence, EncodesThePulsesInTheirOrder) {
     ast_mode_3a_confidence_t confidence{.valid = true};
-    confidence.low_quality[AST_PULSE_A4] = true;
-    confidence.low_quality[AST_PULSE_C4] = true;
-    confidence.low_quality[AST_PULSE_D1] = true;
+    for (const auto pulse : {AST_PULSE_A4, AST_PULSE_C4, AST_PULSE_D1}) confidence.low_quality[pulse] = true;
     expect_encodes("A4, C4 and D1", 1060, &confidence, "08 21");
 }
 
 // ---- Mode C code ----
 
 TEST(ModeC, SummaryGivesWholeFlightLevels) {
-    constexpr SummaryCase kCases[] = {
-        {"ground", "00 00", "MODE_C:0000"},
-        {"level 25", "00 64", "MODE_C:0025"},
-        {"highest", "1F FF", "MODE_C:2047"},
-        {"lowest", "20 00", "MODE_C:-2048"},
-        {"a quarter below 0 is cut off towards 0", "3F FF", "MODE_C:0000"},
-        {"one below 0", "3F FC", "MODE_C:-001"},
-        {"both flags", "C0 00", "MODE_C:0000 NOT_VALIDATED GARBLED"},
-        {"garbled", "40 64", "MODE_C:0025 GARBLED"},
-    };
-    expect_summaries(48090, kCases);
+    expect_summaries(48090, "00 00 = MODE_C:0000; 00 64 = MODE_C:0025; 1F FF = MODE_C:2047; 20 00 = MODE_C:-2048; "
+                            "3F FF = MODE_C:0000; " // a quarter below 0 is cut off towards 0
+                            "3F FC = MODE_C:-001; C0 00 = MODE_C:0000 NOT_VALIDATED GARBLED; "
+                            "40 64 = MODE_C:0025 GARBLED");
 }
 
 TEST(ModeC, DetailGivesTheLevelInFourUnits) {
-    const auto rows = [](const char *not_validated, const char *garbled, const char *raw, const char *fl,
-                         const char *ft, const char *m) {
-        return std::vector<Row>{kBitHeader,
-                                {"Bit[0]", "NOT_VALIDATED", not_validated},
-                                {"Bit[1]", "GARBLED", garbled},
-                                {"Bit[2-15]", "FLIGHT_LEVEL (LSB=1/4FL)", raw},
-                                {"Bit[2-15]", "FLIGHT_LEVEL (LSB=FL)", fl},
-                                {"Bit[2-15]", "FLIGHT_LEVEL (LSB=FT)", ft},
-                                {"Bit[2-15]", "FLIGHT_LEVEL (LSB=M)", m}};
-    };
-    expect_detail_rows(48090, "3F FB", rows("0", "0", "-5", "-1.25", "-125.00", "-38.10"));
-    expect_detail_rows(48090, "C0 64", rows("1", "1", "100", "25.00", "2500.00", "762.00"));
-    // The lowest level in feet is a character longer than its cell.
-    expect_detail_rows(48090, "20 00", rows("0", "0", "-8192", "-2048.00", "-204800.0", "-62423.04"));
+    expect_table(48090, "3F FB",
+                 "Bit|Item|Value; Bit[0]|NOT_VALIDATED|0; Bit[1]|GARBLED|0; Bit[2-15]|FLIGHT_LEVEL (LSB=1/4FL)|-5; "
+                 "Bit[2-15]|FLIGHT_LEVEL (LSB=FL)|-1.25; Bit[2-15]|FLIGHT_LEVEL (LSB=FT)|-125.00; "
+                 "Bit[2-15]|FLIGHT_LEVEL (LSB=M)|-38.10");
+    expect_values(48090, "C0 64 = 1|1|100|25.00|2500.00|762.00; "
+                         "20 00 = 0|0|-8192|-2048.00|-204800.0|-62423.04"); // feet cut by the cell
 }
 
 TEST(ModeC, EncodesNegativeLevelsOneLower) {
@@ -182,37 +121,14 @@ TEST(ModeCConfidence, EachPulseHasItsPlace) {
     }
 }
 
-TEST(ModeCConfidence, SummaryGivesCodeQualityAndFlags) {
-    constexpr SummaryCase kCases[] = {
-        {"nothing", "00 00 00 00", "CODE:0000 QTY:ABCD"},
-        {"spare bits", "30 00 F0 00", "CODE:0000 QTY:ABCD"},
-        {"all pulses, all low", "0F FF 0F FF", "CODE:7777 QTY:abcd"},
-        {"not validated", "80 00 00 00", "CODE:0000 QTY:ABCD NOT_VALIDATED"},
-        {"garbled", "40 00 00 00", "CODE:0000 QTY:ABCD GARBLED"},
-        {"both", "C0 01 00 00", "CODE:0004 QTY:ABCD NOT_VALIDATED GARBLED"},
-    };
-    expect_summaries(48100, kCases);
+TEST(ModeCConfidence, ViewsGiveCodeQualityAndFlags) {
+    expect_summaries(48100, "30 00 F0 00 = CODE:0000 QTY:ABCD; 0F FF 0F FF = CODE:7777 QTY:abcd; "
+                            "80 00 00 00 = CODE:0000 QTY:ABCD NOT_VALIDATED; 40 00 00 00 = CODE:0000 QTY:ABCD GARBLED; "
+                            "C0 01 00 00 = CODE:0004 QTY:ABCD NOT_VALIDATED GARBLED");
     EXPECT_TRUE(ast_dataitem_mode_c_confidence_decode(nullptr).validated) << "unless said otherwise";
-}
-
-TEST(ModeCConfidence, DetailListsThePulses) {
-    expect_detail_rows(48100, "88 01 00 50",
-                       {kBitHeader,
-                        {"Bit[0]", "NOT_VALIDATED", "1"},
-                        {"Bit[1]", "GARBLED", "0"},
-                        {"Name", "Pulse", "Quality"},
-                        {"A4", "0", "LOW"},
-                        {"A2", "0", "---"},
-                        {"A1", "0", "---"},
-                        {"B4", "0", "---"},
-                        {"B2", "0", "---"},
-                        {"B1", "0", "---"},
-                        {"C4", "0", "---"},
-                        {"C2", "0", "---"},
-                        {"C1", "1", "---"},
-                        {"D4", "1", "---"},
-                        {"D2", "0", "---"},
-                        {"D1", "0", "LOW"}});
+    expect_table(48100, "88 01 00 50",
+                 "Bit|Item|Value; Bit[0]|NOT_VALIDATED|1; Bit[1]|GARBLED|0; Name|Pulse|Quality; A4|0|LOW; A2|0|---; "
+                 "A1|0|---; B4|0|---; B2|0|---; B1|0|---; C4|0|---; C2|0|---; C1|1|---; D4|1|---; D2|0|---; D1|0|LOW");
     EXPECT_NE(detail_of(48100, "88 01 00 50").find("</table><br/><p></p><table"), std::string::npos);
 }
 

@@ -15,32 +15,25 @@ ast_value_pair_t pair(double value_1, double value_2) {
 
 // ---- WGS-84 position, six octets ----
 
-TEST(PositionLow, SummaryGivesDegreesMinutesSeconds) {
-    constexpr SummaryCase kCases[] = {
-        {"meant: zero is south and west", "00 00 00 00 00 00", "WGS84:000000S0000000W"},
-        {"north west", "20 00 00 E0 00 00", "WGS84:450000N0450000W"},
-        {"south east", "E0 00 00 20 00 00", "WGS84:450000S0450000E"},
-        {"pole and date line", "40 00 00 80 00 00", "WGS84:900000N1800000W"},
-        {"meant: no carry of 60 seconds", "00 00 01 7F FF FF", "WGS84:000000N1795960E"},
-    };
-    expect_summaries(21130, kCases);
+// That every row but those excepted has these octets and the item's one label.
+void expect_wgs84_labels(const std::string &view, const std::string &octets, size_t excepted) {
+    const auto rows = rows_of(view);
+    ASSERT_FALSE(rows.empty());
+    EXPECT_EQ(rows[0], "Octet|Item|Value");
+    for (size_t i = 1; i < rows.size(); ++i)
+        EXPECT_EQ(rows[i].find((i == excepted ? "Octet[1-6]" : octets) + "|WGS84_COORDINATES|"), 0U) << rows[i];
 }
 
-TEST(PositionLow, DetailGivesTextsNumbersAndLinks) {
-    const auto row = [](const char *value) { return Row{"Octet[1-6]", "WGS84_COORDINATES", value}; };
-    expect_detail_rows(21130, "20 00 00 E0 00 00",
-                       {{"Octet", "Item", "Value"},
-                        row("450000N0450000W"),
-                        row("450000.00N0450000.00W"),
-                        row("450000.000000N0450000.000000W"),
-                        row("045.000000, -045.000000"),
-                        row("2097152, -2097152"),
-                        row("Google Maps"),
-                        row("OpenStreetMap"),
-                        row("AMap"),
-                        row("Baidu Map")});
-    EXPECT_NE(detail_of(21130, "20 00 00 E0 00 00").find("mlat=45.000000&mlon=-45.000000\">OpenStreetMap</a>"),
-              std::string::npos);
+TEST(PositionLow, ViewsGiveDegreesMinutesSeconds) {
+    expect_summaries(21130, "00 00 00 00 00 00 = WGS84:000000S0000000W; " // meant: zero is south and west
+                            "20 00 00 E0 00 00 = WGS84:450000N0450000W; E0 00 00 20 00 00 = WGS84:450000S0450000E; "
+                            "40 00 00 80 00 00 = WGS84:900000N1800000W; "
+                            "00 00 01 7F FF FF = WGS84:000000N1795960E"); // meant: no carry of 60 seconds
+    expect_values(21130, "20 00 00 E0 00 00 = 450000N0450000W|450000.00N0450000.00W|450000.000000N0450000.000000W|"
+                         "045.000000, -045.000000|2097152, -2097152|Google Maps|OpenStreetMap|AMap|Baidu Map");
+    const std::string view = detail_of(21130, "20 00 00 E0 00 00");
+    expect_wgs84_labels(view, "Octet[1-6]", 0);
+    EXPECT_NE(view.find("mlat=45.000000&mlon=-45.000000\">OpenStreetMap</a>"), std::string::npos);
 }
 
 TEST(PositionLow, EncodesNegativeAnglesOneLower) {
@@ -62,17 +55,14 @@ TEST(PositionLow, EncodesNegativeAnglesOneLower) {
 // ---- WGS-84 position, eight octets ----
 
 TEST(Position, UnitsDependOnTheItem) {
-    struct {
-        ast_dataitem_type_t type;
-        const char *summary;
-    } constexpr kCases[] = {
-        {10041, "WGS84:002106N0002106W"}, {16400, "WGS84:002106N0002106W"}, // 180/2^31: 0.3515625 degrees
-        {19600, "WGS84:004211N0004211W"}, {21131, "WGS84:004211N0004211W"}, // 180/2^30: 0.703125 degrees
-        {20041, "WGS84:223000N0223000W"}, {21902, "WGS84:223000N0223000W"}, // 180/2^25: 22.5 degrees
-        {62105, "WGS84:223000N0223000W"},
-    };
-    for (const auto &one : kCases) EXPECT_EQ(summary_of(one.type, "00 40 00 00 FF C0 00 00"), one.summary) << one.type;
-    EXPECT_EQ(summary_of(10041, "40 00 00 00 80 00 00 00"), "WGS84:900000N1800000W");
+    constexpr char kOctets[] = "00 40 00 00 FF C0 00 00";
+    for (const ast_dataitem_type_t type : {10041U, 16400U}) // 180/2^31: 0.3515625 degrees
+        EXPECT_EQ(summary_of(type, kOctets), "WGS84:002106N0002106W") << type;
+    for (const ast_dataitem_type_t type : {19600U, 21131U}) // 180/2^30: 0.703125 degrees
+        EXPECT_EQ(summary_of(type, kOctets), "WGS84:004211N0004211W") << type;
+    for (const ast_dataitem_type_t type : {20041U, 21902U, 62105U}) // 180/2^25: 22.5 degrees
+        EXPECT_EQ(summary_of(type, kOctets), "WGS84:223000N0223000W") << type;
+    expect_summaries(10041, "40 00 00 00 80 00 00 00 = WGS84:900000N1800000W");
 }
 
 TEST(Position, OptionTurnsLongitudesOfTracksToTheEast) {
@@ -88,18 +78,10 @@ TEST(Position, OptionTurnsLongitudesOfTracksToTheEast) {
 }
 
 TEST(Position, DetailLabelsTheRawRowAsOfSixOctets) {
-    const auto row = [](const char *value) { return Row{"Octet[1-8]", "WGS84_COORDINATES", value}; };
-    expect_detail_rows(62105, "00 40 00 00 FF C0 00 00",
-                       {{"Octet", "Item", "Value"},
-                        row("223000N0223000W"),
-                        row("223000.00N0223000.00W"),
-                        row("223000.000000N0223000.000000W"),
-                        row("022.50000000, -022.50000000"),
-                        {"Octet[1-6]", "WGS84_COORDINATES", "4194304, -4194304"}, // meant, in this row alone
-                        row("Google Maps"),
-                        row("OpenStreetMap"),
-                        row("AMap"),
-                        row("Baidu Map")});
+    expect_values(62105, "00 40 00 00 FF C0 00 00 = 223000N0223000W|223000.00N0223000.00W|"
+                         "223000.000000N0223000.000000W|022.50000000, -022.50000000|4194304, -4194304|"
+                         "Google Maps|OpenStreetMap|AMap|Baidu Map");
+    expect_wgs84_labels(detail_of(62105, "00 40 00 00 FF C0 00 00"), "Octet[1-8]", 5); // meant, in this row alone
 }
 
 TEST(Position, EncodesOneScaleWhateverTheItem) {
@@ -118,39 +100,20 @@ TEST(Position, EncodesOneScaleWhateverTheItem) {
 // ---- Cartesian position and velocity ----
 
 TEST(Cartesian, SummaryGivesBothAxes) {
-    constexpr SummaryCase kPositions[] = {
-        {"origin", "00 00 00 00 00 00", "X:0.0 Y:0.0 LSB:M"},
-        {"around it", "00 00 01 FF FF FF", "X:0.5 Y:-0.5 LSB:M"},
-        {"both ends", "7F FF FF 80 00 00", "X:4194303.5 Y:-4194304.0 LSB:M"},
-    };
-    constexpr SummaryCase kVelocities[] = {
-        {"standing", "00 00 00 00", "VX:0.00 VY:0.00 LSB:M/S"},
-        {"around it", "00 01 FF FF", "VX:0.25 VY:-0.25 LSB:M/S"},
-        {"both ends", "7F FF 80 00", "VX:8191.75 VY:-8192.00 LSB:M/S"},
-    };
-    expect_summaries(62100, kPositions);
-    expect_summaries(62185, kVelocities);
+    expect_summaries(62100, "00 00 01 FF FF FF = X:0.5 Y:-0.5 LSB:M; "
+                            "7F FF FF 80 00 00 = X:4194303.5 Y:-4194304.0 LSB:M");
+    expect_summaries(62185, "00 01 FF FF = VX:0.25 VY:-0.25 LSB:M/S; 7F FF 80 00 = VX:8191.75 VY:-8192.00 LSB:M/S");
 }
 
 // ---- Polar velocity ----
 
-TEST(VelocityPolar, SummaryGivesKnotsAndDegrees) {
-    constexpr SummaryCase kCases[] = {
-        {"standing", "00 00 00 00", "SPD:0.00 HDG:0.00"},
-        {"eastward", "04 00 40 00", "SPD:225.00 HDG:90.00"},
-        {"both ends, unsigned", "FF FF FF FF", "SPD:14399.78 HDG:359.99"},
-    };
-    expect_summaries(48200, kCases);
-}
-
-TEST(VelocityPolar, DetailGivesTheSpeedInFourUnits) {
-    expect_detail_rows(48200, "04 00 40 00",
-                       {{"Octet", "Item", "Value"},
-                        {"Octet[1-2]", "GROUND_SPEED LSB:NM/S", "0.062500"},
-                        {"Octet[1-2]", "GROUND_SPEED LSB:M/S", "115.75"},
-                        {"Octet[1-2]", "GROUND_SPEED LSB:KNOT", "225.00"},
-                        {"Octet[1-2]", "GROUND_SPEED LSB:KM/H", "416.70"},
-                        {"Octet[3-4]", "HEADING LSB:DEG", "90.00"}});
+TEST(VelocityPolar, ViewsGiveSpeedAndHeading) {
+    expect_summaries(48200, "00 00 00 00 = SPD:0.00 HDG:0.00; 04 00 40 00 = SPD:225.00 HDG:90.00; "
+                            "FF FF FF FF = SPD:14399.78 HDG:359.99");
+    expect_table(48200, "04 00 40 00",
+                 "Octet|Item|Value; Octet[1-2]|GROUND_SPEED LSB:NM/S|0.062500; Octet[1-2]|GROUND_SPEED LSB:M/S|115.75; "
+                 "Octet[1-2]|GROUND_SPEED LSB:KNOT|225.00; Octet[1-2]|GROUND_SPEED LSB:KM/H|416.70; "
+                 "Octet[3-4]|HEADING LSB:DEG|90.00");
 }
 
 TEST(VelocityPolar, EncodesValuesOrElseRawOnes) {
@@ -172,43 +135,23 @@ TEST(VelocityPolar, EncoderStoresBackEvenWhatIsNotValid) {
 
 // ---- Height and vertical rate ----
 
-TEST(Height, SummaryGivesFeet) {
-    constexpr SummaryCase kCases[] = {
-        {"zero", "00 00", "H:0.00 LSB:FT"},         {"one unit", "00 01", "H:6.25 LSB:FT"},
-        {"below", "FF FF", "H:-6.25 LSB:FT"},       {"highest", "7F FF", "H:204793.75 LSB:FT"},
-        {"lowest", "80 00", "H:-204800.00 LSB:FT"},
-    };
-    expect_summaries(20105, kCases);
+TEST(Height, ViewsGiveFeetAndMetres) {
+    expect_summaries(20105, "00 00 = H:0.00 LSB:FT; 00 01 = H:6.25 LSB:FT; FF FF = H:-6.25 LSB:FT; "
+                            "7F FF = H:204793.75 LSB:FT; 80 00 = H:-204800.00 LSB:FT");
+    expect_table(10091, "00 64",
+                 "Bit|Item|Value; Bit[0-15]|HEIGHT LSB=6.25FT|100; Bit[0-15]|HEIGHT LSB=FT|625.00; "
+                 "Bit[0-15]|HEIGHT LSB=M|190.50");
+    expect_values(10091, "80 00 = -32768|-204800.0|-62423.04"); // feet cut by the cell
 }
 
-TEST(Height, DetailGivesThreeUnits) {
-    const auto rows = [](const char *raw, const char *ft, const char *m) {
-        return std::vector<Row>{{"Bit", "Item", "Value"},
-                                {"Bit[0-15]", "HEIGHT LSB=6.25FT", raw},
-                                {"Bit[0-15]", "HEIGHT LSB=FT", ft},
-                                {"Bit[0-15]", "HEIGHT LSB=M", m}};
-    };
-    expect_detail_rows(10091, "00 64", rows("100", "625.00", "190.50"));
-    expect_detail_rows(10091, "80 00", rows("-32768", "-204800.0", "-62423.04")); // feet cut by the cell
-}
-
-TEST(VerticalRate, SummaryGivesFeetPerMinute) {
-    constexpr SummaryCase kCases[] = {
-        {"level", "00 00", "VR:0.00FT/M"},        {"range exceeded is no part of it", "80 01", "VR:6.25FT/M"},
-        {"descending", "7F FF", "VR:-6.25FT/M"},  {"highest", "3F FF", "VR:102393.75FT/M"},
-        {"lowest", "40 00", "VR:-102400.00FT/M"},
-    };
-    expect_summaries(21155, kCases);
+TEST(VerticalRate, ViewsGiveFeetAndMetresPerMinute) {
+    expect_summaries(21155, "00 00 = VR:0.00FT/M; 80 01 = VR:6.25FT/M; " // range exceeded is no part of it
+                            "7F FF = VR:-6.25FT/M; 3F FF = VR:102393.75FT/M; 40 00 = VR:-102400.00FT/M");
     EXPECT_TRUE(ast_dataitem_vertical_rate_decode(Item(21155, "80 01")).flag);
     EXPECT_FALSE(ast_dataitem_vertical_rate_decode(Item(21155, "7F FF")).flag);
-}
-
-TEST(VerticalRate, DetailGivesThreeUnits) {
-    expect_detail_rows(21157, "00 64",
-                       {{"Bit", "Item", "Value"},
-                        {"Bit[0-15]", "VERTICAL_RATE LSB=6.25FT/M", "100"},
-                        {"Bit[0-15]", "VERTICAL_RATE LSB=FT/M", "625.00"},
-                        {"Bit[0-15]", "VERTICAL_RATE LSB=METER/M", "190.50"}});
+    expect_table(21157, "00 64",
+                 "Bit|Item|Value; Bit[0-15]|VERTICAL_RATE LSB=6.25FT/M|100; Bit[0-15]|VERTICAL_RATE LSB=FT/M|625.00; "
+                 "Bit[0-15]|VERTICAL_RATE LSB=METER/M|190.50");
 }
 
 TEST(VerticalRate, EncodesTheValueOrElseTheRawOne) {

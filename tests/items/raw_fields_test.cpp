@@ -5,17 +5,11 @@ using namespace ast_test;
 namespace {
 
 TEST(RawFields, SummaryShowsTheBitsOrTheKindOfField) {
-    struct {
-        ast_dataitem_type_t type;
-        SummaryCase one;
-    } constexpr kCases[] = {
-        {1130, {"one octet", "A0", "BIN:10100000"}},
-        {8110, {"two octets", "A0 01", "BIN:10100000 00000001"}},
-        {48998, {"reserved expansion", "02 FF", "RESERVED_EXPANSION"}},
-        {48999, {"special purpose", "01", "SPECIAL_PURPOSE"}},
-        {1997, {"random field sequencing", "03 01 02", "RANDOM_FIELD_SEQUENCING"}},
-    };
-    for (const auto &[type, one] : kCases) expect_summaries(type, {&one, 1});
+    expect_summaries(1130, "A0 = BIN:10100000");
+    expect_summaries(8110, "A0 01 = BIN:10100000 00000001");
+    expect_summaries(48998, "02 FF = RESERVED_EXPANSION");
+    expect_summaries(48999, "01 = SPECIAL_PURPOSE");
+    expect_summaries(1997, "03 01 02 = RANDOM_FIELD_SEQUENCING");
 }
 
 } // namespace

@@ -4,32 +4,16 @@ using namespace ast_test;
 
 namespace {
 
-const Row kNameHeader = {"Name", "Value"};
-
 // ---- Time of day ----
 
-TEST(TimeOfDay, SummaryGivesTheTime) {
-    constexpr SummaryCase kCases[] = {
-        {"midnight", "00 00 00", "TOD:00:00:00.000"},
-        {"one unit, cut off", "00 00 01", "TOD:00:00:00.007"},
-        {"half past noon", "58 78 40", "TOD:12:34:56.500"},
-        {"last of the day", "A8 BF FF", "TOD:23:59:59.992"},
-        {"meant: no new day at 24 hours", "A8 C0 00", "TOD:24:00:00.000"},
-        {"meant: highest", "FF FF FF", "TOD:36:24:31.992"},
-    };
-    expect_summaries(48140, kCases);
-}
-
-TEST(TimeOfDay, DetailGivesItsParts) {
-    const auto rows = [](const char *raw, const char *seconds, const char *h, const char *m, const char *s,
-                         const char *ms) {
-        return std::vector<Row>{
-            kNameHeader,   {"TIME LSB=1/128S", raw}, {"TIME LSB=1S", seconds}, {"HOUR", h}, {"MINUTE", m},
-            {"SECOND", s}, {"MILLISECOND", ms}};
-    };
-    expect_detail_rows(48140, "58 78 40", rows("5797952", "45296", "12", "34", "56", "500"));
-    expect_detail_rows(48140, "00 00 01", rows("1", "0", " 0", " 0", " 0", "  7"));
-    expect_detail_rows(48140, "FF FF FF", rows("16777215", "131071", "36", "24", "31", "992"));
+TEST(TimeOfDay, ViewsGiveTheTime) {
+    expect_summaries(48140, "00 00 00 = TOD:00:00:00.000; 00 00 01 = TOD:00:00:00.007; 58 78 40 = TOD:12:34:56.500; "
+                            "A8 BF FF = TOD:23:59:59.992; A8 C0 00 = TOD:24:00:00.000; " // meant: no new day
+                            "FF FF FF = TOD:36:24:31.992");
+    expect_table(48140, "58 78 40",
+                 "Name|Value; TIME LSB=1/128S|5797952; TIME LSB=1S|45296; HOUR|12; MINUTE|34; SECOND|56; "
+                 "MILLISECOND|500");
+    expect_values(48140, "00 00 01 = 1|0| 0| 0| 0|  7; FF FF FF = 16777215|131071|36|24|31|992");
 }
 
 TEST(TimeOfDay, EncodesTheRawTimeOrElseItsParts) {
@@ -46,47 +30,23 @@ TEST(TimeOfDay, EncodesTheRawTimeOrElseItsParts) {
 
 // ---- High-precision time of day ----
 
-TEST(TimeOfDayHigh, SummaryGivesTheWholeSecondAndItsFraction) {
-    constexpr SummaryCase kCases[] = {
-        {"same second", "00 00 00 00", "FSI:0 TOMR:0.000000"},
-        {"one more", "40 00 00 00", "FSI:1 TOMR:0.000000"},
-        {"one less", "A0 00 00 00", "FSI:-1 TOMR:0.500000"},
-        {"reserved reads as the same", "C0 00 00 00", "FSI:0 TOMR:0.000000"},
-        {"highest, rounded", "3F FF FF FF", "FSI:0 TOMR:1.000000"},
-    };
-    expect_summaries(21074, kCases);
+TEST(TimeOfDayHigh, ViewsGiveTheWholeSecondAndItsFraction) {
+    expect_summaries(21074, "00 00 00 00 = FSI:0 TOMR:0.000000; 40 00 00 00 = FSI:1 TOMR:0.000000; "
+                            "A0 00 00 00 = FSI:-1 TOMR:0.500000; C0 00 00 00 = FSI:0 TOMR:0.000000; "
+                            "3F FF FF FF = FSI:0 TOMR:1.000000"); // rounded
     EXPECT_LT(ast_dataitem_time_of_day_high_decode(Item(21074, "3F FF FF FF")).seconds, 1);
-}
-
-TEST(TimeOfDayHigh, DetailGivesItsParts) {
-    expect_detail_rows(21076, "A0 00 00 00",
-                       {kNameHeader, {"FSI", "-1"}, {"TIME LSB=2^-30S", "536870912"}, {"TIME LSB=S", "0.500000"}});
+    expect_table(21076, "A0 00 00 00", "Name|Value; FSI|-1; TIME LSB=2^-30S|536870912; TIME LSB=S|0.500000");
 }
 
 // ---- Sector number ----
 
-TEST(Sector, SummaryRoundsToDegrees) {
-    constexpr SummaryCase kCases[] = {
-        {"north", "00", "SECTOR:000DEG"},
-        {"one unit", "01", "SECTOR:001DEG"},
-        {"22.5 is rounded up", "10", "SECTOR:023DEG"},
-        {"east", "40", "SECTOR:090DEG"},
-        {"last", "FF", "SECTOR:359DEG"},
-    };
-    expect_summaries(34020, kCases);
-}
-
-TEST(Sector, DetailGivesCoarserSectorsToo) {
-    const auto rows = [](const char *raw, const char *degrees, const char *of_32, const char *of_16) {
-        return std::vector<Row>{kNameHeader,
-                                {"ANTENNA AZIMUTH LSB~=1.41DEG", raw},
-                                {"ANTENNA AZIMUTH LSB=1DEG", degrees},
-                                {"SECTOR NUMBER LSB=1/32", of_32},
-                                {"SECTOR NUMBER LSB=1/16", of_16}};
-    };
-    expect_detail_rows(2020, "07", rows("7", "9.8438", "00", "00"));
-    expect_detail_rows(2020, "10", rows("16", "22.5000", "02", "01"));
-    expect_detail_rows(2020, "FF", rows("255", "358.5938", "31", "15"));
+TEST(Sector, ViewsRoundToDegreesAndCutToCoarserSectors) {
+    expect_summaries(34020, "00 = SECTOR:000DEG; 01 = SECTOR:001DEG; 10 = SECTOR:023DEG; 40 = SECTOR:090DEG; "
+                            "FF = SECTOR:359DEG");
+    expect_table(2020, "07",
+                 "Name|Value; ANTENNA AZIMUTH LSB~=1.41DEG|7; ANTENNA AZIMUTH LSB=1DEG|9.8438; "
+                 "SECTOR NUMBER LSB=1/32|00; SECTOR NUMBER LSB=1/16|00");
+    expect_values(2020, "10 = 16|22.5000|02|01; FF = 255|358.5938|31|15");
 }
 
 TEST(Sector, EncodesDegreesOrElseTheRawNumber) {
@@ -109,20 +69,10 @@ TEST(Sector, EncodesDegreesOrElseTheRawNumber) {
 
 // ---- Antenna rotation period ----
 
-TEST(RotationPeriod, SummaryGivesSeconds) {
-    constexpr SummaryCase kCases[] = {
-        {"none", "00 00", "ROT:0.00"},
-        {"five seconds", "02 80", "ROT:5.00"},
-        {"longest, unsigned", "FF FF", "ROT:511.99"},
-    };
-    expect_summaries(34041, kCases);
-}
-
-TEST(RotationPeriod, DetailGivesBothUnits) {
-    expect_detail_rows(2041, "FF FF",
-                       {{"Bit", "Item", "Value"},
-                        {"Bit[0-15]", "ROTATION_PERIOD LSB=1/128s", "65535"},
-                        {"Bit[0-15]", "ROTATION_PERIOD LSB=S", "511.992"}});
+TEST(RotationPeriod, ViewsGiveSeconds) {
+    expect_summaries(34041, "00 00 = ROT:0.00; 02 80 = ROT:5.00; FF FF = ROT:511.99");
+    expect_table(2041, "FF FF",
+                 "Bit|Item|Value; Bit[0-15]|ROTATION_PERIOD LSB=1/128s|65535; Bit[0-15]|ROTATION_PERIOD LSB=S|511.992");
 }
 
 TEST(RotationPeriod, EncodesTheValueOrElseTheRawOne) {

@@ -8,9 +8,7 @@ namespace {
 constexpr uint32_t kNoKeyword = 15;
 
 std::string value_of(const ast_datarecord_t *record, uint32_t keyword) {
-    return written([&](char *text, uint64_t capacity) {
-        ast_datarecord_get_keyword(text, capacity, record, keyword, AST_POSITION_DMS);
-    });
+    return shown(ast_datarecord_get_keyword, record, keyword, AST_POSITION_DMS);
 }
 
 // A track with a value for every keyword that category 048 answers.
@@ -29,34 +27,22 @@ const Record &track() {
 }
 
 TEST(Keyword, HasNameAndDescription) {
-    constexpr struct {
-        const char *name;
-        const char *description;
-    } kKeywords[] = {
-        {"SAC/SIC", "SAC/SIC"},
-        {"Timestamp Tx", "Timestamp, definition and time zone depends on sensor configuration"},
-        {"Type", "Message Type"},
-        {"Track Number", "Track Number"},
-        {"Mode 3/A", "Mode 3/A"},
-        {"Flight Level", "Flight level in foot"},
-        {"Selected Altitude", "Selected Altitude in foot"},
-        {"Callsign", "Callsign"},
-        {"ICAO Address", "ICAO Address"},
-        {"WGS84 Coordinates", "WGS-84 coordinate in degree, minute and second"},
-        {"Polar Coordinates", "Rho in NM, theta in degree"},
-        {"Speed", "Ground speed in Knot"},
-        {"Heading", "Heading in degree"},
-        {"Cartesian Velocity", "Cartesian or horizontal velocity in meters/second"},
-        {"Vertical Rate", "Vertical rate in feet/min"},
-        {"", ""},
-    };
-    for (uint32_t keyword = 0; keyword <= kNoKeyword; ++keyword) {
-        const auto with_keyword = [&](auto write) {
-            return written([&](char *text, uint64_t capacity) { write(text, capacity, keyword); });
-        };
-        EXPECT_EQ(with_keyword(ast_keyword_name), kKeywords[keyword].name);
-        EXPECT_EQ(with_keyword(ast_keyword_description), kKeywords[keyword].description);
-    }
+    uint32_t keyword = 0;
+    each_case("SAC/SIC = SAC/SIC; "
+              "Timestamp Tx = Timestamp, definition and time zone depends on sensor configuration; "
+              "Type = Message Type; Track Number = Track Number; Mode 3/A = Mode 3/A; "
+              "Flight Level = Flight level in foot; Selected Altitude = Selected Altitude in foot; "
+              "Callsign = Callsign; ICAO Address = ICAO Address; "
+              "WGS84 Coordinates = WGS-84 coordinate in degree, minute and second; "
+              "Polar Coordinates = Rho in NM, theta in degree; Speed = Ground speed in Knot; "
+              "Heading = Heading in degree; Cartesian Velocity = Cartesian or horizontal velocity in meters/second; "
+              "Vertical Rate = Vertical rate in feet/min; = ",
+              [&](const std::string &name, const std::string &description) {
+                  EXPECT_EQ(shown(ast_keyword_name, keyword), name);
+                  EXPECT_EQ(shown(ast_keyword_description, keyword), description);
+                  ++keyword;
+              });
+    EXPECT_EQ(keyword, kNoKeyword + 1);
 }
 
 TEST(Keyword, MatchesWholeWords) {
@@ -181,37 +167,28 @@ TEST(Keyword, TextOfEveryValue) {
     }
 }
 
+// The cases are "octets = text", of a record that holds the item alone.
+void expect_values(uint32_t keyword, ast_dataitem_type_t type, std::string_view cases) {
+    each_case(cases, [&](const std::string &hex, const std::string &text) {
+        EXPECT_EQ(value_of(Record(48, {{type, hex}}), keyword), text) << keyword << ": " << hex;
+    });
+}
+
 TEST(Keyword, TextOfValuesAtTheirEnds) {
-    constexpr struct {
-        uint32_t keyword;
-        Content item;
-        const char *text;
-    } kCases[] = {
-        {0, {48010, "00 00"}, "000/000"},
-        {0, {48010, "FF FF"}, "255/255"},
-        {1, {48140, "00 00 00"}, "00:00:00.000"},
-        {1, {48140, "FF FF FF"}, "36:24:31.992"},
-        {3, {48161, "00 00"}, "0"},
-        {3, {48161, "0F FF"}, "4095"},
-        {4, {48070, "00 07"}, "0007"},
-        {4, {48070, "4F 77"}, "7567G"},
-        {4, {48070, "2F 77"}, "7567L"},
-        {4, {48070, "EF 77"}, "7567GL"}, // category 048 does not tell what is not validated
-        {5, {48090, "00 00"}, "00000"},
-        {5, {48090, "3F FF"}, "-00025"},
-        {5, {48090, "1F FF"}, "204775"},
-        {5, {48110, "00 28"}, "01000"},
-        {6, {48250, "01 9F 40 00 00 00 00 00 40"}, "16000"},
-        {6, {48250, "01 80 0C 00 00 00 00 00 40"}, "00000"}, // FMS 0 ft, before MCP/FCU 16 ft
-        {7, {48240, "82 08 20 82 08 20"}, ""},
-        {8, {48220, "00 00 01"}, "000001"},
-        {10, {48040, "FF FF FF FF"}, "R:255.9961 T:359.99"},
-        {10, {48040, "00 00 00 00"}, "R:000.0000 T:000.00"},
-        {12, {48250, "01 E0 00 00 00 00 00 00 60"}, "M:270.00"},
-        {12, {48250, "01 00 1A 00 00 00 00 00 50"}, "T:315.00"},
-    };
-    for (const auto &one : kCases)
-        EXPECT_EQ(value_of(Record(48, {one.item}), one.keyword), one.text) << one.keyword << ": " << one.item.hex;
+    expect_values(0, 48010, "00 00 = 000/000; FF FF = 255/255");
+    expect_values(1, 48140, "00 00 00 = 00:00:00.000; FF FF FF = 36:24:31.992");
+    expect_values(3, 48161, "00 00 = 0; 0F FF = 4095");
+    // Category 048 does not tell what is not validated.
+    expect_values(4, 48070, "00 07 = 0007; 4F 77 = 7567G; 2F 77 = 7567L; EF 77 = 7567GL");
+    expect_values(5, 48090, "00 00 = 00000; 3F FF = -00025; 1F FF = 204775");
+    expect_values(5, 48110, "00 28 = 01000");
+    expect_values(6, 48250,
+                  "01 9F 40 00 00 00 00 00 40 = 16000; "
+                  "01 80 0C 00 00 00 00 00 40 = 00000"); // FMS 0 ft, before MCP/FCU 16 ft
+    expect_values(7, 48240, "82 08 20 82 08 20 = ");
+    expect_values(8, 48220, "00 00 01 = 000001");
+    expect_values(10, 48040, "FF FF FF FF = R:255.9961 T:359.99; 00 00 00 00 = R:000.0000 T:000.00");
+    expect_values(12, 48250, "01 E0 00 00 00 00 00 00 60 = M:270.00; 01 00 1A 00 00 00 00 00 50 = T:315.00");
 }
 
 } // namespace

@@ -29,12 +29,12 @@ void each_between(std::string_view text, std::string_view open, std::string_view
     }
 }
 
-Row cells_of(std::string_view row) {
-    Row cells;
+std::string cells_of(std::string_view row) {
+    std::string cells;
     const bool is_header = row.find("<th>") != row.npos;
     each_between(row, is_header ? "<th>" : "<td>", is_header ? "</th>" : "</td>",
-                 [&](std::string_view cell) { cells.push_back(without_markup(cell)); });
-    return cells;
+                 [&](std::string_view cell) { cells += "|" + without_markup(cell); });
+    return cells.substr(std::min<size_t>(1, cells.size()));
 }
 
 } // namespace
@@ -50,7 +50,7 @@ Item::Item(ast_dataitem_type_t type, std::vector<uint8_t> content) : octets_(std
 
 std::string summary_of(ast_dataitem_type_t type, std::string_view hex) {
     const Item item(type, hex);
-    return written([&](char *text, uint64_t capacity) { ast_dataitem_get_summary(text, capacity, item); });
+    return shown(ast_dataitem_get_summary, static_cast<const ast_dataitem_t *>(item));
 }
 
 std::string detail_of(ast_dataitem_type_t type, std::string_view hex) {
@@ -58,20 +58,57 @@ std::string detail_of(ast_dataitem_type_t type, std::string_view hex) {
     return text_from(ast_dataitem_get_detail_html, static_cast<const ast_dataitem_t *>(item));
 }
 
-std::vector<Row> rows_of(std::string_view html) {
-    std::vector<Row> rows;
+std::string subfield_summary_of(uint32_t subfield_type, std::string_view hex) {
+    const Item item(subfield_type / 1000, hex);
+    return shown(ast_subfield_get_summary, static_cast<const ast_dataitem_t *>(item), subfield_type);
+}
+
+std::string subfield_detail_of(uint32_t subfield_type, std::string_view hex) {
+    const Item item(subfield_type / 1000, hex);
+    return shown(ast_subfield_get_detail_html, static_cast<const ast_dataitem_t *>(item), subfield_type);
+}
+
+std::vector<std::string> rows_of(std::string_view html) {
+    std::vector<std::string> rows;
     each_between(html, "<table class=\"detail_table\"", "</table>", [&](std::string_view table) {
         each_between(table, "<tr", "</tr>", [&](std::string_view row) { rows.push_back(cells_of(row)); });
     });
     return rows;
 }
 
-void expect_summaries(ast_dataitem_type_t type, std::span<const SummaryCase> cases) {
-    for (const SummaryCase &one : cases) EXPECT_EQ(summary_of(type, one.octets), one.summary) << one.name;
+std::string table_of(std::string_view html) {
+    std::string table;
+    for (const std::string &row : rows_of(html)) table += (table.empty() ? "" : "; ") + row;
+    return table;
 }
 
-void expect_detail_rows(ast_dataitem_type_t type, std::string_view hex, const std::vector<Row> &rows) {
-    EXPECT_EQ(rows_of(detail_of(type, hex)), rows) << type << ": " << hex;
+std::string values_of(std::string_view html) {
+    std::string values;
+    const auto rows = rows_of(html);
+    for (size_t i = 1; i < rows.size(); ++i) values += (i == 1 ? "" : "|") + rows[i].substr(rows[i].rfind('|') + 1);
+    return values;
+}
+
+void expect_summaries(ast_dataitem_type_t type, std::string_view cases) {
+    each_case(cases, [&](const std::string &hex, const std::string &summary) {
+        EXPECT_EQ(summary_of(type, hex), summary) << type << ": " << hex;
+    });
+}
+
+void expect_subfield_summaries(uint32_t subfield_type, std::string_view cases) {
+    each_case(cases, [&](const std::string &hex, const std::string &summary) {
+        EXPECT_EQ(subfield_summary_of(subfield_type, hex), summary) << subfield_type << ": " << hex;
+    });
+}
+
+void expect_table(ast_dataitem_type_t type, std::string_view hex, const char *table) {
+    EXPECT_EQ(table_of(detail_of(type, hex)), table) << type << ": " << hex;
+}
+
+void expect_values(ast_dataitem_type_t type, std::string_view cases) {
+    each_case(cases, [&](const std::string &hex, const std::string &values) {
+        EXPECT_EQ(values_of(detail_of(type, hex)), values) << type << ": " << hex;
+    });
 }
 
 void expect_encodes(const char *name, ast_dataitem_type_t type, void *value, const char *expected) {

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "ast.h"
+#include "support/text.hpp"
 
 namespace ast_test {
 
@@ -38,20 +39,23 @@ std::string text_from(Write write, Arguments... arguments) {
 
 std::string summary_of(ast_dataitem_type_t type, std::string_view hex);
 std::string detail_of(ast_dataitem_type_t type, std::string_view hex);
+std::string subfield_summary_of(uint32_t subfield_type, std::string_view hex);
+std::string subfield_detail_of(uint32_t subfield_type, std::string_view hex);
 
-// The rows of all detail tables of a view, header rows included, and the texts of their cells without markup. Tables of
-// bits and of hexadecimal digits are left out.
-using Row = std::vector<std::string>;
-std::vector<Row> rows_of(std::string_view html);
+// The rows of all detail tables of a view, header rows included: the texts of their cells without markup, with "|"
+// between them. Tables of bits and of hexadecimal digits are left out.
+std::vector<std::string> rows_of(std::string_view html);
 
-struct SummaryCase {
-    const char *name;
-    const char *octets;
-    const char *summary;
-};
+// All rows with "; " between them, and the last cells alone of all rows but the first with "|" between them.
+std::string table_of(std::string_view html);
+std::string values_of(std::string_view html);
 
-void expect_summaries(ast_dataitem_type_t type, std::span<const SummaryCase> cases);
-void expect_detail_rows(ast_dataitem_type_t type, std::string_view hex, const std::vector<Row> &rows);
+// The cases of a type are "octets = summary" with "; " between them.
+void expect_summaries(ast_dataitem_type_t type, std::string_view cases);
+void expect_subfield_summaries(uint32_t subfield_type, std::string_view cases);
+void expect_table(ast_dataitem_type_t type, std::string_view hex, const char *table);
+// "octets = values" in the same way.
+void expect_values(ast_dataitem_type_t type, std::string_view cases);
 
 // Encodes a value as an item type; `octets` null: it is refused and the buffer stays as it was.
 void expect_encodes(const char *name, ast_dataitem_type_t type, void *value, const char *octets);

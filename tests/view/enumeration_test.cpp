@@ -4,6 +4,9 @@
 #include <gtest/gtest.h>
 
 #include "ast.h"
+#include "support/text.hpp"
+
+using namespace ast_test;
 
 namespace {
 
@@ -37,92 +40,64 @@ TEST(Enumerations, FoldUndefinedValuesIntoOne) {
     }
 }
 
-struct ToStr {
-    const char *(*to_str)(uint32_t value);
-    std::vector<const char *> texts; // by value; the last one is that of all further values
-};
-
-TEST(Enumerations, HaveTexts) {
-    const std::vector<const char *> acas = {"UNKNOWN", "NOT_OPERATIONAL", "OPERATIONAL", "INVALID", "UNDEFINED"};
-    const ToStr enumerations[] = {
-        {ast_transponder_comm_cap_to_str,
-         {"NO_COMM", "COMM-A COMM-B", "COMM-A COMM-B UPLINK_ELM", "COMM-A COMM-B UPLINK_ELM DOWNLINK_ELM", "LEVEL_5",
-          "UNDEFINED"}},
-        {ast_acas_status_to_str, acas},
-        {ast_multi_navids_status_to_str, acas},
-        {ast_diff_correction_status_to_str, acas},
-        {ast_altitude_type_to_str, {"BAROMETRIC_ALTITUDE", "GEOMETRIC_ALTITUDE", "UNDEFINED"}},
-        {ast_geometric_altitude_source_to_str,
-         {"NO_SOURCE", "GNSS", "3D_RADAR", "TRIANGULATION", "COVERAGE", "SPEED_LOOKUP_TABLE", "DEFAULT",
-          "MULTILATERATION", "UNDEFINED"}},
-        {ast_emergency_status_to_str, // 7 is a value without a text
-         {"NO_EMG", "GENERAL", "MEDICAL", "MINI_FUEL", "NO_COMM", "UNLAWFUL", "DOWNED", "UNDEFINED"}},
-        {ast_iff_status_to_str, {"NO_INTERROGATION", "FRIEND", "UNKNOWN", "NO_REPLY", "NO_INTERROGATION"}},
-        {ast_radar_flight_status_to_str, {"AIR", "GND", "AIR_ALR", "GND_ALR", "ALR_SPI", "SPI", "UNDEFINED"}},
-    };
-    for (const ToStr &one : enumerations) {
-        for (uint32_t value = 0; value < one.texts.size(); ++value)
-            EXPECT_STREQ(one.to_str(value), one.texts[value]) << value;
-        EXPECT_STREQ(one.to_str(UINT32_MAX), one.texts.back());
-    }
+// The texts by value, the last one that of all further values. `to_str` may take the style as well.
+template <typename ToStr, typename... Style>
+void expect_texts(ToStr to_str, const char *texts, Style... style) {
+    uint32_t value = 0;
+    std::string last;
+    each_entry(texts, [&](std::string_view text) {
+        last = text;
+        EXPECT_EQ(to_str(value++, style...), last) << value - 1;
+    });
+    EXPECT_EQ(to_str(value, style...), last);
+    EXPECT_EQ(to_str(UINT32_MAX, style...), last);
 }
 
-struct Styled {
-    const char *brief;
-    const char *full;
-};
-
-template <size_t N>
-void expect_styles(const char *(*to_str)(uint32_t value, uint32_t style), const Styled (&texts)[N]) {
-    const Styled &unknown = texts[N - 1];
-    for (uint32_t value = 0; value < N; ++value) {
-        EXPECT_STREQ(to_str(value, AST_STYLE_SHORT), texts[value].brief) << value;
-        EXPECT_STREQ(to_str(value, AST_STYLE_LONG), texts[value].full) << value;
-        EXPECT_STREQ(to_str(value, 2), unknown.brief) << value; // no such style
-    }
-    EXPECT_STREQ(to_str(UINT32_MAX, AST_STYLE_SHORT), unknown.brief);
-    EXPECT_STREQ(to_str(UINT32_MAX, AST_STYLE_LONG), unknown.full);
+TEST(Enumerations, HaveTexts) {
+    for (const auto to_str :
+         {ast_acas_status_to_str, ast_multi_navids_status_to_str, ast_diff_correction_status_to_str})
+        expect_texts(to_str, "UNKNOWN; NOT_OPERATIONAL; OPERATIONAL; INVALID; UNDEFINED");
+    expect_texts(ast_transponder_comm_cap_to_str,
+                 "NO_COMM; COMM-A COMM-B; COMM-A COMM-B UPLINK_ELM; COMM-A COMM-B UPLINK_ELM DOWNLINK_ELM; LEVEL_5; "
+                 "UNDEFINED");
+    expect_texts(ast_altitude_type_to_str, "BAROMETRIC_ALTITUDE; GEOMETRIC_ALTITUDE; UNDEFINED");
+    expect_texts(ast_geometric_altitude_source_to_str,
+                 "NO_SOURCE; GNSS; 3D_RADAR; TRIANGULATION; COVERAGE; SPEED_LOOKUP_TABLE; DEFAULT; MULTILATERATION; "
+                 "UNDEFINED");
+    expect_texts(ast_emergency_status_to_str, // 7 is a value without a text
+                 "NO_EMG; GENERAL; MEDICAL; MINI_FUEL; NO_COMM; UNLAWFUL; DOWNED; UNDEFINED");
+    expect_texts(ast_iff_status_to_str, "NO_INTERROGATION; FRIEND; UNKNOWN; NO_REPLY; NO_INTERROGATION");
+    expect_texts(ast_radar_flight_status_to_str, "AIR; GND; AIR_ALR; GND_ALR; ALR_SPI; SPI; UNDEFINED");
 }
 
 TEST(Enumerations, OfTwoStylesHaveBothTexts) {
-    constexpr Styled kNone = {"UNKNOWN_EMITTER", "Reserved / Unknown emitter category"};
-    constexpr Styled kEmitters[] = {
-        {"NO_INFO", "No ADS-B Emitter Category Information"},
-        {"LIGHT_AIRCRAFT", "Light aircraft (0 - 15500 lbs)"},
-        {"SMALL_AIRCRAFT", "Small aircraft (15500 - 75000 lbs)"},
-        {"MEDIUM_AIRCRAFT", "Medium aircraft (75000 - 300000 lbs)"},
-        kNone,
-        {"HEAVY_AIRCRAFT", "Heavy aircraft (300000+ lbs)"},
-        {"HIGH_MANOEUVRABLE_AIRCRAFT", "Highly manoeuvrable and high speed"},
-        kNone,
-        kNone,
-        kNone,
-        {"ROTOCRAFT", "Rotocraft"},
-        {"GLIDER", "Glider / Sailplane"},
-        {"LIGHTER_THAN_AIR", "Lighter-than-air"},
-        {"UAV", "Unmanned Aerial Vehicle"},
-        {"SPACE_VEHICLE", "Space / Transatmospheric Vehicle"},
-        {"ULTRALIGHT", "Ultralight / Handglider / Paraglider"},
-        {"PARACHUTIST", "Parachutist / Skydriver"},
-        kNone,
-        kNone,
-        kNone,
-        {"SURF_EMG_VEHICLE", "Surface emergency vehicle"},
-        {"SURF_SVC_VEHICLE", "Surface service vehicle"},
-        {"FIXED_OBSTRUCTION", "Fixed ground or tethered obstruction"},
-        {"CLUSTER_OBSTACLE", "Cluster obstacle"},
-        {"LINE_OBSTACLE", "Line obstacle"},
-        kNone,
-    };
-    constexpr Styled kSources[] = {
-        {"UNKNOWN", "Unknown"},
-        {"AC_ALTITUDE", "Aircraft Altitude"},
-        {"FCU_MCP_SELECTED", "FCU/MCP Selected Altitude"},
-        {"FMS_SELECTED", "FMS Selected Altitude"},
-        {"UNDEFINED", "Undefined"},
-    };
-    expect_styles(ast_emitter_category_to_str, kEmitters);
-    expect_styles(ast_selected_altitude_source_to_str, kSources);
+    expect_texts(ast_emitter_category_to_str,
+                 "NO_INFO; LIGHT_AIRCRAFT; SMALL_AIRCRAFT; MEDIUM_AIRCRAFT; UNKNOWN_EMITTER; HEAVY_AIRCRAFT; "
+                 "HIGH_MANOEUVRABLE_AIRCRAFT; UNKNOWN_EMITTER; UNKNOWN_EMITTER; UNKNOWN_EMITTER; ROTOCRAFT; GLIDER; "
+                 "LIGHTER_THAN_AIR; UAV; SPACE_VEHICLE; ULTRALIGHT; PARACHUTIST; UNKNOWN_EMITTER; UNKNOWN_EMITTER; "
+                 "UNKNOWN_EMITTER; SURF_EMG_VEHICLE; SURF_SVC_VEHICLE; FIXED_OBSTRUCTION; CLUSTER_OBSTACLE; "
+                 "LINE_OBSTACLE; UNKNOWN_EMITTER",
+                 AST_STYLE_SHORT);
+    const std::string none = "Reserved / Unknown emitter category; ";
+    const std::string emitters =
+        "No ADS-B Emitter Category Information; Light aircraft (0 - 15500 lbs); Small aircraft (15500 - 75000 lbs); "
+        "Medium aircraft (75000 - 300000 lbs); " +
+        none + "Heavy aircraft (300000+ lbs); Highly manoeuvrable and high speed; " + none + none + none +
+        "Rotocraft; Glider / Sailplane; Lighter-than-air; Unmanned Aerial Vehicle; Space / Transatmospheric Vehicle; "
+        "Ultralight / Handglider / Paraglider; Parachutist / Skydriver; " +
+        none + none + none +
+        "Surface emergency vehicle; Surface service vehicle; Fixed ground or tethered obstruction; Cluster obstacle; "
+        "Line obstacle; " +
+        none;
+    expect_texts(ast_emitter_category_to_str, emitters.c_str(), AST_STYLE_LONG);
+    expect_texts(ast_selected_altitude_source_to_str, "UNKNOWN; AC_ALTITUDE; FCU_MCP_SELECTED; FMS_SELECTED; UNDEFINED",
+                 AST_STYLE_SHORT);
+    expect_texts(ast_selected_altitude_source_to_str,
+                 "Unknown; Aircraft Altitude; FCU/MCP Selected Altitude; FMS Selected Altitude; Undefined",
+                 AST_STYLE_LONG);
+    // No such style.
+    expect_texts(ast_emitter_category_to_str, "UNKNOWN_EMITTER", 2U);
+    expect_texts(ast_selected_altitude_source_to_str, "UNDEFINED", 2U);
 }
 
 TEST(Enumerations, CategoriesReadAsTheirReference) {

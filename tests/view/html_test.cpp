@@ -28,11 +28,9 @@ std::string times(unsigned count, const std::string &text) {
 }
 
 TEST(Html, TitleAndParagraph) {
-    EXPECT_EQ(written([](char *text, uint64_t capacity) { ast_html_gen_title_h4(text, capacity, "%s #%d", "A", 7); }),
-              "<h4>A #7</h4>");
-    EXPECT_EQ(written([](char *text, uint64_t capacity) { ast_html_gen_para(text, capacity, "%.1f%%", 2.5); }),
-              "<p>2.5%</p>");
-    EXPECT_EQ(written([](char *text, uint64_t capacity) { ast_html_gen_para(text, capacity, "%s", ""); }), "<p></p>");
+    EXPECT_EQ(shown(ast_html_gen_title_h4, "%s #%d", "A", 7), "<h4>A #7</h4>");
+    EXPECT_EQ(shown(ast_html_gen_para, "%.1f%%", 2.5), "<p>2.5%</p>");
+    EXPECT_EQ(shown(ast_html_gen_para, "%s", ""), "<p></p>");
 }
 
 TEST(Html, EverySecondDataRowIsEven) {
@@ -55,19 +53,19 @@ TEST(Html, RowsEndAtTheSentinelAsText) {
     EXPECT_EQ(row(0, same_text.c_str(), "never"), "<tr></tr>");
     EXPECT_EQ(row(0, "one", same_text.c_str()), "<tr class=\"even_row\"><td>one</td></tr>");
     EXPECT_EQ(row(0, nullptr, "<&>"), "<tr><td></td><td><&></td></tr>") << "cells are not escaped";
-    EXPECT_EQ(
-        written([](char *text, uint64_t capacity) { ast_html_gen_table_row(text, capacity, 1, "x", "y", "z", kEnd); }),
-        "<tr><th>x</th><th>y</th><th>z</th></tr>");
+    EXPECT_EQ(shown(ast_html_gen_table_row, 1, "x", "y", "z", kEnd), "<tr><th>x</th><th>y</th><th>z</th></tr>");
 }
 
 TEST(Html, FlavorOneHasBorders) {
     const auto data = octets("00");
-    const auto hex = [&](char *text, uint64_t capacity) { ast_html_gen_hex_table(text, capacity, data.data(), 1); };
-    const auto bits = [&](char *text, uint64_t capacity) { ast_html_gen_bin_table(text, capacity, data.data(), 1); };
     ast_html_set_flavor(1);
     EXPECT_EQ(table_begin(), "<table class=\"detail_table\" border=\"1\" cellspacing=\"0\">");
-    EXPECT_EQ(written(hex).find("<table class=\"hex_table\" border=\"1\" cellspacing=\"0\"><tr>"), 0U);
-    EXPECT_EQ(written(bits).find("<table class=\"bin_table\" border=\"1\" cellspacing=\"0\"><tr"), 0U);
+    EXPECT_EQ(shown(ast_html_gen_hex_table, data.data(), 1U)
+                  .find("<table class=\"hex_table\" border=\"1\" cellspacing=\"0\"><tr>"),
+              0U);
+    EXPECT_EQ(shown(ast_html_gen_bin_table, data.data(), 1U)
+                  .find("<table class=\"bin_table\" border=\"1\" cellspacing=\"0\"><tr"),
+              0U);
     for (const uint32_t plain : {2U, 0U}) {
         ast_html_set_flavor(plain);
         EXPECT_EQ(table_begin(), "<table class=\"detail_table\">");
@@ -76,10 +74,7 @@ TEST(Html, FlavorOneHasBorders) {
 
 TEST(Html, HexTableHas16OctetsARow) {
     const auto data = octets("00 01 02 03 04 05 06 07 08 09 0A 0B 0C 0D 0E 0F F0");
-    const auto hex = [&](uint64_t count) {
-        return written(
-            [&](char *text, uint64_t capacity) { ast_html_gen_hex_table(text, capacity, data.data(), count); });
-    };
+    const auto hex = [&](uint64_t count) { return shown(ast_html_gen_hex_table, data.data(), count); };
     const std::string start = "<table class=\"hex_table\"><tr><th colspan=8 align=\"left\">Octet 1</th>"
                               "<th colspan=8 align=\"right\">Octet 16</th></tr>";
     const std::string full =
@@ -88,15 +83,12 @@ TEST(Html, HexTableHas16OctetsARow) {
     EXPECT_EQ(hex(0), "");
     EXPECT_EQ(hex(16), start + full + "</table>");
     EXPECT_EQ(hex(17), start + full + "<tr><td>F0</td>" + times(15, "<td>--</td>") + "</tr></table>");
-    EXPECT_EQ(written([](char *text, uint64_t capacity) { ast_html_gen_hex_table(text, capacity, nullptr, 9); }), "");
+    EXPECT_EQ(shown(ast_html_gen_hex_table, nullptr, 9U), "");
 }
 
 TEST(Html, BitTableHasFourOctetsARow) {
     const auto data = octets("00 FF 80 01 A5");
-    const auto bits = [&](uint64_t count) {
-        return written(
-            [&](char *text, uint64_t capacity) { ast_html_gen_bin_table(text, capacity, data.data(), count); });
-    };
+    const auto bits = [&](uint64_t count) { return shown(ast_html_gen_bin_table, data.data(), count); };
     const std::string no = "<td>0</td>", yes = "<td>1</td>", none = "<td>-</td>";
     const std::string first =
         "<tr class=\"caption_row\"><th colspan=8>Octet 1 - 00</th><th colspan=8>Octet 2 - FF</th>"
@@ -109,7 +101,7 @@ TEST(Html, BitTableHasFourOctetsARow) {
     EXPECT_EQ(bits(0), "");
     EXPECT_EQ(bits(4), "<table class=\"bin_table\">" + first + "</table>");
     EXPECT_EQ(bits(5), "<table class=\"bin_table\">" + first + second + "</table>");
-    EXPECT_EQ(written([](char *text, uint64_t capacity) { ast_html_gen_bin_table(text, capacity, nullptr, 9); }), "");
+    EXPECT_EQ(shown(ast_html_gen_bin_table, nullptr, 9U), "");
 }
 
 TEST(Html, MapLinkNamesItsServiceAndCountsWhatItWrites) {

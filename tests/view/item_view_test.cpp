@@ -12,25 +12,23 @@ using namespace ast_test;
 
 using ItemView = void(char *text, uint64_t capacity, const ast_dataitem_t *item);
 
-std::string view(ItemView *render, const ast_dataitem_t *item) {
-    return written([&](char *text, uint64_t capacity) { render(text, capacity, item); });
-}
+std::string text_of(ItemView *view, const ast_dataitem_t *item) { return shown(view, item); }
 
 TEST(ItemView, ShowsOctets) {
     const auto data = octets("0A 1B FF");
     ast_dataitem_t item = ast_dataitem_decode(data.data(), 3, 48140);
     const char kBinary[] = "00001010 00011011 11111111";
-    EXPECT_EQ(view(ast_dataitem_get_hex_str, &item), "0a 1b ff");
-    EXPECT_EQ(view(ast_dataitem_get_bin_str, &item), kBinary);
-    EXPECT_NE(view(ast_dataitem_get_hex_html, &item).find("<td>0A</td><td>1B</td><td>FF</td><td>--</td>"),
+    EXPECT_EQ(text_of(ast_dataitem_get_hex_str, &item), "0a 1b ff");
+    EXPECT_EQ(text_of(ast_dataitem_get_bin_str, &item), kBinary);
+    EXPECT_NE(text_of(ast_dataitem_get_hex_html, &item).find("<td>0A</td><td>1B</td><td>FF</td><td>--</td>"),
               std::string::npos);
-    EXPECT_NE(view(ast_dataitem_get_bin_html, &item).find("Octet 3 - FF"), std::string::npos);
+    EXPECT_NE(text_of(ast_dataitem_get_bin_html, &item).find("Octet 3 - FF"), std::string::npos);
     item.valid = false;
-    EXPECT_EQ(view(ast_dataitem_get_bin_str, &item), kBinary) << "also of an item that is not valid";
+    EXPECT_EQ(text_of(ast_dataitem_get_bin_str, &item), kBinary) << "also of an item that is not valid";
     for (ItemView *const render : {ast_dataitem_get_hex_str, ast_dataitem_get_hex_html, ast_dataitem_get_bin_html})
-        EXPECT_EQ(view(render, &item), "");
+        EXPECT_EQ(text_of(render, &item), "");
     item.size = 0;
-    EXPECT_EQ(view(ast_dataitem_get_bin_str, &item), "");
+    EXPECT_EQ(text_of(ast_dataitem_get_bin_str, &item), "");
 }
 
 TEST(ItemView, FallsBackWhereThereIsNothingToShow) {
@@ -41,22 +39,18 @@ TEST(ItemView, FallsBackWhereThereIsNothingToShow) {
     ASSERT_TRUE(name_only.valid);
     for (const ast_dataitem_t *const item :
          {&invalid, &name_only, &claimed, static_cast<const ast_dataitem_t *>(nullptr)}) {
-        EXPECT_EQ(view(ast_dataitem_get_summary, item), "NOT_IMPLEMENTED");
-        EXPECT_EQ(view(ast_dataitem_get_detail_html, item), "");
+        EXPECT_EQ(text_of(ast_dataitem_get_summary, item), "NOT_IMPLEMENTED");
+        EXPECT_EQ(text_of(ast_dataitem_get_detail_html, item), "");
     }
     EXPECT_EQ(written(ast_dataitem_get_detail_html_dummy), "");
     for (ItemView *const render : {ast_dataitem_get_hex_str, ast_dataitem_get_bin_str, ast_dataitem_get_hex_html})
-        EXPECT_EQ(view(render, nullptr), "");
+        EXPECT_EQ(text_of(render, nullptr), "");
 }
 
 TEST(SubfieldView, FallsBackWhereThereIsNothingToShow) {
     const ast_dataitem_t item{};
-    EXPECT_EQ(
-        written([&](char *text, uint64_t capacity) { ast_subfield_get_summary(text, capacity, &item, 48010001); }),
-        "NOT_IMPLEMENTED");
-    EXPECT_EQ(
-        written([&](char *text, uint64_t capacity) { ast_subfield_get_detail_html(text, capacity, &item, 48010001); }),
-        "");
+    EXPECT_EQ(shown(ast_subfield_get_summary, &item, 48010001U), "NOT_IMPLEMENTED");
+    EXPECT_EQ(shown(ast_subfield_get_detail_html, &item, 48010001U), "");
 }
 
 TEST(SubfieldView, ShowsOctetsAsBits) {

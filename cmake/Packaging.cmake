@@ -1,0 +1,73 @@
+# Debian packages, made by cpack: libast1 (the library), libast-dev (what a program is built with) and astdump.
+# scripts/test-packages builds and tries them.
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_VENDOR "The ast authors")
+set(CPACK_PACKAGE_CONTACT "The ast authors <ast@example.org>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "") # or it would stand above the summary of each package
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/compress_manual.cmake)
+set(CPACK_COMPONENTS_ALL libast libast-dev)
+if(AST_BUILD_TOOLS)
+  list(APPEND CPACK_COMPONENTS_ALL astdump)
+endif()
+
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# The library is of no package yet when the tool's dependencies are looked up; theirs on it is given below.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/src)
+
+# debian_package(COMPONENT NAME SECTION TEXT [DEPENDENCY...])
+function(debian_package component name section text)
+  string(TOUPPER CPACK_DEBIAN_${component} variable)
+  list(JOIN ARGN ", " dependencies)
+  set(${variable}_PACKAGE_NAME ${name} PARENT_SCOPE)
+  set(${variable}_PACKAGE_SECTION ${section} PARENT_SCOPE)
+  set(${variable}_PACKAGE_DEPENDS "${dependencies}" PARENT_SCOPE)
+  set(${variable}_DESCRIPTION "${text}" PARENT_SCOPE)
+  # A full installation has the licence once, a package its own.
+  install(
+    FILES ${PROJECT_SOURCE_DIR}/LICENSE
+    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/${name}
+    RENAME copyright
+    COMPONENT ${component}
+    EXCLUDE_FROM_ALL)
+endfunction()
+
+set(AST_DEBIAN_LIBRARY libast${PROJECT_VERSION_MAJOR})
+set(AST_DEBIAN_VERSION ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})
+
+debian_package(
+  libast
+  ${AST_DEBIAN_LIBRARY}
+  libs
+  "ASTERIX surveillance data library
+ASTERIX is the format in which radars, multilateration systems and ADS-B
+stations report to air traffic control. This library decodes its blocks,
+records and items, shows them as text, and encodes them.")
+debian_package(
+  libast-dev
+  libast-dev
+  libdevel
+  "ASTERIX surveillance data library - development files
+The header, the CMake package and the pkg-config file that programs are built
+with which decode or encode ASTERIX surveillance data."
+  "${AST_DEBIAN_LIBRARY} (= ${AST_DEBIAN_VERSION})")
+debian_package(
+  astdump
+  astdump
+  net
+  "shows ASTERIX surveillance data in captures and recordings
+Reads pcap and pcapng captures and files of blocks back to back, as radars,
+multilateration systems and ADS-B stations send them to air traffic control,
+and lists, counts and selects what they hold."
+  "${AST_DEBIAN_LIBRARY} (>= ${PROJECT_VERSION})")
+
+include(CPack)

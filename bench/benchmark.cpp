@@ -53,6 +53,12 @@ const ast_datablock_t &smart_decode_block(const Sample &, const uint8_t *data, u
     return *new (g_block) ast_datablock_t(ast_datablock_smart_decode(data, available));
 }
 
+const ast_datablock_t &decode_block_into(const Sample &sample, const uint8_t *data, uint64_t available) {
+    static ast_datablock_t block;
+    ast_datablock_decode_into(&block, data, available, *sample.uap);
+    return block;
+}
+
 using BlockDecoder = const ast_datablock_t &(const Sample &sample, const uint8_t *data, uint64_t available);
 
 void count(benchmark::State &state, size_t octets) {
@@ -209,6 +215,7 @@ void add(const Sample &sample) {
     benchmark::RegisterBenchmark(named("walk the FSPECs").c_str(), walk_fspecs, sample);
     benchmark::RegisterBenchmark(named("decode records").c_str(), decode_records, sample);
     benchmark::RegisterBenchmark(named("decode blocks").c_str(), decode_blocks, sample, decode_block);
+    benchmark::RegisterBenchmark(named("decode blocks into one").c_str(), decode_blocks, sample, decode_block_into);
 }
 
 } // namespace

@@ -1952,6 +1952,16 @@ AST_API ast_datarecord_048_t ast_datarecord_048_disassemble(const ast_datarecord
 AST_API ast_datarecord_t ast_datarecord_048_assemble(uint8_t *buffer, uint64_t length, ast_datarecord_048_t *flat,
                                                      ast_uap_t uap);
 
+/* ======================================================================================================= extensions ==
+ * Beyond the interface proper. */
+
+/** Decode as ast_datablock_decode, ast_datablock_smart_decode and ast_datablock_001_mixuap_decode do, into a block that
+ *  the caller uses again and again. Only what the last block filled is cleared, which makes short blocks several times
+ *  as fast. The block is all zero before its first use, and then as the last of these functions left it. */
+AST_API void ast_datablock_decode_into(ast_datablock_t *block, const uint8_t *data, uint64_t available, ast_uap_t uap);
+AST_API void ast_datablock_smart_decode_into(ast_datablock_t *block, const uint8_t *data, uint64_t available);
+AST_API void ast_datablock_001_mixuap_decode_into(ast_datablock_t *block, const uint8_t *data, uint64_t available);
+
 #ifdef __cplusplus
 }
 #endif

@@ -1,5 +1,6 @@
 // Blocks: a category, a length, and records back to back.
 
+#include <algorithm>
 #include <atomic>
 #include <cstring>
 #include <iterator>
@@ -34,7 +35,8 @@ void log_surplus() {
 
 // Sets a block to what it is before anything is read, given that the records behind its count are zero already.
 void start(ast_datablock_t &block, const uint8_t *data, const ast_uap_t &uap) {
-    std::memset(static_cast<void *>(block.records), 0, block.record_count * sizeof block.records[0]);
+    const uint64_t used = std::min<uint64_t>(block.record_count, std::size(block.records));
+    std::memset(static_cast<void *>(block.records), 0, used * sizeof block.records[0]);
     block.record_count = 0;
     block.data = data;
     block.length = 0;
@@ -115,34 +117,50 @@ void decode_plots_and_tracks(ast_datablock_t &block, const uint8_t *data, uint64
 
 } // namespace
 
+void ast_datablock_decode_into(ast_datablock_t *block, const uint8_t *data, uint64_t available, ast_uap_t uap) {
+    if (block) decode(*block, data, available, uap);
+}
+
+void ast_datablock_001_mixuap_decode_into(ast_datablock_t *block, const uint8_t *data, uint64_t available) {
+    if (block) decode_plots_and_tracks(*block, data, available);
+}
+
+void ast_datablock_smart_decode_into(ast_datablock_t *block, const uint8_t *data, uint64_t available) {
+    if (!block) return;
+    if (!data || available < kHeaderOctets) {
+        start(*block, nullptr, {});
+        return;
+    }
+    if (data[0] == kMonoradarTargets) {
+        decode_plots_and_tracks(*block, data, available);
+        if (block->valid) return;
+    }
+    const ast_uap_t *const last = current_profile.load(std::memory_order_relaxed);
+    const ast_uap_t *const first = last ? last : &AST_UAP_STANDARD;
+    current_profile.store(first, std::memory_order_relaxed);
+    decode(*block, data, available, *first);
+    for (const ast_uap_t *const profile : kProfiles) {
+        if (block->valid) return;
+        current_profile.store(profile, std::memory_order_relaxed);
+        decode(*block, data, available, *profile);
+    }
+}
+
 ast_datablock_t ast_datablock_decode(const uint8_t *data, uint64_t available, ast_uap_t uap) {
     ast_datablock_t block{};
-    decode(block, data, available, uap);
+    ast_datablock_decode_into(&block, data, available, uap);
     return block;
 }
 
 ast_datablock_t ast_datablock_smart_decode(const uint8_t *data, uint64_t available) {
     ast_datablock_t block{};
-    if (!data || available < kHeaderOctets) return block;
-    if (data[0] == kMonoradarTargets) {
-        decode_plots_and_tracks(block, data, available);
-        if (block.valid) return block;
-    }
-    const ast_uap_t *const last = current_profile.load(std::memory_order_relaxed);
-    const ast_uap_t *const first = last ? last : &AST_UAP_STANDARD;
-    current_profile.store(first, std::memory_order_relaxed);
-    decode(block, data, available, *first);
-    for (const ast_uap_t *const profile : kProfiles) {
-        if (block.valid) break;
-        current_profile.store(profile, std::memory_order_relaxed);
-        decode(block, data, available, *profile);
-    }
+    ast_datablock_smart_decode_into(&block, data, available);
     return block;
 }
 
 ast_datablock_t ast_datablock_001_mixuap_decode(const uint8_t *data, uint64_t available) {
     ast_datablock_t block{};
-    decode_plots_and_tracks(block, data, available);
+    ast_datablock_001_mixuap_decode_into(&block, data, available);
     return block;
 }
 

@@ -29,8 +29,10 @@ Decoder::Decoder(const Profile *profile)
 }
 
 DecodedBlock Decoder::decode(const Datagram &datagram, uint64_t number, uint64_t offset, Octets octets) {
-    *block_ = profile_ ? ast_datablock_decode(octets.data(), octets.size(), *profile_->uap)
-                       : ast_datablock_smart_decode(octets.data(), octets.size());
+    if (profile_)
+        ast_datablock_decode_into(block_.get(), octets.data(), octets.size(), *profile_->uap);
+    else
+        ast_datablock_smart_decode_into(block_.get(), octets.data(), octets.size());
     std::optional<Fault> fault;
     if (!block_->valid) fault = profile_ ? find_fault(*block_, octets, *profile_->uap) : keep_furthest(octets);
     return {.datagram = &datagram,
@@ -48,8 +50,10 @@ DecodedBlock Decoder::decode(const Datagram &datagram, uint64_t number, uint64_t
 Fault Decoder::keep_furthest(Octets octets) {
     Fault furthest;
     for (const Way &way : ways_to_decode(octets[0])) {
-        *attempt_ = way.mixed ? ast_datablock_001_mixuap_decode(octets.data(), octets.size())
-                              : ast_datablock_decode(octets.data(), octets.size(), *way.uap);
+        if (way.mixed)
+            ast_datablock_001_mixuap_decode_into(attempt_.get(), octets.data(), octets.size());
+        else
+            ast_datablock_decode_into(attempt_.get(), octets.data(), octets.size(), *way.uap);
         const Fault fault = find_fault(*attempt_, octets, *way.uap);
         if (fault.octets <= furthest.octets) continue;
         furthest = fault;

@@ -1,5 +1,6 @@
 // Input without an end: growing files and sockets.
 
+#include <cstdlib>
 #include <gtest/gtest.h>
 
 #include "background.hpp"
@@ -131,6 +132,22 @@ TEST(Udp, TellsDamageAndStopsAfterACount) {
     EXPECT_NE(result.err.find("\nastdump: lost: 1 block invalid, 10 octets skipped\n"), std::string::npos)
         << result.err;
 }
+
+#ifdef SIMULATE_RADAR
+// A minute of a simulated radar, sent and written, holds the same.
+TEST(Udp, ListsWhatARadarSends) {
+    const std::string simulate = "timeout 60 " SIMULATE_RADAR " --duration 60 ";
+    Command command;
+    ASSERT_EQ(std::system((simulate + "--output " + command.directory() + "/radar.pcap").c_str()), 0);
+    const std::string selection = "--list --category 34,48 --where callsign ";
+    const Result written = command.run(selection + "radar.pcap");
+    Background tool(command, selection + "udp://127.0.0.1:0");
+    const std::string address = "udp://127.0.0.1:" + std::to_string(port_of(tool));
+    ASSERT_EQ(std::system((simulate + "--speed 60 --send " + address).c_str()), 0);
+    EXPECT_EQ(tool.wait_for_output(written.out).substr(0, written.out.size()), written.out);
+    EXPECT_EQ(tool.end().status, 0);
+}
+#endif
 
 TEST(Udp, CountsWhatItWasTooSlowFor) {
     // More than the system keeps for a tool that stands still. The number of datagrams lost comes with the next one.

@@ -111,22 +111,20 @@ std::optional<Datagram> UdpSource::next() {
 
 // Nothing when there is no datagram after all, which happens when its checksum is wrong.
 std::optional<size_t> UdpSource::receive() {
-    sockaddr_storage sender{};
     alignas(cmsghdr) char control[CMSG_SPACE(sizeof dropped_)];
     iovec buffer{.iov_base = buffer_.data(), .iov_len = buffer_.size()};
-    msghdr message{};
-    message.msg_name = &sender;
-    message.msg_namelen = sizeof sender;
-    message.msg_iov = &buffer;
-    message.msg_iovlen = 1;
-    message.msg_control = control;
-    message.msg_controllen = sizeof control;
+    msghdr message{.msg_name = sender_.data(),
+                   .msg_namelen = static_cast<socklen_t>(sender_.capacity()),
+                   .msg_iov = &buffer,
+                   .msg_iovlen = 1,
+                   .msg_control = control,
+                   .msg_controllen = sizeof control,
+                   .msg_flags = 0};
     const ssize_t length = recvmsg(socket_.native_handle(), &message, MSG_DONTWAIT);
     if (length < 0 && (errno == EAGAIN || errno == EINTR)) return std::nullopt;
     if (length < 0) fail();
     ++packet_;
     sender_.resize(message.msg_namelen);
-    std::memcpy(sender_.data(), &sender, message.msg_namelen);
     check(message);
     return static_cast<size_t>(length);
 }

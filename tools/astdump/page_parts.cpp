@@ -26,7 +26,7 @@ constexpr char kStyle[] = R"css(
 * { box-sizing: border-box; }
 body { display: flex; flex-direction: column; max-width: 1200px; margin: 0 auto; padding: 24px; gap: 24px;
     background: var(--page); color: var(--text); font: 14px/1.5 system-ui, sans-serif; }
-header { order: -1; } /* written last, shown first */
+header { order: -1; overflow-x: auto; } /* written last, shown first */
 h1 { margin: 0 0 12px; font-size: 22px; }
 h2 { margin: 0 0 8px; font: 600 15px/1.5 ui-monospace, monospace; overflow-wrap: anywhere; }
 .block ~ h2 { margin-top: 24px; }

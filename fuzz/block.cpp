@@ -40,12 +40,26 @@ void check_block(const ast_datablock_t &block, Octets octets) {
     if (block.valid && block.record_count > 0) check_modified(block);
 }
 
+// A block that is decoded into again and again is as a fresh one, also behind its last record.
+void check_reused(const ast_datablock_t &fresh, Octets octets, const ast_uap_t &uap) {
+    static ast_datablock_t reused; // large
+    ast_datablock_decode_into(&reused, octets.data(), octets.size(), uap);
+    require(reused.valid == fresh.valid && reused.length == fresh.length && reused.record_count == fresh.record_count,
+            "a block comes out differently in one that was used before");
+    for (uint64_t i = 0; i < AST_DATABLOCK_MAX_RECORDS; ++i)
+        require(reused.records[i].data == fresh.records[i].data && reused.records[i].size == fresh.records[i].size &&
+                    reused.records[i].item_count == fresh.records[i].item_count &&
+                    reused.records[i].valid == fresh.records[i].valid,
+                "something of a block stays in the next one");
+}
+
 void check_every_profile(Octets octets) {
     static ast_datablock_t block; // large
     bool fits = false;
     for (const ast_uap_t *uap : profiles()) {
         block = ast_datablock_decode(octets.data(), octets.size(), *uap);
         check_block(block, octets);
+        check_reused(block, octets, *uap);
         fits = fits || block.valid;
     }
     block = ast_datablock_001_mixuap_decode(octets.data(), octets.size());

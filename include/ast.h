@@ -554,7 +554,7 @@ typedef struct {
 /** One subfield of a decoded compound item. */
 typedef struct {
     bool present;
-    const uint8_t *data; /* its first octet, null when absent */
+    const uint8_t *data; /* its first octet; null when absent, or when the item ends before it */
     uint64_t size;       /* octets, 0 when absent */
     uint32_t type;
     bool valid; /* set in every listed entry, present or not */

@@ -120,12 +120,11 @@ TEST(Profile, UnknownCategoriesAreReported) {
 
 struct NamedProfile {
     ast_uap_t *uap;
-    uint32_t (*max_frn)(uint32_t category);
-    ast_dataitem_type_t (*get_dataitem)(uint32_t category, uint32_t frn);
+    ast_uap_t functions;
 };
 
 #define PROFILE(object, suffix)                                                                                        \
-    { &object, ast_uap_max_frn_##suffix, ast_uap_get_dataitem_##suffix }
+    { &object, {ast_uap_max_frn_##suffix, ast_uap_get_dataitem_##suffix} }
 const NamedProfile kVariants[] = {
     PROFILE(AST_UAP_CAT001_PLOT, cat001_plot),     PROFILE(AST_UAP_CAT021_VER023, cat021_ver023),
     PROFILE(AST_UAP_CAT021_VER026, cat021_ver026), PROFILE(AST_UAP_CAT021_VER21, cat021_ver21),
@@ -138,8 +137,8 @@ TEST(Profile, ObjectsHoldTheFunctionsNamedAfterThem) {
     EXPECT_EQ(AST_UAP_STANDARD.max_frn, ast_uap_max_frn_standard);
     EXPECT_EQ(AST_UAP_STANDARD.get_dataitem, ast_uap_get_dataitem_standard);
     for (const NamedProfile &profile : kVariants) {
-        EXPECT_TRUE(same_function(profile.uap->max_frn, profile.max_frn));
-        EXPECT_TRUE(same_function(profile.uap->get_dataitem, profile.get_dataitem));
+        EXPECT_TRUE(same_function(profile.uap->max_frn, profile.functions.max_frn));
+        EXPECT_TRUE(same_function(profile.uap->get_dataitem, profile.functions.get_dataitem));
     }
 }
 

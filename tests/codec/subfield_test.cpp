@@ -19,18 +19,14 @@ ast_subfields_t split(const std::vector<uint8_t> &data, uint32_t type) {
 TEST(Subfields, ListsPresentAndAbsent) {
     const auto data = octets("90 12 34 56"); // I048/130: SRL and PRL
     const ast_subfields_t subfields = split(data, 48130);
-    EXPECT_TRUE(subfields.valid);
-    EXPECT_EQ(subfields.primary.length, 1U);
-    EXPECT_EQ(subfields.primary.item_count, 2U);
+    EXPECT_TRUE(subfields.valid && subfields.primary.length == 1 && subfields.primary.item_count == 2);
     ASSERT_EQ(subfields.subfield_count, 7U);
     for (uint32_t i = 0; i < 7; ++i) {
         const ast_subfield_t &subfield = subfields.subfields[i];
         const bool present = i == 0 || i == 3;
-        EXPECT_TRUE(subfield.valid);
-        EXPECT_EQ(subfield.type, 48130001 + i);
-        EXPECT_EQ(subfield.present, present);
-        EXPECT_EQ(subfield.size, present ? 1U : 0U);
-        EXPECT_EQ(subfield.data, present ? data.data() + (i == 0 ? 1 : 2) : nullptr);
+        EXPECT_TRUE(subfield.valid && subfield.type == 48130001 + i && subfield.present == present) << i;
+        EXPECT_EQ(subfield.size, present ? 1U : 0U) << i;
+        EXPECT_EQ(subfield.data, present ? data.data() + (i == 0 ? 1 : 2) : nullptr) << i;
     }
 }
 

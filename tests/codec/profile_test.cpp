@@ -124,7 +124,9 @@ struct NamedProfile {
 };
 
 #define PROFILE(object, suffix)                                                                                        \
-    { &object, {ast_uap_max_frn_##suffix, ast_uap_get_dataitem_##suffix} }
+    {                                                                                                                  \
+        &object, { ast_uap_max_frn_##suffix, ast_uap_get_dataitem_##suffix }                                           \
+    }
 const NamedProfile kVariants[] = {
     PROFILE(AST_UAP_CAT001_PLOT, cat001_plot),     PROFILE(AST_UAP_CAT021_VER023, cat021_ver023),
     PROFILE(AST_UAP_CAT021_VER026, cat021_ver026), PROFILE(AST_UAP_CAT021_VER21, cat021_ver21),

@@ -22,10 +22,7 @@ ast_datarecord_t decode(const std::vector<uint8_t> &data, uint32_t category = 48
 TEST(Record, DecodesItemsInFrnOrder) {
     const auto data = octets(kThreeItems);
     const ast_datarecord_t record = decode(data);
-    EXPECT_TRUE(record.valid);
-    EXPECT_EQ(record.data, data.data());
-    EXPECT_EQ(record.size, 8U);
-    EXPECT_EQ(record.category, 48U);
+    EXPECT_TRUE(record.valid && record.data == data.data() && record.size == 8 && record.category == 48);
     EXPECT_EQ(record.uap.get_dataitem, ast_uap_get_dataitem_standard);
     EXPECT_EQ(record.fspec.length, 1U);
     ASSERT_EQ(record.item_count, 3U);
@@ -35,11 +32,9 @@ TEST(Record, DecodesItemsInFrnOrder) {
         uint8_t following;
     } kItems[] = {{48010, 1, 2, 6}, {48140, 3, 3, 3}, {48020, 6, 2, 1}};
     for (uint64_t i = 0; i < 3; ++i) {
-        EXPECT_EQ(record.items[i].type, kItems[i].type);
-        EXPECT_EQ(record.items[i].data, data.data() + kItems[i].offset);
-        EXPECT_EQ(record.items[i].size, kItems[i].size);
-        EXPECT_EQ(record.items[i].following, kItems[i].following);
-        EXPECT_TRUE(record.items[i].valid);
+        const ast_dataitem_t &item = record.items[i];
+        EXPECT_TRUE(item.valid && item.type == kItems[i].type && item.data == data.data() + kItems[i].offset) << i;
+        EXPECT_TRUE(item.size == kItems[i].size && item.following == kItems[i].following) << i;
     }
 }
 
@@ -90,9 +85,7 @@ TEST(Record, MayBeEmptyByOption) {
     ast_library_set_option(AST_OPTION_ALLOW_EMPTY_FSPEC);
     const ast_datarecord_t record = decode(octets("01 00 FF"));
     ast_library_reset_option();
-    EXPECT_TRUE(record.valid);
-    EXPECT_EQ(record.size, 2U);
-    EXPECT_EQ(record.item_count, 0U);
+    EXPECT_TRUE(record.valid && record.size == 2 && record.item_count == 0);
 }
 
 // A profile that announces I034/110, of one octet, at every FRN.
@@ -103,14 +96,10 @@ TEST(Record, HoldsAtMost32Items) {
     auto data = repeated("00", 5 + 33);
     std::copy_n(octets("FF FF FF FF F0").begin(), 5, data.begin()); // 4 times 7 FRNs and 4
     const ast_datarecord_t full = decode(data, 34, kEndless);
-    EXPECT_TRUE(full.valid);
-    EXPECT_EQ(full.item_count, 32U);
-    EXPECT_EQ(full.size, 37U);
+    EXPECT_TRUE(full.valid && full.item_count == 32 && full.size == 37);
     data[4] = 0xF8;
     const ast_datarecord_t over = decode(data, 34, kEndless);
-    EXPECT_FALSE(over.valid);
-    EXPECT_EQ(over.item_count, 32U);
-    EXPECT_EQ(over.size, 0U);
+    EXPECT_TRUE(!over.valid && over.item_count == 32 && over.size == 0);
 }
 
 // ---- Encoding ----
@@ -126,26 +115,44 @@ ast_datarecord_src_t source_of(std::initializer_list<ast_dataitem_src_t> items, 
     return source;
 }
 
+// What is written into a buffer that just fits, after all that are shorter have been refused.
+template <typename Encode>
+std::vector<uint8_t> written(uint64_t size, Encode encode) {
+    LogCapture log; // buffers that are too short are reported
+    for (uint64_t length = 0; length <= size; ++length) {
+        std::vector<uint8_t> buffer(length);
+        const ast_datarecord_t record = encode(buffer.data(), length);
+        EXPECT_TRUE(record.valid == (length == size) && record.size == (length == size ? size : 0)) << length;
+        if (length == size) return buffer;
+    }
+    return {};
+}
+
+void expect_encodes(const ast_datarecord_src_t &source, std::string_view hex) {
+    const auto expected = octets(hex);
+    EXPECT_EQ(written(expected.size(), [&](uint8_t *to, uint64_t n) { return ast_datarecord_encode(to, n, &source); }),
+              expected);
+}
+
 TEST(Record, EncodesInFrnOrderUnderAnFspecThatFits) {
-    LogCapture log;
     ast_sac_sic_t other{.valid = true, .sac = 1, .sic = 2};
+    ast_time_of_day_t time{.valid = true, .hour = 12, .minute = 34, .second = 56, .millisecond = 500};
+    ast_target_address_t address{.valid = true, .address = 0x3C65AC};
+    ast_mode_3a_t code{.valid = true, .code = 07567};
     // I048/161 is FRN 11. I001/010 is not of the profile, and the second I048/010 comes too late.
     const auto source = source_of({{48161, &track}, {1010, &other}, {48010, &radar}, {48010, &other}});
+    expect_encodes(source, "81 10 19 0C 01 23");
+    expect_encodes(source_of({{48220, &address}, {48010, &radar}}), "81 80 19 0C 3C 65 AC"); // FRN 1 and 8
+    expect_encodes(source_of({{48161, &track}}), "01 10 01 23");
+    // FRN 1, 4; 9, 12
+    expect_encodes(source_of({{62010, &radar}, {62040, &track}, {62060, &code}, {62070, &time}}, 62),
+                   "91 48 19 0C 58 78 40 0F 77 01 23");
+
     auto buffer = repeated("EE", 7);
     const ast_datarecord_t record = ast_datarecord_encode(buffer.data(), buffer.size(), &source);
-    EXPECT_TRUE(record.valid);
-    EXPECT_EQ(record.size, 6U);
-    EXPECT_EQ(record.data, buffer.data());
-    EXPECT_EQ(record.item_count, 4U);
+    EXPECT_TRUE(record.data == buffer.data() && record.item_count == 4);
     EXPECT_EQ(record.items[0].type, 0U) << "items are not filled in";
-    EXPECT_EQ(buffer, octets("81 10 19 0C 01 23 EE"));
-
-    for (uint64_t length = 0; length < 6; ++length) {
-        std::vector<uint8_t> small(length);
-        const ast_datarecord_t cut = ast_datarecord_encode(small.data(), length, &source);
-        EXPECT_FALSE(cut.valid) << length;
-        EXPECT_EQ(cut.size, 0U);
-    }
+    EXPECT_EQ(buffer.back(), 0xEE);
 }
 
 TEST(Record, EncodeReportsWhatFails) {
@@ -171,9 +178,7 @@ TEST(Record, EncodeReportsWhatFails) {
         SCOPED_TRACE(c.what);
         LogCapture log;
         const ast_datarecord_t record = ast_datarecord_encode(buffer, sizeof buffer, &c.source);
-        EXPECT_FALSE(record.valid);
-        EXPECT_EQ(record.size, 0U);
-        EXPECT_EQ(record.category, c.source.category);
+        EXPECT_TRUE(!record.valid && record.size == 0 && record.category == c.source.category);
         EXPECT_EQ(log.take(), c.report);
     }
     ast_datarecord_src_t overlong = source_of({});
@@ -199,18 +204,9 @@ TEST(Record, CopyAndEmptyModificationAreTheSame) {
     for (const Rewrite rewrite : kCopies) {
         auto buffer = repeated("EE", 9);
         const ast_datarecord_t copy = rewrite(buffer.data(), 8, &source);
-        EXPECT_TRUE(copy.valid);
-        EXPECT_EQ(copy.size, 8U);
-        EXPECT_EQ(copy.item_count, 3U);
-        EXPECT_EQ(copy.items[2].data, buffer.data() + 6);
+        EXPECT_TRUE(copy.valid && copy.item_count == 3 && copy.items[2].data == buffer.data() + 6);
         EXPECT_EQ(buffer, data) << "the ninth octet is EE in both";
-        for (uint64_t length = 0; length < 8; ++length) {
-            std::vector<uint8_t> small(length);
-            const ast_datarecord_t cut = rewrite(small.data(), length, &source);
-            EXPECT_FALSE(cut.valid) << length;
-            EXPECT_EQ(cut.size, 0U);
-            EXPECT_EQ(cut.item_count, 3U);
-        }
+        written(8, [&](uint8_t *to, uint64_t length) { return rewrite(to, length, &source); });
         EXPECT_FALSE(rewrite(nullptr, 8, &source).valid);
         EXPECT_FALSE(rewrite(buffer.data(), 8, nullptr).valid);
         ast_datarecord_t broken = source;
@@ -225,11 +221,12 @@ TEST(Record, CopyAndEmptyModificationAreTheSame) {
 TEST(Record, CopyWantsTheSizeOfItsSource) {
     const auto data = octets(kThreeItems);
     ast_datarecord_t source = decode(data);
-    source.size = 7;
     auto buffer = repeated("EE", 9);
-    const ast_datarecord_t copy = ast_datarecord_copy(buffer.data(), 9, &source);
-    EXPECT_FALSE(copy.valid);
-    EXPECT_EQ(copy.size, 0U);
+    for (const uint64_t size : {7U, 9U}) {
+        source.size = size;
+        const ast_datarecord_t copy = ast_datarecord_copy(buffer.data(), 9, &source);
+        EXPECT_TRUE(!copy.valid && copy.size == 0) << size;
+    }
 }
 
 TEST(Record, ModifyReplacesWhatIsThere) {
@@ -243,9 +240,9 @@ TEST(Record, ModifyReplacesWhatIsThere) {
     list.item_count = 3;
     auto buffer = repeated("EE", 9);
     const ast_datarecord_t modified = ast_datarecord_modify(buffer.data(), 9, &source, &list);
-    EXPECT_TRUE(modified.valid);
-    EXPECT_EQ(modified.items[0].type, 48010U);
+    EXPECT_TRUE(modified.valid && modified.items[0].type == 48010);
     EXPECT_EQ(buffer, octets("E0 55 AA 00 00 80 A1 00 EE"));
+    written(8, [&](uint8_t *to, uint64_t length) { return ast_datarecord_modify(to, length, &source, &list); });
 
     LogCapture log;
     list.items[1].value = nullptr;

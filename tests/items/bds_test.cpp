@@ -77,7 +77,8 @@ TEST(Bds09, ShowsAVelocityReport) {
               // known
         "9A 83 FF 7F F7 FC FF = 19|2|YES|0|YES|EAST 4088|NORTH 4088|BARO|UP|YES|32640|BELOW_BARO|YES|3150; "
         "9B 3F FF FF E0 04 01 = 19|3|NO|7|NO|EAST 0|NORTH 0|GEOMETRIC|UP|YES|0|ABOVE_BARO|YES|0; "
-        "99 44 00 94 08 00 00 = 19|1|NO|0|NO|WEST 0|SOUTH 0|GEOMETRIC|DOWN|NO|0|ABOVE_BARO|NO|0");
+        "99 44 00 94 08 00 00 = 19|1|NO|0|NO|WEST 0|SOUTH 0|GEOMETRIC|DOWN|NO|0|ABOVE_BARO|NO|0; "
+        "99 44 09 80 08 00 00 = 19|1|NO|0|NO|WEST 0|SOUTH 0|GEOMETRIC|DOWN|NO|0|ABOVE_BARO|NO|0");
     for (const auto &[octet, code, subtype] : {std::tuple{"98", 19U, 0U}, {"9D", 19U, 5U}, {"91", 18U, 1U}}) {
         const auto velocity = ast_bds_09_decode(Register(0x09, std::string(octet) + " 44 09 94 08 38 17"));
         EXPECT_TRUE(!velocity.valid && velocity.format_type_code == code && velocity.subtype == subtype) << octet;

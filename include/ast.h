@@ -83,7 +83,7 @@ AST_API bool ast_library_init(void);
 /** A negative longitude of I062/105 is negated before it is scaled, so that it reads as a positive one. */
 #define AST_OPTION_INVERT_062_LONGITUDE UINT32_C(1)
 
-/** A field specification, or a primary subfield, in which no bit is set is valid: a record or item without content. */
+/** An FSPEC, or a primary subfield, in which no bit is set is valid: a record or item without content. */
 #define AST_OPTION_ALLOW_EMPTY_FSPEC UINT32_C(2)
 
 /** Sets the given option bits and keeps the others. */
@@ -281,7 +281,7 @@ typedef struct {
     ast_dataitem_type_t (*get_dataitem)(uint32_t category, uint32_t frn);
 } ast_uap_t;
 
-/** A decoded field specification, or the primary subfield of a compound item. */
+/** A decoded FSPEC, which says what items a record has, or the primary subfield of a compound item. */
 typedef struct {
     const uint8_t *data; /* its first octet, in the caller's octets */
     uint64_t length;     /* octets, up to the first whose FX bit is 0 */
@@ -409,7 +409,7 @@ AST_API void ast_datarecord_get_hex_html(char *text, uint64_t capacity, const as
  *  digits shows its first two. */
 AST_API void ast_datarecord_get_detail_html(char *text, uint64_t capacity, const ast_datarecord_t *record);
 
-/* =========================================================================================== field specification == */
+/* ========================================================================================================= FSPEC == */
 
 /** Decodes the FSPEC at data. Not valid, with length 0, when its FX chain runs past what is available; not valid, with
  *  length and counts filled, when no bit is set and AST_OPTION_ALLOW_EMPTY_FSPEC is not. */

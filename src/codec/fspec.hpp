@@ -1,4 +1,4 @@
-// Walking the bits of a field specification or primary subfield.
+// Walking the bits of an FSPEC or primary subfield.
 #pragma once
 
 #include <bit>

@@ -93,6 +93,48 @@ TEST(Allocation, NoneForAnyItem) {
     }
 }
 
+TEST(Allocation, NoneForQueriesFlatRecordsAndEncoders) {
+    static char text[4096];
+    const auto data = octets("FD 97 02 19 0C 35 2A 80 A0 2D 80 60 00 0A 53 05 78 4B A9 D1 00 64 07 A5 5B 06 40 20 FD");
+    EXPECT_EQ(allocations_of([&] {
+                  const ast_datarecord_t record = ast_datarecord_decode(data.data(), data.size(), 48, AST_UAP_STANDARD);
+                  for (uint32_t keyword = 0; keyword <= AST_KEYWORDS; ++keyword) {
+                      ast_keyword_name(text, sizeof text, keyword);
+                      ast_keyword_description(text, sizeof text, keyword);
+                      ast_datarecord_get_keyword(text, sizeof text, &record, keyword, AST_POSITION_DEGREES);
+                      ast_datarecord_contain_keyword(&record, keyword);
+                      ast_datarecord_match_keyword(&record, keyword, "7700", true);
+                  }
+                  ast_datarecord_get_detail_html(text, sizeof text, &record);
+                  ast_datarecord_get_hex_html(text, sizeof text, &record);
+                  uint8_t buffer[64];
+                  ast_datarecord_048_t plot = ast_datarecord_048_disassemble(&record);
+                  ast_datarecord_048_assemble(buffer, sizeof buffer, &plot, AST_UAP_STANDARD);
+                  ast_datarecord_034_t message = ast_datarecord_034_disassemble(&record);
+                  ast_datarecord_034_assemble(buffer, sizeof buffer, &message, AST_UAP_STANDARD);
+                  ast_datarecord_copy(buffer, sizeof buffer, &record);
+              }),
+              0U);
+}
+
+TEST(Allocation, NoneForTextsAndRegisters) {
+    static char text[4096];
+    const auto mb = octets("80 1F 1D 37 40 04 B4");
+    EXPECT_EQ(allocations_of([&] {
+                  for (uint32_t number = 0; number < 256; ++number) {
+                      const ast_bds_t bds = ast_bds_decode(mb.data(), mb.size(), number);
+                      ast_bds_get_detail_html(text, sizeof text, &bds);
+                      ast_category_to_str(number);
+                      ast_bds_type_to_str(number);
+                  }
+                  for (uint32_t service = 0; service < 6; ++service)
+                      ast_html_gen_location_map_link(text, sizeof text, service, 48.5, -2.25);
+                  ast_latlong_to_str_very_high(48.5, -2.25);
+                  ast_library_version();
+              }),
+              0U);
+}
+
 TEST(Allocation, NoneForLogs) {
     const std::string message(600, 'x');
     const auto data = repeated("AB", 100);

@@ -130,16 +130,17 @@ TEST(CategoryName, UnknownItemsAreReportedInSomeCategories) {
         const char *(*name)(ast_dataitem_type_t type);
         bool reports;
         const char *unknown;
+        // clang-format off
     } kCategories[] = {
-#define CATEGORY(code, number, reports)                                                                                \
-    {number, ast_dataitem_##code##_get_name, reports, "Unknown CAT" #code " Dataitem"}
-        CATEGORY(001, 1, false),   CATEGORY(002, 2, false),  CATEGORY(004, 4, true),   CATEGORY(008, 8, false),
-        CATEGORY(010, 10, false),  CATEGORY(015, 15, false), CATEGORY(016, 16, false), CATEGORY(019, 19, false),
-        CATEGORY(020, 20, false),  CATEGORY(021, 21, true),  CATEGORY(023, 23, false), CATEGORY(034, 34, false),
-        CATEGORY(048, 48, true),   CATEGORY(062, 62, true),  CATEGORY(063, 63, false), CATEGORY(065, 65, false),
+#define CATEGORY(code, number, reports) {number, ast_dataitem_##code##_get_name, reports, "Unknown CAT" #code " Dataitem"}
+        CATEGORY(001, 1, false), CATEGORY(002, 2, false), CATEGORY(004, 4, true), CATEGORY(008, 8, false),
+        CATEGORY(010, 10, false), CATEGORY(015, 15, false), CATEGORY(016, 16, false), CATEGORY(019, 19, false),
+        CATEGORY(020, 20, false), CATEGORY(021, 21, true), CATEGORY(023, 23, false), CATEGORY(034, 34, false),
+        CATEGORY(048, 48, true), CATEGORY(062, 62, true), CATEGORY(063, 63, false), CATEGORY(065, 65, false),
         CATEGORY(240, 240, false),
 #undef CATEGORY
     };
+    // clang-format on
     LogCapture log;
     for (const auto &c : kCategories) {
         SCOPED_TRACE(c.unknown);

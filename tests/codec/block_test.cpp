@@ -5,6 +5,7 @@
 #include "ast.h"
 #include "support/log_capture.hpp"
 #include "support/octets.hpp"
+#include "support/text.hpp"
 
 namespace {
 
@@ -27,47 +28,35 @@ bool is(const ast_uap_t &uap, const ast_uap_t &expected) {
     return uap.max_frn == expected.max_frn && uap.get_dataitem == expected.get_dataitem;
 }
 
-void expect_block(const Block &block, bool valid, uint64_t length, uint64_t records) {
-    EXPECT_EQ(block->valid, valid);
-    EXPECT_EQ(block->length, length);
-    EXPECT_EQ(block->record_count, records);
+// "valid" or "broken", the length and the number of records.
+std::string text_of(const Block &block) {
+    return (block->valid ? "valid " : "broken ") + std::to_string(block->length) + " " +
+           std::to_string(block->record_count);
 }
 
 TEST(Block, DecodesRecordsThatFillItsLength) {
-    constexpr struct {
-        const char *what;
-        const char *octets;
-        bool valid;
-        uint64_t length, records;
-    } kCases[] = {
-        {"no records", "30 00 03", true, 3, 0},
-        {"one record", "30 00 06 80 19 0C", true, 6, 1},
-        {"two records and octets of the next block", "30 00 09 80 19 0C 80 19 0D 30 00", true, 9, 2},
-        {"LEN one octet short", "30 00 08 80 19 0C 80 19 0D", false, 8, 2},
-        {"LEN within the second record's FSPEC", "30 00 07 80 19 0C 80 19 0D", false, 7, 2},
-        {"LEN beyond the records", "30 00 0A 80 19 0C 80 19 0D 00", false, 10, 2},
-        {"LEN beyond the data", "30 00 07 80 19 0C", false, 0, 0},
-        {"LEN below the header", "30 00 02 80 19 0C", false, 2, 0},
-        {"LEN 0", "30 00 00", false, 0, 0},
-        {"two octets", "30 00", false, 0, 0},
-        {"nothing", "", false, 0, 0},
-        {"a second record cut", "30 00 08 80 19 0C 80 19", false, 8, 1},
-        {"LEN in both its octets", "30 01 00 80 19 0C", false, 0, 0},
-    };
-    for (const auto &c : kCases) {
-        SCOPED_TRACE(c.what);
-        LogCapture log;
-        const auto data = octets(c.octets);
-        const Block block = decode(data);
-        expect_block(block, c.valid, c.length, c.records);
-        EXPECT_EQ(block->category, data.size() < 3 ? 0U : 48U);
-        EXPECT_TRUE(is(block->uap, AST_UAP_STANDARD));
-        EXPECT_EQ(log.take(), LogLines{});
-        if (!c.valid) continue;
-        EXPECT_TRUE(block->data == data.data() && block->records_data == data.data() + 3);
-        EXPECT_EQ(block->records_length, c.length - 3);
-        for (uint64_t i = 0; i < c.records; ++i) EXPECT_EQ(block->records[i].data, data.data() + 3 + 3 * i);
-    }
+    each_case("30 00 03 = valid 3 0; 30 00 06 80 19 0C = valid 6 1; 30 00 08 80 19 0C 80 19 = broken 8 1; "
+              "30 00 09 80 19 0C 80 19 0D 30 00 = valid 9 2; " // and octets of the next block
+              "30 00 08 80 19 0C 80 19 0D = broken 8 2; "      // a record may read past LEN,
+              "30 00 07 80 19 0C 80 19 0D = broken 7 2; "      // even from within its FSPEC
+              "30 00 0A 80 19 0C 80 19 0D 00 = broken 10 2; 30 00 07 80 19 0C = broken 0 0; "
+              "30 01 00 80 19 0C = broken 0 0; 30 00 02 80 19 0C = broken 2 0; 30 00 00 = broken 0 0; "
+              "30 00 = broken 0 0; = broken 0 0",
+              [](const std::string &hex, const std::string &expected) {
+                  SCOPED_TRACE(hex);
+                  LogCapture log;
+                  const auto data = octets(hex);
+                  const Block block = decode(data);
+                  EXPECT_EQ(text_of(block), expected);
+                  EXPECT_EQ(block->category, data.size() < 3 ? 0U : 48U);
+                  EXPECT_TRUE(is(block->uap, AST_UAP_STANDARD));
+                  EXPECT_EQ(log.take(), LogLines{});
+                  if (!block->valid) return;
+                  EXPECT_TRUE(block->data == data.data() && block->records_data == data.data() + 3);
+                  EXPECT_EQ(block->records_length, block->length - 3);
+                  for (uint64_t i = 0; i < block->record_count; ++i)
+                      EXPECT_EQ(block->records[i].data, data.data() + 3 + 3 * i);
+              });
     for (const auto decoder : {ast_datablock_smart_decode, ast_datablock_001_mixuap_decode}) {
         const auto block = std::make_unique<ast_datablock_t>(decoder(nullptr, 9));
         EXPECT_TRUE(!block->valid && !block->records_data);
@@ -172,28 +161,15 @@ TEST(MixedDecode, ChoosesTheProfileOfEachRecord) {
 }
 
 TEST(MixedDecode, WantsADescriptor) {
-    constexpr struct {
-        const char *what;
-        const char *octets;
-        bool valid;
-        uint64_t length, records;
-    } kCases[] = {
-        {"no I001/020", "01 00 06 80 19 0C", false, 6, 0},
-        {"no I001/020 in the second record", "01 00 0A C0 19 0C 00 80 19 0C", false, 10, 1},
-        {"an FSPEC without an end", "01 00 04 C1", false, 4, 0},
-        {"an octet of TYP beyond the data", "01 00 06 C0 19 0C", false, 6, 0},
-        {"LEN beyond the data", "01 00 08 C0 19 0C 00", false, 0, 0},
-        {"no records", "01 00 03", true, 3, 0},
-        {"another category", "02 00 07 C0 19 0C 00", false, 0, 0},
-        {"two octets", "01 00", false, 0, 0},
-    };
-    for (const auto &c : kCases) {
-        SCOPED_TRACE(c.what);
-        const auto data = octets(c.octets);
-        const Block block = mixed(data);
-        expect_block(block, c.valid, c.length, c.records);
-        EXPECT_EQ(block->category, data.size() < 3 ? 0U : data[0]);
-    }
+    each_case("01 00 06 80 19 0C = broken 6 0; 01 00 0A C0 19 0C 00 80 19 0C = broken 10 1; " // no I001/020
+              "01 00 04 C1 = broken 4 0; 01 00 06 C0 19 0C = broken 6 0; 01 00 08 C0 19 0C 00 = broken 0 0; "
+              "01 00 03 = valid 3 0; 02 00 07 C0 19 0C 00 = broken 0 0; 01 00 = broken 0 0",
+              [](const std::string &hex, const std::string &expected) {
+                  const auto data = octets(hex);
+                  const Block block = mixed(data);
+                  EXPECT_EQ(text_of(block), expected) << hex;
+                  EXPECT_EQ(block->category, data.size() < 3 ? 0U : data[0]) << hex;
+              });
 }
 
 // TYP is taken two octets behind the FSPEC even where I001/020 stands right behind it.
@@ -231,7 +207,7 @@ TEST(Block, EncodesRecordsBackToBack) {
     std::vector<uint8_t> buffer(9);
     const auto source = source_of(2);
     const Block block = encode(buffer, source.get());
-    expect_block(block, true, 9, 2);
+    EXPECT_EQ(text_of(block), "valid 9 2");
     EXPECT_TRUE(block->records_length == 6 && block->records_data == buffer.data() + 3);
     EXPECT_EQ(buffer, octets("30 00 09 80 19 0C 80 19 0C"));
     EXPECT_TRUE(decode(buffer)->valid);
@@ -273,7 +249,7 @@ TEST(Block, ModifyReplacesInEveryRecord) {
     list.item_count = 1;
     std::vector<uint8_t> buffer(10, 0xEE);
     const Block modified = modify(buffer, source.get(), &list);
-    expect_block(modified, true, 9, 2);
+    EXPECT_EQ(text_of(modified), "valid 9 2");
     EXPECT_EQ(modified->records_length, 6U);
     EXPECT_EQ(buffer, octets("30 00 09 80 19 0C 80 19 0C EE"));
     EXPECT_TRUE(modify(buffer, source.get(), nullptr)->valid);

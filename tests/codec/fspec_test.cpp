@@ -4,40 +4,30 @@
 
 #include "ast.h"
 #include "support/octets.hpp"
+#include "support/text.hpp"
 
 namespace {
 
 using namespace ast_test;
 
 TEST(Fspec, DecodesItsChain) {
-    const struct {
-        const char *octets;
-        uint64_t length;
-        bool valid;
-        std::vector<uint32_t> frns;
-    } kCases[] = {
-        {"80", 1, true, {1}},
-        {"02", 1, true, {7}},
-        {"FE FF", 1, true, {1, 2, 3, 4, 5, 6, 7}},
-        {"01 40", 2, true, {9}},
-        {"81 01 03 02 FF", 4, true, {1, 21, 28}},
-        {"00", 1, false, {}},
-        {"01 00", 2, false, {}},
-        {"01", 0, false, {}},
-        {"FF FF", 0, false, {}},
-        {"", 0, false, {}},
-    };
-    for (const auto &c : kCases) {
-        SCOPED_TRACE(c.octets);
-        const auto data = octets(c.octets);
-        const ast_fspec_t fspec = ast_fspec_decode(data.data(), data.size());
-        EXPECT_TRUE(fspec.data == data.data() && fspec.valid == c.valid && fspec.length == c.length);
-        EXPECT_TRUE(fspec.frn_count == 7 * c.length && fspec.item_count == c.frns.size());
-        std::vector<uint32_t> frns;
-        for (uint32_t frn = 0; frn < 300; ++frn)
-            if (ast_fspec_is_set(&fspec, frn)) frns.push_back(frn);
-        EXPECT_EQ(frns, c.frns);
-    }
+    // The length, and the FRNs that are set; none: not valid.
+    each_case("80 = 1: 1; 02 = 1: 7; FE FF = 1: 1 2 3 4 5 6 7; 01 40 = 2: 9; 81 01 03 02 FF = 4: 1 21 28; "
+              "00 = 1:; 01 00 = 2:; 01 = 0:; FF FF = 0:; = 0:",
+              [](const std::string &hex, const std::string &expected) {
+                  const auto data = octets(hex);
+                  const ast_fspec_t fspec = ast_fspec_decode(data.data(), data.size());
+                  std::string text = std::to_string(fspec.length) + ":";
+                  uint64_t count = 0;
+                  for (uint32_t frn = 0; frn < 300; ++frn) {
+                      if (!ast_fspec_is_set(&fspec, frn)) continue;
+                      text += " " + std::to_string(frn);
+                      ++count;
+                  }
+                  EXPECT_EQ(text, expected) << hex;
+                  EXPECT_TRUE(fspec.data == data.data() && fspec.valid == (count != 0)) << hex;
+                  EXPECT_TRUE(fspec.frn_count == 7 * fspec.length && fspec.item_count == count) << hex;
+              });
     EXPECT_FALSE(ast_fspec_decode(nullptr, 5).valid);
     EXPECT_FALSE(ast_fspec_is_set(nullptr, 1));
 }

@@ -6,6 +6,7 @@
 #include "ast.h"
 #include "support/log_capture.hpp"
 #include "support/octets.hpp"
+#include "support/text.hpp"
 
 namespace {
 
@@ -31,39 +32,27 @@ TEST(Subfields, ListsPresentAndAbsent) {
 }
 
 TEST(Subfields, AreWalkedByTheirSizes) {
-    const struct {
-        const char *what;
-        uint32_t type;
-        const char *octets;
-        uint64_t size, listed;
-        std::vector<uint64_t> sizes; // of the present ones
-    } kCases[] = {
-        {"one octet", 48130, "80 12 FF", 2, 7, {1}},
-        {"only spares", 34050, "62 FF", 1, 7, {0, 0, 0}},
-        {"a spare between", 34050, "D0 11 22 33", 3, 7, {1, 0, 1}},
-        {"repeated, then fixed", 62380, "01 60 02", 0, 0, {}},
-        {"no repetition", 62380, "01 60 00 AA BB", 5, 14, {1, 2}},
-        {"one repetition", 62380, "01 40 01 01 02 03 04 05 06 07 08 09 10 11 12 13 14 15 FF", 18, 14, {16}},
-        {"extended", 4120, "C0 01 01 00 AA", 5, 4, {3, 1}},
-        {"a bit beyond the item's count is sized as nothing", 48120, "01 80", 2, 2, {}},
-        {"the primary subfield cut", 48130, "01", 0, 0, {}},
-        {"an empty primary subfield", 48130, "00 00", 0, 0, {}},
-        {"one octet short", 48120, "C0 01 02 01 02 03 04 05 06", 0, 0, {}},
-        {"a repetition short", 62380, "01 40 01 01 02", 2, 14, {0}},
+    // The size, the number of subfields listed, and the sizes of the present ones.
+    const auto expect_walks = [](uint32_t type, const char *cases) {
+        each_case(cases, [&](const std::string &hex, const std::string &expected) {
+            const auto data = octets(hex);
+            const uint64_t size = ast_dataitem_get_size(data.data(), data.size(), type);
+            const ast_subfields_t subfields = split(data, type);
+            EXPECT_EQ(ast_dataitem_subfields_get_size(data.data(), data.size(), type), size) << hex;
+            EXPECT_EQ(subfields.valid, size != 0) << hex;
+            std::string walk = std::to_string(size) + " " + std::to_string(subfields.subfield_count) + ":";
+            for (uint64_t i = 0; i < subfields.subfield_count; ++i)
+                if (subfields.subfields[i].present) walk += " " + std::to_string(subfields.subfields[i].size);
+            EXPECT_EQ(walk, expected) << type << ": " << hex;
+        });
     };
-    for (const auto &c : kCases) {
-        SCOPED_TRACE(c.what);
-        const auto data = octets(c.octets);
-        EXPECT_EQ(ast_dataitem_get_size(data.data(), data.size(), c.type), c.size);
-        EXPECT_EQ(ast_dataitem_subfields_get_size(data.data(), data.size(), c.type), c.size);
-        const ast_subfields_t subfields = split(data, c.type);
-        EXPECT_EQ(subfields.valid, c.size != 0);
-        EXPECT_EQ(subfields.subfield_count, c.listed);
-        std::vector<uint64_t> sizes;
-        for (uint64_t i = 0; i < subfields.subfield_count; ++i)
-            if (subfields.subfields[i].present) sizes.push_back(subfields.subfields[i].size);
-        EXPECT_EQ(sizes, c.sizes);
-    }
+    expect_walks(48130, "80 12 FF = 2 7: 1; 01 = 0 0:; 00 00 = 0 0:");   // primary subfields cut short and empty
+    expect_walks(34050, "62 FF = 1 7: 0 0 0; D0 11 22 33 = 3 7: 1 0 1"); // spares
+    expect_walks(62380, "01 60 02 = 0 0:; 01 60 00 AA BB = 5 14: 1 2; 01 40 01 01 02 = 2 14: 0; "
+                        "01 40 01 01 02 03 04 05 06 07 08 09 10 11 12 13 14 15 FF = 18 14: 16");
+    expect_walks(4120, "C0 01 01 00 AA = 5 4: 3 1"); // an extended one
+    // A bit beyond the item's count is sized as nothing.
+    expect_walks(48120, "01 80 = 2 2:; C0 01 02 01 02 03 04 05 06 = 0 0:");
     EXPECT_EQ(ast_dataitem_subfields_get_size(nullptr, 5, 48130), 0U);
     EXPECT_FALSE(ast_dataitem_subfields_decode(nullptr).valid);
     const ast_dataitem_t invalid{};
@@ -91,15 +80,10 @@ TEST(Subfields, OfOtherItemsAreReported) {
 
 TEST(Subfields, UnknownOnesHaveFallbacks) {
     LogCapture log;
-    constexpr struct {
-        uint32_t type;
-        const char *id;
-    } kCases[] = {{48130000, "---"}, {48130008, "---"}, {48010001, "---"},  {4100007, "--"},
-                  {4171000, "--"},   {0, "---"},        {UINT32_MAX, "---"}};
-    for (const auto &c : kCases) {
-        EXPECT_STREQ(ast_subfield_get_id(c.type), c.id) << c.type;
-        EXPECT_STREQ(ast_subfield_get_name(c.type), "UNKNOWN_SUBFIELD_NAME");
-        EXPECT_EQ(ast_subfield_get_size(octets("00").data(), 1, c.type), 0U);
+    for (const uint32_t type : {48130000U, 48130008U, 48010001U, 0U, UINT32_MAX, 4100007U, 4171000U}) {
+        EXPECT_STREQ(ast_subfield_get_id(type), type / 100000 == 41 ? "--" : "---") << type;
+        EXPECT_STREQ(ast_subfield_get_name(type), "UNKNOWN_SUBFIELD_NAME");
+        EXPECT_EQ(ast_subfield_get_size(octets("00").data(), 1, type), 0U);
     }
     const ast_subfield_func_t none = ast_subfield_get_func(48010001);
     EXPECT_FALSE(none.get_size || none.get_id || none.get_name || none.get_summary || none.get_detail_html);

@@ -1,4 +1,7 @@
+#include <sstream>
+
 #include "support/records.hpp"
+#include "support/text.hpp"
 
 using namespace ast_test;
 
@@ -8,85 +11,65 @@ constexpr uint32_t kUnknown = 0xFFFFFFFF;
 
 // Everything that category 048 answers, and two items that it does not ask.
 const Record &full_record() {
+    // clang-format off
     static const Record record(48,
-                               {{48010, "19 0C"},
-                                {48140, "58 78 40"},
-                                {48040, "00 80 40 00"},
-                                {48070, "6F 77"},
-                                {48090, "01 90"},
-                                {48220, "3C 65 AC"},
-                                {48240, "2C C3 71 82 08 20"},
-                                {48250, "03 9F 45 77 00 00 00 00 40 A0 00 00 00 00 00 00 60 00 12 00 00 00 00 00 50"},
-                                {48161, "F1 23"},
-                                {48042, "00 80 00 80"},
-                                {48200, "04 00 40 00"}});
+        {{48010, "19 0C"}, {48140, "58 78 40"}, {48040, "00 80 40 00"}, {48070, "6F 77"}, {48090, "01 90"},
+         {48220, "3C 65 AC"}, {48240, "2C C3 71 82 08 20"}, {48161, "F1 23"},
+         {48250, "03 9F 45 77 00 00 00 00 40 A0 00 00 00 00 00 00 60 00 12 00 00 00 00 00 50"},
+         {48042, "00 80 00 80"}, {48200, "04 00 40 00"}});
+    // clang-format on
     return record;
 }
 
-void expect_no_position_or_velocity(const ast_datarecord_t *record) {
-    const auto position = ast_datarecord_get_wgs84coord(record);
-    EXPECT_TRUE(!position.valid && position.latitude_deg == 0 && position.longitude_deg == 0);
-    const auto velocity = ast_datarecord_get_cartesianvel(record);
-    EXPECT_TRUE(!velocity.valid && velocity.vx_m_s == 0 && velocity.vy_m_s == 0);
-    for (const auto quantity : {ast_datarecord_get_speed(record), ast_datarecord_get_vrate(record)})
-        EXPECT_TRUE(!quantity.valid && quantity.value == 0);
+std::string text_of(const ast_quantity_t &quantity) {
+    std::ostringstream out;
+    out << quantity.valid << ' ' << quantity.value;
+    return out.str();
 }
 
-// What every accessor but that of message types gives when there is nothing to be read.
-void expect_fallbacks(const ast_datarecord_t *record) {
+// What every accessor but that of message types gives: whether it is valid, and its values.
+std::string answers(const ast_datarecord_t *record) {
     const auto source = ast_datarecord_get_sacsic(record);
-    EXPECT_TRUE(!source.valid && source.sac == kUnknown && source.sic == kUnknown);
     const auto time = ast_datarecord_get_timeofday(record);
-    EXPECT_TRUE(!time.valid && time.raw == 0 && time.hour == 0 && time.minute == 0 && time.second == 0 &&
-                time.millisecond == 0);
     const auto number = ast_datarecord_get_tracknum(record);
-    EXPECT_TRUE(!number.valid && number.value == kUnknown);
     const auto squawk = ast_datarecord_get_squawk(record);
-    EXPECT_TRUE(!squawk.valid && squawk.code == kUnknown);
-    EXPECT_FALSE(squawk.not_validated || squawk.garbled || squawk.smoothed);
     const auto callsign = ast_datarecord_get_callsign(record);
-    EXPECT_FALSE(callsign.valid);
-    for (const char character : callsign.text) EXPECT_EQ(character, '\0');
     const auto aircraft = ast_datarecord_get_icaoaddr(record);
-    EXPECT_TRUE(!aircraft.valid && aircraft.address == kUnknown);
-    for (const auto quantity : {ast_datarecord_get_flightlevel(record), ast_datarecord_get_selaltitude(record)})
-        EXPECT_TRUE(!quantity.valid && quantity.value == 0);
     const auto polar = ast_datarecord_get_polarcoord(record);
-    EXPECT_TRUE(!polar.valid && polar.rho_nm == 0 && polar.theta_deg == 0);
     const auto heading = ast_datarecord_get_heading(record);
-    EXPECT_FALSE(heading.valid || heading.magnetic.valid || heading.track.valid);
-    EXPECT_TRUE(heading.magnetic.value == -1 && heading.track.value == -1);
-    expect_no_position_or_velocity(record);
+    const auto position = ast_datarecord_get_wgs84coord(record);
+    const auto velocity = ast_datarecord_get_cartesianvel(record);
+    std::ostringstream out;
+    out << "source " << source.valid << ' ' << source.sac << ' ' << source.sic << "; time " << time.valid << ' '
+        << time.raw << ' ' << time.hour << ':' << time.minute << ':' << time.second << '.' << time.millisecond
+        << "; track " << number.valid << ' ' << number.value << "; squawk " << squawk.valid << ' ' << squawk.code << ' '
+        << squawk.not_validated << squawk.garbled << squawk.smoothed << "; callsign " << callsign.valid << ' '
+        << callsign.text << "; aircraft " << aircraft.valid << ' ' << aircraft.address << "; level "
+        << text_of(ast_datarecord_get_flightlevel(record)) << "; selected "
+        << text_of(ast_datarecord_get_selaltitude(record)) << "; polar " << polar.valid << ' ' << polar.rho_nm << ' '
+        << polar.theta_deg << "; heading " << heading.valid << ' ' << text_of(heading.magnetic) << ' '
+        << text_of(heading.track) << "; position " << position.valid << ' ' << position.latitude_deg << ' '
+        << position.longitude_deg << "; velocity " << velocity.valid << ' ' << velocity.vx_m_s << ' ' << velocity.vy_m_s
+        << "; speed " << text_of(ast_datarecord_get_speed(record)) << "; rate "
+        << text_of(ast_datarecord_get_vrate(record));
+    return out.str();
+}
+
+void expect_fallbacks(const ast_datarecord_t *record) {
+    EXPECT_EQ(answers(record),
+              "source 0 4294967295 4294967295; time 0 0 0:0:0.0; track 0 4294967295; squawk 0 4294967295 000; "
+              "callsign 0 ; aircraft 0 4294967295; level 0 0; selected 0 0; polar 0 0 0; heading 0 0 -1 0 -1; "
+              "position 0 0 0; velocity 0 0 0; speed 0 0; rate 0 0");
+    for (const char character : ast_datarecord_get_callsign(record).text) EXPECT_EQ(character, '\0');
 }
 
 TEST(Accessors, AnswerForACategory) {
-    const ast_datarecord_t *const record = full_record();
-    const auto source = ast_datarecord_get_sacsic(record);
-    EXPECT_TRUE(source.valid && source.sac == 25 && source.sic == 12);
-    const auto time = ast_datarecord_get_timeofday(record);
-    EXPECT_TRUE(time.valid && time.hour == 12 && time.minute == 34 && time.second == 56 && time.millisecond == 500);
-    EXPECT_EQ(ast_datarecord_get_msgtype(record), AST_MSGTYPE_TRACK);
-    const auto number = ast_datarecord_get_tracknum(record);
-    EXPECT_TRUE(number.valid && number.value == 0x123); // 12 of 16 bits
-    const auto squawk = ast_datarecord_get_squawk(record);
-    EXPECT_TRUE(squawk.valid && squawk.code == 07567 && squawk.garbled && squawk.smoothed);
-    const auto callsign = ast_datarecord_get_callsign(record);
-    EXPECT_TRUE(callsign.valid);
-    EXPECT_STREQ(callsign.text, "KLM1");
-    const auto aircraft = ast_datarecord_get_icaoaddr(record);
-    EXPECT_TRUE(aircraft.valid && aircraft.address == 0x3C65AC);
-    const auto level = ast_datarecord_get_flightlevel(record);
-    EXPECT_TRUE(level.valid && level.value == 10000);
-    const auto selected = ast_datarecord_get_selaltitude(record);
-    EXPECT_TRUE(selected.valid && selected.value == 24000);
-    const auto polar = ast_datarecord_get_polarcoord(record);
-    EXPECT_TRUE(polar.valid && polar.rho_nm == 0.5 && polar.theta_deg == 90);
-    const auto heading = ast_datarecord_get_heading(record);
-    EXPECT_TRUE(heading.valid && heading.magnetic.valid && heading.track.valid);
-    EXPECT_TRUE(heading.magnetic.value == 90 && heading.track.value == 45);
-    EXPECT_EQ(ast_datarecord_get_func(48).get_sacsic, ast_datarecord_048_get_sacsic);
+    EXPECT_EQ(answers(full_record()), // the track number takes 12 of 16 bits, the squawk is octal 7567
+              "source 1 25 12; time 1 5797952 12:34:56.500; track 1 291; squawk 1 3959 011; callsign 1 KLM1; "
+              "aircraft 1 3958188; level 1 10000; selected 1 24000; polar 1 0.5 90; heading 1 1 90 1 45; "
+              "position 0 0 0; velocity 0 0 0; speed 0 0; rate 0 0");
+    EXPECT_EQ(ast_datarecord_get_msgtype(full_record()), AST_MSGTYPE_TRACK);
     EXPECT_EQ(ast_datarecord_get_func(48).get_coordinate, nullptr);
-    expect_no_position_or_velocity(record); // nor are there accessors of speeds
 }
 
 TEST(Accessors, FallBackWithoutARecord) {
@@ -111,34 +94,21 @@ TEST(Accessors, FallBackForCategoriesWithoutThem) {
 
 TEST(Accessors, FallBackForItemsThatAreAbsentOrDoNotDecode) {
     expect_fallbacks(Record(48, {}));
-    expect_fallbacks(Record(48, {{48010, "19"},
-                                 {48140, "58 78"},
-                                 {48040, "00 80 40"},
-                                 {48070, "6F"},
-                                 {48090, "01"},
-                                 {48110, "00"},
-                                 {48220, "3C 65"},
-                                 {48240, "2C C3 71 82 08"},
-                                 {48250, "01 9F 45 77 00 00 00 00"},
-                                 {48161, "F1"}}));
+    // clang-format off
+    expect_fallbacks(Record(48, {{48010, "19"}, {48140, "58 78"}, {48040, "00 80 40"}, {48070, "6F"}, {48090, "01"},
+                                 {48110, "00"}, {48220, "3C 65"}, {48240, "2C C3 71 82 08"}, {48161, "F1"},
+                                 {48250, "01 9F 45 77 00 00 00 00"}}));
+    // clang-format on
     EXPECT_EQ(ast_datarecord_get_msgtype(Record(48, {})), AST_MSGTYPE_PLOT);
 }
 
 TEST(Accessors, CallsignEndsAtItsFirstBlank) {
-    constexpr struct {
-        const char *octets;
-        const char *callsign;
-    } kCases[] = {
-        {"2C C3 71 82 08 20", "KLM1"},     // and four blanks
-        {"04 28 31 CB 38 20", "AB"},       // meant, of "AB 123  "
-        {"2C C3 71 CB 3D 35", "KLM12345"}, // no blank
-        {"82 08 20 82 08 20", ""},         // eight blanks
-    };
-    for (const auto &one : kCases) {
-        const auto callsign = ast_datarecord_get_callsign(Record(48, {{48240, one.octets}}));
-        EXPECT_TRUE(callsign.valid) << one.octets;
-        EXPECT_STREQ(callsign.text, one.callsign) << one.octets;
-    }
+    each_case("2C C3 71 82 08 20 = KLM1; 04 28 31 CB 38 20 = AB; " // meant, of "AB 123  "
+              "2C C3 71 CB 3D 35 = KLM12345; 82 08 20 82 08 20 = ",
+              [](const std::string &hex, const std::string &text) {
+                  const auto callsign = ast_datarecord_get_callsign(Record(48, {{48240, hex}}));
+                  EXPECT_TRUE(callsign.valid && callsign.text == text) << hex;
+              });
 }
 
 } // namespace

@@ -13,16 +13,12 @@ std::string value_of(const ast_datarecord_t *record, uint32_t keyword) {
 
 // A track with a value for every keyword that category 048 answers.
 const Record &track() {
+    // clang-format off
     static const Record record(48,
-                               {{48010, "19 0C"},
-                                {48140, "58 78 40"},
-                                {48040, "00 80 40 00"},
-                                {48070, "0F 77"},
-                                {48090, "01 90"},
-                                {48220, "3C 65 AC"},
-                                {48240, "2C C3 71 82 08 20"},
-                                {48250, "03 9F 45 77 00 00 00 00 40 A0 00 00 00 00 00 00 60 00 12 00 00 00 00 00 50"},
-                                {48161, "01 23"}});
+        {{48010, "19 0C"}, {48140, "58 78 40"}, {48040, "00 80 40 00"}, {48070, "0F 77"}, {48090, "01 90"},
+         {48220, "3C 65 AC"}, {48240, "2C C3 71 82 08 20"}, {48161, "01 23"},
+         {48250, "03 9F 45 77 00 00 00 00 40 A0 00 00 00 00 00 00 60 00 12 00 00 00 00 00 50"}});
+    // clang-format on
     return record;
 }
 
@@ -46,36 +42,18 @@ TEST(Keyword, HasNameAndDescription) {
 }
 
 TEST(Keyword, MatchesWholeWords) {
-    constexpr struct {
-        const char *text;
-        const char *pattern;
-        bool any_case; // matches without regard to case, and with it
-        bool exactly;
-    } kCases[] = {
-        {"KLM1", "KLM1", true, true},
-        {"KLM1", "klm1", true, false},
-        {"klm1", "KLM1", true, false},
-        {"KLM1", "KLM", false, false},
-        {"KLM1", "KLM12", false, false},
-        {"KLM1", "KLN1", false, false},
-        {"  KLM1", "KLM1", true, true},
-        {"KLM1", "  KLM1", true, true},
-        {"KLM1", "KLM1  ", true, true},
-        {"KLM1  ", "KLM1", true, true},
-        {"KLM1 X", "KLM1 Y", true, true},
-        {"KLM1", "", false, false},
-        {"", "KLM1", false, false},
-        {"", "", true, true},
-        {"  ", "", true, true},
-        {"K@M", "K`M", false, false},
-        {"KLM1\tX", "KLM1", false, false},
-    };
-    for (const auto &one : kCases) {
-        EXPECT_EQ(ast_keyword_match(one.text, one.pattern, false), one.any_case) << one.text << "/" << one.pattern;
-        EXPECT_EQ(ast_keyword_match(one.text, one.pattern, true), one.exactly) << one.text << "/" << one.pattern;
-    }
-    EXPECT_FALSE(ast_keyword_match(nullptr, "", false));
-    EXPECT_FALSE(ast_keyword_match("", nullptr, false));
+    // "text/pattern", and whether they match at all, or only without regard to case.
+    each_case("KLM1/KLM1 = yes; KLM1/klm1 = any case; klm1/KLM1 = any case; KLM1/KLM = no; KLM1/KLM12 = no; "
+              "KLM1/KLN1 = no; KLM1/  KLM1 = yes; KLM1/KLM1   = yes; KLM1  /KLM1 = yes; KLM1 X/KLM1 Y = yes; "
+              "KLM1/ = no; /KLM1 = no; / = yes; K@M/K`M = no; KLM1\tX/KLM1 = no",
+              [](const std::string &words, const std::string &matches) {
+                  const std::string text = words.substr(0, words.find('/'));
+                  const std::string pattern = words.substr(words.find('/') + 1);
+                  EXPECT_EQ(ast_keyword_match(text.c_str(), pattern.c_str(), false), matches != "no") << words;
+                  EXPECT_EQ(ast_keyword_match(text.c_str(), pattern.c_str(), true), matches == "yes") << words;
+              });
+    EXPECT_TRUE(ast_keyword_match("  KLM1", "KLM1", true) && ast_keyword_match("  ", "", true));
+    EXPECT_FALSE(ast_keyword_match(nullptr, "", false) || ast_keyword_match("", nullptr, false));
 }
 
 TEST(Keyword, RecordContainsSomeOfThem) {
@@ -93,30 +71,22 @@ TEST(Keyword, RecordContainsSomeOfThem) {
 }
 
 TEST(Keyword, RecordMatchesAPattern) {
-    constexpr struct {
-        uint32_t keyword;
-        const char *pattern;
-        bool matches;
-    } kCases[] = {
-        {0, "25012", true},    {0, " 25012 ", true}, {0, "25013", false},   {0, "2512", false},
-        {0, "", false},        {3, "291", true},     {3, "0291", true},     {3, "0x123", false},
-        {3, "29", false},      {4, "7567", true},    {4, "07567", true},    {4, "3959", false}, // decimal
-        {4, "756", false},     {5, "100", true},     {5, "100.0", true},    {5, "1e2", true},
-        {5, "100.01", false},  {5, "99.99", false},  {7, "KLM1", true},     {7, "klm1", true},
-        {7, "KLM", false},     {7, "KLM1 AB", true}, {8, "3C65AC", true},   {8, "3c65ac", true},
-        {8, "0x3C65AC", true}, {8, "3C65A", false},  {8, "3958188", false}, {1, "12:34:56.500", false},
-        {2, "Track", false},   {2, "4", false},      {6, "24000", false},   {6, "240", false},
-        {10, "0.5", false},    {12, "90", false},    {15, "25012", false},
-    };
     ast_datarecord_t not_valid = *static_cast<const ast_datarecord_t *>(track());
     not_valid.valid = false;
-    for (const auto &one : kCases) {
-        EXPECT_EQ(ast_datarecord_match_keyword(track(), one.keyword, one.pattern, false), one.matches)
-            << one.keyword << ": " << one.pattern;
-        EXPECT_FALSE(ast_datarecord_match_keyword(&not_valid, one.keyword, one.pattern, false));
-        EXPECT_FALSE(ast_datarecord_match_keyword(nullptr, one.keyword, one.pattern, false));
-        EXPECT_FALSE(ast_datarecord_match_keyword(track(), one.keyword, nullptr, false));
-    }
+    const auto expect_match = [&](const std::string &one, bool matches) { // "keyword:pattern"
+        const auto keyword = static_cast<uint32_t>(std::stoul(one));
+        const std::string pattern = one.substr(one.find(':') + 1);
+        EXPECT_EQ(ast_datarecord_match_keyword(track(), keyword, pattern.c_str(), false), matches) << one;
+        EXPECT_FALSE(ast_datarecord_match_keyword(&not_valid, keyword, pattern.c_str(), false)) << one;
+        EXPECT_FALSE(ast_datarecord_match_keyword(nullptr, keyword, pattern.c_str(), false)) << one;
+        EXPECT_FALSE(ast_datarecord_match_keyword(track(), keyword, nullptr, false)) << one;
+    };
+    each_entry("0:25012; 0: 25012 ; 3:291; 3:0291; 4:7567; 4:07567; 5:100; 5:100.0; 5:1e2; 7:KLM1; 7:klm1; 7:KLM1 AB; "
+               "8:3C65AC; 8:3c65ac; 8:0x3C65AC",
+               [&](std::string_view one) { expect_match(std::string(one), true); });
+    each_entry("0:25013; 0:2512; 0:; 3:0x123; 3:29; 4:3959; 4:756; 5:100.01; 5:99.99; 7:KLM; 8:3C65A; 8:3958188; "
+               "1:12:34:56.500; 2:Track; 2:4; 6:24000; 6:240; 10:0.5; 12:90; 15:25012",
+               [&](std::string_view one) { expect_match(std::string(one), false); });
     EXPECT_FALSE(ast_datarecord_match_keyword(track(), 7, "klm1", true));
     EXPECT_TRUE(ast_datarecord_match_keyword(track(), 7, "KLM1", true));
     EXPECT_TRUE(ast_datarecord_match_keyword(track(), 8, "3c65ac", true));
@@ -125,41 +95,27 @@ TEST(Keyword, RecordMatchesAPattern) {
 }
 
 TEST(Keyword, PatternOfAnUnknownValueMatchesNothing) {
-    constexpr struct {
-        uint32_t keyword;
-        const char *pattern;
-    } kCases[] = {{0, "4299262262295"}, {3, "4294967295"}, {3, "-1"}, {4, "37777777777"}, {5, "0"}, {7, ""},
-                  {8, "FFFFFFFF"},      {8, "-1"},         {0, "0"}};
     const Record empty(48, {});
     const Record without(34, {{34010, "19 0C"}});
-    for (const auto &one : kCases) {
-        EXPECT_FALSE(ast_datarecord_match_keyword(empty, one.keyword, one.pattern, false)) << one.pattern;
-        EXPECT_FALSE(ast_datarecord_match_keyword(without, one.keyword, one.pattern, false)) << one.pattern;
-    }
+    each_entry("0:4299262262295; 3:4294967295; 3:-1; 4:37777777777; 5:0; 7:; 8:FFFFFFFF; 8:-1; 0:0",
+               [&](std::string_view one) {
+                   const auto keyword = static_cast<uint32_t>(one[0] - '0');
+                   const std::string pattern(one.substr(2));
+                   EXPECT_FALSE(ast_datarecord_match_keyword(empty, keyword, pattern.c_str(), false)) << one;
+                   EXPECT_FALSE(ast_datarecord_match_keyword(without, keyword, pattern.c_str(), false)) << one;
+               });
 }
 
 TEST(Keyword, TextOfEveryValue) {
     // Category 048 has no WGS-84 position, speed, Cartesian velocity or vertical rate.
-    constexpr const char *kTexts[] = {"025/012",
-                                      "12:34:56.500",
-                                      "Track",
-                                      "291",
-                                      "7567",
-                                      "10000",
-                                      "24000",
-                                      "KLM1",
-                                      "3C65AC",
-                                      "",
-                                      "R:000.5000 T:090.00",
-                                      "",
-                                      "M:090.00 T:045.00",
-                                      "",
-                                      "",
-                                      ""};
+    std::vector<std::string> texts;
+    each_case("0 = 025/012; 1 = 12:34:56.500; 2 = Track; 3 = 291; 4 = 7567; 5 = 10000; 6 = 24000; 7 = KLM1; "
+              "8 = 3C65AC; 9 = ; 10 = R:000.5000 T:090.00; 11 = ; 12 = M:090.00 T:045.00; 13 = ; 14 = ; 15 = ",
+              [&](const std::string &, const std::string &text) { texts.push_back(text); });
     ast_datarecord_t not_valid = *static_cast<const ast_datarecord_t *>(track());
     not_valid.valid = false;
     for (uint32_t keyword = 0; keyword <= kNoKeyword; ++keyword) {
-        EXPECT_EQ(value_of(track(), keyword), kTexts[keyword]) << keyword;
+        EXPECT_EQ(value_of(track(), keyword), texts.at(keyword)) << keyword;
         EXPECT_EQ(value_of(&not_valid, keyword), "") << keyword;
         EXPECT_EQ(value_of(nullptr, keyword), "") << keyword;
         EXPECT_EQ(value_of(Record(48, {}), keyword), keyword == 2 ? "Plot" : "") << keyword;

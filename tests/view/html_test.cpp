@@ -60,12 +60,10 @@ TEST(Html, FlavorOneHasBorders) {
     const auto data = octets("00");
     ast_html_set_flavor(1);
     EXPECT_EQ(table_begin(), "<table class=\"detail_table\" border=\"1\" cellspacing=\"0\">");
-    EXPECT_EQ(shown(ast_html_gen_hex_table, data.data(), 1U)
-                  .find("<table class=\"hex_table\" border=\"1\" cellspacing=\"0\"><tr>"),
-              0U);
-    EXPECT_EQ(shown(ast_html_gen_bin_table, data.data(), 1U)
-                  .find("<table class=\"bin_table\" border=\"1\" cellspacing=\"0\"><tr"),
-              0U);
+    const std::string hex = shown(ast_html_gen_hex_table, data.data(), 1U);
+    const std::string bits = shown(ast_html_gen_bin_table, data.data(), 1U);
+    EXPECT_EQ(hex.find("<table class=\"hex_table\" border=\"1\" cellspacing=\"0\"><tr>"), 0U);
+    EXPECT_EQ(bits.find("<table class=\"bin_table\" border=\"1\" cellspacing=\"0\"><tr"), 0U);
     for (const uint32_t plain : {2U, 0U}) {
         ast_html_set_flavor(plain);
         EXPECT_EQ(table_begin(), "<table class=\"detail_table\">");

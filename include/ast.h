@@ -639,6 +639,24 @@ AST_API uint32_t ast_uap_max_frn(const ast_uap_t *uap, uint32_t category);
 /** The item that an FRN announces under a profile, or 0. Undefined FRNs and categories may be reported at level 3. */
 AST_API ast_dataitem_type_t ast_uap_get_dataitem(const ast_uap_t *uap, uint32_t category, uint32_t frn);
 
+/** How many categories a variant profile lays out anew, at most. */
+#define AST_UAP_MAX_OVERRIDES 4
+
+/** One of the profiles above. */
+typedef struct {
+    bool valid;
+    const char *name;     /* a short one, as a command line takes it: "standard", "cat021-2.1"; constant */
+    const ast_uap_t *uap; /* its object */
+    uint64_t override_count;
+    uint32_t overrides[AST_UAP_MAX_OVERRIDES]; /* the categories that it lays out anew; none for the standard profile */
+} ast_uap_info_t;
+
+/** How many profiles there are. */
+AST_API uint64_t ast_uap_get_number(void);
+
+/** The profile at an index from 0, in the order in which smart decoding tries them; all zero beyond the last. */
+AST_API ast_uap_info_t ast_uap_get_info(uint64_t index);
+
 /* The two functions of each profile. */
 AST_API uint32_t ast_uap_max_frn_standard(uint32_t category);
 AST_API uint32_t ast_uap_max_frn_cat001_plot(uint32_t category);

@@ -12,9 +12,9 @@ constexpr ItemRow kItems[] = {
     {20, "Sector Number", items::sector_number},
     {30, "Time of Day", items::time_of_day},
     {41, "Antenna Rotation Speed", items::antenna_rotation_period},
-    {50, "Station Configuration Status", items::binary_data(variable<kUnlimitedOctets>)},
-    {.number = 901, .name = "Station Configuration Status", .handlers = {variable<16>}, .variant_of = 50},
-    {.number = 902, .name = "Station Configuration Status", .handlers = {variable<16>}, .variant_of = 50},
+    {50, "Station Configuration Status", items::binary_data(extended<kUnlimitedOctets>)},
+    {.number = 901, .name = "Station Configuration Status", .handlers = {extended<16>}, .variant_of = 50},
+    {.number = 902, .name = "Station Configuration Status", .handlers = {extended<16>}, .variant_of = 50},
     {951, nullptr, {fixed<2>}},
     {AST_ITEM_RFS, "Random Field Sequencing", items::random_field_sequencing},
     {AST_ITEM_SPF, "Special Purpose Field", items::special_purpose_field},
@@ -22,4 +22,4 @@ constexpr ItemRow kItems[] = {
 
 } // namespace
 
-AST_DEFINE_CATEGORY(002, 2, kItems)
+AST_DEFINE_CATEGORY(kCategory002, 2, "Unknown CAT002 Dataitem", kItems, ast_dataitem_002_get_name)

@@ -25,15 +25,15 @@ namespace {
 constexpr ItemRow kItems[] = {
     {0, "Message Type", items::message_type},
     {10, "Data Source Identifier", items::data_source_identifier},
-    {20, "Vector Qualifier", {variable<2>}},
+    {20, "Vector Qualifier", {extended<2>}},
     {34, "Sequence of Polar Vectors in SPF Notation", {repetitive<4>}},
     {36, "Sequence of Cartesian Vectors in SPF Notation", {repetitive<3>}},
     {38, "Sequence of Weather Vectors in SPF Notation", {repetitive<4>}},
     {40, "Contour Identifier", {fixed<2>}},
     {50, "Sequence of Contour Points in SPF Notation", {repetitive<2>}},
     {90, "Time of Day", items::time_of_day},
-    {100, "Processing Status", {ast_dataitem_008_100_get_size}},
-    {110, "Station Configuration Status", items::binary_data(variable<2>)},
+    {100, "Processing Status", {sized_by(ast_dataitem_008_100_get_size)}},
+    {110, "Station Configuration Status", items::binary_data(extended<2>)},
     {120, "Total Number of Items Constituting One Weather Picture", {fixed<2>}},
     {AST_ITEM_RFS, "Random Field Sequencing", items::random_field_sequencing},
     {AST_ITEM_SPF, "Special Purpose Field", items::special_purpose_field},
@@ -41,4 +41,4 @@ constexpr ItemRow kItems[] = {
 
 } // namespace
 
-AST_DEFINE_CATEGORY(008, 8, kItems)
+AST_DEFINE_CATEGORY(kCategory008, 8, "Unknown CAT008 Dataitem", kItems, ast_dataitem_008_get_name)

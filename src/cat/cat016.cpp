@@ -21,4 +21,4 @@ constexpr ItemRow kItems[] = {
 
 } // namespace
 
-AST_DEFINE_CATEGORY(016, 16, kItems)
+AST_DEFINE_CATEGORY(kCategory016, 16, "Unknown CAT016 Dataitem", kItems, ast_dataitem_016_get_name)

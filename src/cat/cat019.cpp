@@ -13,7 +13,7 @@ constexpr ItemRow kItems[] = {
     {550, "System Status", {fixed<1>}},
     {551, "Tracking Processor Detailed Status", {fixed<1>}},
     {552, "Remote Sensor Detailed Status", {repetitive<2>}},
-    {553, "Reference Transponder Detailed Status", {variable<kUnlimitedOctets>}},
+    {553, "Reference Transponder Detailed Status", {extended<kUnlimitedOctets>}},
     {600, "Position of MLT System Reference Point", items::without_encoder(items::position_wgs84)},
     {610, "Height of MLT System Reference Point", {fixed<2>}},
     {620, "WGS-84 Undulation", {fixed<1>}},
@@ -23,4 +23,4 @@ constexpr ItemRow kItems[] = {
 
 } // namespace
 
-AST_DEFINE_CATEGORY(019, 19, kItems)
+AST_DEFINE_CATEGORY(kCategory019, 19, "Unknown CAT019 Dataitem", kItems, ast_dataitem_019_get_name)

@@ -9,12 +9,13 @@ namespace {
 using namespace ast;
 
 constexpr SubfieldRow kPositionAccuracyRows[] = {
-    {"DOP", "DOP of Position", octets(6)},
-    {"SDP", "Standard Deviation of Position", octets(6)},
-    {"SDH", "Standard Deviation of Geometric Height (WGS 84)", octets(2)},
+    {"DOP", "DOP of Position", fixed<6>},
+    {"SDP", "Standard Deviation of Position", fixed<6>},
+    {"SDH", "Standard Deviation of Geometric Height (WGS 84)", fixed<2>},
 };
 
-constexpr Compound kPositionAccuracy = {.rows = kPositionAccuracyRows, .count = std::size(kPositionAccuracyRows)};
+constexpr Compound kPositionAccuracy = {
+    .type = 20500, .rows = kPositionAccuracyRows, .count = std::size(kPositionAccuracyRows)};
 
 } // namespace
 
@@ -29,8 +30,8 @@ namespace {
 
 constexpr ItemRow kItems[] = {
     {10, "Data Source Identifier", items::data_source_identifier},
-    {20, "Target Report Descriptor", {variable<3>}},
-    {30, "Warning/Error Conditions", {variable<kUnlimitedOctets>}},
+    {20, "Target Report Descriptor", {extended<3>}},
+    {30, "Warning/Error Conditions", {extended<kUnlimitedOctets>}},
     {41, "Position In WGS-84 Coordinates", items::without_encoder(items::position_wgs84)},
     {42, "Position in Cartesian Coordinates", items::position_cartesian},
     {50, "Mode-2 Code in Octal Representation", {fixed<2>}},
@@ -42,7 +43,7 @@ constexpr ItemRow kItems[] = {
     {110, "Measured Height (Local Cartesian Coordinates)", items::height},
     {140, "Time of Day", items::time_of_day},
     {161, "Track Number", items::track_number},
-    {170, "Track Status", {variable<2>}},
+    {170, "Track Status", {extended<2>}},
     {202, "Calculated Track Velocity in Cartesian Coordinates", items::velocity_cartesian},
     {210, "Calculated Acceleration", {fixed<2>}},
     {220, "Target Address", items::without_encoder(items::target_address)},
@@ -53,11 +54,11 @@ constexpr ItemRow kItems[] = {
     {300, "Vehicle Fleet Identification", {fixed<1>}},
     {310, "Pre-programmed Message", {fixed<1>}},
     {400, "Contributing Devices", {repetitive<1>}},
-    {500, "Position Accuracy", {ast_dataitem_020_500_get_size}},
+    {500, "Position Accuracy", {sized_by(ast_dataitem_020_500_get_size)}},
     {AST_ITEM_REF, "Reserved Expansion Field", items::reserved_expansion_field},
     {AST_ITEM_SPF, "Special Purpose Field", items::special_purpose_field},
 };
 
 } // namespace
 
-AST_DEFINE_CATEGORY(020, 20, kItems)
+AST_DEFINE_CATEGORY(kCategory020, 20, "Unknown CAT020 Dataitem", kItems, ast_dataitem_020_get_name)

@@ -9,48 +9,52 @@ namespace {
 using namespace ast;
 
 constexpr SubfieldRow kTrajectoryIntent[] = {
-    {"TIS", "Trajectory Intent Status", extended(1)},
-    {"TID", "Trajectory Intent Data", repeated(15)},
+    {"TIS", "Trajectory Intent Status", extended<1>},
+    {"TID", "Trajectory Intent Data", repetitive<15>},
 };
 
 constexpr SubfieldRow kMetInformation[] = {
-    {"WS", "Wind Speed", octets(2)},
-    {"WD", "Wind Direction", octets(2)},
-    {"TMP", "Temperature", octets(2)},
-    {"TRB", "Turbulence", octets(1)},
+    {"WS", "Wind Speed", fixed<2>},
+    {"WD", "Wind Direction", fixed<2>},
+    {"TMP", "Temperature", fixed<2>},
+    {"TRB", "Turbulence", fixed<1>},
 };
 
 constexpr SubfieldRow kDataAges[] = {
-    {"AOS", "Aircraft Operational Status Age", octets(1)},
-    {"TRD", "Target Report Descriptor Age", octets(1)},
-    {"M3A", "Mode 3/A Code Age", octets(1)},
-    {"QI", "Quality Indicators Age", octets(1)},
-    {"TI", "Trajectory Intent Age", octets(1)},
-    {"MAM", "Message Amplitude Age", octets(1)},
-    {"GH", "Geometric Height Age", octets(1)},
-    {"FL", "Flight Level Age", octets(1)},
-    {"SAL", "Selected Altitude Age", octets(1)},
-    {"FSA", "Final State Selected Altitude Age", octets(1)},
-    {"AS", "Air Speed Age", octets(1)},
-    {"TAS", "True Air Speed Age", octets(1)},
-    {"MH", "Magnetic Heading Age", octets(1)},
-    {"BVR", "Barometric Vertical Rate Age", octets(1)},
-    {"GVR", "Geometric Vertical Rate Age", octets(1)},
-    {"GV", "Ground Vector Age", octets(1)},
-    {"TAR", "Track Angle Rate Age", octets(1)},
-    {"TI", "Target Identification Age", octets(1)}, // the same id as trajectory intent
-    {"TS", "Target Status Age", octets(1)},
-    {"MET", "Met Information Age", octets(1)},
-    {"ROA", "Roll Angle Age", octets(1)},
-    {"ARA", "ACAS Resolution Advisory Age", octets(1)},
-    {"SCC", "Surface Capabilities and Characteristics Age", octets(1)},
+    {"AOS", "Aircraft Operational Status Age", fixed<1>},
+    {"TRD", "Target Report Descriptor Age", fixed<1>},
+    {"M3A", "Mode 3/A Code Age", fixed<1>},
+    {"QI", "Quality Indicators Age", fixed<1>},
+    {"TI", "Trajectory Intent Age", fixed<1>},
+    {"MAM", "Message Amplitude Age", fixed<1>},
+    {"GH", "Geometric Height Age", fixed<1>},
+    {"FL", "Flight Level Age", fixed<1>},
+    {"SAL", "Selected Altitude Age", fixed<1>},
+    {"FSA", "Final State Selected Altitude Age", fixed<1>},
+    {"AS", "Air Speed Age", fixed<1>},
+    {"TAS", "True Air Speed Age", fixed<1>},
+    {"MH", "Magnetic Heading Age", fixed<1>},
+    {"BVR", "Barometric Vertical Rate Age", fixed<1>},
+    {"GVR", "Geometric Vertical Rate Age", fixed<1>},
+    {"GV", "Ground Vector Age", fixed<1>},
+    {"TAR", "Track Angle Rate Age", fixed<1>},
+    {"TI", "Target Identification Age", fixed<1>}, // the same id as trajectory intent
+    {"TS", "Target Status Age", fixed<1>},
+    {"MET", "Met Information Age", fixed<1>},
+    {"ROA", "Roll Angle Age", fixed<1>},
+    {"ARA", "ACAS Resolution Advisory Age", fixed<1>},
+    {"SCC", "Surface Capabilities and Characteristics Age", fixed<1>},
 };
 
 } // namespace
 
-AST_DEFINE_COMPOUND(kItem110, 021_110, kTrajectoryIntent, nullptr, nullptr, .reports_unknown_subfields = true)
-AST_DEFINE_COMPOUND(kItem220, 021_220, kMetInformation, nullptr, nullptr)
-AST_DEFINE_COMPOUND(kItem295, 021_295, kDataAges, nullptr, nullptr)
+AST_DEFINE_COMPOUND(kItem110, 21110, kTrajectoryIntent, ast_dataitem_021_110_get_size, ast_subfield_021_110_get_size,
+                    ast_subfield_021_110_get_id, ast_subfield_021_110_get_name, nullptr, nullptr,
+                    .reports_unknown_subfields = true)
+AST_DEFINE_COMPOUND(kItem220, 21220, kMetInformation, ast_dataitem_021_220_get_size, ast_subfield_021_220_get_size,
+                    ast_subfield_021_220_get_id, ast_subfield_021_220_get_name, nullptr, nullptr)
+AST_DEFINE_COMPOUND(kItem295, 21295, kDataAges, ast_dataitem_021_295_get_size, ast_subfield_021_295_get_size,
+                    ast_subfield_021_295_get_id, ast_subfield_021_295_get_name, nullptr, nullptr)
 
 // ---- I021/271 Surface Capabilities and Characteristics, editions 1.0 to 2.1 ----
 
@@ -72,7 +76,7 @@ constexpr ItemRow kItems[] = {
     {20, "Emitter Category", {fixed<1>}},
     {30, "Time of Day", items::time_of_day},
     {32, "Time of Day Accuracy", {fixed<1>}},
-    {40, "Target Report Descriptor", {variable<3>}},
+    {40, "Target Report Descriptor", {extended<3>}},
     {70, "Mode-3/A Code in Octal Representation", items::mode_3a_code},
     {71, "Time of Applicability for Position", items::time_of_day},
     {72, "Time of Applicability for Velocity", items::time_of_day},
@@ -82,9 +86,9 @@ constexpr ItemRow kItems[] = {
     {76, "Time of Message Reception of Velocity - High Precision", items::time_of_day_high},
     {77, "Time of ASTERIX Report Transmission", items::time_of_day},
     {80, "Target Address", items::target_address},
-    {90, "Quality Indicators", {variable<4>}},
+    {90, "Quality Indicators", {extended<4>}},
     {95, "Velocity Accuracy", {fixed<1>}},
-    {110, nullptr, items::compound(ast_dataitem_021_110_get_size), &kItem110},
+    items::compound(nullptr, kItem110),
     {130, "Position in WGS84 Coordinates", items::position_wgs84_low},
     {131, "High-Resolution Position in WGS-84 Coordinates", items::position_wgs84},
     {132, "Message Amplitude", items::signal_amplitude},
@@ -99,15 +103,15 @@ constexpr ItemRow kItems[] = {
     {157, "Geometric Vertical Rate", items::vertical_rate},
     {160, "Ground Vector", {fixed<4>}},
     {161, "Track Number", items::track_number},
-    {165, "Track Angle Rate", {variable<2>}},
+    {165, "Track Angle Rate", {extended<2>}},
     {170, "Target Identification", items::aircraft_id},
     {200, "Target Status", {fixed<1>}},
     {210, "MOPS Version", {fixed<1>}},
-    {220, nullptr, items::compound(ast_dataitem_021_220_get_size), &kItem220},
+    items::compound(nullptr, kItem220),
     {230, "Roll Angle", {fixed<2>}},
     {250, "Mode S MB Data", items::modes_mb},
-    {271, "Surface Capabilities and Characteristics", {variable<2>}},
-    {295, "Data Ages", items::compound(ast_dataitem_021_295_get_size), &kItem295},
+    {271, "Surface Capabilities and Characteristics", {extended<2>}},
+    items::compound("Data Ages", kItem295),
     {400, "Receiver ID", {fixed<1>}},
     {.number = 902,
      .name = "Position in WGS84 Coordinates (Version 0.24 ~ 0.26)",
@@ -122,7 +126,7 @@ constexpr ItemRow kItems[] = {
      .variant_of = 210},
     {.number = 907,
      .name = "Surface Capabilities and Characteristics (Version 1.0 ~ 2.1)",
-     .handlers = {ast_dataitem_021_A07_get_size},
+     .handlers = {sized_by(ast_dataitem_021_A07_get_size)},
      .variant_of = 271},
     {.number = 908, .name = "Target Status (Prior Version 0.26)", .handlers = {fixed<1>}, .variant_of = 200},
     {AST_ITEM_REF, "Reserved Expansion Field", items::reserved_expansion_field},
@@ -131,4 +135,5 @@ constexpr ItemRow kItems[] = {
 
 } // namespace
 
-AST_DEFINE_CATEGORY(021, 21, kItems, .reports_unknown_names = true)
+AST_DEFINE_CATEGORY(kCategory021, 21, "Unknown CAT021 Dataitem", kItems, ast_dataitem_021_get_name,
+                    .reports_unknown_names = true)

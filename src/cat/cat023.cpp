@@ -11,13 +11,13 @@ constexpr ItemRow kItems[] = {
     {10, "Data Source Identifier", items::data_source_identifier},
     {15, "Service Type and Identification", {fixed<1>}},
     {70, "Time of Day", items::time_of_day},
-    {100, "Ground Station Status", {variable<2>}},
-    {101, "Ground Station Configuration", {variable<2>}},
-    {110, "Service Status", {variable<1>}},
+    {100, "Ground Station Status", {extended<2>}},
+    {101, "Ground Station Configuration", {extended<2>}},
+    {110, "Service Status", {extended<1>}},
     {120, "Service Statistics", {repetitive<6>}},
     {200, "Operational Range"}, // known by name only
 };
 
 } // namespace
 
-AST_DEFINE_CATEGORY(023, 23, kItems)
+AST_DEFINE_CATEGORY(kCategory023, 23, "Unknown CAT023 Dataitem", kItems, ast_dataitem_023_get_name)

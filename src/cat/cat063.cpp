@@ -12,7 +12,7 @@ constexpr ItemRow kItems[] = {
     {15, "Service Identification", items::service_id},
     {30, "Time of Message", items::time_of_day},
     {50, "Sensor Identifier", items::data_source_identifier},
-    {60, "Sensor Configuration and Status", {variable<2>}},
+    {60, "Sensor Configuration and Status", {extended<2>}},
     {70, "Time Stamping Bias"},
     {80, "SSR/Mode S Range Gain and Bias"},
     {81, "SSR/Mode S Azimuth Bias"},
@@ -25,4 +25,4 @@ constexpr ItemRow kItems[] = {
 
 } // namespace
 
-AST_DEFINE_CATEGORY(063, 63, kItems)
+AST_DEFINE_CATEGORY(kCategory063, 63, "Unknown CAT063 Dataitem", kItems, ast_dataitem_063_get_name)

@@ -20,4 +20,4 @@ constexpr ItemRow kItems[] = {
 
 } // namespace
 
-AST_DEFINE_CATEGORY(065, 65, kItems)
+AST_DEFINE_CATEGORY(kCategory065, 65, "Unknown CAT065 Dataitem", kItems, ast_dataitem_065_get_name)

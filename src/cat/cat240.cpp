@@ -26,4 +26,4 @@ constexpr ItemRow kItems[] = {
 
 } // namespace
 
-AST_DEFINE_CATEGORY(240, 240, kItems)
+AST_DEFINE_CATEGORY(kCategory240, 240, "Unknown CAT240 Dataitem", kItems, ast_dataitem_240_get_name)

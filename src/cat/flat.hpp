@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "ast.h"
+#include "items/frame.hpp"
 
 namespace ast {
 
@@ -45,6 +45,17 @@ constexpr auto both_ways(ast_dataitem_type_t type) {
     return FlatMember<typename Of::Record>{type, Of::template fill<Decode>, Of::value};
 }
 
+// The same for items that have a frame of their own.
+template <auto Member, typename Own>
+constexpr auto taken_apart() {
+    return taken_apart<Member, decode<Own>>(Own::kType);
+}
+
+template <auto Member, typename Own>
+constexpr auto both_ways() {
+    return both_ways<Member, decode<Own>>(Own::kType);
+}
+
 // Reports an item that a flat record has no member for, in one of two forms.
 inline void report_quietly(ast_dataitem_type_t type) {
     ast_log(AST_LOG_DEBUG, "Failed to disassemble dataitem %s.", ast_dataitem_type_to_str(type));
@@ -70,6 +81,23 @@ void disassemble(Flat &flat, const ast_datarecord_t *record, uint32_t category, 
             report(item.type);
     }
     flat.valid = true;
+}
+
+// The same by value.
+template <typename Flat, size_t N>
+Flat disassembled(const ast_datarecord_t *record, uint32_t category, const FlatMember<Flat> (&members)[N],
+                  void (*report)(ast_dataitem_type_t)) {
+    Flat flat{};
+    disassemble(flat, record, category, members, report);
+    return flat;
+}
+
+// The same into a caller's record, as whatever it was before; null for none.
+template <typename Flat, size_t N>
+Flat *disassemble_into(Flat *flat, const ast_datarecord_t *record, uint32_t category,
+                       const FlatMember<Flat> (&members)[N], void (*report)(ast_dataitem_type_t)) {
+    if (flat) *flat = disassembled(record, category, members, report);
+    return flat;
 }
 
 // Encodes the valid members in the order of their list.

@@ -4,8 +4,8 @@
 #include <atomic>
 #include <cstring>
 #include <iterator>
-#include <optional>
 
+#include "codec/block.hpp"
 #include "codec/profile.hpp"
 #include "codec/record.hpp"
 #include "core/bits.hpp"
@@ -16,9 +16,6 @@ using namespace ast;
 
 // CAT, then LEN in two octets; LEN counts the whole block.
 constexpr uint64_t kHeaderOctets = 3;
-constexpr uint64_t kMaxBlockOctets = 65535;
-
-constexpr uint32_t kMonoradarTargets = 1; // category 001
 
 // The profile that smart decoding starts with: the one that it used last, in any thread. Null before the first time.
 std::atomic<const ast_uap_t *> current_profile{nullptr};
@@ -58,15 +55,15 @@ bool read_header(ast_datablock_t &block, uint64_t available) {
     return true;
 }
 
-// Decodes the records of a block up to its LEN, each with the profile that `choose` names for what is left; a record
-// without one ends the walk. A record more than the block has room for is told to `report_surplus`. A record may read
+// Decodes the records of a block up to its LEN, each with the profile that `choose` names for what is left, or null,
+// which ends the walk. A record more than the block has room for is told to `report_surplus`. A record may read
 // past LEN, as far as octets are available; the block is not valid then.
 template <typename Choose, typename Report>
 void read_records(ast_datablock_t &block, uint64_t available, Choose choose, Report report_surplus) {
     uint64_t offset = kHeaderOctets;
     while (offset < block.length) {
         const uint8_t *const data = block.data + offset;
-        const std::optional<ast_uap_t> uap = choose(data, available - offset);
+        const ast_uap_t *const uap = choose(data, available - offset);
         if (!uap) return;
         if (block.record_count == std::size(block.records)) {
             if (ast_datarecord_decode(data, available - offset, block.category, *uap).valid) report_surplus();
@@ -87,42 +84,31 @@ void read_records(ast_datablock_t &block, uint64_t available, Choose choose, Rep
 void decode(ast_datablock_t &block, const uint8_t *data, uint64_t available, const ast_uap_t &uap) {
     start(block, data, uap);
     if (!read_header(block, available)) return;
-    const auto the_one = [&](const uint8_t *, uint64_t) { return std::optional(uap); };
+    const auto the_one = [&](const uint8_t *, uint64_t) { return &uap; };
     read_records(block, available, the_one, [&] {
         log_surplus();
         ast_log_binary_data(AST_LOG_DEBUG, data, available);
     });
 }
 
-// Whether a category 001 record is a plot or a track stands in bit 8 (TYP) of its target report descriptor, I001/020.
-// That octet is taken behind the two of I001/010 whether or not the record has them; senders of mixed blocks do.
-std::optional<ast_uap_t> plot_or_track(const uint8_t *record, uint64_t available) {
-    constexpr uint32_t kDescriptorFrn = 2;
-    constexpr uint64_t kDataSourceOctets = 2;
-    const ast_fspec_t fspec = ast_fspec_decode(record, available);
-    const uint64_t descriptor = fspec.length + kDataSourceOctets;
-    if (!ast_fspec_is_set(&fspec, kDescriptorFrn) || descriptor >= available) return std::nullopt;
-    return bit(record[descriptor], 8) ? AST_UAP_STANDARD : AST_UAP_CAT001_PLOT;
-}
+} // namespace
 
-void decode_plots_and_tracks(ast_datablock_t &block, const uint8_t *data, uint64_t available) {
+namespace ast {
+
+void decode_mixed(ast_datablock_t &block, const uint8_t *data, uint64_t available, const Category &category) {
     start(block, data, AST_UAP_STANDARD);
-    if (data && available >= kHeaderOctets && data[0] != kMonoradarTargets) {
+    if (data && available >= kHeaderOctets && data[0] != category.number) {
         block.category = data[0];
         return;
     }
     if (!read_header(block, available)) return;
-    read_records(block, available, plot_or_track, log_surplus);
+    read_records(block, available, category.choose_profile, log_surplus);
 }
 
-} // namespace
+} // namespace ast
 
 void ast_datablock_decode_into(ast_datablock_t *block, const uint8_t *data, uint64_t available, ast_uap_t uap) {
     if (block) decode(*block, data, available, uap);
-}
-
-void ast_datablock_001_mixuap_decode_into(ast_datablock_t *block, const uint8_t *data, uint64_t available) {
-    if (block) decode_plots_and_tracks(*block, data, available);
 }
 
 void ast_datablock_smart_decode_into(ast_datablock_t *block, const uint8_t *data, uint64_t available) {
@@ -131,18 +117,19 @@ void ast_datablock_smart_decode_into(ast_datablock_t *block, const uint8_t *data
         start(*block, nullptr, {});
         return;
     }
-    if (data[0] == kMonoradarTargets) {
-        decode_plots_and_tracks(*block, data, available);
+    const Category &category = find_category(data[0]);
+    if (category.choose_profile) {
+        decode_mixed(*block, data, available, category);
         if (block->valid) return;
     }
     const ast_uap_t *const last = current_profile.load(std::memory_order_relaxed);
     const ast_uap_t *const first = last ? last : &AST_UAP_STANDARD;
     current_profile.store(first, std::memory_order_relaxed);
     decode(*block, data, available, *first);
-    for (const ast_uap_t *const profile : kProfiles) {
+    for (const Profile *const profile : kProfiles) {
         if (block->valid) return;
-        current_profile.store(profile, std::memory_order_relaxed);
-        decode(*block, data, available, *profile);
+        current_profile.store(profile->object, std::memory_order_relaxed);
+        decode(*block, data, available, *profile->object);
     }
 }
 
@@ -158,59 +145,61 @@ ast_datablock_t ast_datablock_smart_decode(const uint8_t *data, uint64_t availab
     return block;
 }
 
-ast_datablock_t ast_datablock_001_mixuap_decode(const uint8_t *data, uint64_t available) {
-    ast_datablock_t block{};
-    ast_datablock_001_mixuap_decode_into(&block, data, available);
-    return block;
-}
+namespace {
 
-ast_datablock_t ast_datablock_encode(uint8_t *buffer, uint64_t length, const ast_datablock_src_t *source) {
+// The frame that encoded and modified blocks share: a header, and as many records as the source has, each written by
+// `put_record(index, buffer, room)`. The length of a block that fails is that of what was written.
+template <typename Source, typename PutRecord>
+ast_datablock_t write_block(uint8_t *buffer, uint64_t length, const Source &source, bool may_be_written,
+                            PutRecord put_record) {
     ast_datablock_t block{};
     block.data = buffer;
     block.length = kHeaderOctets;
-    if (!source) return block;
-    block.category = source->category;
-    block.uap = source->uap;
-    block.record_count = source->record_count;
+    block.category = source.category;
+    block.uap = source.uap;
+    block.record_count = source.record_count;
     if (!buffer || length < kHeaderOctets) return block;
     block.records_data = buffer + kHeaderOctets;
-    if (source->record_count < 1 || source->record_count > std::size(source->records)) return block;
+    if (!may_be_written || source.record_count > std::size(source.records)) return block;
 
-    for (uint64_t i = 0; i < source->record_count; ++i) {
-        if (source->records[i].category != source->category) return block;
-        block.records[i] = ast_datarecord_encode(buffer + block.length, length - block.length, &source->records[i]);
+    for (uint64_t i = 0; i < source.record_count; ++i) {
+        block.records[i] = put_record(i, buffer + block.length, length - block.length);
         if (!block.records[i].valid) return block;
         block.records_length += block.records[i].size;
         block.length = block.records_length + kHeaderOctets;
     }
     if (block.length > kMaxBlockOctets) return block;
-    write_header(buffer, source->category, block.length);
+    write_header(buffer, source.category, block.length);
     block.valid = true;
     return block;
 }
 
-ast_datablock_t ast_datablock_modify(uint8_t *buffer, uint64_t length, const ast_datablock_t *source,
-                                     const ast_dataitem_src_list_t *replacements) {
+// What a block looks like that cannot be written for want of a source.
+ast_datablock_t empty_block(uint8_t *buffer) {
     ast_datablock_t block{};
     block.data = buffer;
     block.length = kHeaderOctets;
-    if (!source) return block;
-    block.category = source->category;
-    block.uap = source->uap;
-    block.record_count = source->record_count;
-    if (!buffer || length < kHeaderOctets) return block;
-    block.records_data = buffer + kHeaderOctets;
-    if (!source->valid || source->record_count > std::size(source->records)) return block;
+    return block;
+}
 
-    for (uint64_t i = 0; i < source->record_count; ++i) {
-        const uint64_t offset = kHeaderOctets + block.records_length;
-        block.records[i] = ast_datarecord_modify(buffer + offset, length - offset, &source->records[i], replacements);
-        if (!block.records[i].valid) return block;
-        block.records_length += block.records[i].size;
-    }
-    if (block.records_length + kHeaderOctets > kMaxBlockOctets) return block;
-    block.length = block.records_length + kHeaderOctets;
-    write_header(buffer, source->category, block.length);
-    block.valid = true;
+} // namespace
+
+ast_datablock_t ast_datablock_encode(uint8_t *buffer, uint64_t length, const ast_datablock_src_t *source) {
+    if (!source) return empty_block(buffer);
+    const auto put_record = [&](uint64_t i, uint8_t *to, uint64_t room) {
+        const ast_datarecord_src_t &record = source->records[i];
+        return record.category == source->category ? ast_datarecord_encode(to, room, &record) : ast_datarecord_t{};
+    };
+    return write_block(buffer, length, *source, source->record_count != 0, put_record);
+}
+
+ast_datablock_t ast_datablock_modify(uint8_t *buffer, uint64_t length, const ast_datablock_t *source,
+                                     const ast_dataitem_src_list_t *replacements) {
+    if (!source) return empty_block(buffer);
+    const auto put_record = [&](uint64_t i, uint8_t *to, uint64_t room) {
+        return ast_datarecord_modify(to, room, &source->records[i], replacements);
+    };
+    ast_datablock_t block = write_block(buffer, length, *source, source->valid, put_record);
+    if (!block.valid) block.length = kHeaderOctets;
     return block;
 }

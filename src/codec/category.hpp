@@ -16,29 +16,26 @@ using Encoder = void(ast_dataitem_t *result, uint8_t *buffer, uint64_t length, c
 
 // What can be done with an item. Whoever has a size is registered; the others may be missing.
 struct Handlers {
-    SizeRule *get_size = nullptr;
+    SizeRule size{};
     SummaryView *get_summary = nullptr;
     DetailView *get_detail_html = nullptr;
     Encoder *encode = nullptr;
 };
 
-// How long a subfield is. Fixed sizes hold whatever is available, so that an item that runs out of octets comes out
-// longer than what it has, and fails as a whole.
-struct SubfieldSize {
-    enum class Kind : uint8_t { Fixed, Extended, Repeated };
-    Kind kind;
-    uint8_t octets; // of the subfield, at most, or of one element
-};
-
-constexpr SubfieldSize octets(uint8_t count) { return {SubfieldSize::Kind::Fixed, count}; }
-constexpr SubfieldSize extended(uint8_t maximum) { return {SubfieldSize::Kind::Extended, maximum}; }
-constexpr SubfieldSize repeated(uint8_t element) { return {SubfieldSize::Kind::Repeated, element}; }
+// How a subfield's value is read and shown; only the floors above know.
+struct SubfieldHandlers;
 
 struct SubfieldRow {
     const char *id;
     const char *name;
-    SubfieldSize size;
+    SizeRule size;
+    const SubfieldHandlers *handlers = nullptr;
 };
+
+constexpr uint32_t kItemNumbers = 1000;
+
+// The number of an item within its category, from its type.
+constexpr uint16_t item_number(ast_dataitem_type_t type) { return static_cast<uint16_t>(type % kItemNumbers); }
 
 constexpr uint32_t kSubfieldNumbers = 1000;
 
@@ -50,12 +47,19 @@ constexpr char kNoSubfieldName[] = "UNKNOWN_SUBFIELD_NAME";
 
 // A compound item's subfields, in the order of the bits of its primary subfield.
 struct Compound {
+    ast_dataitem_type_t type;
     const SubfieldRow *rows;
     size_t count;
+    SizeFunction *get_size = nullptr;
     ast_subfield_func_t func{};
     const char *unknown_id = kNoSubfieldId;
     bool reports_unknown_subfields = false; // when asked for the size of one
 };
+
+// The row of a subfield by its number, or null.
+constexpr const SubfieldRow *find_subfield(const Compound &compound, uint32_t number) {
+    return number >= 1 && number <= compound.count ? &compound.rows[number - 1] : nullptr;
+}
 
 struct ItemRow {
     uint16_t number = 0;
@@ -64,8 +68,6 @@ struct ItemRow {
     const Compound *compound = nullptr;
     uint16_t variant_of = 0; // the item that this one stands for in some editions or systems
 };
-
-constexpr uint32_t kItemNumbers = 1000;
 
 // A category's rows behind an empty one, and for each item number the place of its row; place 0 is the empty row's, so
 // that every number has a row.
@@ -93,6 +95,9 @@ constexpr bool ascending(const ItemRow (&rows)[N]) {
     return rows[N - 1].number < kItemNumbers;
 }
 
+// The profile of one record, where the records of a block may differ in theirs; null for a record that none fits.
+using ProfileChoice = const ast_uap_t *(const uint8_t *record, uint64_t available);
+
 struct Category {
     uint32_t number;
     const char *unknown_name; // of items that it does not know
@@ -101,6 +106,7 @@ struct Category {
     const ItemRow *rows;
     bool reports_unknown_names = false; // when asked for the name of one
     ast_datarecord_func_t accessors{};
+    ProfileChoice *choose_profile = nullptr; // tried first on a block of unknown origin
 };
 
 // By category number; numbers without a category, and the place behind them, have one without items.
@@ -123,57 +129,59 @@ inline const ItemRow &find_item(ast_dataitem_type_t type) {
 // Reports an item type that cannot be handled, unless it is 0.
 void report_unsupported(ast_dataitem_type_t type);
 
+// The handlers of an item type, none for one that is not registered, which is reported.
+const Handlers &handlers_of(ast_dataitem_type_t type);
+
 // The title of an item as its category gives it.
 const char *item_name(const Category &category, ast_dataitem_type_t type);
 
 // What the exported functions of one compound item are made of.
 uint64_t compound_size(const Compound &compound, const uint8_t *data, uint64_t available);
 uint64_t subfield_size(const Compound &compound, const uint8_t *data, uint64_t available, uint32_t subfield_type);
-const char *subfield_id(const Compound &compound, uint32_t subfield_type);
-const char *subfield_name(const Compound &compound, uint32_t subfield_type);
+const char *subfield_id(const Compound &compound, uint32_t number);
+const char *subfield_name(const Compound &compound, uint32_t number);
 
 } // namespace ast
 
-// Defines the exported functions of the compound item `item` (such as 048_130) over its rows, and `compound` to
-// describe it with the summary and detail view of its subfields, each a function or nullptr. `...` are further members
-// of the Compound.
-#define AST_DEFINE_COMPOUND(compound, item, subfield_rows, summary, detail, ...)                                       \
+// Defines the compound item of a type over its rows, and its exported functions by their full names: the size of the
+// item, then the size, id and name of a subfield. Its subfields' summary and detail view are named, or nullptr. `...`
+// are further members of the Compound.
+#define AST_DEFINE_COMPOUND(compound, item_type, subfield_rows, get_item_size, get_subfield_size, get_id, get_name,    \
+                            get_summary, get_detail_html, ...)                                                         \
     namespace {                                                                                                        \
-    constexpr ast::Compound compound = {.rows = subfield_rows,                                                         \
+    constexpr ast::Compound compound = {.type = item_type,                                                             \
+                                        .rows = subfield_rows,                                                         \
                                         .count = std::size(subfield_rows),                                             \
-                                        .func = {ast_subfield_##item##_get_size, ast_subfield_##item##_get_id,         \
-                                                 ast_subfield_##item##_get_name, summary, detail},                     \
+                                        .get_size = get_item_size,                                                     \
+                                        .func = {get_subfield_size, get_id, get_name, get_summary, get_detail_html},   \
                                         __VA_ARGS__};                                                                  \
     }                                                                                                                  \
-    uint64_t ast_dataitem_##item##_get_size(const uint8_t *data, uint64_t available) {                                 \
+    uint64_t get_item_size(const uint8_t *data, uint64_t available) {                                                  \
         return ast::compound_size(compound, data, available);                                                          \
     }                                                                                                                  \
-    uint64_t ast_subfield_##item##_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type) {         \
+    uint64_t get_subfield_size(const uint8_t *data, uint64_t available, uint32_t subfield_type) {                      \
         return ast::subfield_size(compound, data, available, subfield_type);                                           \
     }                                                                                                                  \
-    const char *ast_subfield_##item##_get_id(uint32_t subfield_type) {                                                 \
-        return ast::subfield_id(compound, subfield_type);                                                              \
+    const char *get_id(uint32_t subfield_type) {                                                                       \
+        return ast::subfield_id(compound, ast::subfield_number(subfield_type));                                        \
     }                                                                                                                  \
-    const char *ast_subfield_##item##_get_name(uint32_t subfield_type) {                                               \
-        return ast::subfield_name(compound, subfield_type);                                                            \
+    const char *get_name(uint32_t subfield_type) {                                                                     \
+        return ast::subfield_name(compound, ast::subfield_number(subfield_type));                                      \
     }
 
-// Defines the category `code` (three digits) over its rows `item_rows`, and its name function. `...` are further
-// members of the Category.
-#define AST_DEFINE_CATEGORY(code, category_number, item_rows, ...)                                                     \
+// Defines a category over its rows, and its exported name function. `...` are further members of the Category.
+#define AST_DEFINE_CATEGORY(category, category_number, unknown, item_rows, get_item_name, ...)                         \
     static_assert(ast::ascending(item_rows));                                                                          \
     namespace {                                                                                                        \
     constexpr auto kItemTable = ast::index_rows(item_rows);                                                            \
     }                                                                                                                  \
     namespace ast {                                                                                                    \
-    extern const Category kCategory##code;                                                                             \
-    constinit const Category kCategory##code = {.number = category_number,                                             \
-                                                .unknown_name = "Unknown CAT" #code " Dataitem",                       \
-                                                .get_name = ast_dataitem_##code##_get_name,                            \
-                                                .places = kItemTable.places.data(),                                    \
-                                                .rows = kItemTable.rows.data(),                                        \
-                                                __VA_ARGS__};                                                          \
+    extern const Category category;                                                                                    \
+    constinit const Category category = {.number = category_number,                                                    \
+                                         .unknown_name = unknown,                                                      \
+                                         .get_name = get_item_name,                                                    \
+                                         .places = kItemTable.places.data(),                                           \
+                                         .rows = kItemTable.rows.data(),                                               \
+                                         __VA_ARGS__};                                                                 \
     }                                                                                                                  \
-    const char *ast_dataitem_##code##_get_name(ast_dataitem_type_t type) {                                             \
-        return ast::item_name(ast::kCategory##code, type);                                                             \
-    }
+    const char *get_item_name(ast_dataitem_type_t type) { return ast::item_name(ast::category, type); }

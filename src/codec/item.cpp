@@ -13,6 +13,14 @@ void report_unsupported(ast_dataitem_type_t type) {
     if (type != AST_DATAITEM_NONE) ast_log(AST_LOG_CRITICAL, "Unsupported dataitem %s", ast_dataitem_type_to_str(type));
 }
 
+const Handlers &handlers_of(ast_dataitem_type_t type) {
+    static constexpr Handlers kNone{};
+    const Handlers &handlers = find_item(type).handlers;
+    if (handlers.size.kind != SizeRule::Kind::None) return handlers;
+    report_unsupported(type);
+    return kNone;
+}
+
 const char *item_name(const Category &category, ast_dataitem_type_t type) {
     const bool is_own = type / kItemNumbers == category.number;
     const char *const name = is_own ? find_item(category, type % kItemNumbers).name : nullptr;
@@ -26,13 +34,68 @@ const char *item_name(const Category &category, ast_dataitem_type_t type) {
 
 using namespace ast;
 
+// The rules under their exported names.
+#define AST_SIZE_RULES(X)                                                                                              \
+    X(ast_dataitem_get_size_fixed_1_byte, fixed<1>)                                                                    \
+    X(ast_dataitem_get_size_fixed_2_byte, fixed<2>)                                                                    \
+    X(ast_dataitem_get_size_fixed_3_byte, fixed<3>)                                                                    \
+    X(ast_dataitem_get_size_fixed_4_byte, fixed<4>)                                                                    \
+    X(ast_dataitem_get_size_fixed_5_byte, fixed<5>)                                                                    \
+    X(ast_dataitem_get_size_fixed_6_byte, fixed<6>)                                                                    \
+    X(ast_dataitem_get_size_fixed_7_byte, fixed<7>)                                                                    \
+    X(ast_dataitem_get_size_fixed_8_byte, fixed<8>)                                                                    \
+    X(ast_dataitem_get_size_fixed_9_byte, fixed<9>)                                                                    \
+    X(ast_dataitem_get_size_fixed_12_byte, fixed<12>)                                                                  \
+    X(ast_dataitem_get_size_var_1_byte, extended<1>)                                                                   \
+    X(ast_dataitem_get_size_var_2_byte, extended<2>)                                                                   \
+    X(ast_dataitem_get_size_var_3_byte, extended<3>)                                                                   \
+    X(ast_dataitem_get_size_var_4_byte, extended<4>)                                                                   \
+    X(ast_dataitem_get_size_var_5_byte, extended<5>)                                                                   \
+    X(ast_dataitem_get_size_var_6_byte, extended<6>)                                                                   \
+    X(ast_dataitem_get_size_var_11_byte, extended<11>)                                                                 \
+    X(ast_dataitem_get_size_var_12_byte, extended<12>)                                                                 \
+    X(ast_dataitem_get_size_var_16_byte, extended<16>)                                                                 \
+    X(ast_dataitem_get_size_var_23_byte, extended<23>)                                                                 \
+    X(ast_dataitem_get_size_var_unlimited, extended<kUnlimitedOctets>)                                                 \
+    X(ast_dataitem_get_size_rep_1_byte, repetitive<1>)                                                                 \
+    X(ast_dataitem_get_size_rep_2_byte, repetitive<2>)                                                                 \
+    X(ast_dataitem_get_size_rep_3_byte, repetitive<3>)                                                                 \
+    X(ast_dataitem_get_size_rep_4_byte, repetitive<4>)                                                                 \
+    X(ast_dataitem_get_size_rep_5_byte, repetitive<5>)                                                                 \
+    X(ast_dataitem_get_size_rep_6_byte, repetitive<6>)                                                                 \
+    X(ast_dataitem_get_size_rep_8_byte, repetitive<8>)                                                                 \
+    X(ast_dataitem_get_size_rep_12_byte, repetitive<12>)                                                               \
+    X(ast_dataitem_get_size_rep_15_byte, repetitive<15>)                                                               \
+    X(ast_dataitem_get_size_rep_21_byte, repetitive<21>)                                                               \
+    X(ast_dataitem_get_size_rep_64_byte, repetitive<64>)                                                               \
+    X(ast_dataitem_get_size_rep_256_byte, repetitive<256>)                                                             \
+    X(ast_dataitem_reserved_expansion_field_get_size, explicit_length)                                                 \
+    X(ast_dataitem_special_purpose_field_get_size, explicit_length)                                                    \
+    X(ast_dataitem_random_field_sequencing_get_size, explicit_length)
+
+namespace {
+
+struct NamedSizeRule {
+    SizeRule rule;
+    SizeFunction *function;
+};
+
+#define AST_ENTER_SIZE_RULE(function, rule) {rule, function},
+constexpr NamedSizeRule kNamedSizeRules[] = {AST_SIZE_RULES(AST_ENTER_SIZE_RULE)};
+
+SizeFunction *function_of(const SizeRule &rule) {
+    if (rule.kind == SizeRule::Kind::Own) return rule.function;
+    for (const NamedSizeRule &named : kNamedSizeRules)
+        if (named.rule.kind == rule.kind && named.rule.octets == rule.octets) return named.function;
+    return nullptr;
+}
+
+} // namespace
+
 ast_dataitem_func_t ast_dataitem_get_func(ast_dataitem_type_t type) {
-    const Handlers &handlers = find_item(type).handlers;
-    if (!handlers.get_size) {
-        report_unsupported(type);
-        return {};
-    }
-    return {handlers.get_size, find_category(type / kItemNumbers).get_name, handlers.get_summary,
+    const Handlers &handlers = handlers_of(type);
+    if (handlers.size.kind == SizeRule::Kind::None) return {};
+    return {function_of(handlers.size), find_category(type / kItemNumbers).get_name, handlers.get_summary,
             handlers.get_detail_html, handlers.encode};
 }
 
@@ -59,8 +122,8 @@ const char *ast_dataitem_type_to_str(ast_dataitem_type_t type) {
 }
 
 const char *ast_dataitem_get_name(ast_dataitem_type_t type) {
-    const auto get_name = ast_dataitem_get_func(type).get_name;
-    return get_name ? get_name(type) : "UNKNOWN NAME";
+    const bool is_registered = handlers_of(type).size.kind != SizeRule::Kind::None;
+    return is_registered ? find_category(type / kItemNumbers).get_name(type) : "UNKNOWN NAME";
 }
 
 uint64_t ast_dataitem_get_size(const uint8_t *data, uint64_t available, ast_dataitem_type_t type) {
@@ -90,7 +153,7 @@ ast_dataitem_t ast_dataitem_encode(uint8_t *buffer, uint64_t length, const ast_d
     if (!source) return result;
     result.type = source->type;
     if (!buffer || !source->value) return result;
-    if (const auto encode = ast_dataitem_get_func(source->type).encode) {
+    if (const auto encode = handlers_of(source->type).encode) {
         const ast_dataitem_src_t own_source = *source;
         encode(&result, buffer, length, &own_source);
     } else {
@@ -100,54 +163,18 @@ ast_dataitem_t ast_dataitem_encode(uint8_t *buffer, uint64_t length, const ast_d
     return result;
 }
 
-uint64_t ast_dataitem_get_size_fixed(const uint8_t *, uint64_t available, uint64_t size) {
-    return available >= size ? size : 0;
+uint64_t ast_dataitem_get_size_fixed(const uint8_t *data, uint64_t available, uint64_t size) {
+    return item_size(SizeRule::Kind::Fixed, size, data, available);
 }
 
 uint64_t ast_dataitem_get_size_variable(const uint8_t *data, uint64_t available, uint64_t maximum) {
-    return chained_size(data, available, maximum, kItemTooLong);
+    return item_size(SizeRule::Kind::Extended, maximum, data, available);
 }
 
 uint64_t ast_dataitem_get_size_repeat(const uint8_t *data, uint64_t available, uint64_t element_size) {
-    return repeated_size(data, available, element_size);
+    return item_size(SizeRule::Kind::Repetitive, element_size, data, available);
 }
 
-#define AST_DEFINE_SIZE_RULE(name, rule)                                                                               \
-    uint64_t ast_dataitem_##name(const uint8_t *data, uint64_t available) { return rule(data, available); }
-
-AST_DEFINE_SIZE_RULE(get_size_fixed_1_byte, fixed<1>)
-AST_DEFINE_SIZE_RULE(get_size_fixed_2_byte, fixed<2>)
-AST_DEFINE_SIZE_RULE(get_size_fixed_3_byte, fixed<3>)
-AST_DEFINE_SIZE_RULE(get_size_fixed_4_byte, fixed<4>)
-AST_DEFINE_SIZE_RULE(get_size_fixed_5_byte, fixed<5>)
-AST_DEFINE_SIZE_RULE(get_size_fixed_6_byte, fixed<6>)
-AST_DEFINE_SIZE_RULE(get_size_fixed_7_byte, fixed<7>)
-AST_DEFINE_SIZE_RULE(get_size_fixed_8_byte, fixed<8>)
-AST_DEFINE_SIZE_RULE(get_size_fixed_9_byte, fixed<9>)
-AST_DEFINE_SIZE_RULE(get_size_fixed_12_byte, fixed<12>)
-AST_DEFINE_SIZE_RULE(get_size_var_1_byte, variable<1>)
-AST_DEFINE_SIZE_RULE(get_size_var_2_byte, variable<2>)
-AST_DEFINE_SIZE_RULE(get_size_var_3_byte, variable<3>)
-AST_DEFINE_SIZE_RULE(get_size_var_4_byte, variable<4>)
-AST_DEFINE_SIZE_RULE(get_size_var_5_byte, variable<5>)
-AST_DEFINE_SIZE_RULE(get_size_var_6_byte, variable<6>)
-AST_DEFINE_SIZE_RULE(get_size_var_11_byte, variable<11>)
-AST_DEFINE_SIZE_RULE(get_size_var_12_byte, variable<12>)
-AST_DEFINE_SIZE_RULE(get_size_var_16_byte, variable<16>)
-AST_DEFINE_SIZE_RULE(get_size_var_23_byte, variable<23>)
-AST_DEFINE_SIZE_RULE(get_size_var_unlimited, variable<kUnlimitedOctets>)
-AST_DEFINE_SIZE_RULE(get_size_rep_1_byte, repetitive<1>)
-AST_DEFINE_SIZE_RULE(get_size_rep_2_byte, repetitive<2>)
-AST_DEFINE_SIZE_RULE(get_size_rep_3_byte, repetitive<3>)
-AST_DEFINE_SIZE_RULE(get_size_rep_4_byte, repetitive<4>)
-AST_DEFINE_SIZE_RULE(get_size_rep_5_byte, repetitive<5>)
-AST_DEFINE_SIZE_RULE(get_size_rep_6_byte, repetitive<6>)
-AST_DEFINE_SIZE_RULE(get_size_rep_8_byte, repetitive<8>)
-AST_DEFINE_SIZE_RULE(get_size_rep_12_byte, repetitive<12>)
-AST_DEFINE_SIZE_RULE(get_size_rep_15_byte, repetitive<15>)
-AST_DEFINE_SIZE_RULE(get_size_rep_21_byte, repetitive<21>)
-AST_DEFINE_SIZE_RULE(get_size_rep_64_byte, repetitive<64>)
-AST_DEFINE_SIZE_RULE(get_size_rep_256_byte, repetitive<256>)
-AST_DEFINE_SIZE_RULE(reserved_expansion_field_get_size, explicit_length)
-AST_DEFINE_SIZE_RULE(special_purpose_field_get_size, explicit_length)
-AST_DEFINE_SIZE_RULE(random_field_sequencing_get_size, explicit_length)
+#define AST_DEFINE_SIZE_RULE(function, rule)                                                                           \
+    uint64_t function(const uint8_t *data, uint64_t available) { return item_size(rule, data, available); }
+AST_SIZE_RULES(AST_DEFINE_SIZE_RULE)

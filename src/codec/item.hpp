@@ -12,10 +12,11 @@ constexpr uint64_t kMaxFollowing = 255;
 
 // The size of the item at data by the rule of its row; 0 when there is none, which is reported.
 inline uint64_t item_size(const ItemRow &row, ast_dataitem_type_t type, const uint8_t *data, uint64_t available) {
-    if (row.handlers.get_size) [[likely]]
-        return row.handlers.get_size(data, available);
-    report_unsupported(type);
-    return 0;
+    const SizeRule &rule = row.handlers.size;
+    if (rule.kind == SizeRule::Kind::Fixed) [[likely]]
+        return available >= rule.octets ? rule.octets : 0;
+    if (rule.kind == SizeRule::Kind::None) report_unsupported(type);
+    return item_size(rule, data, available);
 }
 
 // An item that could be sized, and the octets left behind it.

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <iterator>
 
+#include "codec/block.hpp"
 #include "codec/fspec.hpp"
 #include "codec/item.hpp"
 
@@ -30,6 +31,12 @@ void each_source(const ast_datarecord_src_t &record, uint32_t max_frn, Visitor v
         const ast_dataitem_src_t *const source = find_source(record.items, listed(record.item_count), type);
         if (source && !visit(frn, *source)) return;
     }
+}
+
+// The highest FRN of a profile, as far as a record can reach: beyond it no FSPEC fits a block.
+uint32_t max_frn_of(const ast_datarecord_src_t &record) {
+    constexpr uint32_t kHighestFrn = kFrnsPerOctet * kMaxBlockOctets;
+    return std::min(ast_uap_max_frn(&record.uap, record.category), kHighestFrn);
 }
 
 // Writes the FSPEC of a record and returns its length, 0 when there is nothing to announce or no room for it.
@@ -125,7 +132,7 @@ ast_datarecord_t ast_datarecord_encode(uint8_t *buffer, uint64_t length, const a
     result.item_count = source->item_count;
     if (!buffer) return result;
 
-    const uint32_t max_frn = ast_uap_max_frn(&source->uap, source->category);
+    const uint32_t max_frn = max_frn_of(*source);
     const uint64_t fspec_length = encode_fspec(buffer, length, *source, max_frn);
     if (fspec_length == 0) {
         ast_log(AST_LOG_DEBUG, "Failed to encode FSPEC.");

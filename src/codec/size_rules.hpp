@@ -1,5 +1,4 @@
-// How long an item is: one template per family of rules. A rule takes the item's first octet and the octets available,
-// and returns the size, 0 when the octets do not hold all of the item.
+// How long an item or a subfield is: a rule is a value, and whoever sizes something reads the same one.
 #pragma once
 
 #include <cstdint>
@@ -9,14 +8,31 @@
 
 namespace ast {
 
-using SizeRule = uint64_t(const uint8_t *data, uint64_t available);
+using SizeFunction = uint64_t(const uint8_t *data, uint64_t available);
+
+struct SizeRule {
+    enum class Kind : uint8_t {
+        None,       // not known
+        Fixed,      // `octets`
+        Extended,   // octets chained by FX, at most `octets`
+        Repetitive, // a repetition count, then that many elements of `octets`
+        Explicit,   // what the first octet says; it counts itself
+        Own,        // what `function` says
+    };
+    Kind kind = Kind::None;
+    uint16_t octets = 0;
+    SizeFunction *function = nullptr; // of the kind Own alone
+};
 
 // Extended items without a bound of their own.
-constexpr uint64_t kUnlimitedOctets = 999;
+constexpr uint16_t kUnlimitedOctets = 999;
+
+constexpr char kItemTooLong[] = "Dataitem length exceed max: %d";
+constexpr char kSubfieldTooLong[] = "Subfield length exceed max: %d";
 
 // Octets chained by FX, at most `maximum`. A chain that goes on after them is cut there and reported with `report`, but
 // only where an octet to go on with is available: a chain that ends with the data is incomplete.
-inline uint64_t chained_size(const uint8_t *data, uint64_t available, uint64_t maximum, const char *report) {
+inline uint64_t extended_size(const uint8_t *data, uint64_t available, uint64_t maximum, const char *report) {
     if (!data || maximum == 0) return 0;
     for (uint64_t i = 0; i < available; ++i) {
         if (i == maximum) {
@@ -31,32 +47,54 @@ inline uint64_t chained_size(const uint8_t *data, uint64_t available, uint64_t m
     return 0;
 }
 
-constexpr char kItemTooLong[] = "Dataitem length exceed max: %d";
-constexpr char kSubfieldTooLong[] = "Subfield length exceed max: %d";
-
 // A repetition count, then that many elements.
-inline uint64_t repeated_size(const uint8_t *data, uint64_t available, uint64_t element_octets) {
+inline uint64_t repetitive_size(const uint8_t *data, uint64_t available, uint64_t element_octets) {
     if (!data || available == 0 || element_octets == 0) return 0;
     const uint64_t size = 1 + element_octets * data[0];
     return size <= available ? size : 0;
 }
 
-template <uint64_t Octets>
-uint64_t fixed(const uint8_t *, uint64_t available) {
-    return available >= Octets ? Octets : 0;
+// The size of an item, 0 when the octets do not hold all of it. An explicit length is not compared with what is
+// available: who reads on does that.
+inline uint64_t item_size(SizeRule::Kind kind, uint64_t octets, const uint8_t *data, uint64_t available) {
+    switch (kind) {
+    case SizeRule::Kind::Fixed:
+        return available >= octets ? octets : 0;
+    case SizeRule::Kind::Extended:
+        return extended_size(data, available, octets, kItemTooLong);
+    case SizeRule::Kind::Repetitive:
+        return repetitive_size(data, available, octets);
+    case SizeRule::Kind::Explicit:
+        return data && available ? data[0] : 0;
+    default:
+        return 0;
+    }
 }
 
-template <uint64_t MaximumOctets>
-uint64_t variable(const uint8_t *data, uint64_t available) {
-    return chained_size(data, available, MaximumOctets, kItemTooLong);
+template <uint16_t Octets>
+constexpr SizeRule fixed = {SizeRule::Kind::Fixed, Octets};
+
+template <uint16_t MaximumOctets>
+constexpr SizeRule extended = {SizeRule::Kind::Extended, MaximumOctets};
+
+template <uint16_t ElementOctets>
+constexpr SizeRule repetitive = {SizeRule::Kind::Repetitive, ElementOctets};
+
+constexpr SizeRule explicit_length = {SizeRule::Kind::Explicit};
+
+constexpr SizeRule sized_by(SizeFunction *function) { return {SizeRule::Kind::Own, 0, function}; }
+
+inline uint64_t item_size(const SizeRule &rule, const uint8_t *data, uint64_t available) {
+    if (rule.kind == SizeRule::Kind::Own) return rule.function(data, available);
+    return item_size(rule.kind, rule.octets, data, available);
 }
 
-template <uint64_t ElementOctets>
-uint64_t repetitive(const uint8_t *data, uint64_t available) {
-    return repeated_size(data, available, ElementOctets);
+// The size of a subfield. A fixed one holds whatever is available, so that an item that runs out of octets comes out
+// longer than what it has, and fails as a whole.
+inline uint64_t subfield_size(const SizeRule &rule, const uint8_t *data, uint64_t available) {
+    if (rule.kind == SizeRule::Kind::Fixed) return rule.octets;
+    if (rule.kind == SizeRule::Kind::Extended) return extended_size(data, available, rule.octets, kSubfieldTooLong);
+    return item_size(rule, data, available);
 }
-
-// The first octet is the length and counts itself. It is not compared with what is available: who reads on does that.
-inline uint64_t explicit_length(const uint8_t *data, uint64_t available) { return data && available ? data[0] : 0; }
 
 } // namespace ast

@@ -10,30 +10,6 @@ using namespace ast;
 
 const Compound *find_compound(ast_dataitem_type_t type) { return find_item(type).compound; }
 
-const SubfieldRow *find_subfield(const Compound &compound, uint32_t number) {
-    return number >= 1 && number <= compound.count ? &compound.rows[number - 1] : nullptr;
-}
-
-uint64_t sized(const SubfieldSize &rule, const uint8_t *data, uint64_t available) {
-    switch (rule.kind) {
-    case SubfieldSize::Kind::Fixed:
-        break;
-    case SubfieldSize::Kind::Extended:
-        return ast_subfield_get_size_variable(data, available, rule.octets);
-    case SubfieldSize::Kind::Repeated:
-        return ast_subfield_get_size_repeated(data, available, rule.octets);
-    }
-    return rule.octets;
-}
-
-uint64_t sized(const Compound &compound, uint32_t number, const uint8_t *data, uint64_t available) {
-    const SubfieldRow *const row = find_subfield(compound, number);
-    if (row) return sized(row->size, data, available);
-    if (compound.reports_unknown_subfields)
-        ast_log(AST_LOG_CRITICAL, "Unsupported Subfield type %d", static_cast<int>(number));
-    return 0;
-}
-
 // What follows the first `offset` octets; nothing once a walk has gone past the end.
 struct Rest {
     const uint8_t *data;
@@ -41,7 +17,7 @@ struct Rest {
 };
 
 Rest after(const uint8_t *data, uint64_t available, uint64_t offset) {
-    return offset < available ? Rest{data + offset, available - offset} : Rest{nullptr, 0};
+    return offset <= available ? Rest{data + offset, available - offset} : Rest{nullptr, 0};
 }
 
 } // namespace
@@ -54,11 +30,11 @@ uint64_t compound_size(const Compound &compound, const uint8_t *data, uint64_t a
     uint64_t size = primary.length;
     each_frn(primary, [&](uint32_t number) {
         const SubfieldRow *const row = find_subfield(compound, number);
-        if (row && row->size.kind == SubfieldSize::Kind::Fixed) [[likely]] {
+        if (row && row->size.kind == SizeRule::Kind::Fixed) [[likely]] {
             size += row->size.octets;
         } else {
             const Rest rest = after(data, available, size);
-            size += sized(compound, number, rest.data, rest.available);
+            size += subfield_size(compound, rest.data, rest.available, AST_SUBFIELD_TYPE(compound.type, number));
         }
         return true;
     });
@@ -66,16 +42,19 @@ uint64_t compound_size(const Compound &compound, const uint8_t *data, uint64_t a
 }
 
 uint64_t subfield_size(const Compound &compound, const uint8_t *data, uint64_t available, uint32_t subfield_type) {
-    return sized(compound, subfield_number(subfield_type), data, available);
+    const SubfieldRow *const row = find_subfield(compound, subfield_number(subfield_type));
+    if (row) return subfield_size(row->size, data, available);
+    if (compound.reports_unknown_subfields) ast_log(AST_LOG_CRITICAL, "Unsupported Subfield type %u", subfield_type);
+    return 0;
 }
 
-const char *subfield_id(const Compound &compound, uint32_t subfield_type) {
-    const SubfieldRow *const row = find_subfield(compound, subfield_number(subfield_type));
+const char *subfield_id(const Compound &compound, uint32_t number) {
+    const SubfieldRow *const row = find_subfield(compound, number);
     return row ? row->id : compound.unknown_id;
 }
 
-const char *subfield_name(const Compound &compound, uint32_t subfield_type) {
-    const SubfieldRow *const row = find_subfield(compound, subfield_number(subfield_type));
+const char *subfield_name(const Compound &compound, uint32_t number) {
+    const SubfieldRow *const row = find_subfield(compound, number);
     return row ? row->name : kNoSubfieldName;
 }
 
@@ -102,11 +81,11 @@ const char *ast_subfield_get_name(uint32_t subfield_type) {
 }
 
 uint64_t ast_subfield_get_size_variable(const uint8_t *data, uint64_t available, uint64_t maximum) {
-    return chained_size(data, available, maximum, kSubfieldTooLong);
+    return extended_size(data, available, maximum, kSubfieldTooLong);
 }
 
 uint64_t ast_subfield_get_size_repeated(const uint8_t *data, uint64_t available, uint64_t element_size) {
-    return repeated_size(data, available, element_size);
+    return repetitive_size(data, available, element_size);
 }
 
 uint64_t ast_dataitem_subfields_get_number(ast_dataitem_type_t type) {
@@ -117,7 +96,7 @@ uint64_t ast_dataitem_subfields_get_number(ast_dataitem_type_t type) {
 
 uint64_t ast_dataitem_subfields_get_size(const uint8_t *data, uint64_t available, ast_dataitem_type_t type) {
     // An item without subfields of its own still has its primary subfield.
-    static constexpr Compound kNoSubfields = {.rows = nullptr, .count = 0};
+    static constexpr Compound kNoSubfields{};
     const Compound *const compound = find_compound(type);
     return compound_size(compound ? *compound : kNoSubfields, data, available);
 }

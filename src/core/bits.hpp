@@ -29,9 +29,10 @@ inline void write_u32(uint8_t *octets, uint32_t value) {
 // One bit of one octet: bit(octet, 8) is the most significant.
 constexpr bool bit(uint8_t octet, unsigned number) { return (octet >> (number - 1) & 1) != 0; }
 
-// The bits `from` down to `to` of one octet as a number: bits(octet, 8, 6) is its three most significant.
-constexpr uint32_t bits(uint8_t octet, unsigned from, unsigned to) {
-    return uint32_t{octet} >> (to - 1) & ((UINT32_C(1) << (from - to + 1)) - 1);
+// The bits `from` down to `to` of an octet, or of a number, as a number: bits(octet, 8, 6) is the three most
+// significant of an octet.
+constexpr uint32_t bits(uint32_t number, unsigned from, unsigned to) {
+    return number >> (to - 1) & ((UINT32_C(1) << (from - to + 1)) - 1);
 }
 
 // A field that may cross octets, by bits counted from 1 at the most significant bit of the first octet, as Mode S

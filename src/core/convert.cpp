@@ -113,8 +113,8 @@ uint32_t ast_hex_to_int(char digit) {
 }
 
 const char *ast_hex_to_bin(uint8_t octet) {
-    thread_local char text[kBinaryOctetChars + 1];
-    write_binary_octet(text, octet);
+    thread_local char text[BinaryOctet::kChars + 1];
+    set_text(text, sizeof text, BinaryOctet(octet));
     return text;
 }
 

@@ -64,7 +64,7 @@ void ast_log(uint32_t level, const char *format, ...) {
     char line[kLogLineCapacity];
     va_list arguments;
     va_start(arguments, format);
-    TextWriter(line, sizeof line).print_list(format, arguments);
+    TextWriter(line, sizeof line).print_foreign(format, arguments);
     va_end(arguments);
     handler(level, line);
 }

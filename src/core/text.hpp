@@ -23,8 +23,14 @@ public:
     TextWriter &operator=(const TextWriter &) = delete;
 
     void append(std::string_view piece);
+
+    // Formats as printf does in the C locale, whatever the host's locale is. Understands the conversions c d f i o s u
+    // x X and %, the flags - + 0 and blank, widths, precisions, and the lengths l, ll and z.
     void print(const char *format, ...) AST_MEMBER_PRINTF(2, 3);
     void print_list(const char *format, va_list arguments) AST_MEMBER_PRINTF(2, 0);
+
+    // Formats a caller's own format, with all that the C library knows and in the host's locale.
+    void print_foreign(const char *format, va_list arguments) AST_MEMBER_PRINTF(2, 0);
 
     // Lets `write` fill the rest of the buffer, given as (text, capacity), with a terminated text. Only that piece is
     // measured.
@@ -37,6 +43,7 @@ public:
 
     // Characters written so far, the terminator not counted.
     uint64_t length() const { return length_; }
+    bool is_full() const { return room_ == 0; }
 
 private:
     void advance(uint64_t count);
@@ -55,8 +62,8 @@ public:
         va_start(arguments, format);
         TextWriter out(text_, Capacity);
         out.print_list(format, arguments);
-        length_ = out.length();
         va_end(arguments);
+        length_ = out.length();
     }
     operator std::string_view() const { return {text_, length_}; }
 
@@ -65,13 +72,18 @@ private:
     uint64_t length_;
 };
 
-constexpr uint64_t kBinaryOctetChars = 8;
+// The eight binary digits of an octet, most significant first.
+class BinaryOctet {
+public:
+    static constexpr uint64_t kChars = 8;
+    explicit BinaryOctet(uint8_t octet) {
+        for (uint64_t i = 0; i < kChars; ++i) text_[i] = (octet << i & 0x80) != 0 ? '1' : '0';
+    }
+    operator std::string_view() const { return {text_, kChars}; }
 
-// Writes the eight binary digits of an octet, most significant first, and a terminator behind them.
-inline void write_binary_octet(char *text, uint8_t octet) {
-    for (uint64_t i = 0; i < kBinaryOctetChars; ++i) text[i] = (octet << i & 0x80) != 0 ? '1' : '0';
-    text[kBinaryOctetChars] = '\0';
-}
+private:
+    char text_[kChars];
+};
 
 // The text of a code from a list in the order of the codes, or the fallback for a code beyond it.
 template <uint64_t N>
@@ -81,6 +93,8 @@ constexpr const char *text_of(const char *const (&texts)[N], uint64_t code, cons
 
 // A text that stands only when a flag is set.
 constexpr const char *shown_if(bool flag, const char *text) { return flag ? text : ""; }
+
+constexpr const char *yes_or_no(bool flag) { return flag ? "YES" : "NO"; }
 
 // Replaces the text in a buffer by another one.
 inline void set_text(char *text, uint64_t capacity, std::string_view content) {

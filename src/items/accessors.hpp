@@ -1,6 +1,7 @@
 // Accessors over shared layouts: the first item of a type, decoded and given the shape of the common quantity.
 #pragma once
 
+#include "items/frame.hpp"
 #include "query/find.hpp"
 
 namespace ast {
@@ -8,6 +9,12 @@ namespace ast {
 // What an accessor of headings starts from.
 constexpr ast_heading_t kNoHeading = {
     .valid = false, .magnetic = {.valid = false, .value = -1}, .track = {.valid = false, .value = -1}};
+
+// The value of the first item of its own type.
+template <typename Own>
+typename Own::Value first(const ast_datarecord_t *record) {
+    return decode<Own>(first_item(record, Own::kType));
+}
 
 inline ast_sac_sic_t sacsic_of(const ast_datarecord_t *record, ast_dataitem_type_t type) {
     const auto source = ast_dataitem_data_source_identifier_decode(first_item(record, type));

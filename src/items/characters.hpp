@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 #include "ast.h"
@@ -14,7 +15,7 @@ constexpr unsigned kIdentityChars = 8;
 constexpr unsigned kIdentityCharBits = 6;
 constexpr uint64_t kIdentityOctets = kIdentityChars * kIdentityCharBits / 8;
 
-// A code without a character ends the text there.
+// A code without a character ends the text there, but the characters behind it are kept.
 inline void read_identity(char (&text)[kIdentityChars + 1], const uint8_t *octets) {
     for (unsigned i = 0; i < kIdentityChars; ++i) {
         const unsigned first = i * kIdentityCharBits + 1;
@@ -23,9 +24,9 @@ inline void read_identity(char (&text)[kIdentityChars + 1], const uint8_t *octet
     text[kIdentityChars] = '\0';
 }
 
-// Beyond the end of the text come blanks.
+// Beyond the end of the text, or its eight characters, come blanks.
 inline void write_identity(uint8_t *octets, const char (&text)[kIdentityChars + 1]) {
-    const std::string_view name = text;
+    const std::string_view name(text, strnlen(text, kIdentityChars));
     uint64_t packed = 0;
     for (unsigned i = 0; i < kIdentityChars; ++i) {
         const char character = i < name.size() ? name[i] : ' ';
@@ -35,12 +36,11 @@ inline void write_identity(uint8_t *octets, const char (&text)[kIdentityChars + 
     write_u32(octets + 2, static_cast<uint32_t>(packed));
 }
 
-// Calls row(place, "CHAR_n", character) for each of the eight places; places behind the end are empty.
+// Calls row(place, "CHAR_n", character) for each of the eight places; the character of a code that has none is empty.
 template <typename Row>
 void write_identity_rows(const char (&text)[kIdentityChars + 1], Row row) {
-    const std::string_view name = text;
     for (unsigned i = 0; i < kIdentityChars; ++i)
-        row(i, Cell<7>("CHAR_%u", i + 1), i < name.size() ? name.substr(i, 1) : std::string_view());
+        row(i, Cell<7>("CHAR_%u", i + 1), std::string_view(&text[i], text[i] ? 1 : 0));
 }
 
 } // namespace ast

@@ -5,67 +5,37 @@
 #include "core/bits.hpp"
 #include "core/lookup.hpp"
 #include "items/characters.hpp"
-#include "items/value.hpp"
-#include "view/html.hpp"
+#include "items/items.hpp"
+#include "items/units.hpp"
 
 using namespace ast;
 
 namespace {
 
-constexpr uint32_t kMaxOctet = 255;
-
 // One octet that is a number by itself.
-ast_uint_value_t decode_octet(const ast_dataitem_t *item) {
-    ast_uint_value_t number{};
-    if (!holds(item, 1)) return number;
-    number.value = item->data[0];
-    number.valid = true;
-    return number;
-}
-
-void encode_octet(ast_dataitem_t *result, uint8_t *buffer, uint64_t length, const ast_dataitem_src_t *source) {
-    const auto *const number = open_encode<ast_uint_value_t>(result, buffer, length, source, 1);
-    if (!number || number->value > kMaxOctet) return;
-    buffer[0] = static_cast<uint8_t>(number->value);
-    written(result);
-}
+template <SizeRule Rule>
+struct OctetNumber : SharedLayout<ast_uint_value_t, Rule> {
+    static void read(ast_uint_value_t &number, const uint8_t *octets) { number.value = octets[0]; }
+    static bool write(uint8_t *octets, const ast_uint_value_t &number) {
+        octets[0] = static_cast<uint8_t>(number.value);
+        return fits(number.value, 8);
+    }
+};
 
 } // namespace
 
 // ---- Message type ----
 
-ast_uint_value_t ast_dataitem_message_type_decode(const ast_dataitem_t *item) { return decode_octet(item); }
+namespace {
 
-void ast_dataitem_message_type_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
-                                      const ast_dataitem_src_t *source) {
-    encode_octet(result, buffer, length, source);
-}
+struct MessageType : OctetNumber<items::message_type.size> {};
+
+} // namespace
+
+AST_DEFINE_DECODE(MessageType, ast_dataitem_message_type_decode)
+AST_DEFINE_ENCODE(MessageType, ast_dataitem_message_type_encode)
 
 // ---- Data source identifier ----
-
-ast_sac_sic_t ast_dataitem_data_source_identifier_decode(const ast_dataitem_t *item) {
-    ast_sac_sic_t source{};
-    if (!holds(item, 2)) return source;
-    source.sac = item->data[0];
-    source.sic = item->data[1];
-    source.valid = true;
-    return source;
-}
-
-void ast_dataitem_data_source_identifier_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
-                                                const ast_dataitem_src_t *source) {
-    const auto *const identifier = open_encode<ast_sac_sic_t>(result, buffer, length, source, 2);
-    if (!identifier || identifier->sac > kMaxOctet || identifier->sic > kMaxOctet) return;
-    buffer[0] = static_cast<uint8_t>(identifier->sac);
-    buffer[1] = static_cast<uint8_t>(identifier->sic);
-    written(result);
-}
-
-void ast_dataitem_data_source_identifier_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    TextWriter out(text, capacity);
-    const auto source = ast_dataitem_data_source_identifier_decode(item);
-    if (source.valid) out.print("SAC:%03u SIC:%03u", source.sac, source.sic);
-}
 
 namespace {
 
@@ -106,153 +76,168 @@ void write_identification_code(HtmlWriter &html, uint32_t sac, uint32_t sic) {
     if (!is_known) row("Unknown", "Unknown", "Unknown", "Unknown", "Unknown", "Unknown System");
 }
 
+struct DataSourceIdentifier : SharedLayout<ast_sac_sic_t, items::data_source_identifier.size> {
+    static void read(Value &source, const uint8_t *octets) {
+        source.sac = octets[0];
+        source.sic = octets[1];
+    }
+
+    static void summarize(TextWriter &out, const Value &source) {
+        out.print("SAC:%03u SIC:%03u", source.sac, source.sic);
+    }
+
+    static void show(HtmlWriter &html, const Value &source) {
+        write_area_code(html, source.sac);
+        write_identification_code(html, source.sac, source.sic);
+    }
+
+    static bool write(uint8_t *octets, const Value &source) {
+        octets[0] = static_cast<uint8_t>(source.sac);
+        octets[1] = static_cast<uint8_t>(source.sic);
+        return fits(source.sac, 8) && fits(source.sic, 8);
+    }
+};
+
 } // namespace
 
-void ast_dataitem_data_source_identifier_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    HtmlWriter html(text, capacity);
-    const auto source = ast_dataitem_data_source_identifier_decode(item);
-    if (!source.valid) return;
-    write_area_code(html, source.sac);
-    write_identification_code(html, source.sac, source.sic);
-}
+AST_DEFINE_DECODE(DataSourceIdentifier, ast_dataitem_data_source_identifier_decode)
+AST_DEFINE_VIEWS(DataSourceIdentifier, ast_dataitem_data_source_identifier_get_summary,
+                 ast_dataitem_data_source_identifier_get_detail_html)
+AST_DEFINE_ENCODE(DataSourceIdentifier, ast_dataitem_data_source_identifier_encode)
 
 // ---- Service identification ----
 
-ast_uint_value_t ast_dataitem_service_id_decode(const ast_dataitem_t *item) { return decode_octet(item); }
+namespace {
 
-void ast_dataitem_service_id_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
-                                    const ast_dataitem_src_t *source) {
-    encode_octet(result, buffer, length, source);
-}
+struct ServiceId : OctetNumber<items::service_id.size> {
+    static void summarize(TextWriter &out, const Value &service) { out.print("SVC_ID:%03u", service.value); }
+};
 
-void ast_dataitem_service_id_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    TextWriter out(text, capacity);
-    const auto service = ast_dataitem_service_id_decode(item);
-    if (service.valid) out.print("SVC_ID:%03u", service.value);
-}
+} // namespace
+
+AST_DEFINE_DECODE(ServiceId, ast_dataitem_service_id_decode)
+AST_DEFINE_SUMMARY(ServiceId, ast_dataitem_service_id_get_summary)
+AST_DEFINE_ENCODE(ServiceId, ast_dataitem_service_id_encode)
 
 // ---- Track number ----
 
 namespace {
 
-constexpr uint32_t kShortTrackNumber = 0x0FFF; // 12 bits; the upper four are spare
+constexpr unsigned kShortTrackBits = 12; // the upper four are spare
+constexpr unsigned kLongTrackBits = 16;
 
-// The items whose track number takes all 16 bits. I015/161 is read so but written in 12 bits; receivers rely on both.
-struct LongTrackNumber {
+struct TrackNumberWidths {
     ast_dataitem_type_t type;
-    bool is_encoded_long;
+    unsigned decoded_bits;
+    unsigned encoded_bits;
 };
 
-constexpr LongTrackNumber kLongTrackNumbers[] = {
-    {1161, true}, {4030, true}, {4035, true}, {15161, false}, {62040, true},
+// I015/161 is read in 16 bits but written in 12; receivers rely on both.
+constexpr TrackNumberWidths kLongTrackNumbers[] = {
+    {1161, kLongTrackBits, kLongTrackBits},  {4030, kLongTrackBits, kLongTrackBits},
+    {4035, kLongTrackBits, kLongTrackBits},  {15161, kLongTrackBits, kShortTrackBits},
+    {62040, kLongTrackBits, kLongTrackBits},
 };
 
-const LongTrackNumber *find_long_track_number(ast_dataitem_type_t type) {
-    for (const LongTrackNumber &number : kLongTrackNumbers)
-        if (number.type == type) return &number;
-    return nullptr;
+TrackNumberWidths track_number_widths(ast_dataitem_type_t type) {
+    for (const TrackNumberWidths &widths : kLongTrackNumbers)
+        if (widths.type == type) return widths;
+    return {type, kShortTrackBits, kShortTrackBits};
 }
+
+struct TrackNumber : SharedLayout<ast_uint_value_t, items::track_number.size> {
+    static void read(Value &number, const ast_dataitem_t &item) {
+        number.value = field(item.data, kLongTrackBits + 1 - track_number_widths(item.type).decoded_bits, 16);
+    }
+
+    static void summarize(TextWriter &out, const Value &number) { out.print("TRACK_NUM:%04u", number.value); }
+
+    static bool write(uint8_t *octets, const Value &number, ast_dataitem_type_t type) {
+        write_u16(octets, number.value);
+        return fits(number.value, track_number_widths(type).encoded_bits);
+    }
+};
 
 } // namespace
 
-ast_uint_value_t ast_dataitem_track_number_decode(const ast_dataitem_t *item) {
-    ast_uint_value_t number{};
-    if (!holds(item, 2)) return number;
-    const uint32_t raw = read_u16(item->data);
-    number.value = find_long_track_number(item->type) ? raw : raw & kShortTrackNumber;
-    number.valid = true;
-    return number;
-}
-
-void ast_dataitem_track_number_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
-                                      const ast_dataitem_src_t *source) {
-    const auto *const number = open_encode<ast_uint_value_t>(result, buffer, length, source, 2);
-    if (!number) return;
-    const LongTrackNumber *const found = find_long_track_number(source->type);
-    write_u16(buffer, found && found->is_encoded_long ? number->value : number->value & kShortTrackNumber);
-    written(result);
-}
-
-void ast_dataitem_track_number_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    TextWriter out(text, capacity);
-    const auto number = ast_dataitem_track_number_decode(item);
-    if (number.valid) out.print("TRACK_NUM:%04u", number.value);
-}
+AST_DEFINE_DECODE(TrackNumber, ast_dataitem_track_number_decode)
+AST_DEFINE_SUMMARY(TrackNumber, ast_dataitem_track_number_get_summary)
+AST_DEFINE_ENCODE(TrackNumber, ast_dataitem_track_number_encode)
 
 // ---- Target address ----
 
-ast_target_address_t ast_dataitem_target_address_decode(const ast_dataitem_t *item) {
-    ast_target_address_t target{};
-    if (!holds(item, sizeof target.octets)) return target;
-    std::memcpy(target.octets, item->data, sizeof target.octets);
-    target.address = read_u24(item->data);
-    target.valid = true;
-    return target;
-}
+namespace {
 
-void ast_dataitem_target_address_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
-                                        const ast_dataitem_src_t *source) {
-    auto *const target = open_encode<ast_target_address_t>(result, buffer, length, source, 3);
-    if (!target || target->address == 0) return;
-    write_u24(target->octets, target->address);
-    std::memcpy(buffer, target->octets, sizeof target->octets);
-    written(result);
-}
+struct TargetAddress : SharedLayout<ast_target_address_t, items::target_address.size> {
+    static void read(Value &target, const uint8_t *octets) {
+        std::memcpy(target.octets, octets, sizeof target.octets);
+        target.address = read_u24(octets);
+    }
 
-void ast_dataitem_target_address_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    TextWriter out(text, capacity);
-    const auto target = ast_dataitem_target_address_decode(item);
-    if (target.valid) out.print("ADDR:%.6X", target.address);
-}
+    static void summarize(TextWriter &out, const Value &target) { out.print("ADDR:%.6X", target.address); }
 
-void ast_dataitem_target_address_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    HtmlWriter html(text, capacity);
-    const auto target = ast_dataitem_target_address_decode(item);
-    if (!target.valid || !has_country_lookup()) return;
-    const ast_country_t country = aircraft_country(target.address, item);
+    static void show(HtmlWriter &html, const Value &target, const ast_dataitem_t &item) {
+        write_country_of(html, target.address, &item);
+    }
+
+    static bool write(uint8_t *octets, Value &target) {
+        if (target.address == 0 || !fits(target.address, 24)) return false;
+        write_u24(octets, target.address);
+        std::memcpy(target.octets, octets, sizeof target.octets);
+        return true;
+    }
+};
+
+} // namespace
+
+AST_DEFINE_DECODE(TargetAddress, ast_dataitem_target_address_decode)
+AST_DEFINE_VIEWS(TargetAddress, ast_dataitem_target_address_get_summary, ast_dataitem_target_address_get_detail_html)
+AST_DEFINE_ENCODE(TargetAddress, ast_dataitem_target_address_encode)
+
+namespace ast {
+
+void write_country_of(HtmlWriter &html, uint32_t address, const ast_dataitem_t *item) {
+    if (!has_country_lookup()) return;
+    const ast_country_t country = aircraft_country(address, item);
     if (country.found)
-        html.paragraph("This ICAO 24-bit address %.6X is allocated to %s (%s).", target.address, country.name,
-                       country.code);
+        html.paragraph("This ICAO 24-bit address %.6X is allocated to %s (%s).", address, country.name, country.code);
     else
-        html.paragraph("This ICAO 24-bit address %.6X is allocated to unknown country/region.", target.address);
+        html.paragraph("This ICAO 24-bit address %.6X is allocated to unknown country/region.", address);
 }
+
+} // namespace ast
 
 // ---- Aircraft identification ----
 
-ast_aircraft_id_t ast_dataitem_aircraft_id_decode(const ast_dataitem_t *item) {
-    ast_aircraft_id_t aircraft{};
-    if (!holds(item, kIdentityOctets)) return aircraft;
-    read_identity(aircraft.text, item->data);
-    aircraft.valid = true;
-    return aircraft;
-}
+namespace {
 
-void ast_dataitem_aircraft_id_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
-                                     const ast_dataitem_src_t *source) {
-    const auto *const aircraft = open_encode<ast_aircraft_id_t>(result, buffer, length, source, kIdentityOctets);
-    if (!aircraft) return;
-    write_identity(buffer, aircraft->text);
-    written(result);
-}
+struct AircraftId : SharedLayout<ast_aircraft_id_t, items::aircraft_id.size> {
+    static void read(Value &aircraft, const uint8_t *octets) { read_identity(aircraft.text, octets); }
 
-void ast_dataitem_aircraft_id_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    TextWriter out(text, capacity);
-    const auto aircraft = ast_dataitem_aircraft_id_decode(item);
-    if (aircraft.valid) out.print("ACID:%s", aircraft.text);
-}
+    static void summarize(TextWriter &out, const Value &aircraft) { out.print("ACID:%s", aircraft.text); }
 
-void ast_dataitem_aircraft_id_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    // The sixth label counts backwards; viewers know it so.
-    static constexpr const char *kLabels[kIdentityChars] = {"Bit[0-5]",   "Bit[6-11]",  "Bit[12-17]", "Bit[18-23]",
-                                                            "Bit[24-29]", "Bit[30-25]", "Bit[36-41]", "Bit[42-47]"};
-    HtmlWriter html(text, capacity);
-    const auto aircraft = ast_dataitem_aircraft_id_decode(item);
-    if (!aircraft.valid) return;
-    DetailTable table(html, "Bit", "Item", "Value");
-    write_identity_rows(aircraft.text, [&](unsigned place, std::string_view name, std::string_view character) {
-        table.row(kLabels[place], name, character);
-    });
-}
+    static void show(HtmlWriter &html, const Value &aircraft) {
+        // The sixth label counts backwards; viewers know it so.
+        static constexpr const char *kLabels[kIdentityChars] = {
+            "Bit[0-5]", "Bit[6-11]", "Bit[12-17]", "Bit[18-23]", "Bit[24-29]", "Bit[30-25]", "Bit[36-41]", "Bit[42-47]",
+        };
+        DetailTable table(html, "Bit", "Item", "Value");
+        write_identity_rows(aircraft.text, [&](unsigned place, std::string_view name, std::string_view character) {
+            table.row(kLabels[place], name, character);
+        });
+    }
+
+    static bool write(uint8_t *octets, const Value &aircraft) {
+        write_identity(octets, aircraft.text);
+        return true;
+    }
+};
+
+} // namespace
+
+AST_DEFINE_DECODE(AircraftId, ast_dataitem_aircraft_id_decode)
+AST_DEFINE_VIEWS(AircraftId, ast_dataitem_aircraft_id_get_summary, ast_dataitem_aircraft_id_get_detail_html)
+AST_DEFINE_ENCODE(AircraftId, ast_dataitem_aircraft_id_encode)
 
 // ---- Target identification ----
 
@@ -260,54 +245,49 @@ namespace {
 
 constexpr uint32_t kUndefinedIdentitySource = 3;
 
+struct TargetId : SharedLayout<ast_target_id_t, items::target_id.size> {
+    static constexpr Value kDefault = {.valid = false, .sti = kUndefinedIdentitySource, .text = {}};
+
+    static void read(Value &target, const uint8_t *octets) {
+        target.sti = bits(octets[0], 8, 7);
+        read_identity(target.text, octets + 1);
+    }
+
+    static void summarize(TextWriter &out, const Value &target) {
+        static constexpr const char *kKinds[] = {"TARGET_ID", "REGISTRATION", "CALLSIGN"};
+        if (target.sti == kUndefinedIdentitySource)
+            out.append("TARGET_ID:UNDIFINED");
+        else
+            out.print("%s:%s", kKinds[target.sti], target.text);
+    }
+
+    static void show(HtmlWriter &html, const Value &target) {
+        static constexpr const char *kKinds[] = {"CALLSIGN_OR_REGISTRATION", "REGISTRATION", "CALLSIGN"};
+        DetailTable table(html, "Bit", "Item", "Value");
+        table.row("Bit[0-1]", "TARGET_ID_TYPE", text_of(kKinds, target.sti, "UNDIFINED"));
+        table.row("Bit[2-7]", "SPARE", "0");
+        write_identity_rows(target.text, [&](unsigned place, std::string_view name, std::string_view character) {
+            const unsigned first = 8 + place * kIdentityCharBits;
+            table.row(Cell<12>("Bit[%u-%u]", first, first + kIdentityCharBits - 1), name, character);
+        });
+    }
+};
+
 } // namespace
 
-ast_target_id_t ast_dataitem_target_id_decode(const ast_dataitem_t *item) {
-    ast_target_id_t target{};
-    target.sti = kUndefinedIdentitySource;
-    if (!holds(item, 1 + kIdentityOctets)) return target;
-    target.sti = bits(item->data[0], 8, 7);
-    read_identity(target.text, item->data + 1);
-    target.valid = true;
-    return target;
-}
-
-void ast_dataitem_target_id_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    static constexpr const char *kKinds[] = {"TARGET_ID", "REGISTRATION", "CALLSIGN"};
-    TextWriter out(text, capacity);
-    const auto target = ast_dataitem_target_id_decode(item);
-    if (!target.valid) return;
-    if (target.sti == kUndefinedIdentitySource)
-        out.append("TARGET_ID:UNDIFINED");
-    else
-        out.print("%s:%s", kKinds[target.sti], target.text);
-}
-
-void ast_dataitem_target_id_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    static constexpr const char *kKinds[] = {"CALLSIGN_OR_REGISTRATION", "REGISTRATION", "CALLSIGN"};
-    HtmlWriter html(text, capacity);
-    const auto target = ast_dataitem_target_id_decode(item);
-    if (!target.valid) return;
-    DetailTable table(html, "Bit", "Item", "Value");
-    table.row("Bit[0-1]", "TARGET_ID_TYPE", text_of(kKinds, target.sti, "UNDIFINED"));
-    table.row("Bit[2-7]", "SPARE", "0");
-    write_identity_rows(target.text, [&](unsigned place, std::string_view name, std::string_view character) {
-        const unsigned first = 8 + place * kIdentityCharBits;
-        table.row(Cell<12>("Bit[%u-%u]", first, first + kIdentityCharBits - 1), name, character);
-    });
-}
+AST_DEFINE_DECODE(TargetId, ast_dataitem_target_id_decode)
+AST_DEFINE_VIEWS(TargetId, ast_dataitem_target_id_get_summary, ast_dataitem_target_id_get_detail_html)
 
 // ---- Signal amplitude ----
 
-ast_uint_value_t ast_dataitem_signal_amplitude_decode(const ast_dataitem_t *item) { return decode_octet(item); }
+namespace {
 
-void ast_dataitem_signal_amplitude_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
-                                          const ast_dataitem_src_t *source) {
-    encode_octet(result, buffer, length, source);
-}
+struct SignalAmplitude : OctetNumber<items::signal_amplitude.size> {
+    static void summarize(TextWriter &out, const Value &amplitude) { out.print("AMP:%u", amplitude.value); }
+};
 
-void ast_dataitem_signal_amplitude_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    TextWriter out(text, capacity);
-    const auto amplitude = ast_dataitem_signal_amplitude_decode(item);
-    if (amplitude.valid) out.print("AMP:%u", amplitude.value);
-}
+} // namespace
+
+AST_DEFINE_DECODE(SignalAmplitude, ast_dataitem_signal_amplitude_decode)
+AST_DEFINE_SUMMARY(SignalAmplitude, ast_dataitem_signal_amplitude_get_summary)
+AST_DEFINE_ENCODE(SignalAmplitude, ast_dataitem_signal_amplitude_encode)

@@ -2,14 +2,16 @@
 // and one of these.
 #pragma once
 
-#include "codec/category.hpp"
+#include "items/frame.hpp"
+
+namespace ast {
+
+// To which country an aircraft address is allocated, as far as the application has a lookup for that.
+void write_country_of(HtmlWriter &html, uint32_t address, const ast_dataitem_t *item);
+
+} // namespace ast
 
 namespace ast::items {
-
-// A detail view of nothing, for items whose summary says all.
-inline void empty_detail(char *text, uint64_t capacity, const ast_dataitem_t *) {
-    ast_dataitem_get_detail_html_dummy(text, capacity);
-}
 
 // The same item with another summary, or with its encoder left out.
 constexpr Handlers with_summary(Handlers handlers, SummaryView *summary) {
@@ -29,16 +31,16 @@ constexpr Handlers without_encoder(Handlers handlers) {
 #define AST_VIEWS(layout) AST_SUMMARY(layout), AST_DETAIL(layout)
 
 // Each category has a summary of its own for its message types.
-inline constexpr Handlers message_type             = {fixed<1>, nullptr, empty_detail, AST_ENCODE(message_type)};
+inline constexpr Handlers message_type             = {fixed<1>, nullptr, show_nothing, AST_ENCODE(message_type)};
 inline constexpr Handlers data_source_identifier   = {fixed<2>, AST_VIEWS(data_source_identifier), AST_ENCODE(data_source_identifier)};
-inline constexpr Handlers service_id               = {fixed<1>, AST_SUMMARY(service_id), empty_detail, AST_ENCODE(service_id)};
+inline constexpr Handlers service_id               = {fixed<1>, AST_SUMMARY(service_id), show_nothing, AST_ENCODE(service_id)};
 inline constexpr Handlers sector_number            = {fixed<1>, AST_VIEWS(sector_number), AST_ENCODE(sector_number)};
 inline constexpr Handlers time_of_day              = {fixed<3>, AST_VIEWS(time_of_day), AST_ENCODE(time_of_day)};
 inline constexpr Handlers time_of_day_high         = {fixed<4>, AST_VIEWS(time_of_day_high)};
 inline constexpr Handlers position_wgs84_low       = {fixed<6>, AST_VIEWS(position_wgs84_low), AST_ENCODE(position_wgs84_low)};
 inline constexpr Handlers position_wgs84           = {fixed<8>, AST_VIEWS(position_wgs84), AST_ENCODE(position_wgs84)};
-inline constexpr Handlers position_cartesian       = {fixed<6>, AST_SUMMARY(position_cartesian), empty_detail};
-inline constexpr Handlers velocity_cartesian       = {fixed<4>, AST_SUMMARY(velocity_cartesian), empty_detail};
+inline constexpr Handlers position_cartesian       = {fixed<6>, AST_SUMMARY(position_cartesian), show_nothing};
+inline constexpr Handlers velocity_cartesian       = {fixed<4>, AST_SUMMARY(velocity_cartesian), show_nothing};
 inline constexpr Handlers mode_3a_code             = {fixed<2>, AST_VIEWS(mode_3a_code), AST_ENCODE(mode_3a_code)};
 inline constexpr Handlers mode_3a_confidence       = {fixed<2>, AST_VIEWS(mode_3a_confidence), AST_ENCODE(mode_3a_confidence)};
 inline constexpr Handlers mode_c_code              = {fixed<2>, AST_VIEWS(mode_c_code), AST_ENCODE(mode_c_code)};
@@ -46,22 +48,24 @@ inline constexpr Handlers mode_c_confidence        = {fixed<4>, AST_VIEWS(mode_c
 inline constexpr Handlers height                   = {fixed<2>, AST_VIEWS(height)};
 inline constexpr Handlers vertical_rate            = {fixed<2>, AST_VIEWS(vertical_rate), AST_ENCODE(vertical_rate)};
 inline constexpr Handlers antenna_rotation_period  = {fixed<2>, AST_VIEWS(antenna_rotation_period), AST_ENCODE(antenna_rotation_period)};
-inline constexpr Handlers track_number             = {fixed<2>, AST_SUMMARY(track_number), empty_detail, AST_ENCODE(track_number)};
+inline constexpr Handlers track_number             = {fixed<2>, AST_SUMMARY(track_number), show_nothing, AST_ENCODE(track_number)};
 inline constexpr Handlers velocity_polar           = {fixed<4>, AST_VIEWS(velocity_polar), AST_ENCODE(velocity_polar)};
 inline constexpr Handlers target_address           = {fixed<3>, AST_VIEWS(target_address), AST_ENCODE(target_address)};
 inline constexpr Handlers aircraft_id              = {fixed<6>, AST_VIEWS(aircraft_id), AST_ENCODE(aircraft_id)};
 inline constexpr Handlers target_id                = {fixed<7>, AST_VIEWS(target_id)};
-inline constexpr Handlers signal_amplitude         = {fixed<1>, AST_SUMMARY(signal_amplitude), empty_detail, AST_ENCODE(signal_amplitude)};
+inline constexpr Handlers signal_amplitude         = {fixed<1>, AST_SUMMARY(signal_amplitude), show_nothing, AST_ENCODE(signal_amplitude)};
 inline constexpr Handlers modes_mb                 = {repetitive<8>, AST_VIEWS(modes_mb)};
-inline constexpr Handlers reserved_expansion_field = {explicit_length, AST_SUMMARY(reserved_expansion_field), empty_detail};
-inline constexpr Handlers special_purpose_field    = {explicit_length, AST_SUMMARY(special_purpose_field), empty_detail};
-inline constexpr Handlers random_field_sequencing  = {explicit_length, AST_SUMMARY(random_field_sequencing), empty_detail};
+inline constexpr Handlers reserved_expansion_field = {explicit_length, AST_SUMMARY(reserved_expansion_field), show_nothing};
+inline constexpr Handlers special_purpose_field    = {explicit_length, AST_SUMMARY(special_purpose_field), show_nothing};
+inline constexpr Handlers random_field_sequencing  = {explicit_length, AST_SUMMARY(random_field_sequencing), show_nothing};
 // clang-format on
 
 // Octets of a size of their own, shown as bits.
-constexpr Handlers binary_data(SizeRule *size) { return {size, AST_SUMMARY(binary_data), empty_detail}; }
+constexpr Handlers binary_data(const SizeRule &size) { return {size, AST_SUMMARY(binary_data), show_nothing}; }
 
-// A compound item, shown through its subfields.
-constexpr Handlers compound(SizeRule *size) { return {size, AST_VIEWS(subfields)}; }
+// The row of a compound item, shown through its subfields.
+constexpr ItemRow compound(const char *name, const Compound &compound) {
+    return {item_number(compound.type), name, {sized_by(compound.get_size), AST_VIEWS(subfields)}, &compound};
+}
 
 } // namespace ast::items

@@ -2,8 +2,8 @@
 
 #include "core/bits.hpp"
 #include "items/code.hpp"
-#include "items/value.hpp"
-#include "view/html.hpp"
+#include "items/items.hpp"
+#include "items/units.hpp"
 
 using namespace ast;
 
@@ -14,8 +14,7 @@ constexpr unsigned kPulsesPerDigit = AST_PULSES / kDigits;
 constexpr const char *kPulseNames[AST_PULSES] = {"A4", "A2", "A1", "B4", "B2", "B1",
                                                  "C4", "C2", "C1", "D4", "D2", "D1"};
 
-constexpr char kNotValidated[] = " NOT_VALIDATED";
-constexpr char kGarbled[] = " GARBLED";
+const char *low_or_not(bool is_low) { return is_low ? "LOW" : "---"; }
 
 // The letters of the four digits, lower case where a pulse of the digit is of low quality.
 class QualityLetters {
@@ -59,56 +58,47 @@ const CodeKind &code_kind(ast_dataitem_type_t type) {
 
 } // namespace
 
-ast_mode_3a_t ast_dataitem_mode_3a_code_decode(const ast_dataitem_t *item) {
-    ast_mode_3a_t code{};
-    if (!holds(item, 2)) return code;
-    code.not_validated = bit(item->data[0], 8);
-    code.garbled = bit(item->data[0], 7);
-    code.changed = bit(item->data[0], 6);
-    code.smoothed = bit(item->data[0], 6);
-    code.code = field(item->data, 5, 16);
-    code.valid = true;
-    return code;
-}
+namespace {
 
-void ast_dataitem_mode_3a_code_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
-                                      const ast_dataitem_src_t *source) {
-    const auto *const code = open_encode<ast_mode_3a_t>(result, buffer, length, source, 2);
-    if (!code || code->code > INT32_MAX) return;
-    write_u16(buffer, code->code);
-    buffer[0] = static_cast<uint8_t>(placed(code->not_validated, 8) | placed(code->garbled, 7) |
-                                     placed(code->changed || code->smoothed, 6) | placed(buffer[0], 4, 1));
-    written(result);
-}
-
-void ast_dataitem_mode_3a_code_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    TextWriter out(text, capacity);
-    const auto code = ast_dataitem_mode_3a_code_decode(item);
-    if (!code.valid) return;
-    const CodeKind &kind = code_kind(item->type);
-    out.print("%s:%04o", kind.label, code.code);
-    if (!kind.third_flag) return;
-    out.append(shown_if(code.not_validated, kNotValidated));
-    out.append(shown_if(code.garbled, kGarbled));
-    if (code.smoothed) out.print(" %s", kind.third_flag);
-}
-
-void ast_dataitem_mode_3a_code_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    HtmlWriter html(text, capacity);
-    const auto code = ast_dataitem_mode_3a_code_decode(item);
-    if (!code.valid) return;
-    const CodeKind &kind = code_kind(item->type);
-    DetailTable table(html, "Bit", "Item", "Value");
-    if (kind.third_flag) {
-        table.row("Bit[0]", "NOT_VALIDATED", Cell<2>("%d", code.not_validated));
-        table.row("Bit[1]", "GARBLED", Cell<2>("%d", code.garbled));
-        table.row("Bit[2]", kind.third_flag, Cell<2>("%d", code.smoothed));
-        table.row("Bit[3]", "SPARE", "0");
-    } else {
-        table.row("Bit[0-3]", "SPARE", "0");
+struct Mode3aCode : SharedLayout<ast_mode_3a_t, items::mode_3a_code.size> {
+    static void read(Value &code, const uint8_t *octets) {
+        code.not_validated = bit(octets[0], 8);
+        code.garbled = bit(octets[0], 7);
+        code.changed = bit(octets[0], 6);
+        code.smoothed = bit(octets[0], 6);
+        code.code = field(octets, 5, 16);
     }
-    write_code_digits(table, code.code);
-}
+
+    static void summarize(TextWriter &out, const Value &code, const ast_dataitem_t &item) {
+        const CodeKind &kind = code_kind(item.type);
+        out.print("%s:%04o", kind.label, code.code);
+        if (!kind.third_flag) return;
+        out.append(shown_if(code.not_validated, kNotValidated));
+        out.append(shown_if(code.garbled, kGarbled));
+        if (code.smoothed) out.print(" %s", kind.third_flag);
+    }
+
+    static void show(HtmlWriter &html, const Value &code, const ast_dataitem_t &item) {
+        const CodeKind &kind = code_kind(item.type);
+        DetailTable table(html, "Bit", "Item", "Value");
+        if (kind.third_flag)
+            write_code_flags(table, code.not_validated, code.garbled, kind.third_flag, code.smoothed);
+        else
+            table.row("Bit[0-3]", "SPARE", "0");
+        write_code_digits(table, code.code);
+    }
+
+    // Bits above the 12 of the code are dropped.
+    static bool write(uint8_t *octets, const Value &code) {
+        return write_code(octets, code.code, code.not_validated, code.garbled, code.changed || code.smoothed);
+    }
+};
+
+} // namespace
+
+AST_DEFINE_DECODE(Mode3aCode, ast_dataitem_mode_3a_code_decode)
+AST_DEFINE_VIEWS(Mode3aCode, ast_dataitem_mode_3a_code_get_summary, ast_dataitem_mode_3a_code_get_detail_html)
+AST_DEFINE_ENCODE(Mode3aCode, ast_dataitem_mode_3a_code_encode)
 
 // ---- Mode 3/A code confidence ----
 
@@ -117,92 +107,85 @@ namespace {
 // The twelve flags stand in the low bits of two octets, in the order of the pulses.
 constexpr unsigned kFirstFlagBit = 5;
 
+struct Mode3aConfidence : SharedLayout<ast_mode_3a_confidence_t, items::mode_3a_confidence.size> {
+    static void read(Value &confidence, const uint8_t *octets) {
+        for (unsigned pulse = 0; pulse < AST_PULSES; ++pulse)
+            confidence.low_quality[pulse] = field(octets, kFirstFlagBit + pulse, kFirstFlagBit + pulse) != 0;
+    }
+
+    static void summarize(TextWriter &out, const Value &confidence) {
+        const QualityLetters letters([&](unsigned pulse) { return confidence.low_quality[pulse]; });
+        out.print("QTY:%s", letters.c_str());
+    }
+
+    static void show(HtmlWriter &html, const Value &confidence) {
+        DetailTable table(html, "Bit", "Item", "Value");
+        table.row("Bit[1-4]", "UNUSED", "---");
+        for (unsigned pulse = 0; pulse < AST_PULSES; ++pulse)
+            table.row(Cell<10>("Bit[%u]", kFirstFlagBit + pulse), Cell<10>("Q%s", kPulseNames[pulse]),
+                      low_or_not(confidence.low_quality[pulse]));
+    }
+
+    static bool write(uint8_t *octets, const Value &confidence) {
+        uint32_t flags = 0;
+        for (const bool &is_low : confidence.low_quality) flags = flags << 1 | uint32_t{is_set(is_low)};
+        write_u16(octets, flags);
+        return true;
+    }
+};
+
 } // namespace
 
-ast_mode_3a_confidence_t ast_dataitem_mode_3a_confidence_decode(const ast_dataitem_t *item) {
-    ast_mode_3a_confidence_t confidence{};
-    if (!holds(item, 2)) return confidence;
-    for (unsigned pulse = 0; pulse < AST_PULSES; ++pulse)
-        confidence.low_quality[pulse] = field(item->data, kFirstFlagBit + pulse, kFirstFlagBit + pulse) != 0;
-    confidence.valid = true;
-    return confidence;
-}
-
-void ast_dataitem_mode_3a_confidence_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
-                                            const ast_dataitem_src_t *source) {
-    const auto *const confidence = open_encode<ast_mode_3a_confidence_t>(result, buffer, length, source, 2);
-    if (!confidence) return;
-    uint32_t flags = 0;
-    for (const bool is_low : confidence->low_quality) flags = flags << 1 | is_low;
-    write_u16(buffer, flags);
-    written(result);
-}
-
-void ast_dataitem_mode_3a_confidence_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    TextWriter out(text, capacity);
-    const auto confidence = ast_dataitem_mode_3a_confidence_decode(item);
-    if (!confidence.valid) return;
-    const QualityLetters letters([&](unsigned pulse) { return confidence.low_quality[pulse]; });
-    out.print("QTY:%s", letters.c_str());
-}
-
-void ast_dataitem_mode_3a_confidence_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    HtmlWriter html(text, capacity);
-    const auto confidence = ast_dataitem_mode_3a_confidence_decode(item);
-    if (!confidence.valid) return;
-    DetailTable table(html, "Bit", "Item", "Value");
-    table.row("Bit[1-4]", "UNUSED", "---");
-    for (unsigned pulse = 0; pulse < AST_PULSES; ++pulse)
-        table.row(Cell<10>("Bit[%u]", kFirstFlagBit + pulse), Cell<10>("Q%s", kPulseNames[pulse]),
-                  confidence.low_quality[pulse] ? "LOW" : "---");
-}
+AST_DEFINE_DECODE(Mode3aConfidence, ast_dataitem_mode_3a_confidence_decode)
+AST_DEFINE_VIEWS(Mode3aConfidence, ast_dataitem_mode_3a_confidence_get_summary,
+                 ast_dataitem_mode_3a_confidence_get_detail_html)
+AST_DEFINE_ENCODE(Mode3aConfidence, ast_dataitem_mode_3a_confidence_encode)
 
 // ---- Mode C code ----
 
-ast_mode_c_t ast_dataitem_mode_c_code_decode(const ast_dataitem_t *item) {
-    ast_mode_c_t height{};
-    if (!holds(item, 2)) return height;
-    height.validated = !bit(item->data[0], 8);
-    height.garbled = bit(item->data[0], 7);
-    height.flight_level = twos_complement(read_u16(item->data), 14);
-    height.valid = true;
-    return height;
-}
+namespace {
 
-void ast_dataitem_mode_c_code_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
-                                     const ast_dataitem_src_t *source) {
-    const auto *const height = open_encode<ast_mode_c_t>(result, buffer, length, source, 2);
-    if (!height) return;
-    write_u16(buffer, one_below_when_negative(height->flight_level));
-    buffer[0] =
-        static_cast<uint8_t>(placed(!height->validated, 8) | placed(height->garbled, 7) | placed(buffer[0], 6, 1));
-    written(result);
-}
+struct ModeCCode : SharedLayout<ast_mode_c_t, items::mode_c_code.size> {
+    static void read(Value &height, const uint8_t *octets) {
+        height.validated = !bit(octets[0], 8);
+        height.garbled = bit(octets[0], 7);
+        height.flight_level = twos_complement(read_u16(octets), 14);
+    }
 
-void ast_dataitem_mode_c_code_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    constexpr int32_t kUnitsPerLevel = 4;
-    TextWriter out(text, capacity);
-    const auto height = ast_dataitem_mode_c_code_decode(item);
-    if (!height.valid) return;
-    out.print("MODE_C:%04d%s%s", height.flight_level / kUnitsPerLevel, shown_if(!height.validated, kNotValidated),
-              shown_if(height.garbled, kGarbled));
-}
+    static void summarize(TextWriter &out, const Value &height) {
+        constexpr int32_t kUnitsPerLevel = 4;
+        out.print("MODE_C:%04d%s%s", height.flight_level / kUnitsPerLevel, shown_if(!height.validated, kNotValidated),
+                  shown_if(height.garbled, kGarbled));
+    }
 
-void ast_dataitem_mode_c_code_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    constexpr double kLsbFl = 0.25;
-    constexpr double kLsbFt = 25;
-    constexpr double kLsbM = 7.62;
-    HtmlWriter html(text, capacity);
-    const auto height = ast_dataitem_mode_c_code_decode(item);
-    if (!height.valid) return;
-    DetailTable table(html, "Bit", "Item", "Value");
-    table.row("Bit[0]", "NOT_VALIDATED", Cell<10>("%d", !height.validated));
-    table.row("Bit[1]", "GARBLED", Cell<10>("%d", height.garbled));
-    table.row("Bit[2-15]", "FLIGHT_LEVEL (LSB=1/4FL)", Cell<10>("%d", height.flight_level));
-    table.row("Bit[2-15]", "FLIGHT_LEVEL (LSB=FL)", Cell<10>("%.2f", height.flight_level * kLsbFl));
-    table.row("Bit[2-15]", "FLIGHT_LEVEL (LSB=FT)", Cell<10>("%.2f", height.flight_level * kLsbFt));
-    table.row("Bit[2-15]", "FLIGHT_LEVEL (LSB=M)", Cell<10>("%.2f", height.flight_level * kLsbM));
-}
+    static void show(HtmlWriter &html, const Value &height) {
+        constexpr double kLsbFl = 0.25;
+        constexpr double kLsbFt = 25;
+        constexpr double kLsbM = 7.62;
+        DetailTable table(html, "Bit", "Item", "Value");
+        table.row("Bit[0]", "NOT_VALIDATED", Cell<10>("%d", !height.validated));
+        table.row("Bit[1]", "GARBLED", Cell<10>("%d", height.garbled));
+        table.row("Bit[2-15]", "FLIGHT_LEVEL (LSB=1/4FL)", Cell<10>("%d", height.flight_level));
+        table.row("Bit[2-15]", "FLIGHT_LEVEL (LSB=FL)", Cell<10>("%.2f", height.flight_level * kLsbFl));
+        table.row("Bit[2-15]", "FLIGHT_LEVEL (LSB=FT)", Cell<10>("%.2f", height.flight_level * kLsbFt));
+        table.row("Bit[2-15]", "FLIGHT_LEVEL (LSB=M)", Cell<10>("%.2f", height.flight_level * kLsbM));
+    }
+
+    static bool write(uint8_t *octets, const Value &height) {
+        constexpr unsigned kBits = 14;
+        const int64_t stored = int64_t{height.flight_level} - (height.flight_level < 0 ? 1 : 0);
+        write_u16(octets, one_below_when_negative(height.flight_level));
+        octets[0] =
+            static_cast<uint8_t>(placed(!height.validated, 8) | placed(height.garbled, 7) | placed(octets[0], 6, 1));
+        return fits_signed(stored, kBits);
+    }
+};
+
+} // namespace
+
+AST_DEFINE_DECODE(ModeCCode, ast_dataitem_mode_c_code_decode)
+AST_DEFINE_VIEWS(ModeCCode, ast_dataitem_mode_c_code_get_summary, ast_dataitem_mode_c_code_get_detail_html)
+AST_DEFINE_ENCODE(ModeCCode, ast_dataitem_mode_c_code_encode)
 
 // ---- Mode C code with confidence ----
 
@@ -220,62 +203,57 @@ constexpr unsigned kFirstQualityBit = 21;
 // The bit of a pulse in a code of four octal digits.
 constexpr uint32_t code_bit(unsigned pulse) { return UINT32_C(1) << (AST_PULSES - 1 - pulse); }
 
+struct ModeCConfidence : SharedLayout<ast_mode_c_confidence_t, items::mode_c_confidence.size> {
+    static constexpr Value kDefault = {.valid = false, .validated = true, .garbled = false, .code = 0, .pulses = {}};
+
+    static void read(Value &reply, const uint8_t *octets) {
+        reply.validated = !bit(octets[0], 8);
+        reply.garbled = bit(octets[0], 7);
+        for (unsigned i = 0; i < AST_PULSES; ++i) {
+            ast_pulse_t &pulse = reply.pulses[kReplyOrder[i]];
+            pulse.pulse = field(octets, kFirstPulseBit + i, kFirstPulseBit + i) != 0;
+            pulse.low_quality = field(octets, kFirstQualityBit + i, kFirstQualityBit + i) != 0;
+            if (pulse.pulse) reply.code |= code_bit(kReplyOrder[i]);
+        }
+    }
+
+    static void summarize(TextWriter &out, const Value &reply) {
+        const QualityLetters letters([&](unsigned pulse) { return reply.pulses[pulse].low_quality; });
+        out.print("CODE:%.4o QTY:%s%s%s", reply.code, letters.c_str(), shown_if(!reply.validated, kNotValidated),
+                  shown_if(reply.garbled, kGarbled));
+    }
+
+    static void show(HtmlWriter &html, const Value &reply) {
+        {
+            DetailTable flags(html, "Bit", "Item", "Value");
+            flags.row("Bit[0]", "NOT_VALIDATED", reply.validated ? "0" : "1");
+            flags.row("Bit[1]", "GARBLED", reply.garbled ? "1" : "0");
+        }
+        html.paragraph("%s", "");
+        DetailTable table(html, "Name", "Pulse", "Quality");
+        for (unsigned pulse = 0; pulse < AST_PULSES; ++pulse)
+            table.row(kPulseNames[pulse], reply.pulses[pulse].pulse ? "1" : "0",
+                      low_or_not(reply.pulses[pulse].low_quality));
+    }
+
+    // Bits above the four digits of the code are dropped.
+    static bool write(uint8_t *octets, const Value &reply) {
+        uint32_t pulses = 0;
+        uint32_t quality = 0;
+        for (const unsigned pulse : kReplyOrder) {
+            pulses = pulses << 1 | ((reply.code & code_bit(pulse)) != 0);
+            quality = quality << 1 | uint32_t{is_set(reply.pulses[pulse].low_quality)};
+        }
+        write_u16(octets, pulses);
+        write_u16(octets + 2, quality);
+        octets[0] = static_cast<uint8_t>(octets[0] | placed(!reply.validated, 8) | placed(reply.garbled, 7));
+        return fits(reply.code, 16);
+    }
+};
+
 } // namespace
 
-ast_mode_c_confidence_t ast_dataitem_mode_c_confidence_decode(const ast_dataitem_t *item) {
-    ast_mode_c_confidence_t reply{};
-    reply.validated = true;
-    if (!holds(item, 4)) return reply;
-    reply.validated = !bit(item->data[0], 8);
-    reply.garbled = bit(item->data[0], 7);
-    for (unsigned i = 0; i < AST_PULSES; ++i) {
-        ast_pulse_t &pulse = reply.pulses[kReplyOrder[i]];
-        pulse.pulse = field(item->data, kFirstPulseBit + i, kFirstPulseBit + i) != 0;
-        pulse.low_quality = field(item->data, kFirstQualityBit + i, kFirstQualityBit + i) != 0;
-        if (pulse.pulse) reply.code |= code_bit(kReplyOrder[i]);
-    }
-    reply.valid = true;
-    return reply;
-}
-
-void ast_dataitem_mode_c_confidence_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
-                                           const ast_dataitem_src_t *source) {
-    constexpr uint32_t kMaxCode = 65535;
-    const auto *const reply = open_encode<ast_mode_c_confidence_t>(result, buffer, length, source, 4);
-    if (!reply || reply->code > kMaxCode) return;
-    uint32_t pulses = 0;
-    uint32_t quality = 0;
-    for (const unsigned pulse : kReplyOrder) {
-        pulses = pulses << 1 | ((reply->code & code_bit(pulse)) != 0);
-        quality = quality << 1 | reply->pulses[pulse].low_quality;
-    }
-    write_u16(buffer, pulses);
-    write_u16(buffer + 2, quality);
-    buffer[0] = static_cast<uint8_t>(buffer[0] | placed(!reply->validated, 8) | placed(reply->garbled, 7));
-    written(result);
-}
-
-void ast_dataitem_mode_c_confidence_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    TextWriter out(text, capacity);
-    const auto reply = ast_dataitem_mode_c_confidence_decode(item);
-    if (!reply.valid) return;
-    const QualityLetters letters([&](unsigned pulse) { return reply.pulses[pulse].low_quality; });
-    out.print("CODE:%.4o QTY:%s%s%s", reply.code, letters.c_str(), shown_if(!reply.validated, kNotValidated),
-              shown_if(reply.garbled, kGarbled));
-}
-
-void ast_dataitem_mode_c_confidence_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    HtmlWriter html(text, capacity);
-    const auto reply = ast_dataitem_mode_c_confidence_decode(item);
-    if (!reply.valid) return;
-    {
-        DetailTable flags(html, "Bit", "Item", "Value");
-        flags.row("Bit[0]", "NOT_VALIDATED", reply.validated ? "0" : "1");
-        flags.row("Bit[1]", "GARBLED", reply.garbled ? "1" : "0");
-    }
-    html.paragraph("%s", "");
-    DetailTable table(html, "Name", "Pulse", "Quality");
-    for (unsigned pulse = 0; pulse < AST_PULSES; ++pulse)
-        table.row(kPulseNames[pulse], reply.pulses[pulse].pulse ? "1" : "0",
-                  reply.pulses[pulse].low_quality ? "LOW" : "---");
-}
+AST_DEFINE_DECODE(ModeCConfidence, ast_dataitem_mode_c_confidence_decode)
+AST_DEFINE_VIEWS(ModeCConfidence, ast_dataitem_mode_c_confidence_get_summary,
+                 ast_dataitem_mode_c_confidence_get_detail_html)
+AST_DEFINE_ENCODE(ModeCConfidence, ast_dataitem_mode_c_confidence_encode)

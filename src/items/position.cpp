@@ -1,18 +1,14 @@
 // Where and how fast: positions, heights, velocities and rates.
 
-#include <cmath>
-#include <iterator>
-
-#include "core/bits.hpp"
-#include "items/value.hpp"
 #include "view/position.hpp"
+#include "core/bits.hpp"
+#include "items/items.hpp"
+#include "items/units.hpp"
 
 using namespace ast;
 
 namespace {
 
-constexpr double kHalfCircleDeg = 180;
-constexpr double kFullCircleDeg = 360;
 constexpr double kMaxLatitudeDeg = 90;
 constexpr double kMaxLongitudeDeg = 180;
 
@@ -22,22 +18,21 @@ bool is_on_earth(const ast_value_pair_t &position) {
 
 // Degrees as an encoder of positions writes them: cut off to whole units, and negative ones one lower.
 uint32_t raw_angle(double degrees, double units_per_half_circle) {
-    const uint32_t units = to_raw(degrees / kHalfCircleDeg * units_per_half_circle);
-    return one_below_when_negative(static_cast<int32_t>(units));
-}
-
-void write_position_summary(TextWriter &out, const ast_value_pair_t &position) {
-    if (position.valid) out.print("WGS84:%s", ast_latlong_to_str(position.value_1, position.value_2));
-}
-
-// A pair of fields of one scale.
-ast_value_pair_t scaled_pair(int32_t raw_1, int32_t raw_2, double lsb) {
-    return {.valid = true, .raw_1 = raw_1, .raw_2 = raw_2, .value_1 = raw_1 * lsb, .value_2 = raw_2 * lsb};
+    return one_below_when_negative(whole_units(degrees / kHalfCircleDeg * units_per_half_circle));
 }
 
 int32_t read_i16(const uint8_t *octets) { return twos_complement(read_u16(octets), 16); }
 int32_t read_i24(const uint8_t *octets) { return twos_complement(read_u24(octets), 24); }
 int32_t read_i32(const uint8_t *octets) { return static_cast<int32_t>(read_u32(octets)); }
+
+// What the positions of six and of eight octets have in common.
+template <SizeRule Rule>
+struct Wgs84 : SharedLayout<ast_value_pair_t, Rule> {
+    static void summarize(TextWriter &out, const ast_value_pair_t &position) {
+        out.append("WGS84:");
+        out.append(ast_latlong_to_str(position.value_1, position.value_2));
+    }
+};
 
 } // namespace
 
@@ -47,133 +42,127 @@ namespace {
 
 constexpr double kLowUnits = 1 << 23; // per half circle
 
+struct Wgs84Low : Wgs84<items::position_wgs84_low.size> {
+    static void read(Value &position, const uint8_t *octets) {
+        position = scaled_pair(read_i24(octets), read_i24(octets + 3), kHalfCircleDeg / kLowUnits);
+    }
+
+    static void show(HtmlWriter &html, const Value &position) {
+        constexpr char kOctets[] = "Octet[1-6]";
+        DetailTable table(html, "Octet", "Item", "Value");
+        write_position_texts(table, kOctets, position.value_1, position.value_2);
+        table.row(kOctets, kWgs84Item, Cell<512>("%010.6f, %011.6f", position.value_1, position.value_2));
+        table.row(kOctets, kWgs84Item, Cell<512>("%d, %d", position.raw_1, position.raw_2));
+        write_map_links(table, kOctets, position.value_1, position.value_2);
+    }
+
+    static bool write(uint8_t *octets, const Value &position) {
+        if (!is_on_earth(position)) return false;
+        write_u24(octets, raw_angle(position.value_1, kLowUnits));
+        write_u24(octets + 3, raw_angle(position.value_2, kLowUnits));
+        return true;
+    }
+};
+
 } // namespace
 
-ast_value_pair_t ast_dataitem_position_wgs84_low_decode(const ast_dataitem_t *item) {
-    if (!holds(item, 6)) return {};
-    return scaled_pair(read_i24(item->data), read_i24(item->data + 3), kHalfCircleDeg / kLowUnits);
-}
-
-void ast_dataitem_position_wgs84_low_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
-                                            const ast_dataitem_src_t *source) {
-    const auto *const position = open_encode<ast_value_pair_t>(result, buffer, length, source, 6);
-    if (!position || !is_on_earth(*position)) return;
-    write_u24(buffer, raw_angle(position->value_1, kLowUnits));
-    write_u24(buffer + 3, raw_angle(position->value_2, kLowUnits));
-    written(result);
-}
-
-void ast_dataitem_position_wgs84_low_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    TextWriter out(text, capacity);
-    write_position_summary(out, ast_dataitem_position_wgs84_low_decode(item));
-}
-
-void ast_dataitem_position_wgs84_low_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    constexpr char kOctets[] = "Octet[1-6]";
-    HtmlWriter html(text, capacity);
-    const auto position = ast_dataitem_position_wgs84_low_decode(item);
-    if (!position.valid) return;
-    DetailTable table(html, "Octet", "Item", "Value");
-    write_position_texts(table, kOctets, position.value_1, position.value_2);
-    table.row(kOctets, kWgs84Item, Cell<512>("%010.6f, %011.6f", position.value_1, position.value_2));
-    table.row(kOctets, kWgs84Item, Cell<512>("%d, %d", position.raw_1, position.raw_2));
-    write_map_links(table, kOctets, position.value_1, position.value_2);
-}
+AST_DEFINE_DECODE(Wgs84Low, ast_dataitem_position_wgs84_low_decode)
+AST_DEFINE_VIEWS(Wgs84Low, ast_dataitem_position_wgs84_low_get_summary, ast_dataitem_position_wgs84_low_get_detail_html)
+AST_DEFINE_ENCODE(Wgs84Low, ast_dataitem_position_wgs84_low_encode)
 
 // ---- WGS-84 position, eight octets ----
 
 namespace {
 
-constexpr double kHighUnits = 1 << 25; // per half circle, where an item has no units of its own
-
-// The items that carry finer units.
-struct Wgs84Units {
+// What is particular to an item: its units per half circle, and the option that turns its western longitudes east.
+struct Wgs84Variant {
     ast_dataitem_type_t type;
-    double per_half_circle;
+    double units;
+    uint32_t eastward_option = 0;
 };
 
-constexpr Wgs84Units kFineUnits[] = {
+constexpr Wgs84Variant kUsualWgs84 = {AST_DATAITEM_NONE, 1 << 25};
+constexpr Wgs84Variant kWgs84Variants[] = {
     {10041, UINT32_C(1) << 31},
     {16400, UINT32_C(1) << 31},
     {19600, 1 << 30},
     {21131, 1 << 30},
+    {62105, 1 << 25, AST_OPTION_INVERT_062_LONGITUDE},
 };
 
-double wgs84_units(ast_dataitem_type_t type) {
-    for (const Wgs84Units &units : kFineUnits)
-        if (units.type == type) return units.per_half_circle;
-    return kHighUnits;
+const Wgs84Variant &wgs84_variant(ast_dataitem_type_t type) {
+    for (const Wgs84Variant &variant : kWgs84Variants)
+        if (variant.type == type) return variant;
+    return kUsualWgs84;
 }
-
-// The one item whose western longitudes an option turns to the east.
-constexpr ast_dataitem_type_t kInvertibleLongitude = 62105;
 
 int32_t to_the_east(int32_t longitude) { return longitude == INT32_MIN ? INT32_MAX : std::abs(longitude); }
 
+struct Wgs84High : Wgs84<items::position_wgs84.size> {
+    static void read(Value &position, const ast_dataitem_t &item) {
+        const Wgs84Variant &variant = wgs84_variant(item.type);
+        int32_t longitude = read_i32(item.data + 4);
+        if (variant.eastward_option && ast_library_test_option(variant.eastward_option))
+            longitude = to_the_east(longitude);
+        position = scaled_pair(read_i32(item.data), longitude, kHalfCircleDeg / variant.units);
+    }
+
+    static void show(HtmlWriter &html, const Value &position) {
+        constexpr char kOctets[] = "Octet[1-8]";
+        DetailTable table(html, "Octet", "Item", "Value");
+        write_position_texts(table, kOctets, position.value_1, position.value_2);
+        table.row(kOctets, kWgs84Item, Cell<512>("%012.8f, %013.8f", position.value_1, position.value_2));
+        // This row alone is labelled as if the item had six octets; viewers know it so.
+        table.row("Octet[1-6]", kWgs84Item, Cell<512>("%d, %d", position.raw_1, position.raw_2));
+        write_map_links(table, kOctets, position.value_1, position.value_2);
+    }
+
+    // Writes the coarse units whatever the item is, so an item of finer units reads as another position; senders of
+    // those fill the octets by other means.
+    static bool write(uint8_t *octets, const Value &position) {
+        if (!is_on_earth(position)) return false;
+        write_u32(octets, raw_angle(position.value_1, kUsualWgs84.units));
+        write_u32(octets + 4, raw_angle(position.value_2, kUsualWgs84.units));
+        return true;
+    }
+};
+
 } // namespace
 
-ast_value_pair_t ast_dataitem_position_wgs84_decode(const ast_dataitem_t *item) {
-    if (!holds(item, 8)) return {};
-    int32_t longitude = read_i32(item->data + 4);
-    if (item->type == kInvertibleLongitude && ast_library_test_option(AST_OPTION_INVERT_062_LONGITUDE))
-        longitude = to_the_east(longitude);
-    return scaled_pair(read_i32(item->data), longitude, kHalfCircleDeg / wgs84_units(item->type));
-}
-
-// Writes the coarse units whatever the item is, so an item of finer units reads as another position; senders of those
-// fill the octets by other means.
-void ast_dataitem_position_wgs84_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
-                                        const ast_dataitem_src_t *source) {
-    const auto *const position = open_encode<ast_value_pair_t>(result, buffer, length, source, 8);
-    if (!position || !is_on_earth(*position)) return;
-    write_u32(buffer, raw_angle(position->value_1, kHighUnits));
-    write_u32(buffer + 4, raw_angle(position->value_2, kHighUnits));
-    written(result);
-}
-
-void ast_dataitem_position_wgs84_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    TextWriter out(text, capacity);
-    write_position_summary(out, ast_dataitem_position_wgs84_decode(item));
-}
-
-void ast_dataitem_position_wgs84_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    constexpr char kOctets[] = "Octet[1-8]";
-    HtmlWriter html(text, capacity);
-    const auto position = ast_dataitem_position_wgs84_decode(item);
-    if (!position.valid) return;
-    DetailTable table(html, "Octet", "Item", "Value");
-    write_position_texts(table, kOctets, position.value_1, position.value_2);
-    table.row(kOctets, kWgs84Item, Cell<512>("%012.8f, %013.8f", position.value_1, position.value_2));
-    // This row alone is labelled as if the item had six octets; viewers know it so.
-    table.row("Octet[1-6]", kWgs84Item, Cell<512>("%d, %d", position.raw_1, position.raw_2));
-    write_map_links(table, kOctets, position.value_1, position.value_2);
-}
+AST_DEFINE_DECODE(Wgs84High, ast_dataitem_position_wgs84_decode)
+AST_DEFINE_VIEWS(Wgs84High, ast_dataitem_position_wgs84_get_summary, ast_dataitem_position_wgs84_get_detail_html)
+AST_DEFINE_ENCODE(Wgs84High, ast_dataitem_position_wgs84_encode)
 
 // ---- Cartesian position and velocity ----
 
-ast_value_pair_t ast_dataitem_position_cartesian_decode(const ast_dataitem_t *item) {
-    constexpr double kLsbM = 0.5;
-    if (!holds(item, 6)) return {};
-    return scaled_pair(read_i24(item->data), read_i24(item->data + 3), kLsbM);
-}
+namespace {
 
-void ast_dataitem_position_cartesian_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    TextWriter out(text, capacity);
-    const auto position = ast_dataitem_position_cartesian_decode(item);
-    if (position.valid) out.print("X:%.1f Y:%.1f LSB:M", position.value_1, position.value_2);
-}
+struct CartesianPosition : SharedLayout<ast_value_pair_t, items::position_cartesian.size> {
+    static void read(Value &position, const uint8_t *octets) {
+        constexpr double kLsbM = 0.5;
+        position = scaled_pair(read_i24(octets), read_i24(octets + 3), kLsbM);
+    }
+    static void summarize(TextWriter &out, const Value &position) {
+        out.print("X:%.1f Y:%.1f LSB:M", position.value_1, position.value_2);
+    }
+};
 
-ast_value_pair_t ast_dataitem_velocity_cartesian_decode(const ast_dataitem_t *item) {
-    constexpr double kLsbMPerS = 0.25;
-    if (!holds(item, 4)) return {};
-    return scaled_pair(read_i16(item->data), read_i16(item->data + 2), kLsbMPerS);
-}
+struct CartesianVelocity : SharedLayout<ast_value_pair_t, items::velocity_cartesian.size> {
+    static void read(Value &velocity, const uint8_t *octets) {
+        constexpr double kLsbMPerS = 0.25;
+        velocity = scaled_pair(read_i16(octets), read_i16(octets + 2), kLsbMPerS);
+    }
+    static void summarize(TextWriter &out, const Value &velocity) {
+        out.print("VX:%.2f VY:%.2f LSB:M/S", velocity.value_1, velocity.value_2);
+    }
+};
 
-void ast_dataitem_velocity_cartesian_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    TextWriter out(text, capacity);
-    const auto velocity = ast_dataitem_velocity_cartesian_decode(item);
-    if (velocity.valid) out.print("VX:%.2f VY:%.2f LSB:M/S", velocity.value_1, velocity.value_2);
-}
+} // namespace
+
+AST_DEFINE_DECODE(CartesianPosition, ast_dataitem_position_cartesian_decode)
+AST_DEFINE_SUMMARY(CartesianPosition, ast_dataitem_position_cartesian_get_summary)
+AST_DEFINE_DECODE(CartesianVelocity, ast_dataitem_velocity_cartesian_decode)
+AST_DEFINE_SUMMARY(CartesianVelocity, ast_dataitem_velocity_cartesian_get_summary)
 
 // ---- Polar velocity ----
 
@@ -181,55 +170,50 @@ namespace {
 
 constexpr double kSpeedUnitsPerNmPerS = 1 << 14;
 constexpr double kSpeedLsbKt = 3600 / kSpeedUnitsPerNmPerS;
-constexpr double kSpeedLsbMPerS = 1852 / kSpeedUnitsPerNmPerS;
+constexpr double kSpeedLsbMPerS = kMetresPerNm / kSpeedUnitsPerNmPerS;
 constexpr double kSpeedLsbKmPerH = 6667.2 / kSpeedUnitsPerNmPerS;
 constexpr double kHeadingUnits = 1 << 16; // per full circle
 
+struct PolarVelocity : SharedLayout<ast_value_pair_t, items::velocity_polar.size> {
+    static void read(Value &velocity, const uint8_t *octets) {
+        velocity.raw_1 = static_cast<int32_t>(read_u16(octets));
+        velocity.raw_2 = static_cast<int32_t>(read_u16(octets + 2));
+        velocity.value_1 = velocity.raw_1 * kSpeedLsbKt;
+        velocity.value_2 = velocity.raw_2 * kFullCircleDeg / kHeadingUnits;
+    }
+
+    static void summarize(TextWriter &out, const Value &velocity) {
+        out.print("SPD:%.2f HDG:%.2f", velocity.value_1, velocity.value_2);
+    }
+
+    static void show(HtmlWriter &html, const Value &velocity) {
+        DetailTable table(html, "Octet", "Item", "Value");
+        table.row("Octet[1-2]", "GROUND_SPEED LSB:NM/S", Cell<20>("%.6f", velocity.raw_1 / kSpeedUnitsPerNmPerS));
+        table.row("Octet[1-2]", "GROUND_SPEED LSB:M/S", Cell<20>("%.2f", velocity.raw_1 * kSpeedLsbMPerS));
+        table.row("Octet[1-2]", "GROUND_SPEED LSB:KNOT", Cell<20>("%.2f", velocity.value_1));
+        table.row("Octet[1-2]", "GROUND_SPEED LSB:KM/H", Cell<20>("%.2f", velocity.raw_1 * kSpeedLsbKmPerH));
+        table.row("Octet[3-4]", "HEADING LSB:DEG", Cell<20>("%.2f", velocity.value_2));
+    }
+
+    // The raw values are stored back even into a record that is not valid.
+    static void prepare(Value &velocity) {
+        if (!(velocity.value_1 > 0 || velocity.value_2 > 0)) return;
+        velocity.raw_1 = rounded_units(velocity.value_1 / kSpeedLsbKt);
+        velocity.raw_2 = rounded_units(velocity.value_2 / kFullCircleDeg * kHeadingUnits);
+    }
+
+    static bool write(uint8_t *octets, const Value &velocity) {
+        write_u16(octets, static_cast<uint32_t>(velocity.raw_1));
+        write_u16(octets + 2, static_cast<uint32_t>(velocity.raw_2));
+        return fits(velocity.raw_1, 16) && fits(velocity.raw_2, 16);
+    }
+};
+
 } // namespace
 
-ast_value_pair_t ast_dataitem_velocity_polar_decode(const ast_dataitem_t *item) {
-    ast_value_pair_t velocity{};
-    if (!holds(item, 4)) return velocity;
-    velocity.raw_1 = static_cast<int32_t>(read_u16(item->data));
-    velocity.raw_2 = static_cast<int32_t>(read_u16(item->data + 2));
-    velocity.value_1 = velocity.raw_1 * kSpeedLsbKt;
-    velocity.value_2 = velocity.raw_2 * kFullCircleDeg / kHeadingUnits;
-    velocity.valid = true;
-    return velocity;
-}
-
-// The raw values are stored back even into a record that is not valid.
-void ast_dataitem_velocity_polar_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
-                                        const ast_dataitem_src_t *source) {
-    auto *const record = source ? static_cast<ast_value_pair_t *>(source->value) : nullptr;
-    if (record && (record->value_1 > 0 || record->value_2 > 0)) {
-        record->raw_1 = static_cast<int32_t>(to_raw(std::round(record->value_1 / kSpeedLsbKt)));
-        record->raw_2 = static_cast<int32_t>(to_raw(std::round(record->value_2 / kFullCircleDeg * kHeadingUnits)));
-    }
-    const auto *const velocity = open_encode<ast_value_pair_t>(result, buffer, length, source, 4);
-    if (!velocity) return;
-    write_u16(buffer, static_cast<uint32_t>(velocity->raw_1));
-    write_u16(buffer + 2, static_cast<uint32_t>(velocity->raw_2));
-    written(result);
-}
-
-void ast_dataitem_velocity_polar_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    TextWriter out(text, capacity);
-    const auto velocity = ast_dataitem_velocity_polar_decode(item);
-    if (velocity.valid) out.print("SPD:%.2f HDG:%.2f", velocity.value_1, velocity.value_2);
-}
-
-void ast_dataitem_velocity_polar_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    HtmlWriter html(text, capacity);
-    const auto velocity = ast_dataitem_velocity_polar_decode(item);
-    if (!velocity.valid) return;
-    DetailTable table(html, "Octet", "Item", "Value");
-    table.row("Octet[1-2]", "GROUND_SPEED LSB:NM/S", Cell<20>("%.6f", velocity.raw_1 / kSpeedUnitsPerNmPerS));
-    table.row("Octet[1-2]", "GROUND_SPEED LSB:M/S", Cell<20>("%.2f", velocity.raw_1 * kSpeedLsbMPerS));
-    table.row("Octet[1-2]", "GROUND_SPEED LSB:KNOT", Cell<20>("%.2f", velocity.value_1));
-    table.row("Octet[1-2]", "GROUND_SPEED LSB:KM/H", Cell<20>("%.2f", velocity.raw_1 * kSpeedLsbKmPerH));
-    table.row("Octet[3-4]", "HEADING LSB:DEG", Cell<20>("%.2f", velocity.value_2));
-}
+AST_DEFINE_DECODE(PolarVelocity, ast_dataitem_velocity_polar_decode)
+AST_DEFINE_VIEWS(PolarVelocity, ast_dataitem_velocity_polar_get_summary, ast_dataitem_velocity_polar_get_detail_html)
+AST_DEFINE_ENCODE(PolarVelocity, ast_dataitem_velocity_polar_encode)
 
 // ---- Height and vertical rate ----
 
@@ -246,59 +230,47 @@ void write_vertical_rows(HtmlWriter &html, int32_t raw, const char *const (&labe
     table.row("Bit[0-15]", labels[2], Cell<10>("%.2f", raw * kVerticalLsbM));
 }
 
-} // namespace
+struct Height : SharedLayout<ast_scaled_value_t, items::height.size> {
+    static void read(Value &height, const uint8_t *octets) {
+        height.raw = read_i16(octets);
+        height.value = height.raw * kVerticalLsbFt;
+    }
+    static void summarize(TextWriter &out, const Value &height) { out.print("H:%.2f LSB:FT", height.value); }
+    static void show(HtmlWriter &html, const Value &height) {
+        write_vertical_rows(html, height.raw, {"HEIGHT LSB=6.25FT", "HEIGHT LSB=FT", "HEIGHT LSB=M"});
+    }
+};
 
-ast_scaled_value_t ast_dataitem_height_decode(const ast_dataitem_t *item) {
-    ast_scaled_value_t height{};
-    if (!holds(item, 2)) return height;
-    height.raw = read_i16(item->data);
-    height.value = height.raw * kVerticalLsbFt;
-    height.valid = true;
-    return height;
-}
+struct VerticalRate : SharedLayout<ast_scaled_value_t, items::vertical_rate.size> {
+    static constexpr unsigned kBits = 15;
 
-void ast_dataitem_height_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    TextWriter out(text, capacity);
-    const auto height = ast_dataitem_height_decode(item);
-    if (height.valid) out.print("H:%.2f LSB:FT", height.value);
-}
+    static void read(Value &rate, const uint8_t *octets) {
+        rate.flag = bit(octets[0], 8);
+        rate.raw = twos_complement(read_u16(octets), kBits);
+        rate.value = rate.raw * kVerticalLsbFt;
+    }
 
-void ast_dataitem_height_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    HtmlWriter html(text, capacity);
-    const auto height = ast_dataitem_height_decode(item);
-    if (height.valid) write_vertical_rows(html, height.raw, {"HEIGHT LSB=6.25FT", "HEIGHT LSB=FT", "HEIGHT LSB=M"});
-}
+    static void summarize(TextWriter &out, const Value &rate) { out.print("VR:%.2fFT/M", rate.value); }
 
-ast_scaled_value_t ast_dataitem_vertical_rate_decode(const ast_dataitem_t *item) {
-    ast_scaled_value_t rate{};
-    if (!holds(item, 2)) return rate;
-    rate.flag = bit(item->data[0], 8);
-    rate.raw = twos_complement(read_u16(item->data), 15);
-    rate.value = rate.raw * kVerticalLsbFt;
-    rate.valid = true;
-    return rate;
-}
-
-void ast_dataitem_vertical_rate_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
-                                       const ast_dataitem_src_t *source) {
-    const auto *const rate = open_encode<ast_scaled_value_t>(result, buffer, length, source, 2);
-    if (!rate) return;
-    // A value that is no number counts as one that is not 0, and is written as 0.
-    write_u16(buffer, rate->value != 0 ? to_raw(rate->value / kVerticalLsbFt) : static_cast<uint32_t>(rate->raw));
-    buffer[0] = static_cast<uint8_t>(placed(rate->flag, 8) | placed(buffer[0], 7, 1));
-    written(result);
-}
-
-void ast_dataitem_vertical_rate_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    TextWriter out(text, capacity);
-    const auto rate = ast_dataitem_vertical_rate_decode(item);
-    if (rate.valid) out.print("VR:%.2fFT/M", rate.value);
-}
-
-void ast_dataitem_vertical_rate_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    HtmlWriter html(text, capacity);
-    const auto rate = ast_dataitem_vertical_rate_decode(item);
-    if (rate.valid)
+    static void show(HtmlWriter &html, const Value &rate) {
         write_vertical_rows(html, rate.raw,
                             {"VERTICAL_RATE LSB=6.25FT/M", "VERTICAL_RATE LSB=FT/M", "VERTICAL_RATE LSB=METER/M"});
-}
+    }
+
+    // A value that is no number counts as one that is not 0, and is written as 0.
+    static bool write(uint8_t *octets, const Value &rate) {
+        int32_t raw = rate.value != 0 ? whole_units(rate.value / kVerticalLsbFt) : rate.raw;
+        if (std::isnan(rate.value)) raw = 0;
+        write_u16(octets, static_cast<uint32_t>(raw));
+        octets[0] = static_cast<uint8_t>(placed(rate.flag, 8) | placed(octets[0], 7, 1));
+        return fits_signed(raw, kBits);
+    }
+};
+
+} // namespace
+
+AST_DEFINE_DECODE(Height, ast_dataitem_height_decode)
+AST_DEFINE_VIEWS(Height, ast_dataitem_height_get_summary, ast_dataitem_height_get_detail_html)
+AST_DEFINE_DECODE(VerticalRate, ast_dataitem_vertical_rate_decode)
+AST_DEFINE_VIEWS(VerticalRate, ast_dataitem_vertical_rate_get_summary, ast_dataitem_vertical_rate_get_detail_html)
+AST_DEFINE_ENCODE(VerticalRate, ast_dataitem_vertical_rate_encode)

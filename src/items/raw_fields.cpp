@@ -1,7 +1,6 @@
 // Octets without a meaning of their own: their bits, or what kind of field they are.
 
-#include "codec/item.hpp"
-#include "core/text.hpp"
+#include "items/items.hpp"
 
 using namespace ast;
 
@@ -18,10 +17,8 @@ void ast_dataitem_binary_data_get_summary(char *text, uint64_t capacity, const a
     if (!is_readable(item)) return;
     out.append("BIN");
     for (uint64_t i = 0; i < item->size; ++i) {
-        char digits[kBinaryOctetChars + 1];
-        write_binary_octet(digits, item->data[i]);
         out.append(i == 0 ? ":" : " ");
-        out.append({digits, kBinaryOctetChars});
+        out.append(BinaryOctet(item->data[i]));
     }
 }
 

@@ -5,7 +5,8 @@
 
 namespace ast {
 
-constexpr uint64_t kRegisterOctets = 7;
+constexpr uint16_t kRegisterOctets = 7;
+constexpr uint32_t kAcasRegister = 0x30;
 
 // Its number and title, its bits, and its fields.
 inline void write_register(HtmlWriter &html, const ast_bds_t &bds) {

@@ -27,27 +27,19 @@ namespace ast {
 void HtmlWriter::title(const char *format, ...) {
     va_list arguments;
     va_start(arguments, format);
-    title_list(format, arguments);
-    va_end(arguments);
-}
-
-void HtmlWriter::title_list(const char *format, va_list arguments) {
     append("<h4>");
     print_list(format, arguments);
     append("</h4>");
+    va_end(arguments);
 }
 
 void HtmlWriter::paragraph(const char *format, ...) {
     va_list arguments;
     va_start(arguments, format);
-    paragraph_list(format, arguments);
-    va_end(arguments);
-}
-
-void HtmlWriter::paragraph_list(const char *format, va_list arguments) {
     append("<p>");
     print_list(format, arguments);
     append("</p>");
+    va_end(arguments);
 }
 
 void HtmlWriter::open_table(std::string_view css_class) {
@@ -144,19 +136,31 @@ void HtmlWriter::map_link(uint32_t service, double latitude, double longitude) {
 
 // The writer under its exported names.
 
+namespace {
+
+AST_MEMBER_PRINTF(4, 0)
+void write_element(char *text, uint64_t capacity, std::string_view tag, const char *format, va_list arguments) {
+    HtmlWriter html(text, capacity);
+    for (const std::string_view piece : {std::string_view("<"), tag, std::string_view(">")}) html.append(piece);
+    html.print_foreign(format, arguments);
+    for (const std::string_view piece : {std::string_view("</"), tag, std::string_view(">")}) html.append(piece);
+}
+
+} // namespace
+
 void ast_html_set_flavor(uint32_t value) { flavor.store(value, std::memory_order_relaxed); }
 
 void ast_html_gen_title_h4(char *text, uint64_t capacity, const char *format, ...) {
     va_list arguments;
     va_start(arguments, format);
-    HtmlWriter(text, capacity).title_list(format, arguments);
+    write_element(text, capacity, "h4", format, arguments);
     va_end(arguments);
 }
 
 void ast_html_gen_para(char *text, uint64_t capacity, const char *format, ...) {
     va_list arguments;
     va_start(arguments, format);
-    HtmlWriter(text, capacity).paragraph_list(format, arguments);
+    write_element(text, capacity, "p", format, arguments);
     va_end(arguments);
 }
 

@@ -12,9 +12,7 @@ public:
     using TextWriter::TextWriter;
 
     void title(const char *format, ...) AST_MEMBER_PRINTF(2, 3);
-    void title_list(const char *format, va_list arguments) AST_MEMBER_PRINTF(2, 0);
     void paragraph(const char *format, ...) AST_MEMBER_PRINTF(2, 3);
-    void paragraph_list(const char *format, va_list arguments) AST_MEMBER_PRINTF(2, 0);
 
     void table_begin();
     void table_end();

@@ -15,13 +15,13 @@ constexpr char kNotImplemented[] = "NOT_IMPLEMENTED";
 void ast_dataitem_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item) {
     set_text(text, capacity, kNotImplemented);
     if (!is_readable(item)) return;
-    if (const auto get_summary = ast_dataitem_get_func(item->type).get_summary) get_summary(text, capacity, item);
+    if (const auto get_summary = handlers_of(item->type).get_summary) get_summary(text, capacity, item);
 }
 
 void ast_dataitem_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item) {
     set_text(text, capacity, "");
     if (!is_readable(item)) return;
-    if (const auto get_detail = ast_dataitem_get_func(item->type).get_detail_html) get_detail(text, capacity, item);
+    if (const auto get_detail = handlers_of(item->type).get_detail_html) get_detail(text, capacity, item);
 }
 
 void ast_dataitem_get_detail_html_dummy(char *text, uint64_t capacity) { set_text(text, capacity, ""); }
@@ -37,10 +37,8 @@ void ast_dataitem_get_bin_str(char *text, uint64_t capacity, const ast_dataitem_
     TextWriter out(text, capacity);
     if (!item || !item->data) return;
     for (uint64_t i = 0; i < item->size; ++i) {
-        char digits[kBinaryOctetChars + 1];
-        write_binary_octet(digits, item->data[i]);
         if (i != 0) out.append(" ");
-        out.append({digits, kBinaryOctetChars});
+        out.append(BinaryOctet(item->data[i]));
     }
 }
 

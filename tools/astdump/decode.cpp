@@ -17,13 +17,13 @@ struct Way {
 std::vector<Way> ways_to_decode(uint32_t category) {
     std::vector<Way> ways;
     if (category == kMonoradarTargets) ways = {{&AST_UAP_STANDARD, true}, {&AST_UAP_CAT001_PLOT, true}};
-    for (const Profile &profile : profiles()) ways.push_back({profile.uap, false});
+    for (const ast_uap_info_t &profile : profiles()) ways.push_back({profile.uap, false});
     return ways;
 }
 
 } // namespace
 
-Decoder::Decoder(const Profile *profile)
+Decoder::Decoder(const ast_uap_info_t *profile)
     : profile_(profile), block_(std::make_unique<ast_datablock_t>()), attempt_(std::make_unique<ast_datablock_t>()) {
     keep_library_log();
 }

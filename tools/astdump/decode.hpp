@@ -26,7 +26,7 @@ class Decoder {
 public:
     // With a profile, every block is decoded by it. With null the library chooses; where none fits, what got furthest
     // is kept. Takes over the library's log.
-    explicit Decoder(const Profile *profile);
+    explicit Decoder(const ast_uap_info_t *profile);
 
     // The result points into the decoder and is good until the next call; no record is asked for yet. The
     // octets are one whole block.
@@ -35,7 +35,7 @@ public:
 private:
     Fault keep_furthest(Octets octets);
 
-    const Profile *profile_;
+    const ast_uap_info_t *profile_;
     std::unique_ptr<ast_datablock_t> block_; // on the heap, being large
     std::unique_ptr<ast_datablock_t> attempt_;
 };

@@ -57,7 +57,7 @@ bool add_range(CategorySet &categories, std::string_view entry) {
 
 std::vector<std::string> profile_names() {
     std::vector<std::string> names = {"auto"};
-    for (const Profile &profile : profiles()) names.emplace_back(profile.name);
+    for (const ast_uap_info_t &profile : profiles()) names.emplace_back(profile.name);
     return names;
 }
 

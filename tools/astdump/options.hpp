@@ -16,12 +16,12 @@ using CategorySet = std::bitset<256>;
 
 struct Options {
     std::vector<std::string> files;
-    const Profile *profile = nullptr; // null: chosen for each block
-    CategorySet categories;           // to be shown
-    std::vector<Condition> where;     // that records must meet to be shown
-    std::optional<uint64_t> count;    // of blocks to be shown
-    bool follow = false;              // wait for more at the end
-    std::string interface;            // to listen on; empty for the system's choice
+    const ast_uap_info_t *profile = nullptr; // null: chosen for each block
+    CategorySet categories;                  // to be shown
+    std::vector<Condition> where;            // that records must meet to be shown
+    std::optional<uint64_t> count;           // of blocks to be shown
+    bool follow = false;                     // wait for more at the end
+    std::string interface;                   // to listen on; empty for the system's choice
     bool list = false;
     bool detail = false; // in the listing
     std::string html;    // the page to write; empty for none

@@ -1,39 +1,36 @@
 #include "profiles.hpp"
 
 #include <algorithm>
-#include <iterator>
+#include <vector>
 
 namespace astdump {
 
 namespace {
 
-constexpr Profile kProfiles[] = {
-    {"standard", &AST_UAP_STANDARD, {}},
-    {"cat001-plot", &AST_UAP_CAT001_PLOT, {1}},
-    {"cat021-0.23", &AST_UAP_CAT021_VER023, {21}},
-    {"cat021-0.26", &AST_UAP_CAT021_VER026, {21}},
-    {"cat021-2.1", &AST_UAP_CAT021_VER21, {21}},
-    {"cat021-2.4", &AST_UAP_CAT021_VER24, {21}},
-    {"asr10ss", &AST_UAP_ASR10SS, {1, 2}},
-    {"asr10ss-mk2", &AST_UAP_ASR10SS_MK2, {1, 2}},
-    {"thales", &AST_UAP_THALES, {21}},
-    {"managair", &AST_UAP_MANAGAIR, {1, 2}},
-};
+const std::vector<ast_uap_info_t> &list() {
+    static const std::vector<ast_uap_info_t> profiles = [] {
+        std::vector<ast_uap_info_t> all;
+        for (uint64_t i = 0; i < ast_uap_get_number(); ++i) all.push_back(ast_uap_get_info(i));
+        return all;
+    }();
+    return profiles;
+}
 
 } // namespace
 
-std::span<const Profile> profiles() { return kProfiles; }
+std::span<const ast_uap_info_t> profiles() { return list(); }
 
-const Profile *find_profile(std::string_view name) {
-    const auto found = std::ranges::find(kProfiles, name, &Profile::name);
-    return found == std::end(kProfiles) ? nullptr : found;
+const ast_uap_info_t *find_profile(std::string_view name) {
+    const auto found = std::ranges::find(list(), name, &ast_uap_info_t::name);
+    return found == list().end() ? nullptr : &*found;
 }
 
 std::string_view profile_name(const ast_uap_t &uap, uint32_t category) {
-    const auto found = std::ranges::find_if(kProfiles, [&](const Profile &profile) {
-        return profile.uap->get_dataitem == uap.get_dataitem && std::ranges::count(profile.overrides, category);
+    const auto found = std::ranges::find_if(list(), [&](const ast_uap_info_t &profile) {
+        const std::span overrides(profile.overrides, profile.override_count);
+        return profile.uap->get_dataitem == uap.get_dataitem && std::ranges::count(overrides, category);
     });
-    return found == std::end(kProfiles) ? kProfiles[0].name : found->name;
+    return found == list().end() ? list().front().name : found->name;
 }
 
 } // namespace astdump

@@ -1,0 +1,79 @@
+#include "core/number.hpp"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+namespace ast {
+
+namespace {
+
+constexpr unsigned kUint64Digits = 22; // of the longest number, in base 8
+
+// A double as mantissa / 2^scale, when the fraction of that leaves room for a digit above it in 64 bits.
+constexpr int kMantissaBits = 53;
+constexpr int kMaxScale = 60;
+
+bool as_fraction(double magnitude, uint64_t &mantissa, int &scale) {
+    int exponent = 0;
+    mantissa = static_cast<uint64_t>(std::ldexp(std::frexp(magnitude, &exponent), kMantissaBits));
+    scale = kMantissaBits - exponent;
+    return scale >= 0 && scale <= kMaxScale;
+}
+
+// Adds one to the last place of a number of digits with at most one point; the text has room for one digit more.
+uint64_t round_up(char *text, uint64_t count) {
+    uint64_t i = count;
+    while (i > 0) {
+        char &digit = text[--i];
+        if (digit == '.') continue;
+        if (digit != '9') {
+            ++digit;
+            return count;
+        }
+        digit = '0';
+    }
+    std::copy_backward(text, text + count, text + count + 1);
+    text[0] = '1';
+    return count + 1;
+}
+
+} // namespace
+
+uint64_t write_digits(char *text, uint64_t number, unsigned base, bool upper_case) {
+    const char *const symbols = upper_case ? "0123456789ABCDEF" : "0123456789abcdef";
+    char reversed[kUint64Digits];
+    uint64_t count = 0;
+    do {
+        reversed[count++] = symbols[number % base];
+        number /= base;
+    } while (number != 0);
+    std::reverse_copy(reversed, reversed + count, text);
+    return count;
+}
+
+// Most numbers are of moderate size, and their digits come one by one from exact integers; the rest is for the library.
+uint64_t write_decimals(char *text, double magnitude, uint64_t decimals) {
+    decimals = std::min(decimals, kMaxDecimals);
+    uint64_t mantissa = 0;
+    int scale = 0;
+    if (magnitude != 0 && (!std::isfinite(magnitude) || !as_fraction(magnitude, mantissa, scale))) {
+        const auto end =
+            std::to_chars(text, text + kNumberChars, magnitude, std::chars_format::fixed, static_cast<int>(decimals));
+        return static_cast<uint64_t>(end.ptr - text);
+    }
+    uint64_t fraction = mantissa & ((UINT64_C(1) << scale) - 1);
+    uint64_t count = write_digits(text, mantissa >> scale, 10, false);
+    if (decimals != 0) text[count++] = '.';
+    char last = text[count - (decimals != 0 ? 2 : 1)];
+    for (uint64_t i = 0; i < decimals; ++i) {
+        fraction *= 10;
+        text[count++] = last = static_cast<char>('0' + (fraction >> scale));
+        fraction &= (UINT64_C(1) << scale) - 1;
+    }
+    const uint64_t half = scale ? UINT64_C(1) << (scale - 1) : UINT64_MAX;
+    const bool last_is_odd = (last - '0') % 2 != 0;
+    return fraction > half || (fraction == half && last_is_odd) ? round_up(text, count) : count;
+}
+
+} // namespace ast

@@ -1,0 +1,41 @@
+#include "items/compound.hpp"
+
+namespace ast {
+
+namespace {
+
+// Hands the subfield of an item that a type asks for, where the item announces it, to `visit` with its handlers, which
+// may be null.
+template <typename Visit>
+void with_subfield(const Compound &compound, const ast_dataitem_t *item, uint32_t subfield_type, Visit visit) {
+    if (!is_readable(item) || item->type != compound.type) return;
+    const ast_subfields_t subfields = ast_dataitem_subfields_decode(item);
+    const uint32_t number = subfield_number(subfield_type);
+    if (!subfields.valid || !ast_fspec_is_set(&subfields.primary, number)) return;
+    const SubfieldRow *const row = find_subfield(compound, number);
+    const bool is_listed = number <= subfields.subfield_count;
+    visit(is_listed ? subfields.subfields[number - 1] : ast_subfield_t{}, row ? row->handlers : nullptr);
+}
+
+} // namespace
+
+void summarize_subfield(const Compound &compound, char *text, uint64_t capacity, const ast_dataitem_t *item,
+                        uint32_t subfield_type) {
+    TextWriter out(text, capacity);
+    with_subfield(compound, item, subfield_type, [&](const ast_subfield_t &subfield, const SubfieldHandlers *handlers) {
+        if (handlers)
+            handlers->summarize(out, subfield);
+        else
+            out.append("NOT_IMPLEMENTED");
+    });
+}
+
+void show_subfield(const Compound &compound, char *text, uint64_t capacity, const ast_dataitem_t *item,
+                   uint32_t subfield_type) {
+    HtmlWriter html(text, capacity);
+    with_subfield(compound, item, subfield_type, [&](const ast_subfield_t &subfield, const SubfieldHandlers *handlers) {
+        if (handlers && is_whole(subfield)) handlers->show(html, subfield);
+    });
+}
+
+} // namespace ast

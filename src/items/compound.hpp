@@ -1,0 +1,131 @@
+// The frame around the subfields of a compound item. A kind of subfield is a struct of
+//
+//     struct Runlength {
+//         using Value = decltype(ast_dataitem_048_130_t::srl);                  // opens with `present`
+//         static void read(Value &value, const uint8_t *octets);
+//         static void summarize(TextWriter &out, const Value &value);
+//         static void show(HtmlWriter &html, const Value &value);
+//     };
+//
+// and a subfield is one row, with the member of the item's value record that it fills:
+//
+//     constexpr SubfieldRow kPlotSubfields[] = {
+//         subfield<&Plot::srl, Runlength>("SRL", "SSR Plot Runlength", fixed<1>), ...
+//         {"APD", "Difference in Azimuth between PSR and SSR plot", fixed<1>},  // its octets alone
+//     };
+//
+// A kind may leave summarize and show out. `read` may take the subfield in place of its octets where its size matters.
+#pragma once
+
+#include "items/frame.hpp"
+
+namespace ast {
+
+struct SubfieldHandlers {
+    void (*read)(void *item_value, const ast_subfield_t &subfield);
+    void (*summarize)(TextWriter &out, const ast_subfield_t &subfield); // null: not implemented
+    void (*show)(HtmlWriter &html, const ast_subfield_t &subfield);
+    const void *value_type; // of the item, by its address
+};
+
+template <typename Value>
+constexpr char kValueType = 0;
+
+// A subfield whose octets are all there.
+inline bool is_whole(const ast_subfield_t &subfield) { return subfield.present && subfield.size > 0; }
+
+// The value of one subfield, all zero when its octets are not all there.
+template <typename Kind>
+typename Kind::Value read_subfield(const ast_subfield_t &subfield) {
+    typename Kind::Value value{};
+    if (!is_whole(subfield)) return value;
+    value.present = true;
+    if constexpr (requires { Kind::read(value, subfield.data); })
+        Kind::read(value, subfield.data);
+    else
+        Kind::read(value, subfield);
+    return value;
+}
+
+template <typename Member>
+struct OwnerOf;
+
+template <typename Owner, typename Value>
+struct OwnerOf<Value Owner::*> {
+    using Type = Owner;
+};
+
+template <auto Member, typename Kind>
+struct SubfieldOf {
+    using ItemValue = typename OwnerOf<decltype(Member)>::Type;
+
+    static void read(void *item_value, const ast_subfield_t &subfield) {
+        static_cast<ItemValue *>(item_value)->*Member = read_subfield<Kind>(subfield);
+    }
+    static void summarize(TextWriter &out, const ast_subfield_t &subfield) {
+        if constexpr (requires { Kind::summarize(out, read_subfield<Kind>(subfield)); })
+            Kind::summarize(out, read_subfield<Kind>(subfield));
+        else
+            out.append("NOT_IMPLEMENTED");
+    }
+    static void show(HtmlWriter &html, const ast_subfield_t &subfield) {
+        if constexpr (requires { Kind::show(html, read_subfield<Kind>(subfield)); })
+            Kind::show(html, read_subfield<Kind>(subfield));
+    }
+    static constexpr SubfieldHandlers kHandlers = {read, summarize, show, &kValueType<ItemValue>};
+};
+
+template <auto Member, typename Kind>
+constexpr SubfieldRow subfield(const char *id, const char *name, const SizeRule &size) {
+    return {id, name, size, &SubfieldOf<Member, Kind>::kHandlers};
+}
+
+// Fills the members of a compound item's value record. Value has a member `subfields`.
+template <typename Value, size_t N>
+Value decode_compound(const Compound &compound, const SubfieldRow (&rows)[N], const ast_dataitem_t *item) {
+    Value value{};
+    if (!is_readable(item) || item->type != compound.type) return value;
+    value.subfields = ast_dataitem_subfields_decode(item);
+    if (!value.subfields.valid) return {};
+    for (uint64_t i = 0; i < N && i < value.subfields.subfield_count; ++i)
+        if (rows[i].handlers && is_whole(value.subfields.subfields[i]))
+            rows[i].handlers->read(&value, value.subfields.subfields[i]);
+    value.valid = true;
+    return value;
+}
+
+// Whether every subfield that is read fills a member of Value.
+template <typename Value, size_t N>
+constexpr bool fill(const SubfieldRow (&rows)[N]) {
+    for (const SubfieldRow &row : rows)
+        if (row.handlers && row.handlers->value_type != &kValueType<Value>) return false;
+    return true;
+}
+
+void summarize_subfield(const Compound &compound, char *text, uint64_t capacity, const ast_dataitem_t *item,
+                        uint32_t subfield_type);
+void show_subfield(const Compound &compound, char *text, uint64_t capacity, const ast_dataitem_t *item,
+                   uint32_t subfield_type);
+
+} // namespace ast
+
+// Each defines one exported function of a compound item, by its full name.
+#define AST_DEFINE_COMPOUND_DECODE(compound, rows, item_value, function)                                               \
+    static_assert(ast::fill<item_value>(rows));                                                                        \
+    item_value function(const ast_dataitem_t *item) { return ast::decode_compound<item_value>(compound, rows, item); }
+
+#define AST_DEFINE_SUBFIELD_SUMMARY(compound, function)                                                                \
+    void function(char *text, uint64_t capacity, const ast_dataitem_t *item, uint32_t subfield_type) {                 \
+        ast::summarize_subfield(compound, text, capacity, item, subfield_type);                                        \
+    }
+
+#define AST_DEFINE_SUBFIELD_DETAIL(compound, function)                                                                 \
+    void function(char *text, uint64_t capacity, const ast_dataitem_t *item, uint32_t subfield_type) {                 \
+        ast::show_subfield(compound, text, capacity, item, subfield_type);                                             \
+    }
+
+// For subfields that are shown as nothing.
+#define AST_DEFINE_EMPTY_SUBFIELD_VIEW(function)                                                                       \
+    void function(char *text, uint64_t capacity, const ast_dataitem_t *, uint32_t) {                                   \
+        ast::set_text(text, capacity, "");                                                                             \
+    }

@@ -1,7 +1,5 @@
 // Category 004: safety net messages, alerts between and about aircraft.
 
-#include <iterator>
-
 #include "items/items.hpp"
 
 namespace {

@@ -1,7 +1,5 @@
 // Category 015: target reports of independent non-cooperative surveillance sensors.
 
-#include <iterator>
-
 #include "items/items.hpp"
 
 namespace {

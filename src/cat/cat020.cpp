@@ -1,7 +1,5 @@
 // Category 020: multilateration target reports, edition 1.11.
 
-#include <iterator>
-
 #include "items/items.hpp"
 
 namespace {

@@ -1,7 +1,5 @@
 // Category 021: ADS-B target reports, editions 0.23 to 2.4.
 
-#include <iterator>
-
 #include "items/items.hpp"
 
 namespace {

@@ -1,7 +1,5 @@
 // Category 034: service messages of one radar: north markers, sector crossings, configuration and status.
 
-#include <iterator>
-
 #include "cat/flat.hpp"
 #include "core/bits.hpp"
 #include "items/compound.hpp"

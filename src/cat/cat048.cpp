@@ -1,7 +1,5 @@
 // Category 048: plots and local tracks of one radar, in that radar's polar coordinates.
 
-#include <iterator>
-
 #include "cat/flat.hpp"
 #include "core/bits.hpp"
 #include "items/accessors.hpp"

@@ -1,7 +1,5 @@
 // Category 062: system tracks of a surveillance data processing system.
 
-#include <iterator>
-
 #include "items/items.hpp"
 
 namespace {

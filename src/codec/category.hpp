@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstddef>
+#include <iterator>
 
 #include "ast.h"
 #include "codec/size_rules.hpp"

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstring>
 
 namespace ast {
 
@@ -36,6 +37,36 @@ uint64_t round_up(char *text, uint64_t count) {
     std::copy_backward(text, text + count, text + count + 1);
     text[0] = '1';
     return count + 1;
+}
+
+constexpr bool is_digit(char character) { return character >= '0' && character <= '9'; }
+
+// Appends digits to a number, and counts those that did not fit into `dropped` and all of them as the result.
+int append_digits(const char *&text, uint64_t &number, int &dropped) {
+    constexpr uint64_t kRoom = UINT64_MAX / 10 - 1;
+    int count = 0;
+    for (; is_digit(*text); ++text, ++count) {
+        if (number > kRoom)
+            ++dropped;
+        else
+            number = number * 10 + static_cast<uint64_t>(*text - '0');
+    }
+    return count;
+}
+
+// The power of ten behind a number, such as e-3; nothing is taken where there is none.
+int parse_exponent(const char *&text) {
+    constexpr uint64_t kLargest = 9999;
+    if (*text != 'e' && *text != 'E') return 0;
+    const char *rest = text + 1;
+    const bool is_negative = *rest == '-';
+    if (*rest == '-' || *rest == '+') ++rest;
+    uint64_t exponent = 0;
+    int dropped = 0;
+    if (append_digits(rest, exponent, dropped) == 0) return 0;
+    text = rest;
+    const auto magnitude = static_cast<int>(std::min(exponent, kLargest));
+    return is_negative ? -magnitude : magnitude;
 }
 
 } // namespace
@@ -74,6 +105,25 @@ uint64_t write_decimals(char *text, double magnitude, uint64_t decimals) {
     const uint64_t half = scale ? UINT64_C(1) << (scale - 1) : UINT64_MAX;
     const bool last_is_odd = (last - '0') % 2 != 0;
     return fraction > half || (fraction == half && last_is_odd) ? round_up(text, count) : count;
+}
+
+double parse_decimal(const char *text) {
+    text += std::strspn(text, " \t\n\v\f\r");
+    const bool is_negative = *text == '-';
+    if (*text == '-' || *text == '+') ++text;
+    uint64_t digits = 0;
+    int dropped = 0;
+    append_digits(text, digits, dropped);
+    int power = dropped;
+    if (*text == '.') {
+        int dropped_decimals = 0;
+        const int decimals = append_digits(++text, digits, dropped_decimals);
+        power -= decimals - dropped_decimals;
+    }
+    power += parse_exponent(text);
+    const auto number = static_cast<double>(digits);
+    const double value = power < 0 ? number / std::pow(10.0, -power) : number * std::pow(10.0, power);
+    return is_negative ? -value : value;
 }
 
 } // namespace ast

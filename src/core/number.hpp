@@ -15,4 +15,8 @@ constexpr uint64_t kMaxDecimals = 32;
 uint64_t write_digits(char *text, uint64_t number, unsigned base, bool upper_case);
 uint64_t write_decimals(char *text, double magnitude, uint64_t decimals);
 
+// Reads a decimal number after blanks and an optional sign, with a point and a power of ten where there are any, up to
+// the first character that does not belong to it; 0 for none. Exact as far as 15 digits.
+double parse_decimal(const char *text);
+
 } // namespace ast

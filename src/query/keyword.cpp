@@ -1,9 +1,9 @@
 // Keywords: the common quantities by number, as titles, as text, and as filters.
 
-#include <cctype>
 #include <cstdlib>
 #include <iterator>
 
+#include "core/number.hpp"
 #include "core/text.hpp"
 #include "query/word.hpp"
 
@@ -37,7 +37,10 @@ const char *skip_blanks(const char *text) {
     return text;
 }
 
-int fold(char character) { return std::tolower(static_cast<unsigned char>(character)); }
+// Letters of ASCII alone, whatever the host's locale is.
+char fold(char character) {
+    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
+}
 
 // ---- How each keyword's value is shown; nothing for a value that is not valid ----
 
@@ -173,7 +176,7 @@ bool matches_squawk(const ast_datarecord_t *record, const char *pattern, bool) {
 
 bool matches_flightlevel(const ast_datarecord_t *record, const char *pattern, bool) {
     const auto level = ast_datarecord_get_flightlevel(record);
-    const double wanted_ft = std::atof(pattern) * kFeetPerLevel;
+    const double wanted_ft = parse_decimal(pattern) * kFeetPerLevel;
     return level.valid && wanted_ft >= level.value && wanted_ft <= level.value; // equal to the last bit
 }
 

@@ -16,7 +16,7 @@ void use_header(const uint8_t *octets, uint64_t length) {
     static const ast_dataitem_src_list_t nothing = {0};
     uint8_t buffer[3];
     ast_log_handler_reg(sink);
-    block = ast_datablock_decode(octets, length, AST_UAP_STANDARD);
+    ast_datablock_decode_into(&block, octets, length, AST_UAP_STANDARD);
     block = ast_datablock_modify(buffer, sizeof buffer, &block, &nothing);
     ast_html_gen_table_row(0, 0, 1, "cell", AST_HTML_TABLE_END_OF_ROW);
 }

@@ -17,7 +17,8 @@ AST_API uint64_t ast_dataitem_021_A07_get_size(const uint8_t *data, uint64_t ava
 
 /* Compound items. For each: the size of the whole item, and the size, short id and title of one of its subfields, with
  * the outcomes of ast_dataitem_subfields_get_size, ast_subfield_get_size, _get_id and _get_name. A subfield number that
- * the item does not define has size 0 (which I021/110 reports at level 3), id "---" and name "UNKNOWN_SUBFIELD_NAME". */
+ * the item does not define has size 0 (which I021/110 reports at level 3), id "---" and name "UNKNOWN_SUBFIELD_NAME".
+ */
 
 /** I021/110, trajectory intent. */
 AST_API uint64_t ast_dataitem_021_110_get_size(const uint8_t *data, uint64_t available);

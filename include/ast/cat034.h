@@ -117,7 +117,6 @@ AST_API ast_dataitem_034_120_t ast_dataitem_034_120_decode(const ast_dataitem_t 
 AST_API void ast_dataitem_034_120_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
 AST_API void ast_dataitem_034_120_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
 
-
 /** All of a category 034 record. */
 typedef struct {
     bool valid;

@@ -1,7 +1,7 @@
 /* Item layouts that several categories share, as plain records.
  *
- * Each has a decoder, and most have views and an encoder; the registry binds them to every item type of that layout. They take
- * items of any type of the size of the layout, but where the type makes a difference. */
+ * Each has a decoder, and most have views and an encoder; the registry binds them to every item type of that layout.
+ * They take items of any type of the size of the layout, but where the type makes a difference. */
 #ifndef AST_VALUES_H
 #define AST_VALUES_H
 
@@ -67,6 +67,13 @@ typedef struct {
     bool smoothed;
     uint32_t code; /* 12 bits, shown as four octal digits */
 } ast_mode_3a_t;
+
+/** A subfield of ages: how long ago something was last updated. */
+typedef struct {
+    bool present;
+    uint32_t raw; /* as sent; its unit is the item's */
+    double age_s; /* seconds */
+} ast_age_t;
 
 /** The twelve pulses of a reply, in the order in which quality flags are sent. */
 #define AST_PULSES 12

@@ -11,9 +11,11 @@ void with_subfield(const Compound &compound, const ast_dataitem_t *item, uint32_
     if (!is_readable(item) || item->type != compound.type) return;
     const ast_subfields_t subfields = ast_dataitem_subfields_decode(item);
     const uint32_t number = subfield_number(subfield_type);
-    if (!subfields.valid || !ast_fspec_is_set(&subfields.primary, number)) return;
     const SubfieldRow *const row = find_subfield(compound, number);
-    const bool is_listed = number <= subfields.subfield_count;
+    const bool is_asked =
+        ast_fspec_is_set(&subfields.primary, number) || (!row && compound.summarizes_unknown_subfields);
+    if (!subfields.valid || !is_asked) return;
+    const bool is_listed = number >= 1 && number <= subfields.subfield_count;
     visit(is_listed ? subfields.subfields[number - 1] : ast_subfield_t{}, row ? row->handlers : nullptr);
 }
 

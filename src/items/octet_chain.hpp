@@ -47,9 +47,8 @@ struct OctetChain : Item<Type, ast_octet_chain_t, extended<MaximumOctets>> {
     static void read(Value &chain, const ast_dataitem_t &item) { chain.count = read_chain(chain.values, item); }
 
     static void summarize(TextWriter &out, const Value &, const ast_dataitem_t &item) {
-        out.append_with([&](char *text, uint64_t capacity) {
-            ast_dataitem_binary_data_get_summary(text, capacity, &item);
-        });
+        out.append_with(
+            [&](char *text, uint64_t capacity) { ast_dataitem_binary_data_get_summary(text, capacity, &item); });
     }
 
     static void show(HtmlWriter &html, const Value &, const ast_dataitem_t &item) {

@@ -11,9 +11,7 @@ template <ast_dataitem_type_t Type, uint16_t MaximumOctets, const char *(*Descri
 struct WarningConditions : Item<Type, ast_dataitem_048_030_t, extended<MaximumOctets>> {
     using Value = ast_dataitem_048_030_t;
 
-    static void read(Value &warnings, const ast_dataitem_t &item) {
-        warnings.count = read_chain(warnings.codes, item);
-    }
+    static void read(Value &warnings, const ast_dataitem_t &item) { warnings.count = read_chain(warnings.codes, item); }
 
     static void summarize(TextWriter &out, const Value &warnings) {
         out.print("ERRCODE:%u%s", warnings.codes[0], shown_if(warnings.count >= 2, "+"));

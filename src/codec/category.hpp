@@ -31,6 +31,7 @@ struct SubfieldRow {
     const char *name;
     SizeRule size;
     const SubfieldHandlers *handlers = nullptr;
+    size_t filled_octets = 0; // of the item's value record, where the handlers fill a member of it
 };
 
 constexpr uint32_t kItemNumbers = 1000;

@@ -21,7 +21,6 @@
 // take the type, and returns how many octets it wrote where that varies.
 #pragma once
 
-#include <cstring>
 #include <type_traits>
 
 #include "codec/category.hpp"
@@ -167,7 +166,7 @@ void encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length, const ast_
     uint8_t octets[most_octets<I>()];
     const uint64_t size = write<I>(octets, *value, source->type);
     if (size == 0 || size > length) return;
-    std::memcpy(buffer, octets, size);
+    copy_octets(buffer, octets, size);
     result->size = size;
     result->valid = true;
 }

@@ -7,10 +7,22 @@ namespace ast {
 
 inline const char *vehicle_fleet(uint32_t fleet) {
     static constexpr const char *kFleets[] = {
-        "UNKNOWN",     "ATC_MAINTENANCE", "AIRPORT_MAINTENANCE", "FIRE",
-        "BIRD_SCARER", "SNOW_PLOUGH",     "RUNWAY_SWEEPER",      "EMERGENCY",
-        "POLICE",      "BUS",             "TUG",                 "GRASS_CUTTER",
-        "FUEL",        "BAGGAGE",         "CATERING",            "AIRCRAFT_MAINTENANCE",
+        "UNKNOWN",
+        "ATC_MAINTENANCE",
+        "AIRPORT_MAINTENANCE",
+        "FIRE",
+        "BIRD_SCARER",
+        "SNOW_PLOUGH",
+        "RUNWAY_SWEEPER",
+        "EMERGENCY",
+        "POLICE",
+        "BUS",
+        "TUG",
+        "GRASS_CUTTER",
+        "FUEL",
+        "BAGGAGE",
+        "CATERING",
+        "AIRCRAFT_MAINTENANCE",
         "FOLLOW_ME",
     };
     return text_of(kFleets, fleet, "UNDEFINED");

@@ -2,8 +2,8 @@
  *
  * Each takes a decoded record and writes a record of the other category into buffer, which must not overlap the octets
  * of the source. The result is as a decoder gives it, its items in buffer. It is not valid when the source is missing,
- * not valid or of another category, when there is nothing that it can carry, or when the buffer is missing or too short;
- * what is in the buffer then is not to be used.
+ * not valid or of another category, when there is nothing that it can carry, or when the buffer is missing or too
+ * short; what is in the buffer then is not to be used.
  *
  * What has no place in the other category, or does not fit its field, is left out. Where both have a field in the same
  * scale its octets are taken over. What becomes what, and how it comes back:

@@ -133,15 +133,15 @@ struct SameWarning {
 };
 
 constexpr SameWarning kSameWarnings[] = {
-    {1, 2},  // reflection
-    {2, 3},  // side lobe
-    {3, 4},  // split plot
-    {4, 5},  // second time around
-    {5, 6},  // angel
-    {6, 7},  // road traffic
-    {7, 80}, // fixed PSR plot
-    {8, 81}, // slow PSR plot
-    {9, 82}, // low quality PSR plot
+    {1, 2},   // reflection
+    {2, 3},   // side lobe
+    {3, 4},   // split plot
+    {4, 5},   // second time around
+    {5, 6},   // angel
+    {6, 7},   // road traffic
+    {7, 80},  // fixed PSR plot
+    {8, 81},  // slow PSR plot
+    {9, 82},  // low quality PSR plot
     {10, 66}, // phantom SSR plot
     {11, 64}, // Mode 3/A code
     {12, 65}, // Mode C code
@@ -199,8 +199,8 @@ void add_descriptor_001(Draft &draft, const ast_datarecord_t *source, bool is_tr
 
 void add_positions_001(Draft &draft, const ast_datarecord_t *source) {
     const auto polar = ast_dataitem_048_040_decode(first_item(source, 48040));
-    draft.encode(1040, ast_dataitem_001_040_t{
-                           .valid = polar.valid, .rho_raw = polar.rho_raw / 2, .theta_raw = polar.theta_raw});
+    draft.encode(
+        1040, ast_dataitem_001_040_t{.valid = polar.valid, .rho_raw = polar.rho_raw / 2, .theta_raw = polar.theta_raw});
     const ast_dataitem_t *const item = first_item(source, 48042);
     if (!ast_dataitem_048_042_decode(item).valid) return;
     draft.encode(1042, ast_value_pair_t{.valid = true,
@@ -277,9 +277,13 @@ void add_positions_048(Draft &draft, const ast_datarecord_t *source) {
 }
 
 void add_signal_048(Draft &draft, const ast_datarecord_t *source, const ast_dataitem_001_020_t &report) {
+    constexpr int32_t kLeastCal = -512;
+    constexpr int32_t kMostCal = 511;
+    constexpr int32_t kRoundedBy = 4; // half a unit of I001/120, in metres per second
     const auto doppler = ast_dataitem_001_120_decode(first_item(source, 1120));
-    const int32_t cal = rounded_units(doppler.value / kKnotsPerMPerS);
-    if (doppler.valid && fits_signed(cal, kCalBits)) {
+    const int32_t speed = rounded_units(doppler.value / kKnotsPerMPerS);
+    const int32_t cal = std::clamp(speed, kLeastCal, kMostCal);
+    if (doppler.valid && std::abs(speed - cal) <= kRoundedBy) {
         uint8_t octets[] = {placed(true, 8), 0, 0}; // CAL alone
         write_u16(octets + 1, bits(static_cast<uint32_t>(cal), kCalBits, 1));
         draft.write(48120, octets, sizeof octets);
@@ -301,8 +305,8 @@ void add_track_048(Draft &draft, const ast_datarecord_t *source, const ast_datai
     if (!status.valid) return;
     const uint32_t rad = status.rad == 0 ? kPsr : report.ssr_psr == kCombined ? 0 : kSsr;
     uint8_t octets[] = {
-        static_cast<uint8_t>(placed(status.con, 8) | placed(rad, 7, 6) | placed(status.dou, 5) |
-                             placed(status.man, 4) | placed(kVerticalUnknown, 3, 2)),
+        static_cast<uint8_t>(placed(status.con, 8) | placed(rad, 7, 6) | placed(status.dou, 5) | placed(status.man, 4) |
+                             placed(kVerticalUnknown, 3, 2)),
         static_cast<uint8_t>(placed(status.tre, 8) | placed(status.gho, 7)),
     };
     draft.write(48170, octets, chain_to_last(octets, std::size(octets)));
@@ -328,8 +332,7 @@ ast_datarecord_t ast_datarecord_convert_048_001(uint8_t *buffer, uint64_t length
         add_positions_001(draft, from);
         add_signal_001(draft, from);
         const auto time = ast_dataitem_time_of_day_decode(first_item(from, 48140));
-        draft.encode(1141,
-                     ast_scaled_value_t{.valid = time.valid, .raw = static_cast<int32_t>(bits(time.raw, 16, 1))});
+        draft.encode(1141, ast_scaled_value_t{.valid = time.valid, .raw = static_cast<int32_t>(bits(time.raw, 16, 1))});
         add_track_001(draft, from, number);
     });
 }

@@ -20,7 +20,6 @@ TEST(Cat002Accessors, KnowNorthAndSector) {
     EXPECT_EQ(ast_datarecord_get_msgtype(Record(2, {{2000, "01"}})), AST_MSGTYPE_NORTH);
     EXPECT_EQ(ast_datarecord_get_msgtype(Record(2, {{2000, "02"}})), AST_MSGTYPE_SECTOR);
     EXPECT_FALSE(ast_datarecord_002_get_msgtype(Record(2, {{2000, "03"}})).valid);
-    EXPECT_EQ(ast_datarecord_get_timeofday(Record(2, {{2030, "58 78 40"}})).hour, 12U);
 }
 
 TEST(Cat002Flat, GoesBothWays) {
@@ -28,7 +27,6 @@ TEST(Cat002Flat, GoesBothWays) {
     const auto record = ast_datarecord_decode(data.data(), data.size(), 2, AST_UAP_STANDARD);
     ast_datarecord_002_t flat;
     ASSERT_TRUE(ast_datarecord_002_disassemble(&flat, &record)->valid);
-    EXPECT_TRUE(flat.sector.value == 45 && flat.antenna_rotation_period.value == 4);
     std::vector<uint8_t> buffer(data.size());
     EXPECT_TRUE(ast_datarecord_002_assemble(buffer.data(), buffer.size(), &flat, AST_UAP_STANDARD).valid);
     EXPECT_EQ(buffer, data);

@@ -6,10 +6,11 @@ using namespace ast_test;
 namespace {
 
 TEST(Cat010TargetReport, ViewsGiveTheOctetsThatAreThere) {
-    expect_summaries(10020, "00 = TYPE:SSR_MLAT CHN1; 28 = TYPE:MODE_S_MLAT CHN2; 61 00 = TYPE:PSR CHN1; "
-                            "56 = TYPE:ADS-B CHN1 DCR GBS CRT; 41 EC = TYPE:ADS-B SIM CHN1 RAB TST LOOP_START "
-                            "GROUND_VEHICLE; 81 03 80 = TYPE:MAGNETIC_LOOP CHN1 SPI AIRCRAFT; A1 16 = TYPE:HF_MLAT CHN1 "
-                            "LOOP_FINISH HELICOPTER");
+    expect_summaries(10020,
+                     "00 = TYPE:SSR_MLAT CHN1; 28 = TYPE:MODE_S_MLAT CHN2; 61 00 = TYPE:PSR CHN1; "
+                     "56 = TYPE:ADS-B CHN1 DCR GBS CRT; 41 EC = TYPE:ADS-B SIM CHN1 RAB TST LOOP_START "
+                     "GROUND_VEHICLE; 81 03 80 = TYPE:MAGNETIC_LOOP CHN1 SPI AIRCRAFT; A1 16 = TYPE:HF_MLAT CHN1 "
+                     "LOOP_FINISH HELICOPTER");
     expect_values(10020, "56 = ADS-B|1|1|1|1|0; 41 ED 80 = ADS-B|0|1|0|0|1|1|1|1|LOOP_START|GROUND_VEHICLE|1|1|0|0");
     constexpr EncodeCase<ast_dataitem_010_020_t> kCases[] = {
         {"one octet", {.valid = true, .typ = 2, .chn = 2, .gbs = true}, "4C"},
@@ -43,8 +44,11 @@ TEST(Cat010TrackStatus, ViewsGiveTheOctetsThatAreThere) {
 }
 
 TEST(Cat010Accessors, ConvertToCommonUnits) {
-    const Record target(10, {{10040, "07 3C 40 00"}, {10041, "20 00 00 00 C0 00 00 00"}, {10091, "00 10"},
-                             {10200, "04 00 20 00"}, {10202, "00 04 FF FC"}});
+    const Record target(10, {{10040, "07 3C 40 00"},
+                             {10041, "20 00 00 00 C0 00 00 00"},
+                             {10091, "00 10"},
+                             {10200, "04 00 20 00"},
+                             {10202, "00 04 FF FC"}});
     EXPECT_EQ(ast_datarecord_get_msgtype(target), AST_MSGTYPE_SURFACE);
     EXPECT_EQ(ast_datarecord_get_polarcoord(target).rho_nm, 1);
     EXPECT_EQ(ast_datarecord_get_wgs84coord(target).latitude_deg, 45);

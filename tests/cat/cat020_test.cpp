@@ -57,8 +57,11 @@ TEST(Cat020Devices, AreNumberedFromTheLastBit) {
 }
 
 TEST(Cat020Accessors, FindTheirItems) {
-    const Record target(20, {{20041, "00 80 00 00 FF 80 00 00"}, {20105, "00 20"}, {20110, "00 10"},
-                             {20220, "3C 65 AC"}, {20245, "40 2C C3 71 CB 3D 20"}});
+    const Record target(20, {{20041, "00 80 00 00 FF 80 00 00"},
+                             {20105, "00 20"},
+                             {20110, "00 10"},
+                             {20220, "3C 65 AC"},
+                             {20245, "40 2C C3 71 CB 3D 20"}});
     EXPECT_EQ(ast_datarecord_get_msgtype(target), AST_MSGTYPE_MLAT);
     EXPECT_EQ(ast_datarecord_get_wgs84coord(target).latitude_deg, 45);
     EXPECT_EQ(ast_datarecord_get_flightlevel(target).value, 100) << "the measured height before the geometric one";

@@ -35,9 +35,9 @@ std::vector<uint8_t> converted(const Direction &direction, const std::vector<uin
 }
 
 // A track with an item for every row of the table of what becomes what, and one that stays out.
-constexpr char kTrack[] = "FF 9F 74 19 0C 58 78 40 ED 98 01 81 40 00 0F C0 3F FE 20 C8 "  // FRN 1-7
-                          "3C 65 AC 01 23 FF FD 00 05 04 00 80 00 93 C0 "                 // FRN 8-14
-                          "03 21 10 0A 55 CA 55 05 AA 80 00 48";                          // FRN 16-20
+constexpr char kTrack[] = "FF 9F 74 19 0C 58 78 40 ED 98 01 81 40 00 0F C0 3F FE 20 C8 "             // FRN 1-7
+                          "3C 65 AC 01 23 FF FD 00 05 04 00 80 00 93 C0 "                            // FRN 8-14
+                          "03 21 10 0A 55 CA 55 05 AA 80 00 48";                                     // FRN 16-20
 constexpr char kOldTrack[] = "FF DD 68 19 0C B5 F8 01 23 00 C0 40 00 FF FF 00 02 04 00 80 00 0F C0 " // FRN 1-7
                              "3F FE 78 40 C8 0A DB 80 "                                              // FRN 8-13
                              "0A 55 CA 55 05 AA 05 A2";                                              // FRN 16-19
@@ -90,8 +90,8 @@ TEST(Convert, WhatDoesNotFitIsLeftOut) {
     // Track 4096, a range of 256 NM, x of 256 NM, a Doppler speed of -1800 kt.
     EXPECT_EQ(converted(k001To048, octets("79 08 80 10 00 80 00 00 00 40 00 00 00 80")), octets("20 00"));
     EXPECT_EQ(converted(k001To048, octets("40 00")), octets("20 00"));
-    EXPECT_EQ(converted(k048To001, octets("01 01 04 80 80 48")), octets(""));        // a doubtful Doppler speed
-    EXPECT_EQ(converted(k048To001, octets("01 01 40 20")), octets(""));                 // a warning of Mode S
+    EXPECT_EQ(converted(k048To001, octets("01 01 04 80 80 48")), octets("")); // a doubtful Doppler speed
+    EXPECT_EQ(converted(k048To001, octets("01 01 40 20")), octets(""));       // a warning of Mode S
 }
 
 TEST(Convert, ServiceMessages) {

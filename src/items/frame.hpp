@@ -125,6 +125,15 @@ constexpr uint64_t needed_room() {
         return kLeastOctets<I>;
 }
 
+// The most octets that an encoder writes: those of its size rule, unless it repeats elements and says so.
+template <typename I>
+constexpr uint64_t most_octets() {
+    if constexpr (requires { I::kMostOctets; })
+        return I::kMostOctets;
+    else
+        return I::kSize.octets;
+}
+
 // Writes the octets of a valid value and returns how many they are, 0 when the value is refused.
 template <typename I>
 uint64_t write(uint8_t *octets, typename I::Value &value, ast_dataitem_type_t type) {
@@ -154,7 +163,7 @@ void encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length, const ast_
     result->type = source->type;
     result->size = kLeastOctets<I>;
     if (!value || !value->valid || !buffer || length < needed_room<I>()) return;
-    uint8_t octets[I::kSize.octets];
+    uint8_t octets[most_octets<I>()];
     const uint64_t size = write<I>(octets, *value, source->type);
     if (size == 0 || size > length) return;
     copy_octets(buffer, octets, size);

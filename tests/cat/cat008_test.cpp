@@ -19,16 +19,18 @@ TEST(Cat008Qualifier, HasItsFlagsInTheSecondOctet) {
 }
 
 TEST(Cat008Vectors, AreAsManyAsTheirCountSays) {
-    expect_summaries(8034, "02 00 01 40 00 02 FF FF FF = POLAR_VECTORS:2; 02 00 01 40 00 02 FF FF = ; 00 = POLAR_VECTORS:0; 00 00 = ");
+    expect_summaries(
+        8034,
+        "02 00 01 40 00 02 FF FF FF = POLAR_VECTORS:2; 02 00 01 40 00 02 FF FF = ; 00 = POLAR_VECTORS:0; 00 00 = ");
     EXPECT_EQ(ast_dataitem_008_034_decode(Item(8034, "02 00 01 40 00 02 FF FF")).count, 0U);
     expect_table(8034, "02 00 01 40 00 02 FF FF FF",
                  "Vector|Start Range|End Range|Azimuth (deg); 1|0|1|90.0000; 2|2|255|359.9945");
     expect_table(8036, "01 80 7F FF", "Vector|X-Component|Y-Component|Length; 1|-128|127|255");
-    expect_table(8038, "01 FF 01 80 7F",
-                 "Vector|X1-Component|Y1-Component|X2-Component|Y2-Component; 1|-1|1|-128|127");
+    expect_table(8038, "01 FF 01 80 7F", "Vector|X1-Component|Y1-Component|X2-Component|Y2-Component; 1|-1|1|-128|127");
     expect_table(8050, "02 FF 01 80 7F", "Point|X-Component|Y-Component; 1|-1|1; 2|-128|127");
-    EXPECT_TRUE(detail_of(8034, "00").ends_with("</table><br/><p>Range values are raw: LSB = 2^(-7+f) NM, f is a "
-                                                "parameter of the SOP message (I008/100).</p>"));
+    EXPECT_TRUE(detail_of(8034, "00")
+                    .ends_with("</table><br/><p>Range values are raw: LSB = 2^(-7+f) NM, f is a "
+                               "parameter of the SOP message (I008/100).</p>"));
     auto most = repeated("FF", 511);
     EXPECT_EQ(ast_dataitem_008_050_decode(Item(8050, most)).points[254].y, -1);
 }
@@ -40,7 +42,8 @@ TEST(Cat008Contour, SaysWhichRecordOfItItIs) {
 }
 
 TEST(Cat008Status, GivesScaleStageAndParameters) {
-    expect_summaries(8100, "F8 00 02 = F:-1 R:0 Q:1; 87 FF FE = F:-16 R:7 Q:32767; 7C 01 01 00 = F:15 R:4 Q:128; F8 00 = ");
+    expect_summaries(8100,
+                     "F8 00 02 = F:-1 R:0 Q:1; 87 FF FE = F:-16 R:7 Q:32767; 7C 01 01 00 = F:15 R:4 Q:128; F8 00 = ");
     expect_values(8100, "F8 00 02 = -1|0(Normal operation)|1 (0x0001)|; 09 FF FF 01 A0 = 1|1|32767 (0x7FFF)|01 A0");
     expect_summaries(8110, "81 02 = BIN:10000001 00000010");
     EXPECT_EQ(detail_of(8110, "81 02"), "<p>Application dependent data (2 octets)</p>");

@@ -34,9 +34,6 @@ AST_API ast_dataitem_008_020_t ast_dataitem_008_020_decode(const ast_dataitem_t 
 AST_API void ast_dataitem_008_020_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
 AST_API void ast_dataitem_008_020_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
 
-/** How many vectors or points one item holds at most. */
-#define AST_008_MAX_ELEMENTS 255
-
 /** I008/034, polar vectors. Not valid, as the next and I008/050, where the octets are not as many as the count says. */
 typedef struct {
     bool valid;
@@ -46,7 +43,7 @@ typedef struct {
         uint32_t end_range;
         uint32_t azimuth_raw; /* LSB 360/2^16 degrees */
         double azimuth_deg;
-    } vectors[AST_008_MAX_ELEMENTS];
+    } vectors[AST_REPETITIONS_MAX];
 } ast_dataitem_008_034_t;
 AST_API ast_dataitem_008_034_t ast_dataitem_008_034_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_008_034_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -60,7 +57,7 @@ typedef struct {
         int32_t x; /* LSB 2^(f-6) NM, as the next two */
         int32_t y;
         uint32_t length;
-    } vectors[AST_008_MAX_ELEMENTS];
+    } vectors[AST_REPETITIONS_MAX];
 } ast_dataitem_008_036_t;
 AST_API ast_dataitem_008_036_t ast_dataitem_008_036_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_008_036_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -75,7 +72,7 @@ typedef struct {
         int32_t y1;
         int32_t x2;
         int32_t y2;
-    } vectors[AST_008_MAX_ELEMENTS];
+    } vectors[AST_REPETITIONS_MAX];
 } ast_dataitem_008_038_t;
 AST_API ast_dataitem_008_038_t ast_dataitem_008_038_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_008_038_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -100,7 +97,7 @@ typedef struct {
     struct {
         int32_t x; /* LSB 2^(f-6) NM, as the next */
         int32_t y;
-    } points[AST_008_MAX_ELEMENTS];
+    } points[AST_REPETITIONS_MAX];
 } ast_dataitem_008_050_t;
 AST_API ast_dataitem_008_050_t ast_dataitem_008_050_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_008_050_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);

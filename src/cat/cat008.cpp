@@ -4,7 +4,7 @@
 #include "core/bits.hpp"
 #include "items/items.hpp"
 #include "items/message_type.hpp"
-#include "items/repetition.hpp"
+#include "items/repetitive.hpp"
 #include "items/units.hpp"
 
 using namespace ast;
@@ -87,10 +87,8 @@ int32_t signed_octet(uint8_t octet) { return twos_complement(octet, 8); }
 template <typename Own, ast_dataitem_type_t Type, typename SequenceValue, SizeRule Rule>
 struct Sequence : Item<Type, SequenceValue, Rule> {
     static bool read(SequenceValue &sequence, const ast_dataitem_t &item) {
-        sequence.count = item.data[0];
-        return each_element(item, Rule, [&](uint32_t place, const uint8_t *octets) {
-            Own::read_one((sequence.*Own::kElements)[place], octets);
-        });
+        return read_elements<Own>(sequence.*Own::kElements, sequence.count, item,
+                                  [](auto &element, const uint8_t *octets) { Own::read_one(element, octets); });
     }
 
     static void summarize(TextWriter &out, const SequenceValue &sequence) {

@@ -1,12 +1,11 @@
 // Category 240: radar video, in blocks of cell amplitudes per azimuth sector.
 
 #include <cmath>
-#include <cstring>
 
 #include "core/bits.hpp"
 #include "items/accessors.hpp"
 #include "items/message_type.hpp"
-#include "items/repetition.hpp"
+#include "items/repetitive.hpp"
 #include "items/units.hpp"
 
 using namespace ast;
@@ -105,10 +104,8 @@ AST_DEFINE_SUMMARY(I240_020, ast_dataitem_240_020_get_summary)
 
 struct I240_030 : Item<240030, ast_dataitem_240_030_t, repetitive<1>> {
     static bool read(Value &summary, const ast_dataitem_t &item) {
-        if (!is_whole_repetition(item, kSize)) return false;
-        summary.length = item.data[0];
-        std::memcpy(summary.text, item.data + 1, summary.length);
-        return summary.length != 0;
+        const auto read_one = [](char &character, const uint8_t *octets) { character = static_cast<char>(octets[0]); };
+        return read_elements<I240_030>(summary.text, summary.length, item, read_one) && summary.length != 0;
     }
 
     static void summarize(TextWriter &out, const Value &summary) {
@@ -258,7 +255,7 @@ struct VideoBlock : Item<Type, BlockValue, repetitive<ElementOctets>> {
 
     // The octets with cells are the first ones of the item, however they are repeated.
     static bool read(BlockValue &block, const ast_dataitem_t &item) {
-        if (!is_whole_repetition(item, repetitive<ElementOctets>)) return false;
+        if (item.size != 1 + uint64_t{ElementOctets} * item.data[0]) return false;
         block.length = uint64_t{item.data[0]} * CellOctets;
         copy_octets(block.octets, item.data + 1, block.length);
         return true;

@@ -50,8 +50,7 @@ TEST_F(Cat240Video, BlocksAreShownWithWhatTheHeadersSaid) {
     const std::string view = text_from(ast_dataitem_get_detail_html, static_cast<const ast_dataitem_t *>(block));
     EXPECT_EQ(view.find("<p>2 valid (non empty) video cells.</p><p>Video resolution is 8-bits.</p><table"), 0U);
     EXPECT_EQ(table_of(view), "Number|Range|Amptitude Value|Amptitude Relative; 2|254.82|16|6.25%; 4|284.80|32|12.50%");
-    EXPECT_EQ(log.take(),
-              (LogLines{{1, "Cell ID=2, Range=.2f, Amp=16."}, {1, "Cell ID=4, Range=.2f, Amp=32."}}));
+    EXPECT_EQ(log.take(), (LogLines{{1, "Cell ID=2, Range=.2f, Amp=16."}, {1, "Cell ID=4, Range=.2f, Amp=32."}}));
     g_video_resolution = 3;
     EXPECT_EQ(text_from(ast_dataitem_get_detail_html, static_cast<const ast_dataitem_t *>(block)), "");
     EXPECT_EQ(log.take(), (LogLines{{3, "Unsupported video resolution 3-bits."}}));
@@ -65,7 +64,8 @@ TEST_F(Cat240Video, LargeBlocksLoseTwoOctetsOfEachRepetition) {
     const auto block = ast_dataitem_240_052_decode(Item(240052, data));
     EXPECT_TRUE(block.valid && block.length == 254 && block.octets[253] == 7);
     g_video_resolution = 4;
-    EXPECT_EQ(text_from(ast_dataitem_get_summary, static_cast<const ast_dataitem_t *>(Item(240052, data))), "OCTET:256, CELL:254");
+    EXPECT_EQ(text_from(ast_dataitem_get_summary, static_cast<const ast_dataitem_t *>(Item(240052, data))),
+              "OCTET:256, CELL:254");
 }
 
 TEST_F(Cat240Video, CellsEndWhereTheRecordIsFull) {

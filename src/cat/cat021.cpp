@@ -15,6 +15,18 @@ namespace {
 
 constexpr uint32_t kAngleUnits = 65536; // per full circle
 
+// An item whose detail view is one table, which stays without rows when the item cannot be read.
+template <ast_dataitem_type_t Type, typename Value, SizeRule Rule>
+struct Tabled : Item<Type, Value, Rule> {
+    static void show_unread(HtmlWriter &html) { DetailTable table(html, "Bit", "Item", "Value"); }
+};
+
+// The same with another title of the second column.
+template <ast_dataitem_type_t Type, typename Value, SizeRule Rule>
+struct TabledByName : Item<Type, Value, Rule> {
+    static void show_unread(HtmlWriter &html) { DetailTable table(html, "Bit", "Name", "Value"); }
+};
+
 // A text that stands only when its flag is set.
 struct Word {
     bool flag;
@@ -56,7 +68,7 @@ bool write_signed(uint8_t *octets, int32_t raw) {
 
 // ---- I021/008 Aircraft Operational Status ----
 
-struct I021_008 : Item<21008, ast_dataitem_021_008_t, fixed<1>> {
+struct I021_008 : Tabled<21008, ast_dataitem_021_008_t, fixed<1>> {
     static void read(Value &status, const uint8_t *octets) {
         status.ra = bit(octets[0], 8);
         status.ts = bit(octets[0], 5);
@@ -125,7 +137,7 @@ AST_DEFINE_SUMMARY(I021_016, ast_dataitem_021_016_get_summary)
 
 // ---- I021/020 Emitter Category ----
 
-struct I021_020 : Item<21020, ast_dataitem_021_020_t, fixed<1>> {
+struct I021_020 : Tabled<21020, ast_dataitem_021_020_t, fixed<1>> {
     static void read(Value &emitter, const uint8_t *octets) {
         emitter.emitter_category = ast_emitter_category_from_int(octets[0]);
     }
@@ -153,7 +165,7 @@ AST_DEFINE_ENCODE(I021_020, ast_dataitem_021_020_encode)
 
 // ---- I021/032 Time of Day Accuracy ----
 
-struct I021_032 : Item<21032, ast_dataitem_021_032_t, fixed<1>> {
+struct I021_032 : Tabled<21032, ast_dataitem_021_032_t, fixed<1>> {
     static constexpr double kLsbS = 1.0 / 256;
 
     static void read(Value &time, const uint8_t *octets) {
@@ -193,7 +205,7 @@ const char *capability_text(uint32_t capability) {
 
 } // namespace
 
-struct I021_040 : Item<21040, ast_dataitem_021_040_t, extended<3>> {
+struct I021_040 : TabledByName<21040, ast_dataitem_021_040_t, extended<3>> {
     static void read(Value &report, const ast_dataitem_t &item) {
         read_first(report, item.data[0]);
         if (item.size >= 2) read_second(report, item.data[1]);
@@ -282,7 +294,7 @@ AST_DEFINE_ENCODE(I021_040, ast_dataitem_021_040_encode)
 
 // ---- I021/090 Quality Indicators ----
 
-struct I021_090 : Item<21090, ast_dataitem_021_090_t, extended<4>> {
+struct I021_090 : Tabled<21090, ast_dataitem_021_090_t, extended<4>> {
     // The fields of the extensions, in their order: where each stands, and how it is called.
     struct Field {
         ast_optional_field_t Value::*member;
@@ -379,7 +391,7 @@ AST_DEFINE_COMPOUND(kItem110, 21110, kTrajectoryIntent, ast_dataitem_021_110_get
 
 // ---- I021/140 Geometric Altitude ----
 
-struct I021_140 : Item<21140, ast_dataitem_021_140_t, fixed<2>> {
+struct I021_140 : Tabled<21140, ast_dataitem_021_140_t, fixed<2>> {
     static void read(Value &altitude, const uint8_t *octets) {
         altitude.raw = read_signed(octets);
         altitude.altitude_ft = altitude.raw * kVerticalLsbFt;
@@ -419,7 +431,7 @@ void write_level_rows(DetailTable &table, const char *bit_label, int32_t raw) {
 
 } // namespace
 
-struct I021_145 : Item<21145, ast_dataitem_021_145_t, fixed<2>> {
+struct I021_145 : Tabled<21145, ast_dataitem_021_145_t, fixed<2>> {
     static void read(Value &level, const uint8_t *octets) {
         level.raw = read_signed(octets);
         level.altitude_ft = level.raw * kLevelLsbFt;
@@ -444,7 +456,7 @@ AST_DEFINE_ENCODE(I021_145, ast_dataitem_021_145_encode)
 
 // ---- I021/146 Selected Altitude ----
 
-struct I021_146 : Item<21146, ast_dataitem_021_146_t, fixed<2>> {
+struct I021_146 : Tabled<21146, ast_dataitem_021_146_t, fixed<2>> {
     static void read(Value &selected, const uint8_t *octets) {
         selected.sas = bit(octets[0], 8);
         selected.source = ast_selected_altitude_source_from_int(bits(octets[0], 7, 6));
@@ -475,7 +487,7 @@ constexpr double kSpeedLsbKt = 3600.0 / 16384; // 2^-14 NM/s
 
 } // namespace
 
-struct I021_150 : Item<21150, ast_dataitem_021_150_t, fixed<2>> {
+struct I021_150 : Tabled<21150, ast_dataitem_021_150_t, fixed<2>> {
     static constexpr double kMachLsb = 0.001;
 
     static void read(Value &speed, const uint8_t *octets) {
@@ -533,7 +545,7 @@ void write_speed_rows(DetailTable &table, const char *bit_label, const char *nam
 
 } // namespace
 
-struct I021_151 : Item<21151, ast_dataitem_021_151_t, fixed<2>> {
+struct I021_151 : Tabled<21151, ast_dataitem_021_151_t, fixed<2>> {
     static void read(Value &speed, const uint8_t *octets) {
         speed.re = bit(octets[0], 8);
         speed.speed_kt = field(octets, 2, 16);
@@ -552,7 +564,7 @@ AST_DEFINE_VIEWS(I021_151, ast_dataitem_021_151_get_summary, ast_dataitem_021_15
 
 // ---- I021/152 Magnetic Heading ----
 
-struct I021_152 : Item<21152, ast_dataitem_021_152_t, fixed<2>> {
+struct I021_152 : Tabled<21152, ast_dataitem_021_152_t, fixed<2>> {
     static void read(Value &heading, const uint8_t *octets) {
         heading.raw = read_u16(octets);
         heading.heading_deg = heading.raw * kFullCircleDeg / kAngleUnits;
@@ -572,7 +584,7 @@ AST_DEFINE_VIEWS(I021_152, ast_dataitem_021_152_get_summary, ast_dataitem_021_15
 
 // ---- I021/160 Ground Vector ----
 
-struct I021_160 : Item<21160, ast_dataitem_021_160_t, fixed<4>> {
+struct I021_160 : Tabled<21160, ast_dataitem_021_160_t, fixed<4>> {
     // RE is the sign bit of the speed as well, so an exceeded range reads as a negative speed; users rely on it.
     static void read(Value &vector, const uint8_t *octets) {
         vector.re = bit(octets[0], 8);
@@ -648,7 +660,7 @@ AST_DEFINE_ENCODE(I021_200, ast_dataitem_021_200_encode)
 
 // ---- I021/210 MOPS Version ----
 
-struct I021_210 : Item<21210, ast_dataitem_021_210_t, fixed<1>> {
+struct I021_210 : TabledByName<21210, ast_dataitem_021_210_t, fixed<1>> {
     static constexpr uint32_t kUnknownLink = 4; // stands for the unassigned ones behind it, too
 
     static void read(Value &mops, const uint8_t *octets) {
@@ -783,7 +795,7 @@ AST_DEFINE_SUMMARY(I021_400, ast_dataitem_021_400_get_summary)
 
 // ---- I021/040 Target Report Descriptor, editions 0.23 to 0.26 ----
 
-struct I021_A03 : Item<21903, ast_dataitem_021_A03_t, fixed<2>> {
+struct I021_A03 : TabledByName<21903, ast_dataitem_021_A03_t, fixed<2>> {
     // The values are those of later editions, where the first two are the other way round.
     static uint32_t swapped(uint32_t address_type) { return address_type < 2 ? 1 - address_type : address_type; }
 
@@ -838,7 +850,7 @@ AST_DEFINE_ENCODE(I021_A03, ast_dataitem_021_A03_encode)
 
 // ---- I021/090 Figure of Merit, editions 0.23 to 0.26 ----
 
-struct I021_A05 : Item<21905, ast_dataitem_021_A05_t, fixed<2>> {
+struct I021_A05 : Tabled<21905, ast_dataitem_021_A05_t, fixed<2>> {
     static void read(Value &merit, const uint8_t *octets) {
         merit.ac = ast_acas_status_from_int(bits(octets[0], 8, 7));
         merit.mn = ast_multi_navids_status_from_int(bits(octets[0], 6, 5));
@@ -870,7 +882,7 @@ AST_DEFINE_ENCODE(I021_A05, ast_dataitem_021_A05_encode)
 
 // ---- I021/210 Link Technology Indicator, editions 0.23 to 0.26 ----
 
-struct I021_A06 : Item<21906, ast_dataitem_021_A06_t, fixed<1>> {
+struct I021_A06 : Tabled<21906, ast_dataitem_021_A06_t, fixed<1>> {
     static void read(Value &link, const uint8_t *octets) {
         link.cdti = bit(octets[0], 5);
         link.mds = bit(octets[0], 4);

@@ -30,8 +30,8 @@ if(size_octets LESS 100000 OR size_octets GREATER 101000)
 endif()
 
 if(ASTDUMP)
-  execute_process(COMMAND ${ASTDUMP} ${READ} --stats first.pcap sized.ast WORKING_DIRECTORY ${DIRECTORY} OUTPUT_VARIABLE stats
-                  COMMAND_ERROR_IS_FATAL ANY)
+  execute_process(COMMAND ${ASTDUMP} ${READ} --stats first.pcap sized.ast WORKING_DIRECTORY ${DIRECTORY}
+                  OUTPUT_VARIABLE stats COMMAND_ERROR_IS_FATAL ANY)
   foreach(item IN LISTS ITEMS)
     if(NOT stats MATCHES "${item}")
       message(FATAL_ERROR "no ${item} in the recording:\n${stats}")

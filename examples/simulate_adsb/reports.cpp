@@ -1,5 +1,6 @@
 #include "reports.hpp"
 
+#include <algorithm>
 #include <cmath>
 #include <stdexcept>
 

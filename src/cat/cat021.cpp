@@ -1,6 +1,7 @@
 // Category 021: ADS-B target reports, editions 0.23 to 2.4.
 
 #include <algorithm>
+#include <cstdlib>
 #include <initializer_list>
 
 #include "core/bits.hpp"

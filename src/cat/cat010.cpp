@@ -122,7 +122,7 @@ AST_DEFINE_ENCODE(I010_040, ast_dataitem_010_040_encode)
 
 // ---- I010/042 Position in Cartesian Co-ordinates ----
 
-struct I010_042 : ScaledPair<10042, Scale{2, true, 1, 1}> { // metres
+struct I010_042 : ScaledPairItem<10042, FieldScale{2, true, 1, 1}> { // metres
     static void summarize(TextWriter &out, const Value &position) {
         out.print("X:%.1f Y:%.1f LSB:M", position.value_1, position.value_2);
     }

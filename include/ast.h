@@ -21,8 +21,9 @@
  *   a null buffer nothing is written. Numbers in it look the same whatever the host's locale is. Functions that return
  *   a text return a constant, or a buffer that belongs to the calling thread and that the same function's next call on
  *   that thread overwrites; never free it.
- * - Every function may be called from any thread at any time. Options, log sink, lookups and HTML flavour are shared by
- *   the whole process; set them before other threads decode if all of them are to see the same settings.
+ * - Every function may be called from any thread at any time, but for some of cat240.h. Options, log sink, lookups and
+ *   HTML flavour are shared by the whole process; set them before other threads decode if all of them are to see the
+ *   same settings.
  * - Octets of an item are counted from 1 in the order of transmission, bits from 8 (most significant) to 1 within an
  *   octet, and multi-octet fields are big-endian, as in the category documents.
  *

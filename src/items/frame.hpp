@@ -16,9 +16,10 @@
 //     constexpr ItemRow kItems[] = {own<I048_040>("Measured Position in Polar Co-ordinates"), ...};
 //
 // Each of the four may be left out. `read` gets octets that the size rule accepts, and may return false for others that
-// are no such item; summarize and show get valid values only. Where the octets and the value do not say all, they may
-// take the item (its size, its type) as a further argument, and `read` takes it in place of the octets. `write` may
-// take the type, and returns how many octets it wrote where that varies.
+// are no such item; summarize and show get valid values only, and an item may have a `show_unread` for others. Where
+// the octets and the value do not say all, they may take the item (its size, its type) as a further argument, and
+// `read` takes it in place of the octets. `write` may take the type, and returns how many octets it wrote where that
+// varies.
 #pragma once
 
 #include <type_traits>
@@ -100,6 +101,8 @@ template <typename I>
 void show(char *text, uint64_t capacity, const ast_dataitem_t *item) {
     HtmlWriter html(text, capacity);
     const auto value = decode<I>(item);
+    if constexpr (requires { I::show_unread(html); })
+        if (!value.valid) I::show_unread(html);
     if (!value.valid) return;
     if constexpr (requires { I::show(html, value, *item); })
         I::show(html, value, *item);

@@ -3,6 +3,7 @@
 #include "cat/flat.hpp"
 #include "items/accessors.hpp"
 #include "items/items.hpp"
+#include "items/message_type.hpp"
 #include "items/radar_position.hpp"
 #include "items/scaled.hpp"
 #include "items/target_size.hpp"
@@ -11,9 +12,7 @@ using namespace ast;
 
 // ---- I010/000 Message Type ----
 
-struct I010_000 : Item<10000, ast_uint_value_t, items::message_type.size> {
-    static void read(Value &type, const uint8_t *octets) { type.value = octets[0]; }
-
+struct I010_000 : MessageType<10000> {
     static void summarize(TextWriter &out, const Value &type) {
         static constexpr const char *kTypes[] = {"UNDEFINED", "TARGET_REPORT", "START_OF_UPDATE_CYCLE",
                                                  "PERIODIC_STATUS", "EVENT_STATUS"};

@@ -7,8 +7,8 @@ namespace astdump {
 
 namespace {
 
-constexpr int kIndent = 14; // below the names of the items
-constexpr int kIndentStep = 2;
+constexpr size_t kIndent = 14; // below the names of the items
+constexpr size_t kIndentStep = 2;
 constexpr size_t kGapChars = 2;
 
 // Subfields without a view of their own have a title alone; the table of subfields names them, too.
@@ -54,43 +54,45 @@ std::string row_text(const ViewPart::Row &row, const std::vector<size_t> &widths
 
 } // namespace
 
-void Detail::item(const ast_dataitem_t &item) {
+void Detail::item(TextBuffer &out, const ast_dataitem_t &item) {
     below_title_ = false;
     std::vector<ViewPart> parts = read_view(views_.show(ast_dataitem_get_detail_html, item));
     drop_lone_titles(parts);
     for (ViewPart &part : parts) {
         switch (part.kind) {
         case ViewPart::Kind::title:
-            title(part.text);
+            title(out, part.text);
             break;
         case ViewPart::Kind::paragraph:
-            line(part.text);
+            line(out, part.text);
             break;
         case ViewPart::Kind::table:
-            table(std::move(part));
+            table(out, std::move(part));
             break;
         }
     }
 }
 
-void Detail::title(const std::string &text) {
+void Detail::title(TextBuffer &out, const std::string &text) {
     below_title_ = false;
-    line(style_.on(Color::heading) + text + style_.off());
+    line(out, style_.on(Color::heading) + text + style_.off());
     below_title_ = true;
 }
 
 // Columns of ranges, items and values explain themselves.
-void Detail::table(ViewPart table) {
+void Detail::table(TextBuffer &out, ViewPart table) const {
     drop_empty_rows(table);
     blank_missing_summaries(table);
     const bool headed = !table.header.empty() && table.header.back() != "Value" && !table.rows.empty();
     const std::vector<size_t> widths = column_widths(table, headed);
-    if (headed) line(style_.on(Color::dim) + row_text(table.header, widths) + style_.off());
-    for (const ViewPart::Row &row : table.rows) line(row_text(row, widths));
+    if (headed) line(out, style_.on(Color::dim) + row_text(table.header, widths) + style_.off());
+    for (const ViewPart::Row &row : table.rows) line(out, row_text(row, widths));
 }
 
-void Detail::line(const std::string &text) const {
-    std::fprintf(out_, "%*s%s\n", below_title_ ? kIndent + kIndentStep : kIndent, "", text.c_str());
+void Detail::line(TextBuffer &out, std::string_view text) const {
+    out.pad(below_title_ ? kIndent + kIndentStep : kIndent);
+    out.put(text);
+    out.put('\n');
 }
 
 } // namespace astdump

@@ -1,9 +1,8 @@
 // The detail view of an item as aligned lines of text.
 #pragma once
 
-#include <cstdio>
-
 #include "terminal.hpp"
+#include "text_buffer.hpp"
 #include "view_parts.hpp"
 #include "views.hpp"
 
@@ -11,15 +10,14 @@ namespace astdump {
 
 class Detail {
 public:
-    Detail(std::FILE *out, Style style) : out_(out), style_(style) {}
-    void item(const ast_dataitem_t &item);
+    explicit Detail(Style style) : style_(style) {}
+    void item(TextBuffer &out, const ast_dataitem_t &item);
 
 private:
-    void title(const std::string &text);
-    void table(ViewPart table);
-    void line(const std::string &text) const;
+    void title(TextBuffer &out, const std::string &text);
+    void table(TextBuffer &out, ViewPart table) const;
+    void line(TextBuffer &out, std::string_view text) const;
 
-    std::FILE *out_;
     Style style_;
     Views views_;
     bool below_title_ = false;

@@ -17,7 +17,7 @@ Chunk::Chunk(size_t octets)
     : limit_(octets), capacity_(octets + kMargin), storage_(std::make_unique_for_overwrite<uint8_t[]>(capacity_)) {}
 
 void Chunk::clear() {
-    used_ = 0;
+    read_ = used_ = 0;
     kept_.clear();
     datagrams_.clear();
     damage_.clear();

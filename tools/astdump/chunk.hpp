@@ -16,10 +16,10 @@ public:
 
     void clear();
 
-    // Where the octets of a file are read to: behind those that are here.
+    // The octets of a file, which are read to the room behind them, before anything is kept.
+    Octets octets() const { return {storage_.get(), read_}; }
     std::span<uint8_t> room() { return {storage_.get() + used_, capacity_ - used_}; }
-    void add_read(size_t count) { used_ += count; }
-    Octets octets() const { return {storage_.get(), used_}; }
+    void add_read(size_t count) { read_ = used_ += count; }
     size_t limit() const { return limit_; }
     bool is_full() const { return used_ >= limit_; }
 
@@ -41,7 +41,8 @@ private:
     size_t limit_;
     size_t capacity_;
     std::unique_ptr<uint8_t[]> storage_;
-    size_t used_ = 0;
+    size_t read_ = 0;
+    size_t used_ = 0;                        // read and kept
     std::vector<std::vector<uint8_t>> kept_; // what the storage has no room for
     std::vector<Datagram> datagrams_;
     Damage damage_;

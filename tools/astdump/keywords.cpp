@@ -33,11 +33,12 @@ std::string keyword_names() {
 bool put_keyword(TextBuffer &out, const ast_datarecord_t &record, uint32_t keyword) {
     char buffer[kTextOctets];
     ast_datarecord_get_keyword(buffer, sizeof buffer, &record, keyword, AST_POSITION_DEGREES);
-    const std::string_view text = buffer;
-    const size_t first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos) return false;
-    out.put(text.substr(first, text.find_last_not_of(' ') + 1 - first));
-    return true;
+    const char *first = buffer;
+    while (*first == ' ') ++first;
+    const size_t begin = out.size();
+    out.put(first);
+    out.trim(begin);
+    return out.size() > begin;
 }
 
 std::string keyword_text(const ast_datarecord_t &record, uint32_t keyword) {

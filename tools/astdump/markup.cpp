@@ -60,8 +60,11 @@ void append_escaped(std::string &html, char c) {
 } // namespace
 
 std::string_view markup_at(std::string_view html) {
-    if (html.front() != '<') return {};
-    const auto found = std::ranges::find_if(kMarkup, [&](std::string_view known) { return html.starts_with(known); });
+    constexpr size_t kShortest = 3;
+    if (html.size() < kShortest || html.front() != '<') return {};
+    const auto found = std::ranges::find_if(kMarkup, [&](std::string_view known) {
+        return known[1] == html[1] && known[2] == html[2] && html.starts_with(known);
+    });
     return found == std::end(kMarkup) ? link_tag(html) : *found;
 }
 

@@ -19,7 +19,7 @@ public:
     // Puts the text of an item, which `write` puts if it is not known.
     template <typename Write>
     void put(TextBuffer &out, const ast_dataitem_t &item, Write write) {
-        if (item.size > kMaxOctets) return write(out);
+        if (item.size == 0 || item.size > kMaxOctets) return write(out);
         const Key key(item);
         Entry &entry = entries_[key.hash() % kEntries];
         if (entry.key == key) return out.put(entry.text);
@@ -41,7 +41,11 @@ private:
         explicit Key(const ast_dataitem_t &item) : words{uint64_t{item.type} << 32 | item.size} {
             std::memcpy(&words[1], item.data, item.size);
         }
-        bool operator==(const Key &other) const = default;
+        bool operator==(const Key &other) const {
+            uint64_t different = 0;
+            for (size_t i = 0; i < words.size(); ++i) different |= words[i] ^ other.words[i];
+            return different == 0;
+        }
 
         uint64_t hash() const {
             constexpr uint64_t kMultiplier = 0x9E3779B97F4A7C15;

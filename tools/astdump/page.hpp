@@ -22,6 +22,7 @@ public:
 
     std::unique_ptr<Renderer> renderer() const override;
     size_t chunk_octets() const override { return size_t{48} * 1024; }
+    bool counts() const override { return true; }
     void file(const std::string &name) override;
     void take(std::string_view rendered) override { write(rendered); }
     void count(const Tally &tally) override;

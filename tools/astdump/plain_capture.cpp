@@ -1,6 +1,7 @@
 #include "plain_capture.hpp"
 
 #include <algorithm>
+#include <pcap/dlt.h>
 
 namespace astdump {
 
@@ -11,7 +12,7 @@ constexpr size_t kPacketHeaderOctets = 16;
 constexpr uint32_t kMicroseconds = 0xA1B2C3D4;
 constexpr uint32_t kNanoseconds = 0xA1B23C4D;
 constexpr uint32_t kVersion = 2 << 16 | 4; // in the order of a file with the most significant octet first
-constexpr uint32_t kMaxLinkType = 0xFFFF;  // above it, flags
+constexpr uint32_t kLinkTypes[] = {DLT_EN10MB, DLT_LINUX_SLL, DLT_LINUX_SLL2}; // in files as for libpcap itself
 constexpr uint32_t kMaxSeconds = 0x7FFFFFFF;
 constexpr uint32_t kNanosecondsPerSecond = 1000000000;
 constexpr uint32_t kMaxFrameOctets = 65536 + 128; // of IP with its link layer
@@ -49,7 +50,7 @@ bool PlainCapture::read_header() {
     max_octets_ = std::min(number(header + 16), kMaxFrameOctets);
     const uint32_t link_type = number(header + 20);
     link_type_ = static_cast<int>(link_type);
-    return max_octets_ != 0 && link_type <= kMaxLinkType;
+    return max_octets_ != 0 && std::ranges::count(kLinkTypes, link_type) != 0;
 }
 
 bool PlainCapture::open(Chunk &chunk) {
@@ -76,8 +77,7 @@ std::optional<Packet> PlainCapture::packet(Octets rest) const {
     const uint32_t seconds = number(rest.data());
     const uint32_t fraction = number(rest.data() + 4);
     const uint32_t octets = number(rest.data() + 8);
-    const bool odd =
-        octets > max_octets_ || seconds > kMaxSeconds || fraction >= kNanosecondsPerSecond / nanoseconds_;
+    const bool odd = octets > max_octets_ || seconds > kMaxSeconds || fraction >= kNanosecondsPerSecond / nanoseconds_;
     if (odd || octets > rest.size() - kPacketHeaderOctets) return std::nullopt;
     return Packet{{seconds, fraction * nanoseconds_}, rest.subspan(kPacketHeaderOctets, octets)};
 }

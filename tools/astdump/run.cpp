@@ -22,8 +22,18 @@ size_t chunk_octets_of(const Options &options, const Sinks &sinks) {
 } // namespace
 
 Run::Run(const Options &options, Sinks sinks, const Output &out, DamageLog &damage, Progress progress, Waiting *waiting)
-    : options_(options), sinks_(std::move(sinks)), out_(out), damage_(damage), progress_(progress), waiting_(waiting) {
-    for (size_t i = 0; i < threads_of(options); ++i) workers_.emplace_back(options, sinks_);
+    : options_(options),
+      sinks_(std::move(sinks)),
+      out_(out),
+      damage_(damage),
+      progress_(progress),
+      waiting_(waiting),
+      workers_(threads_of(options)) {}
+
+Worker &Run::worker(size_t number) {
+    auto &worker = workers_[number];
+    if (!worker) worker.emplace(options_, sinks_);
+    return *worker;
 }
 
 int Run::files() {
@@ -58,16 +68,16 @@ void Run::file(const std::string &path, Pipeline &pipeline) {
 
 bool Run::read(Chunk &chunk) { return input_->fill(chunk); }
 
-void Run::render(Job &job, size_t worker) {
-    workers_[worker].render(job.chunk, expected_, most(), job.rendered);
+void Run::render(Job &job, size_t number) {
+    worker(number).render(job.chunk, expected_, most(), job.rendered);
     expected_ = job.rendered.profile_after;
 }
 
 // A chunk that was rendered from another profile than the blocks before it have led to is rendered again.
-bool Run::write(Job &job, size_t worker) {
+bool Run::write(Job &job, size_t number) {
     Rendered &rendered = job.rendered;
     if (rendered.profile_before != profile_) {
-        workers_[worker].render(job.chunk, profile_, most(), rendered);
+        worker(number).render(job.chunk, profile_, most(), rendered);
         expected_ = rendered.profile_after;
     }
     profile_ = rendered.profile_after;

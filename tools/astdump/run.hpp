@@ -28,6 +28,7 @@ private:
     bool read(Chunk &chunk) override;
     void render(Job &job, size_t worker) override;
     bool write(Job &job, size_t worker) override;
+    Worker &worker(size_t number);
 
     const Options &options_;
     Sinks sinks_;
@@ -35,9 +36,9 @@ private:
     DamageLog &damage_;
     Progress progress_;
     Waiting *waiting_;
-    std::vector<Worker> workers_;
-    uint64_t shown_ = 0;       // blocks
-    uint64_t octets_read_ = 0; // of the files before this one
+    std::vector<std::optional<Worker>> workers_; // made when their threads have something to do
+    uint64_t shown_ = 0;                         // blocks
+    uint64_t octets_read_ = 0;                   // of the files before this one
     bool unreadable_ = false;
 
     // The file at hand.

@@ -35,6 +35,9 @@ public:
     // The blocks that follow come from this file.
     virtual void file(const std::string &name) = 0;
 
+    // Whether it has use for what is counted.
+    virtual bool counts() const { return false; }
+
     // What has been rendered, in pieces that end with a block; and what has been counted in a chunk.
     virtual void take(std::string_view rendered) = 0;
     virtual void count(const Tally &) {}

@@ -13,6 +13,7 @@ public:
 
     std::unique_ptr<Renderer> renderer() const override { return nullptr; }
     size_t chunk_octets() const override { return size_t{256} * 1024; }
+    bool counts() const override { return true; }
     void file(const std::string &) override {}
     void take(std::string_view) override {}
     void count(const Tally &tally) override;

@@ -11,6 +11,7 @@ namespace astdump {
 namespace {
 
 constexpr std::string_view kTableEnd = "</table>";
+constexpr size_t kShortestTag = 3;
 
 class Reader {
 public:
@@ -29,11 +30,14 @@ private:
         std::string_view start;
         void (Reader::*act)();
     };
-    static const std::array<Tag, 16> kTags;
+    static const std::array<Tag, 16> kTags; // the most frequent first
 
     // Takes one tag, if there is one that the library writes.
     bool tag() {
-        const auto found = std::ranges::find_if(kTags, [&](const Tag &tag) { return rest_.starts_with(tag.start); });
+        if (rest_.size() < kShortestTag || rest_.front() != '<') return false;
+        const auto found = std::ranges::find_if(kTags, [&](const Tag &tag) {
+            return tag.start[1] == rest_[1] && tag.start[2] == rest_[2] && rest_.starts_with(tag.start);
+        });
         const size_t end = rest_.find('>');
         if (found == kTags.end() || end == std::string_view::npos) return false;
         attributes_ = rest_.substr(found->start.size(), end - found->start.size());
@@ -92,20 +96,20 @@ private:
 };
 
 constexpr std::array<Reader::Tag, 16> Reader::kTags = {{
-    {"<h4>", &Reader::title},
-    {"</h4>", &Reader::close},
-    {"<p>", &Reader::paragraph},
-    {"</p>", &Reader::close},
-    {"<table class=\"detail_table\"", &Reader::detail_table},
-    {"<table class=\"", &Reader::other_table},
-    {kTableEnd, nullptr},
-    {"<br/>", nullptr},
+    {"<td>", &Reader::cell},
+    {"</td>", &Reader::close},
     {"<tr", &Reader::row},
     {"</tr>", nullptr},
     {"<th>", &Reader::header_cell},
     {"</th>", &Reader::close},
-    {"<td>", &Reader::cell},
-    {"</td>", &Reader::close},
+    {"<table class=\"detail_table\"", &Reader::detail_table},
+    {"<table class=\"", &Reader::other_table},
+    {kTableEnd, nullptr},
+    {"<br/>", nullptr},
+    {"<h4>", &Reader::title},
+    {"</h4>", &Reader::close},
+    {"<p>", &Reader::paragraph},
+    {"</p>", &Reader::close},
     {"<a href=\"", &Reader::link},
     {"</a>", &Reader::link_end},
 }};

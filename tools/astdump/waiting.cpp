@@ -31,7 +31,11 @@ Waiting::Waiting() {
     if (signals_ < 0) throw std::system_error(errno, std::generic_category());
 }
 
+// Takes the signals that have come, which the process outlives.
 Waiting::~Waiting() {
+    signalfd_siginfo signal{};
+    while (read(signals_, &signal, sizeof signal) > 0) {
+    }
     close(signals_);
     pthread_sigmask(SIG_SETMASK, &blocked_before_, nullptr);
 }

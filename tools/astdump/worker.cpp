@@ -3,7 +3,10 @@
 namespace astdump {
 
 Worker::Worker(const Options &options, const Sinks &sinks) : options_(options), decoder_(options.profile) {
-    for (const auto &sink : sinks) renderers_.push_back(sink->renderer());
+    for (const auto &sink : sinks) {
+        renderers_.push_back(sink->renderer());
+        counts_ = counts_ || sink->counts();
+    }
 }
 
 void Worker::render(const Chunk &chunk, const ast_uap_t *profile, uint64_t most, Rendered &rendered) {
@@ -44,7 +47,7 @@ void Worker::block(const Datagram &datagram, uint64_t offset, Octets octets, Ren
     decoded.shown = select_records(*decoded.block, options_.where);
     if (options_.where.empty() || decoded.shown.any()) {
         ++rendered.shown;
-        counter_.add(decoded);
+        if (counts_) counter_.add(decoded);
         for (size_t i = 0; i < renderers_.size(); ++i)
             if (renderers_[i]) renderers_[i]->block(decoded, rendered.texts[i]);
         if (!rendered.texts.empty()) rendered.damage.place = rendered.texts.front().size();

@@ -24,6 +24,7 @@ private:
     const Options &options_;
     Decoder decoder_;
     Counter counter_;
+    bool counts_ = false;                              // whether any sink wants that
     std::vector<std::unique_ptr<Renderer>> renderers_; // null for a sink without one
     uint64_t number_ = 0;                              // of the next block in its file
 };

@@ -11,15 +11,6 @@ Counts &Counts::operator+=(const Counts &other) {
     return *this;
 }
 
-std::vector<std::pair<ast_dataitem_type_t, uint64_t>> ItemCounts::list() const {
-    std::vector<std::pair<ast_dataitem_type_t, uint64_t>> counted;
-    for (uint32_t category = 0; category < categories_.size(); ++category)
-        for (uint32_t item = 0; categories_[category] && item < kTypes; ++item)
-            if (const uint64_t count = (*categories_[category])[item])
-                counted.emplace_back(category * kTypes + item, count);
-    return counted;
-}
-
 void Counter::add(const DecodedBlock &decoded) {
     const ast_datablock_t &block = *decoded.block;
     Counts &counts = categories_[block.category];

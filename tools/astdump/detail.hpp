@@ -14,13 +14,22 @@ public:
     void item(TextBuffer &out, const ast_dataitem_t &item);
 
 private:
-    void title(TextBuffer &out, const std::string &text);
-    void table(TextBuffer &out, ViewPart table) const;
-    void line(TextBuffer &out, std::string_view text) const;
+    void choose_parts(std::span<const ViewPart> parts);
+    void choose_rows(const ViewPart &table);
+    void title(TextBuffer &out, std::string_view text);
+    void table(TextBuffer &out, const ViewPart &table);
+    void row(TextBuffer &out, ViewPart::Row row) const;
+    void indent(TextBuffer &out) const;
 
     Style style_;
     Views views_;
+    ViewReader reader_;
     bool below_title_ = false;
+
+    // What is shown of a view, the last part first, of a table in it, and how wide its columns are.
+    std::vector<const ViewPart *> parts_;
+    std::vector<ViewPart::Row> rows_;
+    std::vector<size_t> widths_;
 };
 
 } // namespace astdump

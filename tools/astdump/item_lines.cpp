@@ -35,18 +35,28 @@ ItemLines::ItemLines(unsigned columns, Style style, bool detail)
     if (detail) detail_.emplace(style);
 }
 
+const std::string &ItemLines::title(ast_dataitem_type_t type) {
+    std::string &title = titles_[type];
+    if (title.empty()) {
+        TextBuffer line;
+        line.pad(kIndent);
+        line.put(style_.on(Color::item));
+        line.left(ast_dataitem_type_to_str(type), kTypeWidth);
+        line.put(style_.off());
+        line.pad(kGap);
+        line.left(cut(ast_dataitem_get_name(type), name_width_), name_width_);
+        title = line.text();
+    }
+    return title;
+}
+
 // A summary that leaves no room for the octets pushes them to the next line.
 void ItemLines::write(TextBuffer &out, const ast_dataitem_t &item) {
-    out.pad(kIndent);
-    out.put(style_.on(Color::item));
-    out.left(ast_dataitem_type_to_str(item.type), kTypeWidth);
-    out.put(style_.off());
-    out.pad(kGap);
-    out.left(cut(ast_dataitem_get_name(item.type), name_width_), name_width_);
+    out.put(title(item.type));
     out.number(item.size, kSizeWidth);
     out.pad(kGap);
-    const std::string summary = views_.summary(item);
-    out.put(summary);
+    const std::string_view summary = views_.summary(item);
+    put_printable(out, summary);
     const bool fits = summary.size() <= summary_width_;
     if (!fits) out.put('\n');
     octets(out, {item.data, item.size}, fits ? summary_width_ - summary.size() + kGap : hex_column_);

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "by_type.hpp"
 #include "detail.hpp"
 #include "memo.hpp"
 #include "terminal.hpp"
@@ -22,13 +23,15 @@ public:
 
 private:
     void write(TextBuffer &out, const ast_dataitem_t &item);
+    const std::string &title(ast_dataitem_type_t type);
     void octets(TextBuffer &out, Octets octets, size_t indent) const;
 
     Style style_;
     size_t octets_per_line_;
     size_t summary_width_;
     size_t name_width_;
-    size_t hex_column_; // where the octets start
+    size_t hex_column_;          // where the octets start
+    ByType<std::string> titles_; // where lines start; empty until a type is met
     Views views_;
     std::optional<Detail> detail_;
     Memo memo_;

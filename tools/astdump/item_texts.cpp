@@ -34,7 +34,7 @@ std::optional<size_t> ItemTexts::find_or_put(TextBuffer &out, const ast_dataitem
     out.put('\t');
     out.hex_digits({item.data, item.size});
     out.put('\t');
-    out.put(escape(views_.summary(item)));
+    out.put(escape(printable(views_.summary(item))));
     if (detail) {
         out.put('\t');
         out.number(detail->number);

@@ -51,20 +51,26 @@ void Stats::row(const char *title, const Counts &counts) {
 }
 
 void Stats::items() {
-    const auto list = items_.list();
-    if (list.empty()) return;
-    for (const char *const piece : {"\n", style_.on(Color::heading), "Item          Count  Name", style_.off(), "\n"})
-        text_.put(piece);
-    for (const auto &[type, count] : list) {
-        text_.put(style_.on(Color::item));
-        text_.left(ast_dataitem_type_to_str(type), 8);
-        text_.put(style_.off());
-        text_.put(' ');
-        text_.number(count, 10);
-        text_.put("  ");
-        text_.put(ast_dataitem_get_name(type));
-        text_.put('\n');
-    }
+    bool is_headed = false;
+    items_.each([&](ast_dataitem_type_t type, uint64_t count) {
+        if (count == 0) return;
+        if (!std::exchange(is_headed, true))
+            for (const char *const piece :
+                 {"\n", style_.on(Color::heading), "Item          Count  Name", style_.off(), "\n"})
+                text_.put(piece);
+        item(type, count);
+    });
+}
+
+void Stats::item(ast_dataitem_type_t type, uint64_t count) {
+    text_.put(style_.on(Color::item));
+    text_.left(ast_dataitem_type_to_str(type), 8);
+    text_.put(style_.off());
+    text_.put(' ');
+    text_.number(count, 10);
+    text_.put("  ");
+    text_.put(ast_dataitem_get_name(type));
+    text_.put('\n');
 }
 
 } // namespace astdump

@@ -23,12 +23,13 @@ private:
     void categories();
     void row(const char *title, const Counts &counts);
     void items();
+    void item(ast_dataitem_type_t type, uint64_t count);
 
     Output &out_;
     Style style_;
     TextBuffer text_;
     std::array<Counts, 256> counts_{}; // by category
-    ItemCounts items_;
+    ByType<uint64_t> items_;
 };
 
 } // namespace astdump

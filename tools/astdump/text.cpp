@@ -74,11 +74,21 @@ std::string cut(std::string text, size_t width) {
     return text;
 }
 
+namespace {
+
+bool is_foreign(char c) { return c < ' ' || c > '~'; }
+
+} // namespace
+
 std::string printable(std::string_view text) {
     std::string result(text);
-    std::ranges::replace_if(
-        result, [](char c) { return c < ' ' || c > '~'; }, '.');
+    std::ranges::replace_if(result, is_foreign, '.');
     return result;
+}
+
+void put_printable(TextBuffer &out, std::string_view text) {
+    if (std::ranges::none_of(text, is_foreign)) return out.put(text);
+    out.put(printable(text));
 }
 
 } // namespace astdump

@@ -26,5 +26,6 @@ void put_counted(TextBuffer &out, uint64_t count, std::string_view noun);
 // Items carry whatever octets were recorded as characters: all but printable ASCII becomes a dot, so that nothing
 // reaches a terminal or a browser that acts on it.
 std::string printable(std::string_view text);
+void put_printable(TextBuffer &out, std::string_view text);
 
 } // namespace astdump

@@ -49,8 +49,13 @@ constexpr Column kColumns[] = {
 };
 static_assert(std::size(kColumns) == kRecordListColumns);
 
-// Values with their ends marked.
-constexpr char kEndOfValue = '\0';
+// A value stands behind its length in one octet: no value is longer.
+std::string_view take_value(std::string_view &rendered) {
+    const auto length = static_cast<uint8_t>(rendered.front());
+    const std::string_view value = rendered.substr(1, length);
+    rendered.remove_prefix(1 + size_t{length});
+    return value;
+}
 
 class ListRenderer : public Renderer {
     void block(const DecodedBlock &decoded, TextBuffer &out) override {
@@ -60,10 +65,11 @@ class ListRenderer : public Renderer {
 
     static void record(const ast_datarecord_t &record, TextBuffer &out) {
         for (const Column &column : kColumns) {
-            const size_t begin = out.size();
+            const size_t place = out.size();
+            out.put('\0');
             column.put(record, out);
-            if (out.size() == begin) out.put(kNoValue);
-            out.put(kEndOfValue);
+            if (out.size() == place + 1) out.put(kNoValue);
+            out.set(place, static_cast<char>(out.size() - place - 1));
         }
     }
 };
@@ -108,8 +114,7 @@ void RecordList::take(std::string_view rendered) {
     while (!rendered.empty()) {
         const size_t begin = lines_.size();
         for (size_t i = 0; i < std::size(kColumns); ++i) {
-            const std::string_view text = rendered.substr(0, rendered.find(kEndOfValue));
-            rendered.remove_prefix(text.size() + 1);
+            const std::string_view text = take_value(rendered);
             widths_[i] = std::max(widths_[i], text.size());
             put_cell(lines_, text, widths_[i], kColumns[i].right_aligned);
         }

@@ -27,6 +27,9 @@ public:
         ++size_;
     }
 
+    // Overwrites a character.
+    void set(size_t place, char character) { characters_[place] = character; }
+
     void pad(size_t count, char character = ' ') {
         if (count == 0) return;
         std::memset(room(count), character, count);

@@ -31,9 +31,10 @@ bool ViewReader::tag() {
     const auto found = std::ranges::find_if(kTags, [&](const Tag &tag) {
         return tag.start[1] == rest_[1] && tag.start[2] == rest_[2] && rest_.starts_with(tag.start);
     });
-    const size_t end = rest_.find('>');
-    if (found == kTags.end() || end == std::string_view::npos) return false;
-    attributes_ = rest_.substr(found->start.size(), end - std::min(end, found->start.size()));
+    if (found == kTags.end()) return false;
+    const size_t end = rest_.find('>', found->start.size() - 1);
+    if (end == std::string_view::npos) return false;
+    attributes_ = rest_.substr(0, end).substr(std::min(end, found->start.size()));
     rest_.remove_prefix(end + 1);
     if (found->act) (this->*found->act)();
     return true;

@@ -26,6 +26,16 @@ TEST(Page, ShowsWhatIsAskedFor) {
     EXPECT_EQ(command.run("--html page - < /dev/null && grep -c '<h2>standard input</h2>' page").out, "1\n");
 }
 
+TEST(Page, IsNoMoreThanTenTimesTheRecordingAndSaysSo) {
+    const Command command;
+    const Result result = command.run("--html page " SAMPLES "/radar.pcap");
+    const size_t octets = read_file(SAMPLES "/radar.pcap").size();
+    const size_t page = read_file(command.directory() + "/page").size();
+    EXPECT_LT(page, 10 * octets);
+    EXPECT_EQ(result.err.find("astdump: page: a page of " + std::to_string(page) + " octets, "), 0U) << result.err;
+    EXPECT_NE(result.err.find(" times the recording\n"), std::string::npos);
+}
+
 // Octets as characters, names of files: nothing of it may become markup.
 TEST(Page, HoldsNoMarkupOfOthers) {
     Command command;

@@ -1,7 +1,6 @@
 #include "detail.hpp"
 
 #include <algorithm>
-#include <ranges>
 
 #include "text.hpp"
 
@@ -18,7 +17,7 @@ constexpr size_t kGapChars = 2;
 void Detail::item(TextBuffer &out, const ast_dataitem_t &item) {
     below_title_ = false;
     choose_parts(reader_.read(views_.show(ast_dataitem_get_detail_html, item)));
-    for (const ViewPart *const part : parts_ | std::views::reverse) {
+    for (const ViewPart *const part : parts_) {
         switch (part->kind) {
         case ViewPart::Kind::title:
             title(out, part->text);
@@ -39,11 +38,12 @@ void Detail::item(TextBuffer &out, const ast_dataitem_t &item) {
 void Detail::choose_parts(std::span<const ViewPart> parts) {
     parts_.clear();
     bool nothing_follows = true; // below a title, up to the next one
-    for (const ViewPart &part : parts | std::views::reverse) {
-        const bool is_title = part.kind == ViewPart::Kind::title;
-        if (!is_title || !nothing_follows) parts_.push_back(&part);
+    for (size_t i = parts.size(); i-- > 0;) {
+        const bool is_title = parts[i].kind == ViewPart::Kind::title;
+        if (!is_title || !nothing_follows) parts_.push_back(&parts[i]);
         nothing_follows = is_title;
     }
+    std::ranges::reverse(parts_);
 }
 
 // Subfields that are absent have no value, and rows without cells nothing at all.

@@ -26,7 +26,7 @@ private:
     ViewReader reader_;
     bool below_title_ = false;
 
-    // What is shown of a view, the last part first, of a table in it, and how wide its columns are.
+    // What is shown of a view, and of a table in it, and how wide its columns are.
     std::vector<const ViewPart *> parts_;
     std::vector<ViewPart::Row> rows_;
     std::vector<size_t> widths_;

@@ -1,5 +1,6 @@
 #include "pipeline.hpp"
 
+#include <system_error>
 #include <thread>
 
 namespace astdump {
@@ -36,7 +37,11 @@ void Pipeline::start() {
     read_ = written_ = 0;
     at_end_ = enough_ = false;
     std::vector<std::jthread> others;
-    for (size_t worker = 1; worker < threads_; ++worker) others.emplace_back([this, worker] { work(worker); });
+    try {
+        for (size_t worker = 1; worker < threads_; ++worker) others.emplace_back([this, worker] { work(worker); });
+    } catch (const std::system_error &) {
+        // Those that the system grants will do.
+    }
     work(0);
 }
 
@@ -47,7 +52,7 @@ void Pipeline::work(size_t worker) {
         Job *const job = at_end_ ? nullptr : read_next(lock);
         if (!job) return;
         const size_t place = read_++ % finished_.size();
-        attempt(lock, [&] {
+        job->is_rendered = attempt(lock, [&] {
             steps_.render(*job, worker);
             return true;
         });
@@ -75,7 +80,8 @@ void Pipeline::write_finished(std::unique_lock<std::mutex> &lock, size_t worker)
     for (;;) {
         Job *const job = std::exchange(finished_[written_ % finished_.size()], nullptr);
         if (!job) break;
-        if (!enough_ && !attempt(lock, [&] { return steps_.write(*job, worker); })) at_end_ = enough_ = true;
+        const auto write = [&] { return job->is_rendered && steps_.write(*job, worker); };
+        if (!enough_ && !attempt(lock, write)) at_end_ = enough_ = true;
         ++written_;
         idle_.push_back(job);
         changed_.notify_all();

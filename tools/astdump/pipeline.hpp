@@ -15,6 +15,7 @@ struct Job {
     explicit Job(size_t chunk_octets) : chunk(chunk_octets) {}
     Chunk chunk;
     Rendered rendered;
+    bool is_rendered = false;
 };
 
 // What is done with a chunk. `worker` counts the threads from 0.

@@ -53,9 +53,13 @@ struct OctetChain : Item<Type, ast_octet_chain_t, extended<MaximumOctets>> {
 
     static void show(HtmlWriter &html, const Value &, const ast_dataitem_t &item) {
         DetailTable table(html, "Octet", "Item", "Value");
-        for (uint64_t i = 0; i < item.size; ++i)
+        for (uint64_t i = 0; i < item.size; ++i) {
+            const BinaryOctet octet(item.data[i]);
+            std::string_view bits_above_fx = octet;
+            bits_above_fx.remove_suffix(1);
             table.row(Cell<16>("Octet[%llu]", static_cast<unsigned long long>(i + 1)), "APPLICATION_DEPENDENT",
-                      std::string_view(BinaryOctet(item.data[i])).substr(0, 7));
+                      bits_above_fx);
+        }
     }
 
     static uint64_t write(uint8_t *octets, const Value &chain) {

@@ -212,9 +212,10 @@ struct IntentData {
 
     static void show(HtmlWriter &html, const Value &intent) {
         static constexpr const char *kTypes[] = {
-            "UNKNOWN",        "FLY_BY_WAYPOINT", "FLY_OVER_WAYPOINT", "HOLD_PATTERN",
-            "PROCEDURE_HOLD", "PROCEDURE_TURN",  "RF_LEG",            "TOP_OF_CLIMB",
-            "TOP_OF_DESCENT", "START_OF_LEVEL",  "CROSSOVER_ALTITUDE", "TRANSITION_ALTITUDE",
+            "UNKNOWN",        "FLY_BY_WAYPOINT",    "FLY_OVER_WAYPOINT",
+            "HOLD_PATTERN",   "PROCEDURE_HOLD",     "PROCEDURE_TURN",
+            "RF_LEG",         "TOP_OF_CLIMB",       "TOP_OF_DESCENT",
+            "START_OF_LEVEL", "CROSSOVER_ALTITUDE", "TRANSITION_ALTITUDE",
         };
         static constexpr const char *kTurns[] = {"N/A", "RIGHT", "LEFT", "NO_TURN"};
         html.title("Trajectory Intent Point List");

@@ -165,26 +165,15 @@ struct Times {
         for (uint64_t i = 0; i < held(tod); ++i) tod.times[i] = read_time(octets + 1 + i * kTimeOctets);
     }
 
-    static void summarize(TextWriter &out, const Value &tod) {
-        out.print("%zu TIMES", static_cast<size_t>(tod.count));
-    }
+    static void summarize(TextWriter &out, const Value &tod) { out.print("%zu TIMES", static_cast<size_t>(tod.count)); }
 
     static void show(HtmlWriter &html, const Value &tod) {
         static constexpr const char *kTypes[] = {
-            "Scheduled off-block time",
-            "Estimated off-block time",
-            "Estimated take-off time",
-            "Actual off-block time",
-            "Predicted time at runway hold",
-            "Actual time at runway hold",
-            "Actual line-up time",
-            "Actual take-off time",
-            "Estimated time of arrival",
-            "Predicted landing time",
-            "Actual landing time",
-            "Actual time off runway",
-            "Predicted time to gate",
-            "Actual on-block time",
+            "Scheduled off-block time", "Estimated off-block time",      "Estimated take-off time",
+            "Actual off-block time",    "Predicted time at runway hold", "Actual time at runway hold",
+            "Actual line-up time",      "Actual take-off time",          "Estimated time of arrival",
+            "Predicted landing time",   "Actual landing time",           "Actual time off runway",
+            "Predicted time to gate",   "Actual on-block time",
         };
         static constexpr const char *kDays[] = {"Today", "Yesterday", "Tomorrow", "Invalid"};
         DetailTable table(html, "Type", "Date", "Time");

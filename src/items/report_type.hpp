@@ -9,10 +9,8 @@ constexpr const char *kReportTypes[] = {
 
 // The same in detail views.
 constexpr const char *kReportTypeTitles[] = {
-    "NO_DETECTION",    "PSR",
-    "SSR",             "PSR + SSR",
-    "MODE-S ALL CALL", "MODE-S ROLL CALL",
-    "PSR + MODE-S ALL CALL", "PSR + MODE-S ROLL CALL",
+    "NO_DETECTION",           "PSR", "SSR", "PSR + SSR", "MODE-S ALL CALL", "MODE-S ROLL CALL", "PSR + MODE-S ALL CALL",
+    "PSR + MODE-S ROLL CALL",
 };
 
 } // namespace ast

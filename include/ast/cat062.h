@@ -353,6 +353,12 @@ typedef struct {
     double angle_deg;   /* degrees from north */
 } ast_062_angle_t;
 
+/** An airspeed in a subfield. */
+typedef struct {
+    bool present;
+    uint32_t airspeed_kt; /* knots */
+} ast_062_airspeed_t;
+
 /** A vertical rate in a subfield, two's complement. */
 typedef struct {
     bool present;
@@ -403,10 +409,7 @@ typedef struct {
         double airspeed_kt; /* knots */
         double mach;        /* Mach number */
     } ias;
-    struct {
-        bool present;
-        uint32_t airspeed_kt; /* knots */
-    } tas;                    /* true airspeed */
+    ast_062_airspeed_t tas; /* true airspeed, knots */
     struct {
         bool present;
         bool sas;             /* the source is given */
@@ -507,11 +510,8 @@ typedef struct {
         bool present;
         uint64_t count;
         ast_bds_t registers[AST_MODES_MB_MAX_REGISTERS];
-    } mb; /* Mode S registers */
-    struct {
-        bool present;
-        uint32_t airspeed_kt; /* knots */
-    } iar;                    /* indicated airspeed */
+    } mb;                   /* Mode S registers */
+    ast_062_airspeed_t iar; /* indicated airspeed, knots */
     struct {
         bool present;
         uint32_t mach_raw; /* LSB 0.008 */

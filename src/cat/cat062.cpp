@@ -470,19 +470,8 @@ AST_DEFINE_VIEWS(I062_270, ast_dataitem_062_270_get_summary, ast_dataitem_062_27
 
 namespace {
 
-struct Age {
-    using Value = ast_age_t;
-    static void read(Value &age, const ast_subfield_t &subfield) {
-        constexpr double kLsbS = 0.25;
-        age.raw = subfield.size == 1 ? subfield.data[0] : read_u16(subfield.data);
-        age.age_s = age.raw * kLsbS;
-    }
-    static void summarize(TextWriter &out, const Value &age) { out.print("%.2f SEC", age.age_s); }
-    static void show(HtmlWriter &html, const Value &age) {
-        OctetTable table(html);
-        table.scaled("Octet[0]", "AGE LSB:1/4 SEC", age.raw, "AGE LSB:SEC", age.age_s);
-    }
-};
+constexpr Scale kAge = {kOneOctet, 0.25, Sign::None, "SEC", "AGE LSB:1/4 SEC", "AGE LSB:SEC"};
+using Age = Scaled<&ast_age_t::raw, &ast_age_t::age_s, kAge>;
 
 using UpdateAges = ast_dataitem_062_290_t;
 
@@ -606,148 +595,101 @@ namespace {
 
 using Accuracies = ast_dataitem_062_500_t;
 
-struct CartesianPosition {
-    using Value = decltype(Accuracies::apc);
-    static void read(Value &accuracy, const uint8_t *octets) {
-        constexpr double kLsbM = 0.5;
-        accuracy.x_raw = read_u16(octets);
-        accuracy.y_raw = read_u16(octets + 2);
-        accuracy.x_m = accuracy.x_raw * kLsbM;
-        accuracy.y_m = accuracy.y_raw * kLsbM;
+// Two quantities of one resolution, one behind the other.
+struct PairScale {
+    double lsb;
+    const char *summary_names[2];
+    const char *unit;
+    const char *octets[2];
+    const char *raw_names[2];
+    const char *names[2];
+};
+
+template <auto Raw1, auto Raw2, auto Physical1, auto Physical2, const PairScale &kScale>
+struct ScaledPair {
+    using Value = typename OwnerOf<decltype(Raw1)>::Type;
+    static void read(Value &pair, const ast_subfield_t &subfield) {
+        const auto width = static_cast<unsigned>(subfield.size) * 8 / 2;
+        pair.*Raw1 = field(subfield.data, 1, width);
+        pair.*Raw2 = field(subfield.data, width + 1, 2 * width);
+        pair.*Physical1 = pair.*Raw1 * kScale.lsb;
+        pair.*Physical2 = pair.*Raw2 * kScale.lsb;
     }
-    static void summarize(TextWriter &out, const Value &accuracy) {
-        out.print("X:%.2f Y:%.2f M", accuracy.x_m, accuracy.y_m);
+    static void summarize(TextWriter &out, const Value &pair) {
+        out.print("%s:%.2f %s:%.2f %s", kScale.summary_names[0], pair.*Physical1, kScale.summary_names[1],
+                  pair.*Physical2, kScale.unit);
     }
-    static void show(HtmlWriter &html, const Value &accuracy) {
+    static void show(HtmlWriter &html, const Value &pair) {
         OctetTable table(html);
-        table.scaled("Octet[0-1]", "X-COMPONENT LSB=0.5M", accuracy.x_raw, "X-COMPONENT LSB=M", accuracy.x_m);
-        table.scaled("Octet[2-3]", "Y-COMPONENT LSB=0.5M", accuracy.y_raw, "Y-COMPONENT LSB=M", accuracy.y_m);
+        table.scaled(kScale.octets[0], kScale.raw_names[0], pair.*Raw1, kScale.names[0], pair.*Physical1);
+        table.scaled(kScale.octets[1], kScale.raw_names[1], pair.*Raw2, kScale.names[1], pair.*Physical2);
     }
 };
 
-struct Covariance {
-    using Value = decltype(Accuracies::cov);
-    static void read(Value &covariance, const uint8_t *octets) {
-        constexpr double kLsbM = 0.5;
-        covariance.covariance_raw = read_i16(octets);
-        covariance.covariance_m = covariance.covariance_raw * kLsbM;
-    }
-    static void summarize(TextWriter &out, const Value &covariance) { out.print("%.2f M", covariance.covariance_m); }
-    static void show(HtmlWriter &html, const Value &covariance) {
-        OctetTable table(html);
-        table.scaled("Octet[0-1]", "XY_COVARIANCE LSB=0.5M", covariance.covariance_raw, "XY_COVARIANCE LSB=M",
-                     covariance.covariance_m);
-    }
-};
+using Apc = decltype(Accuracies::apc);
+constexpr PairScale kCartesianPosition = {0.5,
+                                          {"X", "Y"},
+                                          "M",
+                                          {"Octet[0-1]", "Octet[2-3]"},
+                                          {"X-COMPONENT LSB=0.5M", "Y-COMPONENT LSB=0.5M"},
+                                          {"X-COMPONENT LSB=M", "Y-COMPONENT LSB=M"}};
+using CartesianPosition = ScaledPair<&Apc::x_raw, &Apc::y_raw, &Apc::x_m, &Apc::y_m, kCartesianPosition>;
 
-struct Wgs84Position {
-    using Value = decltype(Accuracies::apw);
-    static void read(Value &accuracy, const uint8_t *octets) {
-        constexpr double kLsbDeg = kHalfCircleDeg / (1 << 25);
-        accuracy.latitude_raw = read_u16(octets);
-        accuracy.longitude_raw = read_u16(octets + 2);
-        accuracy.latitude_deg = accuracy.latitude_raw * kLsbDeg;
-        accuracy.longitude_deg = accuracy.longitude_raw * kLsbDeg;
-    }
-    static void summarize(TextWriter &out, const Value &accuracy) {
-        out.print("LAT:%.2f LON:%.2f DEG", accuracy.latitude_deg, accuracy.longitude_deg);
-    }
-    static void show(HtmlWriter &html, const Value &accuracy) {
-        OctetTable table(html);
-        table.scaled("Octet[0-1]", "LATITUDE LSB=180/2^25 DEG", accuracy.latitude_raw, "LATITUDE LSB=DEG",
-                     accuracy.latitude_deg);
-        table.scaled("Octet[2-3]", "LONGITUDE LSB=180/2^25 DEG", accuracy.longitude_raw, "LONGITUDE LSB=DEG",
-                     accuracy.longitude_deg);
-    }
-};
+using Cov = decltype(Accuracies::cov);
+constexpr Scale kCovariance = {kTwoOctets,           0.5, Sign::TwosComplement, "M", "XY_COVARIANCE LSB=0.5M",
+                               "XY_COVARIANCE LSB=M"};
+using Covariance = Scaled<&Cov::covariance_raw, &Cov::covariance_m, kCovariance>;
 
-struct GeometricAccuracy {
-    using Value = decltype(Accuracies::aga);
-    static void read(Value &accuracy, const uint8_t *octets) {
-        accuracy.altitude_raw = octets[0];
-        accuracy.altitude_ft = accuracy.altitude_raw * kVerticalLsbFt;
-    }
-    static void summarize(TextWriter &out, const Value &accuracy) { out.print("%.2f FT", accuracy.altitude_ft); }
-    static void show(HtmlWriter &html, const Value &accuracy) {
-        OctetTable table(html);
-        table.scaled("Octet[0]", "GEOMETRIC_ALTITUDE LSB=6.25 FT", accuracy.altitude_raw, "GEOMETRIC_ALTITUDE LSB=FT",
-                     accuracy.altitude_ft);
-    }
-};
+using Apw = decltype(Accuracies::apw);
+constexpr PairScale kWgs84Position = {kHalfCircleDeg / (1 << 25),
+                                      {"LAT", "LON"},
+                                      "DEG",
+                                      {"Octet[0-1]", "Octet[2-3]"},
+                                      {"LATITUDE LSB=180/2^25 DEG", "LONGITUDE LSB=180/2^25 DEG"},
+                                      {"LATITUDE LSB=DEG", "LONGITUDE LSB=DEG"}};
+using Wgs84Position =
+    ScaledPair<&Apw::latitude_raw, &Apw::longitude_raw, &Apw::latitude_deg, &Apw::longitude_deg, kWgs84Position>;
 
-struct BarometricAccuracy {
-    using Value = decltype(Accuracies::aba);
-    static void read(Value &accuracy, const uint8_t *octets) {
-        accuracy.altitude_raw = octets[0];
-        accuracy.altitude_ft = accuracy.altitude_raw * kLevelLsbFt;
-    }
-    static void summarize(TextWriter &out, const Value &accuracy) { out.print("%.2f FT", accuracy.altitude_ft); }
-    static void show(HtmlWriter &html, const Value &accuracy) {
-        OctetTable table(html);
-        table.scaled("Octet[0]", "BAROMETRIC_ALTITUDE LSB=1/4 FL", accuracy.altitude_raw, "BAROMETRIC_ALTITUDE LSB=FT",
-                     accuracy.altitude_ft);
-    }
-};
+using Aga = decltype(Accuracies::aga);
+constexpr Scale kGeometric = {
+    kOneOctet, kVerticalLsbFt, Sign::None, "FT", "GEOMETRIC_ALTITUDE LSB=6.25 FT", "GEOMETRIC_ALTITUDE LSB=FT"};
+using Geometric = Scaled<&Aga::altitude_raw, &Aga::altitude_ft, kGeometric>;
 
-struct Velocity {
-    using Value = decltype(Accuracies::atv);
-    static void read(Value &accuracy, const uint8_t *octets) {
-        constexpr double kLsbMPerS = 0.25;
-        accuracy.x_raw = octets[0];
-        accuracy.y_raw = octets[1];
-        accuracy.x_m_s = accuracy.x_raw * kLsbMPerS;
-        accuracy.y_m_s = accuracy.y_raw * kLsbMPerS;
-    }
-    static void summarize(TextWriter &out, const Value &accuracy) {
-        out.print("X:%.2f Y:%.2f M/S", accuracy.x_m_s, accuracy.y_m_s);
-    }
-    static void show(HtmlWriter &html, const Value &accuracy) {
-        OctetTable table(html);
-        table.scaled("Octet[0]", "X-COMPONENT LSB=0.25M/S", accuracy.x_raw, "X-COMPONENT LSB=M/S", accuracy.x_m_s);
-        table.scaled("Octet[1]", "Y-COMPONENT LSB=0.25M/S", accuracy.y_raw, "Y-COMPONENT LSB=M/S", accuracy.y_m_s);
-    }
-};
+using Aba = decltype(Accuracies::aba);
+constexpr Scale kBarometric = {
+    kOneOctet, kLevelLsbFt, Sign::None, "FT", "BAROMETRIC_ALTITUDE LSB=1/4 FL", "BAROMETRIC_ALTITUDE LSB=FT"};
+using Barometric = Scaled<&Aba::altitude_raw, &Aba::altitude_ft, kBarometric>;
 
-struct Acceleration {
-    using Value = decltype(Accuracies::aa);
-    static void read(Value &accuracy, const uint8_t *octets) {
-        constexpr double kLsbMPerS2 = 0.25;
-        accuracy.x_raw = octets[0];
-        accuracy.y_raw = octets[1];
-        accuracy.x_m_s2 = accuracy.x_raw * kLsbMPerS2;
-        accuracy.y_m_s2 = accuracy.y_raw * kLsbMPerS2;
-    }
-    static void summarize(TextWriter &out, const Value &accuracy) {
-        out.print("X:%.2f Y:%.2f M/S2", accuracy.x_m_s2, accuracy.y_m_s2);
-    }
-    static void show(HtmlWriter &html, const Value &accuracy) {
-        OctetTable table(html);
-        table.scaled("Octet[0]", "X-COMPONENT LSB=0.25M/S2", accuracy.x_raw, "X-COMPONENT LSB=M/S2", accuracy.x_m_s2);
-        table.scaled("Octet[1]", "Y-COMPONENT LSB=0.25M/S2", accuracy.y_raw, "Y-COMPONENT LSB=M/S2", accuracy.y_m_s2);
-    }
-};
+using Atv = decltype(Accuracies::atv);
+constexpr PairScale kVelocity = {0.25,
+                                 {"X", "Y"},
+                                 "M/S",
+                                 {"Octet[0]", "Octet[1]"},
+                                 {"X-COMPONENT LSB=0.25M/S", "Y-COMPONENT LSB=0.25M/S"},
+                                 {"X-COMPONENT LSB=M/S", "Y-COMPONENT LSB=M/S"}};
+using Velocity = ScaledPair<&Atv::x_raw, &Atv::y_raw, &Atv::x_m_s, &Atv::y_m_s, kVelocity>;
 
-struct ClimbRate {
-    using Value = decltype(Accuracies::arc);
-    static void read(Value &accuracy, const uint8_t *octets) {
-        accuracy.rate_raw = octets[0];
-        accuracy.rate_ft_min = accuracy.rate_raw * kVerticalLsbFt;
-    }
-    static void summarize(TextWriter &out, const Value &accuracy) { out.print("%.2f FT/MIN", accuracy.rate_ft_min); }
-    static void show(HtmlWriter &html, const Value &accuracy) {
-        OctetTable table(html);
-        table.scaled("Octet[0]", "ROCD LSB=6.25 FT/MIN", accuracy.rate_raw, "ROCD LSB=FT/MIN", accuracy.rate_ft_min);
-    }
-};
+using Aa = decltype(Accuracies::aa);
+constexpr PairScale kAcceleration = {0.25,
+                                     {"X", "Y"},
+                                     "M/S2",
+                                     {"Octet[0]", "Octet[1]"},
+                                     {"X-COMPONENT LSB=0.25M/S2", "Y-COMPONENT LSB=0.25M/S2"},
+                                     {"X-COMPONENT LSB=M/S2", "Y-COMPONENT LSB=M/S2"}};
+using Acceleration = ScaledPair<&Aa::x_raw, &Aa::y_raw, &Aa::x_m_s2, &Aa::y_m_s2, kAcceleration>;
+
+using Arc = decltype(Accuracies::arc);
+constexpr Scale kClimbRate = {kOneOctet, kVerticalLsbFt,         Sign::None,
+                              "FT/MIN",  "ROCD LSB=6.25 FT/MIN", "ROCD LSB=FT/MIN"};
+using ClimbRate = Scaled<&Arc::rate_raw, &Arc::rate_ft_min, kClimbRate>;
 
 constexpr SubfieldRow kAccuracies[] = {
     subfield<&Accuracies::apc, CartesianPosition>("APC", "Estimated Accuracy Of Track Position (Cartesian)", fixed<4>),
     subfield<&Accuracies::cov, Covariance>("COV", "XY Covariance", fixed<2>),
     subfield<&Accuracies::apw, Wgs84Position>("APW", "Estimated Accuracy Of Track Position (WGS-84)", fixed<4>),
-    subfield<&Accuracies::aga, GeometricAccuracy>("AGA", "Estimated Accuracy Of Calculated Track Geometric Altitude",
-                                                  fixed<1>),
-    subfield<&Accuracies::aba, BarometricAccuracy>("ABA", "Estimated Accuracy Of Calculated Track Barometric Altitude",
-                                                   fixed<1>),
+    subfield<&Accuracies::aga, Geometric>("AGA", "Estimated Accuracy Of Calculated Track Geometric Altitude", fixed<1>),
+    subfield<&Accuracies::aba, Barometric>("ABA", "Estimated Accuracy Of Calculated Track Barometric Altitude",
+                                           fixed<1>),
     subfield<&Accuracies::atv, Velocity>("ATV", "Estimated Accuracy Of Track Velocity (Cartesian)", fixed<2>),
     subfield<&Accuracies::aa, Acceleration>("AA", "Estimated Accuracy Of Acceleration", fixed<2>),
     subfield<&Accuracies::arc, ClimbRate>("ARC", "Estimated Accuracy Of Rate Of Climb/Descent", fixed<1>),

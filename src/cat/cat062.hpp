@@ -23,6 +23,45 @@ struct BitTable : FieldTable {
     explicit BitTable(HtmlWriter &html) : FieldTable(html, "Octet/Bit", "Name", "Value") {}
 };
 
+constexpr char kOneOctet[] = "Octet[0]";
+constexpr char kTwoOctets[] = "Octet[0-1]";
+
+enum class Sign { None, TwosComplement };
+
+// A quantity of one or two octets: where views show it, its resolution and its names.
+struct Scale {
+    const char *octets;
+    double lsb;
+    Sign sign;
+    const char *unit;
+    const char *raw_name;
+    const char *name;
+    const char *other_name = nullptr; // in another unit as well
+    double other_lsb = 0;
+};
+
+// A subfield that is such a quantity, by the members that hold it as sent and in its unit.
+template <auto Raw, auto Physical, const Scale &kScale>
+struct Scaled {
+    using Value = typename OwnerOf<decltype(Raw)>::Type;
+
+    static void read(Value &value, const ast_subfield_t &subfield) {
+        using RawValue = std::remove_reference_t<decltype(value.*Raw)>;
+        const unsigned width = subfield.size == 1 ? 8 : 16;
+        const uint32_t raw = field(subfield.data, 1, width);
+        value.*Raw =
+            static_cast<RawValue>(kScale.sign == Sign::None ? static_cast<int32_t>(raw) : twos_complement(raw, width));
+        value.*Physical = value.*Raw * kScale.lsb;
+    }
+    static void summarize(TextWriter &out, const Value &value) { out.print("%.2f %s", value.*Physical, kScale.unit); }
+    static void show(HtmlWriter &html, const Value &value) {
+        OctetTable table(html);
+        table.scaled(kScale.octets, kScale.raw_name, value.*Raw, kScale.name, value.*Physical);
+        if constexpr (kScale.other_name != nullptr)
+            table.quantity(kScale.octets, kScale.other_name, value.*Raw * kScale.other_lsb);
+    }
+};
+
 // The system that sent or owns what the item carries.
 struct Source {
     using Value = ast_062_source_t;

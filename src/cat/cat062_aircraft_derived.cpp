@@ -11,9 +11,6 @@ namespace {
 
 using Derived = ast_dataitem_062_380_t;
 
-constexpr char kOneOctet[] = "Octet[0]";
-constexpr char kTwoOctets[] = "Octet[0-1]";
-
 constexpr std::string_view kNone = "---";
 
 // ---- 1 to 3: ADR, ID, MHG ----
@@ -41,26 +38,20 @@ struct TargetIdentification {
     }
 };
 
-// Clockwise from north.
-struct Angle {
-    using Value = ast_062_angle_t;
-    static constexpr double kLsbDeg = kFullCircleDeg / 65536;
-    static void read(Value &angle, const uint8_t *octets) {
-        angle.angle_raw = read_u16(octets);
-        angle.angle_deg = angle.angle_raw * kLsbDeg;
-    }
-    static void summarize(TextWriter &out, const Value &angle) { out.print("%03.2f DEG", angle.angle_deg); }
-};
+constexpr double kAngleLsbDeg = kFullCircleDeg / 65536;
 
-struct MagneticHeading : Angle {
-    static void show(HtmlWriter &html, const Value &heading) {
-        OctetTable table(html);
-        table.scaled(kTwoOctets, "MAGNETIC_HEADING LSB=0.0055 DEG", heading.angle_raw, "MAGNETIC_HEADING LSB=DEG",
-                     heading.angle_deg);
-    }
-};
+template <const Scale &kScale>
+using Angle = Scaled<&ast_062_angle_t::angle_raw, &ast_062_angle_t::angle_deg, kScale>;
+
+// The label of the heading rounds its resolution.
+constexpr Scale kMagneticHeading = {
+    kTwoOctets, kAngleLsbDeg, Sign::None, "DEG", "MAGNETIC_HEADING LSB=0.0055 DEG", "MAGNETIC_HEADING LSB=DEG"};
+using MagneticHeading = Angle<kMagneticHeading>;
 
 // ---- 4 and 5: IAS, TAS ----
+
+constexpr char kTrueAirspeed[] = "TRUE_AIR_SPEED LSB=KT";
+constexpr char kIndicatedAirspeed[] = "INDICATED_AIR_SPEED LSB=KT";
 
 struct AirspeedOrMach {
     using Value = decltype(Derived::ias);
@@ -86,17 +77,18 @@ struct AirspeedOrMach {
         if (speed.im)
             table.scaled(kBits, "MACH LSB=0.001 MACH", speed.speed_raw, "MACH LSB=MACH", speed.mach);
         else
-            table.scaled(kBits, "INDICATED_AIR_SPEED LSB=2^-14 NM/SEC", speed.speed_raw, "INDICATED_AIR_SPEED LSB=KT",
+            table.scaled(kBits, "INDICATED_AIR_SPEED LSB=2^-14 NM/SEC", speed.speed_raw, kIndicatedAirspeed,
                          speed.airspeed_kt);
     }
 };
 
-struct TrueAirspeed {
-    using Value = decltype(Derived::tas);
+template <const char *Name>
+struct Airspeed {
+    using Value = ast_062_airspeed_t;
     static void read(Value &speed, const uint8_t *octets) { speed.airspeed_kt = read_u16(octets); }
     static void summarize(TextWriter &out, const Value &speed) { out.print("%u KT", speed.airspeed_kt); }
     static void show(HtmlWriter &html, const Value &speed) {
-        OctetTable(html).number(kTwoOctets, "TRUE_AIR_SPEED LSB=KT", speed.airspeed_kt);
+        OctetTable(html).number(kTwoOctets, Name, speed.airspeed_kt);
     }
 };
 
@@ -296,35 +288,20 @@ struct AcasAdvisory {
 
 // ---- 13 to 18: BVR, GVR, RAN, TAR, TAN, GSP ----
 
-// Barometric and geometric alike.
-struct VerticalRate {
-    using Value = ast_062_vertical_rate_t;
-    static void read(Value &rate, const uint8_t *octets) {
-        rate.rate_raw = read_i16(octets);
-        rate.rate_ft_min = rate.rate_raw * kVerticalLsbFt;
-    }
-    static void summarize(TextWriter &out, const Value &rate) { out.print("%.2f FT/M", rate.rate_ft_min); }
-    static void show(HtmlWriter &html, const Value &rate) {
-        OctetTable table(html);
-        table.scaled(kTwoOctets, "VERTICAL_RATE LSB=6.25FT/M", rate.rate_raw, "VERTICAL_RATE LSB=FT/M",
-                     rate.rate_ft_min);
-        table.quantity(kTwoOctets, "VERTICAL_RATE LSB=METER/M", rate.rate_raw * kVerticalLsbM);
-    }
-};
+constexpr Scale kVerticalRate = {kTwoOctets,
+                                 kVerticalLsbFt,
+                                 Sign::TwosComplement,
+                                 "FT/M",
+                                 "VERTICAL_RATE LSB=6.25FT/M",
+                                 "VERTICAL_RATE LSB=FT/M",
+                                 "VERTICAL_RATE LSB=METER/M",
+                                 kVerticalLsbM};
+using VerticalRate = Scaled<&ast_062_vertical_rate_t::rate_raw, &ast_062_vertical_rate_t::rate_ft_min, kVerticalRate>;
 
-struct RollAngle {
-    using Value = decltype(Derived::ran);
-    static void read(Value &roll, const uint8_t *octets) {
-        constexpr double kLsbDeg = 0.01;
-        roll.roll_raw = read_i16(octets);
-        roll.roll_deg = roll.roll_raw * kLsbDeg;
-    }
-    static void summarize(TextWriter &out, const Value &roll) { out.print("%03.2f DEG", roll.roll_deg); }
-    static void show(HtmlWriter &html, const Value &roll) {
-        OctetTable table(html);
-        table.scaled(kTwoOctets, "ROLL_ANGLE LSB=0.01DEG", roll.roll_raw, "ROLL_ANGLE LSB=DEG", roll.roll_deg);
-    }
-};
+using Ran = decltype(Derived::ran);
+constexpr Scale kRollAngle = {kTwoOctets,          0.01, Sign::TwosComplement, "DEG", "ROLL_ANGLE LSB=0.01DEG",
+                              "ROLL_ANGLE LSB=DEG"};
+using RollAngle = Scaled<&Ran::roll_raw, &Ran::roll_deg, kRollAngle>;
 
 struct TrackAngleRate {
     using Value = decltype(Derived::tar);
@@ -344,28 +321,20 @@ struct TrackAngleRate {
     }
 };
 
-struct TrackAngle : Angle {
-    static void show(HtmlWriter &html, const Value &track) {
-        OctetTable table(html);
-        table.scaled(kTwoOctets, "TRACK_ANGLE LSB=360/2^16 DEG", track.angle_raw, "TRACK_ANGLE LSB=DEG",
-                     track.angle_deg);
-    }
-};
+constexpr Scale kTrackAngle = {kTwoOctets,           kAngleLsbDeg, Sign::None, "DEG", "TRACK_ANGLE LSB=360/2^16 DEG",
+                               "TRACK_ANGLE LSB=DEG"};
+using TrackAngle = Angle<kTrackAngle>;
 
-struct GroundSpeed {
-    using Value = decltype(Derived::gsp);
-    static void read(Value &speed, const uint8_t *octets) {
-        speed.speed_raw = read_i16(octets);
-        speed.speed_kt = speed.speed_raw * kSpeedLsbKt;
-    }
-    static void summarize(TextWriter &out, const Value &speed) { out.print("%.2f KT", speed.speed_kt); }
-    static void show(HtmlWriter &html, const Value &speed) {
-        OctetTable table(html);
-        table.scaled(kTwoOctets, "GROUND_SPEED LSB=2^-14 NM/SEC", speed.speed_raw, "GROUND_SPEED LSB=KT",
-                     speed.speed_kt);
-        table.quantity(kTwoOctets, "GROUND_SPEED LSB=NM/SEC", speed.speed_raw / kSpeedUnitsPerNmPerS);
-    }
-};
+using Gsp = decltype(Derived::gsp);
+constexpr Scale kGroundSpeed = {kTwoOctets,
+                                kSpeedLsbKt,
+                                Sign::TwosComplement,
+                                "KT",
+                                "GROUND_SPEED LSB=2^-14 NM/SEC",
+                                "GROUND_SPEED LSB=KT",
+                                "GROUND_SPEED LSB=NM/SEC",
+                                1 / kSpeedUnitsPerNmPerS};
+using GroundSpeed = Scaled<&Gsp::speed_raw, &Gsp::speed_kt, kGroundSpeed>;
 
 // ---- 19 to 21: VUN, MET, EMC ----
 
@@ -426,20 +395,11 @@ struct EmitterCategory {
 
 // ---- 23 to 25: GAL, PUN, MB ----
 
-struct GeometricAltitude {
-    using Value = decltype(Derived::gal);
-    static void read(Value &altitude, const uint8_t *octets) {
-        altitude.altitude_raw = read_i16(octets);
-        altitude.altitude_ft = altitude.altitude_raw * kVerticalLsbFt;
-    }
-    static void summarize(TextWriter &out, const Value &altitude) { out.print("%.2f FT", altitude.altitude_ft); }
-    static void show(HtmlWriter &html, const Value &altitude) {
-        OctetTable table(html);
-        table.scaled(kTwoOctets, "GEO_ALTITUDE LSB=6.25FT", altitude.altitude_raw, "GEO_ALTITUDE LSB=FT",
-                     altitude.altitude_ft);
-        table.quantity(kTwoOctets, "GEO_ALTITUDE LSB=M", altitude.altitude_raw * kVerticalLsbM);
-    }
-};
+using Gal = decltype(Derived::gal);
+constexpr Scale kGeometricAltitude = {
+    kTwoOctets,           kVerticalLsbFt, Sign::TwosComplement, "FT", "GEO_ALTITUDE LSB=6.25FT", "GEO_ALTITUDE LSB=FT",
+    "GEO_ALTITUDE LSB=M", kVerticalLsbM};
+using GeometricAltitude = Scaled<&Gal::altitude_raw, &Gal::altitude_ft, kGeometricAltitude>;
 
 struct PositionUncertainty {
     using Value = decltype(Derived::pun);
@@ -468,16 +428,7 @@ struct Registers {
     }
 };
 
-// ---- 26 to 28: IAR, MAC, BPS ----
-
-struct IndicatedAirspeed {
-    using Value = decltype(Derived::iar);
-    static void read(Value &speed, const uint8_t *octets) { speed.airspeed_kt = read_u16(octets); }
-    static void summarize(TextWriter &out, const Value &speed) { out.print("%u KT", speed.airspeed_kt); }
-    static void show(HtmlWriter &html, const Value &speed) {
-        OctetTable(html).number(kTwoOctets, "INDICATED_AIR_SPEED LSB=KT", speed.airspeed_kt);
-    }
-};
+// ---- 27 and 28: MAC, BPS ----
 
 struct MachNumber {
     using Value = decltype(Derived::mac);
@@ -517,7 +468,7 @@ constexpr SubfieldRow kAircraftDerived[] = {
     subfield<&Derived::id, TargetIdentification>("ID", "Target Identification", fixed<6>),
     subfield<&Derived::mhg, MagneticHeading>("MHG", "Magnetic Heading", fixed<2>),
     subfield<&Derived::ias, AirspeedOrMach>("IAS", "Indicated Airspeed / Mach No", fixed<2>),
-    subfield<&Derived::tas, TrueAirspeed>("TAS", "True Airspeed", fixed<2>),
+    subfield<&Derived::tas, Airspeed<kTrueAirspeed>>("TAS", "True Airspeed", fixed<2>),
     subfield<&Derived::sal, SelectedAltitude>("SAL", "Selected Altitude", fixed<2>),
     subfield<&Derived::fss, FinalSelectedAltitude>("FSS", "Final State Selected Altitude", fixed<2>),
     subfield<&Derived::tis, IntentStatus>("TIS", "Trajectory Intent Status", fixed<1>),
@@ -539,7 +490,7 @@ constexpr SubfieldRow kAircraftDerived[] = {
     subfield<&Derived::gal, GeometricAltitude>("GAL", "Geometric Altitude", fixed<2>),
     subfield<&Derived::pun, PositionUncertainty>("PUN", "Position Uncertainty", fixed<1>),
     subfield<&Derived::mb, Registers>("MB", "Mode-S MB Data", repetitive<kRegisterElementOctets>),
-    subfield<&Derived::iar, IndicatedAirspeed>("IAR", "Indicated Airspeed", fixed<2>),
+    subfield<&Derived::iar, Airspeed<kIndicatedAirspeed>>("IAR", "Indicated Airspeed", fixed<2>),
     subfield<&Derived::mac, MachNumber>("MAC", "Mach Number", fixed<2>),
     subfield<&Derived::bps, PressureSetting>("BPS", "Barometric Pressure Setting", fixed<2>),
 };

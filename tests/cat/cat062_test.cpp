@@ -135,8 +135,7 @@ TEST(Cat062Aircraft, SubfieldSummaries) {
     expect_subfield_summaries(62380017, "01 01 20 80 00 = 180.00 DEG");
     expect_subfield_summaries(62380018, "01 01 10 08 00 = 450.00 KT; 01 01 10 FF FF = -0.22 KT");
     expect_subfield_summaries(62380019, "01 01 08 07 = 7");
-    expect_subfield_summaries(62380020,
-                              "01 01 04 00 00 1E 01 0E FF C8 05 = WS:30 KT WD:270 DEG TMP:-14.000000 C");
+    expect_subfield_summaries(62380020, "01 01 04 00 00 1E 01 0E FF C8 05 = WS:30 KT WD:270 DEG TMP:-14.000000 C");
     expect_subfield_summaries(62380021, "01 01 02 05 = HEAVY_AIRCRAFT; 01 01 02 07 = UNKNOWN_EMITTER");
     expect_subfield_summaries(62380022, "01 01 01 80 20 00 00 E0 00 00 = 450000N0450000W");
     expect_subfield_summaries(62380023, "01 01 01 40 FF FF = -6.25 FT");
@@ -269,7 +268,9 @@ TEST(Cat062Accessors, AircraftDerivedDataHaveAnOrder) {
     EXPECT_EQ(speed("18 40 00 01 2C").value, 300) << "true airspeed";
     EXPECT_EQ(speed("10 40 00").value, 3600) << "indicated airspeed";
     EXPECT_FALSE(speed("10 83 34").valid) << "a Mach number is no speed";
-    const auto selected = [](const char *hex) { return ast_datarecord_062_get_selaltitude(Record(62, {{62380, hex}})); };
+    const auto selected = [](const char *hex) {
+        return ast_datarecord_062_get_selaltitude(Record(62, {{62380, hex}}));
+    };
     EXPECT_EQ(selected("06 C5 78 00 04").value, 35000);
     EXPECT_EQ(selected("02 00 04").value, 100);
     const auto heading = ast_datarecord_062_get_heading(Record(62, {{62380, "01 01 20 80 00"}}));
@@ -279,8 +280,12 @@ TEST(Cat062Accessors, AircraftDerivedDataHaveAnOrder) {
 }
 
 TEST(Cat062Accessors, DispatchersFindThem) {
-    const Record record(62, {{62010, "19 64"}, {62105, "00 80 00 00 01 00 00 00"}, {62185, "00 04 FF FC"},
-                             {62060, "EF C0"}, {62380, "C0 4C A7 A8 49 94 B1 DF 40 E0"}, {62220, "FF 5F"}});
+    const Record record(62, {{62010, "19 64"},
+                             {62105, "00 80 00 00 01 00 00 00"},
+                             {62185, "00 04 FF FC"},
+                             {62060, "EF C0"},
+                             {62380, "C0 4C A7 A8 49 94 B1 DF 40 E0"},
+                             {62220, "FF 5F"}});
     EXPECT_EQ(ast_datarecord_get_msgtype(record), AST_MSGTYPE_TRACK);
     EXPECT_EQ(ast_datarecord_get_sacsic(record).sic, 100U);
     EXPECT_EQ(ast_datarecord_get_wgs84coord(record).latitude_deg, 45);
@@ -297,8 +302,8 @@ TEST(Cat062Accessors, DispatchersFindThem) {
 TEST(Cat062Flat, LeavesTargetIdentificationAndFlightPlanOut) {
     static ast_datarecord_062_t flat;
     flat.vehicle_fleet.valid = true; // of an earlier use
-    const Record record(62, {{62245, "00 49 94 B1 DF 40 E0"}, {62380, "80 4C A7 A8"}, {62390, "80 19 0C"},
-                             {62510, "19 00 03"}});
+    const Record record(
+        62, {{62245, "00 49 94 B1 DF 40 E0"}, {62380, "80 4C A7 A8"}, {62390, "80 19 0C"}, {62510, "19 00 03"}});
     LogCapture log;
     EXPECT_EQ(ast_datarecord_062_disassemble(&flat, record), &flat);
     EXPECT_EQ(log.take(), (LogLines{{AST_LOG_DEBUG, "Failed to disassemble dataitem I062/245."},

@@ -20,7 +20,7 @@ TEST(Page, CountsByCategory) {
 TEST(Page, ShowsWhatIsAskedFor) {
     const Command command;
     EXPECT_EQ(command.run("--html page --where icao=3C4A12 " + kSample + " && grep -c 'class=\"block\"' page").out,
-              "1\n");
+              "2\n"); // the radar's and the tracker's
     EXPECT_EQ(command.run("--html page --stats --category 62 " + kSample).out.find("Category "), 0U);
     EXPECT_EQ(command.run("--html page - < /dev/null && grep -c '<h2>standard input</h2>' page").out, "1\n");
 }

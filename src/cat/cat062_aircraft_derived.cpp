@@ -62,7 +62,7 @@ struct AirspeedOrMach {
         if (speed.im)
             speed.mach = speed.speed_raw * kMachLsb;
         else
-            speed.airspeed_kt = speed.speed_raw * kSpeedLsbKt;
+            speed.airspeed_kt = speed.speed_raw * kFineSpeedLsbKt;
     }
     static void summarize(TextWriter &out, const Value &speed) {
         if (speed.im)
@@ -327,7 +327,7 @@ using TrackAngle = Angle<kTrackAngle>;
 
 using Gsp = decltype(Derived::gsp);
 constexpr Scale kGroundSpeed = {kTwoOctets,
-                                kSpeedLsbKt,
+                                kFineSpeedLsbKt,
                                 Sign::TwosComplement,
                                 "KT",
                                 "GROUND_SPEED LSB=2^-14 NM/SEC",

@@ -166,7 +166,7 @@ struct PolarVelocity : SharedLayout<ast_value_pair_t, items::velocity_polar.size
     static void read(Value &velocity, const uint8_t *octets) {
         velocity.raw_1 = static_cast<int32_t>(read_u16(octets));
         velocity.raw_2 = static_cast<int32_t>(read_u16(octets + 2));
-        velocity.value_1 = velocity.raw_1 * kSpeedLsbKt;
+        velocity.value_1 = velocity.raw_1 * kFineSpeedLsbKt;
         velocity.value_2 = velocity.raw_2 * kFullCircleDeg / kHeadingUnits;
     }
 
@@ -186,7 +186,7 @@ struct PolarVelocity : SharedLayout<ast_value_pair_t, items::velocity_polar.size
     // The raw values are stored back even into a record that is not valid.
     static void prepare(Value &velocity) {
         if (!(velocity.value_1 > 0 || velocity.value_2 > 0)) return;
-        velocity.raw_1 = rounded_units(velocity.value_1 / kSpeedLsbKt);
+        velocity.raw_1 = rounded_units(velocity.value_1 / kFineSpeedLsbKt);
         velocity.raw_2 = rounded_units(velocity.value_2 / kFullCircleDeg * kHeadingUnits);
     }
 

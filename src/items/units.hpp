@@ -20,8 +20,8 @@ constexpr double kVerticalLsbM = 1.905;
 constexpr double kLevelLsbFl = 0.25;
 constexpr int32_t kLevelLsbFt = 25;
 constexpr double kLevelLsbM = 7.62;
-constexpr double kSpeedUnitsPerNmPerS = 1 << 14;
-constexpr double kSpeedLsbKt = 3600 / kSpeedUnitsPerNmPerS;
+constexpr double kSpeedUnitsPerNmPerS = 1 << 14; // the fine one, 0.22 kt
+constexpr double kFineSpeedLsbKt = 3600 / kSpeedUnitsPerNmPerS;
 constexpr double kLowPositionUnits = 1 << 23; // per half circle
 constexpr double kLowPositionLsbDeg = kHalfCircleDeg / kLowPositionUnits;
 

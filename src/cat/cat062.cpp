@@ -7,6 +7,8 @@
 #include "cat/flat.hpp"
 #include "items/accessors.hpp"
 #include "items/code.hpp"
+#include "items/target_size.hpp"
+#include "items/vehicle_fleet.hpp"
 
 using namespace ast;
 using namespace ast::cat062;
@@ -434,34 +436,7 @@ AST_DEFINE_VIEWS(I062_220, ast_dataitem_062_220_get_summary, ast_dataitem_062_22
 
 // ---- I062/270 Target Size & Orientation ----
 
-struct I062_270 : Item<62270, ast_dataitem_062_270_t, extended<3>> {
-    static void read(Value &size, const ast_dataitem_t &item) {
-        constexpr double kLsbDeg = kFullCircleDeg / 128;
-        size.length_m = bits(item.data[0], 8, 2);
-        if (item.size < 2) return;
-        size.orientation_present = true;
-        size.orientation_raw = bits(item.data[1], 8, 2);
-        size.orientation_deg = size.orientation_raw * kLsbDeg;
-        if (item.size < 3) return;
-        size.width_present = true;
-        size.width_m = bits(item.data[2], 8, 2);
-    }
-
-    static void summarize(TextWriter &out, const Value &size) {
-        out.print("L:%u", size.length_m);
-        if (size.orientation_present) out.print(" O:%.2f", size.orientation_deg);
-        if (size.width_present) out.print(" W:%u", size.width_m);
-    }
-
-    static void show(HtmlWriter &html, const Value &size) {
-        FieldTable table(html, "Bit", "Item", "Value");
-        table.number("Bit[0-7]", "LENGTH LSB:M", size.length_m);
-        if (size.orientation_present)
-            table.scaled("Bit[9-15]", "ORIENTATION LSB:360/128 DEG", size.orientation_raw, "ORIENTATION LSB:DEG",
-                         size.orientation_deg);
-        if (size.width_present) table.number("Bit[17-23]", "WIDTH LSB:M", size.width_m);
-    }
-};
+struct I062_270 : TargetSize<62270, ast_dataitem_062_270_t> {};
 
 AST_DEFINE_DECODE(I062_270, ast_dataitem_062_270_decode)
 AST_DEFINE_VIEWS(I062_270, ast_dataitem_062_270_get_summary, ast_dataitem_062_270_get_detail_html)
@@ -470,8 +445,8 @@ AST_DEFINE_VIEWS(I062_270, ast_dataitem_062_270_get_summary, ast_dataitem_062_27
 
 namespace {
 
-constexpr Scale kAge = {kOneOctet, 0.25, Sign::None, "SEC", "AGE LSB:1/4 SEC", "AGE LSB:SEC"};
-using Age = Scaled<&ast_age_t::raw, &ast_age_t::age_s, kAge>;
+constexpr SubfieldScale kAge = {kOneOctet, 0.25, Sign::None, "SEC", "AGE LSB:1/4 SEC", "AGE LSB:SEC"};
+using Age = ScaledSubfield<&ast_age_t::raw, &ast_age_t::age_s, kAge>;
 
 using UpdateAges = ast_dataitem_062_290_t;
 
@@ -543,46 +518,22 @@ AST_DEFINE_SUBFIELD_DETAIL(kItem295, ast_subfield_062_295_get_detail_html)
 
 // ---- I062/300 Vehicle Fleet Identification ----
 
-namespace {
-
-constexpr const char *kFleets[] = {
-    "UNKNOWN",
-    "ATC_MAINTENANCE",
-    "AIRPORT_MAINTENANCE",
-    "FIRE",
-    "BIRD_SCARER",
-    "SNOW_PLOUGH",
-    "RUNWAY_SWEEPER",
-    "EMERGENCY",
-    "POLICE",
-    "BUS",
-    "TUG",
-    "GRASS_CUTTER",
-    "FUEL",
-    "BAGGAGE",
-    "CATERING",
-    "AIRCRAFT_MAINTENANCE",
-    "FOLLOW_ME",
-};
-
-} // namespace
-
-const char *ast_vehicle_fleet_id_get_name(uint32_t value) { return text_of(kFleets, value, "UNDEFINED"); }
+const char *ast_vehicle_fleet_id_get_name(uint32_t value) { return vehicle_fleet(value); }
 
 struct I062_300 : Item<62300, ast_dataitem_062_300_t, fixed<1>> {
+    static constexpr uint32_t kLastFleet = 16;
+
     static void read(Value &vehicle, const uint8_t *octets) {
         vehicle.raw = octets[0];
-        vehicle.fleet = vehicle.raw < std::size(kFleets) ? vehicle.raw : 0;
+        vehicle.fleet = vehicle.raw <= kLastFleet ? vehicle.raw : 0;
     }
 
-    static void summarize(TextWriter &out, const Value &vehicle) {
-        out.append(ast_vehicle_fleet_id_get_name(vehicle.fleet));
-    }
+    static void summarize(TextWriter &out, const Value &vehicle) { out.append(vehicle_fleet(vehicle.fleet)); }
 
     // A fleet that is not defined reads as unknown, and shows here as what it is.
     static void show(HtmlWriter &html, const Value &vehicle) {
         FieldTable table(html, "Octet", "Item", "Value");
-        table.row("Octet[0]", "VEHICLE_FLEET_ID", ast_vehicle_fleet_id_get_name(vehicle.raw));
+        table.row("Octet[0]", "VEHICLE_FLEET_ID", vehicle_fleet(vehicle.raw));
     }
 };
 
@@ -596,7 +547,7 @@ namespace {
 using Accuracies = ast_dataitem_062_500_t;
 
 // Two quantities of one resolution, one behind the other.
-struct PairScale {
+struct SubfieldPairScale {
     double lsb;
     const char *summary_names[2];
     const char *unit;
@@ -605,8 +556,8 @@ struct PairScale {
     const char *names[2];
 };
 
-template <auto Raw1, auto Raw2, auto Physical1, auto Physical2, const PairScale &kScale>
-struct ScaledPair {
+template <auto Raw1, auto Raw2, auto Physical1, auto Physical2, const SubfieldPairScale &kScale>
+struct ScaledPairSubfield {
     using Value = typename OwnerOf<decltype(Raw1)>::Type;
     static void read(Value &pair, const ast_subfield_t &subfield) {
         const auto width = static_cast<unsigned>(subfield.size) * 8 / 2;
@@ -627,61 +578,61 @@ struct ScaledPair {
 };
 
 using Apc = decltype(Accuracies::apc);
-constexpr PairScale kCartesianPosition = {0.5,
-                                          {"X", "Y"},
-                                          "M",
-                                          {"Octet[0-1]", "Octet[2-3]"},
-                                          {"X-COMPONENT LSB=0.5M", "Y-COMPONENT LSB=0.5M"},
-                                          {"X-COMPONENT LSB=M", "Y-COMPONENT LSB=M"}};
-using CartesianPosition = ScaledPair<&Apc::x_raw, &Apc::y_raw, &Apc::x_m, &Apc::y_m, kCartesianPosition>;
+constexpr SubfieldPairScale kCartesianPosition = {0.5,
+                                                  {"X", "Y"},
+                                                  "M",
+                                                  {"Octet[0-1]", "Octet[2-3]"},
+                                                  {"X-COMPONENT LSB=0.5M", "Y-COMPONENT LSB=0.5M"},
+                                                  {"X-COMPONENT LSB=M", "Y-COMPONENT LSB=M"}};
+using CartesianPosition = ScaledPairSubfield<&Apc::x_raw, &Apc::y_raw, &Apc::x_m, &Apc::y_m, kCartesianPosition>;
 
 using Cov = decltype(Accuracies::cov);
-constexpr Scale kCovariance = {kTwoOctets,           0.5, Sign::TwosComplement, "M", "XY_COVARIANCE LSB=0.5M",
-                               "XY_COVARIANCE LSB=M"};
-using Covariance = Scaled<&Cov::covariance_raw, &Cov::covariance_m, kCovariance>;
+constexpr SubfieldScale kCovariance = {kTwoOctets,           0.5, Sign::TwosComplement, "M", "XY_COVARIANCE LSB=0.5M",
+                                       "XY_COVARIANCE LSB=M"};
+using Covariance = ScaledSubfield<&Cov::covariance_raw, &Cov::covariance_m, kCovariance>;
 
 using Apw = decltype(Accuracies::apw);
-constexpr PairScale kWgs84Position = {kHalfCircleDeg / (1 << 25),
-                                      {"LAT", "LON"},
-                                      "DEG",
-                                      {"Octet[0-1]", "Octet[2-3]"},
-                                      {"LATITUDE LSB=180/2^25 DEG", "LONGITUDE LSB=180/2^25 DEG"},
-                                      {"LATITUDE LSB=DEG", "LONGITUDE LSB=DEG"}};
-using Wgs84Position =
-    ScaledPair<&Apw::latitude_raw, &Apw::longitude_raw, &Apw::latitude_deg, &Apw::longitude_deg, kWgs84Position>;
+constexpr SubfieldPairScale kWgs84Position = {kHalfCircleDeg / (1 << 25),
+                                              {"LAT", "LON"},
+                                              "DEG",
+                                              {"Octet[0-1]", "Octet[2-3]"},
+                                              {"LATITUDE LSB=180/2^25 DEG", "LONGITUDE LSB=180/2^25 DEG"},
+                                              {"LATITUDE LSB=DEG", "LONGITUDE LSB=DEG"}};
+using Wgs84Position = ScaledPairSubfield<&Apw::latitude_raw, &Apw::longitude_raw, &Apw::latitude_deg,
+                                         &Apw::longitude_deg, kWgs84Position>;
 
 using Aga = decltype(Accuracies::aga);
-constexpr Scale kGeometric = {
+constexpr SubfieldScale kGeometric = {
     kOneOctet, kVerticalLsbFt, Sign::None, "FT", "GEOMETRIC_ALTITUDE LSB=6.25 FT", "GEOMETRIC_ALTITUDE LSB=FT"};
-using Geometric = Scaled<&Aga::altitude_raw, &Aga::altitude_ft, kGeometric>;
+using Geometric = ScaledSubfield<&Aga::altitude_raw, &Aga::altitude_ft, kGeometric>;
 
 using Aba = decltype(Accuracies::aba);
-constexpr Scale kBarometric = {
+constexpr SubfieldScale kBarometric = {
     kOneOctet, kLevelLsbFt, Sign::None, "FT", "BAROMETRIC_ALTITUDE LSB=1/4 FL", "BAROMETRIC_ALTITUDE LSB=FT"};
-using Barometric = Scaled<&Aba::altitude_raw, &Aba::altitude_ft, kBarometric>;
+using Barometric = ScaledSubfield<&Aba::altitude_raw, &Aba::altitude_ft, kBarometric>;
 
 using Atv = decltype(Accuracies::atv);
-constexpr PairScale kVelocity = {0.25,
-                                 {"X", "Y"},
-                                 "M/S",
-                                 {"Octet[0]", "Octet[1]"},
-                                 {"X-COMPONENT LSB=0.25M/S", "Y-COMPONENT LSB=0.25M/S"},
-                                 {"X-COMPONENT LSB=M/S", "Y-COMPONENT LSB=M/S"}};
-using Velocity = ScaledPair<&Atv::x_raw, &Atv::y_raw, &Atv::x_m_s, &Atv::y_m_s, kVelocity>;
+constexpr SubfieldPairScale kVelocity = {0.25,
+                                         {"X", "Y"},
+                                         "M/S",
+                                         {"Octet[0]", "Octet[1]"},
+                                         {"X-COMPONENT LSB=0.25M/S", "Y-COMPONENT LSB=0.25M/S"},
+                                         {"X-COMPONENT LSB=M/S", "Y-COMPONENT LSB=M/S"}};
+using Velocity = ScaledPairSubfield<&Atv::x_raw, &Atv::y_raw, &Atv::x_m_s, &Atv::y_m_s, kVelocity>;
 
 using Aa = decltype(Accuracies::aa);
-constexpr PairScale kAcceleration = {0.25,
-                                     {"X", "Y"},
-                                     "M/S2",
-                                     {"Octet[0]", "Octet[1]"},
-                                     {"X-COMPONENT LSB=0.25M/S2", "Y-COMPONENT LSB=0.25M/S2"},
-                                     {"X-COMPONENT LSB=M/S2", "Y-COMPONENT LSB=M/S2"}};
-using Acceleration = ScaledPair<&Aa::x_raw, &Aa::y_raw, &Aa::x_m_s2, &Aa::y_m_s2, kAcceleration>;
+constexpr SubfieldPairScale kAcceleration = {0.25,
+                                             {"X", "Y"},
+                                             "M/S2",
+                                             {"Octet[0]", "Octet[1]"},
+                                             {"X-COMPONENT LSB=0.25M/S2", "Y-COMPONENT LSB=0.25M/S2"},
+                                             {"X-COMPONENT LSB=M/S2", "Y-COMPONENT LSB=M/S2"}};
+using Acceleration = ScaledPairSubfield<&Aa::x_raw, &Aa::y_raw, &Aa::x_m_s2, &Aa::y_m_s2, kAcceleration>;
 
 using Arc = decltype(Accuracies::arc);
-constexpr Scale kClimbRate = {kOneOctet, kVerticalLsbFt,         Sign::None,
-                              "FT/MIN",  "ROCD LSB=6.25 FT/MIN", "ROCD LSB=FT/MIN"};
-using ClimbRate = Scaled<&Arc::rate_raw, &Arc::rate_ft_min, kClimbRate>;
+constexpr SubfieldScale kClimbRate = {kOneOctet, kVerticalLsbFt,         Sign::None,
+                                      "FT/MIN",  "ROCD LSB=6.25 FT/MIN", "ROCD LSB=FT/MIN"};
+using ClimbRate = ScaledSubfield<&Arc::rate_raw, &Arc::rate_ft_min, kClimbRate>;
 
 constexpr SubfieldRow kAccuracies[] = {
     subfield<&Accuracies::apc, CartesianPosition>("APC", "Estimated Accuracy Of Track Position (Cartesian)", fixed<4>),
@@ -765,16 +716,10 @@ ast_time_of_day_t ast_datarecord_062_get_timeofday(const ast_datarecord_t *recor
     return timeofday_of(record, 62070);
 }
 ast_uint_value_t ast_datarecord_062_get_msgtype(const ast_datarecord_t *record) {
-    if (!record || !record->valid) return {};
-    return {.valid = true, .value = AST_MSGTYPE_TRACK};
+    return msgtype_of(record, AST_MSGTYPE_TRACK);
 }
 ast_uint_value_t ast_datarecord_062_get_tracknum(const ast_datarecord_t *record) { return tracknum_of(record, 62040); }
-
-ast_squawk_t ast_datarecord_062_get_squawk(const ast_datarecord_t *record) {
-    ast_squawk_t squawk = squawk_of(record, 62060);
-    squawk.not_validated = ast_dataitem_mode_3a_code_decode(first_item(record, 62060)).not_validated;
-    return squawk;
-}
+ast_squawk_t ast_datarecord_062_get_squawk(const ast_datarecord_t *record) { return whole_squawk_of(record, 62060); }
 
 ast_aircraft_id_t ast_datarecord_062_get_callsign(const ast_datarecord_t *record) {
     ast_aircraft_id_t callsign{};
@@ -790,8 +735,7 @@ ast_icao_address_t ast_datarecord_062_get_icaoaddr(const ast_datarecord_t *recor
 }
 
 ast_coordinate_t ast_datarecord_062_get_coordinate(const ast_datarecord_t *record) {
-    const auto position = ast_dataitem_position_wgs84_decode(first_item(record, 62105));
-    return {.valid = position.valid, .latitude_deg = position.value_1, .longitude_deg = position.value_2};
+    return coordinate_of(record, 62105);
 }
 
 ast_quantity_t ast_datarecord_062_get_flightlevel(const ast_datarecord_t *record) {

@@ -6,6 +6,7 @@
 #include "items/compound.hpp"
 #include "items/items.hpp"
 #include "items/units.hpp"
+#include "items/vertical.hpp"
 #include "view/fields.hpp"
 #include "view/position.hpp"
 
@@ -29,7 +30,7 @@ constexpr char kTwoOctets[] = "Octet[0-1]";
 enum class Sign { None, TwosComplement };
 
 // A quantity of one or two octets: where views show it, its resolution and its names.
-struct Scale {
+struct SubfieldScale {
     const char *octets;
     double lsb;
     Sign sign;
@@ -41,8 +42,8 @@ struct Scale {
 };
 
 // A subfield that is such a quantity, by the members that hold it as sent and in its unit.
-template <auto Raw, auto Physical, const Scale &kScale>
-struct Scaled {
+template <auto Raw, auto Physical, const SubfieldScale &kScale>
+struct ScaledSubfield {
     using Value = typename OwnerOf<decltype(Raw)>::Type;
 
     static void read(Value &value, const ast_subfield_t &subfield) {

@@ -40,11 +40,11 @@ struct TargetIdentification {
 
 constexpr double kAngleLsbDeg = kFullCircleDeg / 65536;
 
-template <const Scale &kScale>
-using Angle = Scaled<&ast_062_angle_t::angle_raw, &ast_062_angle_t::angle_deg, kScale>;
+template <const SubfieldScale &kScale>
+using Angle = ScaledSubfield<&ast_062_angle_t::angle_raw, &ast_062_angle_t::angle_deg, kScale>;
 
 // The label of the heading rounds its resolution.
-constexpr Scale kMagneticHeading = {
+constexpr SubfieldScale kMagneticHeading = {
     kTwoOctets, kAngleLsbDeg, Sign::None, "DEG", "MAGNETIC_HEADING LSB=0.0055 DEG", "MAGNETIC_HEADING LSB=DEG"};
 using MagneticHeading = Angle<kMagneticHeading>;
 
@@ -288,20 +288,21 @@ struct AcasAdvisory {
 
 // ---- 13 to 18: BVR, GVR, RAN, TAR, TAN, GSP ----
 
-constexpr Scale kVerticalRate = {kTwoOctets,
-                                 kVerticalLsbFt,
-                                 Sign::TwosComplement,
-                                 "FT/M",
-                                 "VERTICAL_RATE LSB=6.25FT/M",
-                                 "VERTICAL_RATE LSB=FT/M",
-                                 "VERTICAL_RATE LSB=METER/M",
-                                 kVerticalLsbM};
-using VerticalRate = Scaled<&ast_062_vertical_rate_t::rate_raw, &ast_062_vertical_rate_t::rate_ft_min, kVerticalRate>;
+constexpr SubfieldScale kVerticalRate = {kTwoOctets,
+                                         kVerticalLsbFt,
+                                         Sign::TwosComplement,
+                                         "FT/M",
+                                         "VERTICAL_RATE LSB=6.25FT/M",
+                                         "VERTICAL_RATE LSB=FT/M",
+                                         "VERTICAL_RATE LSB=METER/M",
+                                         kVerticalLsbM};
+using VerticalRate =
+    ScaledSubfield<&ast_062_vertical_rate_t::rate_raw, &ast_062_vertical_rate_t::rate_ft_min, kVerticalRate>;
 
 using Ran = decltype(Derived::ran);
-constexpr Scale kRollAngle = {kTwoOctets,          0.01, Sign::TwosComplement, "DEG", "ROLL_ANGLE LSB=0.01DEG",
-                              "ROLL_ANGLE LSB=DEG"};
-using RollAngle = Scaled<&Ran::roll_raw, &Ran::roll_deg, kRollAngle>;
+constexpr SubfieldScale kRollAngle = {kTwoOctets,          0.01, Sign::TwosComplement, "DEG", "ROLL_ANGLE LSB=0.01DEG",
+                                      "ROLL_ANGLE LSB=DEG"};
+using RollAngle = ScaledSubfield<&Ran::roll_raw, &Ran::roll_deg, kRollAngle>;
 
 struct TrackAngleRate {
     using Value = decltype(Derived::tar);
@@ -321,20 +322,20 @@ struct TrackAngleRate {
     }
 };
 
-constexpr Scale kTrackAngle = {kTwoOctets,           kAngleLsbDeg, Sign::None, "DEG", "TRACK_ANGLE LSB=360/2^16 DEG",
-                               "TRACK_ANGLE LSB=DEG"};
+constexpr SubfieldScale kTrackAngle = {
+    kTwoOctets, kAngleLsbDeg, Sign::None, "DEG", "TRACK_ANGLE LSB=360/2^16 DEG", "TRACK_ANGLE LSB=DEG"};
 using TrackAngle = Angle<kTrackAngle>;
 
 using Gsp = decltype(Derived::gsp);
-constexpr Scale kGroundSpeed = {kTwoOctets,
-                                kFineSpeedLsbKt,
-                                Sign::TwosComplement,
-                                "KT",
-                                "GROUND_SPEED LSB=2^-14 NM/SEC",
-                                "GROUND_SPEED LSB=KT",
-                                "GROUND_SPEED LSB=NM/SEC",
-                                1 / kSpeedUnitsPerNmPerS};
-using GroundSpeed = Scaled<&Gsp::speed_raw, &Gsp::speed_kt, kGroundSpeed>;
+constexpr SubfieldScale kGroundSpeed = {kTwoOctets,
+                                        kFineSpeedLsbKt,
+                                        Sign::TwosComplement,
+                                        "KT",
+                                        "GROUND_SPEED LSB=2^-14 NM/SEC",
+                                        "GROUND_SPEED LSB=KT",
+                                        "GROUND_SPEED LSB=NM/SEC",
+                                        1 / kSpeedUnitsPerNmPerS};
+using GroundSpeed = ScaledSubfield<&Gsp::speed_raw, &Gsp::speed_kt, kGroundSpeed>;
 
 // ---- 19 to 21: VUN, MET, EMC ----
 
@@ -396,10 +397,10 @@ struct EmitterCategory {
 // ---- 23 to 25: GAL, PUN, MB ----
 
 using Gal = decltype(Derived::gal);
-constexpr Scale kGeometricAltitude = {
+constexpr SubfieldScale kGeometricAltitude = {
     kTwoOctets,           kVerticalLsbFt, Sign::TwosComplement, "FT", "GEO_ALTITUDE LSB=6.25FT", "GEO_ALTITUDE LSB=FT",
     "GEO_ALTITUDE LSB=M", kVerticalLsbM};
-using GeometricAltitude = Scaled<&Gal::altitude_raw, &Gal::altitude_ft, kGeometricAltitude>;
+using GeometricAltitude = ScaledSubfield<&Gal::altitude_raw, &Gal::altitude_ft, kGeometricAltitude>;
 
 struct PositionUncertainty {
     using Value = decltype(Derived::pun);

@@ -46,6 +46,7 @@ struct CodeKind {
 constexpr CodeKind kMode3a = {AST_DATAITEM_NONE, "MODE_3/A", "SMOOTHED"};
 constexpr CodeKind kOtherCodes[] = {
     {1050, "MODE_2", "SMOOTHED"},
+    {20050, "MODE_2", "SMOOTHED"},
     {62060, "MODE_3/A", "CHANGED"},
     {62120, "MODE_2", nullptr},
 };

@@ -14,9 +14,7 @@ constexpr double kHalfCircleDeg = 180;
 constexpr double kMetresPerNm = 1852;
 constexpr double kMetresPerFoot = 0.3048;
 
-// Resolutions that many items have. A vertical quantity is in feet or feet per minute, a level in quarters of 100 ft.
-constexpr double kVerticalLsbFt = 6.25;
-constexpr double kVerticalLsbM = 1.905;
+// Resolutions that many items have. A level is in quarters of 100 ft.
 constexpr double kLevelLsbFl = 0.25;
 constexpr int32_t kLevelLsbFt = 25;
 constexpr double kLevelLsbM = 7.62;

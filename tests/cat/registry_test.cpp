@@ -97,9 +97,8 @@ TEST(OwnSize, ProcessingStatusOfWeatherHasThreeOctetsAndExtents) {
     // Only the third octet and those behind it have an FX bit.
     expect_sizes(ast_dataitem_008_100_get_size, 8100,
                  "01 01 = 0; 01 01 00 FF = 3; 00 00 01 = 0; 00 00 01 00 FF = 4; "
-                 "00 00 01 01 01 01 01 01 01 01 00 FF = 11");
-    expect_sizes(ast_dataitem_008_100_get_size, 8100,
-                 "00 00 01 01 01 01 01 01 01 01 01 00 = 11; 00 00 01 01 01 01 01 01 01 01 01 = 11",
+                 "00 00 01 01 01 01 01 01 01 01 00 FF = 11; 00 00 01 01 01 01 01 01 01 01 01 = 0");
+    expect_sizes(ast_dataitem_008_100_get_size, 8100, "00 00 01 01 01 01 01 01 01 01 01 00 = 11",
                  {{3, "Dataitem I008/100 length exceed max: 11"}});
 }
 

@@ -1,5 +1,5 @@
 // Times the public calls on recordings of realistic blocks, beside two floors on the same octets: copying them, and
-// walking them by block length alone.
+// walking them by block length alone. Files of blocks back to back are arguments: a long stream is made of them.
 
 #include <benchmark/benchmark.h>
 
@@ -11,29 +11,25 @@
 #include <vector>
 
 #include "records.hpp"
+#include "stream.hpp"
 
 namespace {
 
 using bench::Sample;
 
-constexpr size_t kHeaderOctets = 3; // CAT, LEN
+using bench::block_length;
+using bench::kHeaderOctets;
+
 constexpr size_t kRecordsPerBlock = 8;
 constexpr size_t kBlocks = 16;
 
 // Blocks back to back, as they stand in a recording.
 std::vector<uint8_t> recording_of(const Sample &sample) {
-    const size_t length = kHeaderOctets + kRecordsPerBlock * sample.octets.size();
+    const std::vector<uint8_t> block = bench::block_of(sample, kRecordsPerBlock);
     std::vector<uint8_t> recording;
-    for (size_t b = 0; b < kBlocks; ++b) {
-        recording.insert(recording.end(),
-                         {sample.category, static_cast<uint8_t>(length >> 8), static_cast<uint8_t>(length)});
-        for (size_t r = 0; r < kRecordsPerBlock; ++r)
-            recording.insert(recording.end(), sample.octets.begin(), sample.octets.end());
-    }
+    for (size_t b = 0; b < kBlocks; ++b) recording.insert(recording.end(), block.begin(), block.end());
     return recording;
 }
-
-size_t block_length(const uint8_t *block) { return static_cast<size_t>(block[1]) << 8 | block[2]; }
 
 template <typename Visitor>
 void each_block(const std::vector<uint8_t> &recording, Visitor visit) {
@@ -121,6 +117,60 @@ void decode_blocks(benchmark::State &state, const Sample &sample, BlockDecoder *
         });
     }
     count(state, recording.size());
+}
+
+// ---- A stream of many blocks in random order ----
+
+constexpr size_t kStreamOctets = 20'000'000;
+
+void copy_stream(benchmark::State &state, const std::vector<uint8_t> &stream) {
+    std::vector<uint8_t> copy(stream.size());
+    for ([[maybe_unused]] const auto _ : state) {
+        std::memcpy(copy.data(), stream.data(), stream.size());
+        benchmark::ClobberMemory();
+    }
+    state.SetBytesProcessed(state.iterations() * static_cast<int64_t>(stream.size()));
+}
+
+// Reads each block of the stream by `read(block, length)`, which returns the number of its records.
+template <typename Read>
+void read_stream(benchmark::State &state, const std::vector<uint8_t> &stream, Read read) {
+    uint64_t records = 0;
+    for ([[maybe_unused]] const auto _ : state) {
+        records = 0;
+        each_block(stream, [&](const uint8_t *block, size_t) { records += read(block, block_length(block)); });
+        benchmark::DoNotOptimize(records);
+    }
+    state.SetItemsProcessed(state.iterations() * static_cast<int64_t>(records));
+    state.SetBytesProcessed(state.iterations() * static_cast<int64_t>(stream.size()));
+}
+
+uint64_t walk_length(const uint8_t *, uint64_t) { return 0; }
+
+uint64_t decode_into(const uint8_t *data, uint64_t length) {
+    static ast_datablock_t block;
+    ast_datablock_decode_into(&block, data, length, AST_UAP_STANDARD);
+    return block.record_count;
+}
+
+uint64_t split(const uint8_t *data, uint64_t length) {
+    constexpr size_t kRoom = 65536;
+    static ast_split_record_t records[kRoom];
+    static ast_split_item_t items[kRoom];
+    static ast_split_t split = {.records = records, .record_room = kRoom, .items = items, .item_room = kRoom};
+    ast_datablock_split(&split, data, length, &AST_UAP_STANDARD);
+    return split.record_count;
+}
+
+void add_stream(const std::vector<uint8_t> &stream) {
+    benchmark::RegisterBenchmark("stream: copy the octets", copy_stream, stream);
+    const auto add = [&](const char *name, uint64_t (*read)(const uint8_t *, uint64_t)) {
+        benchmark::RegisterBenchmark(name,
+                                     [&stream, read](benchmark::State &state) { read_stream(state, stream, read); });
+    };
+    add("stream: walk the blocks by LEN", walk_length);
+    add("stream: decode blocks into one", decode_into);
+    add("stream: split blocks", split);
 }
 
 // A plot as a sender has it before it is encoded: the values of seven items.
@@ -222,8 +272,14 @@ void add(const Sample &sample) {
 
 int main(int argc, char **argv) {
     benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return EXIT_FAILURE;
     ast_log_handler_reg(nullptr);
+
+    const std::vector<uint8_t> stream = bench::shuffled_stream({argv + 1, argv + argc}, kStreamOctets);
+    if (argc > 1 && stream.empty()) {
+        std::fprintf(stderr, "%s: no blocks\n", argv[1]);
+        return EXIT_FAILURE;
+    }
+    if (!stream.empty()) add_stream(stream);
 
     for (const Sample &sample : bench::kSamples) add(sample);
     const Sample &adsb = bench::kSamples.back();

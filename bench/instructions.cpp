@@ -1,18 +1,19 @@
-// Decodes one record many times, so that an instruction counter can tell what a decode costs: scripts/instructions runs
-// it under callgrind. The record `none` has no octets, so its decode is the call and the zeroing of the result alone.
+// Reads one record many times in one of the ways there are, so that an instruction counter can tell what a call costs:
+// scripts/instructions runs it under callgrind. The record `none` has no octets.
 //
-// Prints the number of decodes and of the record's items.
+// Prints the number of calls and of the record's items.
 
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <string_view>
+#include <vector>
 
 #include "records.hpp"
 
 namespace {
 
-constexpr int kDecodes = 100;
+constexpr int kCalls = 100;
 constexpr bench::Sample kNone = {"none", {}, 48, &AST_UAP_STANDARD, 0};
 
 const bench::Sample *find_sample(std::string_view name) {
@@ -22,18 +23,51 @@ const bench::Sample *find_sample(std::string_view name) {
     return found == bench::kSamples.end() ? nullptr : &*found;
 }
 
+// Each reads the record, alone or in a block of its own, and returns how many items it found.
+
+uint64_t decode_record(const bench::Sample &sample, const std::vector<uint8_t> &) {
+    return ast_datarecord_decode(sample.octets.data(), sample.octets.size(), sample.category, *sample.uap).item_count;
+}
+
+uint64_t decode_into(const bench::Sample &sample, const std::vector<uint8_t> &block) {
+    static ast_datablock_t decoded; // large
+    ast_datablock_decode_into(&decoded, block.data(), block.size(), *sample.uap);
+    return decoded.record_count == 0 ? 0 : decoded.records[0].item_count;
+}
+
+uint64_t split(const bench::Sample &sample, const std::vector<uint8_t> &block) {
+    ast_split_record_t records[1];
+    ast_split_item_t items[AST_DATARECORD_MAX_ITEMS];
+    ast_split_t split = {.records = records, .record_room = 1, .items = items, .item_room = std::size(items)};
+    ast_datablock_split(&split, block.data(), block.size(), sample.uap);
+    return split.item_count;
+}
+
+struct Way {
+    const char *name;
+    uint64_t (*read)(const bench::Sample &sample, const std::vector<uint8_t> &block);
+};
+
+constexpr Way kWays[] = {
+    {"ast_datarecord_decode", decode_record},
+    {"ast_datablock_decode_into", decode_into},
+    {"ast_datablock_split", split},
+};
+
 } // namespace
 
 int main(int argc, char **argv) {
-    const bench::Sample *const sample = argc == 2 ? find_sample(argv[1]) : nullptr;
-    if (!sample) {
-        std::fputs("usage: ast_instructions none|048|062|021\n", stderr);
+    const bench::Sample *const sample = argc == 3 ? find_sample(argv[2]) : nullptr;
+    const Way *const way = argc == 3
+                               ? std::find_if(std::begin(kWays), std::end(kWays),
+                                              [&](const Way &one) { return std::string_view(argv[1]) == one.name; })
+                               : std::end(kWays);
+    if (!sample || way == std::end(kWays)) {
+        std::fputs("usage: ast_instructions FUNCTION none|048|062|021\n", stderr);
         return EXIT_FAILURE;
     }
-    for (int i = 0; i < kDecodes; ++i) {
-        const ast_datarecord_t record =
-            ast_datarecord_decode(sample->octets.data(), sample->octets.size(), sample->category, *sample->uap);
-        if (record.item_count != sample->item_count) return EXIT_FAILURE;
-    }
-    std::printf("%d %d\n", kDecodes, static_cast<int>(sample->item_count));
+    const std::vector<uint8_t> block = bench::block_of(*sample, 1);
+    for (int i = 0; i < kCalls; ++i)
+        if (way->read(*sample, block) != sample->item_count) return EXIT_FAILURE;
+    std::printf("%d %d\n", kCalls, static_cast<int>(sample->item_count));
 }

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <vector>
 
 #include "ast.h"
 
@@ -125,5 +126,17 @@ inline const std::array<Sample, 3> kSamples = {{
     {"062", kRecord062, 62, &AST_UAP_STANDARD, 22},
     {"021", kRecord021, 21, &AST_UAP_CAT021_VER24, 19},
 }};
+
+constexpr size_t kHeaderOctets = 3; // CAT, LEN
+
+inline size_t block_length(const uint8_t *block) { return static_cast<size_t>(block[1]) << 8 | block[2]; }
+
+// A block of the same record again and again.
+inline std::vector<uint8_t> block_of(const Sample &sample, size_t count) {
+    const size_t length = kHeaderOctets + count * sample.octets.size();
+    std::vector<uint8_t> block = {sample.category, static_cast<uint8_t>(length >> 8), static_cast<uint8_t>(length)};
+    for (size_t i = 0; i < count; ++i) block.insert(block.end(), sample.octets.begin(), sample.octets.end());
+    return block;
+}
 
 } // namespace bench

@@ -40,13 +40,13 @@ void check_block(const ast_datablock_t &block, Octets octets) {
     if (block.valid && block.record_count > 0) check_modified(block);
 }
 
-// A block that is decoded into again and again is as a fresh one, also behind its last record.
+// A block that is decoded into again and again is as a fresh one, as far as its counts reach.
 void check_reused(const ast_datablock_t &fresh, Octets octets, const ast_uap_t &uap) {
     static ast_datablock_t reused; // large
     ast_datablock_decode_into(&reused, octets.data(), octets.size(), uap);
     require(reused.valid == fresh.valid && reused.length == fresh.length && reused.record_count == fresh.record_count,
             "a block comes out differently in one that was used before");
-    for (uint64_t i = 0; i < AST_DATABLOCK_MAX_RECORDS; ++i)
+    for (uint64_t i = 0; i < fresh.record_count; ++i)
         require(reused.records[i].data == fresh.records[i].data && reused.records[i].size == fresh.records[i].size &&
                     reused.records[i].item_count == fresh.records[i].item_count &&
                     reused.records[i].valid == fresh.records[i].valid,

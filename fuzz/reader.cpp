@@ -1,15 +1,15 @@
-// The readers of the command-line tool. The input is a file: a capture or raw blocks.
+// The readers of the command-line tool, by one thread and by several: what they write and report must be the same. The
+// input is a file, a capture or raw blocks; its last octet also says how much of it is read at a time.
 
 #include <cstdio>
 #include <string>
 #include <sys/mman.h>
 #include <unistd.h>
 
-#include "damage.hpp"
-#include "decode.hpp"
 #include "harness.hpp"
-#include "input.hpp"
-#include "split.hpp"
+#include "record_list.hpp"
+#include "run.hpp"
+#include "stats.hpp"
 
 namespace ast_fuzz {
 
@@ -18,7 +18,7 @@ namespace {
 // A file in memory.
 class File {
 public:
-    explicit File(Octets octets) : descriptor_(memfd_create("input", MFD_CLOEXEC)) {
+    explicit File(std::span<const uint8_t> octets = {}) : descriptor_(memfd_create("input", MFD_CLOEXEC)) {
         require(descriptor_ >= 0 &&
                     write(descriptor_, octets.data(), octets.size()) == static_cast<ssize_t>(octets.size()),
                 "the input can be made a file");
@@ -27,42 +27,72 @@ public:
     File(const File &) = delete;
     File &operator=(const File &) = delete;
 
+    int descriptor() const { return descriptor_; }
     std::string path() const { return "/proc/self/fd/" + std::to_string(descriptor_); }
+
+    std::string contents() const {
+        std::string text(static_cast<size_t>(lseek(descriptor_, 0, SEEK_END)), '\0');
+        require(pread(descriptor_, text.data(), text.size(), 0) == static_cast<ssize_t>(text.size()),
+                "the output can be read");
+        return text;
+    }
 
 private:
     int descriptor_;
 };
 
-// Reports of damage are made, but not shown.
-void silence_reports() {
-    static FILE *const nowhere = std::fopen("/dev/null", "w");
-    stderr = nowhere;
-}
+// Reports go to a file as long as this lives.
+class Reports {
+public:
+    Reports() : shown_(std::exchange(stderr, fdopen(dup(file_.descriptor()), "w"))) {}
+    ~Reports() { std::fclose(std::exchange(stderr, shown_)); }
+    Reports(const Reports &) = delete;
+    Reports &operator=(const Reports &) = delete;
 
-void read_datagram(const astdump::Datagram &datagram, astdump::Decoder &decoder, astdump::Damage &damage) {
-    for (uint64_t offset = 0; offset < datagram.octets.size();) {
-        const astdump::Octets rest = datagram.octets.subspan(offset);
-        const astdump::Frame frame = astdump::frame_block(rest);
-        if (frame.framing != astdump::Framing::block) return damage.framing(datagram, offset, frame);
-        require(frame.length > 0 && frame.length <= rest.size(), "a block runs past its datagram");
-        const auto decoded = decoder.decode(datagram, 1, offset, rest.first(frame.length));
-        require(decoded.block->valid != decoded.fault.has_value(), "a block is neither valid nor at fault");
-        if (decoded.fault) damage.block(decoded);
-        offset += frame.length;
+    std::string contents() const {
+        std::fflush(stderr);
+        return file_.contents();
     }
+
+private:
+    File file_;
+    FILE *shown_;
+};
+
+struct Outcome {
+    int status;
+    std::string output;
+    std::string reports;
+    bool operator==(const Outcome &) const = default;
+};
+
+Outcome read(const File &input, size_t jobs, size_t chunk_octets) {
+    astdump::Options options;
+    options.files = {input.path()};
+    options.categories.set();
+    options.jobs = jobs;
+    options.chunk_octets = chunk_octets;
+    const File output;
+    const Reports reports;
+    astdump::Output out(output.descriptor());
+    astdump::Sinks sinks;
+    sinks.push_back(std::make_unique<astdump::RecordList>(out, false, false));
+    sinks.push_back(std::make_unique<astdump::Stats>(out, false));
+    astdump::DamageLog damage(false);
+    const int status = astdump::Run(options, std::move(sinks), out, damage, astdump::Progress(false), nullptr).files();
+    return {status, output.contents(), reports.contents()};
 }
 
 } // namespace
 
 void run(Input input) {
-    silence_reports();
-    const File file(input.rest());
-    astdump::Damage damage(false);
-    static astdump::Decoder decoder(nullptr);
-    astdump::Input source(file.path(), "", nullptr, damage);
-    while (const auto datagram = source.next()) read_datagram(*datagram, decoder, damage);
-    damage.summary();
-    require(source.consumed() <= input.rest().size(), "more is read than there is");
+    constexpr size_t kAll = size_t{1} << 18;
+    const Octets octets = input.rest();
+    const size_t chunk_octets = octets.empty() ? 1 : octets.back() + size_t{1};
+    const File file(octets);
+    const Outcome serial = read(file, 1, kAll);
+    require(serial == read(file, 1, chunk_octets), "the output depends on how much is read at a time");
+    require(serial == read(file, 2, chunk_octets), "the output depends on the number of threads");
 }
 
 } // namespace ast_fuzz

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <initializer_list>
+#include <random>
 
 #include "harness.hpp"
 
@@ -74,6 +75,53 @@ Bytes fspec_of(ast_dataitem_type_t type) {
     return {};
 }
 
+// Blocks of a category under a profile, whole, with a few other octets in them, or cut: some of the profile's items
+// with samples for octets, in the same order each time.
+class Blocks {
+public:
+    Bytes next(uint32_t category, const ast_uap_t &uap) {
+        Bytes block = {static_cast<uint8_t>(category), 0, 0};
+        for (uint32_t records = 1 + below(4); records > 0; --records) append_record(block, category, uap);
+        block[1] = static_cast<uint8_t>(block.size() >> 8);
+        block[2] = static_cast<uint8_t>(block.size());
+        for (uint32_t changes = below(4); changes > 0; --changes)
+            block[kHeaderOctets + below(block.size() - kHeaderOctets)] = static_cast<uint8_t>(below(256));
+        if (below(4) == 0) {
+            block.resize(kHeaderOctets + below(block.size() - kHeaderOctets));
+            block[2] = static_cast<uint8_t>(block.size());
+        }
+        return block;
+    }
+
+private:
+    static constexpr uint32_t kHeaderOctets = 3;
+    static constexpr uint32_t kMaxFrn = 56;
+
+    uint32_t below(size_t limit) { return static_cast<uint32_t>(random_() % limit); }
+
+    void append_record(Bytes &block, uint32_t category, const ast_uap_t &uap) {
+        Bytes items;
+        Bytes fspec(1, 0);
+        const uint32_t sparsity = 1 + below(6);
+        for (uint32_t frn = 1; frn <= kMaxFrn; ++frn) {
+            const ast_dataitem_type_t type = below(sparsity) == 0 ? ast_uap_get_dataitem(&uap, category, frn) : 0;
+            if (type == AST_DATAITEM_NONE) continue;
+            const auto samples = samples_of(type);
+            const Bytes &sample = samples[below(samples.size())];
+            if (sample.empty() && below(20) != 0) continue; // not supported: the end of the record
+            items.insert(items.end(), sample.begin(), sample.end());
+            for (; fspec.size() <= (frn - 1) / 7; fspec.push_back(0)) fspec.back() |= 0x01;
+            ast_fspec_set(fspec.data(), fspec.size(), frn, true);
+        }
+        block.insert(block.end(), fspec.begin(), fspec.end());
+        block.insert(block.end(), items.begin(), items.end());
+    }
+
+    std::mt19937 random_;
+};
+
+constexpr int kBlocksOfCategory = 5; // and profile
+
 } // namespace
 
 int main(int argc, char **argv) {
@@ -99,5 +147,10 @@ int main(int argc, char **argv) {
         }
         encode.write({{0}, number(i), Bytes(48, 0x01)});
     }
-    return item.failed() || text.failed() || encode.failed() || record.failed() ? 1 : 0;
+    Directory split(root / "split");
+    Blocks blocks;
+    for (const uint32_t category : numbers)
+        for (const ast_uap_t *const uap : profiles())
+            for (int i = 0; i < kBlocksOfCategory; ++i) split.write({blocks.next(category, *uap)});
+    return split.failed() || item.failed() || text.failed() || encode.failed() || record.failed() ? 1 : 0;
 }

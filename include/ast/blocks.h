@@ -7,7 +7,8 @@
 AST_BEGIN_DECLARATIONS
 
 /** Decodes the block at data into a block that the caller uses again and again, with one profile.
- *  block      overwritten; all zero before its first use, and then as the last of these functions left it
+ *  block      overwritten as far as its counts reach; what lies behind them, in the block and in its records, is
+ *             unspecified. It need not be initialised.
  *  data       the CAT octet; borrowed by the block
  *  available  octets that may be read
  *  The block is valid when LEN fits what is available and the records fill it exactly. Otherwise it holds the records
@@ -23,8 +24,8 @@ AST_API void ast_datablock_smart_decode_into(ast_datablock_t *block, const uint8
  *  AST_UAP_STANDARD, as TYP of I001/020 says. The block names AST_UAP_STANDARD, each record its own profile. */
 AST_API void ast_datablock_001_mixuap_decode_into(ast_datablock_t *block, const uint8_t *data, uint64_t available);
 
-/** The three by value. Each clears and copies a whole block, 54 KB whatever it holds, which costs more than decoding a
- *  short one; outside of a quick trial, decode into a block of your own. */
+/** The three by value, all zero behind the counts. Each clears and copies a whole block, 54 KB whatever it holds, which
+ * costs more than decoding a short one; outside of a quick trial, decode into a block of your own. */
 AST_API ast_datablock_t ast_datablock_decode(const uint8_t *data, uint64_t available, ast_uap_t uap);
 AST_API ast_datablock_t ast_datablock_smart_decode(const uint8_t *data, uint64_t available);
 AST_API ast_datablock_t ast_datablock_001_mixuap_decode(const uint8_t *data, uint64_t available);
@@ -64,6 +65,83 @@ AST_API void ast_datarecord_get_hex_html(char *text, uint64_t capacity, const as
 /** The items of a record, valid or not, as an HTML table of references, titles, sizes and summaries. A size of three
  *  digits shows its first two. */
 AST_API void ast_datarecord_get_detail_html(char *text, uint64_t capacity, const ast_datarecord_t *record);
+
+/* -------------------------------------------------------------------------------------------------------- splitting --
+ * An extension: a block split into its items, for those who walk records rather than keep them. A record takes 32
+ * octets, an item 12, and there is no limit but the room that the caller gives. */
+
+/* Why splitting a block ended. */
+#define AST_SPLIT_WHOLE UINT32_C(0)       /* it did not end early: the records fill LEN exactly */
+#define AST_SPLIT_NO_HEADER UINT32_C(1)   /* there are fewer than three octets, or no data */
+#define AST_SPLIT_LENGTH UINT32_C(2)      /* LEN is less than 3, or more than what is available */
+#define AST_SPLIT_FSPEC_CUT UINT32_C(3)   /* an FSPEC runs past what is available */
+#define AST_SPLIT_FSPEC_EMPTY UINT32_C(4) /* an FSPEC announces nothing */
+#define AST_SPLIT_NO_PROFILE UINT32_C(5)  /* a record of category 001 does not say whether it is a plot or a track */
+#define AST_SPLIT_NO_ITEM UINT32_C(6)     /* an FRN announces no item: it is spare or undefined in the profile */
+#define AST_SPLIT_UNSUPPORTED UINT32_C(7) /* an FRN announces an item that is known by its type only */
+#define AST_SPLIT_NO_LENGTH UINT32_C(8)   /* an explicit-length item says that its length is 0 */
+#define AST_SPLIT_ITEM_CUT UINT32_C(9)    /* an item runs past what is available, or has an empty primary subfield */
+#define AST_SPLIT_OVERRUN UINT32_C(10)    /* the last record runs past LEN */
+#define AST_SPLIT_NO_ROOM UINT32_C(11)    /* there are more records or items than there is room for */
+
+/** One item of a split block. */
+typedef struct {
+    ast_dataitem_type_t type;
+    uint32_t offset; /* of its first octet, from the CAT octet */
+    uint32_t size;   /* octets */
+} ast_split_item_t;
+
+/** One record of a split block. */
+typedef struct {
+    uint32_t offset;      /* of its FSPEC, from the CAT octet */
+    uint32_t size;        /* FSPEC and items, in octets */
+    uint32_t first_item;  /* the place of its first item among those of the block */
+    uint32_t item_count;  /* they follow one another in FRN order */
+    const ast_uap_t *uap; /* the profile that it was read with: the caller's, or one of the exported ones */
+} ast_split_record_t;
+
+/** A split block: the caller's room, and what was found. */
+typedef struct {
+    /* The caller's. A block has at most 65532 records and items up to its LEN. */
+    ast_split_record_t *records;
+    uint64_t record_room;
+    ast_split_item_t *items;
+    uint64_t item_room;
+    const ast_uap_t
+        *remembered; /* the profile that the choice of one begins with, kept up to date by it; null at first */
+
+    /* The result. */
+    const uint8_t *data; /* its CAT octet */
+    uint64_t available;  /* octets behind it that may be read, CAT included */
+    uint32_t category;
+    uint64_t length; /* the whole block in octets, from LEN */
+    const ast_uap_t
+        *uap; /* the profile: the caller's, or the chosen one; AST_UAP_STANDARD where each record has its own */
+    uint64_t record_count;
+    uint64_t item_count; /* of these records */
+    uint32_t reason;     /* why it ended, AST_SPLIT_... */
+    bool valid;          /* the reason is AST_SPLIT_WHOLE */
+
+    /* Where it ended, unless it is valid. */
+    uint64_t end;              /* offset of the item, FSPEC or record at fault, from the CAT octet */
+    ast_split_record_t broken; /* the record at fault, with size 0: its items before the fault follow item_count */
+    uint32_t broken_frn;       /* the FRN of the item at fault, 0 for none */
+    ast_dataitem_type_t broken_type; /* what that FRN announces */
+} ast_split_t;
+
+/** Splits the block at data into records and items, with one profile or with the first that fits.
+ *  split      its room and `remembered` are read, and all else is overwritten
+ *  data       the CAT octet; borrowed by the result
+ *  available  octets that may be read
+ *  uap        the profile; borrowed by the result. Null chooses as ast_datablock_smart_decode_into does, but remembers
+ *             the profile in `split` rather than in the process, so that the result depends on nothing else; and where
+ * no profile fits, the result is that of the one that got furthest, the first of equals. Returns `split->valid`.
+ * Reports what decoding the block reports, except for a 65th record, which is as good as any. */
+AST_API bool ast_datablock_split(ast_split_t *split, const uint8_t *data, uint64_t available, const ast_uap_t *uap);
+
+/** An item of a split block by its place, those of the record at fault included, as decoding gives it. Not valid beyond
+ *  them. */
+AST_API ast_dataitem_t ast_split_get_item(const ast_split_t *split, uint64_t place);
 
 AST_END_DECLARATIONS
 

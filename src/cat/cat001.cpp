@@ -141,7 +141,7 @@ constexpr unsigned kCartesianUnitsPerNm = 64;
 
 } // namespace
 
-struct I001_042 : ScaledPair<1042, Scale{2, true, 1, kCartesianUnitsPerNm}> {
+struct I001_042 : ScaledPairItem<1042, FieldScale{2, true, 1, kCartesianUnitsPerNm}> {
     static void summarize(TextWriter &out, const Value &position) {
         out.print("X:%.1f Y:%.1f LSB:M", position.value_1 * kMetresPerNm, position.value_2 * kMetresPerNm);
     }
@@ -158,7 +158,7 @@ AST_DEFINE_ENCODE(I001_042, ast_dataitem_001_042_encode)
 
 // ---- I001/120 Measured Radial Doppler Speed ----
 
-struct I001_120 : Scaled<1120, Scale{1, true, 225, 16}> { // 1/256 NM/s, in knots
+struct I001_120 : ScaledItem<1120, FieldScale{1, true, 225, 16}> { // 1/256 NM/s, in knots
     static void summarize(TextWriter &out, const Value &speed) { out.print("DOPPLER:%.2fKT", speed.value); }
     static void show(HtmlWriter &html, const Value &speed) {
         constexpr double kUnitsPerNmPerS = 256;
@@ -182,7 +182,7 @@ AST_DEFINE_DETAIL(I001_130, ast_dataitem_001_130_get_detail_html)
 
 // ---- I001/131 Received Power ----
 
-struct I001_131 : Scaled<1131, Scale{1, true, 1, 1}> {
+struct I001_131 : ScaledItem<1131, FieldScale{1, true, 1, 1}> {
     static void summarize(TextWriter &out, const Value &power) { out.print("POWER:%d LSB:DBM", power.raw); }
     static void show(HtmlWriter &html, const Value &power) {
         DetailTable table(html, "Bit", "Item", "Value");
@@ -196,7 +196,7 @@ AST_DEFINE_ENCODE(I001_131, ast_dataitem_001_131_encode)
 
 // ---- I001/141 Truncated Time of Day ----
 
-struct I001_141 : Scaled<1141, Scale{2, false, 1, 128}> {
+struct I001_141 : ScaledItem<1141, FieldScale{2, false, 1, 128}> {
     static void summarize(TextWriter &out, const Value &time) { out.print("TRUNC_TOD:%.3fS", time.value); }
     static void show(HtmlWriter &html, const Value &time) {
         DetailTable table(html, "Name", "Value");

@@ -3,17 +3,16 @@
 #include "cat/flat.hpp"
 #include "items/accessors.hpp"
 #include "items/items.hpp"
+#include "items/message_type.hpp"
 #include "items/octet_chain.hpp"
 
 using namespace ast;
 
 // ---- I002/000 Message Type ----
 
-struct I002_000 : Item<2000, ast_uint_value_t, items::message_type.size> {
+struct I002_000 : MessageType<2000> {
     static constexpr uint32_t kNorthMarker = 1;
     static constexpr uint32_t kSectorCrossing = 2;
-
-    static void read(Value &type, const uint8_t *octets) { type.value = octets[0]; }
 
     static void summarize(TextWriter &out, const Value &type) {
         static constexpr const char *kTypes[] = {

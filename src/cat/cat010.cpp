@@ -3,6 +3,7 @@
 #include "cat/flat.hpp"
 #include "items/accessors.hpp"
 #include "items/items.hpp"
+#include "items/message_type.hpp"
 #include "items/radar_position.hpp"
 #include "items/scaled.hpp"
 #include "items/target_size.hpp"
@@ -11,9 +12,7 @@ using namespace ast;
 
 // ---- I010/000 Message Type ----
 
-struct I010_000 : Item<10000, ast_uint_value_t, items::message_type.size> {
-    static void read(Value &type, const uint8_t *octets) { type.value = octets[0]; }
-
+struct I010_000 : MessageType<10000> {
     static void summarize(TextWriter &out, const Value &type) {
         static constexpr const char *kTypes[] = {"UNDEFINED", "TARGET_REPORT", "START_OF_UPDATE_CYCLE",
                                                  "PERIODIC_STATUS", "EVENT_STATUS"};
@@ -122,7 +121,7 @@ AST_DEFINE_ENCODE(I010_040, ast_dataitem_010_040_encode)
 
 // ---- I010/042 Position in Cartesian Co-ordinates ----
 
-struct I010_042 : ScaledPair<10042, Scale{2, true, 1, 1}> { // metres
+struct I010_042 : ScaledPairItem<10042, FieldScale{2, true, 1, 1}> { // metres
     static void summarize(TextWriter &out, const Value &position) {
         out.print("X:%.1f Y:%.1f LSB:M", position.value_1, position.value_2);
     }

@@ -210,7 +210,7 @@ AST_DEFINE_ENCODE(I020_170, ast_dataitem_020_170_encode)
 
 // ---- I020/210 Calculated Acceleration ----
 
-struct I020_210 : ScaledPair<20210, Scale{1, true, 1, 4}> { // metres per second squared
+struct I020_210 : ScaledPairItem<20210, FieldScale{1, true, 1, 4}> { // metres per second squared
     static void summarize(TextWriter &out, const Value &acceleration) {
         out.print("AX:%.2f AY:%.2f", acceleration.value_1, acceleration.value_2);
     }

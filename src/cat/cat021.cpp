@@ -7,6 +7,7 @@
 #include "core/bits.hpp"
 #include "items/compound.hpp"
 #include "items/items.hpp"
+#include "items/octet_chain.hpp"
 #include "items/units.hpp"
 #include "items/vertical.hpp"
 
@@ -44,14 +45,6 @@ void write_words(TextWriter &out, std::initializer_list<Word> words, const char 
         blank = " ";
     }
     if (*blank == '\0') out.append(no_word);
-}
-
-// Chains the octets of an extended item of at most so many, and returns how many they are.
-template <uint64_t Maximum>
-uint64_t chain(uint8_t *octets, uint64_t count) {
-    for (uint64_t i = 1; i < Maximum; ++i)
-        if (i < count) octets[i - 1] |= kFx;
-    return count;
 }
 
 // The nearest number of steps to a value; the raw one where the value is no number.
@@ -285,7 +278,7 @@ struct I021_040 : TabledByName<21040, ast_dataitem_021_040_t, extended<3>> {
                                          placed(report.tst, 5) | placed(report.saa, 4) | placed(report.cl, 3, 2));
         octets[2] = static_cast<uint8_t>(placed(report.ipc, 7) | placed(report.nogo, 6) | placed(report.cpr, 5) |
                                          placed(report.ldpj, 4) | placed(report.rcf, 3) | placed(report.bit_2, 2));
-        return chain<kSize.octets>(octets, octets[2] ? 3 : octets[1] ? 2 : 1);
+        return chain_to_last(octets, kSize.octets);
     }
 };
 
@@ -342,8 +335,8 @@ struct I021_090 : Tabled<21090, ast_dataitem_021_090_t, extended<4>> {
     // Ends with the last octet that a present field stands in.
     static uint64_t write(uint8_t *octets, const Value &quality) {
         if (!fits(quality.nucr_nacv, 3) || !fits(quality.nucp_nic, 4)) return 0;
-        std::fill_n(octets, kSize.octets, uint8_t{0});
-        octets[0] = static_cast<uint8_t>(placed(quality.nucr_nacv, 8, 6) | placed(quality.nucp_nic, 5, 2));
+        std::fill_n(octets, kSize.octets, kFx);
+        octets[0] |= static_cast<uint8_t>(placed(quality.nucr_nacv, 8, 6) | placed(quality.nucp_nic, 5, 2));
         uint64_t size = 1;
         for (const Field &each : kFields) {
             const ast_optional_field_t &value = quality.*each.member;
@@ -352,7 +345,8 @@ struct I021_090 : Tabled<21090, ast_dataitem_021_090_t, extended<4>> {
             octets[each.octet - 1] |= placed(value.value, each.first_bit, each.last_bit);
             size = each.octet;
         }
-        return chain<kSize.octets>(octets, size);
+        octets[size - 1] ^= kFx; // ends the chain
+        return size;
     }
 };
 

@@ -31,13 +31,7 @@ ast_uint_value_t ast_datarecord_021_get_msgtype(const ast_datarecord_t *) {
     return {.valid = true, .value = AST_MSGTYPE_ADSB};
 }
 ast_uint_value_t ast_datarecord_021_get_tracknum(const ast_datarecord_t *record) { return tracknum_of(record, 21161); }
-
-ast_squawk_t ast_datarecord_021_get_squawk(const ast_datarecord_t *record) {
-    ast_squawk_t squawk = squawk_of(record, 21070);
-    squawk.not_validated = ast_dataitem_mode_3a_code_decode(first_item(record, 21070)).not_validated;
-    return squawk;
-}
-
+ast_squawk_t ast_datarecord_021_get_squawk(const ast_datarecord_t *record) { return whole_squawk_of(record, 21070); }
 ast_aircraft_id_t ast_datarecord_021_get_callsign(const ast_datarecord_t *record) { return callsign_of(record, 21170); }
 ast_icao_address_t ast_datarecord_021_get_icaoaddr(const ast_datarecord_t *record) {
     return icaoaddr_of(record, 21080);

@@ -33,7 +33,8 @@ constexpr Category kNoCategory = {.number = kCategoryNumbers,
                                   .unknown_name = "",
                                   .get_name = nullptr,
                                   .places = kNoItems.places.data(),
-                                  .rows = kNoItems.rows.data()};
+                                  .rows = kNoItems.rows.data(),
+                                  .slots = nullptr};
 
 } // namespace
 

@@ -6,16 +6,10 @@
 #include <iterator>
 
 #include "codec/block.hpp"
-#include "codec/profile.hpp"
-#include "codec/record.hpp"
-#include "core/bits.hpp"
 
 namespace {
 
 using namespace ast;
-
-// CAT, then LEN in two octets; LEN counts the whole block.
-constexpr uint64_t kHeaderOctets = 3;
 
 // The profile that smart decoding starts with: the one that it used last, in any thread. Null before the first time.
 std::atomic<const ast_uap_t *> current_profile{nullptr};
@@ -30,65 +24,61 @@ void log_surplus() {
     ast_log(AST_LOG_PANIC, "Number of datarecords %zu exceeds the limit %u.", size_t{kLimit} + 1, kLimit);
 }
 
-// Sets a block to what it is before anything is read, given that the records behind its count are zero already.
-void start(ast_datablock_t &block, const uint8_t *data, const ast_uap_t &uap) {
-    const uint64_t used = std::min<uint64_t>(block.record_count, std::size(block.records));
-    std::memset(static_cast<void *>(block.records), 0, used * sizeof block.records[0]);
-    block.record_count = 0;
+// Sets a block to what it is before its records are read; these are left as they are. False when LEN does not fit what
+// is available.
+bool start(ast_datablock_t &block, const uint8_t *data, uint64_t available, const ast_uap_t &uap) {
+    const bool has_header = data && available >= kBlockHeaderOctets;
+    const uint64_t length = has_header ? read_u16(data + 1) : 0;
+    const bool fits = has_header && length <= available;
     block.data = data;
-    block.length = 0;
-    block.category = 0;
+    block.length = fits ? length : 0;
+    block.category = has_header ? data[0] : 0;
     block.uap = uap;
-    block.records_data = data ? data + kHeaderOctets : nullptr;
-    block.records_length = 0;
+    block.records_data = data ? data + kBlockHeaderOctets : nullptr;
+    block.records_length = fits && length >= kBlockHeaderOctets ? length - kBlockHeaderOctets : 0;
+    block.record_count = 0;
     block.valid = false;
+    return fits;
 }
 
-// Reads CAT and LEN; false when the block does not fit what is available.
-bool read_header(ast_datablock_t &block, uint64_t available) {
-    if (!block.data || available < kHeaderOctets) return false;
-    block.category = block.data[0];
-    const uint64_t length = read_u16(block.data + 1);
-    if (length > available) return false;
-    block.length = length;
-    block.records_length = length >= kHeaderOctets ? length - kHeaderOctets : 0;
-    return true;
+// Whether a record can be decoded that there is no room for.
+[[gnu::noinline]] bool is_record(const uint8_t *data, uint64_t available, const Reading &reading) {
+    return ast_datarecord_decode(data, available, reading.category, *reading.uap).valid;
 }
 
-// Decodes the records of a block up to its LEN, each with the profile that `choose` names for what is left, or null,
-// which ends the walk. A record more than the block has room for is told to `report_surplus`. A record may read
-// past LEN, as far as octets are available; the block is not valid then.
+// Decodes the records of a block. A record more than the block has room for is told to `report_surplus`. One that does
+// not decode is cleared, so that a block that was all zero has nothing behind its count.
 template <typename Choose, typename Report>
 void read_records(ast_datablock_t &block, uint64_t available, Choose choose, Report report_surplus) {
-    uint64_t offset = kHeaderOctets;
-    while (offset < block.length) {
-        const uint8_t *const data = block.data + offset;
-        const ast_uap_t *const uap = choose(data, available - offset);
-        if (!uap) return;
-        if (block.record_count == std::size(block.records)) {
-            if (ast_datarecord_decode(data, available - offset, block.category, *uap).valid) report_surplus();
-            return;
+    const auto take = [&](const uint8_t *data, uint64_t left, const Reading &reading) -> uint64_t {
+        if (block.record_count == std::size(block.records)) [[unlikely]] {
+            if (is_record(data, left, reading)) report_surplus();
+            return 0;
         }
         ast_datarecord_t &record = block.records[block.record_count];
-        decode_record(record, data, available - offset, block.category, *uap);
+        decode_record(record, data, left, reading);
         if (!record.valid) {
             record = {};
-            return;
+            return 0;
         }
         ++block.record_count;
-        offset += record.size;
-    }
-    block.valid = offset == block.length;
+        return record.size;
+    };
+    block.valid = walk_records(block.data, block.length, available, choose, take) == block.length;
 }
 
 void decode(ast_datablock_t &block, const uint8_t *data, uint64_t available, const ast_uap_t &uap) {
-    start(block, data, uap);
-    if (!read_header(block, available)) return;
-    const auto the_one = [&](const uint8_t *, uint64_t) { return &uap; };
-    read_records(block, available, the_one, [&] {
+    if (!start(block, data, available, uap)) return;
+    const Reading reading(block.category, uap);
+    read_records(block, std::min(available, kMaxAvailable), always(reading), [&] {
         log_surplus();
         ast_log_binary_data(AST_LOG_DEBUG, data, available);
     });
+}
+
+// Clears the records of an attempt before the next one, which may have fewer.
+void forget_records(ast_datablock_t &block) {
+    std::memset(static_cast<void *>(block.records), 0, block.record_count * sizeof block.records[0]);
 }
 
 } // namespace
@@ -96,13 +86,12 @@ void decode(ast_datablock_t &block, const uint8_t *data, uint64_t available, con
 namespace ast {
 
 void decode_mixed(ast_datablock_t &block, const uint8_t *data, uint64_t available, const Category &category) {
-    start(block, data, AST_UAP_STANDARD);
-    if (data && available >= kHeaderOctets && data[0] != category.number) {
-        block.category = data[0];
+    const bool is_own = data && available >= kBlockHeaderOctets && data[0] == category.number;
+    if (!start(block, data, is_own ? available : 0, AST_UAP_STANDARD)) {
+        if (data && available >= kBlockHeaderOctets) block.category = data[0];
         return;
     }
-    if (!read_header(block, available)) return;
-    read_records(block, available, category.choose_profile, log_surplus);
+    read_records(block, std::min(available, kMaxAvailable), ChosenByRecord(category), log_surplus);
 }
 
 } // namespace ast
@@ -113,14 +102,15 @@ void ast_datablock_decode_into(ast_datablock_t *block, const uint8_t *data, uint
 
 void ast_datablock_smart_decode_into(ast_datablock_t *block, const uint8_t *data, uint64_t available) {
     if (!block) return;
-    if (!data || available < kHeaderOctets) {
-        start(*block, nullptr, {});
+    if (!data || available < kBlockHeaderOctets) {
+        start(*block, nullptr, 0, {});
         return;
     }
     const Category &category = find_category(data[0]);
     if (category.choose_profile) {
         decode_mixed(*block, data, available, category);
         if (block->valid) return;
+        forget_records(*block);
     }
     const ast_uap_t *const last = current_profile.load(std::memory_order_relaxed);
     const ast_uap_t *const first = last ? last : &AST_UAP_STANDARD;
@@ -128,6 +118,7 @@ void ast_datablock_smart_decode_into(ast_datablock_t *block, const uint8_t *data
     decode(*block, data, available, *first);
     for (const Profile *const profile : kProfiles) {
         if (block->valid) return;
+        forget_records(*block);
         current_profile.store(profile->object, std::memory_order_relaxed);
         decode(*block, data, available, *profile->object);
     }
@@ -154,19 +145,19 @@ ast_datablock_t write_block(uint8_t *buffer, uint64_t length, const Source &sour
                             PutRecord put_record) {
     ast_datablock_t block{};
     block.data = buffer;
-    block.length = kHeaderOctets;
+    block.length = kBlockHeaderOctets;
     block.category = source.category;
     block.uap = source.uap;
     block.record_count = source.record_count;
-    if (!buffer || length < kHeaderOctets) return block;
-    block.records_data = buffer + kHeaderOctets;
+    if (!buffer || length < kBlockHeaderOctets) return block;
+    block.records_data = buffer + kBlockHeaderOctets;
     if (!may_be_written || source.record_count > std::size(source.records)) return block;
 
     for (uint64_t i = 0; i < source.record_count; ++i) {
         block.records[i] = put_record(i, buffer + block.length, length - block.length);
         if (!block.records[i].valid) return block;
         block.records_length += block.records[i].size;
-        block.length = block.records_length + kHeaderOctets;
+        block.length = block.records_length + kBlockHeaderOctets;
     }
     if (block.length > kMaxBlockOctets) return block;
     write_header(buffer, source.category, block.length);
@@ -178,7 +169,7 @@ ast_datablock_t write_block(uint8_t *buffer, uint64_t length, const Source &sour
 ast_datablock_t empty_block(uint8_t *buffer) {
     ast_datablock_t block{};
     block.data = buffer;
-    block.length = kHeaderOctets;
+    block.length = kBlockHeaderOctets;
     return block;
 }
 
@@ -200,6 +191,6 @@ ast_datablock_t ast_datablock_modify(uint8_t *buffer, uint64_t length, const ast
         return ast_datarecord_modify(to, room, &source->records[i], replacements);
     };
     ast_datablock_t block = write_block(buffer, length, *source, source->valid, put_record);
-    if (!block.valid) block.length = kHeaderOctets;
+    if (!block.valid) block.length = kBlockHeaderOctets;
     return block;
 }

@@ -2,11 +2,14 @@
 // only through these; src/cat defines one Category per source and the list of all of them.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <iterator>
+#include <span>
 
 #include "ast.h"
+#include "codec/fspec.hpp"
 #include "codec/size_rules.hpp"
 
 namespace ast {
@@ -44,6 +47,33 @@ constexpr uint32_t kSubfieldNumbers = 1000;
 // The number of a subfield within its item, from its type.
 constexpr uint32_t subfield_number(uint32_t subfield_type) { return subfield_type % kSubfieldNumbers; }
 
+// What the subfields that one octet of a primary subfield announces take, that octet included; by its presence bits.
+// All octets of the primary subfield in turn.
+using SubfieldSums = std::array<uint8_t, 128>;
+
+// One of them is not of a fixed size, or not known, or all take more than this.
+constexpr uint8_t kNoSum = UINT8_MAX;
+
+constexpr uint8_t sum_of(const SubfieldRow *rows, size_t count, uint32_t presence) {
+    uint32_t sum = 1;
+    for (unsigned i = 0; i < kFrnsPerOctet; ++i) {
+        if (!bit(static_cast<uint8_t>(presence), kFrnsPerOctet - i)) continue;
+        if (i >= count || rows[i].size.kind != SizeRule::Kind::Fixed) return kNoSum;
+        sum += rows[i].size.octets;
+    }
+    return static_cast<uint8_t>(std::min<uint32_t>(sum, kNoSum));
+}
+
+template <const auto &Rows>
+constexpr auto kSubfieldSums = [] {
+    constexpr size_t kCount = std::size(Rows);
+    std::array<SubfieldSums, (kCount + kFrnsPerOctet - 1) / kFrnsPerOctet> sums{};
+    for (size_t octet = 0; octet < sums.size(); ++octet)
+        for (uint32_t presence = 0; presence < sums[octet].size(); ++presence)
+            sums[octet][presence] = sum_of(Rows + octet * kFrnsPerOctet, kCount - octet * kFrnsPerOctet, presence);
+    return sums;
+}();
+
 constexpr char kNoSubfieldId[] = "---";
 constexpr char kNoSubfieldName[] = "UNKNOWN_SUBFIELD_NAME";
 
@@ -52,6 +82,8 @@ struct Compound {
     ast_dataitem_type_t type;
     const SubfieldRow *rows;
     size_t count;
+    const SubfieldSums *sums = nullptr; // by the octets of the primary subfield that have rows
+    size_t sums_count = 0;
     SizeFunction *get_size = nullptr;
     ast_subfield_func_t func{};
     const char *unknown_id = kNoSubfieldId;
@@ -64,6 +96,21 @@ constexpr const SubfieldRow *find_subfield(const Compound &compound, uint32_t nu
     return number >= 1 && number <= compound.count ? &compound.rows[number - 1] : nullptr;
 }
 
+// The size of a compound item all of whose subfields are of fixed sizes, given that an octet is available. 0 for any
+// other, and where the octets do not hold the primary subfield.
+inline uint64_t summed_size(const Compound &compound, const uint8_t *data, uint64_t available) {
+    const uint64_t limit = std::min<uint64_t>(available, compound.sums_count);
+    uint64_t size = 0;
+    uint64_t i = 0;
+    do {
+        const uint8_t sum = compound.sums[i][bits(data[i], 8, 2)];
+        if (sum == kNoSum) return 0;
+        size += sum;
+        if (!has_fx(data[i++])) return size > i ? size : 0; // nothing announced is not for here to judge
+    } while (i < limit);
+    return 0;
+}
+
 struct ItemRow {
     uint16_t number = 0;
     const char *name = nullptr; // null: reads as the category's unknown items do
@@ -71,6 +118,43 @@ struct ItemRow {
     const Compound *compound = nullptr;
     uint16_t variant_of = 0; // the item that this one stands for in some editions or systems
 };
+
+// How long the item of an FRN is: all that the decoding of records asks of its row, in eight octets.
+struct Slot {
+    ast_dataitem_type_t type = AST_DATAITEM_NONE;
+    int16_t octets = 0; // of the rule; one's complement unless they are fixed
+    SizeRule::Kind kind = SizeRule::Kind::None;
+    uint8_t place = 0; // of the row
+
+    // Longer than all that there is for an item that is not fixed, so that one comparison tells both.
+    constexpr uint64_t fixed_octets() const { return static_cast<uint64_t>(int64_t{octets}); }
+    constexpr uint64_t other_octets() const { return static_cast<uint64_t>(~int64_t{octets}); }
+};
+static_assert(sizeof(Slot) == 8);
+
+// What is available to a record, at most; beyond it no length would be longer.
+constexpr uint64_t kMaxAvailable = INT64_MAX;
+
+// The slots of a layout by the bits of an FspecWord.
+struct SlotsByBit {
+    std::array<Slot, 64> slots{};
+    uint64_t unknown = UINT64_MAX; // the bits that announce no item
+};
+
+inline constexpr SlotsByBit kNoSlots{};
+
+// In place of an item number: an FRN that announces nothing, and one that announces what it does in the base.
+constexpr uint16_t kSpareFrn = UINT16_MAX;
+constexpr uint16_t kFrnOfBase = UINT16_MAX - 1;
+
+// The layouts of a category, a list of item numbers by FRN for each edition; items/layouts.hpp has them all.
+template <uint32_t Category>
+constexpr int kLayoutsOf = 0;
+
+template <typename... Lists>
+constexpr std::array<std::span<const uint16_t>, sizeof...(Lists)> listed(const Lists &...lists) {
+    return {std::span<const uint16_t>(lists)...};
+}
 
 // A category's rows behind an empty one, and for each item number the place of its row; place 0 is the empty row's, so
 // that every number has a row.
@@ -92,6 +176,31 @@ constexpr ItemTable<N> index_rows(const ItemRow (&rows)[N]) {
 }
 
 template <size_t N>
+constexpr Slot slot_of(const ItemTable<N> &table, uint32_t category, uint16_t number) {
+    const uint8_t place = table.places[number];
+    const SizeRule &rule = table.rows[place].handlers.size;
+    const bool is_fixed = rule.kind == SizeRule::Kind::Fixed;
+    const auto octets = static_cast<int16_t>(is_fixed ? rule.octets : ~rule.octets);
+    return {AST_DATAITEM_TYPE(category, number), octets, rule.kind, place};
+}
+
+// The slots of each edition of a category.
+template <uint32_t Category, const auto &Table>
+constexpr auto kSlotsOf = [] {
+    std::array<SlotsByBit, kLayoutsOf<Category>.size()> editions{};
+    for (size_t i = 0; i < editions.size(); ++i) {
+        uint32_t frn = 0;
+        for (const uint16_t number : kLayoutsOf<Category>[i]) {
+            const unsigned bit = bit_of_frn(++frn);
+            if (number >= kItemNumbers) continue;
+            editions[i].slots[bit] = slot_of(Table, Category, number);
+            editions[i].unknown &= ~(uint64_t{1} << bit);
+        }
+    }
+    return editions;
+}();
+
+template <size_t N>
 constexpr bool ascending(const ItemRow (&rows)[N]) {
     for (size_t i = 1; i < N; ++i)
         if (rows[i - 1].number >= rows[i].number) return false;
@@ -107,6 +216,7 @@ struct Category {
     const char *(*get_name)(ast_dataitem_type_t type);
     const uint8_t *places; // of an ItemTable, as the rows are
     const ItemRow *rows;
+    const SlotsByBit *slots;            // one for each edition
     bool reports_unknown_names = false; // when asked for the name of one
     ast_datarecord_func_t accessors{};
     ProfileChoice *choose_profile = nullptr; // tried first on a block of unknown origin
@@ -155,6 +265,8 @@ const char *subfield_name(const Compound &compound, uint32_t number);
     constexpr ast::Compound compound = {.type = item_type,                                                             \
                                         .rows = subfield_rows,                                                         \
                                         .count = std::size(subfield_rows),                                             \
+                                        .sums = ast::kSubfieldSums<subfield_rows>.data(),                              \
+                                        .sums_count = ast::kSubfieldSums<subfield_rows>.size(),                        \
                                         .get_size = get_item_size,                                                     \
                                         .func = {get_subfield_size, get_id, get_name, get_summary, get_detail_html},   \
                                         __VA_ARGS__};                                                                  \
@@ -185,6 +297,7 @@ const char *subfield_name(const Compound &compound, uint32_t number);
                                          .get_name = get_item_name,                                                    \
                                          .places = kItemTable.places.data(),                                           \
                                          .rows = kItemTable.rows.data(),                                               \
+                                         .slots = ast::kSlotsOf<category_number, kItemTable>.data(),                   \
                                          __VA_ARGS__};                                                                 \
     }                                                                                                                  \
     const char *get_item_name(ast_dataitem_type_t type) { return ast::item_name(ast::category, type); }

@@ -30,6 +30,29 @@ inline ast_fspec_t decode_fspec(const uint8_t *data, uint64_t available) {
     return fspec;
 }
 
+// An FSPEC of at most eight octets as one word: FRN 1 at bit 0 and eight bits to an octet, of which the highest, where
+// FX was, is always 0. No octets: it is longer than that, or than what is available.
+struct FspecWord {
+    uint64_t announced = 0;
+    uint64_t octets = 0;
+};
+
+constexpr unsigned kFspecWordFrns = 8 * kFrnsPerOctet;
+
+// The bit of an FRN in such a word, and the FRN of a bit.
+constexpr unsigned bit_of_frn(uint32_t frn) { return frn - 1 + (frn - 1) / kFrnsPerOctet; }
+constexpr uint32_t frn_of_bit(unsigned bit) { return bit + 1 - bit / 8; }
+
+inline FspecWord read_fspec_word(const uint8_t *data, uint64_t available) {
+    constexpr uint64_t kFxOfAll = 0x0101010101010101;
+    const uint64_t word = read_first_lowest(data, available);
+    const uint64_t ends = ~word & kFxOfAll;
+    const uint64_t end = ends & (0 - ends); // the FX bit of the last octet
+    const uint64_t octets = static_cast<uint64_t>(std::countr_zero(end)) / 8 + 1;
+    if (end == 0 || octets > available) return {};
+    return {mirror_octets(word & ((end << 8) - 1)) & ~(kFxOfAll << 7), octets};
+}
+
 // Visits the FRN of each set presence bit, in order, for as long as the visitor returns true. Tells whether it always
 // did.
 template <typename Visitor>

@@ -84,7 +84,7 @@ struct NamedSizeRule {
 constexpr NamedSizeRule kNamedSizeRules[] = {AST_SIZE_RULES(AST_ENTER_SIZE_RULE)};
 
 SizeFunction *function_of(const SizeRule &rule) {
-    if (rule.kind == SizeRule::Kind::Own) return rule.function;
+    if (rule.function) return rule.function;
     for (const NamedSizeRule &named : kNamedSizeRules)
         if (named.rule.kind == rule.kind && named.rule.octets == rule.octets) return named.function;
     return nullptr;

@@ -20,6 +20,12 @@ ast_dataitem_type_t ask_base(const Profile &profile, uint32_t category, uint32_t
     return AST_DATAITEM_NONE;
 }
 
+const Profile *find_profile(const ast_uap_t &uap) {
+    const auto answers_for = [&](const Profile *profile) { return profile->answers == uap.get_dataitem; };
+    const auto *const found = std::find_if(std::begin(kProfiles), std::end(kProfiles), answers_for);
+    return found == std::end(kProfiles) ? nullptr : *found;
+}
+
 ast_dataitem_type_t undefined_item(const Layout &layout, uint32_t frn) {
     if (frn != 0 && layout.reported_as)
         ast_log(AST_LOG_CRITICAL, "UAP %s: Undefined FRN %d", layout.reported_as, static_cast<int>(frn));
@@ -45,6 +51,20 @@ ast_dataitem_type_t find_announced(const Profile &profile, uint32_t category, ui
     const bool is_listed = frn - 1 < layout->count; // FRN 0 is not
     if (item == kFrnOfBase || (layout->is_open && !is_listed)) return ask_base(profile, category, frn);
     return is_listed ? AST_DATAITEM_NONE : undefined_item(*layout, frn);
+}
+
+// The objects that others ask are looked at now, as they would be when asked. One that is made to ask itself has no
+// answer.
+const SlotsByBit *find_slots(const ast_uap_t &uap, const Category &own, uint32_t category) {
+    const ast_uap_t *asked = &uap;
+    for (size_t i = 0; asked && i < kProfileCount; ++i) {
+        const Profile *const profile = find_profile(*asked);
+        if (!profile) return &kNoSlots;
+        const Layout *const layout = find_layout(*profile, category);
+        if (layout && !layout->asks) return own.slots + layout->edition;
+        asked = layout ? layout->asks : profile->base;
+    }
+    return &kNoSlots;
 }
 
 } // namespace ast

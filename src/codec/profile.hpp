@@ -11,10 +11,6 @@
 
 namespace ast {
 
-// In place of an item number: an FRN that announces nothing, and one that announces what it does in the base.
-constexpr uint16_t kSpareFrn = UINT16_MAX;
-constexpr uint16_t kFrnOfBase = UINT16_MAX - 1;
-
 // One category's items by FRN, from FRN 1, as item numbers within the category.
 struct Layout {
     const uint16_t *items = nullptr;
@@ -23,16 +19,24 @@ struct Layout {
     const char *reported_as = nullptr; // null: undefined FRNs pass in silence
     bool is_open = false;              // the FRNs behind the list are those of the base
     const ast_uap_t *asks = nullptr;   // another profile that answers in place of the list
+    size_t edition = 0;                // the place of the list among those of the category
 };
 
-template <size_t N>
-constexpr Layout layout(const uint16_t (&items)[N], const char *reported_as, uint32_t max_frn = N) {
-    return {.items = items, .count = N, .max_frn = max_frn, .reported_as = reported_as};
+template <uint32_t Category, size_t Edition = 0>
+constexpr Layout layout(const char *reported_as, size_t max_frn = kLayoutsOf<Category>[Edition].size()) {
+    constexpr std::span<const uint16_t> kItems = kLayoutsOf<Category>[Edition];
+    return {.items = kItems.data(),
+            .count = static_cast<uint32_t>(kItems.size()),
+            .max_frn = static_cast<uint32_t>(max_frn),
+            .reported_as = reported_as,
+            .edition = Edition};
 }
 
-template <size_t N>
-constexpr Layout open_layout(const uint16_t (&items)[N]) {
-    return {.items = items, .count = N, .max_frn = N, .is_open = true};
+template <uint32_t Category, size_t Edition>
+constexpr Layout open_layout() {
+    Layout open = layout<Category, Edition>(nullptr);
+    open.is_open = true;
+    return open;
 }
 
 constexpr Layout layout_of(const ast_uap_t &profile) { return {.asks = &profile}; }
@@ -54,8 +58,9 @@ constexpr OverridePlaces index_overrides(const Override (&overrides)[N]) {
 
 struct Profile {
     const char *name;
-    const ast_uap_t *object; // as users name it
-    const ast_uap_t *base;   // asked, as it is at that moment, for whatever is not overridden; null for none
+    const ast_uap_t *object;                   // as users name it
+    decltype(ast_uap_t::get_dataitem) answers; // its exported function
+    const ast_uap_t *base; // asked, as it is at that moment, for whatever is not overridden; null for none
     const Override *overrides;
     size_t count;
     OverridePlaces places;
@@ -64,6 +69,10 @@ struct Profile {
 // What the functions of a profile answer.
 uint32_t max_frn(const Profile &profile, uint32_t category);
 ast_dataitem_type_t find_announced(const Profile &profile, uint32_t category, uint32_t frn);
+
+// What a profile answers for a category without being asked for each item: kNoSlots for a profile of the caller's, and
+// where the answer is that of one, or of none.
+const SlotsByBit *find_slots(const ast_uap_t &uap, const Category &own, uint32_t category);
 
 // All profiles, in the order in which they are tried on a block of unknown origin.
 constexpr size_t kProfileCount = 10;
@@ -76,6 +85,7 @@ extern const Profile *const kProfiles[kProfileCount];
     namespace {                                                                                                        \
     constexpr ast::Profile profile = {.name = profile_name,                                                            \
                                       .object = &uap,                                                                  \
+                                      .answers = get_dataitem,                                                         \
                                       .base = profile_base,                                                            \
                                       .overrides = profile_overrides,                                                  \
                                       .count = std::size(profile_overrides),                                           \

@@ -80,46 +80,70 @@ ast_datarecord_t rewrite(uint8_t *buffer, uint64_t length, const ast_datarecord_
 
 } // namespace
 
+namespace {
+
+// The items of a record, where its user finds them.
+class RecordItems {
+public:
+    explicit RecordItems(ast_datarecord_t &record) : first_(record.items), next_(record.items) {}
+
+    uint64_t room() const { return std::size(ast_datarecord_t{}.items) - count(); }
+    uint64_t count() const { return static_cast<uint64_t>(next_ - first_); }
+    ast_dataitem_t *next() const { return next_; }
+    void take(ast_dataitem_t *next) { next_ = next; }
+    static void put(ast_dataitem_t *&next, const uint8_t *data, uint64_t size, ast_dataitem_type_t type,
+                    uint64_t left) {
+        *next++ = sized_item(data, size, type, left);
+    }
+    void break_off(uint32_t, const uint8_t *, uint32_t, ast_dataitem_type_t) {} // nobody asks
+
+private:
+    const ast_dataitem_t *first_;
+    ast_dataitem_t *next_;
+};
+
+// The FSPEC at data, all zero unless it is valid.
+ast_fspec_t valid_fspec(const uint8_t *data, uint64_t available) {
+    const ast_fspec_t fspec = decode_fspec(data, available);
+    return fspec.valid ? fspec : ast_fspec_t{};
+}
+
+} // namespace
+
 namespace ast {
 
-void decode_record(ast_datarecord_t &record, const uint8_t *data, uint64_t available, uint32_t category,
-                   const ast_uap_t &uap) {
-    record.data = data;
-    record.category = category;
-    record.uap = uap;
-    const ast_fspec_t fspec = decode_fspec(data, available);
-    if (!fspec.valid) return;
-    record.fspec = fspec;
+Announced ask(const Reading &reading, uint32_t frn) {
+    const ast_dataitem_type_t type = reading.uap->get_dataitem(reading.category, frn);
+    const uint32_t number = type - AST_DATAITEM_TYPE(reading.category, 0);
+    return {type, number < kItemNumbers ? &find_item(*reading.own, number) : &find_item(type)};
+}
 
-    const Category &own = find_category(category);
-    const uint32_t own_types = AST_DATAITEM_TYPE(category, 0);
-    const uint8_t *rest = data + fspec.length;
-    uint64_t left = available - fspec.length;
-    ast_dataitem_t *next = record.items;
-    const auto take_item = [&](uint32_t frn) {
-        const ast_dataitem_type_t type = uap.get_dataitem(category, frn);
-        const uint32_t number = type - own_types;
-        const ItemRow &row = number < kItemNumbers ? find_item(own, number) : find_item(type);
-        const uint64_t size = item_size(row, type, rest, left);
-        // Explicit lengths and composed track numbers do not look at what is available; here they have to fit it.
-        if (size == 0 || size > left || next == std::end(record.items)) return false;
-        left -= size;
-        *next++ = sized_item(rest, size, type, left);
-        rest += size;
-        return true;
-    };
-    const bool is_whole = uap.get_dataitem && each_frn(fspec, take_item);
-    record.item_count = static_cast<uint64_t>(next - record.items);
-    if (!is_whole) return;
-    record.size = static_cast<uint64_t>(rest - data);
-    record.valid = true;
+uint32_t reason_of(const ItemRow &row, ast_dataitem_type_t type, uint64_t size, uint64_t left) {
+    const SizeRule::Kind kind = row.handlers.size.kind;
+    if (kind == SizeRule::Kind::None) return type == AST_DATAITEM_NONE ? AST_SPLIT_NO_ITEM : AST_SPLIT_UNSUPPORTED;
+    const bool says_none = kind == SizeRule::Kind::Explicit && size == 0 && left != 0;
+    return says_none ? AST_SPLIT_NO_LENGTH : AST_SPLIT_ITEM_CUT;
+}
+
+void decode_record(ast_datarecord_t &record, const uint8_t *data, uint64_t available, const Reading &reading) {
+    RecordItems items(record);
+    const RecordSize read = read_record(reading, data, available, items);
+    record.data = data;
+    record.size = read.octets;
+    record.category = reading.category;
+    record.uap = *reading.uap;
+    record.item_count = items.count();
+    record.valid = read.octets != 0;
+    record.fspec = {data, read.fspec_octets, read.fspec_octets * kFrnsPerOctet, items.count(), true};
+    if (!record.valid) [[unlikely]]
+        record.fspec = valid_fspec(data, available);
 }
 
 } // namespace ast
 
 ast_datarecord_t ast_datarecord_decode(const uint8_t *data, uint64_t available, uint32_t category, ast_uap_t uap) {
     ast_datarecord_t record{};
-    decode_record(record, data, available, category, uap);
+    decode_record(record, data, data ? std::min(available, kMaxAvailable) : 0, Reading(category, uap));
     return record;
 }
 

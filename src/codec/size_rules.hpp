@@ -17,11 +17,12 @@ struct SizeRule {
         Extended,   // octets chained by FX, at most `octets`
         Repetitive, // a repetition count, then that many elements of `octets`
         Explicit,   // what the first octet says; it counts itself
+        Subfields,  // those of a compound item, which `function` adds up
         Own,        // what `function` says
     };
     Kind kind = Kind::None;
     uint16_t octets = 0;
-    SizeFunction *function = nullptr; // of the kind Own alone
+    SizeFunction *function = nullptr; // of the last two kinds alone
 };
 
 // Extended items without a bound of their own.
@@ -44,6 +45,15 @@ inline uint64_t extended_size(const uint8_t *data, uint64_t available, uint64_t 
         }
         if (!has_fx(data[i])) return i + 1;
     }
+    return 0;
+}
+
+// The same of at least one octet that is available, but 0 also for what is reported. Most chains end at once.
+inline uint64_t plain_extended_size(const uint8_t *data, uint64_t available, uint64_t maximum) {
+    if (!has_fx(data[0])) return 1;
+    const uint64_t limit = available < maximum ? available : maximum;
+    for (uint64_t i = 1; i < limit; ++i)
+        if (!has_fx(data[i])) return i + 1;
     return 0;
 }
 
@@ -82,10 +92,11 @@ constexpr SizeRule repetitive = {SizeRule::Kind::Repetitive, ElementOctets};
 
 constexpr SizeRule explicit_length = {SizeRule::Kind::Explicit};
 
+constexpr SizeRule sized_by_subfields(SizeFunction *function) { return {SizeRule::Kind::Subfields, 0, function}; }
 constexpr SizeRule sized_by(SizeFunction *function) { return {SizeRule::Kind::Own, 0, function}; }
 
 inline uint64_t item_size(const SizeRule &rule, const uint8_t *data, uint64_t available) {
-    if (rule.kind == SizeRule::Kind::Own) return rule.function(data, available);
+    if (rule.function) return rule.function(data, available);
     return item_size(rule.kind, rule.octets, data, available);
 }
 

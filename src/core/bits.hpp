@@ -13,6 +13,24 @@ inline uint32_t read_u16(const uint8_t *octets) { return uint32_t{octets[0]} << 
 inline uint32_t read_u24(const uint8_t *octets) { return read_u16(octets) << 8 | octets[2]; }
 inline uint32_t read_u32(const uint8_t *octets) { return read_u16(octets) << 16 | read_u16(octets + 2); }
 
+// Up to eight octets as one number, the first of them lowest; those that are not available read as 0.
+inline uint64_t read_first_lowest(const uint8_t *octets, uint64_t available) {
+    const auto placed_octet = [octets](unsigned i) { return uint64_t{octets[i]} << 8 * i; };
+    if (available >= 8) [[likely]] // compilers make one load of this, but not of a loop
+        return placed_octet(0) | placed_octet(1) | placed_octet(2) | placed_octet(3) | placed_octet(4) |
+               placed_octet(5) | placed_octet(6) | placed_octet(7);
+    uint64_t word = 0;
+    for (unsigned i = 0; i < available; ++i) word |= placed_octet(i);
+    return word;
+}
+
+// Each octet of a number with its bits in the opposite order.
+constexpr uint64_t mirror_octets(uint64_t word) {
+    word = (word >> 4 & 0x0F0F0F0F0F0F0F0F) | (word & 0x0F0F0F0F0F0F0F0F) << 4;
+    word = (word >> 2 & 0x3333333333333333) | (word & 0x3333333333333333) << 2;
+    return (word >> 1 & 0x5555555555555555) | (word & 0x5555555555555555) << 1;
+}
+
 inline void write_u16(uint8_t *octets, uint32_t value) {
     octets[0] = static_cast<uint8_t>(value >> 8);
     octets[1] = static_cast<uint8_t>(value);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "items/frame.hpp"
+#include "items/layouts.hpp"
 
 namespace ast {
 
@@ -70,7 +71,7 @@ constexpr Handlers binary_data(const SizeRule &size, DetailView *detail = show_n
 
 // The row of a compound item, shown through its subfields.
 constexpr ItemRow compound(const char *name, const Compound &compound) {
-    return {item_number(compound.type), name, {sized_by(compound.get_size), AST_VIEWS(subfields)}, &compound};
+    return {item_number(compound.type), name, {sized_by_subfields(compound.get_size), AST_VIEWS(subfields)}, &compound};
 }
 
 // The same for a compound item that another source defines.

@@ -8,7 +8,7 @@
 namespace ast {
 
 // A field of one or two octets, and its LSB as a fraction of its unit.
-struct Scale {
+struct FieldScale {
     uint16_t octets;
     bool is_signed; // in two's complement
     unsigned numerator;
@@ -33,8 +33,8 @@ struct Scale {
 };
 
 // One field. Its encoder writes the value, rounded and stored back, or the raw one beside a value of 0.
-template <ast_dataitem_type_t Type, Scale Field>
-struct Scaled : Item<Type, ast_scaled_value_t, fixed<Field.octets>> {
+template <ast_dataitem_type_t Type, FieldScale Field>
+struct ScaledItem : Item<Type, ast_scaled_value_t, fixed<Field.octets>> {
     using Value = ast_scaled_value_t;
 
     static void read(Value &value, const uint8_t *octets) {
@@ -49,8 +49,8 @@ struct Scaled : Item<Type, ast_scaled_value_t, fixed<Field.octets>> {
 };
 
 // Two fields, written in the same way: the values when one of them is not 0.
-template <ast_dataitem_type_t Type, Scale Field>
-struct ScaledPair : Item<Type, ast_value_pair_t, fixed<2 * Field.octets>> {
+template <ast_dataitem_type_t Type, FieldScale Field>
+struct ScaledPairItem : Item<Type, ast_value_pair_t, fixed<2 * Field.octets>> {
     using Value = ast_value_pair_t;
 
     static void read(Value &pair, const uint8_t *octets) {

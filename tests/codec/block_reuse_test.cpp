@@ -1,6 +1,7 @@
 // Blocks that are decoded into again and again, held against fresh ones.
 
 #include <algorithm>
+#include <cstring>
 #include <iterator>
 #include <memory>
 
@@ -36,25 +37,42 @@ bool same(const ast_datarecord_t &one, const ast_datarecord_t &other) {
            one.uap.get_dataitem == other.uap.get_dataitem && one.fspec.data == other.fspec.data &&
            one.fspec.length == other.fspec.length && one.fspec.item_count == other.fspec.item_count &&
            one.fspec.valid == other.fspec.valid && one.item_count == other.item_count && one.valid == other.valid &&
-           std::equal(std::begin(one.items), std::end(one.items), std::begin(other.items),
+           std::equal(one.items, one.items + one.item_count, other.items,
                       [](const auto &a, const auto &b) { return same(a, b); });
 }
 
-// Also where nothing was decoded: records and items behind the last one are zero.
+// As far as the counts reach.
 void expect_same(const ast_datablock_t &reused, const ast_datablock_t &fresh) {
     EXPECT_EQ(reused.data, fresh.data);
     EXPECT_EQ(reused.length, fresh.length);
     EXPECT_EQ(reused.category, fresh.category);
     EXPECT_EQ(reused.records_data, fresh.records_data);
     EXPECT_EQ(reused.records_length, fresh.records_length);
-    EXPECT_EQ(reused.record_count, fresh.record_count);
+    ASSERT_EQ(reused.record_count, fresh.record_count);
     EXPECT_EQ(reused.valid, fresh.valid);
-    for (size_t i = 0; i < std::size(fresh.records); ++i) EXPECT_TRUE(same(reused.records[i], fresh.records[i])) << i;
+    for (size_t i = 0; i < fresh.record_count; ++i) EXPECT_TRUE(same(reused.records[i], fresh.records[i])) << i;
+}
+
+template <typename Object>
+bool is_zero(const Object &object) {
+    const auto *const octets = reinterpret_cast<const uint8_t *>(&object);
+    return std::all_of(octets, octets + sizeof object, [](uint8_t octet) { return octet == 0; });
+}
+
+void expect_zero_behind_counts(const ast_datablock_t &block) {
+    for (size_t i = 0; i < std::size(block.records); ++i) {
+        const ast_datarecord_t &record = block.records[i];
+        if (i >= block.record_count)
+            EXPECT_TRUE(is_zero(record)) << i;
+        else
+            for (size_t k = record.item_count; k < std::size(record.items); ++k) EXPECT_TRUE(is_zero(record.items[k]));
+    }
 }
 
 TEST(BlockIntoAnother, IsWhatAFreshOneIs) {
     LogCapture log;
     const auto reused = std::make_unique<ast_datablock_t>();
+    std::memset(static_cast<void *>(reused.get()), 0xA5, sizeof *reused); // it need not be initialised
     const auto fresh = std::make_unique<ast_datablock_t>();
     for (const auto &before : kBlocks) {
         for (const auto &block : kBlocks) {
@@ -62,14 +80,17 @@ TEST(BlockIntoAnother, IsWhatAFreshOneIs) {
             ast_datablock_decode_into(reused.get(), block.data(), block.size(), AST_UAP_STANDARD);
             *fresh = ast_datablock_decode(block.data(), block.size(), AST_UAP_STANDARD);
             expect_same(*reused, *fresh);
+            expect_zero_behind_counts(*fresh);
 
             ast_datablock_smart_decode_into(reused.get(), block.data(), block.size());
             *fresh = ast_datablock_smart_decode(block.data(), block.size());
             expect_same(*reused, *fresh);
+            expect_zero_behind_counts(*fresh);
 
             ast_datablock_001_mixuap_decode_into(reused.get(), block.data(), block.size());
             *fresh = ast_datablock_001_mixuap_decode(block.data(), block.size());
             expect_same(*reused, *fresh);
+            expect_zero_behind_counts(*fresh);
         }
     }
     ast_datablock_decode_into(nullptr, kBlocks[0].data(), kBlocks[0].size(), AST_UAP_STANDARD);

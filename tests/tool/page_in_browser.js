@@ -11,6 +11,8 @@ async function until(condition) {
 }
 
 async function look() {
+    check('sections are packed', all('.section').every(section => section.dataset.packed !== undefined || section.open));
+    await until(() => all('.block').length > 0);
     const blocks = all('.block');
     check('all blocks are there', blocks.length === 7);
     check('a closed block is empty', all('.item').length === 0);
@@ -36,7 +38,7 @@ async function look() {
     const links = all('a');
     check('there are links to maps', links.length > 0);
     check('links open apart', links.every(link => link.rel === 'noopener' && document.querySelector('base').target === '_blank'));
-    check('nothing is left over', blocks.every(block => block.dataset.records === undefined));
+    check('nothing is left over', all('.section').every(section => section.dataset.packed === undefined));
 }
 
 addEventListener('load', async () => {

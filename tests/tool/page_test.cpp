@@ -9,7 +9,8 @@ namespace {
 const std::string kSample = SAMPLES "/radar.ast";
 
 TEST(Page, CountsByCategory) {
-    const Result result = Command().run("--html page --category 34,62 " + kSample + " && sed -n '/<td>/p' page");
+    const Result result =
+        Command().run("--html page --category 34,62 " + kSample + " && sed -n '/^<tr><th scope=.row/p' page");
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.out, R"(<tr><th scope="row">034</th><td>2</td><td>2</td><td>9</td><td>28</td><td>0</td></tr>
 <tr><th scope="row">062</th><td>1</td><td>1</td><td>14</td><td>76</td><td>0</td></tr>
@@ -19,10 +20,21 @@ TEST(Page, CountsByCategory) {
 
 TEST(Page, ShowsWhatIsAskedFor) {
     const Command command;
-    EXPECT_EQ(command.run("--html page --where icao=3C4A12 " + kSample + " && grep -c 'class=\"block\"' page").out,
-              "2\n"); // the radar's and the tracker's
+    EXPECT_EQ(
+        command.run("--html page --where icao=3C4A12 " + kSample + " && grep -c '>2 blocks, 151 octets<' page").out,
+        "1\n");
     EXPECT_EQ(command.run("--html page --stats --category 62 " + kSample).out.find("Category "), 0U);
     EXPECT_EQ(command.run("--html page - < /dev/null && grep -c '<h2>standard input</h2>' page").out, "1\n");
+}
+
+TEST(Page, IsNoMoreThanTenTimesTheRecordingAndSaysSo) {
+    const Command command;
+    const Result result = command.run("--html page " SAMPLES "/radar.pcap");
+    const size_t octets = read_file(SAMPLES "/radar.pcap").size();
+    const size_t page = read_file(command.directory() + "/page").size();
+    EXPECT_LT(page, 10 * octets);
+    EXPECT_EQ(result.err.find("astdump: page: a page of " + std::to_string(page) + " octets, "), 0U) << result.err;
+    EXPECT_NE(result.err.find(" times the recording\n"), std::string::npos);
 }
 
 // Octets as characters, names of files: nothing of it may become markup.

@@ -4,8 +4,6 @@
 #include <stdexcept>
 #include <sys/types.h>
 
-#include "damage.hpp"
-
 namespace astdump {
 
 namespace {
@@ -33,52 +31,76 @@ pcap_t *open_capture(OctetStream &stream, Damage &damage) {
 
 } // namespace
 
-Capture::Capture(OctetStream &stream, Damage &damage)
-    : stream_(stream), damage_(damage), capture_(open_capture(stream, damage)) {
-    if (!capture_) return;
-    try {
-        dissector_.emplace(pcap_datalink(capture_.get()));
-    } catch (const std::runtime_error &error) {
-        damage_.input(error.what());
-        capture_.reset();
+bool Capture::fill(Chunk &chunk) {
+    if (plain_) {
+        if (fill_in_place(chunk)) return true;
+        plain_->give_up(stream_);
+        plain_.reset();
+        chunk.clear();
     }
+    return fill_by_libpcap(chunk);
 }
 
-std::optional<Datagram> Capture::next() {
-    while (capture_) {
+bool Capture::fill_in_place(Chunk &chunk) {
+    if (!dissector_ && !open(plain_->link_type(), chunk)) {
+        plain_.reset();
+        return true;
+    }
+    if (!plain_->open(chunk)) return false;
+    while (const auto packet = plain_->next(chunk)) dissect(*packet, chunk);
+    plain_->close(chunk);
+    return true;
+}
+
+bool Capture::fill_by_libpcap(Chunk &chunk) {
+    if (!ended_ && !capture_) {
+        capture_.reset(open_capture(stream_, chunk.damage()));
+        ended_ = !capture_ || (!dissector_ && !open(pcap_datalink(capture_.get()), chunk));
+    }
+    while (!ended_ && !chunk.is_full()) {
         pcap_pkthdr *header = nullptr;
         const u_char *octets = nullptr;
         const int result = pcap_next_ex(capture_.get(), &header, &octets);
         if (result != 1) {
-            end(result);
+            end(result, chunk);
             break;
         }
-        ++packet_;
-        if (auto datagram = dissect(*header, {octets, header->caplen})) return datagram;
+        // With nanosecond precision, tv_usec counts nanoseconds. libpcap uses its buffer again.
+        const Time time{header->ts.tv_sec, static_cast<uint32_t>(header->ts.tv_usec)};
+        dissect({time, chunk.keep({octets, header->caplen})}, chunk);
+        if (!stream_.is_ready()) break;
     }
-    return std::nullopt;
+    return !ended_ || !chunk.datagrams().empty() || !chunk.damage().reports().empty();
 }
 
-std::optional<Datagram> Capture::dissect(const pcap_pkthdr &header, Octets frame) try {
-    auto udp = dissector_->dissect(frame);
-    if (!udp) return std::nullopt;
-    payload_ = std::move(udp->payload);
-    if (udp->truncated) damage_.truncated(packet_, payload_.size());
-    // With nanosecond precision, tv_usec counts nanoseconds.
-    return Datagram{.octets = payload_,
-                    .packet = packet_,
-                    .time = Time{header.ts.tv_sec, static_cast<uint32_t>(header.ts.tv_usec)},
-                    .endpoints = std::move(udp->endpoints)};
+// Prepares for a link type; false when it cannot be dissected.
+bool Capture::open(int link_type, Chunk &chunk) try {
+    dissector_.emplace(link_type);
+    return true;
 } catch (const std::runtime_error &error) {
-    damage_.packet(packet_, error.what());
-    return std::nullopt;
+    chunk.damage().input(error.what());
+    ended_ = true;
+    return false;
 }
 
-void Capture::end(int result) {
+void Capture::dissect(const Packet &packet, Chunk &chunk) try {
+    ++packet_;
+    const auto udp = dissector_->dissect(packet.frame);
+    if (!udp) return;
+    if (udp->truncated) chunk.damage().truncated(packet_, udp->payload.size());
+    chunk.add({.octets = udp->rebuilt.empty() ? udp->payload : chunk.keep(udp->rebuilt),
+               .packet = packet_,
+               .time = packet.time,
+               .endpoints = udp->endpoints});
+} catch (const std::runtime_error &error) {
+    chunk.damage().packet(packet_, error.what());
+}
+
+void Capture::end(int result, Chunk &chunk) {
     // A packet that was about to be written when the user had seen enough is no damage.
-    if (result == PCAP_ERROR && !stream_.cut_off()) damage_.input(pcap_geterr(capture_.get()));
-    if (const uint64_t count = dissector_->incomplete()) damage_.incomplete(count);
-    capture_.reset();
+    if (result == PCAP_ERROR && !stream_.cut_off()) chunk.damage().input(pcap_geterr(capture_.get()));
+    if (const uint64_t count = dissector_->incomplete()) chunk.damage().incomplete(count);
+    ended_ = true;
 }
 
 } // namespace astdump

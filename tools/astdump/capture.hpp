@@ -2,33 +2,37 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <pcap/pcap.h>
-#include <vector>
 
 #include "dissect.hpp"
 #include "input.hpp"
+#include "plain_capture.hpp"
 
 namespace astdump {
 
 class Capture : public Source {
 public:
-    Capture(OctetStream &stream, Damage &damage);
-    std::optional<Datagram> next() override;
+    explicit Capture(OctetStream &stream) : stream_(stream), plain_(PlainCapture::open(stream)) {}
+    bool fill(Chunk &chunk) override;
 
 private:
     struct Close {
         void operator()(pcap_t *capture) const { pcap_close(capture); }
     };
 
-    std::optional<Datagram> dissect(const pcap_pkthdr &header, Octets frame);
-    void end(int result);
+    bool fill_in_place(Chunk &chunk);
+    bool fill_by_libpcap(Chunk &chunk);
+    bool open(int link_type, Chunk &chunk);
+    void dissect(const Packet &packet, Chunk &chunk);
+    void end(int result, Chunk &chunk);
 
     OctetStream &stream_;
-    Damage &damage_;
-    std::unique_ptr<pcap_t, Close> capture_; // null when it cannot be read, or not further
+    std::optional<PlainCapture> plain_; // until something is left to libpcap
+    std::unique_ptr<pcap_t, Close> capture_;
     std::optional<Dissector> dissector_;
-    std::vector<uint8_t> payload_; // of the last datagram
     uint64_t packet_ = 0;
+    bool ended_ = false;
 };
 
 } // namespace astdump

@@ -1,6 +1,11 @@
 // What a run has met, in numbers.
 #pragma once
 
+#include <array>
+#include <utility>
+#include <vector>
+
+#include "by_type.hpp"
 #include "decode.hpp"
 
 namespace astdump {
@@ -15,7 +20,25 @@ struct Counts {
     Counts &operator+=(const Counts &other);
 };
 
-// One block, with those of its records that are asked for. Of a damaged one, the records before the fault count.
-Counts count(const DecodedBlock &decoded);
+// What has been counted over some blocks; only what is there.
+struct Tally {
+    std::vector<std::pair<uint8_t, Counts>> categories;
+    std::vector<std::pair<ast_dataitem_type_t, uint64_t>> items;
+};
+
+// Counts blocks, with those of their records that are asked for. Of a damaged one, the records before the fault count.
+class Counter {
+public:
+    void add(const DecodedBlock &decoded);
+
+    // What has been counted since the last time.
+    Tally take();
+
+private:
+    std::array<Counts, 256> categories_{};
+    ByType<uint64_t> items_;
+    std::vector<uint8_t> seen_categories_;
+    std::vector<ast_dataitem_type_t> seen_types_;
+};
 
 } // namespace astdump

@@ -10,7 +10,7 @@ namespace astdump {
 namespace {
 
 // "packet 12, octet 40" of its payload in a capture, "offset 1234" in a raw file.
-std::string place(const Datagram &datagram, uint64_t offset) {
+std::string place_text(const Datagram &datagram, uint64_t offset) {
     if (datagram.packet == 0) return "offset " + std::to_string(datagram.offset + offset);
     return "packet " + std::to_string(datagram.packet) + ", octet " + std::to_string(offset);
 }
@@ -30,60 +30,60 @@ std::string framing_text(const Frame &frame, uint64_t available) {
 
 } // namespace
 
-// What is on standard output comes first, so that the report stands behind the block before it on a terminal.
-void Damage::report(const std::string &text) {
-    std::fflush(stdout);
-    clear_line();
-    const Style style(color_);
-    std::fprintf(stderr, "%sastdump:%s %s: %s\n", style.on(Color::fault), style.off(), file_.c_str(), text.c_str());
+void Damage::clear() {
+    place = 0;
+    reports_.clear();
 }
 
-void Damage::input(const std::string &what) {
-    ++losses_.unfinished;
-    report(what);
-}
+void Damage::pass_on(const Report &made) { report(made.text, made.losses); }
+
+void Damage::input(const std::string &what) { report(what, {.unfinished = 1}); }
 
 void Damage::incomplete(uint64_t datagrams) {
-    losses_.incomplete += datagrams;
-    report("fragments are missing of " + counted(datagrams, "datagram"));
+    report("fragments are missing of " + counted(datagrams, "datagram"), {.incomplete = datagrams});
 }
 
 // Datagrams are dropped when there is no time to spare, so that this is left to the summary.
-void Damage::dropped(uint64_t datagrams) { losses_.dropped += datagrams; }
+void Damage::dropped(uint64_t datagrams) { report({}, {.dropped = datagrams}); }
 
 void Damage::truncated(uint64_t packet, uint64_t octets) {
-    ++losses_.truncated;
-    report("packet " + std::to_string(packet) + ": truncated to " + counted(octets, "octet"));
+    report("packet " + std::to_string(packet) + ": truncated to " + counted(octets, "octet"), {.truncated = 1});
 }
 
 void Damage::packet(uint64_t number, const std::string &what) {
-    ++losses_.undissected;
-    report("packet " + std::to_string(number) + ": not dissected: " + what);
+    report("packet " + std::to_string(number) + ": not dissected: " + what, {.undissected = 1});
 }
 
 void Damage::framing(const Datagram &datagram, uint64_t offset, const Frame &frame) {
     const uint64_t available = datagram.octets.size() - offset;
-    losses_.skipped += datagram.unread.value_or(available);
-    std::string text = place(datagram, offset) + ": " + framing_text(frame, available);
+    std::string text = place_text(datagram, offset) + ": " + framing_text(frame, available);
     if (datagram.packet == 0)
         text +=
             datagram.unread ? "; " + counted(*datagram.unread, "octet") + " left unread" : "; the rest is left unread";
-    report(text);
+    report(text, {.skipped = datagram.unread.value_or(available)});
 }
 
 void Damage::block(const DecodedBlock &decoded) {
-    ++losses_.invalid;
     const Fault &fault = *decoded.fault;
     const uint64_t items = fault.record.valid ? 0 : fault.record.item_count;
-    report(place(*decoded.datagram, decoded.offset) + ": " + category_text(decoded.block->category) +
-           ": damaged in record " + std::to_string(decoded.block->record_count + 1) + " after " +
-           counted(items, "item") + ", at octet " + std::to_string(fault.octets) + " of " +
-           std::to_string(decoded.octets.size()) + ": " + fault_reason(fault, decoded.octets));
+    report(place_text(*decoded.datagram, decoded.offset) + ": " + category_text(decoded.block->category) +
+               ": damaged in record " + std::to_string(decoded.block->record_count + 1) + " after " +
+               counted(items, "item") + ", at octet " + std::to_string(fault.octets) + " of " +
+               std::to_string(decoded.octets.size()) + ": " + fault.reason,
+           {.invalid = 1});
 }
 
-void Damage::summary() const {
+void DamageLog::show(const Report &report) {
+    losses_ += report.losses;
+    if (report.text.empty()) return;
+    clear_line();
+    const Style style(color_);
+    std::fprintf(stderr, "%sastdump:%s %s: %s\n", style.on(Color::fault), style.off(), file_.c_str(),
+                 report.text.c_str());
+}
+
+void DamageLog::summary() const {
     if (!any()) return;
-    std::fflush(stdout);
     const Style style(color_);
     std::fprintf(stderr, "%sastdump:%s lost: %s\n", style.on(Color::fault), style.off(), losses_.text().c_str());
 }

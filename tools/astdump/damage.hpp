@@ -1,7 +1,8 @@
-// Reports on standard error of what cannot be read or decoded.
+// Reports of what cannot be read or decoded, in the order of the octets that they are about.
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "decode.hpp"
 #include "losses.hpp"
@@ -9,12 +10,22 @@
 
 namespace astdump {
 
+struct Report {
+    size_t place;     // among what else comes in order: whoever collects the reports says what it counts
+    std::string text; // empty when it is left to the summary
+    Losses losses;
+};
+
 class Damage {
 public:
-    explicit Damage(bool color) : color_(color) {}
+    // Where the next report stands.
+    size_t place = 0;
 
-    // The file that the reports that follow are about.
-    void set_file(const std::string &name) { file_ = name; }
+    const std::vector<Report> &reports() const { return reports_; }
+    void clear();
+
+    // A report that has been made elsewhere.
+    void pass_on(const Report &report);
 
     // The input is not read to its end.
     void input(const std::string &what);
@@ -33,14 +44,26 @@ public:
 
     void block(const DecodedBlock &decoded);
 
+private:
+    void report(const std::string &text, const Losses &losses) { reports_.push_back({place, text, losses}); }
+
+    std::vector<Report> reports_;
+};
+
+// Shows reports on standard error.
+class DamageLog {
+public:
+    explicit DamageLog(bool color) : color_(color) {}
+
+    // The file that the reports that follow are about.
+    void set_file(const std::string &name) { file_ = name; }
+    void show(const Report &report);
+
     // One line on all that was lost, if anything was.
     void summary() const;
-
-    bool any() const { return !losses_.text().empty(); }
+    bool any() const { return !(losses_ == Losses{}); }
 
 private:
-    void report(const std::string &text);
-
     bool color_;
     std::string file_;
     Losses losses_;

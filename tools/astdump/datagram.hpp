@@ -1,10 +1,10 @@
 // What every source yields: octets that hold blocks back to back, and where they come from.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <span>
-#include <string>
 
 namespace astdump {
 
@@ -15,8 +15,15 @@ struct Time {
     uint32_t nanoseconds;
 };
 
+// Of either version, as it stands in a packet.
+struct Address {
+    std::array<uint8_t, 16> octets{}; // the first four of them for IPv4
+    bool is_ipv6 = false;
+    uint32_t scope = 0; // the interface of a link-local IPv6 address; 0 where that is not known
+};
+
 struct Endpoint {
-    std::string address;
+    Address address;
     uint16_t port;
 };
 
@@ -26,7 +33,7 @@ struct Endpoints {
 };
 
 struct Datagram {
-    Octets octets;                  // good until the source is asked for the next one
+    Octets octets;                  // good as long as the chunk that it lies in
     uint64_t packet = 0;            // number in its capture, counted from 1; 0 where there are no packets
     uint64_t offset = 0;            // of the first octet in its file, where there are no packets
     std::optional<uint64_t> unread; // octets of the file, from the first of these on, when no block can follow them

@@ -25,38 +25,54 @@ std::vector<Way> ways_to_decode(uint32_t category) {
 
 Decoder::Decoder(const ast_uap_info_t *profile)
     : profile_(profile), block_(std::make_unique<ast_datablock_t>()), attempt_(std::make_unique<ast_datablock_t>()) {
-    keep_library_log();
+    silence_library_log();
 }
 
 DecodedBlock Decoder::decode(const Datagram &datagram, uint64_t number, uint64_t offset, Octets octets) {
     if (profile_)
-        ast_datablock_decode_into(block_.get(), octets.data(), octets.size(), *profile_->uap);
+        decode_by(*profile_->uap, octets);
     else
-        ast_datablock_smart_decode_into(block_.get(), octets.data(), octets.size());
-    std::optional<Fault> fault;
-    if (!block_->valid) fault = profile_ ? find_fault(*block_, octets, *profile_->uap) : keep_furthest(octets);
-    return {.datagram = &datagram,
-            .number = number,
-            .offset = offset,
-            .octets = octets,
-            .block = block_.get(),
-            .profile = profile_name(block_->uap, block_->category),
-            .fault = fault,
-            .shown = {}};
+        look_for_profile(octets);
+    DecodedBlock decoded{.datagram = &datagram, .number = number, .offset = offset, .octets = octets};
+    if (!block_->valid) {
+        decoded.fault = profile_ ? find_fault(*block_, octets, *profile_->uap) : keep_furthest(octets);
+        decoded.fault->reason = fault_reason(*decoded.fault, octets);
+    }
+    decoded.block = block_.get();
+    return decoded;
+}
+
+bool Decoder::decode_by(const ast_uap_t &profile, Octets octets) {
+    ast_datablock_decode_into(block_.get(), octets.data(), octets.size(), profile);
+    return block_->valid;
+}
+
+// As the library does by itself, but with a memory of its own for the current profile: that of the library is shared by
+// all threads, and what they decode must not depend on who comes first.
+void Decoder::look_for_profile(Octets octets) {
+    if (octets[0] == kMonoradarTargets) {
+        ast_datablock_001_mixuap_decode_into(block_.get(), octets.data(), octets.size());
+        if (block_->valid) return;
+    }
+    if (decode_by(*current_, octets)) return;
+    for (const ast_uap_info_t &profile : profiles()) {
+        current_ = profile.uap;
+        if (decode_by(*current_, octets)) return;
+    }
 }
 
 // The library returns what the last profile that it tried makes of a block; here the attempt that got furthest counts,
 // the first of equals.
 Fault Decoder::keep_furthest(Octets octets) {
-    Fault furthest;
+    Fault furthest{};
     for (const Way &way : ways_to_decode(octets[0])) {
         if (way.mixed)
             ast_datablock_001_mixuap_decode_into(attempt_.get(), octets.data(), octets.size());
         else
             ast_datablock_decode_into(attempt_.get(), octets.data(), octets.size(), *way.uap);
-        const Fault fault = find_fault(*attempt_, octets, *way.uap);
+        Fault fault = find_fault(*attempt_, octets, *way.uap);
         if (fault.octets <= furthest.octets) continue;
-        furthest = fault;
+        furthest = std::move(fault);
         std::swap(block_, attempt_);
     }
     return furthest;

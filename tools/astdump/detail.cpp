@@ -1,96 +1,110 @@
 #include "detail.hpp"
 
 #include <algorithm>
-#include <utility>
+
+#include "text.hpp"
 
 namespace astdump {
 
 namespace {
 
-constexpr int kIndent = 14; // below the names of the items
-constexpr int kIndentStep = 2;
+constexpr size_t kIndent = 14; // below the names of the items
+constexpr size_t kIndentStep = 2;
 constexpr size_t kGapChars = 2;
-
-// Subfields without a view of their own have a title alone; the table of subfields names them, too.
-void drop_lone_titles(std::vector<ViewPart> &parts) {
-    const auto is_title = [](const ViewPart &part) { return part.kind == ViewPart::Kind::title; };
-    for (size_t i = parts.size(); i-- > 0;)
-        if (is_title(parts[i]) && (i + 1 == parts.size() || is_title(parts[i + 1])))
-            parts.erase(parts.begin() + static_cast<std::ptrdiff_t>(i));
-}
-
-// Subfields that are absent have no value, and rows without cells nothing at all.
-void drop_empty_rows(ViewPart &table) {
-    const auto existing = std::ranges::find(table.header, "Existing") - table.header.begin();
-    std::erase_if(table.rows, [&](const ViewPart::Row &row) {
-        return row.empty() || (existing < std::ssize(row) && row[static_cast<size_t>(existing)] == "0");
-    });
-}
-
-void blank_missing_summaries(ViewPart &table) {
-    for (ViewPart::Row &row : table.rows) std::ranges::replace(row, kNoSummary, "");
-}
-
-std::vector<size_t> column_widths(const ViewPart &table, bool headed) {
-    std::vector<size_t> widths;
-    const auto widen = [&](const ViewPart::Row &row) {
-        widths.resize(std::max(widths.size(), row.size()));
-        for (size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], row[i].size());
-    };
-    if (headed) widen(table.header);
-    for (const ViewPart::Row &row : table.rows) widen(row);
-    return widths;
-}
-
-std::string row_text(const ViewPart::Row &row, const std::vector<size_t> &widths) {
-    std::string line;
-    for (size_t i = 0; i < row.size(); ++i) {
-        line += row[i];
-        line.append(widths[i] - row[i].size() + kGapChars, ' ');
-    }
-    line.resize(line.find_last_not_of(' ') + 1);
-    return line;
-}
 
 } // namespace
 
-void Detail::item(const ast_dataitem_t &item) {
+void Detail::item(TextBuffer &out, const ast_dataitem_t &item) {
     below_title_ = false;
-    std::vector<ViewPart> parts = read_view(views_.show(ast_dataitem_get_detail_html, item));
-    drop_lone_titles(parts);
-    for (ViewPart &part : parts) {
-        switch (part.kind) {
+    choose_parts(reader_.read(views_.show(ast_dataitem_get_detail_html, item)));
+    for (const ViewPart *const part : parts_) {
+        switch (part->kind) {
         case ViewPart::Kind::title:
-            title(part.text);
+            title(out, part->text);
             break;
         case ViewPart::Kind::paragraph:
-            line(part.text);
+            indent(out);
+            put_printable(out, part->text);
+            out.put('\n');
             break;
         case ViewPart::Kind::table:
-            table(std::move(part));
+            table(out, *part);
             break;
         }
     }
 }
 
-void Detail::title(const std::string &text) {
+// Subfields without a view of their own have a title alone; the table of subfields names them, too.
+void Detail::choose_parts(std::span<const ViewPart> parts) {
+    parts_.clear();
+    bool nothing_follows = true; // below a title, up to the next one
+    for (size_t i = parts.size(); i-- > 0;) {
+        const bool is_title = parts[i].kind == ViewPart::Kind::title;
+        if (!is_title || !nothing_follows) parts_.push_back(&parts[i]);
+        nothing_follows = is_title;
+    }
+    std::ranges::reverse(parts_);
+}
+
+// Subfields that are absent have no value, and rows without cells nothing at all.
+void Detail::choose_rows(const ViewPart &table) {
+    const ViewPart::Row header = table.header();
+    const auto existing = static_cast<size_t>(std::ranges::find(header, "Existing") - header.begin());
+    rows_.clear();
+    for (size_t i = table.is_headed ? 1 : 0; i < table.rows(); ++i) {
+        const ViewPart::Row row = table.row(i);
+        if (!row.empty() && !(existing < row.size() && row[existing] == "0")) rows_.push_back(row);
+    }
+}
+
+void Detail::title(TextBuffer &out, std::string_view text) {
     below_title_ = false;
-    line(style_.on(Color::heading) + text + style_.off());
+    indent(out);
+    out.put(style_.on(Color::heading));
+    put_printable(out, text);
+    out.put(style_.off());
+    out.put('\n');
     below_title_ = true;
 }
 
 // Columns of ranges, items and values explain themselves.
-void Detail::table(ViewPart table) {
-    drop_empty_rows(table);
-    blank_missing_summaries(table);
-    const bool headed = !table.header.empty() && table.header.back() != "Value" && !table.rows.empty();
-    const std::vector<size_t> widths = column_widths(table, headed);
-    if (headed) line(style_.on(Color::dim) + row_text(table.header, widths) + style_.off());
-    for (const ViewPart::Row &row : table.rows) line(row_text(row, widths));
+void Detail::table(TextBuffer &out, const ViewPart &table) {
+    choose_rows(table);
+    const ViewPart::Row header = table.header();
+    const bool headed = !header.empty() && header.back() != "Value" && !rows_.empty();
+    widths_.clear();
+    const auto widen = [&](ViewPart::Row row) {
+        widths_.resize(std::max(widths_.size(), row.size()));
+        for (size_t i = 0; i < row.size(); ++i)
+            if (row[i] != kNoSummary) widths_[i] = std::max(widths_[i], row[i].size());
+    };
+    if (headed) widen(header);
+    std::ranges::for_each(rows_, widen);
+    if (headed) {
+        indent(out);
+        out.put(style_.on(Color::dim));
+        row(out, header);
+        out.put(style_.off());
+        out.put('\n');
+    }
+    for (const ViewPart::Row cells : rows_) {
+        indent(out);
+        row(out, cells);
+        out.put('\n');
+    }
 }
 
-void Detail::line(const std::string &text) const {
-    std::fprintf(out_, "%*s%s\n", below_title_ ? kIndent + kIndentStep : kIndent, "", text.c_str());
+// Summaries that the library has not are left blank.
+void Detail::row(TextBuffer &out, ViewPart::Row row) const {
+    const size_t begin = out.size();
+    for (size_t i = 0; i < row.size(); ++i) {
+        const std::string_view cell = row[i] == kNoSummary ? std::string_view() : row[i];
+        put_printable(out, cell);
+        out.pad(widths_[i] - cell.size() + kGapChars);
+    }
+    out.trim(begin);
 }
+
+void Detail::indent(TextBuffer &out) const { out.pad(below_title_ ? kIndent + kIndentStep : kIndent); }
 
 } // namespace astdump

@@ -1,9 +1,8 @@
 // The detail view of an item as aligned lines of text.
 #pragma once
 
-#include <cstdio>
-
 #include "terminal.hpp"
+#include "text_buffer.hpp"
 #include "view_parts.hpp"
 #include "views.hpp"
 
@@ -11,18 +10,26 @@ namespace astdump {
 
 class Detail {
 public:
-    Detail(std::FILE *out, Style style) : out_(out), style_(style) {}
-    void item(const ast_dataitem_t &item);
+    explicit Detail(Style style) : style_(style) {}
+    void item(TextBuffer &out, const ast_dataitem_t &item);
 
 private:
-    void title(const std::string &text);
-    void table(ViewPart table);
-    void line(const std::string &text) const;
+    void choose_parts(std::span<const ViewPart> parts);
+    void choose_rows(const ViewPart &table);
+    void title(TextBuffer &out, std::string_view text);
+    void table(TextBuffer &out, const ViewPart &table);
+    void row(TextBuffer &out, ViewPart::Row row) const;
+    void indent(TextBuffer &out) const;
 
-    std::FILE *out_;
     Style style_;
     Views views_;
+    ViewReader reader_;
     bool below_title_ = false;
+
+    // What is shown of a view, and of a table in it, and how wide its columns are.
+    std::vector<const ViewPart *> parts_;
+    std::vector<ViewPart::Row> rows_;
+    std::vector<size_t> widths_;
 };
 
 } // namespace astdump

@@ -1,6 +1,7 @@
 #include "dissect.hpp"
 
 #include <algorithm>
+#include <cstring>
 #include <iterator>
 #include <pcap/pcap.h>
 #include <stdexcept>
@@ -119,14 +120,54 @@ std::optional<Fragment> udp_fragment(const Tins::IPv6 &ip, Octets packet) {
     return std::nullopt;
 }
 
+// A UDP datagram in one piece behind an IPv4 header without options, all of whose lengths agree: nothing for any other,
+// which may be in order, too, but is left to libtins.
+std::optional<UdpDatagram> open_in_place(Octets packet) {
+    constexpr size_t kHeaderOctets = 20;
+    constexpr uint8_t kVersion4WithoutOptions = 0x45;
+    constexpr uint16_t kFragmented = 0x3FFF; // an offset, or more to follow
+    constexpr size_t kLength = 2, kFragmentation = 6, kProtocol = 9, kSource = 12, kDestination = 16;
+    if (packet.size() < kHeaderOctets + kUdpHeaderOctets || packet[0] != kVersion4WithoutOptions) return std::nullopt;
+    const size_t length = read_u16(packet, kLength);
+    if (length < kHeaderOctets + kUdpHeaderOctets || length > packet.size()) return std::nullopt;
+    if (packet[kProtocol] != kUdp || (read_u16(packet, kFragmentation) & kFragmented) != 0) return std::nullopt;
+    const Octets udp = packet.subspan(kHeaderOctets, length - kHeaderOctets);
+    const size_t udp_length = read_u16(udp, 4);
+    if (udp_length < kUdpHeaderOctets || udp_length > udp.size()) return std::nullopt;
+    UdpDatagram datagram{.payload = udp.subspan(kUdpHeaderOctets, udp_length - kUdpHeaderOctets),
+                         .truncated = false,
+                         .endpoints = {{{}, read_u16(udp, 0)}, {{}, read_u16(udp, 2)}},
+                         .rebuilt = {}};
+    std::copy_n(&packet[kSource], 4, datagram.endpoints.source.address.octets.begin());
+    std::copy_n(&packet[kDestination], 4, datagram.endpoints.destination.address.octets.begin());
+    return datagram;
+}
+
+Address to_address(const Tins::IPv4Address &from) {
+    Address address;
+    const uint32_t octets = from; // as in the packet
+    std::memcpy(address.octets.data(), &octets, sizeof octets);
+    return address;
+}
+
+Address to_address(const Tins::IPv6Address &from) {
+    Address address{.is_ipv6 = true};
+    std::copy(from.begin(), from.end(), address.octets.begin());
+    return address;
+}
+
 template <typename Ip>
 UdpDatagram read_udp(const Ip &ip, const Tins::UDP &udp) {
     const Octets behind_header = raw_octets(udp);
     const size_t length = std::max<size_t>(udp.length(), kUdpHeaderOctets) - kUdpHeaderOctets;
     const Octets payload = behind_header.first(std::min(length, behind_header.size()));
-    return {.payload = {payload.begin(), payload.end()},
-            .truncated = payload.size() < length,
-            .endpoints = {{ip.src_addr().to_string(), udp.sport()}, {ip.dst_addr().to_string(), udp.dport()}}};
+    UdpDatagram datagram{
+        .payload = {},
+        .truncated = payload.size() < length,
+        .endpoints = {{to_address(ip.src_addr()), udp.sport()}, {to_address(ip.dst_addr()), udp.dport()}},
+        .rebuilt = {payload.begin(), payload.end()}};
+    datagram.payload = datagram.rebuilt;
+    return datagram;
 }
 
 template <typename Ip>
@@ -146,6 +187,7 @@ Dissector::Dissector(int link_type) : link_(find_link_layer(link_type)) {}
 
 std::optional<UdpDatagram> Dissector::dissect(Octets frame) {
     const Octets packet = strip_link_layer(link_, frame);
+    if (auto datagram = open_in_place(packet)) return datagram;
     const int version = packet.empty() ? 0 : packet[0] >> 4;
     if ((version != 4 && version != 6) || !may_hold_udp(packet, version)) return std::nullopt;
     return version == 4 ? open_packet<Tins::IP>(packet, reassembler_) : open_packet<Tins::IPv6>(packet, reassembler_);

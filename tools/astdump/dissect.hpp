@@ -10,9 +10,10 @@
 namespace astdump {
 
 struct UdpDatagram {
-    std::vector<uint8_t> payload;
+    Octets payload; // in the frame, or what is rebuilt
     bool truncated; // the payload is shorter than the header says
     Endpoints endpoints;
+    std::vector<uint8_t> rebuilt; // from several frames, or by libtins
 };
 
 struct LinkLayer;

@@ -79,6 +79,7 @@ Condition read_condition(const std::string &text) {
 }
 
 RecordSet select_records(const ast_datablock_t &block, const std::vector<Condition> &conditions) {
+    if (conditions.empty()) return RecordSet().set() >> (AST_DATABLOCK_MAX_RECORDS - block.record_count);
     RecordSet selected;
     for (uint64_t i = 0; i < block.record_count; ++i)
         selected[i] = std::ranges::all_of(

@@ -5,6 +5,7 @@
 
 #include "capture.hpp"
 #include "raw_file.hpp"
+#include "split.hpp"
 #include "udp_source.hpp"
 
 namespace astdump {
@@ -38,22 +39,32 @@ bool is_capture(Octets head) {
 
 // Tells captures from raw blocks by their magic numbers, and looks no further than these need, since a file that is to
 // be waited for may hold only one block as yet.
-std::unique_ptr<Source> open_source(OctetStream &stream, Damage &damage) {
+std::unique_ptr<Source> open_source(OctetStream &stream) {
     Octets head = stream.peek(sizeof(Magic));
     if (has_magic(head, 0, kSectionHeader)) head = stream.peek(kByteOrderOffset + sizeof(Magic));
-    if (is_capture(head)) return std::make_unique<Capture>(stream, damage);
+    if (is_capture(head)) return std::make_unique<Capture>(stream);
     return std::make_unique<RawFile>(stream);
 }
 
 } // namespace
 
-Input::Input(const std::string &path, const std::string &interface, Waiting *waiting, Damage &damage) {
+Input::Input(const std::string &path, const std::string &interface, Waiting *waiting, bool follow) {
     if (const auto endpoint = read_udp_url(path)) {
-        source_ = std::make_unique<UdpSource>(*endpoint, interface, *waiting, damage);
+        source_ = std::make_unique<UdpSource>(*endpoint, interface, *waiting);
         return;
     }
-    stream_ = std::make_unique<OctetStream>(path, waiting);
-    source_ = open_source(*stream_, damage);
+    stream_ = std::make_unique<OctetStream>(path, waiting, follow);
+    source_ = open_source(*stream_);
+}
+
+bool Input::fill(Chunk &chunk) {
+    chunk.clear();
+    const bool filled = source_->fill(chunk);
+    chunk.first_number = next_number_;
+    for (const Datagram &datagram : chunk.datagrams()) next_number_ += count_blocks(datagram.octets).count;
+    chunk.end_number = next_number_;
+    chunk.consumed = stream_ ? stream_->consumed() : 0;
+    return filled;
 }
 
 } // namespace astdump

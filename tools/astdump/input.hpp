@@ -3,39 +3,40 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 
-#include "datagram.hpp"
+#include "chunk.hpp"
 #include "octet_stream.hpp"
 
 namespace astdump {
-
-class Damage;
 
 class Source {
 public:
     virtual ~Source() = default;
 
-    // The next datagram, or nothing at the end. What cannot be read is told to the damage report that the source was
-    // given; reading goes on behind it where it can.
-    virtual std::optional<Datagram> next() = 0;
+    // Fills an empty chunk with what comes next, without waiting for more once there is something in it; false at the
+    // end. What cannot be read is told to the damage of the chunk; reading goes on behind it where it can.
+    virtual bool fill(Chunk &chunk) = 0;
 };
 
 // A FILE of the command line: a file, standard input or a socket.
 class Input {
 public:
-    // With `waiting`, which a socket needs, new octets are waited for. Sockets use the `interface`, or, if that is
-    // empty, the one that the system chooses. Throws std::system_error when the file cannot be opened.
-    Input(const std::string &path, const std::string &interface, Waiting *waiting, Damage &damage);
+    // With `waiting`, which a socket needs, the user can end the input; with `follow`, new octets are waited for at the
+    // end of a file. Sockets use the `interface`, or, if that is empty, the one that the system chooses. Throws
+    // std::system_error when the file cannot be opened.
+    Input(const std::string &path, const std::string &interface, Waiting *waiting, bool follow);
 
-    std::optional<Datagram> next() { return source_->next(); }
+    // As a source does. The blocks of the chunk are numbered.
+    bool fill(Chunk &chunk);
 
-    // Octets of the file: those read, and all, where that is known.
-    uint64_t consumed() const { return stream_ ? stream_->consumed() : 0; }
+    // Octets of the file, where that is known.
     std::optional<uint64_t> size() const { return stream_ ? stream_->size() : std::nullopt; }
 
 private:
     std::unique_ptr<OctetStream> stream_; // null for a socket
     std::unique_ptr<Source> source_;
+    uint64_t next_number_ = 1; // of a block
 };
 
 } // namespace astdump

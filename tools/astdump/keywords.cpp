@@ -30,13 +30,21 @@ std::string keyword_names() {
     return names;
 }
 
-std::string keyword_text(const ast_datarecord_t &record, uint32_t keyword) {
+bool put_keyword(TextBuffer &out, const ast_datarecord_t &record, uint32_t keyword) {
     char buffer[kTextOctets];
     ast_datarecord_get_keyword(buffer, sizeof buffer, &record, keyword, AST_POSITION_DEGREES);
-    const std::string_view text = buffer;
-    const size_t first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos) return {};
-    return std::string(text.substr(first, text.find_last_not_of(' ') + 1 - first));
+    const char *first = buffer;
+    while (*first == ' ') ++first;
+    const size_t begin = out.size();
+    out.put(first);
+    out.trim(begin);
+    return out.size() > begin;
+}
+
+std::string keyword_text(const ast_datarecord_t &record, uint32_t keyword) {
+    TextBuffer text;
+    put_keyword(text, record, keyword);
+    return std::string(text.text());
 }
 
 } // namespace astdump

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "ast.h"
+#include "text_buffer.hpp"
 
 namespace astdump {
 
@@ -18,5 +19,8 @@ std::string keyword_names();
 
 // A record's value as text without blanks around it; empty when it has none.
 std::string keyword_text(const ast_datarecord_t &record, uint32_t keyword);
+
+// Puts it, and returns whether there is one.
+bool put_keyword(TextBuffer &out, const ast_datarecord_t &record, uint32_t keyword);
 
 } // namespace astdump

@@ -1,118 +1,112 @@
 #include "listing.hpp"
 
-#include <algorithm>
-#include <cinttypes>
-
+#include "item_lines.hpp"
 #include "text.hpp"
 
 namespace astdump {
 
 namespace {
 
-// "    I048/010  Data Source Identifier        2  SAC:025 SIC:012       19 0c"
-constexpr int kIndent = 4;
-constexpr int kTypeWidth = 8;
-constexpr int kSizeWidth = 5;
-constexpr int kGap = 2;
-constexpr int kFixedWidth = kIndent + kTypeWidth + kGap + kSizeWidth + kGap + kGap;
-constexpr int kMaxNameWidth = 50;
-constexpr int kHexWidth = 3; // of one octet and the blank behind it
-constexpr int kMinOctetsPerLine = 4;
-constexpr int kMaxOctetsPerLine = 32;
+class ListingRenderer : public Renderer {
+public:
+    explicit ListingRenderer(const Listing::Form &form)
+        : style_(form.color), lines_(form.columns, style_, form.detail) {}
 
-// What type and size leave of a line goes to the name, the summary and the octets, as 4 to 3 to 3.
-constexpr int kShareOfTen = 3;
+    void block(const DecodedBlock &decoded, TextBuffer &out) override;
 
-int share(unsigned columns) { return (static_cast<int>(columns) - kFixedWidth) * kShareOfTen / 10; }
+private:
+    void block_line(const DecodedBlock &decoded, TextBuffer &out);
+    void record(const ast_datarecord_t &record, uint64_t number, const ast_uap_t &block_uap, TextBuffer &out);
+    void items(const ast_datarecord_t &record, TextBuffer &out);
+    void fault(const DecodedBlock &decoded, TextBuffer &out);
 
-} // namespace
+    Style style_;
+    ItemLines lines_;
+};
 
-Listing::Listing(std::FILE *out, const Form &form)
-    : out_(out),
-      style_(form.color),
-      name_files_(form.name_files),
-      octets_per_line_(std::clamp((share(form.columns) + 1) / kHexWidth, kMinOctetsPerLine, kMaxOctetsPerLine)),
-      summary_width_(share(form.columns)),
-      name_width_(std::min(static_cast<int>(form.columns) - kFixedWidth - 2 * share(form.columns), kMaxNameWidth)),
-      summary_column_(kIndent + kTypeWidth + kGap + name_width_ + kSizeWidth + kGap),
-      hex_column_(summary_column_ + summary_width_ + kGap) {
-    if (form.detail) detail_.emplace(out_, style_);
-}
-
-void Listing::file(const std::string &name) {
-    if (name_files_) std::fprintf(out_, "%s==> %s <==%s\n\n", style_.on(Color::heading), name.c_str(), style_.off());
-}
-
-void Listing::block(const DecodedBlock &decoded) {
+void ListingRenderer::block(const DecodedBlock &decoded, TextBuffer &out) {
     const ast_datablock_t &block = *decoded.block;
-    block_line(decoded);
+    block_line(decoded, out);
     for (uint64_t i = 0; i < block.record_count; ++i)
-        if (decoded.shown[i]) record(block.records[i], i + 1, block.uap);
-    if (decoded.fault) fault(decoded);
-    std::fputc('\n', out_);
+        if (decoded.shown[i]) record(block.records[i], i + 1, block.uap, out);
+    if (decoded.fault) fault(decoded, out);
+    out.put('\n');
 }
 
-void Listing::block_line(const DecodedBlock &decoded) {
+void ListingRenderer::block_line(const DecodedBlock &decoded, TextBuffer &out) {
     const Datagram &datagram = *decoded.datagram;
     const ast_datablock_t &block = *decoded.block;
-    std::fprintf(out_, "%s#%" PRIu64, style_.on(Color::heading), decoded.number);
-    if (datagram.time) std::fprintf(out_, "  %s", time_text(*datagram.time).c_str());
-    if (datagram.endpoints)
-        std::fprintf(out_, "  %s > %s", endpoint_text(datagram.endpoints->source).c_str(),
-                     endpoint_text(datagram.endpoints->destination).c_str());
-    std::fprintf(out_, "  CAT %03u%s  %zu octets  %.*s  %s  %s%s%s\n", block.category, style_.off(),
-                 decoded.octets.size(), static_cast<int>(decoded.profile.size()), decoded.profile.data(),
-                 counted(block.record_count, "record").c_str(), style_.on(block.valid ? Color::good : Color::fault),
-                 block.valid ? "valid" : "DAMAGED", style_.off());
+    out.put(style_.on(Color::heading));
+    out.put('#');
+    out.number(decoded.number);
+    if (datagram.time) {
+        out.put("  ");
+        put_time(out, *datagram.time);
+    }
+    if (datagram.endpoints) {
+        out.put("  ");
+        put_route(out, *datagram.endpoints);
+    }
+    out.put("  CAT ");
+    out.number(block.category, 3, '0');
+    out.put(style_.off());
+    out.put("  ");
+    out.number(decoded.octets.size());
+    out.put(" octets  ");
+    out.put(profile_name(block.uap, block.category));
+    out.put("  ");
+    put_counted(out, block.record_count, "record");
+    out.put("  ");
+    out.put(style_.on(block.valid ? Color::good : Color::fault));
+    out.put(block.valid ? "valid" : "DAMAGED");
+    out.put(style_.off());
+    out.put('\n');
 }
 
 // Says by which profile a record was decoded when that is not the block's: plots and tracks in one block.
-void Listing::record(const ast_datarecord_t &record, uint64_t number, const ast_uap_t &block_uap) {
-    std::fprintf(out_, "  record %" PRIu64 "  %" PRIu64 " octets", number, record.size);
+void ListingRenderer::record(const ast_datarecord_t &record, uint64_t number, const ast_uap_t &block_uap,
+                             TextBuffer &out) {
+    out.put("  record ");
+    out.number(number);
+    out.put("  ");
+    out.number(record.size);
+    out.put(" octets");
     if (record.uap.get_dataitem != block_uap.get_dataitem) {
-        const std::string_view profile = profile_name(record.uap, record.category);
-        std::fprintf(out_, "  %.*s", static_cast<int>(profile.size()), profile.data());
+        out.put("  ");
+        out.put(profile_name(record.uap, record.category));
     }
-    std::fputc('\n', out_);
-    items(record);
+    out.put('\n');
+    items(record, out);
 }
 
-void Listing::items(const ast_datarecord_t &record) {
-    for (uint64_t i = 0; i < record.item_count; ++i) item(record.items[i]);
+void ListingRenderer::items(const ast_datarecord_t &record, TextBuffer &out) {
+    for (uint64_t i = 0; i < record.item_count; ++i) lines_.put(out, record.items[i]);
 }
 
-// A summary that leaves no room for the octets pushes them to the next line.
-void Listing::item(const ast_dataitem_t &item) {
-    const std::string summary = views_.summary(item);
-    std::fprintf(out_, "%*s%s%-*s%s%*s%-*s%*" PRIu64 "%*s%s", kIndent, "", style_.on(Color::item), kTypeWidth,
-                 ast_dataitem_type_to_str(item.type), style_.off(), kGap, "", name_width_,
-                 cut(ast_dataitem_get_name(item.type), static_cast<size_t>(name_width_)).c_str(), kSizeWidth, item.size,
-                 kGap, "", summary.c_str());
-    const int room = summary_width_ - static_cast<int>(summary.size());
-    if (room < 0) std::fputc('\n', out_);
-    octets(item, room < 0 ? hex_column_ : room + kGap);
-    if (detail_) detail_->item(item);
-}
-
-// Starts the first line with `indent` blanks.
-void Listing::octets(const ast_dataitem_t &item, int indent) {
-    hex_.resize(item.size * kHexWidth);
-    ast_dataitem_get_hex_str(hex_.data(), hex_.size(), &item);
-    hex_.back() = ' '; // the terminator, so that every octet ends in a blank
-    const size_t line_length = static_cast<size_t>(octets_per_line_) * kHexWidth;
-    for (size_t at = 0; at < hex_.size(); at += line_length) {
-        const size_t length = std::min(line_length, hex_.size() - at) - 1;
-        std::fprintf(out_, "%*s%s%.*s%s\n", at == 0 ? indent : hex_column_, "", style_.on(Color::dim),
-                     static_cast<int>(length), &hex_[at], style_.off());
-    }
-}
-
-void Listing::fault(const DecodedBlock &decoded) {
+void ListingRenderer::fault(const DecodedBlock &decoded, TextBuffer &out) {
     const Fault &fault = *decoded.fault;
-    std::fprintf(out_, "  record %" PRIu64 "\n", decoded.block->record_count + 1);
-    if (!fault.record.valid) items(fault.record);
-    std::fprintf(out_, "    %sdamaged at octet %" PRIu64 ": %s%s\n", style_.on(Color::fault), fault.octets,
-                 fault_reason(fault, decoded.octets).c_str(), style_.off());
+    out.put("  record ");
+    out.number(decoded.block->record_count + 1);
+    out.put('\n');
+    if (!fault.record.valid) items(fault.record, out);
+    out.put("    ");
+    out.put(style_.on(Color::fault));
+    out.put("damaged at octet ");
+    out.number(fault.octets);
+    out.put(": ");
+    out.put(fault.reason);
+    out.put(style_.off());
+    out.put('\n');
+}
+
+} // namespace
+
+std::unique_ptr<Renderer> Listing::renderer() const { return std::make_unique<ListingRenderer>(form_); }
+
+void Listing::file(const std::string &name) {
+    if (!form_.name_files) return;
+    const Style style(form_.color);
+    out_.write(std::string(style.on(Color::heading)) + "==> " + name + " <==" + style.off() + "\n\n");
 }
 
 } // namespace astdump

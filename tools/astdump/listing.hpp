@@ -2,10 +2,9 @@
 // and octets.
 #pragma once
 
-#include <cstdio>
 #include <string>
 
-#include "detail.hpp"
+#include "output.hpp"
 #include "sink.hpp"
 #include "terminal.hpp"
 
@@ -19,31 +18,17 @@ public:
         bool name_files; // when there are several
         bool detail;     // the fields of each item below it
     };
-    Listing(std::FILE *out, const Form &form);
+    Listing(Output &out, const Form &form) : out_(out), form_(form) {}
 
+    std::unique_ptr<Renderer> renderer() const override;
+    size_t chunk_octets() const override { return size_t{16} * 1024; }
     void file(const std::string &name) override;
-    void block(const DecodedBlock &decoded) override;
-    void finish() override {}
+    void take(std::string_view rendered) override { out_.write(rendered); }
+    void finish(uint64_t) override {}
 
 private:
-    void block_line(const DecodedBlock &decoded);
-    void record(const ast_datarecord_t &record, uint64_t number, const ast_uap_t &block_uap);
-    void items(const ast_datarecord_t &record);
-    void item(const ast_dataitem_t &item);
-    void octets(const ast_dataitem_t &item, int indent);
-    void fault(const DecodedBlock &decoded);
-
-    std::FILE *out_;
-    Style style_;
-    bool name_files_;
-    int octets_per_line_;
-    int summary_width_;
-    int name_width_;
-    int summary_column_; // where the summary starts
-    int hex_column_;     // where the octets start
-    Views views_;
-    std::string hex_;
-    std::optional<Detail> detail_;
+    Output &out_;
+    Form form_;
 };
 
 } // namespace astdump

@@ -4,6 +4,17 @@
 
 namespace astdump {
 
+Losses &Losses::operator+=(const Losses &other) {
+    truncated += other.truncated;
+    dropped += other.dropped;
+    undissected += other.undissected;
+    incomplete += other.incomplete;
+    invalid += other.invalid;
+    skipped += other.skipped;
+    unfinished += other.unfinished;
+    return *this;
+}
+
 std::string Losses::text() const {
     const struct {
         uint64_t count;

@@ -15,6 +15,9 @@ struct Losses {
     uint64_t skipped = 0;     // octets
     uint64_t unfinished = 0;  // inputs that are not read to their end
 
+    Losses &operator+=(const Losses &other);
+    bool operator==(const Losses &other) const = default;
+
     // "1 datagram truncated, 16 octets skipped"; empty when nothing is lost.
     std::string text() const;
 };

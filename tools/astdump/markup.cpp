@@ -2,10 +2,6 @@
 
 #include <algorithm>
 #include <iterator>
-
-#include "text.hpp"
-#include "views.hpp"
-
 namespace astdump {
 
 namespace {
@@ -48,11 +44,6 @@ std::string_view link_tag(std::string_view html) {
     return html.substr(0, kStart.size() + address.size() + kEnd.size());
 }
 
-std::string_view tag(std::string_view html) {
-    const auto found = std::ranges::find_if(kMarkup, [&](std::string_view known) { return html.starts_with(known); });
-    return found == std::end(kMarkup) ? link_tag(html) : *found;
-}
-
 void append_escaped(std::string &html, char c) {
     if (c == '<')
         html += "&lt;";
@@ -68,23 +59,19 @@ void append_escaped(std::string &html, char c) {
 
 } // namespace
 
+std::string_view markup_at(std::string_view html) {
+    constexpr size_t kShortest = 3;
+    if (html.size() < kShortest || html.front() != '<') return {};
+    const auto found = std::ranges::find_if(kMarkup, [&](std::string_view known) {
+        return known[1] == html[1] && known[2] == html[2] && html.starts_with(known);
+    });
+    return found == std::end(kMarkup) ? link_tag(html) : *found;
+}
+
 std::string escape(std::string_view text) {
     std::string html;
     for (const char c : text) append_escaped(html, c);
     return html;
-}
-
-void append_fragment(std::string &html, std::string_view fragment) {
-    while (!fragment.empty()) {
-        std::string_view taken = tag(fragment);
-        if (taken.empty()) {
-            taken = fragment.substr(0, fragment.find('<', 1));
-            if (taken != kNoSummary) html += escape(printable(taken));
-        } else {
-            html += taken;
-        }
-        fragment.remove_prefix(taken.size());
-    }
 }
 
 } // namespace astdump

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -15,12 +16,12 @@ namespace {
 
 } // namespace
 
-OctetStream::OctetStream(const std::string &path, Waiting *waiting)
+OctetStream::OctetStream(const std::string &path, Waiting *waiting, bool follow)
     : descriptor_(path == "-" ? STDIN_FILENO : ::open(path.c_str(), O_RDONLY | O_CLOEXEC)), waiting_(waiting) {
     if (descriptor_ < 0) fail();
     struct stat status {};
     if (::fstat(descriptor_, &status) != 0 || !S_ISREG(status.st_mode)) return;
-    grows_ = waiting_ != nullptr;
+    grows_ = waiting_ && follow;
     if (!grows_) size_ = static_cast<uint64_t>(status.st_size);
 }
 
@@ -49,6 +50,17 @@ Octets OctetStream::peek(size_t count) {
         if (got == 0) break;
     }
     return Octets(peeked_).first(std::min(count, peeked_.size()));
+}
+
+void OctetStream::put_back(Octets octets) {
+    peeked_.insert(peeked_.begin(), octets.begin(), octets.end());
+    consumed_ -= octets.size();
+}
+
+bool OctetStream::is_ready() const {
+    if (!peeked_.empty()) return true;
+    pollfd file{.fd = descriptor_, .events = POLLIN, .revents = 0};
+    return !grows_ && ::poll(&file, 1, 0) == 1;
 }
 
 size_t OctetStream::read(uint8_t *buffer, size_t count) {

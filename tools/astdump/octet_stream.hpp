@@ -12,9 +12,9 @@ namespace astdump {
 
 class OctetStream {
 public:
-    // "-" is standard input. With `waiting`, a file has no end before that of the waiting: it may grow. Throws
-    // std::system_error when the file cannot be opened.
-    OctetStream(const std::string &path, Waiting *waiting);
+    // "-" is standard input. With `waiting`, the user can end it; with `follow`, a file has no end before that: it may
+    // grow. Throws std::system_error when the file cannot be opened.
+    OctetStream(const std::string &path, Waiting *waiting, bool follow);
     ~OctetStream();
     OctetStream(const OctetStream &) = delete;
     OctetStream &operator=(const OctetStream &) = delete;
@@ -24,6 +24,12 @@ public:
 
     // Takes up to `count` octets; 0 is the end. Throws std::system_error.
     size_t read(uint8_t *buffer, size_t count);
+
+    // Puts octets in front of what is still to be read.
+    void put_back(Octets octets);
+
+    // Whether octets can be read without waiting for them, or the end.
+    bool is_ready() const;
 
     uint64_t consumed() const { return consumed_; }
 

@@ -2,8 +2,10 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <sched.h>
 #include <stdexcept>
 #include <string_view>
+#include <thread>
 
 #include "numbers.hpp"
 #include "udp_source.hpp"
@@ -67,6 +69,8 @@ struct Texts {
     std::vector<std::string> conditions;
 };
 
+constexpr size_t kMaxJobs = 256;
+
 void describe_live(CLI::App &app, Options &options) {
     app.add_flag("--follow", options.follow, "Wait for more at the end; SIGINT (Ctrl-C) ends it and shows --stats");
     app.add_option("--interface", options.interface, "Network interface to listen on, by name or address")
@@ -98,6 +102,10 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_flag("--list", options.list, "A line per record with the common quantities in columns");
     app.add_flag("--stats", options.stats, "Instead of the listing, count by category and by item");
     app.add_flag("--quiet", options.quiet, "No listing, only reports of damage");
+    app.add_option("--jobs", options.jobs,
+                   "Threads, as many as there are processors if not given; the output is the same")
+        ->check(CLI::Range(size_t{1}, kMaxJobs).description(""))
+        ->type_name("N");
     app.add_option("--color", options.color, "Colours: always, never, or auto, if not given, on terminals")
         ->check(CLI::IsMember({"auto", "always", "never"}).description(""))
         ->type_name("WHEN");
@@ -130,9 +138,17 @@ std::optional<CategorySet> read_categories(const std::string &list) {
     return categories;
 }
 
+size_t processors() {
+    cpu_set_t set;
+    CPU_ZERO(&set);
+    if (sched_getaffinity(0, sizeof set, &set) == 0) return static_cast<size_t>(CPU_COUNT(&set));
+    return std::max(std::thread::hardware_concurrency(), 1U);
+}
+
 CommandLine read_command_line(int argc, char **argv) {
     CLI::App app("Shows the ASTERIX surveillance data in captures and recordings.", "astdump");
     Options options;
+    options.jobs = std::min(processors(), kMaxJobs);
     Texts texts;
     describe(app, options, texts);
     try {

@@ -28,6 +28,8 @@ struct Options {
     bool stats = false;
     bool quiet = false;
     std::string color = "auto";
+    size_t jobs = 1;                    // threads
+    std::optional<size_t> chunk_octets; // read at a time; nothing: what suits the output
 };
 
 constexpr int kExitClean = 0;
@@ -41,6 +43,9 @@ struct CommandLine {
     int status = kExitClean;
 };
 CommandLine read_command_line(int argc, char **argv);
+
+// The processors that this process may use.
+size_t processors();
 
 // Reads a list such as "34,48" or "1-21,240" into a set. Nothing unless every number is a category, 0 to 255.
 std::optional<CategorySet> read_categories(const std::string &list);

@@ -1,44 +1,28 @@
 #include "page.hpp"
 
 #include <cerrno>
+#include <cinttypes>
+#include <cstdio>
 #include <cstring>
+#include <fcntl.h>
 #include <stdexcept>
+#include <unistd.h>
 
 #include "markup.hpp"
-#include "pack.hpp"
+#include "page_chunk.hpp"
 #include "page_parts.hpp"
-#include "text.hpp"
+#include "terminal.hpp"
 
 namespace astdump {
 
 namespace {
 
+constexpr mode_t kMode = 0666; // less what the user's mask takes away
+
 std::string category_text(uint32_t category) {
     char text[8];
     std::snprintf(text, sizeof text, "%03u", category);
     return text;
-}
-
-std::string span(const char *css_class, const std::string &html) {
-    return std::string("<span class=\"") + css_class + "\">" + html + "</span>";
-}
-
-std::string route(const Endpoints &endpoints) {
-    return escape(endpoint_text(endpoints.source) + " > " + endpoint_text(endpoints.destination));
-}
-
-// The line of a block that is always shown.
-std::string block_line(const DecodedBlock &decoded) {
-    const Datagram &datagram = *decoded.datagram;
-    std::string line = span("number", '#' + std::to_string(decoded.number));
-    line += span("category", category_text(decoded.block->category));
-    if (datagram.time) line += span("time", time_text(*datagram.time));
-    line +=
-        span("counts", counted(decoded.block->record_count, "record") + ", " + counted(decoded.octets.size(), "octet"));
-    line += span("profile", std::string(decoded.profile));
-    if (datagram.endpoints) line += span("route", route(*datagram.endpoints));
-    if (decoded.fault) line += span("fault", "damaged");
-    return line;
 }
 
 std::string totals_row(const std::string &title, const Counts &counts) {
@@ -50,22 +34,27 @@ std::string totals_row(const std::string &title, const Counts &counts) {
 
 } // namespace
 
-Page::Page(const std::string &path) : path_(path), file_(std::fopen(path.c_str(), "w")) {
-    if (!file_) fail();
+Page::Page(const std::string &path)
+    : path_(path),
+      descriptor_(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, kMode)),
+      out_(descriptor_) {
+    if (descriptor_ < 0) fail(errno);
     write(page_head());
 }
 
+Page::~Page() { ::close(descriptor_); }
+
+std::unique_ptr<Renderer> Page::renderer() const { return std::make_unique<PageChunk>(); }
+
 void Page::file(const std::string &name) { write("<h2>" + escape(name) + "</h2>\n"); }
 
-void Page::block(const DecodedBlock &decoded) {
-    counts_[decoded.block->category] += count(decoded);
-    write("<details class=\"block\" data-records=\"" + pack(inside_.html(decoded)) + "\"><summary>" +
-          block_line(decoded) + "</summary></details>\n");
+void Page::count(const Tally &tally) {
+    for (const auto &[category, counts] : tally.categories) counts_[category] += counts;
 }
 
-void Page::finish() {
+void Page::finish(uint64_t octets_read) {
     totals();
-    if (std::fclose(file_.release()) != 0) fail();
+    tell_size(octets_read);
 }
 
 void Page::totals() {
@@ -81,10 +70,20 @@ void Page::totals() {
     write(totals_row("all", total) + "</table></header>\n</body></html>\n");
 }
 
-void Page::write(const std::string &html) {
-    if (std::fwrite(html.data(), 1, html.size(), file_.get()) != html.size()) fail();
+void Page::tell_size(uint64_t octets_read) const {
+    clear_line();
+    std::fprintf(stderr, "astdump: %s: a page of %" PRIu64 " octets", path_.c_str(), out_.written());
+    if (octets_read != 0)
+        std::fprintf(stderr, ", %.1f times the recording",
+                     static_cast<double>(out_.written()) / static_cast<double>(octets_read));
+    std::fputc('\n', stderr);
 }
 
-void Page::fail() const { throw std::runtime_error(path_ + ": " + std::strerror(errno)); }
+void Page::write(std::string_view html) {
+    out_.write(html);
+    if (out_.error() != 0) fail(out_.error());
+}
+
+void Page::fail(int error) const { throw std::runtime_error(path_ + ": " + std::strerror(error)); }
 
 } // namespace astdump

@@ -9,29 +9,23 @@ namespace astdump {
 
 namespace {
 
-constexpr const char *kNoValue = "-";
-constexpr const char *kGap = "  ";
+constexpr std::string_view kNoValue = "-";
+constexpr std::string_view kGap = "  ";
 
-std::string category(const ast_datarecord_t &record) {
-    char text[8];
-    std::snprintf(text, sizeof text, "%03u", record.category);
-    return text;
-}
+void category(const ast_datarecord_t &record, TextBuffer &out) { out.number(record.category, 3, '0'); }
 
-std::string octets(const ast_datarecord_t &record) { return std::to_string(record.size); }
+void octets(const ast_datarecord_t &record, TextBuffer &out) { out.number(record.size); }
 
 // The first of several quantities that a record has.
 template <uint32_t... keywords>
-std::string value(const ast_datarecord_t &record) {
-    std::string text;
-    static_cast<void>((... || !(text = keyword_text(record, keywords)).empty()));
-    return text;
+void value(const ast_datarecord_t &record, TextBuffer &out) {
+    static_cast<void>((... || put_keyword(out, record, keywords)));
 }
 
 struct Column {
     const char *title;
     size_t width;
-    std::string (*text)(const ast_datarecord_t &record);
+    void (*put)(const ast_datarecord_t &record, TextBuffer &out);
     bool right_aligned = false;
 };
 
@@ -55,54 +49,79 @@ constexpr Column kColumns[] = {
 };
 static_assert(std::size(kColumns) == kRecordListColumns);
 
-void append_cell(std::string &line, const std::string &text, size_t width, bool right_aligned) {
-    const std::string padding(width - text.size(), ' ');
-    line += right_aligned ? padding + text : text + padding;
-    line += kGap;
+// A value stands behind its length in one octet: no value is longer.
+std::string_view take_value(std::string_view &rendered) {
+    const auto length = static_cast<uint8_t>(rendered.front());
+    const std::string_view value = rendered.substr(1, length);
+    rendered.remove_prefix(1 + size_t{length});
+    return value;
 }
 
-std::string without_trailing_blanks(std::string line) {
-    line.resize(line.find_last_not_of(' ') + 1);
-    return line;
+class ListRenderer : public Renderer {
+    void block(const DecodedBlock &decoded, TextBuffer &out) override {
+        for (uint64_t i = 0; i < decoded.block->record_count; ++i)
+            if (decoded.shown[i]) record(decoded.block->records[i], out);
+    }
+
+    static void record(const ast_datarecord_t &record, TextBuffer &out) {
+        for (const Column &column : kColumns) {
+            const size_t place = out.size();
+            out.put('\0');
+            column.put(record, out);
+            if (out.size() == place + 1) out.put(kNoValue);
+            out.set(place, static_cast<char>(out.size() - place - 1));
+        }
+    }
+};
+
+void put_cell(TextBuffer &line, std::string_view text, size_t width, bool right_aligned) {
+    if (right_aligned)
+        line.right(text, width);
+    else
+        line.left(text, width);
+    line.put(kGap);
 }
 
 } // namespace
 
-RecordList::RecordList(std::FILE *out, bool color, bool name_files)
-    : out_(out), style_(color), name_files_(name_files) {
+RecordList::RecordList(Output &out, bool color, bool name_files) : out_(out), style_(color), name_files_(name_files) {
     std::ranges::transform(kColumns, widths_.begin(), &Column::width);
 }
 
+std::unique_ptr<Renderer> RecordList::renderer() const { return std::make_unique<ListRenderer>(); }
+
 void RecordList::file(const std::string &name) {
     if (!name_files_) return;
-    std::fprintf(out_, "%s%s==> %s <==%s\n", headed_ ? "\n" : "", style_.on(Color::heading), name.c_str(),
-                 style_.off());
+    out_.write(std::string(headed_ ? "\n" : "") + style_.on(Color::heading) + "==> " + name + " <==" + style_.off() +
+               '\n');
     headed_ = false;
 }
 
-void RecordList::block(const DecodedBlock &decoded) {
-    for (uint64_t i = 0; i < decoded.block->record_count; ++i)
-        if (decoded.shown[i]) record(decoded.block->records[i]);
-}
-
 void RecordList::header() {
-    std::string line;
+    lines_.put(style_.on(Color::heading));
+    const size_t begin = lines_.size();
     for (size_t i = 0; i < std::size(kColumns); ++i)
-        append_cell(line, kColumns[i].title, widths_[i], kColumns[i].right_aligned);
-    std::fprintf(out_, "%s%s%s\n", style_.on(Color::heading), without_trailing_blanks(line).c_str(), style_.off());
+        put_cell(lines_, kColumns[i].title, widths_[i], kColumns[i].right_aligned);
+    lines_.trim(begin);
+    lines_.put(style_.off());
+    lines_.put('\n');
     headed_ = true;
 }
 
-void RecordList::record(const ast_datarecord_t &record) {
-    if (!headed_) header();
-    std::string line;
-    for (size_t i = 0; i < std::size(kColumns); ++i) {
-        std::string text = kColumns[i].text(record);
-        if (text.empty()) text = kNoValue;
-        widths_[i] = std::max(widths_[i], text.size());
-        append_cell(line, text, widths_[i], kColumns[i].right_aligned);
+void RecordList::take(std::string_view rendered) {
+    lines_.clear();
+    if (!headed_ && !rendered.empty()) header();
+    while (!rendered.empty()) {
+        const size_t begin = lines_.size();
+        for (size_t i = 0; i < std::size(kColumns); ++i) {
+            const std::string_view text = take_value(rendered);
+            widths_[i] = std::max(widths_[i], text.size());
+            put_cell(lines_, text, widths_[i], kColumns[i].right_aligned);
+        }
+        lines_.trim(begin);
+        lines_.put('\n');
     }
-    std::fprintf(out_, "%s\n", without_trailing_blanks(line).c_str());
+    out_.write(lines_.text());
 }
 
 } // namespace astdump

@@ -2,9 +2,9 @@
 #pragma once
 
 #include <array>
-#include <cstdio>
 #include <string>
 
+#include "output.hpp"
 #include "sink.hpp"
 #include "terminal.hpp"
 
@@ -12,24 +12,28 @@ namespace astdump {
 
 constexpr size_t kRecordListColumns = 16;
 
+// What is rendered are the values alone. The lines are laid out as they are taken: columns grow when a value takes
+// more, so that later lines stay aligned.
 class RecordList : public Sink {
 public:
     // Names the files when there are several.
-    RecordList(std::FILE *out, bool color, bool name_files);
+    RecordList(Output &out, bool color, bool name_files);
 
+    std::unique_ptr<Renderer> renderer() const override;
+    size_t chunk_octets() const override { return size_t{64} * 1024; }
     void file(const std::string &name) override;
-    void block(const DecodedBlock &decoded) override;
-    void finish() override {}
+    void take(std::string_view rendered) override;
+    void finish(uint64_t) override {}
 
 private:
     void header();
-    void record(const ast_datarecord_t &record);
 
-    std::FILE *out_;
+    Output &out_;
     Style style_;
     bool name_files_;
     bool headed_ = false;
-    std::array<size_t, kRecordListColumns> widths_; // grow when a value takes more, so that later lines stay aligned
+    TextBuffer lines_;
+    std::array<size_t, kRecordListColumns> widths_;
 };
 
 } // namespace astdump

@@ -1,39 +1,53 @@
 // From files to sinks.
 #pragma once
 
-#include <memory>
-#include <vector>
+#include <atomic>
+#include <limits>
 
-#include "damage.hpp"
 #include "input.hpp"
-#include "options.hpp"
-#include "sink.hpp"
+#include "output.hpp"
+#include "pipeline.hpp"
 #include "terminal.hpp"
+#include "worker.hpp"
 
 namespace astdump {
 
-class Run {
+class Run : private Steps {
 public:
-    Run(const Options &options, std::vector<std::unique_ptr<Sink>> sinks, Damage &damage, Progress progress);
+    // `waiting` is null where no user can end the run.
+    Run(const Options &options, Sinks sinks, const Output &out, DamageLog &damage, Progress progress, Waiting *waiting);
 
     // Reads all files and returns the exit status.
     int files();
 
 private:
-    bool done() const { return options_.count && shown_ >= *options_.count; }
-    void file(const std::string &path);
-    void datagram(const Datagram &datagram);
-    void block(const Datagram &datagram, uint64_t offset, Octets octets);
+    // Blocks that may still be shown.
+    uint64_t most() const { return options_.count ? *options_.count - shown_ : std::numeric_limits<uint64_t>::max(); }
+    bool done() const { return most() == 0 || out_.error() != 0 || (waiting_ && waiting_->ended()); }
+    void file(const std::string &path, Pipeline &pipeline);
+    bool read(Chunk &chunk) override;
+    void render(Job &job, size_t worker) override;
+    bool write(Job &job, size_t worker) override;
+    Worker &worker(size_t number);
 
     const Options &options_;
-    std::vector<std::unique_ptr<Sink>> sinks_;
-    Damage &damage_;
+    Sinks sinks_;
+    const Output &out_;
+    DamageLog &damage_;
     Progress progress_;
-    std::optional<Waiting> waiting_; // for more, if that is asked for
-    Decoder decoder_;
-    uint64_t number_ = 0; // of the last block in its file
-    uint64_t shown_ = 0;
+    Waiting *waiting_;
+    std::vector<std::optional<Worker>> workers_; // made when their threads have something to do
+    uint64_t shown_ = 0;                         // blocks
+    uint64_t octets_read_ = 0;                   // of the files before this one
     bool unreadable_ = false;
+
+    // The file at hand.
+    std::optional<Input> input_;
+    std::string name_;
+    uint64_t consumed_ = 0;
+
+    const ast_uap_t *profile_ = &AST_UAP_STANDARD;                // current behind what has been written
+    std::atomic<const ast_uap_t *> expected_ = &AST_UAP_STANDARD; // in front of what is read next, most likely
 };
 
 } // namespace astdump

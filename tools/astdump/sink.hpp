@@ -1,22 +1,49 @@
-// What is done with decoded blocks: shown one by one, counted, or both.
+// What is done with decoded blocks: shown one by one, counted, or both. Chunks of them are rendered on several threads
+// at a time, and what has been rendered is taken in their order.
 #pragma once
 
+#include <memory>
 #include <string>
 
-#include "decode.hpp"
+#include "counts.hpp"
+#include "text_buffer.hpp"
 
 namespace astdump {
+
+// Renders the blocks of one chunk after the other.
+class Renderer {
+public:
+    virtual ~Renderer() = default;
+
+    virtual void block(const DecodedBlock &decoded, TextBuffer &out) = 0;
+
+    // No block follows in this chunk.
+    virtual void end(TextBuffer &) {}
+};
 
 class Sink {
 public:
     virtual ~Sink() = default;
 
+    // One for each thread; null for a sink that needs no text.
+    virtual std::unique_ptr<Renderer> renderer() const = 0;
+
+    // Octets of a chunk that is worth a turn of its own, and small enough that what becomes of it does not fill the
+    // memory.
+    virtual size_t chunk_octets() const = 0;
+
     // The blocks that follow come from this file.
     virtual void file(const std::string &name) = 0;
-    virtual void block(const DecodedBlock &decoded) = 0;
 
-    // No block follows.
-    virtual void finish() = 0;
+    // Whether it has use for what is counted.
+    virtual bool counts() const { return false; }
+
+    // What has been rendered, in pieces that end with a block; and what has been counted in a chunk.
+    virtual void take(std::string_view rendered) = 0;
+    virtual void count(const Tally &) {}
+
+    // No block follows; so many octets have been read.
+    virtual void finish(uint64_t octets_read) = 0;
 };
 
 } // namespace astdump

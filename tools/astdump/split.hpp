@@ -22,6 +22,18 @@ struct Frame {
 };
 
 // What stands at the start of the octets.
-Frame frame_block(Octets octets);
+inline Frame frame_block(Octets octets) {
+    if (octets.size() < kBlockHeaderOctets) return {Framing::short_header, 0, 0};
+    const uint64_t length = static_cast<uint64_t>(octets[1]) << 8 | octets[2];
+    if (length < kBlockHeaderOctets) return {Framing::short_length, octets[0], length};
+    return {length <= octets.size() ? Framing::block : Framing::past_end, octets[0], length};
+}
+
+// The whole blocks at the start of the octets.
+struct Blocks {
+    uint64_t count;
+    uint64_t octets;
+};
+Blocks count_blocks(Octets octets);
 
 } // namespace astdump

@@ -1,27 +1,26 @@
 #include "stats.hpp"
 
-#include <cinttypes>
+#include <cstdio>
 
 namespace astdump {
 
-void Stats::block(const DecodedBlock &decoded) {
-    const ast_datablock_t &block = *decoded.block;
-    counts_[block.category] += count(decoded);
-    for (uint64_t r = 0; r < block.record_count; ++r) {
-        if (!decoded.shown[r]) continue;
-        const ast_datarecord_t &record = block.records[r];
-        for (uint64_t i = 0; i < record.item_count; ++i) ++items_[record.items[i].type];
-    }
+void Stats::count(const Tally &tally) {
+    for (const auto &[category, counts] : tally.categories) counts_[category] += counts;
+    for (const auto &[type, count] : tally.items) items_[type] += count;
 }
 
-void Stats::finish() {
+void Stats::finish(uint64_t) {
     categories();
-    if (!items_.empty()) items();
+    items();
+    out_.write(text_.text());
 }
 
 void Stats::categories() {
-    std::fprintf(out_, "%s%-8s %10s %10s %10s %12s %14s%s\n", style_.on(Color::heading), "Category", "Blocks",
-                 "Invalid", "Records", "Items", "Octets", style_.off());
+    char heading[80];
+    std::snprintf(heading, sizeof heading, "%-8s %10s %10s %10s %12s %14s", "Category", "Blocks", "Invalid", "Records",
+                  "Items", "Octets");
+    for (const char *const piece : {style_.on(Color::heading), static_cast<const char *>(heading), style_.off(), "\n"})
+        text_.put(piece);
     Counts total;
     for (unsigned category = 0; category < counts_.size(); ++category) {
         if (counts_[category].blocks == 0) continue;
@@ -35,16 +34,43 @@ void Stats::categories() {
 
 void Stats::row(const char *title, const Counts &counts) {
     const bool fault = counts.invalid > 0;
-    std::fprintf(out_, "%-8s %10" PRIu64 " %s%10" PRIu64 "%s %10" PRIu64 " %12" PRIu64 " %14" PRIu64 "\n", title,
-                 counts.blocks, fault ? style_.on(Color::fault) : "", counts.invalid, fault ? style_.off() : "",
-                 counts.records, counts.items, counts.octets);
+    text_.left(title, 8);
+    text_.put(' ');
+    text_.number(counts.blocks, 10);
+    text_.put(' ');
+    if (fault) text_.put(style_.on(Color::fault));
+    text_.number(counts.invalid, 10);
+    if (fault) text_.put(style_.off());
+    text_.put(' ');
+    text_.number(counts.records, 10);
+    text_.put(' ');
+    text_.number(counts.items, 12);
+    text_.put(' ');
+    text_.number(counts.octets, 14);
+    text_.put('\n');
 }
 
 void Stats::items() {
-    std::fprintf(out_, "\n%s%-8s %10s  %s%s\n", style_.on(Color::heading), "Item", "Count", "Name", style_.off());
-    for (const auto &[type, count] : items_)
-        std::fprintf(out_, "%s%-8s%s %10" PRIu64 "  %s\n", style_.on(Color::item), ast_dataitem_type_to_str(type),
-                     style_.off(), count, ast_dataitem_get_name(type));
+    bool is_headed = false;
+    items_.each([&](ast_dataitem_type_t type, uint64_t count) {
+        if (count == 0) return;
+        if (!std::exchange(is_headed, true))
+            for (const char *const piece :
+                 {"\n", style_.on(Color::heading), "Item          Count  Name", style_.off(), "\n"})
+                text_.put(piece);
+        item(type, count);
+    });
+}
+
+void Stats::item(ast_dataitem_type_t type, uint64_t count) {
+    text_.put(style_.on(Color::item));
+    text_.left(ast_dataitem_type_to_str(type), 8);
+    text_.put(style_.off());
+    text_.put(' ');
+    text_.number(count, 10);
+    text_.put("  ");
+    text_.put(ast_dataitem_get_name(type));
+    text_.put('\n');
 }
 
 } // namespace astdump

@@ -1,11 +1,7 @@
 // Tables of what a run has met: by category, and by item type.
 #pragma once
 
-#include <array>
-#include <cstdio>
-#include <map>
-
-#include "counts.hpp"
+#include "output.hpp"
 #include "sink.hpp"
 #include "terminal.hpp"
 
@@ -13,21 +9,27 @@ namespace astdump {
 
 class Stats : public Sink {
 public:
-    Stats(std::FILE *out, bool color) : out_(out), style_(color) {}
+    Stats(Output &out, bool color) : out_(out), style_(color) {}
 
+    std::unique_ptr<Renderer> renderer() const override { return nullptr; }
+    size_t chunk_octets() const override { return size_t{256} * 1024; }
+    bool counts() const override { return true; }
     void file(const std::string &) override {}
-    void block(const DecodedBlock &decoded) override;
-    void finish() override;
+    void take(std::string_view) override {}
+    void count(const Tally &tally) override;
+    void finish(uint64_t octets_read) override;
 
 private:
     void categories();
     void row(const char *title, const Counts &counts);
     void items();
+    void item(ast_dataitem_type_t type, uint64_t count);
 
-    std::FILE *out_;
+    Output &out_;
     Style style_;
+    TextBuffer text_;
     std::array<Counts, 256> counts_{}; // by category
-    std::map<ast_dataitem_type_t, uint64_t> items_;
+    ByType<uint64_t> items_;
 };
 
 } // namespace astdump

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cinttypes>
-#include <poll.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -40,11 +39,6 @@ bool is_terminal(std::FILE *file) { return ::isatty(::fileno(file)) == 1; }
 
 void clear_line() {
     if (is_terminal(stderr)) std::fputs("\r\033[K", stderr);
-}
-
-bool reader_gone(std::FILE *file) {
-    pollfd pipe{.fd = ::fileno(file), .events = 0, .revents = 0};
-    return ::poll(&pipe, 1, 0) == 1 && (pipe.revents & POLLERR) != 0;
 }
 
 unsigned columns(std::FILE *file) {

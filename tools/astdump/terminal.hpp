@@ -27,9 +27,6 @@ bool is_terminal(std::FILE *file);
 // Wipes the progress line, if standard error is a terminal, so that other text can stand there.
 void clear_line();
 
-// Whether a file is a pipe that nobody reads any more.
-bool reader_gone(std::FILE *file);
-
 // Columns of a terminal, at least 60; 120 for anything else.
 unsigned columns(std::FILE *file);
 

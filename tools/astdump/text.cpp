@@ -1,7 +1,7 @@
 #include "text.hpp"
 
 #include <algorithm>
-#include <cstdio>
+#include <asio/ip/address_v6.hpp>
 #include <ctime>
 
 namespace astdump {
@@ -10,24 +10,63 @@ std::string counted(uint64_t count, const char *noun) {
     return std::to_string(count) + ' ' + noun + (count == 1 ? "" : "s");
 }
 
-std::string time_text(const Time &time) {
-    const std::time_t seconds = time.seconds;
-    std::tm utc{};
-    gmtime_r(&seconds, &utc);
-    char text[32];
-    const size_t length = std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &utc);
-    char fraction[16];
-    if (time.nanoseconds % 1000 == 0)
-        std::snprintf(fraction, sizeof fraction, ".%06u", time.nanoseconds / 1000);
-    else
-        std::snprintf(fraction, sizeof fraction, ".%09u", time.nanoseconds);
-    return std::string(text, length) + fraction;
+void put_counted(TextBuffer &out, uint64_t count, std::string_view noun) {
+    out.number(count);
+    out.put(' ');
+    out.put(noun);
+    if (count != 1) out.put('s');
 }
 
-std::string endpoint_text(const Endpoint &endpoint) {
-    const bool ipv6 = endpoint.address.find(':') != std::string::npos;
-    const std::string address = ipv6 ? '[' + endpoint.address + ']' : endpoint.address;
-    return address + ':' + std::to_string(endpoint.port);
+void put_time(TextBuffer &out, const Time &time) {
+    const std::time_t seconds = time.seconds;
+    // Datagrams come in their order: most share their second with the one before.
+    thread_local std::time_t last_seconds = -1;
+    thread_local std::string last;
+    if (seconds != last_seconds) {
+        std::tm utc{};
+        gmtime_r(&seconds, &utc);
+        char text[32];
+        last.assign(text, std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &utc));
+        last_seconds = seconds;
+    }
+    out.put(last);
+    out.put('.');
+    if (time.nanoseconds % 1000 == 0)
+        out.number(time.nanoseconds / 1000, 6, '0');
+    else
+        out.number(time.nanoseconds, 9, '0');
+}
+
+namespace {
+
+void put_ipv4(TextBuffer &out, const Address &address) {
+    for (size_t i = 0; i < 4; ++i) {
+        if (i != 0) out.put('.');
+        out.number(address.octets[i]);
+    }
+}
+
+void put_ipv6(TextBuffer &out, const Address &address) {
+    out.put('[');
+    out.put(asio::ip::make_address_v6(address.octets, address.scope).to_string());
+    out.put(']');
+}
+
+void put_endpoint(TextBuffer &out, const Endpoint &endpoint) {
+    if (endpoint.address.is_ipv6)
+        put_ipv6(out, endpoint.address);
+    else
+        put_ipv4(out, endpoint.address);
+    out.put(':');
+    out.number(endpoint.port);
+}
+
+} // namespace
+
+void put_route(TextBuffer &out, const Endpoints &endpoints) {
+    put_endpoint(out, endpoints.source);
+    out.put(" > ");
+    put_endpoint(out, endpoints.destination);
 }
 
 std::string cut(std::string text, size_t width) {
@@ -35,11 +74,21 @@ std::string cut(std::string text, size_t width) {
     return text;
 }
 
+namespace {
+
+bool is_foreign(char c) { return c < ' ' || c > '~'; }
+
+} // namespace
+
 std::string printable(std::string_view text) {
     std::string result(text);
-    std::ranges::replace_if(
-        result, [](char c) { return c < ' ' || c > '~'; }, '.');
+    std::ranges::replace_if(result, is_foreign, '.');
     return result;
+}
+
+void put_printable(TextBuffer &out, std::string_view text) {
+    if (std::ranges::none_of(text, is_foreign)) return out.put(text);
+    out.put(printable(text));
 }
 
 } // namespace astdump

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "datagram.hpp"
+#include "text_buffer.hpp"
 
 namespace astdump {
 
@@ -12,16 +12,20 @@ namespace astdump {
 std::string counted(uint64_t count, const char *noun);
 
 // "2024-05-06 07:08:09.000012", in UTC.
-std::string time_text(const Time &time);
+void put_time(TextBuffer &out, const Time &time);
 
-// "10.0.0.1:4000", "[2001:db8::1]:4000".
-std::string endpoint_text(const Endpoint &endpoint);
+// "10.0.0.1:4000 > 239.1.1.1:8600", "[2001:db8::1]:4000 > [ff02::1]:8600".
+void put_route(TextBuffer &out, const Endpoints &endpoints);
 
 // Texts of more than `width` characters end in "...".
 std::string cut(std::string text, size_t width);
 
+// "1 block", as above.
+void put_counted(TextBuffer &out, uint64_t count, std::string_view noun);
+
 // Items carry whatever octets were recorded as characters: all but printable ASCII becomes a dot, so that nothing
 // reaches a terminal or a browser that acts on it.
 std::string printable(std::string_view text);
+void put_printable(TextBuffer &out, std::string_view text);
 
 } // namespace astdump

@@ -11,7 +11,6 @@
 #include <stdexcept>
 #include <system_error>
 
-#include "damage.hpp"
 #include "network_interface.hpp"
 #include "numbers.hpp"
 #include "waiting.hpp"
@@ -48,7 +47,16 @@ void bind_to_device(udp::socket &socket, unsigned interface) {
     set_option(socket, SOL_SOCKET, SO_BINDTODEVICE, name);
 }
 
-Endpoint to_endpoint(const udp::endpoint &endpoint) { return {endpoint.address().to_string(), endpoint.port()}; }
+Endpoint to_endpoint(const udp::endpoint &endpoint) {
+    Endpoint to{.address = {.is_ipv6 = endpoint.address().is_v6()}, .port = endpoint.port()};
+    if (to.address.is_ipv6) {
+        std::ranges::copy(endpoint.address().to_v6().to_bytes(), to.address.octets.begin());
+        to.address.scope = static_cast<uint32_t>(endpoint.address().to_v6().scope_id());
+    } else {
+        std::ranges::copy(endpoint.address().to_v4().to_bytes(), to.address.octets.begin());
+    }
+    return to;
+}
 
 Time now() {
     using namespace std::chrono;
@@ -74,8 +82,8 @@ std::optional<udp::endpoint> read_udp_url(const std::string &text) {
     return udp::endpoint(address, *port);
 }
 
-UdpSource::UdpSource(udp::endpoint endpoint, const std::string &interface, Waiting &waiting, Damage &damage)
-    : waiting_(waiting), damage_(damage), socket_(context_), buffer_(kMaxDatagramOctets) {
+UdpSource::UdpSource(udp::endpoint endpoint, const std::string &interface, Waiting &waiting)
+    : waiting_(waiting), socket_(context_), buffer_(kMaxDatagramOctets) {
     listen(endpoint, interface.empty() ? 0 : interface_index(interface));
     std::ostringstream text;
     text << local_;
@@ -99,18 +107,20 @@ void UdpSource::listen(udp::endpoint endpoint, unsigned interface) {
     local_ = socket_.local_endpoint();
 }
 
-std::optional<Datagram> UdpSource::next() {
+bool UdpSource::fill(Chunk &chunk) {
     while (waiting_.for_input(socket_.native_handle()))
-        if (const auto length = receive())
-            return Datagram{.octets = Octets(buffer_).first(*length),
-                            .packet = packet_,
-                            .time = now(),
-                            .endpoints = Endpoints{to_endpoint(sender_), to_endpoint(local_)}};
-    return std::nullopt;
+        if (const auto length = receive(chunk.damage())) {
+            chunk.add({.octets = chunk.keep(Octets(buffer_).first(*length)),
+                       .packet = packet_,
+                       .time = now(),
+                       .endpoints = Endpoints{to_endpoint(sender_), to_endpoint(local_)}});
+            return true;
+        }
+    return false;
 }
 
 // Nothing when there is no datagram after all, which happens when its checksum is wrong.
-std::optional<size_t> UdpSource::receive() {
+std::optional<size_t> UdpSource::receive(Damage &damage) {
     alignas(cmsghdr) char control[CMSG_SPACE(sizeof dropped_)];
     iovec buffer{.iov_base = buffer_.data(), .iov_len = buffer_.size()};
     msghdr message{.msg_name = sender_.data(),
@@ -125,18 +135,18 @@ std::optional<size_t> UdpSource::receive() {
     if (length < 0) fail();
     ++packet_;
     sender_.resize(message.msg_namelen);
-    check(message);
+    check(message, damage);
     return static_cast<size_t>(length);
 }
 
 // What the system has lost: of this datagram, and others before it for which the receive buffer had no room.
-void UdpSource::check(const msghdr &message) {
-    if (message.msg_flags & MSG_TRUNC) damage_.truncated(packet_, buffer_.size());
+void UdpSource::check(const msghdr &message, Damage &damage) {
+    if (message.msg_flags & MSG_TRUNC) damage.truncated(packet_, buffer_.size());
     const cmsghdr *const control = CMSG_FIRSTHDR(&message);
     if (!control || control->cmsg_level != SOL_SOCKET || control->cmsg_type != SO_RXQ_OVFL) return;
     uint32_t dropped = 0;
     std::memcpy(&dropped, CMSG_DATA(control), sizeof dropped);
-    damage_.dropped(dropped - dropped_);
+    damage.dropped(dropped - dropped_);
     dropped_ = dropped;
 }
 

@@ -18,18 +18,17 @@ class UdpSource : public Source {
 public:
     // Listens to an address of this host or to a multicast group, on one interface or, if that is empty, on those that
     // the system chooses, and says so on standard error. Throws std::system_error.
-    UdpSource(asio::ip::udp::endpoint endpoint, const std::string &interface, Waiting &waiting, Damage &damage);
+    UdpSource(asio::ip::udp::endpoint endpoint, const std::string &interface, Waiting &waiting);
 
-    // Waits for a datagram; nothing when the waiting is ended.
-    std::optional<Datagram> next() override;
+    // Waits for a datagram; the end is that of the waiting.
+    bool fill(Chunk &chunk) override;
 
 private:
     void listen(asio::ip::udp::endpoint endpoint, unsigned interface);
-    std::optional<size_t> receive();
-    void check(const msghdr &message);
+    std::optional<size_t> receive(Damage &damage);
+    void check(const msghdr &message, Damage &damage);
 
     Waiting &waiting_;
-    Damage &damage_;
     asio::io_context context_;
     asio::ip::udp::socket socket_;
     asio::ip::udp::endpoint local_;

@@ -1,24 +1,73 @@
 // Reads the HTML fragments that the library's detail views are made of.
 #pragma once
 
+#include <array>
+#include <deque>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace astdump {
 
+// What items carried as characters is not made printable yet.
 struct ViewPart {
     enum class Kind { title, paragraph, table };
-    using Row = std::vector<std::string>;
+    using Row = std::span<const std::string_view>;
 
-    Kind kind;
-    std::string text; // of a title or paragraph
-    Row header;       // of a table
-    std::vector<Row> rows;
+    Row header() const { return is_headed ? row(0) : Row(); }
+    size_t rows() const { return row_begins.size(); }
+    Row row(size_t number) const {
+        const size_t begin = row_begins[number];
+        return Row(cells).subspan(begin, (number + 1 < rows() ? row_begins[number + 1] : cells.size()) - begin);
+    }
+
+    Kind kind{};
+    std::string_view text; // of a title or paragraph
+
+    // Of a table. Header cells stand in its first row alone.
+    std::vector<std::string_view> cells;
+    std::vector<size_t> row_begins;
+    bool is_headed = false;
 };
 
 // The titles, the paragraphs that are not empty, and the detail tables of a view, in order; bit and hex tables are left
 // out. A link reads as its text and its address. Markup of any other kind is taken as text.
-std::vector<ViewPart> read_view(std::string_view html);
+class ViewReader {
+public:
+    // Good until the next call, and as long as the text.
+    std::span<const ViewPart> read(std::string_view html);
+
+private:
+    struct Tag {
+        std::string_view start;
+        void (ViewReader::*act)();
+    };
+    static const std::array<Tag, 16> kTags;
+
+    bool tag();
+    void text();
+    void append(std::string_view piece);
+    ViewPart &open(ViewPart::Kind kind);
+    void title();
+    void paragraph();
+    void close();
+    void detail_table();
+    void other_table();
+    bool in_table() const;
+    void row();
+    void header_cell();
+    void cell();
+    void link();
+    void link_end();
+
+    std::vector<ViewPart> parts_; // the first so many are in use, the others keep their room
+    size_t count_ = 0;
+    std::deque<std::string> joined_; // texts of several pieces
+    std::string_view rest_;
+    std::string_view attributes_;        // of the last tag
+    std::string_view address_;           // of the last link
+    std::string_view *target_ = nullptr; // what text belongs to
+};
 
 } // namespace astdump

@@ -1,13 +1,11 @@
 #include "views.hpp"
 
-#include "text.hpp"
-
 namespace astdump {
 
-std::string Views::summary(const ast_dataitem_t &item) {
+std::string_view Views::summary(const ast_dataitem_t &item) {
     const std::string_view text = show(ast_dataitem_get_summary, item);
     if (text == kNoSummary) return {};
-    return printable(text.substr(0, text.find_last_not_of(' ') + 1));
+    return text.substr(0, text.find_last_not_of(' ') + 1);
 }
 
 } // namespace astdump

@@ -24,8 +24,8 @@ public:
         }
     }
 
-    // The summary of an item, printable; empty where the library has none.
-    std::string summary(const ast_dataitem_t &item);
+    // The summary of an item; empty where the library has none. Good until the next call, and not made printable yet.
+    std::string_view summary(const ast_dataitem_t &item);
 
 private:
     std::string buffer_ = std::string(4096, '\0');

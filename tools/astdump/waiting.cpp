@@ -1,8 +1,6 @@
 #include "waiting.hpp"
 
 #include <cerrno>
-#include <csignal>
-#include <cstdio>
 #include <poll.h>
 #include <sys/signalfd.h>
 #include <system_error>
@@ -28,12 +26,30 @@ sigset_t ending_signals() {
 
 Waiting::Waiting() {
     const sigset_t signals = ending_signals();
-    sigprocmask(SIG_BLOCK, &signals, nullptr);
+    pthread_sigmask(SIG_BLOCK, &signals, &blocked_before_);
     signals_ = signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK);
     if (signals_ < 0) throw std::system_error(errno, std::generic_category());
 }
 
-Waiting::~Waiting() { close(signals_); }
+// Takes the signals that have come, which the process outlives.
+Waiting::~Waiting() {
+    signalfd_siginfo signal{};
+    while (read(signals_, &signal, sizeof signal) > 0) {
+    }
+    close(signals_);
+    pthread_sigmask(SIG_SETMASK, &blocked_before_, nullptr);
+}
+
+// The signal still waits to be taken.
+void Waiting::pass_on() const {
+    signalfd_siginfo signal{};
+    if (read(signals_, &signal, sizeof signal) != sizeof signal) return;
+    const auto number = static_cast<int>(signal.ssi_signo);
+    std::signal(number, SIG_DFL);
+    raise(number);
+    const sigset_t signals = ending_signals();
+    pthread_sigmask(SIG_UNBLOCK, &signals, nullptr);
+}
 
 // Whether the descriptor can be read, waiting for that up to a limit; notices the end on the way.
 bool Waiting::is_ready(int descriptor, int limit_ms) {
@@ -46,14 +62,12 @@ bool Waiting::is_ready(int descriptor, int limit_ms) {
 
 bool Waiting::for_input(int descriptor) {
     if (is_ready(descriptor, 0)) return !ended_;
-    std::fflush(stdout);
     while (!ended_ && !is_ready(descriptor, kNoLimit)) {
     }
     return !ended_;
 }
 
 bool Waiting::for_growth() {
-    std::fflush(stdout);
     is_ready(kNoDescriptor, kGrowthInterval_ms);
     return !ended_;
 }

@@ -1,6 +1,9 @@
 // Waiting for what has yet to arrive, until the user ends it.
 #pragma once
 
+#include <atomic>
+#include <csignal>
+
 namespace astdump {
 
 class Waiting {
@@ -11,18 +14,22 @@ public:
     Waiting(const Waiting &) = delete;
     Waiting &operator=(const Waiting &) = delete;
 
-    // Each waits, after a flush of standard output so that what has come so far is seen, and returns false when the
-    // user has ended it: until a descriptor can be read, and for a moment, in which a file may grow.
+    // Each waits, and returns false when the user has ended it: until a descriptor can be read, and for a moment, in
+    // which a file may grow.
     bool for_input(int descriptor);
     bool for_growth();
 
     bool ended() const { return ended_; }
 
+    // Ends the process by the signal that ended the waiting, for whoever started it to see.
+    void pass_on() const;
+
 private:
     bool is_ready(int descriptor, int limit_ms);
 
     int signals_;
-    bool ended_ = false;
+    sigset_t blocked_before_;
+    std::atomic<bool> ended_ = false;
 };
 
 } // namespace astdump

@@ -1,0 +1,110 @@
+// Several threads: the same output as one, in order, and a clean end when it is cut short.
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <random>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "background.hpp"
+#include "captures.hpp"
+#include "command.hpp"
+
+namespace {
+
+// A sector crossing message of category 034.
+const std::string kSector = hex("22 000B F0 190C 02 546080 40");
+
+// Blocks in any order, long enough for many chunks: one that every profile reads; a plot and a track of category 001;
+// reports of category 021 that fit several editions, only an early one, and only a late one, so that it matters what
+// came before; and blocks that are damaged.
+std::vector<std::string> mixed_blocks(size_t count) {
+    const std::string kinds[] = {
+        kSector,
+        hex("30 000B C8 190C 546080 0A40"),
+        hex("01 000C F0 190C 00 40000000 05"),
+        hex("01 000D F0 190C 80 0123 40000000"),
+        hex("15 0007 C0 190C 00"),
+        hex("15 0008 C0 190C 0000"),
+        hex("15 000E 8101010118 1914 1234 1200"),
+        hex("30 0007 C0 190C 54"),
+        hex("3E 0007 C0 190C 00"),
+    };
+    std::mt19937 random(7);
+    std::vector<std::string> blocks;
+    for (size_t i = 0; i < count; ++i) {
+        // Damage is rare, as it is in life.
+        const size_t kind = random() % 64 == 0 ? random() % std::size(kinds) : random() % 6;
+        blocks.push_back(kinds[kind]);
+        blocks.back().back() = static_cast<char>(random() % 256 & ~1U);
+    }
+    return blocks;
+}
+
+std::string joined(const std::vector<std::string> &pieces) {
+    std::string whole;
+    for (const std::string &piece : pieces) whole += piece;
+    return whole;
+}
+
+TEST(Jobs, ChangeNothing) {
+    const std::vector<std::string> blocks = mixed_blocks(12000);
+    std::vector<std::string> frames;
+    for (size_t i = 0; i < blocks.size(); i += 2)
+        frames.push_back(ethernet(ipv4(udp(blocks[i] + blocks[i + 1]), 0, i % 1000 == 0, i)));
+    const std::string capture = pcap(1, frames);
+    Command command;
+    command.write("raw", joined(blocks));
+    command.write("broken", joined(blocks) + hex("22 0002") + kSector);
+    command.write("capture", capture);
+    command.write("cut", capture.substr(0, capture.size() - 5));
+    for (const char *const mode : {"", "--list --color always", "--stats", "--detail --category 1-33"})
+        for (const char *const files : {"broken", "cut", "raw capture"}) {
+            SCOPED_TRACE(std::string(mode) + ' ' + files);
+            const Result one = command.run(std::string("--jobs 1 ") + mode + ' ' + files);
+            const Result three = command.run(std::string("--jobs 3 ") + mode + ' ' + files);
+            EXPECT_EQ(one.status, 1);
+            EXPECT_EQ(one.status, three.status);
+            EXPECT_TRUE(one.out == three.out);
+            EXPECT_TRUE(one.err == three.err);
+        }
+    command.run("--jobs 1 --html one raw");
+    command.run("--jobs 3 --html three raw");
+    EXPECT_TRUE(read_file(command.directory() + "/one") == read_file(command.directory() + "/three"));
+}
+
+TEST(Jobs, EndWhenNobodyReads) {
+    Command command;
+    command.write("raw", joined(mixed_blocks(12000)));
+    for (const char *const mode : {"", "--list"}) {
+        const Result gone = command.run("--jobs 3 --category 34 " + std::string(mode) + " raw | head -n 1");
+        EXPECT_EQ(gone.out.find('\n'), gone.out.size() - 1);
+        EXPECT_EQ(gone.err, "");
+        const Result full = command.run("--jobs 3 --category 34 " + std::string(mode) + " raw > /dev/full");
+        EXPECT_EQ(full.status, 2);
+        EXPECT_EQ(full.err, "astdump: standard output cannot be written\n");
+    }
+}
+
+// What has come is shown, and the page is closed, before the signal takes its course.
+TEST(Jobs, EndOnASignal) {
+    for (const char *const jobs : {"1", "3"}) {
+        SCOPED_TRACE(jobs);
+        Command command;
+        const std::string fifo = command.directory() + "/fifo";
+        ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+        const int pipe = open(fifo.c_str(), O_RDWR | O_CLOEXEC);
+        Background tool(command, std::string("--jobs ") + jobs + " --list --html page - < fifo");
+        for (int i = 0; i < 2; ++i) EXPECT_EQ(write(pipe, kSector.data(), kSector.size()), std::ssize(kSector));
+        EXPECT_NE(tool.wait_for_output("034").find("034"), std::string::npos);
+        const Result result = tool.end();
+        close(pipe);
+        EXPECT_EQ(result.status, -1); // by the signal
+        EXPECT_EQ(result.err.find("astdump: page: a page of "), 0U) << result.err;
+        EXPECT_NE(read_file(command.directory() + "/page").find("</html>"), std::string::npos);
+    }
+}
+
+TEST(Jobs, RefuseNone) { EXPECT_EQ(Command().run("--jobs 0 x").status, 2); }
+
+} // namespace

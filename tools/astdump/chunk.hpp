@@ -1,0 +1,51 @@
+// Datagrams that are read together, with what is to be told about them.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "damage.hpp"
+#include "datagram.hpp"
+
+namespace astdump {
+
+class Chunk {
+public:
+    // Is full when it holds so many octets; the datagram or packet that fills it may exceed that.
+    explicit Chunk(size_t octets);
+
+    void clear();
+
+    // The octets of a file, which are read to the room behind them, before anything is kept.
+    Octets octets() const { return {storage_.get(), read_}; }
+    std::span<uint8_t> room() { return {storage_.get() + used_, capacity_ - used_}; }
+    void add_read(size_t count) { read_ = used_ += count; }
+    size_t limit() const { return limit_; }
+    bool is_full() const { return used_ >= limit_; }
+
+    // A copy of octets that lie elsewhere, as good as the chunk.
+    Octets keep(Octets octets);
+
+    void add(const Datagram &datagram);
+    const std::vector<Datagram> &datagrams() const { return datagrams_; }
+
+    // Takes reports on what comes between the datagrams: the place of a report is the number of datagrams before it.
+    Damage &damage() { return damage_; }
+    const Damage &damage() const { return damage_; }
+
+    uint64_t first_number = 0; // of its blocks in their file, counted from 1
+    uint64_t end_number = 0;   // of the block behind its last one
+    uint64_t consumed = 0;     // octets of the file, up to its end
+
+private:
+    size_t limit_;
+    size_t capacity_;
+    std::unique_ptr<uint8_t[]> storage_;
+    size_t read_ = 0;
+    size_t used_ = 0;                        // read and kept
+    std::vector<std::vector<uint8_t>> kept_; // what the storage has no room for
+    std::vector<Datagram> datagrams_;
+    Damage damage_;
+};
+
+} // namespace astdump

@@ -1,0 +1,19 @@
+// What becomes of a chunk.
+#pragma once
+
+#include "chunk.hpp"
+#include "counts.hpp"
+#include "text_buffer.hpp"
+
+namespace astdump {
+
+struct Rendered {
+    std::vector<TextBuffer> texts; // by sink
+    Damage damage;                 // the place of a report is in the text of the first sink
+    Tally tally;
+    uint64_t shown = 0;                   // blocks
+    const ast_uap_t *profile_before = {}; // the current one, at the start and at the end
+    const ast_uap_t *profile_after = {};
+};
+
+} // namespace astdump

@@ -1,0 +1,74 @@
+// Text that grows. Cleared, it keeps its room.
+#pragma once
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+#include <string_view>
+
+#include "datagram.hpp"
+
+namespace astdump {
+
+class TextBuffer {
+public:
+    std::string_view text() const { return {characters_.get(), size_}; }
+    size_t size() const { return size_; }
+    void clear() { size_ = 0; }
+
+    void put(std::string_view piece) {
+        if (piece.empty()) return;
+        std::memcpy(room(piece.size()), piece.data(), piece.size());
+        size_ += piece.size();
+    }
+
+    void put(char character) {
+        *room(1) = character;
+        ++size_;
+    }
+
+    // Overwrites a character.
+    void set(size_t place, char character) { characters_[place] = character; }
+
+    void pad(size_t count, char character = ' ') {
+        if (count == 0) return;
+        std::memset(room(count), character, count);
+        size_ += count;
+    }
+
+    // Left-aligned, in at least `width` characters.
+    void left(std::string_view piece, size_t width) {
+        put(piece);
+        if (piece.size() < width) pad(width - piece.size());
+    }
+
+    void right(std::string_view piece, size_t width) {
+        if (piece.size() < width) pad(width - piece.size());
+        put(piece);
+    }
+
+    // Decimal, right-aligned in at least `width` characters.
+    void number(uint64_t value, size_t width = 0, char fill = ' ');
+
+    // "0a 1b", and "0a1b".
+    void hex(Octets octets);
+    void hex_digits(Octets octets);
+
+    // Takes the blanks off the end, down to a size.
+    void trim(size_t least) {
+        while (size_ > least && characters_[size_ - 1] == ' ') --size_;
+    }
+
+private:
+    char *room(size_t count) {
+        if (capacity_ - size_ < count) grow(count);
+        return characters_.get() + size_;
+    }
+    void grow(size_t count);
+
+    std::unique_ptr<char[]> characters_;
+    size_t size_ = 0;
+    size_t capacity_ = 0;
+};
+
+} // namespace astdump

@@ -1,0 +1,58 @@
+#include "worker.hpp"
+
+namespace astdump {
+
+Worker::Worker(const Options &options, const Sinks &sinks) : options_(options), decoder_(options.profile) {
+    for (const auto &sink : sinks) {
+        renderers_.push_back(sink->renderer());
+        counts_ = counts_ || sink->counts();
+    }
+}
+
+void Worker::render(const Chunk &chunk, const ast_uap_t *profile, uint64_t most, Rendered &rendered) {
+    rendered.texts.resize(renderers_.size());
+    for (TextBuffer &text : rendered.texts) text.clear();
+    rendered.damage.clear();
+    rendered.shown = 0;
+    rendered.profile_before = profile;
+    decoder_.set_current(profile);
+    number_ = chunk.first_number;
+
+    const std::vector<Report> &reports = chunk.damage().reports();
+    auto report = reports.begin();
+    for (size_t i = 0; rendered.shown < most; ++i) {
+        for (; report != reports.end() && report->place <= i; ++report) rendered.damage.pass_on(*report);
+        if (i == chunk.datagrams().size()) break;
+        datagram(chunk.datagrams()[i], most, rendered);
+    }
+    for (size_t i = 0; i < renderers_.size(); ++i)
+        if (renderers_[i]) renderers_[i]->end(rendered.texts[i]);
+    rendered.tally = counter_.take();
+    rendered.profile_after = decoder_.current();
+}
+
+void Worker::datagram(const Datagram &datagram, uint64_t most, Rendered &rendered) {
+    for (uint64_t offset = 0; offset < datagram.octets.size() && rendered.shown < most;) {
+        const Octets rest = datagram.octets.subspan(offset);
+        const Frame frame = frame_block(rest);
+        if (frame.framing != Framing::block) return rendered.damage.framing(datagram, offset, frame);
+        if (options_.categories.test(frame.category)) block(datagram, offset, rest.first(frame.length), rendered);
+        ++number_;
+        offset += frame.length;
+    }
+}
+
+void Worker::block(const Datagram &datagram, uint64_t offset, Octets octets, Rendered &rendered) {
+    DecodedBlock decoded = decoder_.decode(datagram, number_, offset, octets);
+    decoded.shown = select_records(*decoded.block, options_.where);
+    if (options_.where.empty() || decoded.shown.any()) {
+        ++rendered.shown;
+        if (counts_) counter_.add(decoded);
+        for (size_t i = 0; i < renderers_.size(); ++i)
+            if (renderers_[i]) renderers_[i]->block(decoded, rendered.texts[i]);
+        if (!rendered.texts.empty()) rendered.damage.place = rendered.texts.front().size();
+    }
+    if (decoded.fault) rendered.damage.block(decoded);
+}
+
+} // namespace astdump

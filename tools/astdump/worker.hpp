@@ -1,0 +1,32 @@
+// What one thread needs to render chunks.
+#pragma once
+
+#include "options.hpp"
+#include "rendered.hpp"
+#include "sink.hpp"
+
+namespace astdump {
+
+using Sinks = std::vector<std::unique_ptr<Sink>>;
+
+class Worker {
+public:
+    Worker(const Options &options, const Sinks &sinks);
+
+    // Decodes the blocks of a chunk, `profile` being the current one, and lets the sinks show those that are asked for,
+    // at most so many.
+    void render(const Chunk &chunk, const ast_uap_t *profile, uint64_t most, Rendered &rendered);
+
+private:
+    void datagram(const Datagram &datagram, uint64_t most, Rendered &rendered);
+    void block(const Datagram &datagram, uint64_t offset, Octets octets, Rendered &rendered);
+
+    const Options &options_;
+    Decoder decoder_;
+    Counter counter_;
+    bool counts_ = false;                              // whether any sink wants that
+    std::vector<std::unique_ptr<Renderer>> renderers_; // null for a sink without one
+    uint64_t number_ = 0;                              // of the next block in its file
+};
+
+} // namespace astdump

@@ -415,9 +415,6 @@ AST_DEFINE_ENCODE(I021_140, ast_dataitem_021_140_encode)
 
 namespace {
 
-constexpr double kLevelLsbFt = 25;
-constexpr double kLevelLsbFl = 0.25;
-
 void write_level_rows(DetailTable &table, const char *bit_label, int32_t raw) {
     table.row(bit_label, "FLIGHT_LEVEL LSB=0.25FL", Cell<20>("%d", raw));
     table.row(bit_label, "FLIGHT_LEVEL LSB=FL", Cell<20>("%.2f", raw * kLevelLsbFl));

@@ -7,6 +7,7 @@
 #include "items/compound.hpp"
 #include "items/items.hpp"
 #include "items/radar_position.hpp"
+#include "items/report_type.hpp"
 #include "items/transponder.hpp"
 #include "items/units.hpp"
 #include "items/warnings.hpp"
@@ -38,11 +39,8 @@ struct I048_020 : Item<48020, ast_dataitem_048_020_t, extended<2>> {
     }
 
     static void summarize(TextWriter &out, const Value &report) {
-        static constexpr const char *kTypes[] = {
-            "NO_DETECTION", "PSR", "SSR", "PSR+SSR", "ALL_CALL", "ROLL_CALL", "PSR+ALL_CALL", "PSR+ROLL_CALL",
-        };
         out.append("TYPE:");
-        out.append(kTypes[report.typ]);
+        out.append(kReportTypes[report.typ]);
         out.append(shown_if(report.sim, " SIM"));
         out.append(report.rdp == kSecondChain ? " CHN2" : " CHN1");
         out.append(shown_if(report.spi, " SPI"));
@@ -54,16 +52,8 @@ struct I048_020 : Item<48020, ast_dataitem_048_020_t, extended<2>> {
     }
 
     static void show(HtmlWriter &html, const Value &report, const ast_dataitem_t &item) {
-        static constexpr const char *kTypes[] = {"NO_DETECTION",
-                                                 "PSR",
-                                                 "SSR",
-                                                 "PSR + SSR",
-                                                 "MODE-S ALL CALL",
-                                                 "MODE-S ROLL CALL",
-                                                 "PSR + MODE-S ALL CALL",
-                                                 "PSR + MODE-S ROLL CALL"};
         DetailTable table(html, "Bit", "Item", "Value");
-        table.row("Bit[0-2]", "TARGET_TYPE", kTypes[report.typ]);
+        table.row("Bit[0-2]", "TARGET_TYPE", kReportTypeTitles[report.typ]);
         table.row("Bit[3]", "SIMULATED_TARGET", Cell<2>("%d", report.sim));
         table.row("Bit[4]", "PROCESSING_CHAIN", Cell<2>("%u", report.rdp));
         table.row("Bit[5]", "SPI", Cell<2>("%d", report.spi));

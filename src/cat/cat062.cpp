@@ -1,165 +1,845 @@
 // Category 062: system tracks of a surveillance data processing system.
+//
+// The compound items I062/340, I062/380 and I062/390 have sources of their own: cat062_measured.cpp,
+// cat062_aircraft_derived.cpp and cat062_flight_plan.cpp.
 
-#include "items/items.hpp"
+#include "cat/cat062.hpp"
+#include "cat/flat.hpp"
+#include "items/accessors.hpp"
+#include "items/code.hpp"
+#include "items/target_size.hpp"
+#include "items/vehicle_fleet.hpp"
+
+using namespace ast;
+using namespace ast::cat062;
+
+// ---- I062/080 Track Status ----
+
+struct I062_080 : Item<62080, ast_dataitem_062_080_t, extended<6>> {
+    static constexpr uint32_t kCooperativeOnly = 1;
+
+    static void read(Value &status, const ast_dataitem_t &item) {
+        static constexpr void (*kReaders[])(Value &, uint8_t) = {read_track,    read_origin,    read_identification,
+                                                                 read_coasting, read_emergency, read_duplicates};
+        const uint64_t octets = std::min<uint64_t>(item.size, std::size(kReaders));
+        for (uint64_t i = 0; i < octets; ++i) kReaders[i](status, item.data[i]);
+    }
+
+    static void read_track(Value &status, uint8_t octet) {
+        status.mon = bit(octet, 8);
+        status.spi = bit(octet, 7);
+        status.mrh = bit(octet, 6);
+        status.src = ast_geometric_altitude_source_from_int(bits(octet, 5, 3));
+        status.cnf = bit(octet, 2);
+    }
+
+    static void read_origin(Value &status, uint8_t octet) {
+        status.sim = bit(octet, 8);
+        status.tse = bit(octet, 7);
+        status.tsb = bit(octet, 6);
+        status.fpc = bit(octet, 5);
+        status.aff = bit(octet, 4);
+        status.stp = bit(octet, 3);
+        status.kos = bit(octet, 2);
+    }
+
+    static void read_identification(Value &status, uint8_t octet) {
+        status.ama = bit(octet, 8);
+        status.md4 = ast_iff_status_from_int(bits(octet, 7, 6));
+        status.me = bit(octet, 5);
+        status.mi = bit(octet, 4);
+        status.md5 = ast_iff_status_from_int(bits(octet, 3, 2));
+    }
+
+    static void read_coasting(Value &status, uint8_t octet) {
+        status.cst = bit(octet, 8);
+        status.psr = bit(octet, 7);
+        status.ssr = bit(octet, 6);
+        status.mds = bit(octet, 5);
+        status.ads = bit(octet, 4);
+        status.suc = bit(octet, 3);
+        status.aac = bit(octet, 2);
+    }
+
+    static void read_emergency(Value &status, uint8_t octet) {
+        status.sds = bits(octet, 8, 7);
+        status.cooperative = status.sds == kCooperativeOnly;
+        status.ems = ast_emergency_status_from_int(bits(octet, 6, 4));
+        status.pft = bit(octet, 3);
+        status.fplt = bit(octet, 2);
+    }
+
+    static void read_duplicates(Value &status, uint8_t octet) {
+        status.dupt = bit(octet, 8);
+        status.dupf = bit(octet, 7);
+        status.dupm = bit(octet, 6);
+        status.sfc = bit(octet, 5);
+        status.idd = bit(octet, 4);
+        status.iec = bit(octet, 3);
+        status.mlat = bit(octet, 2);
+    }
+
+    static void summarize(TextWriter &out, const Value &status) {
+        out.append(status.mon ? "TRACK_STS:MONO" : "TRACK_STS:MULTI");
+    }
+
+    static void show(HtmlWriter &html, const Value &status, const ast_dataitem_t &item) {
+        static constexpr void (*kWriters[])(FieldTable &, const Value &) = {
+            show_track, show_origin, show_identification, show_coasting, show_emergency, show_duplicates};
+        FieldTable table(html, "Bit", "Item", "Value");
+        const uint64_t octets = std::min<uint64_t>(item.size, std::size(kWriters));
+        for (uint64_t i = 0; i < octets; ++i) kWriters[i](table, status);
+    }
+
+    static void show_track(FieldTable &table, const Value &status) {
+        table.row("Bit[0]", "TRACK_TYPE", status.mon ? "MONO_SENSOR_TRACK" : "MULTI_SENSOR_TRACK");
+        table.flag("Bit[2]", "MORE_RELIABLE_HEIGHT", status.mrh);
+        table.row("Bit[3-5]", "ALTITUDE_SOURCE", ast_geometric_altitude_source_to_str(status.src));
+        table.flag("Bit[6]", "TENTATIVE", status.cnf);
+    }
+
+    static void show_origin(FieldTable &table, const Value &status) {
+        table.flag("Bit[8]", "SIMULATED", status.sim);
+        table.flag("Bit[9]", "TRACK_END", status.tse);
+        table.flag("Bit[10]", "TRACK_BEGIN", status.tsb);
+        table.flag("Bit[11]", "FP_CORRELATED", status.fpc);
+        table.flag("Bit[12]", "ADSB_INCONSISTENT", status.aff);
+        table.flag("Bit[13]", "SLAVE_TRACK_PROMOTION", status.stp);
+        table.flag("Bit[14]", "BACKGROUND_SERVICE", status.kos);
+    }
+
+    static void show_identification(FieldTable &table, const Value &status) {
+        static constexpr const char *kReplies[] = {"NO_INTERROGATION", "FRIENDLY_TARGET", "UNKNOWN_TARGET", "NO_REPLY"};
+        table.flag("Bit[16]", "AMALGAMATION", status.ama);
+        table.row("Bit[17-18]", "MODE-4", kReplies[status.md4]);
+        table.flag("Bit[19]", "MIL_EMERGENCY", status.me);
+        table.flag("Bit[20]", "MIL_IDENTIFICATION", status.mi);
+        table.row("Bit[21-22]", "MODE-5", kReplies[status.md5]);
+    }
+
+    static void show_coasting(FieldTable &table, const Value &status) {
+        table.flag("Bit[24]", "COASTING", status.cst);
+        table.flag("Bit[25]", "PSR_COASTING", status.psr);
+        table.flag("Bit[26]", "SSR_COASTING", status.ssr);
+        table.flag("Bit[27]", "MODES_COASTING", status.mds);
+        table.flag("Bit[28]", "ADSB_COASTING", status.ads);
+        table.flag("Bit[29]", "SPECIAL_MODEA_CODE", status.suc);
+        table.flag("Bit[30]", "CONFLICT_MODEA_CODE", status.aac);
+    }
+
+    static void show_emergency(FieldTable &table, const Value &status) {
+        static constexpr const char *kSurveillance[] = {"COMBINED", "COOPERATIVE_ONLY", "NONCOOPERATIVE_ONLY",
+                                                        "UNDEFINED"};
+        table.row("Bit[32-33]", "SUR_STATUS", kSurveillance[status.sds]);
+        table.row("Bit[34-36]", "EMG_STATUS", ast_emergency_status_to_str(status.ems));
+        table.flag("Bit[37]", "POTENTIAL_FALSE_TRACK", status.pft);
+        table.flag("Bit[38]", "FPL_TRACK", status.fplt);
+    }
+
+    static void show_duplicates(FieldTable &table, const Value &status) {
+        table.flag("Bit[40]", "DUP_MODEA", status.dupt);
+        table.flag("Bit[41]", "DUP_FP", status.dupf);
+        table.flag("Bit[42]", "DUP_FP_DUE_TO_MANUAL_CORRELATION", status.dupm);
+        table.flag("Bit[43]", "SURFACE_TARGET", status.sfc);
+        table.flag("Bit[44]", "DUP_FLIGHT_ID", status.idd);
+        table.flag("Bit[45]", "INCONSISTENT_EMG_CODE", status.iec);
+        table.flag("Bit[46]", "MLAT_COASTING", status.mlat);
+    }
+};
+
+AST_DEFINE_DECODE(I062_080, ast_dataitem_062_080_decode)
+AST_DEFINE_VIEWS(I062_080, ast_dataitem_062_080_get_summary, ast_dataitem_062_080_get_detail_html)
+
+// ---- I062/110 Mode 5 Data reports & Extended Mode 1 Code ----
 
 namespace {
 
-using namespace ast;
+using Mode5 = ast_dataitem_062_110_t;
+
+// One bit each, from the most significant one that is used down to bit 1.
+template <typename Value>
+struct Flag {
+    const char *name;
+    bool Value::*member;
+};
+
+template <typename Value, unsigned N>
+void read_flags(Value &value, const Flag<Value> (&flags)[N], uint8_t octet) {
+    for (unsigned i = 0; i < N; ++i) value.*flags[i].member = bit(octet, N - i);
+}
+
+template <typename Value, unsigned N>
+void summarize_flags(TextWriter &out, const Value &value, const Flag<Value> (&flags)[N]) {
+    for (const Flag<Value> &flag : flags) {
+        if (!(value.*flag.member)) continue;
+        out.append(shown_if(out.length() != 0, " "));
+        out.append(flag.name);
+    }
+}
+
+template <typename Value, unsigned N>
+void show_flags(HtmlWriter &html, const Value &value, const Flag<Value> (&flags)[N]) {
+    constexpr unsigned kFirstBit = 8 - N;
+    BitTable table(html);
+    for (unsigned i = 0; i < N; ++i)
+        table.flag(Cell<7>("Bit[%u]", kFirstBit + i), flags[i].name, value.*flags[i].member);
+}
+
+struct Mode5Summary {
+    using Value = decltype(Mode5::sum);
+    static constexpr Flag<Value> kFlags[] = {{"M5", &Value::m5}, {"ID", &Value::id}, {"DA", &Value::da},
+                                             {"M1", &Value::m1}, {"M2", &Value::m2}, {"M3", &Value::m3},
+                                             {"MC", &Value::mc}, {"X", &Value::x}};
+    static void read(Value &sum, const uint8_t *octets) { read_flags(sum, kFlags, octets[0]); }
+    static void summarize(TextWriter &out, const Value &sum) { summarize_flags(out, sum, kFlags); }
+    static void show(HtmlWriter &html, const Value &sum) { show_flags(html, sum, kFlags); }
+};
+
+struct MissionCode {
+    using Value = decltype(Mode5::pmn);
+    static void read(Value &codes, const uint8_t *octets) {
+        codes.pin = field(octets, 3, 16);
+        codes.nat = field(octets, 20, 24);
+        codes.mis = field(octets, 27, 32);
+    }
+    static void summarize(TextWriter &out, const Value &codes) {
+        out.print("PIN:%u NAT:%u MIS:%u", codes.pin, codes.nat, codes.mis);
+    }
+    static void show(HtmlWriter &html, const Value &codes) {
+        BitTable table(html);
+        table.number("Bit[2-15]", "PIN", codes.pin);
+        table.number("Bit[19-23]", "NAT", codes.nat);
+        table.number("Bit[26-31]", "MIS", codes.mis);
+    }
+};
+
+struct GnssAltitude {
+    using Value = decltype(Mode5::ga);
+    static void read(Value &altitude, const uint8_t *octets) {
+        constexpr int32_t kLsbFt = 25; // whatever the steps in which it is reported
+        altitude.res = bit(octets[0], 7);
+        altitude.altitude_raw = twos_complement(read_u16(octets), 14);
+        altitude.altitude_ft = altitude.altitude_raw * kLsbFt;
+    }
+    static void summarize(TextWriter &out, const Value &altitude) { out.print("%d FT", altitude.altitude_ft); }
+    static void show(HtmlWriter &html, const Value &altitude) {
+        BitTable table(html);
+        table.row("Bit[1]", "RES", altitude.res ? "25FT" : "100FT");
+        table.scaled("Bit[2-15]", "GA LSB=25 FT", altitude.altitude_raw, "GA LSB=FT", altitude.altitude_ft);
+    }
+};
+
+struct ExtendedMode1 {
+    using Value = decltype(Mode5::em1);
+    static void read(Value &code, const uint8_t *octets) { code.code = field(octets, 5, 16); }
+    static void summarize(TextWriter &out, const Value &code) { out.print("%o", code.code); }
+    static void show(HtmlWriter &html, const Value &code) {
+        BitTable table(html);
+        table.row("Bit[0-3]", "SPARE", "0");
+        write_code_digits(table, code.code);
+    }
+};
+
+struct TimeOffset {
+    using Value = decltype(Mode5::tos);
+    static void read(Value &offset, const uint8_t *octets) {
+        constexpr double kLsbS = 1.0 / 128;
+        offset.offset_raw = twos_complement(octets[0], 8);
+        offset.offset_s = offset.offset_raw * kLsbS;
+    }
+    static void summarize(TextWriter &out, const Value &offset) { out.print("%f SEC", offset.offset_s); }
+    static void show(HtmlWriter &html, const Value &offset) {
+        OctetTable table(html);
+        table.scaled("Octet[0]", "TIME_OFFSET LSB=1/128 SEC", offset.offset_raw, "TIME_OFFSET LSB=SEC",
+                     offset.offset_s);
+    }
+};
+
+struct XPulses {
+    using Value = decltype(Mode5::xp);
+    static constexpr Flag<Value> kFlags[] = {
+        {"X5", &Value::x5}, {"XC", &Value::xc}, {"X3", &Value::x3}, {"X2", &Value::x2}, {"X1", &Value::x1}};
+    static void read(Value &pulses, const uint8_t *octets) { read_flags(pulses, kFlags, octets[0]); }
+    static void summarize(TextWriter &out, const Value &pulses) { summarize_flags(out, pulses, kFlags); }
+    static void show(HtmlWriter &html, const Value &pulses) { show_flags(html, pulses, kFlags); }
+};
 
 constexpr SubfieldRow kMode5[] = {
-    {"SUM", "Mode 5 Summary", fixed<1>},
-    {"PMN", "Mode 5 PIN/ National", fixed<4>},
-    {"POS", "Mode 5 Reported Position", fixed<6>},
-    {"GA", "Mode 5 GNSS-derived Altitude", fixed<2>},
-    {"EM1", "Extended Mode 1 Code in Octal Representation", fixed<2>},
-    {"TOS", "Time Offset for POS and GA", fixed<1>},
-    {"XP", "X Pulse Presence", fixed<1>},
-};
-
-constexpr SubfieldRow kUpdateAges[] = {
-    {"TRK", "Track age", fixed<1>},
-    {"PSR", "PSR age", fixed<1>},
-    {"SSR", "SSR age", fixed<1>},
-    {"MDS", "Mode S age", fixed<1>},
-    {"ADS", "ADS-C age", fixed<2>},
-    {"ES", "ADS-B Extended Squitter age", fixed<1>},
-    {"VDL", "ADS-B VDL Mode 4 age", fixed<1>},
-    {"UAT", "ADS-B UAT age", fixed<1>},
-    {"LOP", "Loop age", fixed<1>},
-    {"MLT", "Multilateration age", fixed<1>},
-};
-
-constexpr SubfieldRow kDataAges[] = {
-    {"MFL", "Measured Flight Level age", fixed<1>},
-    {"MD1", "Mode 1 age", fixed<1>},
-    {"MD2", "Mode 2 age", fixed<1>},
-    {"MDA", "Mode 3/A age", fixed<1>},
-    {"MD4", "Mode 4 age", fixed<1>},
-    {"MD5", "Mode 5 age", fixed<1>},
-    {"MHG", "Magnetic Heading age", fixed<1>},
-    {"IAS", "Indicated Airspeed/Mach Nb age", fixed<1>},
-    {"TAS", "True Airspeed age", fixed<1>},
-    {"SAL", "Selected Altitude age", fixed<1>},
-    {"FSS", "Final State Selected Altitude age", fixed<1>},
-    {"TID", "Trajectory Intent Data age", fixed<1>},
-    {"COM", "Communications / ACAS Capability and Flight Status age", fixed<1>},
-    {"SAB", "Status Reported by ADS-B age", fixed<1>},
-    {"ACS", "ACAS Resolution Advisory Report age", fixed<1>},
-    {"BVR", "Barometric Vertical Rate age", fixed<1>},
-    {"GVR", "Geometric Vertical Rate age", fixed<1>},
-    {"RAN", "Roll Angle age", fixed<1>},
-    {"TAR", "Track Angle Rate age", fixed<1>},
-    {"TAN", "Track Angle age", fixed<1>},
-    {"GSP", "Ground Speed age", fixed<1>},
-    {"VUN", "Velocity Uncertanty age", fixed<1>}, // the names are known with their spellings, here and below
-    {"MET", "Meteorological Data age", fixed<1>},
-    {"EMC", "Emitter Category age", fixed<1>},
-    {"POS", "Position Data age", fixed<1>},
-    {"GAL", "Geometric Altitude Data age", fixed<1>},
-    {"PUN", "Position Uncertainty Data age", fixed<1>},
-    {"MB", "Mode S MB Data age", fixed<1>},
-    {"IAR", "Indicated Airspeed Data age", fixed<1>},
-    {"MAC", "Mach Number Data age", fixed<1>},
-    {"BPS", "Barometric Pressure Setting Data age", fixed<1>},
-};
-
-constexpr SubfieldRow kMeasured[] = {
-    {"SID", "Sensor Identification", fixed<2>},       {"POS", "Measured Position", fixed<4>},
-    {"HEI", "Measured 3-D Height", fixed<2>},         {"MDC", "Last Measured Mode C Code", fixed<2>},
-    {"MDA", "Last Measured Mode 3/A Code", fixed<2>}, {"TYP", "Report Type", fixed<1>},
-};
-
-constexpr SubfieldRow kAircraftDerived[] = {
-    {"ADR", "Target Address", fixed<3>},
-    {"ID", "Target Identification", fixed<6>},
-    {"MHG", "Magnetic Heading", fixed<2>},
-    {"IAS", "Indicated Airspeed / Mach No", fixed<2>},
-    {"TAS", "True Airspeed", fixed<2>},
-    {"SAL", "Selected Altitude", fixed<2>},
-    {"FSS", "Final State Selected Altitude", fixed<2>},
-    {"TIS", "Trajectory Intent Status", fixed<1>},
-    {"TID", "Trajectory Intent Data", repetitive<15>},
-    {"COM", "Communications / ACAS Capability and Flight Status reported by Mode-S", fixed<2>},
-    {"SAB", "Status reported by ADS-B", fixed<2>},
-    {"ACS", "ACAS Resolution Avisory Report", fixed<7>},
-    {"BVR", "Brometric Vertical Rate", fixed<2>},
-    {"GVR", "Geometric Vertical Rate", fixed<2>},
-    {"RAN", "Roll Angle", fixed<2>},
-    {"TAR", "Track Angle Rate", fixed<2>},
-    {"TAN", "Track Angle", fixed<2>},
-    {"GSP", "Ground Speed", fixed<2>},
-    {"VUN", "Velocity Uncertainty Category", fixed<1>},
-    {"MET", "Met Data", fixed<8>},
-    {"EMC", "Emitter Category", fixed<1>},
-    {"POS", "Position", fixed<6>},
-    {"GAL", "Geometric Altitude", fixed<2>},
-    {"PUN", "Position Uncertainty", fixed<1>},
-    {"MB", "Mode-S MB Data", repetitive<8>},
-    {"IAR", "Indicated Airspeed", fixed<2>},
-    {"MAC", "Mach Number", fixed<2>},
-    {"BPS", "Barometric Pressure Setting", fixed<2>},
-};
-
-constexpr SubfieldRow kFlightPlan[] = {
-    {"TAG", "FPPS Identification Tag", fixed<2>},
-    {"CSN", "Callsign", fixed<7>},
-    {"IFI", "IFPS Flight ID", fixed<4>},
-    {"FCT", "Flight Category", fixed<1>},
-    {"TAC", "Type of Aircraft", fixed<4>},
-    {"WTC", "Wake Turbulence Category", fixed<1>},
-    {"DEP", "Departure Airport", fixed<4>},
-    {"DST", "Destination Airport", fixed<4>},
-    {"RDS", "Runway Designation", fixed<3>},
-    {"CFL", "Current Cleared Flight Level", fixed<2>},
-    {"CTL", "Current Control Position", fixed<2>},
-    {"TOD", "Time of Departure / Arrival", repetitive<4>},
-    {"AST", "Aircraft Stand", fixed<6>},
-    {"STS", "Stand Status", fixed<1>},
-    {"STD", "Standard Instrument Departure", fixed<7>},
-    {"STA", "Standard Instrument Arrival", fixed<7>},
-    {"PEM", "Pre-emergency Mode 3/A Code", fixed<2>},
-    {"PEC", "Pre-emergency Callsign", fixed<7>},
-};
-
-constexpr SubfieldRow kAccuracies[] = {
-    {"APC", "Estimated Accuracy Of Track Position (Cartesian)", fixed<4>},
-    {"COV", "XY Covariance", fixed<2>},
-    {"APW", "Estimated Accuracy Of Track Position (WGS-84)", fixed<4>},
-    {"AGA", "Estimated Accuracy Of Calculated Track Geometric Altitude", fixed<1>},
-    {"ABA", "Estimated Accuracy Of Calculated Track Barometric Altitude", fixed<1>},
-    {"ATV", "Estimated Accuracy Of Track Velocity (Cartesian)", fixed<2>},
-    {"AA", "Estimated Accuracy Of Acceleration", fixed<2>},
-    {"ARC", "Estimated Accuracy Of Rate Of Climb/Descent", fixed<1>},
+    subfield<&Mode5::sum, Mode5Summary>("SUM", "Mode 5 Summary", fixed<1>),
+    subfield<&Mode5::pmn, MissionCode>("PMN", "Mode 5 PIN/ National", fixed<4>),
+    subfield<&Mode5::pos, Position>("POS", "Mode 5 Reported Position", fixed<6>),
+    subfield<&Mode5::ga, GnssAltitude>("GA", "Mode 5 GNSS-derived Altitude", fixed<2>),
+    subfield<&Mode5::em1, ExtendedMode1>("EM1", "Extended Mode 1 Code in Octal Representation", fixed<2>),
+    subfield<&Mode5::tos, TimeOffset>("TOS", "Time Offset for POS and GA", fixed<1>),
+    subfield<&Mode5::xp, XPulses>("XP", "X Pulse Presence", fixed<1>),
 };
 
 } // namespace
 
 AST_DEFINE_COMPOUND(kItem110, 62110, kMode5, ast_dataitem_062_110_get_size, ast_subfield_062_110_get_size,
-                    ast_subfield_062_110_get_id, ast_subfield_062_110_get_name, nullptr, nullptr)
+                    ast_subfield_062_110_get_id, ast_subfield_062_110_get_name, ast_subfield_062_110_get_summary,
+                    ast_subfield_062_110_get_detail_html, .summarizes_unknown_subfields = true)
+AST_DEFINE_COMPOUND_DECODE(kItem110, kMode5, Mode5, ast_dataitem_062_110_decode)
+AST_DEFINE_SUBFIELD_SUMMARY(kItem110, ast_subfield_062_110_get_summary)
+AST_DEFINE_SUBFIELD_DETAIL(kItem110, ast_subfield_062_110_get_detail_html)
+
+// ---- I062/130 Calculated Track Geometric Altitude ----
+
+struct I062_130 : Item<62130, ast_dataitem_062_130_t, fixed<2>> {
+    static void read(Value &altitude, const uint8_t *octets) {
+        altitude.altitude_raw = magnitude_less_maximum(read_u16(octets), 16);
+        altitude.altitude_ft = altitude.altitude_raw * kVerticalLsbFt;
+    }
+
+    static void summarize(TextWriter &out, const Value &altitude) {
+        out.print("LEVEL:%.2f LSB:FT", altitude.altitude_ft);
+    }
+
+    static void show(HtmlWriter &html, const Value &altitude) {
+        FieldTable table(html, "Bit", "Item", "Value");
+        table.quantity("Bit[0-15]", "LEVEL LSB:FT", altitude.altitude_ft);
+        table.quantity("Bit[0-15]", "LEVEL LSB:M", altitude.altitude_raw * kVerticalLsbM);
+    }
+};
+
+AST_DEFINE_DECODE(I062_130, ast_dataitem_062_130_decode)
+AST_DEFINE_VIEWS(I062_130, ast_dataitem_062_130_get_summary, ast_dataitem_062_130_get_detail_html)
+
+// ---- I062/135 Calculated Track Barometric Altitude ----
+
+struct I062_135 : Item<62135, ast_dataitem_062_135_t, fixed<2>> {
+    static void read(Value &altitude, const uint8_t *octets) {
+        altitude.qnh = bit(octets[0], 8);
+        altitude.altitude_raw = magnitude_less_maximum(read_u16(octets), 15);
+        altitude.altitude_ft = altitude.altitude_raw * kLevelLsbFt;
+    }
+
+    static void summarize(TextWriter &out, const Value &altitude) {
+        out.print("ALTITUDE:%d LSB:FT%s", altitude.altitude_ft, shown_if(altitude.qnh, " QNH"));
+    }
+
+    static void show(HtmlWriter &html, const Value &altitude) {
+        FieldTable table(html, "Bit", "Item", "Value");
+        table.flag("Bit[0]", "QNH_CORRECTION", altitude.qnh);
+        table.quantity("Bit[1-15]", "ALTITUDE LSB:FT", altitude.altitude_ft);
+        table.quantity("Bit[1-15]", "ALTITUDE LSB:M", altitude.altitude_raw * kLevelLsbM);
+    }
+};
+
+AST_DEFINE_DECODE(I062_135, ast_dataitem_062_135_decode)
+AST_DEFINE_VIEWS(I062_135, ast_dataitem_062_135_get_summary, ast_dataitem_062_135_get_detail_html)
+
+// ---- I062/136 Measured Flight Level ----
+
+struct I062_136 : Item<62136, ast_dataitem_062_136_t, fixed<2>> {
+    static void read(Value &level, const uint8_t *octets) {
+        level.level_raw = magnitude_less_maximum(read_u16(octets), 16);
+        level.level_ft = level.level_raw * kLevelLsbFt;
+    }
+
+    static void summarize(TextWriter &out, const Value &level) { out.print("LEVEL:%d LSB:FT", level.level_ft); }
+
+    static void show(HtmlWriter &html, const Value &level) {
+        FieldTable table(html, "Bit", "Item", "Value");
+        table.quantity("Bit[0-15]", "LEVEL LSB:FT", level.level_ft);
+        table.quantity("Bit[0-15]", "LEVEL LSB:M", level.level_raw * kLevelLsbM);
+    }
+};
+
+AST_DEFINE_DECODE(I062_136, ast_dataitem_062_136_decode)
+AST_DEFINE_VIEWS(I062_136, ast_dataitem_062_136_get_summary, ast_dataitem_062_136_get_detail_html)
+
+// ---- I062/200 Mode of Movement ----
+
+struct I062_200 : Item<62200, ast_dataitem_062_200_t, fixed<1>> {
+    static constexpr const char *kCourses[] = {"CONSTANT_COURSE", "RIGHT_TURN", "LEFT_TURN", "UNDETERMINED"};
+    static constexpr const char *kSpeeds[] = {"CONSTANT_GROUNDSPEED", "INCREASING_GROUNDSPEED",
+                                              "DECREASING_GROUNDSPEED", "UNDETERMINED"};
+    static constexpr const char *kRates[] = {"LEVEL", "CLIMB", "DESCENT", "UNDETERMINED"};
+    static constexpr char kDiscrepancy[] = "ALTITUDE_DISCREPANCY";
+
+    static void read(Value &movement, const uint8_t *octets) {
+        movement.transversal = bits(octets[0], 8, 7);
+        movement.longitudinal = bits(octets[0], 6, 5);
+        movement.vertical = bits(octets[0], 4, 3);
+        movement.adf = bit(octets[0], 2);
+    }
+
+    static void summarize(TextWriter &out, const Value &movement) {
+        out.print("%s %s %s", kCourses[movement.transversal], kSpeeds[movement.longitudinal],
+                  kRates[movement.vertical]);
+        if (movement.adf) out.print(" %s", kDiscrepancy);
+    }
+
+    static void show(HtmlWriter &html, const Value &movement) {
+        FieldTable table(html, "Bit", "Item", "Value");
+        table.row("Bit[0-1]", "TRANSVERSAL_ACCELERATION", kCourses[movement.transversal]);
+        table.row("Bit[2-3]", "LONGITUDINAL_ACCELERATION", kSpeeds[movement.longitudinal]);
+        table.row("Bit[4-5]", "VERTICAL_RATE", kRates[movement.vertical]);
+        table.flag("Bit[6]", kDiscrepancy, movement.adf);
+    }
+};
+
+AST_DEFINE_DECODE(I062_200, ast_dataitem_062_200_decode)
+AST_DEFINE_VIEWS(I062_200, ast_dataitem_062_200_get_summary, ast_dataitem_062_200_get_detail_html)
+
+// ---- I062/210 Calculated Acceleration (Cartesian) ----
+
+struct I062_210 : Item<62210, ast_dataitem_062_210_t, fixed<2>> {
+    static void read(Value &acceleration, const uint8_t *octets) {
+        constexpr double kLsbMPerS2 = 0.25;
+        acceleration.ax_raw = read_component(octets[0]);
+        acceleration.ay_raw = read_component(octets[1]);
+        acceleration.ax_m_s2 = acceleration.ax_raw * kLsbMPerS2;
+        acceleration.ay_m_s2 = acceleration.ay_raw * kLsbMPerS2;
+    }
+
+    // A negative octet has the maximum of 16 bits taken off, not that of 8; receivers know its values so.
+    static int32_t read_component(uint8_t octet) {
+        const auto magnitude = static_cast<int32_t>(bits(octet, 7, 1));
+        return bit(octet, 8) ? magnitude - INT16_MAX : magnitude;
+    }
+
+    static void summarize(TextWriter &out, const Value &acceleration) {
+        out.print("AX:%.2f AY:%.2f", acceleration.ax_m_s2, acceleration.ay_m_s2);
+    }
+
+    static void show(HtmlWriter &html, const Value &acceleration) {
+        FieldTable table(html, "Octet", "Item", "Value");
+        table.quantity("Octect[0]", "ACCERATION_X LSB:M/S^2", acceleration.ax_m_s2); // labels known so
+        table.quantity("Octect[1]", "ACCERATION_Y LSB:M/S^2", acceleration.ay_m_s2);
+    }
+};
+
+AST_DEFINE_DECODE(I062_210, ast_dataitem_062_210_decode)
+AST_DEFINE_VIEWS(I062_210, ast_dataitem_062_210_get_summary, ast_dataitem_062_210_get_detail_html)
+
+// ---- I062/220 Calculated Rate of Climb/Descent ----
+
+struct I062_220 : Item<62220, ast_dataitem_062_220_t, fixed<2>> {
+    static void read(Value &rate, const uint8_t *octets) {
+        rate.rate_raw = magnitude_less_maximum(read_u16(octets), 16);
+        rate.rate_ft_min = rate.rate_raw * kVerticalLsbFt;
+    }
+
+    static void summarize(TextWriter &out, const Value &rate) { out.print("VH:%.2f", rate.rate_ft_min); }
+
+    static void show(HtmlWriter &html, const Value &rate) {
+        FieldTable table(html, "Bit", "Item", "Value");
+        table.quantity("Bit[0-15]", "CLIMB_DESCENT_RATE LSB:FT/MIN", rate.rate_ft_min);
+        table.row("Bit[0-15]", "CLIMB_DESCENT_RATE LSB:M/MIN", Cell<24>("%.3f", rate.rate_raw * kVerticalLsbM));
+    }
+};
+
+AST_DEFINE_DECODE(I062_220, ast_dataitem_062_220_decode)
+AST_DEFINE_VIEWS(I062_220, ast_dataitem_062_220_get_summary, ast_dataitem_062_220_get_detail_html)
+
+// ---- I062/270 Target Size & Orientation ----
+
+struct I062_270 : TargetSize<62270, ast_dataitem_062_270_t> {};
+
+AST_DEFINE_DECODE(I062_270, ast_dataitem_062_270_decode)
+AST_DEFINE_VIEWS(I062_270, ast_dataitem_062_270_get_summary, ast_dataitem_062_270_get_detail_html)
+
+// ---- I062/290 System Track Update Ages, I062/295 Track Data Age ----
+
+namespace {
+
+constexpr SubfieldScale kAge = {kOneOctet, 0.25, Sign::None, "SEC", "AGE LSB:1/4 SEC", "AGE LSB:SEC"};
+using Age = ScaledSubfield<&ast_age_t::raw, &ast_age_t::age_s, kAge>;
+
+using UpdateAges = ast_dataitem_062_290_t;
+
+constexpr SubfieldRow kUpdateAges[] = {
+    subfield<&UpdateAges::trk, Age>("TRK", "Track age", fixed<1>),
+    subfield<&UpdateAges::psr, Age>("PSR", "PSR age", fixed<1>),
+    subfield<&UpdateAges::ssr, Age>("SSR", "SSR age", fixed<1>),
+    subfield<&UpdateAges::mds, Age>("MDS", "Mode S age", fixed<1>),
+    subfield<&UpdateAges::ads, Age>("ADS", "ADS-C age", fixed<2>),
+    subfield<&UpdateAges::es, Age>("ES", "ADS-B Extended Squitter age", fixed<1>),
+    subfield<&UpdateAges::vdl, Age>("VDL", "ADS-B VDL Mode 4 age", fixed<1>),
+    subfield<&UpdateAges::uat, Age>("UAT", "ADS-B UAT age", fixed<1>),
+    subfield<&UpdateAges::lop, Age>("LOP", "Loop age", fixed<1>),
+    subfield<&UpdateAges::mlt, Age>("MLT", "Multilateration age", fixed<1>),
+};
+
+using DataAges = ast_dataitem_062_295_t;
+
+constexpr SubfieldRow kDataAges[] = {
+    subfield<&DataAges::mfl, Age>("MFL", "Measured Flight Level age", fixed<1>),
+    subfield<&DataAges::md1, Age>("MD1", "Mode 1 age", fixed<1>),
+    subfield<&DataAges::md2, Age>("MD2", "Mode 2 age", fixed<1>),
+    subfield<&DataAges::mda, Age>("MDA", "Mode 3/A age", fixed<1>),
+    subfield<&DataAges::md4, Age>("MD4", "Mode 4 age", fixed<1>),
+    subfield<&DataAges::md5, Age>("MD5", "Mode 5 age", fixed<1>),
+    subfield<&DataAges::mhg, Age>("MHG", "Magnetic Heading age", fixed<1>),
+    subfield<&DataAges::ias, Age>("IAS", "Indicated Airspeed/Mach Nb age", fixed<1>),
+    subfield<&DataAges::tas, Age>("TAS", "True Airspeed age", fixed<1>),
+    subfield<&DataAges::sal, Age>("SAL", "Selected Altitude age", fixed<1>),
+    subfield<&DataAges::fss, Age>("FSS", "Final State Selected Altitude age", fixed<1>),
+    subfield<&DataAges::tid, Age>("TID", "Trajectory Intent Data age", fixed<1>),
+    subfield<&DataAges::com, Age>("COM", "Communications / ACAS Capability and Flight Status age", fixed<1>),
+    subfield<&DataAges::sab, Age>("SAB", "Status Reported by ADS-B age", fixed<1>),
+    subfield<&DataAges::acs, Age>("ACS", "ACAS Resolution Advisory Report age", fixed<1>),
+    subfield<&DataAges::bvr, Age>("BVR", "Barometric Vertical Rate age", fixed<1>),
+    subfield<&DataAges::gvr, Age>("GVR", "Geometric Vertical Rate age", fixed<1>),
+    subfield<&DataAges::ran, Age>("RAN", "Roll Angle age", fixed<1>),
+    subfield<&DataAges::tar, Age>("TAR", "Track Angle Rate age", fixed<1>),
+    subfield<&DataAges::tan, Age>("TAN", "Track Angle age", fixed<1>),
+    subfield<&DataAges::gsp, Age>("GSP", "Ground Speed age", fixed<1>),
+    subfield<&DataAges::vun, Age>("VUN", "Velocity Uncertanty age",
+                                  fixed<1>), // the names are known with their spellings, here and below
+    subfield<&DataAges::met, Age>("MET", "Meteorological Data age", fixed<1>),
+    subfield<&DataAges::emc, Age>("EMC", "Emitter Category age", fixed<1>),
+    subfield<&DataAges::pos, Age>("POS", "Position Data age", fixed<1>),
+    subfield<&DataAges::gal, Age>("GAL", "Geometric Altitude Data age", fixed<1>),
+    subfield<&DataAges::pun, Age>("PUN", "Position Uncertainty Data age", fixed<1>),
+    subfield<&DataAges::mb, Age>("MB", "Mode S MB Data age", fixed<1>),
+    subfield<&DataAges::iar, Age>("IAR", "Indicated Airspeed Data age", fixed<1>),
+    subfield<&DataAges::mac, Age>("MAC", "Mach Number Data age", fixed<1>),
+    subfield<&DataAges::bps, Age>("BPS", "Barometric Pressure Setting Data age", fixed<1>),
+};
+
+} // namespace
+
 AST_DEFINE_COMPOUND(kItem290, 62290, kUpdateAges, ast_dataitem_062_290_get_size, ast_subfield_062_290_get_size,
-                    ast_subfield_062_290_get_id, ast_subfield_062_290_get_name, nullptr, nullptr)
+                    ast_subfield_062_290_get_id, ast_subfield_062_290_get_name, ast_subfield_062_290_get_summary,
+                    ast_subfield_062_290_get_detail_html, .summarizes_unknown_subfields = true)
+AST_DEFINE_COMPOUND_DECODE(kItem290, kUpdateAges, UpdateAges, ast_dataitem_062_290_decode)
+AST_DEFINE_SUBFIELD_SUMMARY(kItem290, ast_subfield_062_290_get_summary)
+AST_DEFINE_SUBFIELD_DETAIL(kItem290, ast_subfield_062_290_get_detail_html)
+
 AST_DEFINE_COMPOUND(kItem295, 62295, kDataAges, ast_dataitem_062_295_get_size, ast_subfield_062_295_get_size,
-                    ast_subfield_062_295_get_id, ast_subfield_062_295_get_name, nullptr, nullptr)
-AST_DEFINE_COMPOUND(kItem340, 62340, kMeasured, ast_dataitem_062_340_get_size, ast_subfield_062_340_get_size,
-                    ast_subfield_062_340_get_id, ast_subfield_062_340_get_name, nullptr, nullptr)
-AST_DEFINE_COMPOUND(kItem380, 62380, kAircraftDerived, ast_dataitem_062_380_get_size, ast_subfield_062_380_get_size,
-                    ast_subfield_062_380_get_id, ast_subfield_062_380_get_name, nullptr, nullptr)
-AST_DEFINE_COMPOUND(kItem390, 62390, kFlightPlan, ast_dataitem_062_390_get_size, ast_subfield_062_390_get_size,
-                    ast_subfield_062_390_get_id, ast_subfield_062_390_get_name, nullptr, nullptr)
+                    ast_subfield_062_295_get_id, ast_subfield_062_295_get_name, ast_subfield_062_295_get_summary,
+                    ast_subfield_062_295_get_detail_html, .summarizes_unknown_subfields = true)
+AST_DEFINE_COMPOUND_DECODE(kItem295, kDataAges, DataAges, ast_dataitem_062_295_decode)
+AST_DEFINE_SUBFIELD_SUMMARY(kItem295, ast_subfield_062_295_get_summary)
+AST_DEFINE_SUBFIELD_DETAIL(kItem295, ast_subfield_062_295_get_detail_html)
+
+// ---- I062/300 Vehicle Fleet Identification ----
+
+const char *ast_vehicle_fleet_id_get_name(uint32_t value) { return vehicle_fleet(value); }
+
+struct I062_300 : Item<62300, ast_dataitem_062_300_t, fixed<1>> {
+    static constexpr uint32_t kLastFleet = 16;
+
+    static void read(Value &vehicle, const uint8_t *octets) {
+        vehicle.raw = octets[0];
+        vehicle.fleet = vehicle.raw <= kLastFleet ? vehicle.raw : 0;
+    }
+
+    static void summarize(TextWriter &out, const Value &vehicle) { out.append(vehicle_fleet(vehicle.fleet)); }
+
+    // A fleet that is not defined reads as unknown, and shows here as what it is.
+    static void show(HtmlWriter &html, const Value &vehicle) {
+        FieldTable table(html, "Octet", "Item", "Value");
+        table.row("Octet[0]", "VEHICLE_FLEET_ID", vehicle_fleet(vehicle.raw));
+    }
+};
+
+AST_DEFINE_DECODE(I062_300, ast_dataitem_062_300_decode)
+AST_DEFINE_VIEWS(I062_300, ast_dataitem_062_300_get_summary, ast_dataitem_062_300_get_detail_html)
+
+// ---- I062/500 Estimated Accuracies ----
+
+namespace {
+
+using Accuracies = ast_dataitem_062_500_t;
+
+// Two quantities of one resolution, one behind the other.
+struct SubfieldPairScale {
+    double lsb;
+    const char *summary_names[2];
+    const char *unit;
+    const char *octets[2];
+    const char *raw_names[2];
+    const char *names[2];
+};
+
+template <auto Raw1, auto Raw2, auto Physical1, auto Physical2, const SubfieldPairScale &kScale>
+struct ScaledPairSubfield {
+    using Value = typename OwnerOf<decltype(Raw1)>::Type;
+    static void read(Value &pair, const ast_subfield_t &subfield) {
+        const auto width = static_cast<unsigned>(subfield.size) * 8 / 2;
+        pair.*Raw1 = field(subfield.data, 1, width);
+        pair.*Raw2 = field(subfield.data, width + 1, 2 * width);
+        pair.*Physical1 = pair.*Raw1 * kScale.lsb;
+        pair.*Physical2 = pair.*Raw2 * kScale.lsb;
+    }
+    static void summarize(TextWriter &out, const Value &pair) {
+        out.print("%s:%.2f %s:%.2f %s", kScale.summary_names[0], pair.*Physical1, kScale.summary_names[1],
+                  pair.*Physical2, kScale.unit);
+    }
+    static void show(HtmlWriter &html, const Value &pair) {
+        OctetTable table(html);
+        table.scaled(kScale.octets[0], kScale.raw_names[0], pair.*Raw1, kScale.names[0], pair.*Physical1);
+        table.scaled(kScale.octets[1], kScale.raw_names[1], pair.*Raw2, kScale.names[1], pair.*Physical2);
+    }
+};
+
+using Apc = decltype(Accuracies::apc);
+constexpr SubfieldPairScale kCartesianPosition = {0.5,
+                                                  {"X", "Y"},
+                                                  "M",
+                                                  {"Octet[0-1]", "Octet[2-3]"},
+                                                  {"X-COMPONENT LSB=0.5M", "Y-COMPONENT LSB=0.5M"},
+                                                  {"X-COMPONENT LSB=M", "Y-COMPONENT LSB=M"}};
+using CartesianPosition = ScaledPairSubfield<&Apc::x_raw, &Apc::y_raw, &Apc::x_m, &Apc::y_m, kCartesianPosition>;
+
+using Cov = decltype(Accuracies::cov);
+constexpr SubfieldScale kCovariance = {kTwoOctets,           0.5, Sign::TwosComplement, "M", "XY_COVARIANCE LSB=0.5M",
+                                       "XY_COVARIANCE LSB=M"};
+using Covariance = ScaledSubfield<&Cov::covariance_raw, &Cov::covariance_m, kCovariance>;
+
+using Apw = decltype(Accuracies::apw);
+constexpr SubfieldPairScale kWgs84Position = {kHalfCircleDeg / (1 << 25),
+                                              {"LAT", "LON"},
+                                              "DEG",
+                                              {"Octet[0-1]", "Octet[2-3]"},
+                                              {"LATITUDE LSB=180/2^25 DEG", "LONGITUDE LSB=180/2^25 DEG"},
+                                              {"LATITUDE LSB=DEG", "LONGITUDE LSB=DEG"}};
+using Wgs84Position = ScaledPairSubfield<&Apw::latitude_raw, &Apw::longitude_raw, &Apw::latitude_deg,
+                                         &Apw::longitude_deg, kWgs84Position>;
+
+using Aga = decltype(Accuracies::aga);
+constexpr SubfieldScale kGeometric = {
+    kOneOctet, kVerticalLsbFt, Sign::None, "FT", "GEOMETRIC_ALTITUDE LSB=6.25 FT", "GEOMETRIC_ALTITUDE LSB=FT"};
+using Geometric = ScaledSubfield<&Aga::altitude_raw, &Aga::altitude_ft, kGeometric>;
+
+using Aba = decltype(Accuracies::aba);
+constexpr SubfieldScale kBarometric = {
+    kOneOctet, kLevelLsbFt, Sign::None, "FT", "BAROMETRIC_ALTITUDE LSB=1/4 FL", "BAROMETRIC_ALTITUDE LSB=FT"};
+using Barometric = ScaledSubfield<&Aba::altitude_raw, &Aba::altitude_ft, kBarometric>;
+
+using Atv = decltype(Accuracies::atv);
+constexpr SubfieldPairScale kVelocity = {0.25,
+                                         {"X", "Y"},
+                                         "M/S",
+                                         {"Octet[0]", "Octet[1]"},
+                                         {"X-COMPONENT LSB=0.25M/S", "Y-COMPONENT LSB=0.25M/S"},
+                                         {"X-COMPONENT LSB=M/S", "Y-COMPONENT LSB=M/S"}};
+using Velocity = ScaledPairSubfield<&Atv::x_raw, &Atv::y_raw, &Atv::x_m_s, &Atv::y_m_s, kVelocity>;
+
+using Aa = decltype(Accuracies::aa);
+constexpr SubfieldPairScale kAcceleration = {0.25,
+                                             {"X", "Y"},
+                                             "M/S2",
+                                             {"Octet[0]", "Octet[1]"},
+                                             {"X-COMPONENT LSB=0.25M/S2", "Y-COMPONENT LSB=0.25M/S2"},
+                                             {"X-COMPONENT LSB=M/S2", "Y-COMPONENT LSB=M/S2"}};
+using Acceleration = ScaledPairSubfield<&Aa::x_raw, &Aa::y_raw, &Aa::x_m_s2, &Aa::y_m_s2, kAcceleration>;
+
+using Arc = decltype(Accuracies::arc);
+constexpr SubfieldScale kClimbRate = {kOneOctet, kVerticalLsbFt,         Sign::None,
+                                      "FT/MIN",  "ROCD LSB=6.25 FT/MIN", "ROCD LSB=FT/MIN"};
+using ClimbRate = ScaledSubfield<&Arc::rate_raw, &Arc::rate_ft_min, kClimbRate>;
+
+constexpr SubfieldRow kAccuracies[] = {
+    subfield<&Accuracies::apc, CartesianPosition>("APC", "Estimated Accuracy Of Track Position (Cartesian)", fixed<4>),
+    subfield<&Accuracies::cov, Covariance>("COV", "XY Covariance", fixed<2>),
+    subfield<&Accuracies::apw, Wgs84Position>("APW", "Estimated Accuracy Of Track Position (WGS-84)", fixed<4>),
+    subfield<&Accuracies::aga, Geometric>("AGA", "Estimated Accuracy Of Calculated Track Geometric Altitude", fixed<1>),
+    subfield<&Accuracies::aba, Barometric>("ABA", "Estimated Accuracy Of Calculated Track Barometric Altitude",
+                                           fixed<1>),
+    subfield<&Accuracies::atv, Velocity>("ATV", "Estimated Accuracy Of Track Velocity (Cartesian)", fixed<2>),
+    subfield<&Accuracies::aa, Acceleration>("AA", "Estimated Accuracy Of Acceleration", fixed<2>),
+    subfield<&Accuracies::arc, ClimbRate>("ARC", "Estimated Accuracy Of Rate Of Climb/Descent", fixed<1>),
+};
+
+} // namespace
+
 AST_DEFINE_COMPOUND(kItem500, 62500, kAccuracies, ast_dataitem_062_500_get_size, ast_subfield_062_500_get_size,
-                    ast_subfield_062_500_get_id, ast_subfield_062_500_get_name, nullptr, nullptr)
+                    ast_subfield_062_500_get_id, ast_subfield_062_500_get_name, ast_subfield_062_500_get_summary,
+                    ast_subfield_062_500_get_detail_html, .summarizes_unknown_subfields = true)
+AST_DEFINE_COMPOUND_DECODE(kItem500, kAccuracies, Accuracies, ast_dataitem_062_500_decode)
+AST_DEFINE_SUBFIELD_SUMMARY(kItem500, ast_subfield_062_500_get_summary)
+AST_DEFINE_SUBFIELD_DETAIL(kItem500, ast_subfield_062_500_get_detail_html)
 
 // ---- I062/510 Composed Track Number ----
 
+namespace {
+
+constexpr uint64_t kTrackOctets = 3;
+
+} // namespace
+
 // Lenient at its end: a chain that announces a part for which there is no room ends before it.
 uint64_t ast_dataitem_062_510_get_size(const uint8_t *data, uint64_t available) {
-    constexpr uint64_t kPartOctets = 3;
-    uint64_t size = kPartOctets;
-    while (data && available >= size + kPartOctets && has_fx(data[size - 1])) size += kPartOctets;
+    uint64_t size = kTrackOctets;
+    while (data && available >= size + kTrackOctets && has_fx(data[size - 1])) size += kTrackOctets;
     return size;
 }
 
+struct I062_510 : Item<62510, ast_dataitem_062_510_t, SizeRule{}> {
+    static constexpr SizeRule kSize = sized_by(ast_dataitem_062_510_get_size); // no template argument for GCC 12
+
+    static bool read(Value &composed, const ast_dataitem_t &item) {
+        if (item.size % kTrackOctets != 0 || item.size / kTrackOctets > std::size(composed.tracks)) return false;
+        composed.count = static_cast<uint32_t>(item.size / kTrackOctets);
+        for (uint32_t i = 0; i < composed.count; ++i) {
+            const uint8_t *const part = item.data + i * kTrackOctets;
+            composed.tracks[i] = {.unit = part[0], .track_number = field(part, 9, 23)};
+        }
+        return true;
+    }
+
+    static void summarize(TextWriter &out, const Value &composed) { out.print("NUM_TRACKS:%u", composed.count); }
+
+    // Unit and number stand in one cell; viewers know them so.
+    static void show(HtmlWriter &html, const Value &composed) {
+        DetailTable table(html, "Octets", "Unit ID", "Track Number");
+        for (uint32_t i = 0; i < composed.count; ++i) {
+            const unsigned first = i * kTrackOctets;
+            table.row(Cell<16>("Octet[%u-%u]", first, first + 2),
+                      Cell<16>("0x%.2X - %u", composed.tracks[i].unit, composed.tracks[i].track_number));
+        }
+    }
+};
+
+AST_DEFINE_DECODE(I062_510, ast_dataitem_062_510_decode)
+AST_DEFINE_VIEWS(I062_510, ast_dataitem_062_510_get_summary, ast_dataitem_062_510_get_detail_html)
+
+// ---- Accessors ----
+
 namespace {
+
+ast_dataitem_062_380_t aircraft_derived(const ast_datarecord_t *record) {
+    return ast_dataitem_062_380_decode(first_item(record, 62380));
+}
+
+ast_quantity_t quantity(double value) { return {.valid = true, .value = value}; }
+
+} // namespace
+
+ast_sac_sic_t ast_datarecord_062_get_sacsic(const ast_datarecord_t *record) { return sacsic_of(record, 62010); }
+ast_time_of_day_t ast_datarecord_062_get_timeofday(const ast_datarecord_t *record) {
+    return timeofday_of(record, 62070);
+}
+ast_uint_value_t ast_datarecord_062_get_msgtype(const ast_datarecord_t *record) {
+    return msgtype_of(record, AST_MSGTYPE_TRACK);
+}
+ast_uint_value_t ast_datarecord_062_get_tracknum(const ast_datarecord_t *record) { return tracknum_of(record, 62040); }
+ast_squawk_t ast_datarecord_062_get_squawk(const ast_datarecord_t *record) { return whole_squawk_of(record, 62060); }
+
+ast_aircraft_id_t ast_datarecord_062_get_callsign(const ast_datarecord_t *record) {
+    ast_aircraft_id_t callsign{};
+    const auto derived = aircraft_derived(record);
+    callsign.valid = derived.id.present;
+    std::memcpy(callsign.text, derived.id.text, sizeof callsign.text);
+    return callsign;
+}
+
+ast_icao_address_t ast_datarecord_062_get_icaoaddr(const ast_datarecord_t *record) {
+    const auto target = aircraft_derived(record).adr;
+    return {.valid = target.present, .address = target.present ? target.address : UINT32_MAX};
+}
+
+ast_coordinate_t ast_datarecord_062_get_coordinate(const ast_datarecord_t *record) {
+    return coordinate_of(record, 62105);
+}
+
+ast_quantity_t ast_datarecord_062_get_flightlevel(const ast_datarecord_t *record) {
+    if (const auto measured = first<I062_136>(record); measured.valid) return quantity(measured.level_ft);
+    if (const auto barometric = first<I062_135>(record); barometric.valid) return quantity(barometric.altitude_ft);
+    if (const auto geometric = first<I062_130>(record); geometric.valid) return quantity(geometric.altitude_ft);
+    return {};
+}
+
+ast_quantity_t ast_datarecord_062_get_selaltitude(const ast_datarecord_t *record) {
+    const auto derived = aircraft_derived(record);
+    if (derived.sal.present) return quantity(derived.sal.altitude_ft);
+    if (derived.fss.present) return quantity(derived.fss.altitude_ft);
+    return {};
+}
+
+ast_heading_t ast_datarecord_062_get_heading(const ast_datarecord_t *record) {
+    ast_heading_t heading = kNoHeading;
+    const auto derived = aircraft_derived(record);
+    if (derived.mhg.present) heading.magnetic = quantity(derived.mhg.angle_deg);
+    if (derived.tan.present) heading.track = quantity(derived.tan.angle_deg);
+    heading.valid = heading.magnetic.valid || heading.track.valid;
+    return heading;
+}
+
+ast_quantity_t ast_datarecord_062_get_speed(const ast_datarecord_t *record) {
+    const auto derived = aircraft_derived(record);
+    if (derived.gsp.present) return quantity(derived.gsp.speed_kt);
+    if (derived.tas.present) return quantity(derived.tas.airspeed_kt);
+    if (derived.ias.present && !derived.ias.im) return quantity(derived.ias.airspeed_kt);
+    return {};
+}
+
+ast_cartesian_velocity_t ast_datarecord_062_get_cartesianvel(const ast_datarecord_t *record) {
+    const auto velocity = ast_dataitem_velocity_cartesian_decode(first_item(record, 62185));
+    return {.valid = velocity.valid, .vx_m_s = velocity.value_1, .vy_m_s = velocity.value_2};
+}
+
+ast_quantity_t ast_datarecord_062_get_vrate(const ast_datarecord_t *record) {
+    const auto rate = first<I062_220>(record);
+    return {.valid = rate.valid, .value = rate.rate_ft_min};
+}
+
+// ---- The flat record ----
+
+namespace {
+
+using Flat = ast_datarecord_062_t;
+
+// Target identification and flight plan data are left out.
+constexpr FlatMember<Flat> kMembers[] = {
+    taken_apart<&Flat::data_source, ast_dataitem_data_source_identifier_decode>(62010),
+    taken_apart<&Flat::service_id, ast_dataitem_service_id_decode>(62015),
+    taken_apart<&Flat::track_number, ast_dataitem_track_number_decode>(62040),
+    taken_apart<&Flat::mode_3a, ast_dataitem_mode_3a_code_decode>(62060),
+    taken_apart<&Flat::time_of_track, ast_dataitem_time_of_day_decode>(62070),
+    taken_apart<&Flat::track_status, I062_080>(),
+    taken_apart<&Flat::cartesian_position, ast_dataitem_position_cartesian_decode>(62100),
+    taken_apart<&Flat::wgs84_position, ast_dataitem_position_wgs84_decode>(62105),
+    taken_apart<&Flat::mode_5, ast_dataitem_062_110_decode>(62110),
+    taken_apart<&Flat::mode_2, ast_dataitem_mode_3a_code_decode>(62120),
+    taken_apart<&Flat::geometric_altitude, I062_130>(),
+    taken_apart<&Flat::barometric_altitude, I062_135>(),
+    taken_apart<&Flat::measured_flight_level, I062_136>(),
+    taken_apart<&Flat::cartesian_velocity, ast_dataitem_velocity_cartesian_decode>(62185),
+    taken_apart<&Flat::mode_of_movement, I062_200>(),
+    taken_apart<&Flat::cartesian_acceleration, I062_210>(),
+    taken_apart<&Flat::rate_of_climb, I062_220>(),
+    taken_apart<&Flat::target_size, I062_270>(),
+    taken_apart<&Flat::update_ages, ast_dataitem_062_290_decode>(62290),
+    taken_apart<&Flat::data_ages, ast_dataitem_062_295_decode>(62295),
+    taken_apart<&Flat::vehicle_fleet, I062_300>(),
+    taken_apart<&Flat::measured_information, ast_dataitem_062_340_decode>(62340),
+    taken_apart<&Flat::aircraft_derived_data, ast_dataitem_062_380_decode>(62380),
+    taken_apart<&Flat::estimated_accuracies, ast_dataitem_062_500_decode>(62500),
+    taken_apart<&Flat::composed_track_number, I062_510>(),
+};
+
+} // namespace
+
+ast_datarecord_062_t *ast_datarecord_062_disassemble(ast_datarecord_062_t *flat, const ast_datarecord_t *record) {
+    return disassemble_into(flat, record, 62, kMembers, report_quietly);
+}
+
+// ---- The category ----
+
+namespace {
+
+constexpr ast_datarecord_func_t kAccessors = {
+    .get_sacsic = ast_datarecord_062_get_sacsic,
+    .get_timeofday = ast_datarecord_062_get_timeofday,
+    .get_msgtype = ast_datarecord_062_get_msgtype,
+    .get_tracknum = ast_datarecord_062_get_tracknum,
+    .get_squawk = ast_datarecord_062_get_squawk,
+    .get_callsign = ast_datarecord_062_get_callsign,
+    .get_icaoaddr = ast_datarecord_062_get_icaoaddr,
+    .get_coordinate = ast_datarecord_062_get_coordinate,
+    .get_flightlevel = ast_datarecord_062_get_flightlevel,
+    .get_selaltitude = ast_datarecord_062_get_selaltitude,
+    .get_heading = ast_datarecord_062_get_heading,
+    .get_speed = ast_datarecord_062_get_speed,
+    .get_cartesianvel = ast_datarecord_062_get_cartesianvel,
+    .get_vrate = ast_datarecord_062_get_vrate,
+};
 
 constexpr ItemRow kItems[] = {
     {10, "Data Source Identifier", items::data_source_identifier},
@@ -167,28 +847,28 @@ constexpr ItemRow kItems[] = {
     {40, "Track Number", items::track_number},
     {60, "Track Mode 3/A Code", items::mode_3a_code},
     {70, "Time of Track Information", items::time_of_day},
-    {80, "Track Status", {extended<6>}},
+    own<I062_080>("Track Status"),
     {100, "Calculated Track Position (Cartesian)", items::position_cartesian},
     {105, "Calculated Position in WGS84 Coordinates", items::without_encoder(items::position_wgs84)},
     items::compound("Mode 5 Data reports & Extended Mode 1 Code", kItem110),
     {120, "Track Mode 2 Code", items::mode_3a_code},
-    {130, "Calculated Track Geometric Altitude", {fixed<2>}},
-    {135, "Calculated Track Barometric Altitude", {fixed<2>}},
-    {136, "Measured Flight Level", {fixed<2>}},
+    own<I062_130>("Calculated Track Geometric Altitude"),
+    own<I062_135>("Calculated Track Barometric Altitude"),
+    own<I062_136>("Measured Flight Level"),
     {185, "Calculated Track Velocity (Cartesian)", items::velocity_cartesian},
-    {200, "Mode of Movement", {fixed<1>}},
-    {210, "Calculated Acceleration (Cartesian)", {fixed<2>}},
-    {220, "Calculated Rate of Climb/Descent", {fixed<2>}},
+    own<I062_200>("Mode of Movement"),
+    own<I062_210>("Calculated Acceleration (Cartesian)"),
+    own<I062_220>("Calculated Rate of Climb/Descent"),
     {245, "Target Identification", items::target_id},
-    {270, "Target Size & Orientation", {extended<3>}},
+    own<I062_270>("Target Size & Orientation"),
     items::compound("System Track Update Ages", kItem290),
     items::compound("Track Data Age", kItem295),
-    {300, "Vehicle Fleet Identification", {fixed<1>}},
-    items::compound("Measured Information", kItem340),
-    items::compound("Aircraft Derived Data", kItem380),
-    items::compound("Flight Plan Related Data", kItem390),
+    own<I062_300>("Vehicle Fleet Identification"),
+    items::compound(340, "Measured Information", ast_dataitem_062_340_get_size, kMeasuredInformation),
+    items::compound(380, "Aircraft Derived Data", ast_dataitem_062_380_get_size, kAircraftDerivedData),
+    items::compound(390, "Flight Plan Related Data", ast_dataitem_062_390_get_size, kFlightPlanRelatedData),
     items::compound("Estimated Accuracies", kItem500),
-    {510, "Composed Track Number", {sized_by(ast_dataitem_062_510_get_size)}},
+    own<I062_510>("Composed Track Number"),
     {AST_ITEM_REF, "Reserved Expansion Field", items::reserved_expansion_field},
     {AST_ITEM_SPF, "Reserved For Special Purpose Indicator", items::special_purpose_field},
 };
@@ -196,4 +876,4 @@ constexpr ItemRow kItems[] = {
 } // namespace
 
 AST_DEFINE_CATEGORY(kCategory062, 62, "Unknown CAT062 Dataitem", kItems, ast_dataitem_062_get_name,
-                    .reports_unknown_names = true)
+                    .reports_unknown_names = true, .accessors = kAccessors)

@@ -97,6 +97,10 @@ constexpr int32_t twos_complement(uint32_t raw, unsigned width) {
     return static_cast<int32_t>(raw << unused) >> unused;
 }
 
+inline int32_t read_i16(const uint8_t *octets) { return twos_complement(read_u16(octets), 16); }
+inline int32_t read_i24(const uint8_t *octets) { return twos_complement(read_u24(octets), 24); }
+inline int32_t read_i32(const uint8_t *octets) { return static_cast<int32_t>(read_u32(octets)); }
+
 // The magnitude when the sign bit is clear; the magnitude less its maximum when it is set, so that all ones read as 0.
 // This is one more than two's complement.
 constexpr int32_t magnitude_less_maximum(uint32_t raw, unsigned width) {

@@ -232,4 +232,28 @@ void TextWriter::advance(size_t count) {
     length_ += count;
 }
 
+void append_received(TextWriter &out, std::string_view text) {
+    constexpr char kFirstPrintable = ' ';
+    constexpr char kLastPrintable = '~';
+    for (const char &character : text) {
+        switch (character) {
+        case '&':
+            out.append("&amp;");
+            break;
+        case '<':
+            out.append("&lt;");
+            break;
+        case '>':
+            out.append("&gt;");
+            break;
+        case '"':
+            out.append("&quot;");
+            break;
+        default:
+            out.append(character < kFirstPrintable || character > kLastPrintable ? " "
+                                                                                 : std::string_view(&character, 1));
+        }
+    }
+}
+
 } // namespace ast

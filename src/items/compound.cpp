@@ -37,7 +37,7 @@ void show_subfield(const Compound &compound, char *text, uint64_t capacity, cons
                    uint32_t subfield_type) {
     HtmlWriter html(text, capacity);
     with_subfield(compound, item, subfield_type, [&](const ast_subfield_t &subfield, const SubfieldHandlers *handlers) {
-        if (handlers && is_whole(subfield)) handlers->show(html, subfield);
+        if (handlers && is_whole(subfield)) handlers->show(html, subfield, *item);
     });
 }
 

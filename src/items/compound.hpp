@@ -14,7 +14,8 @@
 //         {"APD", "Difference in Azimuth between PSR and SSR plot", fixed<1>},  // its octets alone
 //     };
 //
-// A kind may leave summarize and show out. `read` may take the subfield in place of its octets where its size matters.
+// A kind may leave summarize and show out. `read` may take the subfield in place of its octets where its size matters,
+// `show` the whole item behind the value where the application asks for it.
 #pragma once
 
 #include "items/frame.hpp"
@@ -24,7 +25,7 @@ namespace ast {
 struct SubfieldHandlers {
     void (*read)(void *item_value, const ast_subfield_t &subfield);
     void (*summarize)(TextWriter &out, const ast_subfield_t &subfield); // null: not implemented
-    void (*show)(HtmlWriter &html, const ast_subfield_t &subfield);
+    void (*show)(HtmlWriter &html, const ast_subfield_t &subfield, const ast_dataitem_t &item);
 };
 
 // A subfield whose octets are all there.
@@ -64,8 +65,10 @@ struct SubfieldOf {
         else
             out.append("NOT_IMPLEMENTED");
     }
-    static void show(HtmlWriter &html, const ast_subfield_t &subfield) {
-        if constexpr (requires { Kind::show(html, read_subfield<Kind>(subfield)); })
+    static void show(HtmlWriter &html, const ast_subfield_t &subfield, const ast_dataitem_t &item) {
+        if constexpr (requires { Kind::show(html, read_subfield<Kind>(subfield), item); })
+            Kind::show(html, read_subfield<Kind>(subfield), item);
+        else if constexpr (requires { Kind::show(html, read_subfield<Kind>(subfield)); })
             Kind::show(html, read_subfield<Kind>(subfield));
     }
     static constexpr SubfieldHandlers kHandlers = {read, summarize, show};

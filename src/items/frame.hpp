@@ -207,14 +207,14 @@ constexpr ItemRow own(const char *name, uint16_t variant_of = 0) {
         ast::summarize<item_layout>(text, capacity, item);                                                             \
     }                                                                                                                  \
     template <>                                                                                                        \
-    constexpr ast::SummaryView *ast::kSummaryOf<item_layout> = function;
+    [[maybe_unused]] constexpr ast::SummaryView *ast::kSummaryOf<item_layout> = function;
 
 #define AST_DEFINE_DETAIL(item_layout, function)                                                                       \
     void function(char *text, uint64_t capacity, const ast_dataitem_t *item) {                                         \
         ast::show<item_layout>(text, capacity, item);                                                                  \
     }                                                                                                                  \
     template <>                                                                                                        \
-    constexpr ast::DetailView *ast::kDetailOf<item_layout> = function;
+    [[maybe_unused]] constexpr ast::DetailView *ast::kDetailOf<item_layout> = function;
 
 #define AST_DEFINE_VIEWS(item_layout, summary, detail)                                                                 \
     AST_DEFINE_SUMMARY(item_layout, summary)                                                                           \
@@ -225,4 +225,4 @@ constexpr ItemRow own(const char *name, uint16_t variant_of = 0) {
         ast::encode<item_layout>(result, buffer, length, source);                                                      \
     }                                                                                                                  \
     template <>                                                                                                        \
-    constexpr ast::Encoder *ast::kEncoderOf<item_layout> = function;
+    [[maybe_unused]] constexpr ast::Encoder *ast::kEncoderOf<item_layout> = function;

@@ -86,10 +86,7 @@ struct DataSourceIdentifier : SharedLayout<ast_sac_sic_t, items::data_source_ide
         out.print("SAC:%03u SIC:%03u", source.sac, source.sic);
     }
 
-    static void show(HtmlWriter &html, const Value &source) {
-        write_area_code(html, source.sac);
-        write_identification_code(html, source.sac, source.sic);
-    }
+    static void show(HtmlWriter &html, const Value &source) { write_source(html, source.sac, source.sic); }
 
     static bool write(uint8_t *octets, const Value &source) {
         octets[0] = static_cast<uint8_t>(source.sac);
@@ -104,6 +101,15 @@ AST_DEFINE_DECODE(DataSourceIdentifier, ast_dataitem_data_source_identifier_deco
 AST_DEFINE_VIEWS(DataSourceIdentifier, ast_dataitem_data_source_identifier_get_summary,
                  ast_dataitem_data_source_identifier_get_detail_html)
 AST_DEFINE_ENCODE(DataSourceIdentifier, ast_dataitem_data_source_identifier_encode)
+
+namespace ast {
+
+void write_source(HtmlWriter &html, uint32_t sac, uint32_t sic) {
+    write_area_code(html, sac);
+    write_identification_code(html, sac, sic);
+}
+
+} // namespace ast
 
 // ---- Service identification ----
 

@@ -10,6 +10,9 @@ namespace ast {
 // To which country an aircraft address is allocated, as far as the application has a lookup for that.
 void write_country_of(HtmlWriter &html, uint32_t address, const ast_dataitem_t *item);
 
+// What the application's lookups know of a source.
+void write_source(HtmlWriter &html, uint32_t sac, uint32_t sic);
+
 } // namespace ast
 
 namespace ast::items {
@@ -69,6 +72,11 @@ constexpr Handlers binary_data(const SizeRule &size, DetailView *detail = show_n
 // The row of a compound item, shown through its subfields.
 constexpr ItemRow compound(const char *name, const Compound &compound) {
     return {item_number(compound.type), name, {sized_by_subfields(compound.get_size), AST_VIEWS(subfields)}, &compound};
+}
+
+// The same for a compound item that another source defines.
+constexpr ItemRow compound(uint16_t number, const char *name, SizeFunction *get_size, const Compound &compound) {
+    return {number, name, {sized_by(get_size), AST_VIEWS(subfields)}, &compound};
 }
 
 } // namespace ast::items

@@ -154,22 +154,12 @@ struct ModeCCode : SharedLayout<ast_mode_c_t, items::mode_c_code.size> {
     }
 
     static void summarize(TextWriter &out, const Value &height) {
-        constexpr int32_t kUnitsPerLevel = 4;
-        out.print("MODE_C:%04d%s%s", height.flight_level / kUnitsPerLevel, shown_if(!height.validated, kNotValidated),
-                  shown_if(height.garbled, kGarbled));
+        summarize_level(out, height.flight_level, !height.validated, height.garbled);
     }
 
     static void show(HtmlWriter &html, const Value &height) {
-        constexpr double kLsbFl = 0.25;
-        constexpr double kLsbFt = 25;
-        constexpr double kLsbM = 7.62;
         DetailTable table(html, "Bit", "Item", "Value");
-        table.row("Bit[0]", "NOT_VALIDATED", Cell<10>("%d", !height.validated));
-        table.row("Bit[1]", "GARBLED", Cell<10>("%d", height.garbled));
-        table.row("Bit[2-15]", "FLIGHT_LEVEL (LSB=1/4FL)", Cell<10>("%d", height.flight_level));
-        table.row("Bit[2-15]", "FLIGHT_LEVEL (LSB=FL)", Cell<10>("%.2f", height.flight_level * kLsbFl));
-        table.row("Bit[2-15]", "FLIGHT_LEVEL (LSB=FT)", Cell<10>("%.2f", height.flight_level * kLsbFt));
-        table.row("Bit[2-15]", "FLIGHT_LEVEL (LSB=M)", Cell<10>("%.2f", height.flight_level * kLsbM));
+        write_level(table, height.flight_level, !height.validated, height.garbled);
     }
 
     static bool write(uint8_t *octets, const Value &height) {

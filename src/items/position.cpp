@@ -22,10 +22,6 @@ uint32_t raw_angle(double degrees, double units_per_half_circle) {
     return one_below_when_negative(whole_units(degrees / kHalfCircleDeg * units_per_half_circle));
 }
 
-int32_t read_i16(const uint8_t *octets) { return twos_complement(read_u16(octets), 16); }
-int32_t read_i24(const uint8_t *octets) { return twos_complement(read_u24(octets), 24); }
-int32_t read_i32(const uint8_t *octets) { return static_cast<int32_t>(read_u32(octets)); }
-
 // What the positions of six and of eight octets have in common.
 template <SizeRule Rule>
 struct Wgs84 : SharedLayout<ast_value_pair_t, Rule> {
@@ -41,26 +37,20 @@ struct Wgs84 : SharedLayout<ast_value_pair_t, Rule> {
 
 namespace {
 
-constexpr double kLowUnits = 1 << 23; // per half circle
-
 struct Wgs84Low : Wgs84<items::position_wgs84_low.size> {
     static void read(Value &position, const uint8_t *octets) {
-        position = scaled_pair(read_i24(octets), read_i24(octets + 3), kHalfCircleDeg / kLowUnits);
+        position = scaled_pair(read_i24(octets), read_i24(octets + 3), kLowPositionLsbDeg);
     }
 
     static void show(HtmlWriter &html, const Value &position) {
-        constexpr char kOctets[] = "Octet[1-6]";
         DetailTable table(html, "Octet", "Item", "Value");
-        write_position_texts(table, kOctets, position.value_1, position.value_2);
-        table.row(kOctets, kWgs84Item, Cell<512>("%010.6f, %011.6f", position.value_1, position.value_2));
-        table.row(kOctets, kWgs84Item, Cell<512>("%d, %d", position.raw_1, position.raw_2));
-        write_map_links(table, kOctets, position.value_1, position.value_2);
+        write_position_low(table, "Octet[1-6]", position);
     }
 
     static bool write(uint8_t *octets, const Value &position) {
         if (!is_on_earth(position)) return false;
-        write_u24(octets, raw_angle(position.value_1, kLowUnits));
-        write_u24(octets + 3, raw_angle(position.value_2, kLowUnits));
+        write_u24(octets, raw_angle(position.value_1, kLowPositionUnits));
+        write_u24(octets + 3, raw_angle(position.value_2, kLowPositionUnits));
         return true;
     }
 };
@@ -169,8 +159,6 @@ AST_DEFINE_SUMMARY(CartesianVelocity, ast_dataitem_velocity_cartesian_get_summar
 
 namespace {
 
-constexpr double kSpeedUnitsPerNmPerS = 1 << 14;
-constexpr double kSpeedLsbKt = 3600 / kSpeedUnitsPerNmPerS;
 constexpr double kSpeedLsbMPerS = kMetresPerNm / kSpeedUnitsPerNmPerS;
 constexpr double kSpeedLsbKmPerH = 6667.2 / kSpeedUnitsPerNmPerS;
 constexpr double kHeadingUnits = 1 << 16; // per full circle
@@ -179,7 +167,7 @@ struct PolarVelocity : SharedLayout<ast_value_pair_t, items::velocity_polar.size
     static void read(Value &velocity, const uint8_t *octets) {
         velocity.raw_1 = static_cast<int32_t>(read_u16(octets));
         velocity.raw_2 = static_cast<int32_t>(read_u16(octets + 2));
-        velocity.value_1 = velocity.raw_1 * kSpeedLsbKt;
+        velocity.value_1 = velocity.raw_1 * kFineSpeedLsbKt;
         velocity.value_2 = velocity.raw_2 * kFullCircleDeg / kHeadingUnits;
     }
 
@@ -199,7 +187,7 @@ struct PolarVelocity : SharedLayout<ast_value_pair_t, items::velocity_polar.size
     // The raw values are stored back even into a record that is not valid.
     static void prepare(Value &velocity) {
         if (!(velocity.value_1 > 0 || velocity.value_2 > 0)) return;
-        velocity.raw_1 = rounded_units(velocity.value_1 / kSpeedLsbKt);
+        velocity.raw_1 = rounded_units(velocity.value_1 / kFineSpeedLsbKt);
         velocity.raw_2 = rounded_units(velocity.value_2 / kFullCircleDeg * kHeadingUnits);
     }
 

@@ -1,6 +1,8 @@
 // One Mode S register inside a larger view.
 #pragma once
 
+#include <algorithm>
+
 #include "view/html.hpp"
 
 namespace ast {
@@ -14,6 +16,34 @@ inline void write_register(HtmlWriter &html, const ast_bds_t &bds) {
     html.bit_table(bds.data, bds.size);
     html.paragraph("%s", "");
     html.append_with([&](char *text, uint64_t capacity) { ast_bds_get_detail_html(text, capacity, &bds); });
+}
+
+// A list of registers, then each of them.
+inline void write_registers(HtmlWriter &html, const ast_bds_t *registers, uint64_t count) {
+    html.title("BDS List");
+    {
+        DetailTable table(html, "BDS", "Name");
+        for (uint64_t i = 0; i < count; ++i)
+            table.row(ast_bds_type_to_str(registers[i].bds), ast_bds_get_name(registers[i].bds));
+    }
+    for (uint64_t i = 0; i < count; ++i) write_register(html, registers[i]);
+}
+
+// The registers behind REP, as far as there is room for them. Each element is the seven octets of a register and one
+// octet with its number.
+constexpr uint64_t kRegisterElementOctets = kRegisterOctets + 1;
+
+template <size_t N>
+uint64_t held_registers(const ast_bds_t (&)[N], uint64_t count) {
+    return std::min<uint64_t>(count, N);
+}
+
+template <size_t N>
+void read_registers(ast_bds_t (&registers)[N], uint64_t count, const uint8_t *elements) {
+    for (uint64_t i = 0; i < held_registers(registers, count); ++i) {
+        const uint8_t *const element = elements + i * kRegisterElementOctets;
+        registers[i] = ast_bds_decode(element, kRegisterOctets, element[kRegisterOctets]);
+    }
 }
 
 } // namespace ast

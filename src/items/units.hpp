@@ -14,6 +14,15 @@ constexpr double kHalfCircleDeg = 180;
 constexpr double kMetresPerNm = 1852;
 constexpr double kMetresPerFoot = 0.3048;
 
+// Resolutions that many items have. A level is in quarters of 100 ft.
+constexpr double kLevelLsbFl = 0.25;
+constexpr int32_t kLevelLsbFt = 25;
+constexpr double kLevelLsbM = 7.62;
+constexpr double kSpeedUnitsPerNmPerS = 1 << 14; // the fine one, 0.22 kt
+constexpr double kFineSpeedLsbKt = 3600 / kSpeedUnitsPerNmPerS;
+constexpr double kLowPositionUnits = 1 << 23; // per half circle
+constexpr double kLowPositionLsbDeg = kHalfCircleDeg / kLowPositionUnits;
+
 // A number of units cut off towards zero, as far as 32 bits reach; what is no number is the least.
 inline int32_t whole_units(double units) {
     if (!(units > std::numeric_limits<int32_t>::min())) return std::numeric_limits<int32_t>::min();

@@ -22,4 +22,14 @@ inline void write_map_links(DetailTable &table, std::string_view octets, double 
     }
 }
 
+// A position of three octets for each angle, with all that is shown of it.
+inline void write_position_low(DetailTable &table, std::string_view octets, const ast_value_pair_t &position) {
+    const double latitude = position.value_1;
+    const double longitude = position.value_2;
+    write_position_texts(table, octets, latitude, longitude);
+    table.row(octets, kWgs84Item, Cell<512>("%010.6f, %011.6f", latitude, longitude));
+    table.row(octets, kWgs84Item, Cell<512>("%d, %d", position.raw_1, position.raw_2));
+    write_map_links(table, octets, latitude, longitude);
+}
+
 } // namespace ast

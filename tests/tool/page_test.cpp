@@ -20,8 +20,9 @@ TEST(Page, CountsByCategory) {
 
 TEST(Page, ShowsWhatIsAskedFor) {
     const Command command;
-    EXPECT_EQ(command.run("--html page --where icao=3C4A12 " + kSample + " && grep -c '>1 block, 75 octets<' page").out,
-              "1\n");
+    EXPECT_EQ(
+        command.run("--html page --where icao=3C4A12 " + kSample + " && grep -c '>2 blocks, 151 octets<' page").out,
+        "1\n");
     EXPECT_EQ(command.run("--html page --stats --category 62 " + kSample).out.find("Category "), 0U);
     EXPECT_EQ(command.run("--html page - < /dev/null && grep -c '<h2>standard input</h2>' page").out, "1\n");
 }

@@ -1,0 +1,508 @@
+// I062/380: what the aircraft itself sends, by Mode S or ADS-B.
+
+#include "cat/cat062.hpp"
+#include "items/characters.hpp"
+#include "items/register.hpp"
+
+using namespace ast;
+using namespace ast::cat062;
+
+namespace {
+
+using Derived = ast_dataitem_062_380_t;
+
+constexpr std::string_view kNone = "---";
+
+// ---- 1 to 3: ADR, ID, MHG ----
+
+struct TargetAddress {
+    using Value = decltype(Derived::adr);
+    static void read(Value &target, const uint8_t *octets) { target.address = read_u24(octets); }
+    static void summarize(TextWriter &out, const Value &target) { out.print("%.6X", target.address); }
+    static void show(HtmlWriter &html, const Value &target, const ast_dataitem_t &item) {
+        html.paragraph("ICAO 24-bit address: %.6X", target.address);
+        write_country_of(html, target.address, &item);
+    }
+};
+
+struct TargetIdentification {
+    using Value = decltype(Derived::id);
+    static void read(Value &target, const uint8_t *octets) { read_identity(target.text, octets); }
+    static void summarize(TextWriter &out, const Value &target) { out.print("%s", target.text); }
+    static void show(HtmlWriter &html, const Value &target) {
+        BitTable table(html);
+        write_identity_rows(target.text, [&](unsigned place, std::string_view name, std::string_view character) {
+            const unsigned first = place * kIdentityCharBits;
+            table.row(Cell<12>("Bit[%u-%u]", first, first + kIdentityCharBits - 1), name, character);
+        });
+    }
+};
+
+constexpr double kAngleLsbDeg = kFullCircleDeg / 65536;
+
+template <const SubfieldScale &kScale>
+using Angle = ScaledSubfield<&ast_062_angle_t::angle_raw, &ast_062_angle_t::angle_deg, kScale>;
+
+// The label of the heading rounds its resolution.
+constexpr SubfieldScale kMagneticHeading = {
+    kTwoOctets, kAngleLsbDeg, Sign::None, "DEG", "MAGNETIC_HEADING LSB=0.0055 DEG", "MAGNETIC_HEADING LSB=DEG"};
+using MagneticHeading = Angle<kMagneticHeading>;
+
+// ---- 4 and 5: IAS, TAS ----
+
+constexpr char kTrueAirspeed[] = "TRUE_AIR_SPEED LSB=KT";
+constexpr char kIndicatedAirspeed[] = "INDICATED_AIR_SPEED LSB=KT";
+
+struct AirspeedOrMach {
+    using Value = decltype(Derived::ias);
+    static void read(Value &speed, const uint8_t *octets) {
+        constexpr double kMachLsb = 0.001;
+        speed.im = bit(octets[0], 8);
+        speed.speed_raw = field(octets, 2, 16);
+        if (speed.im)
+            speed.mach = speed.speed_raw * kMachLsb;
+        else
+            speed.airspeed_kt = speed.speed_raw * kFineSpeedLsbKt;
+    }
+    static void summarize(TextWriter &out, const Value &speed) {
+        if (speed.im)
+            out.print("%.3f MACH", speed.mach);
+        else
+            out.print("%.2f KT", speed.airspeed_kt);
+    }
+    static void show(HtmlWriter &html, const Value &speed) {
+        constexpr char kBits[] = "Bit[1-15]";
+        BitTable table(html);
+        table.flag("Bit[0]", "MACH", speed.im);
+        if (speed.im)
+            table.scaled(kBits, "MACH LSB=0.001 MACH", speed.speed_raw, "MACH LSB=MACH", speed.mach);
+        else
+            table.scaled(kBits, "INDICATED_AIR_SPEED LSB=2^-14 NM/SEC", speed.speed_raw, kIndicatedAirspeed,
+                         speed.airspeed_kt);
+    }
+};
+
+template <const char *Name>
+struct Airspeed {
+    using Value = ast_062_airspeed_t;
+    static void read(Value &speed, const uint8_t *octets) { speed.airspeed_kt = read_u16(octets); }
+    static void summarize(TextWriter &out, const Value &speed) { out.print("%u KT", speed.airspeed_kt); }
+    static void show(HtmlWriter &html, const Value &speed) {
+        OctetTable(html).number(kTwoOctets, Name, speed.airspeed_kt);
+    }
+};
+
+// ---- 6 and 7: SAL, FSS ----
+
+// Both have three bits of their own before the altitude.
+template <typename Value>
+void read_selected_altitude(Value &selected, const uint8_t *octets) {
+    selected.altitude_raw = twos_complement(read_u16(octets), 13);
+    selected.altitude_ft = selected.altitude_raw * kLevelLsbFt;
+}
+
+template <typename Value>
+void show_selected_altitude(FieldTable &table, const Value &selected) {
+    table.scaled("Bit[3-15]", "ALTITUDE LSB=25 FT", selected.altitude_raw, "ALTITUDE LSB=FT", selected.altitude_ft);
+}
+
+struct SelectedAltitude {
+    using Value = decltype(Derived::sal);
+    static void read(Value &selected, const uint8_t *octets) {
+        selected.sas = bit(octets[0], 8);
+        selected.src = ast_selected_altitude_source_from_int(bits(octets[0], 7, 6));
+        read_selected_altitude(selected, octets);
+    }
+    static void summarize(TextWriter &out, const Value &selected) {
+        out.print("SAL:%d FT SRC:%s", selected.altitude_ft, source(selected, AST_STYLE_SHORT));
+    }
+    static void show(HtmlWriter &html, const Value &selected) {
+        BitTable table(html);
+        table.flag("Bit[0]", "SOURCE_PROVIDED", selected.sas);
+        table.row("Bit[1-2]", "SOURCE", source(selected, AST_STYLE_LONG));
+        show_selected_altitude(table, selected);
+    }
+    static const char *source(const Value &selected, uint32_t style) {
+        return selected.sas ? ast_selected_altitude_source_to_str(selected.src, style) : "NOT_PROVIDED";
+    }
+};
+
+struct FinalSelectedAltitude {
+    using Value = decltype(Derived::fss);
+    static void read(Value &selected, const uint8_t *octets) {
+        selected.mv = bit(octets[0], 8);
+        selected.ah = bit(octets[0], 7);
+        selected.am = bit(octets[0], 6);
+        read_selected_altitude(selected, octets);
+    }
+    static void summarize(TextWriter &out, const Value &selected) { out.print("%d FT", selected.altitude_ft); }
+    static void show(HtmlWriter &html, const Value &selected) {
+        BitTable table(html);
+        table.flag("Bit[0]", "MANAGE_VERTICAL_MODE", selected.mv);
+        table.flag("Bit[1]", "ALTITUDE_HOLD", selected.ah);
+        table.flag("Bit[2]", "APPROACH_MODE", selected.am);
+        show_selected_altitude(table, selected);
+    }
+};
+
+// ---- 8 and 9: TIS, TID ----
+
+struct IntentStatus {
+    using Value = decltype(Derived::tis);
+    static void read(Value &status, const uint8_t *octets) {
+        status.nav = bit(octets[0], 8);
+        status.nvb = bit(octets[0], 7);
+    }
+    static void summarize(TextWriter &out, const Value &status) {
+        out.print("%s %s", status.nav ? "UNAVAILABLE" : "AVAILABLE", status.nvb ? "INVALID" : "VALID");
+    }
+    static void show(HtmlWriter &html, const Value &status) {
+        BitTable table(html);
+        table.flag("Bit[0]", "TRAJECTORY_INTENT_UNAVAILABLE", status.nav);
+        table.flag("Bit[1]", "TRAJECTORY_INTENT_INVALID", status.nvb);
+    }
+};
+
+struct IntentData {
+    using Value = decltype(Derived::tid);
+    using Point = ast_062_trajectory_point_t;
+    static constexpr uint64_t kPointOctets = 15;
+
+    static Point read_point(const uint8_t *octets) {
+        constexpr int32_t kAltitudeLsbFt = 10;
+        constexpr double kRadiusLsbNm = 0.01;
+        Point point{};
+        point.tca = bit(octets[0], 8);
+        point.nc = bit(octets[0], 7);
+        point.tcpn = bits(octets[0], 6, 1);
+        point.altitude_raw = read_i16(octets + 1);
+        point.latitude_raw = read_i24(octets + 3);
+        point.longitude_raw = read_i24(octets + 6);
+        point.pt = bits(octets[9], 8, 5);
+        point.td = bits(octets[9], 4, 3);
+        point.tra = bit(octets[9], 2);
+        point.toa = bit(octets[9], 1);
+        point.tov_s = read_u24(octets + 10);
+        point.ttr_raw = read_u16(octets + 13);
+        point.altitude_ft = point.altitude_raw * kAltitudeLsbFt;
+        point.latitude_deg = point.latitude_raw * kLowPositionLsbDeg;
+        point.longitude_deg = point.longitude_raw * kLowPositionLsbDeg;
+        point.ttr_nm = point.ttr_raw * kRadiusLsbNm;
+        return point;
+    }
+
+    static uint64_t held(const Value &intent) { return std::min<uint64_t>(intent.count, std::size(intent.points)); }
+
+    static void read(Value &intent, const uint8_t *octets) {
+        intent.count = octets[0];
+        for (uint64_t i = 0; i < held(intent); ++i) intent.points[i] = read_point(octets + 1 + i * kPointOctets);
+    }
+
+    static void summarize(TextWriter &out, const Value &intent) {
+        out.print("TIP:%zu", static_cast<size_t>(intent.count));
+    }
+
+    static void show(HtmlWriter &html, const Value &intent) {
+        static constexpr const char *kTypes[] = {
+            "UNKNOWN",        "FLY_BY_WAYPOINT",    "FLY_OVER_WAYPOINT",
+            "HOLD_PATTERN",   "PROCEDURE_HOLD",     "PROCEDURE_TURN",
+            "RF_LEG",         "TOP_OF_CLIMB",       "TOP_OF_DESCENT",
+            "START_OF_LEVEL", "CROSSOVER_ALTITUDE", "TRANSITION_ALTITUDE",
+        };
+        static constexpr const char *kTurns[] = {"N/A", "RIGHT", "LEFT", "NO_TURN"};
+        html.title("Trajectory Intent Point List");
+        DetailTable table(html, "Number", "Compliance", "Altitude LSB=FT", "WGS84_COORDINATES", "Type", "Turn",
+                          "Time over Point LSB=SEC", "Turn Radius LSB=NM");
+        for (uint64_t i = 0; i < held(intent); ++i) {
+            const Point &point = intent.points[i];
+            table.row(point.tca ? kNone : Cell<4>("%u", point.tcpn), point.nc ? "NO" : "YES",
+                      Cell<12>("%d", point.altitude_ft), ast_latlong_to_str(point.latitude_deg, point.longitude_deg),
+                      text_of(kTypes, point.pt, "UNKNOWN"), kTurns[point.td],
+                      point.toa ? kNone : Cell<12>("%u", point.tov_s),
+                      point.tra ? Cell<12>("%.2f", point.ttr_nm) : kNone);
+        }
+    }
+};
+
+// ---- 10 to 12: COM, SAB, ACS ----
+
+struct Capability {
+    using Value = decltype(Derived::com);
+    static void read(Value &status, const uint8_t *octets) {
+        status.com = ast_transponder_comm_cap_from_int(bits(octets[0], 8, 6));
+        status.stat = ast_radar_flight_status_from_int(bits(octets[0], 5, 3));
+        status.ssc = bit(octets[1], 8);
+        status.arc = bit(octets[1], 7);
+        status.aic = bit(octets[1], 6);
+        status.b1a = bit(octets[1], 5);
+        status.b1b = static_cast<uint8_t>(bits(octets[1], 4, 1));
+    }
+    static void summarize(TextWriter &out, const Value &status) {
+        out.print("COM:%s FS:%s", ast_transponder_comm_cap_to_str(status.com),
+                  ast_radar_flight_status_to_str(status.stat));
+    }
+    static void show(HtmlWriter &html, const Value &status) {
+        BitTable table(html);
+        table.row("Bit[0-2]", "COMMUNICATION_CAPABILITY", ast_transponder_comm_cap_to_str(status.com));
+        table.row("Bit[3-5]", "FLIGHT_STATUS", ast_radar_flight_status_to_str(status.stat));
+        table.flag("Bit[8]", "SPECIFIC_SERVICE_CAPABILITY", status.ssc);
+        table.row("Bit[9]", "ALTITUDE_REPORTING_CAPABILITY", status.arc ? "25FT" : "100FT");
+        table.flag("Bit[10]", "ACID_CAPABILITY", status.aic);
+        table.row("Bit[11]", "BDS10_BIT16", BinaryOctet(status.b1a));
+        table.row("Bit[12-15]", "BDS10_BIT37-40", BinaryOctet(status.b1b));
+    }
+};
+
+struct AdsbStatus {
+    using Value = decltype(Derived::sab);
+    static void read(Value &status, const uint8_t *octets) {
+        status.ac = ast_acas_status_from_int(bits(octets[0], 8, 7));
+        status.mn = ast_multi_navids_status_from_int(bits(octets[0], 6, 5));
+        status.dc = ast_diff_correction_status_from_int(bits(octets[0], 4, 3));
+        status.gbs = bit(octets[0], 2);
+        status.stat = ast_emergency_status_from_int(bits(octets[1], 3, 1));
+    }
+    static void summarize(TextWriter &out, const Value &status) {
+        out.print("%s EMG:%s", status.gbs ? "GBS" : "NO_GBS", ast_emergency_status_to_str(status.stat));
+    }
+    static void show(HtmlWriter &html, const Value &status) {
+        BitTable table(html);
+        table.row("Bit[0-1]", "ACAS_STATUS", ast_acas_status_to_str(status.ac));
+        table.row("Bit[2-3]", "MULTIPLE_NAVIDS_STATUS", ast_multi_navids_status_to_str(status.mn));
+        table.row("Bit[4-5]", "DIFFERENTIAL_CORRECTION_STATUS", ast_diff_correction_status_to_str(status.dc));
+        table.flag("Bit[6]", "GROUND_BIT_SET", status.gbs);
+        table.row("Bit[13-15]", "STAT", ast_emergency_status_to_str(status.stat));
+    }
+};
+
+struct AcasAdvisory {
+    using Value = decltype(Derived::acs);
+    static void read(Value &advisory, const uint8_t *octets) {
+        advisory.bds = ast_bds_decode(octets, kRegisterOctets, kAcasRegister);
+    }
+    static void summarize(TextWriter &out, const Value &advisory) {
+        out.append(ast_bds_type_to_str_simple(advisory.bds.bds));
+    }
+    static void show(HtmlWriter &html, const Value &advisory) { write_register(html, advisory.bds); }
+};
+
+// ---- 13 to 18: BVR, GVR, RAN, TAR, TAN, GSP ----
+
+constexpr SubfieldScale kVerticalRate = {kTwoOctets,
+                                         kVerticalLsbFt,
+                                         Sign::TwosComplement,
+                                         "FT/M",
+                                         "VERTICAL_RATE LSB=6.25FT/M",
+                                         "VERTICAL_RATE LSB=FT/M",
+                                         "VERTICAL_RATE LSB=METER/M",
+                                         kVerticalLsbM};
+using VerticalRate =
+    ScaledSubfield<&ast_062_vertical_rate_t::rate_raw, &ast_062_vertical_rate_t::rate_ft_min, kVerticalRate>;
+
+using Ran = decltype(Derived::ran);
+constexpr SubfieldScale kRollAngle = {kTwoOctets,          0.01, Sign::TwosComplement, "DEG", "ROLL_ANGLE LSB=0.01DEG",
+                                      "ROLL_ANGLE LSB=DEG"};
+using RollAngle = ScaledSubfield<&Ran::roll_raw, &Ran::roll_deg, kRollAngle>;
+
+struct TrackAngleRate {
+    using Value = decltype(Derived::tar);
+    static void read(Value &turn, const uint8_t *octets) {
+        constexpr double kLsbDegPerS = 0.25;
+        turn.ti = bits(octets[0], 8, 7);
+        turn.rate_raw = twos_complement(bits(octets[1], 8, 2), 7);
+        turn.rate_deg_s = turn.rate_raw * kLsbDegPerS;
+    }
+    static void summarize(TextWriter &out, const Value &turn) { out.print("%.2f DEG/SEC", turn.rate_deg_s); }
+    static void show(HtmlWriter &html, const Value &turn) {
+        static constexpr const char *kIndicators[] = {"NOT_AVAILABLE", "LEFT", "RIGHT", "STRAIGHT"};
+        BitTable table(html);
+        table.row("Bit[0-1]", "TURN_INDICATOR", kIndicators[turn.ti]);
+        table.scaled("Bit[8-14]", "RATE_OF_TURN LSB=1/4 DEG/SEC", turn.rate_raw, "RATE_OF_TURN LSB=DEG/SEC",
+                     turn.rate_deg_s);
+    }
+};
+
+constexpr SubfieldScale kTrackAngle = {
+    kTwoOctets, kAngleLsbDeg, Sign::None, "DEG", "TRACK_ANGLE LSB=360/2^16 DEG", "TRACK_ANGLE LSB=DEG"};
+using TrackAngle = Angle<kTrackAngle>;
+
+using Gsp = decltype(Derived::gsp);
+constexpr SubfieldScale kGroundSpeed = {kTwoOctets,
+                                        kFineSpeedLsbKt,
+                                        Sign::TwosComplement,
+                                        "KT",
+                                        "GROUND_SPEED LSB=2^-14 NM/SEC",
+                                        "GROUND_SPEED LSB=KT",
+                                        "GROUND_SPEED LSB=NM/SEC",
+                                        1 / kSpeedUnitsPerNmPerS};
+using GroundSpeed = ScaledSubfield<&Gsp::speed_raw, &Gsp::speed_kt, kGroundSpeed>;
+
+// ---- 19 to 21: VUN, MET, EMC ----
+
+struct VelocityUncertainty {
+    using Value = decltype(Derived::vun);
+    static void read(Value &uncertainty, const uint8_t *octets) { uncertainty.category = octets[0]; }
+    static void summarize(TextWriter &out, const Value &uncertainty) { out.print("%u", uncertainty.category); }
+    static void show(HtmlWriter &html, const Value &uncertainty) {
+        OctetTable(html).number(kOneOctet, "VELOCITY_UNCERTAINTY_CATEGORY", uncertainty.category);
+    }
+};
+
+struct Weather {
+    using Value = decltype(Derived::met);
+    static void read(Value &weather, const uint8_t *octets) {
+        constexpr double kTemperatureLsbC = 0.25;
+        weather.ws = bit(octets[0], 8);
+        weather.wd = bit(octets[0], 7);
+        weather.tmp = bit(octets[0], 6);
+        weather.trb = bit(octets[0], 5);
+        weather.wind_speed_kt = read_u16(octets + 1);
+        weather.wind_direction_deg = read_u16(octets + 3);
+        weather.temperature_raw = read_i16(octets + 5);
+        weather.temperature_c = weather.temperature_raw * kTemperatureLsbC;
+        weather.turbulence = octets[7];
+    }
+    static void summarize(TextWriter &out, const Value &weather) {
+        out.print("WS:%u KT WD:%u DEG TMP:%f C", weather.wind_speed_kt, weather.wind_direction_deg,
+                  weather.temperature_c);
+    }
+    static void show(HtmlWriter &html, const Value &weather) {
+        BitTable table(html);
+        table.flag("Bit[0]", "WIND_SPEED_VALID", weather.ws);
+        table.flag("Bit[1]", "WIND_DIRECTION_VALID", weather.wd);
+        table.flag("Bit[2]", "TEMPERATURE_VALID", weather.tmp);
+        table.flag("Bit[3]", "TURBULENCE_VALID", weather.trb);
+        table.number("Octet[1-2]", "WIND_SPEED LSB:KT", weather.wind_speed_kt);
+        table.number("Octet[3-4]", "WIND_DIRECTION LSB:DEG", weather.wind_direction_deg);
+        table.scaled("Octet[5-6]", "TEMPERATURE LSB:0.25 CELSIUS", weather.temperature_raw, "TEMPERATURE LSB:CELSIUS",
+                     weather.temperature_c);
+        table.number("Octet[7]", "TURBULENCE", weather.turbulence);
+    }
+};
+
+struct EmitterCategory {
+    using Value = decltype(Derived::emc);
+    static void read(Value &emitter, const uint8_t *octets) {
+        emitter.category = ast_emitter_category_from_int(octets[0]);
+    }
+    static void summarize(TextWriter &out, const Value &emitter) {
+        out.append(ast_emitter_category_to_str(emitter.category, AST_STYLE_SHORT));
+    }
+    static void show(HtmlWriter &html, const Value &emitter) {
+        OctetTable(html).row(kOneOctet, "EMITTER_CATEGORY",
+                             ast_emitter_category_to_str(emitter.category, AST_STYLE_LONG));
+    }
+};
+
+// ---- 23 to 25: GAL, PUN, MB ----
+
+using Gal = decltype(Derived::gal);
+constexpr SubfieldScale kGeometricAltitude = {
+    kTwoOctets,           kVerticalLsbFt, Sign::TwosComplement, "FT", "GEO_ALTITUDE LSB=6.25FT", "GEO_ALTITUDE LSB=FT",
+    "GEO_ALTITUDE LSB=M", kVerticalLsbM};
+using GeometricAltitude = ScaledSubfield<&Gal::altitude_raw, &Gal::altitude_ft, kGeometricAltitude>;
+
+struct PositionUncertainty {
+    using Value = decltype(Derived::pun);
+    static void read(Value &uncertainty, const uint8_t *octets) { uncertainty.category = bits(octets[0], 4, 1); }
+    static void summarize(TextWriter &out, const Value &uncertainty) {
+        out.print("%.u", uncertainty.category); // 0 shows as nothing; viewers know it so
+    }
+    static void show(HtmlWriter &html, const Value &uncertainty) {
+        BitTable(html).number("Bit[4-7]", "POSITION_UNCERTAINTY", uncertainty.category);
+    }
+};
+
+struct Registers {
+    using Value = decltype(Derived::mb);
+    static void read(Value &data, const uint8_t *octets) {
+        data.count = octets[0];
+        read_registers(data.registers, data.count, octets + 1);
+    }
+    static void summarize(TextWriter &out, const Value &data) {
+        out.append("BDS:");
+        for (uint64_t i = 0; i < held_registers(data.registers, data.count); ++i)
+            out.print("%s ", ast_bds_type_to_str_simple(data.registers[i].bds)); // the last blank stays
+    }
+    static void show(HtmlWriter &html, const Value &data) {
+        write_registers(html, data.registers, held_registers(data.registers, data.count));
+    }
+};
+
+// ---- 27 and 28: MAC, BPS ----
+
+struct MachNumber {
+    using Value = decltype(Derived::mac);
+    static void read(Value &speed, const uint8_t *octets) {
+        constexpr double kLsb = 0.008;
+        speed.mach_raw = read_u16(octets);
+        speed.mach = speed.mach_raw * kLsb;
+    }
+    static void summarize(TextWriter &out, const Value &speed) { out.print("%.3f MACH", speed.mach); }
+    static void show(HtmlWriter &html, const Value &speed) {
+        OctetTable table(html);
+        table.scaled(kTwoOctets, "MACH LSB=0.008 MACH", speed.mach_raw, "MACH LSB=MACH", speed.mach);
+    }
+};
+
+struct PressureSetting {
+    using Value = decltype(Derived::bps);
+    static void read(Value &setting, const uint8_t *octets) {
+        constexpr double kBaseMb = 800;
+        constexpr double kLsbMb = 0.1;
+        setting.pressure_raw = field(octets, 5, 16);
+        setting.pressure_mb = kBaseMb + setting.pressure_raw * kLsbMb;
+    }
+    static void summarize(TextWriter &out, const Value &setting) { out.print("%.1f MB", setting.pressure_mb); }
+    static void show(HtmlWriter &html, const Value &setting) {
+        BitTable table(html);
+        table.scaled("Bit[4-15]", "BPS BASE=800 MB LSB=0.1 MB", setting.pressure_raw, "BPS LSB=MB",
+                     setting.pressure_mb);
+    }
+};
+
+// ---- The subfields ----
+
+// Some names are known with their spellings.
+constexpr SubfieldRow kAircraftDerived[] = {
+    subfield<&Derived::adr, TargetAddress>("ADR", "Target Address", fixed<3>),
+    subfield<&Derived::id, TargetIdentification>("ID", "Target Identification", fixed<6>),
+    subfield<&Derived::mhg, MagneticHeading>("MHG", "Magnetic Heading", fixed<2>),
+    subfield<&Derived::ias, AirspeedOrMach>("IAS", "Indicated Airspeed / Mach No", fixed<2>),
+    subfield<&Derived::tas, Airspeed<kTrueAirspeed>>("TAS", "True Airspeed", fixed<2>),
+    subfield<&Derived::sal, SelectedAltitude>("SAL", "Selected Altitude", fixed<2>),
+    subfield<&Derived::fss, FinalSelectedAltitude>("FSS", "Final State Selected Altitude", fixed<2>),
+    subfield<&Derived::tis, IntentStatus>("TIS", "Trajectory Intent Status", fixed<1>),
+    subfield<&Derived::tid, IntentData>("TID", "Trajectory Intent Data", repetitive<IntentData::kPointOctets>),
+    subfield<&Derived::com, Capability>("COM", "Communications / ACAS Capability and Flight Status reported by Mode-S",
+                                        fixed<2>),
+    subfield<&Derived::sab, AdsbStatus>("SAB", "Status reported by ADS-B", fixed<2>),
+    subfield<&Derived::acs, AcasAdvisory>("ACS", "ACAS Resolution Avisory Report", fixed<kRegisterOctets>),
+    subfield<&Derived::bvr, VerticalRate>("BVR", "Brometric Vertical Rate", fixed<2>),
+    subfield<&Derived::gvr, VerticalRate>("GVR", "Geometric Vertical Rate", fixed<2>),
+    subfield<&Derived::ran, RollAngle>("RAN", "Roll Angle", fixed<2>),
+    subfield<&Derived::tar, TrackAngleRate>("TAR", "Track Angle Rate", fixed<2>),
+    subfield<&Derived::tan, TrackAngle>("TAN", "Track Angle", fixed<2>),
+    subfield<&Derived::gsp, GroundSpeed>("GSP", "Ground Speed", fixed<2>),
+    subfield<&Derived::vun, VelocityUncertainty>("VUN", "Velocity Uncertainty Category", fixed<1>),
+    subfield<&Derived::met, Weather>("MET", "Met Data", fixed<8>),
+    subfield<&Derived::emc, EmitterCategory>("EMC", "Emitter Category", fixed<1>),
+    subfield<&Derived::pos, Position>("POS", "Position", fixed<6>),
+    subfield<&Derived::gal, GeometricAltitude>("GAL", "Geometric Altitude", fixed<2>),
+    subfield<&Derived::pun, PositionUncertainty>("PUN", "Position Uncertainty", fixed<1>),
+    subfield<&Derived::mb, Registers>("MB", "Mode-S MB Data", repetitive<kRegisterElementOctets>),
+    subfield<&Derived::iar, Airspeed<kIndicatedAirspeed>>("IAR", "Indicated Airspeed", fixed<2>),
+    subfield<&Derived::mac, MachNumber>("MAC", "Mach Number", fixed<2>),
+    subfield<&Derived::bps, PressureSetting>("BPS", "Barometric Pressure Setting", fixed<2>),
+};
+
+} // namespace
+
+AST_DEFINE_COMPOUND(kItem380, 62380, kAircraftDerived, ast_dataitem_062_380_get_size, ast_subfield_062_380_get_size,
+                    ast_subfield_062_380_get_id, ast_subfield_062_380_get_name, ast_subfield_062_380_get_summary,
+                    ast_subfield_062_380_get_detail_html, .summarizes_unknown_subfields = true)
+AST_DEFINE_COMPOUND_DECODE(kItem380, kAircraftDerived, Derived, ast_dataitem_062_380_decode)
+AST_DEFINE_SUBFIELD_SUMMARY(kItem380, ast_subfield_062_380_get_summary)
+AST_DEFINE_SUBFIELD_DETAIL(kItem380, ast_subfield_062_380_get_detail_html)
+
+constinit const Compound ast::cat062::kAircraftDerivedData = kItem380;

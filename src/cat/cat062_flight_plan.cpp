@@ -1,0 +1,269 @@
+// I062/390: the flight plan that the track is correlated with.
+
+#include "cat/cat062.hpp"
+#include "items/code.hpp"
+
+using namespace ast;
+using namespace ast::cat062;
+
+namespace {
+
+using Plan = ast_dataitem_062_390_t;
+
+constexpr char kInvalid[] = "INVALID";
+
+// ---- Texts: CSN, TAC, WTC, DEP, DST, RDS, AST, STD, STA, PEC ----
+
+// What the texts of subfields are shown as.
+constexpr char kCallsign[] = "Callsign";
+constexpr char kAircraftType[] = "Type of Aircraft";
+constexpr char kWakeTurbulence[] = "Wake Turbulence Category";
+constexpr char kDeparture[] = "Departure Airport";
+constexpr char kDestination[] = "Destination Airport";
+constexpr char kRunway[] = "Runway Designation";
+constexpr char kStand[] = "Aircraft Stand";
+constexpr char kInstrumentDeparture[] = "Standard Instrument Departure (SID)";
+constexpr char kInstrumentArrival[] = "Standard Instrument Arrival (STAR)";
+constexpr char kEmergencyCallsign[] = "Pre-Emergency Callsign";
+
+// A text of so many characters, in ASCII.
+template <const char *Label, uint64_t Chars>
+struct Text {
+    using Value = ast_062_text_t;
+    static_assert(Chars < sizeof(Value::text));
+
+    static void read(Value &text, const uint8_t *octets) { std::memcpy(text.text, octets, Chars); }
+
+    static void summarize(TextWriter &out, const Value &text) {
+        if (is_blank(text))
+            out.append(kInvalid);
+        else
+            append_received(out, {text.text, Chars});
+    }
+
+    static void show(HtmlWriter &html, const Value &text) {
+        html.paragraph("%s: %s", Label, ReceivedText<Chars>(text.text).c_str());
+        DetailTable table(html, "Octet", "ASCII");
+        for (unsigned i = 0; i < Chars; ++i) table.row(Cell<9>("Octet[%u]", i), ReceivedText<1>(&text.text[i]));
+    }
+
+    static bool is_blank(const Value &text) {
+        return std::all_of(text.text, text.text + Chars,
+                           [](char character) { return character == ' ' || character == '\0'; });
+    }
+};
+
+// ---- 3 and 4: IFI, FCT ----
+
+struct FlightId {
+    using Value = decltype(Plan::ifi);
+    static void read(Value &id, const uint8_t *octets) {
+        id.typ = bits(octets[0], 8, 7);
+        id.nbr = field(octets, 6, 32);
+    }
+    static void summarize(TextWriter &out, const Value &id) { out.print("TYP:%s NUM:%u", type(id), id.nbr); }
+    static void show(HtmlWriter &html, const Value &id) {
+        BitTable table(html);
+        table.row("Bit[0-1]", "TYPE", type(id));
+        table.number("Bit[5-31]", "NUMBER", id.nbr);
+    }
+    static const char *type(const Value &id) {
+        static constexpr const char *kTypes[] = {"PLAN_NUMBER", "UNIT1", "UNIT2", "UNIT3"};
+        return kTypes[id.typ];
+    }
+};
+
+struct FlightCategory {
+    using Value = decltype(Plan::fct);
+    static constexpr uint32_t kGeneral = 1;
+    static constexpr uint32_t kOperational = 2;
+    static constexpr uint32_t kNoRules = 2;
+    static constexpr uint32_t kApproved = 1;
+    static constexpr char kUnknown[] = "UNKNOWN";
+    static constexpr char kNotApplicable[] = "NOT_APPLICABLE";
+    static constexpr const char *kTraffic[] = {kUnknown, "GAT", "OAT", kNotApplicable};
+    static constexpr const char *kRules[] = {"IFR", "VFR", kNotApplicable, "CVFR"};
+
+    static void read(Value &category, const uint8_t *octets) {
+        category.gat_oat = bits(octets[0], 8, 7);
+        category.fr = bits(octets[0], 6, 5);
+        category.rvsm = bits(octets[0], 4, 3);
+        category.hpr = bit(octets[0], 2);
+    }
+
+    static void summarize(TextWriter &out, const Value &category) {
+        const auto word = [&](bool is_shown, const char *text) {
+            if (!is_shown) return;
+            out.append(shown_if(out.length() != 0, " "));
+            out.append(text);
+        };
+        word(category.gat_oat == kGeneral || category.gat_oat == kOperational, kTraffic[category.gat_oat]);
+        word(category.fr != kNoRules, kRules[category.fr]);
+        word(category.rvsm == kApproved, "RVSM");
+        word(category.hpr, "HPR");
+    }
+
+    static void show(HtmlWriter &html, const Value &category) {
+        static constexpr const char *kSeparation[] = {kUnknown, "APPROVED", "EXEMPT", "NOT_APPROVED"};
+        BitTable table(html);
+        table.row("Bit[0-1]", "GAT_OAT", kTraffic[category.gat_oat]);
+        table.row("Bit[2-3]", "VFR_CTRL", kRules[category.fr]);
+        table.row("Bit[4-5]", "RVSM", kSeparation[category.rvsm]);
+        table.flag("Bit[6]", "HIGH_PRIORITY_FLIGHT", category.hpr);
+    }
+};
+
+// ---- 10 to 12: CFL, CTL, TOD ----
+
+struct ClearedLevel {
+    using Value = decltype(Plan::cfl);
+    static void read(Value &level, const uint8_t *octets) {
+        level.level_raw = read_u16(octets);
+        level.level_ft = level.level_raw * kLevelLsbFt;
+    }
+    static void summarize(TextWriter &out, const Value &level) { out.print("%05u FT", level.level_ft); }
+    static void show(HtmlWriter &html, const Value &level) {
+        OctetTable table(html);
+        table.scaled("Octet[0-1]", "CFL LSB=1/4 FL", level.level_raw, "CFL LSB=FT", level.level_ft);
+    }
+};
+
+struct ControlPosition {
+    using Value = decltype(Plan::ctl);
+    static void read(Value &control, const uint8_t *octets) {
+        control.centre = octets[0];
+        control.position = octets[1];
+    }
+    static void summarize(TextWriter &out, const Value &control) {
+        out.print("CEN:%03u POS:%03u", control.centre, control.position);
+    }
+    static void show(HtmlWriter &html, const Value &control) {
+        OctetTable table(html);
+        table.number("Octet[0]", "CENTRE", control.centre);
+        table.number("Octet[1]", "POSITION", control.position);
+    }
+};
+
+struct Times {
+    using Value = decltype(Plan::tod);
+    using Time = std::remove_extent_t<decltype(Value::times)>;
+    static constexpr uint64_t kTimeOctets = 4;
+
+    static Time read_time(const uint8_t *octets) {
+        return {.typ = bits(octets[0], 8, 4),
+                .day = bits(octets[0], 3, 2),
+                .hour = bits(octets[1], 5, 1),
+                .minute = bits(octets[2], 6, 1),
+                .avs = bit(octets[3], 8),
+                .second = bits(octets[3], 6, 1)};
+    }
+
+    static uint64_t held(const Value &tod) { return std::min<uint64_t>(tod.count, std::size(tod.times)); }
+
+    static void read(Value &tod, const uint8_t *octets) {
+        tod.count = octets[0];
+        for (uint64_t i = 0; i < held(tod); ++i) tod.times[i] = read_time(octets + 1 + i * kTimeOctets);
+    }
+
+    static void summarize(TextWriter &out, const Value &tod) { out.print("%zu TIMES", static_cast<size_t>(tod.count)); }
+
+    static void show(HtmlWriter &html, const Value &tod) {
+        static constexpr const char *kTypes[] = {
+            "Scheduled off-block time", "Estimated off-block time",      "Estimated take-off time",
+            "Actual off-block time",    "Predicted time at runway hold", "Actual time at runway hold",
+            "Actual line-up time",      "Actual take-off time",          "Estimated time of arrival",
+            "Predicted landing time",   "Actual landing time",           "Actual time off runway",
+            "Predicted time to gate",   "Actual on-block time",
+        };
+        static constexpr const char *kDays[] = {"Today", "Yesterday", "Tomorrow", "Invalid"};
+        DetailTable table(html, "Type", "Date", "Time");
+        for (uint64_t i = 0; i < held(tod); ++i) {
+            const Time &time = tod.times[i];
+            const Cell<9> with_seconds("%02u:%02u:%02u", time.hour, time.minute, time.second);
+            const Cell<9> without_seconds("%02u:%02u", time.hour, time.minute);
+            table.row(text_of(kTypes, time.typ, "Unknown time"), kDays[time.day],
+                      time.avs ? without_seconds : with_seconds);
+        }
+    }
+};
+
+// ---- 14: STS ----
+
+struct StandStatus {
+    using Value = decltype(Plan::sts);
+    static void read(Value &stand, const uint8_t *octets) {
+        stand.emp = bits(octets[0], 8, 7);
+        stand.avl = bits(octets[0], 6, 5);
+    }
+    static void summarize(TextWriter &out, const Value &stand) {
+        out.print("EMP:%s AVL:%s", occupation(stand), availability(stand));
+    }
+    static void show(HtmlWriter &html, const Value &stand) {
+        BitTable table(html);
+        table.row("Bit[0-1]", "OCCUPATION", occupation(stand));
+        table.row("Bit[2-3]", "AVAILABILITY", availability(stand));
+    }
+    static const char *occupation(const Value &stand) {
+        static constexpr const char *kTexts[] = {"EMPTY", "OCCUPIED", "UNKNOWN", kInvalid};
+        return kTexts[stand.emp];
+    }
+    static const char *availability(const Value &stand) {
+        static constexpr const char *kTexts[] = {"AVAILABLE", "UNAVAILABLE", "UNKNOWN", kInvalid};
+        return kTexts[stand.avl];
+    }
+};
+
+// ---- 17: PEM ----
+
+struct EmergencyCode {
+    using Value = decltype(Plan::pem);
+    static void read(Value &code, const uint8_t *octets) {
+        code.va = bit(octets[0], 5);
+        code.code = field(octets, 5, 16);
+    }
+    static void summarize(TextWriter &out, const Value &code) {
+        if (code.va)
+            out.print("%04o", code.code);
+        else
+            out.append(kInvalid);
+    }
+    static void show(HtmlWriter &html, const Value &code) {
+        BitTable table(html);
+        table.flag("Bit[3]", "VALID", code.va);
+        write_code_digits(table, code.code);
+    }
+};
+
+// ---- The subfields ----
+
+constexpr SubfieldRow kFlightPlan[] = {
+    subfield<&Plan::tag, Source>("TAG", "FPPS Identification Tag", fixed<2>),
+    subfield<&Plan::csn, Text<kCallsign, 7>>("CSN", "Callsign", fixed<7>),
+    subfield<&Plan::ifi, FlightId>("IFI", "IFPS Flight ID", fixed<4>),
+    subfield<&Plan::fct, FlightCategory>("FCT", "Flight Category", fixed<1>),
+    subfield<&Plan::tac, Text<kAircraftType, 4>>("TAC", "Type of Aircraft", fixed<4>),
+    subfield<&Plan::wtc, Text<kWakeTurbulence, 1>>("WTC", "Wake Turbulence Category", fixed<1>),
+    subfield<&Plan::dep, Text<kDeparture, 4>>("DEP", "Departure Airport", fixed<4>),
+    subfield<&Plan::dst, Text<kDestination, 4>>("DST", "Destination Airport", fixed<4>),
+    subfield<&Plan::rds, Text<kRunway, 3>>("RDS", "Runway Designation", fixed<3>),
+    subfield<&Plan::cfl, ClearedLevel>("CFL", "Current Cleared Flight Level", fixed<2>),
+    subfield<&Plan::ctl, ControlPosition>("CTL", "Current Control Position", fixed<2>),
+    subfield<&Plan::tod, Times>("TOD", "Time of Departure / Arrival", repetitive<Times::kTimeOctets>),
+    subfield<&Plan::ast, Text<kStand, 6>>("AST", "Aircraft Stand", fixed<6>),
+    subfield<&Plan::sts, StandStatus>("STS", "Stand Status", fixed<1>),
+    subfield<&Plan::std, Text<kInstrumentDeparture, 7>>("STD", "Standard Instrument Departure", fixed<7>),
+    subfield<&Plan::sta, Text<kInstrumentArrival, 7>>("STA", "Standard Instrument Arrival", fixed<7>),
+    subfield<&Plan::pem, EmergencyCode>("PEM", "Pre-emergency Mode 3/A Code", fixed<2>),
+    subfield<&Plan::pec, Text<kEmergencyCallsign, 7>>("PEC", "Pre-emergency Callsign", fixed<7>),
+};
+
+} // namespace
+
+AST_DEFINE_COMPOUND(kItem390, 62390, kFlightPlan, ast_dataitem_062_390_get_size, ast_subfield_062_390_get_size,
+                    ast_subfield_062_390_get_id, ast_subfield_062_390_get_name, ast_subfield_062_390_get_summary,
+                    ast_subfield_062_390_get_detail_html, .summarizes_unknown_subfields = true)
+AST_DEFINE_COMPOUND_DECODE(kItem390, kFlightPlan, Plan, ast_dataitem_062_390_decode)
+AST_DEFINE_SUBFIELD_SUMMARY(kItem390, ast_subfield_062_390_get_summary)
+AST_DEFINE_SUBFIELD_DETAIL(kItem390, ast_subfield_062_390_get_detail_html)
+
+constinit const Compound ast::cat062::kFlightPlanRelatedData = kItem390;

@@ -61,8 +61,7 @@ void ItemTexts::read_detail(const ast_dataitem_t &item) {
     markup_.clear();
     texts_.clear();
     read_fragment(
-        views_.show(ast_dataitem_get_detail_html, item),
-        [&](std::string_view markup) { markup_ += markup; },
+        views_.show(ast_dataitem_get_detail_html, item), [&](std::string_view markup) { markup_ += markup; },
         [&](std::string_view text) {
             markup_ += kGap;
             texts_.push_back(escape(text));

@@ -16,7 +16,8 @@ namespace astdump {
 //     T  type  name                              a type of items; types, shapes and items are counted from 0 each
 //     S  pieces                                  a shape: the detail view of the first item that had it, as markup and
 //                                                text in turn
-//     D  type  octets  summary  shape  changes   an item; of the texts of its shape those that are different, each behind
+//     D  type  octets  summary  shape  changes   an item; of the texts of its shape those that are different, each
+//     behind
 //                                                its place
 //
 // Texts are escaped.

@@ -62,8 +62,7 @@ void PageChunk::block(const DecodedBlock &decoded, TextBuffer &) {
     put_block_line(lines_, decoded);
     lines_.put('\n');
     for (uint64_t i = 0; i < block.record_count; ++i)
-        if (decoded.shown[i])
-            record(record_line(i + 1, record_note(block.records[i], block.uap)), block.records[i]);
+        if (decoded.shown[i]) record(record_line(i + 1, record_note(block.records[i], block.uap)), block.records[i]);
     if (decoded.fault) fault(decoded);
 }
 

@@ -76,8 +76,7 @@ std::optional<Packet> PlainCapture::packet(Octets rest) const {
     const uint32_t seconds = number(rest.data());
     const uint32_t fraction = number(rest.data() + 4);
     const uint32_t octets = number(rest.data() + 8);
-    const bool odd =
-        octets > max_octets_ || seconds > kMaxSeconds || fraction >= kNanosecondsPerSecond / nanoseconds_;
+    const bool odd = octets > max_octets_ || seconds > kMaxSeconds || fraction >= kNanosecondsPerSecond / nanoseconds_;
     if (odd || octets > rest.size() - kPacketHeaderOctets) return std::nullopt;
     return Packet{{seconds, fraction * nanoseconds_}, rest.subspan(kPacketHeaderOctets, octets)};
 }

@@ -70,21 +70,23 @@ TEST(Damage, ShowsWhatTheFurthestProfileMakesOfABlock) {
                           "13: I021/148 runs past the end of the block\nastdump: lost: 1 block invalid\n");
 }
 
-TEST(Damage, EndsADatagramOrARawFile) {
+TEST(Damage, OfALenIsPassedOverToTheNextBlocks) {
     const DamageCase raw[] = {
         {"LEN below 3", hex("30 0002 FF FF"),
-         "offset 11: category 048: LEN is 2, less than the block header; 16 octets left unread"},
+         "offset 11: category 048: LEN is 2, less than the block header; 5 octets skipped"},
         {"LEN past the end", hex("30 0100 FF FF"),
-         "offset 11: category 048: LEN is 256, but only 16 octets are left; 16 octets left unread"},
+         "offset 11: category 048: LEN is 256, but only 5 octets are left; 5 octets skipped"},
+        {"LEN into the next block", hex("22 000E F0 19"),
+         "offset 11: category 034: LEN is 14, but only 5 octets are left; 5 octets skipped"},
     };
     for (const DamageCase &test : raw) {
         SCOPED_TRACE(test.name);
         Command command;
-        command.write("input", between(test.octets));
+        command.write("input", between(test.octets) + kSector);
         const Result result = command.run("--stats input");
         EXPECT_EQ(result.status, 1);
-        EXPECT_EQ(result.err, "astdump: input: " + std::string(test.report) + "\nastdump: lost: 16 octets skipped\n");
-        EXPECT_NE(result.out.find("all               1"), std::string::npos);
+        EXPECT_EQ(result.err, "astdump: input: " + std::string(test.report) + "\nastdump: lost: 5 octets skipped\n");
+        EXPECT_NE(result.out.find("all               3"), std::string::npos) << result.out;
     }
     Command command;
     command.write("input", pcap(1, {ethernet(ipv4(udp(kSector + hex("30 0002") + kSector))),
@@ -93,8 +95,8 @@ TEST(Damage, EndsADatagramOrARawFile) {
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.err, "astdump: input: packet 1, octet 11: category 048: LEN is 2, less than the block header\n"
                           "astdump: input: packet 2, octet 11: 1 octet, too few for a block header\n"
-                          "astdump: lost: 15 octets skipped\n");
-    EXPECT_NE(result.out.find("all               3"), std::string::npos);
+                          "astdump: lost: 4 octets skipped\n");
+    EXPECT_NE(result.out.find("all               4"), std::string::npos) << result.out;
 }
 
 TEST(Damage, OfACaptureKeepsWhatCameBefore) {
@@ -194,7 +196,7 @@ TEST(Damage, OfALargeRawFileIsFoundAtItsOffset) {
     EXPECT_NE(result.out.find("034           54547          1      54547       218185         665541"),
               std::string::npos)
         << result.out;
-    EXPECT_NE(result.err.find("offset 665541: 2 octets, too few for a block header; 2 octets left unread"),
+    EXPECT_NE(result.err.find("offset 665541: 2 octets, too few for a block header; 2 octets skipped"),
               std::string::npos)
         << result.err;
 }

@@ -38,7 +38,7 @@ bool Capture::fill(Chunk &chunk) {
         plain_.reset();
         chunk.clear();
     }
-    return fill_by_libpcap(chunk);
+    return fill_by_libpcap(chunk) || payloads_.tell(chunk.damage());
 }
 
 bool Capture::fill_in_place(Chunk &chunk) {
@@ -88,10 +88,10 @@ void Capture::dissect(const Packet &packet, Chunk &chunk) try {
     const auto udp = dissector_->dissect(packet.frame);
     if (!udp) return;
     if (udp->truncated) chunk.damage().truncated(packet_, udp->payload.size());
-    chunk.add({.octets = udp->rebuilt.empty() ? udp->payload : chunk.keep(udp->rebuilt),
-               .packet = packet_,
-               .time = packet.time,
-               .endpoints = udp->endpoints});
+    payloads_.add(chunk, {.octets = udp->rebuilt.empty() ? udp->payload : chunk.keep(udp->rebuilt),
+                          .packet = packet_,
+                          .time = packet.time,
+                          .endpoints = udp->endpoints});
 } catch (const std::runtime_error &error) {
     chunk.damage().packet(packet_, error.what());
 }

@@ -7,6 +7,7 @@
 
 #include "dissect.hpp"
 #include "input.hpp"
+#include "payload.hpp"
 #include "plain_capture.hpp"
 
 namespace astdump {
@@ -31,6 +32,7 @@ private:
     std::optional<PlainCapture> plain_; // until something is left to libpcap
     std::unique_ptr<pcap_t, Close> capture_;
     std::optional<Dissector> dissector_;
+    Payloads payloads_;
     uint64_t packet_ = 0;
     bool ended_ = false;
 };

@@ -31,6 +31,11 @@ Octets Chunk::keep(Octets octets) {
     return {copy, octets.size()};
 }
 
+Octets Chunk::keep_apart(Octets octets) {
+    kept_.emplace_back(octets.begin(), octets.end());
+    return kept_.back();
+}
+
 void Chunk::add(const Datagram &datagram) {
     datagrams_.push_back(datagram);
     damage_.place = datagrams_.size();

@@ -26,6 +26,9 @@ public:
     // A copy of octets that lie elsewhere, as good as the chunk.
     Octets keep(Octets octets);
 
+    // The same, apart from the octets that are read in their order.
+    Octets keep_apart(Octets octets);
+
     void add(const Datagram &datagram);
     const std::vector<Datagram> &datagrams() const { return datagrams_; }
 

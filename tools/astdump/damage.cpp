@@ -12,7 +12,7 @@ namespace {
 // "packet 12, octet 40" of its payload in a capture, "offset 1234" in a raw file.
 std::string place_text(const Datagram &datagram, uint64_t offset) {
     if (datagram.packet == 0) return "offset " + std::to_string(datagram.offset + offset);
-    return "packet " + std::to_string(datagram.packet) + ", octet " + std::to_string(offset);
+    return "packet " + std::to_string(datagram.packet) + ", octet " + std::to_string(datagram.offset + offset);
 }
 
 std::string category_text(uint32_t category) {
@@ -57,10 +57,14 @@ void Damage::packet(uint64_t number, const std::string &what) {
 void Damage::framing(const Datagram &datagram, uint64_t offset, const Frame &frame) {
     const uint64_t available = datagram.octets.size() - offset;
     std::string text = place_text(datagram, offset) + ": " + framing_text(frame, available);
-    if (datagram.packet == 0)
-        text +=
-            datagram.unread ? "; " + counted(*datagram.unread, "octet") + " left unread" : "; the rest is left unread";
+    if (datagram.packet == 0) text += "; " + counted(datagram.unread.value_or(available), "octet") + " skipped";
     report(text, {.skipped = datagram.unread.value_or(available)});
+}
+
+void Damage::skipped(uint64_t offset, uint64_t octets, std::string_view framing) {
+    report("offset " + std::to_string(offset) + ": " + counted(octets, "octet") + " that are no " +
+               std::string(framing) + " frame; skipped",
+           {.skipped = octets});
 }
 
 void Damage::block(const DecodedBlock &decoded) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "decode.hpp"
@@ -27,6 +28,9 @@ public:
     // A report that has been made elsewhere.
     void pass_on(const Report &report);
 
+    // Something worth knowing that is no damage.
+    void note(const std::string &what) { report(what, {}); }
+
     // The input is not read to its end.
     void input(const std::string &what);
 
@@ -41,6 +45,9 @@ public:
 
     // Octets of a datagram, from `offset` on, that do not start a whole block.
     void framing(const Datagram &datagram, uint64_t offset, const Frame &frame);
+
+    // Octets of a file that are no frame of its framing.
+    void skipped(uint64_t offset, uint64_t octets, std::string_view framing);
 
     void block(const DecodedBlock &decoded);
 

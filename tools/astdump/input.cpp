@@ -4,6 +4,7 @@
 #include <array>
 
 #include "capture.hpp"
+#include "framed_file.hpp"
 #include "raw_file.hpp"
 #include "split.hpp"
 #include "udp_source.hpp"
@@ -37,24 +38,38 @@ bool is_capture(Octets head) {
     return one_of(0, kPcapMagics) || (has_magic(head, 0, kSectionHeader) && one_of(kByteOrderOffset, kByteOrders));
 }
 
-// Tells captures from raw blocks by their magic numbers, and looks no further than these need, since a file that is to
-// be waited for may hold only one block as yet.
-std::unique_ptr<Source> open_source(OctetStream &stream) {
-    Octets head = stream.peek(sizeof(Magic));
-    if (has_magic(head, 0, kSectionHeader)) head = stream.peek(kByteOrderOffset + sizeof(Magic));
-    if (is_capture(head)) return std::make_unique<Capture>(stream);
-    return std::make_unique<RawFile>(stream);
+// How much of a file is looked at to tell its framing.
+constexpr size_t kHeadOctets = size_t{64} * 1024;
+
+// Of a pipe or a file that grows, one block may be all that there is as yet; those are raw blocks unless it is said.
+const FramingKind *framing_of(OctetStream &stream) {
+    if (!stream.size()) return nullptr;
+    const Octets head = stream.peek(kHeadOctets);
+    return recognise_framing(head, head.size() == *stream.size());
+}
+
+// Tells captures by their magic numbers, and looks no further than these need.
+std::unique_ptr<Source> open_source(OctetStream &stream, const FramingKind *framing) {
+    if (!framing) {
+        Octets head = stream.peek(sizeof(Magic));
+        if (has_magic(head, 0, kSectionHeader)) head = stream.peek(kByteOrderOffset + sizeof(Magic));
+        if (is_capture(head)) return std::make_unique<Capture>(stream);
+        framing = framing_of(stream);
+    }
+    if (!framing || framing == find_framing("raw")) return std::make_unique<RawFile>(stream);
+    return std::make_unique<FramedFile>(stream, *framing);
 }
 
 } // namespace
 
-Input::Input(const std::string &path, const std::string &interface, Waiting *waiting, bool follow) {
+Input::Input(const std::string &path, const std::string &interface, Waiting *waiting, bool follow,
+             const FramingKind *framing) {
     if (const auto endpoint = read_udp_url(path)) {
         source_ = std::make_unique<UdpSource>(*endpoint, interface, *waiting);
         return;
     }
     stream_ = std::make_unique<OctetStream>(path, waiting, follow);
-    source_ = open_source(*stream_);
+    source_ = open_source(*stream_, framing);
 }
 
 bool Input::fill(Chunk &chunk) {

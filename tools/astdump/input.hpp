@@ -6,6 +6,7 @@
 #include <string>
 
 #include "chunk.hpp"
+#include "framing/framing.hpp"
 #include "octet_stream.hpp"
 
 namespace astdump {
@@ -25,7 +26,9 @@ public:
     // With `waiting`, which a socket needs, the user can end the input; with `follow`, new octets are waited for at the
     // end of a file. Sockets use the `interface`, or, if that is empty, the one that the system chooses. Throws
     // std::system_error when the file cannot be opened.
-    Input(const std::string &path, const std::string &interface, Waiting *waiting, bool follow);
+    // The framing of a file is found out where it is null.
+    Input(const std::string &path, const std::string &interface, Waiting *waiting, bool follow,
+          const FramingKind *framing = nullptr);
 
     // As a source does. The blocks of the chunk are numbered.
     bool fill(Chunk &chunk);

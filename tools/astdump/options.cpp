@@ -63,8 +63,15 @@ std::vector<std::string> profile_names() {
     return names;
 }
 
+std::vector<std::string> framing_names() {
+    std::vector<std::string> names = {"auto"};
+    for (const FramingKind &framing : framings()) names.emplace_back(framing.name);
+    return names;
+}
+
 struct Texts {
     std::string profile = "auto";
+    std::string framing = "auto";
     std::string categories = "0-255";
     std::vector<std::string> conditions;
 };
@@ -85,6 +92,11 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     describe_live(app, options);
     app.add_option("--uap", texts.profile, "Profile to decode with, see below; auto, if not given, tries them")
         ->check(CLI::IsMember(profile_names()).description(""))
+        ->type_name("NAME");
+    app.add_option("--framing", texts.framing,
+                   "How the blocks of a file are wrapped: raw, final, gps, oradis, hdlc, mac-llc or hex; auto, if not "
+                   "given, finds out")
+        ->check(CLI::IsMember(framing_names()).description(""))
         ->type_name("NAME");
     app.add_option("--category", texts.categories, "Categories to show, such as 34,48 or 1-21")
         ->check([](const std::string &list) {
@@ -116,6 +128,7 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
 // What the parser cannot tell. Throws std::invalid_argument for a mistake.
 void complete(Options &options, const Texts &texts) {
     options.profile = find_profile(texts.profile);
+    options.framing = find_framing(texts.framing);
     options.categories = *read_categories(texts.categories);
     for (const std::string &condition : texts.conditions) options.where.push_back(read_condition(condition));
     const bool live =

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "filter.hpp"
+#include "framing/framing.hpp"
 #include "profiles.hpp"
 
 namespace astdump {
@@ -17,6 +18,7 @@ using CategorySet = std::bitset<256>;
 struct Options {
     std::vector<std::string> files;
     const ast_uap_info_t *profile = nullptr; // null: chosen for each block
+    const FramingKind *framing = nullptr;    // of files; null: found out
     CategorySet categories;                  // to be shown
     std::vector<Condition> where;            // that records must meet to be shown
     std::optional<uint64_t> count;           // of blocks to be shown

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "framing/framing.hpp"
 #include "split.hpp"
 
 namespace astdump {
@@ -12,31 +13,37 @@ bool needs_more(Framing framing) { return framing == Framing::short_header || fr
 
 } // namespace
 
-// No more octets mend a LEN that does not count the header.
+// The first block has to be whole before anything can be said; no more octets mend a LEN that does not count the
+// header. Behind that, a place where blocks break off is passed over to the next one where they run again.
 bool RawFile::fill(Chunk &chunk) {
-    if (ended_) return false;
     window_.open(chunk);
     Frame first = frame_block(chunk.octets());
-    while (needs_more(first.framing) && window_.read(chunk)) first = frame_block(chunk.octets());
+    while (needs_more(first.framing) && read(chunk)) first = frame_block(chunk.octets());
+    Soundness soundness = check_blocks(chunk.octets(), is_read_);
+    while (soundness.sound == 0 && !soundness.gap && read(chunk)) soundness = check_blocks(chunk.octets(), is_read_);
+    if (soundness.sound == 0 && !soundness.gap) soundness = check_blocks(chunk.octets(), true);
     const Octets octets = chunk.octets();
-    const uint64_t whole = count_blocks(octets).octets;
-    if (whole != 0) {
-        chunk.add({.octets = octets.first(whole), .offset = offset_});
-        window_.leave(chunk, whole);
-        offset_ += whole;
-        return true;
-    }
-    ended_ = true;
-    // A block that was about to be written when the user had seen enough is no damage.
-    if (octets.empty() || (stream_.cut_off() && needs_more(first.framing))) return false;
-    chunk.add(last_one(octets));
-    return true;
+    if (soundness.sound != 0) chunk.add({.octets = octets.first(soundness.sound), .offset = offset_});
+    uint64_t taken = soundness.sound;
+    if (soundness.gap && !is_cut_off(octets.subspan(taken))) add_gap(chunk, taken, *soundness.gap);
+    taken += soundness.gap.value_or(0);
+    window_.leave(chunk, taken);
+    offset_ += taken;
+    return !chunk.datagrams().empty();
 }
 
-Datagram RawFile::last_one(Octets rest) const {
-    Datagram datagram{.octets = rest, .offset = offset_};
-    if (stream_.size()) datagram.unread = std::max(*stream_.size(), offset_ + rest.size()) - offset_;
-    return datagram;
+bool RawFile::read(Chunk &chunk) {
+    if (!is_read_ && window_.read(chunk)) return true;
+    is_read_ = true;
+    return false;
+}
+
+// A block that was about to be written when the user had seen enough is no damage.
+bool RawFile::is_cut_off(Octets rest) const { return stream_.cut_off() && needs_more(frame_block(rest).framing); }
+
+// As a datagram of its own, which starts with no whole block.
+void RawFile::add_gap(Chunk &chunk, uint64_t place, uint64_t octets) {
+    chunk.add({.octets = chunk.octets().subspan(place, octets), .offset = offset_ + place, .unread = octets});
 }
 
 } // namespace astdump

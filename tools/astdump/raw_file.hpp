@@ -10,17 +10,18 @@ class RawFile : public Source {
 public:
     explicit RawFile(OctetStream &stream) : stream_(stream), window_(stream) {}
 
-    // Whole blocks as one datagram, or, where no block can be framed, all that has been read; nothing is read behind
-    // that.
+    // Whole blocks as one datagram, and what lies between them as another.
     bool fill(Chunk &chunk) override;
 
 private:
-    Datagram last_one(Octets rest) const;
+    bool read(Chunk &chunk);
+    bool is_cut_off(Octets rest) const;
+    void add_gap(Chunk &chunk, uint64_t place, uint64_t octets);
 
     OctetStream &stream_;
     Window window_;
     uint64_t offset_ = 0; // of the next chunk in the file
-    bool ended_ = false;
+    bool is_read_ = false;
 };
 
 } // namespace astdump

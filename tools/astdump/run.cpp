@@ -59,7 +59,7 @@ int Run::files() {
 void Run::file(const std::string &path, Pipeline &pipeline) {
     name_ = path == "-" ? "standard input" : path;
     damage_.set_file(name_);
-    input_.emplace(path, options_.interface, waiting_, options_.follow);
+    input_.emplace(path, options_.interface, waiting_, options_.follow, options_.framing);
     for (const auto &sink : sinks_) sink->file(name_);
     consumed_ = 0;
     if (!done()) pipeline.run();

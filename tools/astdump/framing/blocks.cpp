@@ -1,0 +1,115 @@
+// What tells blocks from other octets.
+
+#include <array>
+
+#include "../split.hpp"
+#include "framing.hpp"
+
+namespace astdump {
+
+namespace {
+
+constexpr auto kIsPublished = [] {
+    std::array<bool, 256> is_published{};
+    for (const int category : {1,  2,  3,  4,  7,  8,  9,  10, 11, 15, 16, 17, 18, 19,  20,  21,
+                               23, 24, 25, 30, 31, 32, 33, 34, 48, 61, 62, 63, 65, 205, 240, 247})
+        is_published[static_cast<size_t>(category)] = true;
+    return is_published;
+}();
+
+// Whether a block's first FSPEC announces something and ends within it.
+bool has_fspec(Octets records) {
+    constexpr uint8_t kFx = 0x01;
+    bool announces = false;
+    for (const uint8_t octet : records) {
+        announces = announces || (octet & ~kFx) != 0;
+        if ((octet & kFx) == 0) return announces;
+    }
+    return false;
+}
+
+// The length of a block at the beginning of octets, 0 when there is none.
+uint64_t block_at(Octets octets) {
+    const Frame frame = frame_block(octets);
+    if (frame.framing != Framing::block || !kIsPublished[frame.category]) return 0;
+    const Octets records = octets.subspan(kBlockHeaderOctets, frame.length - kBlockHeaderOctets);
+    return has_fspec(records) ? frame.length : 0;
+}
+
+} // namespace
+
+uint64_t chain_of_blocks(Octets octets) {
+    uint64_t place = 0;
+    while (place < octets.size()) {
+        const uint64_t length = block_at(octets.subspan(place));
+        if (length == 0) break;
+        place += length;
+    }
+    return place;
+}
+
+bool has_published_category(Octets block) { return !block.empty() && kIsPublished[block[0]]; }
+
+namespace {
+
+// The first place after `from` at which blocks run again: two of them, or one that ends where the octets do.
+std::optional<uint64_t> next_blocks(Octets octets, uint64_t from) {
+    for (uint64_t place = from + 1; place < octets.size(); ++place) {
+        const uint64_t length = block_at(octets.subspan(place));
+        if (length == 0) continue;
+        const Octets behind = octets.subspan(place + length);
+        if (behind.empty() || block_at(behind) != 0) return place;
+    }
+    return std::nullopt;
+}
+
+// Whether a block that is none of the published ones still stands among others.
+bool is_in_line(Octets octets, const Frame &frame, bool is_end) {
+    const Octets behind = octets.subspan(frame.length);
+    if (behind.empty()) return is_end;
+    return behind[0] == frame.category || block_at(behind) != 0;
+}
+
+} // namespace
+
+Soundness check_blocks(Octets octets, bool is_end) {
+    Soundness result;
+    uint64_t last = 0; // where the last sound block begins
+    while (result.sound < octets.size()) {
+        const Octets rest = octets.subspan(result.sound);
+        const Frame frame = frame_block(rest);
+        const bool is_whole = frame.framing == Framing::block;
+        if (is_whole && (block_at(rest) != 0 || is_in_line(rest, frame, is_end))) {
+            last = result.sound;
+            result.sound += frame.length;
+            continue;
+        }
+        if (!is_whole && frame.framing != Framing::short_length && !is_end) {
+            // What is no beginning of a block, either, may be where a wrong LEN has led.
+            if (!has_published_category(rest) && rest[0] != octets[last]) result.sound = last;
+            return result;
+        }
+        const auto next = next_blocks(octets, result.sound == 0 ? 0 : last);
+        if (!next && !is_end) return result;
+        if (next && *next < result.sound) result.sound = last;
+        result.gap = next.value_or(octets.size()) - result.sound;
+        return result;
+    }
+    return result;
+}
+
+Framed frame_of(uint64_t octets, Octets blocks, std::optional<uint32_t> centiseconds) {
+    if (blocks.empty() || chain_of_blocks(blocks) != blocks.size()) return {};
+    return {.state = Framed::State::frame, .octets = octets, .blocks = blocks, .centiseconds = centiseconds};
+}
+
+// ---- Blocks back to back: every block is a frame ----
+
+Framed find_raw(Octets rest, std::vector<uint8_t> &) {
+    const Frame frame = frame_block(rest);
+    if (frame.framing == Framing::short_length) return {};
+    if (frame.framing != Framing::block) return rest.empty() || kIsPublished[rest[0]] ? incomplete_frame() : Framed{};
+    return frame_of(frame.length, rest.first(frame.length));
+}
+
+} // namespace astdump

@@ -1,0 +1,75 @@
+#include "payload.hpp"
+
+#include "framing/framing.hpp"
+#include "text.hpp"
+
+namespace astdump {
+
+namespace {
+
+// The blocks of ORADIS frames back to back, as datagrams of their own; false when the payload is anything else.
+bool add_unwrapped(Chunk &chunk, const Datagram &datagram) {
+    std::vector<uint8_t> storage;
+    std::vector<Octets> blocks;
+    for (Octets rest = datagram.octets; !rest.empty();) {
+        const Framed framed = find_oradis(rest, storage);
+        if (framed.state != Framed::State::frame) return false;
+        blocks.push_back(framed.blocks);
+        rest = rest.subspan(framed.octets);
+    }
+    for (const Octets octets : blocks) {
+        Datagram part = datagram;
+        part.octets = octets;
+        part.offset = static_cast<uint64_t>(octets.data() - datagram.octets.data());
+        chunk.add(part);
+    }
+    return true;
+}
+
+} // namespace
+
+void Payloads::add(Chunk &chunk, const Datagram &datagram) {
+    if (chain_of_blocks(datagram.octets) == datagram.octets.size()) return chunk.add(datagram);
+    if (add_unwrapped(chunk, datagram)) return;
+    for (uint64_t place = 0; place < datagram.octets.size();) {
+        const Soundness soundness = check_blocks(datagram.octets.subspan(place), true);
+        add_part(chunk, datagram, place, soundness.sound);
+        place += soundness.sound;
+        const uint64_t gap = soundness.gap.value_or(0);
+        if (!is_trailer(datagram.octets, place, gap))
+            add_part(chunk, datagram, place, gap);
+        else
+            count_trailer(gap);
+        place += gap;
+    }
+}
+
+void Payloads::add_part(Chunk &chunk, const Datagram &datagram, uint64_t place, uint64_t octets) {
+    if (octets == 0) return;
+    Datagram part = datagram;
+    part.octets = datagram.octets.subspan(place, octets);
+    part.offset = place;
+    chunk.add(part);
+}
+
+// A block that is cut short has a published category; octets of a recorder's own hardly begin with one.
+bool Payloads::is_trailer(Octets payload, uint64_t place, uint64_t octets) {
+    constexpr uint64_t kMostOctets = 64;
+    const bool is_last = place != 0 && octets != 0 && place + octets == payload.size();
+    return is_last && octets <= kMostOctets && !has_published_category(payload.subspan(place));
+}
+
+void Payloads::count_trailer(uint64_t octets) {
+    ++trailers_;
+    trailer_octets_ += octets;
+}
+
+bool Payloads::tell(Damage &damage) {
+    if (trailers_ == 0) return false;
+    damage.note(counted(trailers_, "datagram") + " with octets behind the last block, " +
+                counted(trailer_octets_, "octet") + " in all; passed over");
+    trailers_ = 0;
+    return true;
+}
+
+} // namespace astdump

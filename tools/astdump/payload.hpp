@@ -1,0 +1,26 @@
+// What the payload of a datagram holds: blocks, blocks that a recorder has wrapped, and octets behind them.
+#pragma once
+
+#include "chunk.hpp"
+
+namespace astdump {
+
+class Payloads {
+public:
+    // Adds the blocks of a datagram to a chunk; what is no block stays with them, so that it is reported, but for
+    // octets that a recorder puts behind the last one, which are counted.
+    void add(Chunk &chunk, const Datagram &datagram);
+
+    // Tells once what was counted; false when there is nothing to tell.
+    bool tell(Damage &damage);
+
+private:
+    static void add_part(Chunk &chunk, const Datagram &datagram, uint64_t place, uint64_t octets);
+    static bool is_trailer(Octets payload, uint64_t place, uint64_t octets);
+    void count_trailer(uint64_t octets);
+
+    uint64_t trailers_ = 0; // datagrams
+    uint64_t trailer_octets_ = 0;
+};
+
+} // namespace astdump

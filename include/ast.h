@@ -42,6 +42,7 @@
  *     registers.h     Comm-B replies of Mode S transponders by BDS code
  *     enumerations.h  the texts of the codes in items
  *     queries.h       the common quantities of a record, whatever its category; keywords to show and filter by
+ *     schema.h        what every published field means; records as JSON, both ways
  *     catNNN.h        what category NNN adds: its own items, accessors, and a flat record that holds all of a record
  *
  * The functions of an item are named after it, ast_dataitem_048_040_... for I048/040 and ast_dataitem_time_of_day_...
@@ -95,6 +96,7 @@
 #include "ast/registers.h"
 #include "ast/enumerations.h"
 #include "ast/queries.h"
+#include "ast/schema.h"
 
 #include "ast/cat001.h"
 #include "ast/cat002.h"

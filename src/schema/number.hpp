@@ -1,0 +1,77 @@
+// Quantities and numbers as decimal digits, exactly both ways: what is printed reads back to the same bits.
+#pragma once
+
+#include <string_view>
+
+#include "schema/field.hpp"
+
+namespace ast::schema {
+
+// Room for a number: sign, twenty digits and a point.
+constexpr unsigned kNumberChars = 24;
+
+constexpr char digit(uint64_t value) { return static_cast<char>('0' + value); }
+
+// A number with its last digits behind the point, zeros at the end left out. Writes up to kNumberChars at out, and
+// returns the end of what is the number.
+inline char *put_decimal(char *out, uint64_t value, unsigned decimals) {
+    while (decimals != 0 && value % 10 == 0) value /= 10, --decimals;
+    char digits[2 * kNumberChars]; // as much behind the number, so that one copy of fixed size takes it
+    char *const last = digits + kNumberChars;
+    char *first = last;
+    if (decimals != 0) {
+        for (; decimals != 0; --decimals, value /= 10) *--first = digit(value % 10);
+        *--first = '.';
+    }
+    do *--first = digit(value % 10);
+    while (value /= 10);
+    __builtin_memcpy(out, first, kNumberChars);
+    return out + (last - first);
+}
+
+inline char *put_number(char *out, uint64_t value) {
+    if (value >= 10) return put_decimal(out, value, 0);
+    *out = digit(value);
+    return out + 1;
+}
+
+// The magnitude of a raw number below zero in two's complement.
+constexpr bool is_negative(const Field &field, uint64_t raw) {
+    return field.kind == Kind::Signed && (raw >> (field.bits - 1) & 1) != 0;
+}
+constexpr uint64_t magnitude(const Field &field, uint64_t raw) {
+    return is_negative(field, raw) ? (uint64_t{1} << field.bits) - raw : raw;
+}
+
+// In units of the last decimal shown, rounded half up.
+constexpr uint64_t in_decimals(const Field &field, uint64_t raw) {
+    return (raw * field.factor + (field.shift == 0 ? 0 : uint64_t{1} << (field.shift - 1))) >> field.shift;
+}
+
+constexpr int64_t power_of_ten(unsigned exponent) {
+    int64_t power = 1;
+    while (exponent-- != 0) power *= 10;
+    return power;
+}
+
+// A number or quantity of a field.
+inline char *put_value(char *out, const Field &field, uint64_t raw) {
+    const uint64_t size = magnitude(field, raw);
+    *out = '-';
+    out += is_negative(field, raw);
+    if (!field.is_quantity()) return put_number(out, size);
+    if (field.offset == 0) [[likely]]
+        return put_decimal(out, in_decimals(field, size), field.decimals);
+    const int64_t value = static_cast<int64_t>(in_decimals(field, size)) + field.offset * power_of_ten(field.decimals);
+    *out = '-';
+    out += value < 0;
+    return put_decimal(out, static_cast<uint64_t>(value < 0 ? -value : value), field.decimals);
+}
+
+// The same as a floating-point number.
+double number_of(const Field &field, uint64_t raw);
+
+// What a JSON number is as the raw number of a field, to the nearest step; what is wrong otherwise, else null.
+const char *read_value(uint64_t &raw, const Field &field, std::string_view number);
+
+} // namespace ast::schema

@@ -42,7 +42,8 @@ AST_API uint64_t ast_dataitem_get_published_size(const uint8_t *data, uint64_t a
 #define AST_FIELD_OCTAL UINT32_C(4)    /* a code of octal digits */
 #define AST_FIELD_ASCII UINT32_C(5)    /* characters of eight bits */
 #define AST_FIELD_ICAO UINT32_C(6)     /* characters of six bits, as in a target identification */
-#define AST_FIELD_REGISTER UINT32_C(7) /* a Mode S register: its seven octets, and its number behind them in 64 bits   \
+#define AST_FIELD_REGISTER                                                                                             \
+    UINT32_C(7)                        /* a Mode S register: its seven octets, and its number behind them in 64 bits   \
                                         */
 #define AST_FIELD_EXPLICIT UINT32_C(8) /* octets behind a length that counts itself */
 

@@ -58,7 +58,8 @@ ast_field_t description_of(const Field &field, const char *path) {
 
 // What has no line of its own: its members are those of what it stands in.
 bool is_inside(const Field &field) {
-    return field.kind == Kind::Part || field.kind == Kind::When || field.kind == Kind::None || field.kind == Kind::Status;
+    return field.kind == Kind::Part || field.kind == Kind::When || field.kind == Kind::None ||
+           field.kind == Kind::Status;
 }
 
 class Describer {
@@ -184,7 +185,8 @@ private:
     }
     static void character(TextWriter &out, char c) { out.append({&c, 1}); }
     static void digits(TextWriter &out, uint64_t value, unsigned count, unsigned bits) {
-        for (unsigned i = count; i != 0; --i) character(out, kHexDigits[value >> (bits * (i - 1)) & ((1U << bits) - 1)]);
+        for (unsigned i = count; i != 0; --i)
+            character(out, kHexDigits[value >> (bits * (i - 1)) & ((1U << bits) - 1)]);
     }
     void trim(uint64_t length) {
         while (length != 0 && text_[length - 1] == ' ') text_[--length] = '\0';

@@ -157,9 +157,8 @@ private:
             out_.put(0, field->bits);
             return true;
         }
-        return fault_.within(field->name(), [&] {
-            return value.empty() ? fault_.set(kMissing, text) : this->field(field, value);
-        });
+        return fault_.within(field->name(),
+                             [&] { return value.empty() ? fault_.set(kMissing, text) : this->field(field, value); });
     }
 
     static bool has_any(const Field *field, const JsonObject &object) {
@@ -313,7 +312,8 @@ private:
         JsonChars text(value);
         for (unsigned i = 0; i < field->bits / 8U; ++i) {
             const char character = text.is_at_end() ? ' ' : text.next();
-            if (!is_printable(static_cast<uint8_t>(character))) return fault_.set("has a character beyond ASCII", value);
+            if (!is_printable(static_cast<uint8_t>(character)))
+                return fault_.set("has a character beyond ASCII", value);
             out_.put(static_cast<uint8_t>(character), 8);
         }
         return text.is_at_end() || fault_.set(kTooLong, value);
@@ -342,8 +342,9 @@ private:
 // ---- Records ----
 
 // The members of a line that are no items.
-constexpr Slice kLineKeys[] = {"\"file\"",   "\"block\"",    "\"record\"",  "\"time\"",      "\"source\"", "\"destination\"",
-                               "\"offset\"", "\"category\"", "\"profile\"", "\"ambiguous\"", "\"error\"",  "\"octets\""};
+constexpr Slice kLineKeys[] = {"\"file\"",    "\"block\"",       "\"record\"", "\"time\"",
+                               "\"source\"",  "\"destination\"", "\"offset\"", "\"category\"",
+                               "\"profile\"", "\"ambiguous\"",   "\"error\"",  "\"octets\""};
 
 bool is_line_key(Slice key) {
     for (const Slice known : kLineKeys)
@@ -355,13 +356,13 @@ bool is_line_key(Slice key) {
 struct Choice {
     uint32_t category;
     Slice item;
-    Slice member; // empty where the item is the value
+    Slice member;         // empty where the item is the value
     uint64_t first, last; // of the other profile
 };
+constexpr Field kCode = row(Kind::Code, "", "", 8);
 constexpr Choice kChoices[] = {{1, "\"I020\"", "\"TYP\"", 0, 0}, {7, "\"I410\"", "", 5, 8}};
 
 ast_uap_t published_profile(uint32_t category, const JsonObject &record) {
-    static constexpr Field kCode = row(Kind::Code, "", "", 8);
     for (const Choice &choice : kChoices) {
         if (choice.category != category) continue;
         Slice value = JsonObject(record).take(choice.item);
@@ -431,8 +432,7 @@ private:
 
     bool line() {
         uint64_t category = 0;
-        if (!object_.has("\"category\""))
-            return fault_.within("category", [&] { return fault_.set(kMissing, text_); });
+        if (!object_.has("\"category\"")) return fault_.within("category", [&] { return fault_.set(kMissing, text_); });
         if (!whole(category, "\"category\"", 8) || !whole(result_.block, "\"block\"", 32)) return false;
         result_.category = static_cast<uint32_t>(category);
         result_.is_data = object_.has("\"data\"");
@@ -484,8 +484,14 @@ private:
             item.is_present = !item.value.empty() || is_opaque(item);
             if (!item.value.empty()) --wanted;
             if (item.is_present) last_ = frn;
+            if (item.type == AST_DATAITEM_TYPE(result_.category, 0)) read_message_type(item.value);
         }
         return wanted == 0 || reject_unknown();
+    }
+
+    void read_message_type(Slice value) {
+        uint64_t type = 0;
+        if (!read_leaf(type, kCode, value)) context_.message_type = static_cast<uint32_t>(type);
     }
 
     bool reject_unknown() {
@@ -545,30 +551,36 @@ private:
     bool item(const Announced &item) {
         const uint64_t before = out_.octets();
         uint64_t count = 0;
-        const bool has_octets = !item.octets.empty() && hex_octets(count, item.octets);
-        const bool has_room_for_octets = out_.has_room_for(count);
-        if (has_octets && has_room_for_octets) {
-            const BitReader bits(out_.here(), count, 0);
-            put_hex_octets(out_, item.octets);
-            if (still_mean(bits, item)) return read_message_type(item, bits);
-            out_.rewind(before);
-        }
-        if (item.value.empty()) { // octets for which there is no room
-            out_.rewind(before + count);
-            return true;
-        }
-        const BitReader written(out_.here(), 1, 0);
-        const bool has_room = out_.has_room_for(1);
-        const Slice name = between_quotes(item.field ? key_of(*item.field) : Slice("\"octets\""));
-        if (!fault_.within(name, [&] { return encode(item); })) return false;
-        if (!has_room_for_octets && out_.octets() < before + count) size_ += before + count - out_.octets(); // if they are taken
-        return !has_room || read_message_type(item, written);
+        if (item.octets.empty() || !hex_octets(count, item.octets)) return named(item);
+        if (!out_.has_room_for(count)) return size_alone(item, before + count);
+        const BitReader bits(out_.here(), count, 0);
+        put_hex_octets(out_, item.octets);
+        if (still_mean(bits, item)) return true;
+        out_.rewind(before);
+        return named(item);
     }
 
-    bool encode(const Announced &item) {
-        if (item.field) return Encoder(out_, fault_, context_).field(item.field, item.value);
+    // The values of an item, or its octets: without room for them, which ones it will be cannot be told, and the size
+    // is that of the longer ones.
+    bool size_alone(const Announced &item, uint64_t end_of_octets) {
+        Fault ignored;
+        if (item.value.empty() || !encode(item, ignored)) {
+            out_.rewind(end_of_octets);
+        } else if (out_.octets() < end_of_octets) {
+            size_ += end_of_octets - out_.octets();
+        }
+        return true;
+    }
+
+    bool named(const Announced &item) {
+        const Slice name = between_quotes(item.field ? key_of(*item.field) : Slice("\"octets\""));
+        return fault_.within(name, [&] { return encode(item, fault_); });
+    }
+
+    bool encode(const Announced &item, Fault &fault) {
+        if (item.field) return Encoder(out_, fault, context_).field(item.field, item.value);
         uint64_t count = 0;
-        if (!hex_octets(count, item.value)) return fault_.set(kNoHexDigits, item.value);
+        if (!hex_octets(count, item.value)) return fault.set(kNoHexDigits, item.value);
         put_hex_octets(out_, item.value);
         return true;
     }
@@ -579,12 +591,6 @@ private:
         if (!item.field) return false;
         Match match(item.value);
         return Walk<Match>(bits, match, context_).field(item.field) && match.holds();
-    }
-
-    bool read_message_type(const Announced &item, BitReader bits) {
-        if (item.type == AST_DATAITEM_TYPE(result_.category, 0))
-            context_.message_type = static_cast<uint32_t>(bits.take(8));
-        return true;
     }
 
     Slice json_;

@@ -113,7 +113,8 @@ private:
     bool escape() {
         ++at_;
         if (!take('u')) {
-            if (at_ >= text_.size() || Slice("\"\\/bfnrt").find(text_[at_]) == Slice::npos) return fail("has no such escape");
+            if (at_ >= text_.size() || Slice("\"\\/bfnrt").find(text_[at_]) == Slice::npos)
+                return fail("has no such escape");
             ++at_;
             return true;
         }

@@ -11,8 +11,8 @@ using Slice = std::string_view;
 
 constexpr unsigned kMaxJsonLevels = 32;
 
-// Whether a text is one JSON object and nothing but blanks around it. What is wrong and where, otherwise null: only what
-// this accepts may be given to the rest.
+// Whether a text is one JSON object and nothing but blanks around it. What is wrong and where, otherwise null: only
+// what this accepts may be given to the rest.
 struct JsonFault {
     const char *what = nullptr;
     uint64_t position = 0;

@@ -47,7 +47,8 @@ public:
     void octets(const Field &field, const uint8_t *data, uint64_t count) {
         const Slice value = take(field);
         must_hold(is_string(value));
-        if (holds_) must_hold(field.kind == Kind::Ascii ? is_same_text(data, count, value) : is_same_hex(data, count, value));
+        if (holds_)
+            must_hold(field.kind == Kind::Ascii ? is_same_text(data, count, value) : is_same_hex(data, count, value));
     }
 
 private:
@@ -106,7 +107,8 @@ private:
         if (!hex_octets(octets, value) || octets != count) return false;
         const Slice digits = between_quotes(value);
         for (uint64_t i = 0; i < count; ++i)
-            if ((ast_hex_to_int(digits[2 * i]) << kHexBits | ast_hex_to_int(digits[2 * i + 1])) != data[i]) return false;
+            if ((ast_hex_to_int(digits[2 * i]) << kHexBits | ast_hex_to_int(digits[2 * i + 1])) != data[i])
+                return false;
         return true;
     }
 

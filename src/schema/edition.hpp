@@ -75,8 +75,18 @@ consteval Edition edition(uint32_t category, const char *number, const char *tit
 // The newest edition of a category, or null.
 const Edition *newest_edition(uint32_t category);
 
+// The edition that a record of that profile is likeliest of; null for a category that is not published.
+const Edition *find_edition(uint32_t category, const ast_uap_t &uap);
+
 // The fields of an item type as a record of that profile carries it, or null where no edition describes them.
 const Field *find_item(ast_dataitem_type_t type, const ast_uap_t &uap);
+
+// The same with the edition at hand, for those who ask for many items of one category.
+inline const Field *find_item(ast_dataitem_type_t type, const ast_uap_t &uap, const Edition *edition) {
+    if (edition && type - AST_DATAITEM_TYPE(edition->category, 0) < 1000) [[likely]]
+        if (const Field *const field = edition->find(type - AST_DATAITEM_TYPE(edition->category, 0))) return field;
+    return find_item(type, uap);
+}
 
 // The fields of a Mode S register by its number, BDS 4,0 is 0x40; null for one without a table.
 const Field *find_register(uint32_t number);

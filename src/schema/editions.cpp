@@ -65,6 +65,10 @@ const Edition *newest_edition(uint32_t category) {
     return place == 0 ? nullptr : kNewest[place - 1];
 }
 
+const Edition *find_edition(uint32_t category, const ast_uap_t &uap) {
+    return category == kAdsB ? &ads_b_edition(uap) : newest_edition(category);
+}
+
 const Field *find_item(ast_dataitem_type_t type, const ast_uap_t &uap) {
     const uint32_t category = type / kNumbers;
     if (category == kAdsB) [[unlikely]]

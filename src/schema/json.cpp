@@ -136,7 +136,7 @@ private:
 
     bool number_or_word() {
         for (const Slice word : {Slice("null"), Slice("true"), Slice("false")})
-            if (text_.substr(at_).substr(0, word.size()) == word) {
+            if (slice(text_, at_, word.size()) == word) {
                 at_ += word.size();
                 return true;
             }
@@ -207,11 +207,11 @@ bool JsonItems::next() {
         if (text_[at_] == '}' || text_[at_] == ']') return false;
         if (text_[0] == '{') {
             const size_t end = after_string(text_, at_);
-            key_ = text_.substr(at_, end - at_);
+            key_ = slice(text_, at_, end - at_);
             at_ = after_blanks(text_, after_blanks(text_, end) + 1);
         }
         const size_t end = after_value(text_, at_);
-        value_ = text_.substr(at_, end - at_);
+        value_ = slice(text_, at_, end - at_);
         at_ = end;
     } while (is_null(value_));
     return true;
@@ -260,7 +260,7 @@ char JsonChars::next() {
     if (const size_t found = kLetters.find(escaped); found != Slice::npos) return kMeanings[found];
     if (escaped != 'u') return escaped;
     uint32_t code = 0;
-    for (const char c16 : rest_.substr(0, 4)) code = code * 16 + ast_hex_to_int(c16);
+    for (const char c16 : slice(rest_, 0, 4)) code = code * 16 + ast_hex_to_int(c16);
     rest_.remove_prefix(4);
     return code < 0x7F ? static_cast<char>(code) : kBeyondAscii;
 }

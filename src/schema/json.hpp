@@ -1,13 +1,10 @@
 // A JSON text, read where it stands.
 #pragma once
 
-#include <string_view>
-
 #include "ast.h"
+#include "schema/slice.hpp"
 
 namespace ast::schema {
-
-using Slice = std::string_view;
 
 constexpr unsigned kMaxJsonLevels = 32;
 
@@ -30,7 +27,7 @@ inline bool is_number(Slice value) {
     return !value.empty() && (value[0] == '-' || (value[0] >= '0' && value[0] <= '9'));
 }
 // Between the quotes, escapes as they are written.
-inline Slice between_quotes(Slice string) { return string.substr(1, string.size() - 2); }
+inline Slice between_quotes(Slice string) { return slice(string, 1, string.size() - 2); }
 
 // The members of an object, or the elements of an array, one after the other.
 class JsonItems {

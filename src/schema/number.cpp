@@ -1,6 +1,7 @@
 // Reading numbers.
 
 #include "schema/number.hpp"
+#include "schema/slice.hpp"
 
 namespace ast::schema {
 
@@ -26,7 +27,7 @@ constexpr bool is_digit(char c) { return c >= '0' && c <= '9'; }
 
 int32_t read_exponent(std::string_view text) {
     constexpr int32_t kHuge = 100000;
-    const bool is_negative = text[0] == '-';
+    const bool is_negative = text.starts_with('-');
     int32_t exponent = 0;
     for (const char c : text)
         if (is_digit(c) && exponent < kHuge) exponent = exponent * 10 + (c - '0');
@@ -43,7 +44,7 @@ Decimal read_decimal(std::string_view text) {
         if (c == '-') number.is_negative = true;
         if (c == '.') is_fraction = true;
         if (c == 'e' || c == 'E') {
-            number.exponent += read_exponent(text.substr(i + 1));
+            number.exponent += read_exponent(slice(text, i + 1));
             break;
         }
         if (!is_digit(c)) continue;

@@ -45,7 +45,7 @@ constexpr uint64_t magnitude(const Field &field, uint64_t raw) {
 
 // In units of the last decimal shown, rounded half up.
 constexpr uint64_t in_decimals(const Field &field, uint64_t raw) {
-    return (raw * field.factor + (field.shift == 0 ? 0 : uint64_t{1} << (field.shift - 1))) >> field.shift;
+    return (raw * field.factor + (uint64_t{1} << field.shift >> 1)) >> field.shift;
 }
 
 constexpr int64_t power_of_ten(unsigned exponent) {
@@ -56,6 +56,8 @@ constexpr int64_t power_of_ten(unsigned exponent) {
 
 // A number or quantity of a field.
 inline char *put_value(char *out, const Field &field, uint64_t raw) {
+    if (field.kind == Kind::Unsigned && field.is_quantity() && field.offset == 0)
+        return put_decimal(out, in_decimals(field, raw), field.decimals);
     const uint64_t size = magnitude(field, raw);
     *out = '-';
     out += is_negative(field, raw);

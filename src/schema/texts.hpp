@@ -1,9 +1,8 @@
 // The texts of codes, and characters.
 #pragma once
 
-#include <string_view>
-
 #include "schema/field.hpp"
+#include "schema/slice.hpp"
 
 namespace ast::schema {
 
@@ -11,7 +10,7 @@ namespace ast::schema {
 inline std::string_view text_of_code(const char *texts, uint64_t code) {
     std::string_view rest = texts ? texts : "";
     for (uint64_t next = 0; !rest.empty(); ++next) {
-        std::string_view text = rest.substr(0, rest.find('|'));
+        std::string_view text = slice(rest, 0, rest.find('|'));
         rest.remove_prefix(text.size() < rest.size() ? text.size() + 1 : rest.size());
         uint64_t number = 0;
         size_t digits = 0;
@@ -55,7 +54,7 @@ constexpr char kHexDigits[] = "0123456789ABCDEF";
 // The reference of an item within its category as documents write it, "I010" or "REF", whatever its type's number is.
 inline std::string_view reference_of(ast_dataitem_type_t type, char (&buffer)[8]) {
     const std::string_view reference = ast_dataitem_type_to_str(type);
-    const std::string_view item = reference.substr(reference.find('/') + 1).substr(0, sizeof buffer - 1);
+    const std::string_view item = slice(reference, reference.find('/') + 1, sizeof buffer - 2);
     const bool is_number = !item.empty() && item[0] >= '0' && item[0] <= '9';
     size_t length = 0;
     if (is_number) buffer[length++] = 'I';

@@ -142,9 +142,9 @@ public:
 
     void value(const Field &field, uint64_t raw) {
         if (std::is_same_v<Out, Bounded> && texts_ && field.kind == Kind::Code && code_with_text(field, raw)) return;
-        char *out = put_raw(key(field), field, raw);
-        *out++ = ',';
-        out_.end(out);
+        char *const out = put_raw(key(field), field, raw);
+        *out = ',';
+        out_.end(out + 1);
     }
 
     void octets(const Field &field, const uint8_t *data, uint64_t count) {
@@ -200,6 +200,7 @@ private:
     }
 
     char *put_raw(char *out, const Field &field, uint64_t raw) {
+        if (field.kind == Kind::Code) return put_number(out, raw); // most values are
         switch (field.kind) {
         case Kind::Octal:
             return put_octal(out, raw, field.bits / kOctalBits);
@@ -287,7 +288,7 @@ private:
         while (!text.empty()) {
             const size_t octets = utf8_octets(text);
             if (octets > 1)
-                out_.end(put(out_.begin(), text.substr(0, octets)));
+                out_.end(put(out_.begin(), slice(text, 0, octets)));
             else
                 character(octets == 1 ? text[0] : kUndefinedCharacter);
             text.remove_prefix(octets > 1 ? octets : 1);
@@ -336,7 +337,8 @@ template <typename Out>
 class RecordWriter {
 public:
     RecordWriter(char *text, uint64_t capacity, const ast_datarecord_t &record, const ast_json_line_t &line)
-        : json_(text, capacity, line.texts), record_(record), context_{record.uap, record.category, 0} {}
+        : json_(text, capacity, line.texts), record_(record), edition_(find_edition(record.category, record.uap)),
+          context_{record.uap, record.category, 0} {}
 
     uint64_t write(const ast_json_line_t &line) {
         open_line(json_, line, record_.category, line.profile ? line.profile : profile_name(record_.uap));
@@ -356,7 +358,7 @@ private:
     void item(uint64_t place) {
         const ast_dataitem_t &item = record_.items[place];
         if (!item.valid || !item.data) return;
-        const Field *const field = find_item(item.type, record_.uap);
+        const Field *const field = find_item(item.type, record_.uap, edition_);
         if (!field) { // no edition describes it
             char buffer[8];
             json_.hex(reference_of(item.type, buffer), item.data, item.size);
@@ -378,13 +380,14 @@ private:
         for (uint64_t i = 0; i < item_count(); ++i)
             if (needs_octets_ >> i & 1) {
                 const ast_dataitem_t &item = record_.items[i];
-                json_.hex(find_item(item.type, record_.uap)->name(), item.data, item.size);
+                json_.hex(find_item(item.type, record_.uap, edition_)->name(), item.data, item.size);
             }
         json_.close('}');
     }
 
     Json<Out> json_;
     const ast_datarecord_t &record_;
+    const Edition *edition_;
     Context context_;
     uint32_t needs_octets_ = 0; // by the place of an item
 };

@@ -162,8 +162,8 @@ TEST(Json, SaysHowMuchRoomItNeedsAndStaysWithin) {
         std::string text(capacity + 1, '#');
         EXPECT_EQ(ast_datarecord_to_json(text.data(), capacity, &record, nullptr), whole.size());
         EXPECT_EQ(text[capacity], '#');
-        if (capacity > 0) EXPECT_EQ(text.substr(0, capacity - 1) + "|", whole.substr(0, capacity - 1) + "|");
-        if (capacity > 0) EXPECT_EQ(text[std::min(capacity - 1, whole.size())], '\0');
+        if (capacity == 0) continue;
+        EXPECT_EQ(text.c_str(), whole.substr(0, capacity - 1));
     }
 }
 

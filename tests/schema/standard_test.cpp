@@ -338,7 +338,9 @@ TEST_F(Standard, FrnsOfThePublishedProfiles) {
     for (const auto &[category, edition] : newest("cat(\\d+)-([\\d.]+)\\.ast")) {
         const Node root = read_tree(folder() / ("cat" + number_of(category) + "-" + edition + ".ast"));
         for (const Node &section : root.inner) {
-            if (section.is("uap")) EXPECT_EQ(frns(category, AST_UAP_PUBLISHED), frns(section)) << category;
+            if (section.is("uap")) {
+                EXPECT_EQ(frns(category, AST_UAP_PUBLISHED), frns(section)) << category;
+            }
             if (!section.is("uaps")) continue;
             for (const Node &list : section.inner.at(0).inner) {
                 const bool is_other = list.text == "plot" || list.text == "uplink";

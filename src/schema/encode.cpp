@@ -56,7 +56,7 @@ const char *read_register_number(uint32_t &number, Slice object) {
     static constexpr char kFault[] = "has no \"bds\" of two hexadecimal digits";
     uint64_t raw = 0;
     if (!is_object(object)) return "is no object";
-    const Slice value = JsonObject(object).take("\"bds\"");
+    const Slice value = JsonObject(object).find("\"bds\"");
     if (const char *const fault = read_digits(raw, value, hex_digits(kNumber), kHexBits, kFault)) return fault;
     number = static_cast<uint32_t>(raw);
     return nullptr;

@@ -57,7 +57,7 @@ inline void put_hex_octets(BitWriter &out, Slice value) {
 
 // The value of a code, which {"value":5,"text":"..."} tells, too.
 inline Slice plain_value(const Field &field, Slice value) {
-    return field.kind == Kind::Code && is_object(value) ? JsonObject(value).take("\"value\"") : value;
+    return field.kind == Kind::Code && is_object(value) ? JsonObject(value).find("\"value\"") : value;
 }
 
 // The raw number of a field that is one, from its value; what is wrong otherwise, else null.

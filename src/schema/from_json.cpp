@@ -365,8 +365,8 @@ constexpr Choice kChoices[] = {{1, "\"I020\"", "\"TYP\"", 0, 0}, {7, "\"I410\"",
 ast_uap_t published_profile(uint32_t category, const JsonObject &record) {
     for (const Choice &choice : kChoices) {
         if (choice.category != category) continue;
-        Slice value = JsonObject(record).take(choice.item);
-        if (!choice.member.empty() && is_object(value)) value = JsonObject(value).take(choice.member);
+        Slice value = record.find(choice.item);
+        if (!choice.member.empty() && is_object(value)) value = JsonObject(value).find(choice.member);
         uint64_t code = 0;
         if (!value.empty() && !read_leaf(code, kCode, value) && code >= choice.first && code <= choice.last)
             return AST_UAP_PUBLISHED_OTHER;
@@ -424,7 +424,7 @@ private:
     // A whole number under a key; 0 when it is missing.
     bool whole(uint64_t &number, Slice key, unsigned bits) {
         const Field field = row(Kind::Unsigned, "", "", bits);
-        const Slice value = JsonObject(object_).take(key);
+        const Slice value = object_.find(key);
         if (value.empty()) return true;
         const char *const what = is_number(value) ? read_value(number, field, value) : "is no number";
         return !what || fault_.within(between_quotes(key), [&] { return fault_.set(what, value); });
@@ -436,7 +436,7 @@ private:
         if (!whole(category, "\"category\"", 8) || !whole(result_.block, "\"block\"", 32)) return false;
         result_.category = static_cast<uint32_t>(category);
         result_.is_data = object_.has("\"data\"");
-        const Slice name = JsonObject(object_).take("\"profile\"");
+        const Slice name = object_.find("\"profile\"");
         if (name.empty()) {
             result_.uap = published_profile(result_.category, object_);
         } else if (!is_string(name) || !find_profile(result_.uap, between_quotes(name))) {
@@ -454,7 +454,7 @@ private:
     }
 
     bool items() {
-        const Slice octets = JsonObject(object_).take("\"octets\"");
+        const Slice octets = object_.find("\"octets\"");
         if (is_object(octets)) octets_ = JsonObject(octets);
         if (!octets.empty() && !is_object(octets))
             return fault_.within("octets", [&] { return fault_.set(kNoObject, octets); });

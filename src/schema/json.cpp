@@ -217,31 +217,36 @@ bool JsonItems::next() {
     return true;
 }
 
-JsonObject::JsonObject(Slice text) : text_(text), next_(text) {
-    for (JsonItems each(text); each.next();) ++count_;
+JsonObject::JsonObject(Slice text) {
+    JsonItems each(text);
+    while (known_count_ < kMaxKnown && each.next()) known_[known_count_++] = {each.key(), each.value()};
+    count_ = known_count_;
+    if (known_count_ < kMaxKnown) return;
+    beyond_ = each;
+    while (each.next()) ++count_;
 }
 
 Slice JsonObject::take(Slice key) {
-    JsonItems from = next_;
-    Slice value = find(key, from);
-    if (value.empty()) {
-        from = JsonItems(text_);
-        value = find(key, from);
-    }
-    if (value.empty()) return {};
-    next_ = from;
-    ++taken_;
+    const Slice value = find(key, next_, next_);
+    taken_ += !value.empty();
     return value;
 }
 
-bool JsonObject::has(Slice key) const {
-    JsonItems from(text_);
-    return !find(key, from).empty();
+Slice JsonObject::find(Slice key) const {
+    unsigned ignored = 0;
+    return find(key, next_, ignored);
 }
 
-Slice JsonObject::find(Slice key, JsonItems &from) const {
-    while (from.next())
-        if (from.key() == key) return from.value();
+// From a place on and then from the first; sets the place behind the one that is found.
+Slice JsonObject::find(Slice key, unsigned from, unsigned &place) const {
+    for (unsigned i = 0; i < known_count_; ++i) {
+        const unsigned at = from + i < known_count_ ? from + i : from + i - known_count_;
+        if (known_[at].key != key) continue;
+        place = at + 1;
+        return known_[at].value;
+    }
+    for (JsonItems each = beyond_; each.next();)
+        if (each.key() == key) return each.value();
     return {};
 }
 

@@ -53,16 +53,25 @@ public:
     JsonObject() = default;
     explicit JsonObject(Slice text);
 
-    // The value of "NAME", a key with its quotes; empty when it is missing or null. Counts those that are found.
+    // The value of "NAME", a key with its quotes; empty when it is missing or null. Taking one counts.
     Slice take(Slice key);
-    bool has(Slice key) const;
+    Slice find(Slice key) const;
+    bool has(Slice key) const { return !find(key).empty(); }
     bool is_used_up() const { return taken_ == count_; }
 
 private:
-    Slice find(Slice key, JsonItems &from) const;
+    struct Member {
+        Slice key, value;
+    };
+    // Most objects have fewer members; those beyond are looked for in the text.
+    static constexpr unsigned kMaxKnown = 40;
 
-    Slice text_;
-    JsonItems next_;
+    Slice find(Slice key, unsigned from, unsigned &place) const;
+
+    Member known_[kMaxKnown];
+    unsigned known_count_ = 0;
+    unsigned next_ = 0;
+    JsonItems beyond_;
     uint64_t count_ = 0;
     uint64_t taken_ = 0;
 };

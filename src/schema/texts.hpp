@@ -30,11 +30,13 @@ constexpr unsigned kIcaoBits = 6;
 
 constexpr bool is_printable(uint8_t character) { return character >= ' ' && character <= '~'; }
 
+// The characters of the 64 codes of six bits: letters from 1 on, a blank at 32, digits from 48 on.
+inline constexpr char kIcaoCharacters[] = "?ABCDEFGHIJKLMNOPQRSTUVWXYZ????? ???????????????0123456789??????";
+
 // The character at a place, from 0, of an identification in six bits each.
-inline char icao_character(const Field &field, uint64_t raw, unsigned place) {
+constexpr char icao_character(const Field &field, uint64_t raw, unsigned place) {
     const unsigned characters = field.bits / kIcaoBits;
-    const char character = ast_icao_to_ansi(static_cast<uint8_t>(raw >> (kIcaoBits * (characters - 1 - place)) & 0x3F));
-    return character ? character : kUndefinedCharacter;
+    return kIcaoCharacters[raw >> (kIcaoBits * (characters - 1 - place)) & 0x3F];
 }
 
 constexpr unsigned kHexBits = 4;

@@ -73,7 +73,8 @@ private:
 
 // ---- The pieces ----
 
-char *put(char *out, std::string_view text) {
+// Inlined wherever the text is a constant, so that it is copied by a few moves.
+[[gnu::always_inline]] inline char *put(char *out, std::string_view text) {
     std::memcpy(out, text.data(), text.size());
     return out + text.size();
 }
@@ -154,28 +155,20 @@ public:
             hex(field, data, count);
     }
 
-    // A text in UTF-8 under a key; what is no character or has to be is escaped.
-    void text(std::string_view name, std::string_view text) {
-        key(name);
+    // A text in UTF-8 behind a key; what is no character or has to be is escaped.
+    [[gnu::always_inline]] void text(std::string_view key, std::string_view text) {
+        literal(key);
         string(text);
     }
-    void number(std::string_view name, uint64_t number) {
-        key(name);
-        char *const out = put_number(out_.begin(), number);
+    [[gnu::always_inline]] void number(std::string_view key, uint64_t number) {
+        char *const out = put_number(put(out_.begin(), key), number);
         *out = ',';
         out_.end(out + 1);
     }
-    void truth(std::string_view name) {
-        key(name);
-        out_.end(put(out_.begin(), "true,"));
-    }
-    void open(std::string_view name) {
-        key(name);
-        out_.end(put(out_.begin(), "{"));
-    }
-    void open() { out_.end(put(out_.begin(), "{")); }
+    // A piece as it is, a key or a bracket.
+    [[gnu::always_inline]] void literal(std::string_view piece) { out_.end(put(out_.begin(), piece)); }
     void hex(std::string_view name, const uint8_t *data, uint64_t count) {
-        key(name);
+        out_.end(put(put(put(out_.begin(), "\""), name), "\":"));
         hex_digits_of(data, count);
     }
 
@@ -192,11 +185,6 @@ private:
         char *const out = out_.begin();
         std::memcpy(out, field.key, sizeof field.key);
         return out + field.key_chars;
-    }
-    void key(std::string_view name) {
-        char *out = put(out_.begin(), "\"");
-        out = put(put(out, name), "\":");
-        out_.end(out);
     }
 
     char *put_raw(char *out, const Field &field, uint64_t raw) {
@@ -220,7 +208,7 @@ private:
         char *const out = put_number(put(key(field), "{\"value\":"), raw);
         *out = ',';
         out_.end(out + 1);
-        text("text", meaning);
+        text("\"text\":", meaning);
         close('}');
         return true;
     }
@@ -283,9 +271,23 @@ private:
         return is_overlong || is_no_character ? 0 : octets;
     }
 
+    // How many characters at the front stand for themselves, as far as a piece goes.
+    static size_t plain_chars(std::string_view text) {
+        size_t chars = 0;
+        while (chars < text.size() && chars < kPieceChars && is_printable(static_cast<uint8_t>(text[chars])) &&
+               text[chars] != '"' && text[chars] != '\\')
+            ++chars;
+        return chars;
+    }
+
     void string(std::string_view text) {
         out_.end(put(out_.begin(), "\""));
         while (!text.empty()) {
+            if (const size_t plain = plain_chars(text)) {
+                out_.end(put(out_.begin(), slice(text, 0, plain)));
+                text.remove_prefix(plain);
+                continue;
+            }
             const size_t octets = utf8_octets(text);
             if (octets > 1)
                 out_.end(put(out_.begin(), slice(text, 0, octets)));
@@ -307,17 +309,17 @@ constexpr ast_json_line_t kNothingToSay{};
 
 template <typename Out>
 void open_line(Json<Out> &json, const ast_json_line_t &line, uint32_t category, const char *profile) {
-    json.open();
-    if (line.file) json.text("file", line.file);
-    if (line.block) json.number("block", line.block);
-    if (line.record) json.number("record", line.record);
-    if (line.time) json.text("time", line.time);
-    if (line.source) json.text("source", line.source);
-    if (line.destination) json.text("destination", line.destination);
-    if (line.has_offset) json.number("offset", line.offset);
-    json.number("category", category);
-    if (profile) json.text("profile", profile);
-    if (line.ambiguous) json.truth("ambiguous");
+    json.literal("{");
+    if (line.file) json.text("\"file\":", line.file);
+    if (line.block) json.number("\"block\":", line.block);
+    if (line.record) json.number("\"record\":", line.record);
+    if (line.time) json.text("\"time\":", line.time);
+    if (line.source) json.text("\"source\":", line.source);
+    if (line.destination) json.text("\"destination\":", line.destination);
+    if (line.has_offset) json.number("\"offset\":", line.offset);
+    json.number("\"category\":", category);
+    if (profile) json.text("\"profile\":", profile);
+    if (line.ambiguous) json.literal("\"ambiguous\":true,");
 }
 
 template <typename Out>
@@ -375,7 +377,7 @@ private:
     }
 
     void octets(bool has_fspec) {
-        json_.open("octets");
+        json_.literal("\"octets\":{");
         if (has_fspec) json_.hex("FSPEC", record_.fspec.data, record_.fspec.length);
         for (uint64_t i = 0; i < item_count(); ++i)
             if (needs_octets_ >> i & 1) {
@@ -427,7 +429,7 @@ uint64_t ast_octets_to_json(char *text, uint64_t capacity, uint32_t category, co
     const ast_json_line_t &with = line ? *line : kNothingToSay;
     Json<Bounded> json(text, capacity, false);
     open_line(json, with, category, with.profile);
-    if (error) json.text("error", error);
+    if (error) json.text("\"error\":", error);
     json.hex("data", data, data ? count : 0);
     return close_line(json);
 }

@@ -106,7 +106,7 @@ public:
     void element() {
         Level &list = levels_[level_ - 1];
         path_.cut(list.inside);
-        char digits[kNumberChars];
+        char digits[kNumberRoom];
         path_.append("[");
         path_.append({digits, static_cast<size_t>(put_number(digits, list.elements++) - digits)});
         path_.append("]");

@@ -46,7 +46,7 @@ public:
     template <typename Do>
     bool within(uint64_t element, Do what) {
         const size_t before = length_;
-        char digits[kNumberChars];
+        char digits[kNumberRoom];
         append("[");
         append({digits, static_cast<size_t>(put_number(digits, element) - digits)});
         append("]");

@@ -1,32 +1,56 @@
 // Quantities and numbers as decimal digits, exactly both ways: what is printed reads back to the same bits.
 #pragma once
 
+#include <cstring>
 #include <string_view>
 
 #include "schema/field.hpp"
 
 namespace ast::schema {
 
-// Room for a number: sign, twenty digits and a point.
+// Room for any number of 64 bits.
 constexpr unsigned kNumberChars = 24;
+
+// What a number may take while it is put together: two copies, a sign and a point.
+constexpr unsigned kNumberRoom = 2 * kNumberChars + 2;
 
 constexpr char digit(uint64_t value) { return static_cast<char>('0' + value); }
 
-// A number with its last digits behind the point, zeros at the end left out. Writes up to kNumberChars at out, and
-// returns the end of what is the number.
-inline char *put_decimal(char *out, uint64_t value, unsigned decimals) {
-    while (decimals != 0 && value % 10 == 0) value /= 10, --decimals;
-    char digits[2 * kNumberChars]; // as much behind the number, so that one copy of fixed size takes it
-    char *const last = digits + kNumberChars;
-    char *first = last;
-    if (decimals != 0) {
-        for (; decimals != 0; --decimals, value /= 10) *--first = digit(value % 10);
-        *--first = '.';
+// "00", "01" ... "99".
+inline constexpr auto kDigitPairs = [] {
+    std::array<char, 200> pairs{};
+    for (size_t i = 0; i < 100; ++i) pairs[2 * i] = digit(i / 10), pairs[2 * i + 1] = digit(i % 10);
+    return pairs;
+}();
+
+// The digits of a number in front of a place; returns the first.
+inline char *put_digits_before(char *end, uint64_t value) {
+    for (; value >= 100; value /= 100) std::memcpy(end -= 2, &kDigitPairs[2 * (value % 100)], 2);
+    if (value < 10) {
+        *--end = digit(value);
+        return end;
     }
-    do *--first = digit(value % 10);
-    while (value /= 10);
-    __builtin_memcpy(out, first, kNumberChars);
-    return out + (last - first);
+    std::memcpy(end -= 2, &kDigitPairs[2 * value], 2);
+    return end;
+}
+
+// A number with its last digits behind the point, zeros at the end left out. Writes somewhat more than the number at
+// out, and returns its end.
+inline char *put_decimal(char *out, uint64_t value, unsigned decimals) {
+    char digits[2 * kNumberChars]; // as much behind the number, so that copies are of a fixed size
+    char *const end = digits + kNumberChars;
+    std::memset(digits, '0', kNumberChars);
+    char *first = put_digits_before(end, value);
+    char *const point = end - decimals;
+    if (first >= point) first = point - 1;
+    std::memcpy(out, first, kNumberChars);
+    out += point - first;
+    if (decimals == 0) return out;
+    *out = '.';
+    std::memcpy(out + 1, point, kNumberChars);
+    out += decimals + 1;
+    while (out[-1] == '0') --out;
+    return out - (out[-1] == '.');
 }
 
 inline char *put_number(char *out, uint64_t value) {

@@ -40,9 +40,7 @@ void require_back(const ast_datarecord_t &record, bool with_texts) {
 }
 
 // A profile that announces no item twice, since there would be two members of one name.
-const ast_uap_t &profile_at(uint8_t place) {
-    return *profiles()[place % (profiles().size() - 1)];
-}
+const ast_uap_t &profile_at(uint8_t place) { return *profiles()[place % (profiles().size() - 1)]; }
 
 void check_record(const ast_uap_t &uap, uint32_t category, Octets octets, bool with_texts) {
     const ast_datarecord_t record = ast_datarecord_decode(octets.data(), octets.size(), category, uap);

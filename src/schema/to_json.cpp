@@ -339,7 +339,9 @@ template <typename Out>
 class RecordWriter {
 public:
     RecordWriter(char *text, uint64_t capacity, const ast_datarecord_t &record, const ast_json_line_t &line)
-        : json_(text, capacity, line.texts), record_(record), edition_(find_edition(record.category, record.uap)),
+        : json_(text, capacity, line.texts),
+          record_(record),
+          edition_(find_edition(record.category, record.uap)),
           context_{record.uap, record.category, 0} {}
 
     uint64_t write(const ast_json_line_t &line) {

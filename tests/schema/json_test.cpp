@@ -95,14 +95,15 @@ constexpr ItemCase kValues[] = {
 
 // What values alone would not give back.
 constexpr ItemCase kLossy[] = {
-    {48161, "F0 7B", R"("I161":{"TRN":123},"octets":{"I161":"F07B"})"},                    // spare bits
-    {48240, "00 C3 60 82 08 20", R"("I240":"?LM","octets":{"I240":"00C360820820"})"},      // no character
+    {48161, "F0 7B", R"("I161":{"TRN":123},"octets":{"I161":"F07B"})"},               // spare bits
+    {48240, "00 C3 60 82 08 20", R"("I240":"?LM","octets":{"I240":"00C360820820"})"}, // no character
     {48250, "01 46 50 00 00 00 00 00 40", R"("I250":[{"bds":"40"}],"octets":{"I250":"014650000000000040"})"},
-    {48030, "05 21", R"("I030":[2,16],"octets":{"I030":"0521"})"},                         // a chain that is cut
-    {48170, "01 01 02", R"("I170":{"CNF":0,"RAD":0,"DOU":0,"MAH":0,"CDM":0,"TRE":0,"GHO":0,"SUP":0,"TCC":0},)"
-                        R"("octets":{"I170":"010102"})"},                                  // one that goes on
-    {48130, "01 00", R"("I130":{},"octets":{"I130":"0100"})"},                             // presence bits for nothing
-    {48130, "02", R"("octets":{"I130":"02"})"},                                            // one that is announced and ends
+    {48030, "05 21", R"("I030":[2,16],"octets":{"I030":"0521"})"}, // a chain that is cut
+    {48170, "01 01 02",
+     R"("I170":{"CNF":0,"RAD":0,"DOU":0,"MAH":0,"CDM":0,"TRE":0,"GHO":0,"SUP":0,"TCC":0},)"
+     R"("octets":{"I170":"010102"})"},                         // one that goes on
+    {48130, "01 00", R"("I130":{},"octets":{"I130":"0100"})"}, // presence bits for nothing
+    {48130, "02", R"("octets":{"I130":"02"})"},                // one that is announced and ends
 };
 
 TEST(Json, SaysWhatThePublishedDocumentSays) {
@@ -268,7 +269,7 @@ TEST(JsonEditing, RoundsToTheNearestStepAndKeepsOctetsThatStillMeanTheSame) {
         const char *json, *hex;
     };
     for (const Case &each : std::vector<Case>{
-             {R"({"category":48,"I140":43200.5039})", "40 54 60 40"},  // 1/128 s is 0.0078
+             {R"({"category":48,"I140":43200.5039})", "40 54 60 40"}, // 1/128 s is 0.0078
              {R"({"category":48,"I140":43200.50391})", "40 54 60 41"},
              {R"({"category":48,"I140":4.32005e4,"I010":null})", "40 54 60 40"},
              {R"({"category":48,"I090":{"V":0,"G":0,"FL":-0.2}})", "04 3F FF"},
@@ -332,8 +333,9 @@ TEST(JsonEditing, SaysWhatIsWrongAndWhere) {
 }
 
 TEST(JsonEditing, NoTextThatIsCutShortIsARecord) {
-    const std::string json = R"({"category":48,"I010":{"SAC":25,"SIC":12},"I250":[{"bds":"17","octets":"00000000000007"}],)"
-                             R"("I240":"A\u0042C","octets":{"I161":"F07B"}})";
+    const std::string json =
+        R"({"category":48,"I010":{"SAC":25,"SIC":12},"I250":[{"bds":"17","octets":"00000000000007"}],)"
+        R"("I240":"A\u0042C","octets":{"I161":"F07B"}})";
     EXPECT_EQ(encoded(json).size(), 19U);
     for (size_t chars = 0; chars < json.size(); ++chars) {
         uint8_t buffer[64];

@@ -28,7 +28,8 @@ struct Node {
     std::string word(size_t number) const {
         std::istringstream words(text);
         std::string word;
-        while (words >> word && number-- != 0) {}
+        while (words >> word && number-- != 0) {
+        }
         return word;
     }
     bool is(const char *first_word) const { return word(0) == first_word; }
@@ -72,9 +73,14 @@ struct Name {
 
 // Steps that the definitions have wrong, by path: of the range that they state themselves, or of an item beside them.
 const std::map<std::string, std::string> kMended = {
-    {"I010/202/VX", "1/4"},         {"I010/202/VY", "1/4"},           {"I010/210/AX", "1/4"},
-    {"I010/210/AY", "1/4"},         {"I017/045/LAT", "180/8388608"},  {"I017/045/LON", "180/8388608"},
-    {"I025/600/LON", "180/2147483648"}, {"I015/605/RSVA/SDVA", "64/25"},
+    {"I010/202/VX", "1/4"},
+    {"I010/202/VY", "1/4"},
+    {"I010/210/AX", "1/4"},
+    {"I010/210/AY", "1/4"},
+    {"I017/045/LAT", "180/8388608"},
+    {"I017/045/LON", "180/8388608"},
+    {"I025/600/LON", "180/2147483648"},
+    {"I015/605/RSVA/SDVA", "64/25"},
 };
 // Registers that the definitions give as bits.
 const std::map<std::string, const char *> kRegisters = {{"I020/250", "[]|BDS Register Data|7|64|"},
@@ -162,8 +168,8 @@ private:
             const auto mended = kMended.find(path);
             const std::string step = lowest_terms(mended == kMended.end() ? found[2].str() : mended->second);
             const bool is_signed = !found[1].matched;
-            rows.push_back(row(path, title, is_signed ? AST_FIELD_SIGNED : AST_FIELD_UNSIGNED, bits,
-                               step + " " + found[3].str()));
+            rows.push_back(
+                row(path, title, is_signed ? AST_FIELD_SIGNED : AST_FIELD_UNSIGNED, bits, step + " " + found[3].str()));
         } else if (content.is("table")) {
             rows.push_back(row(path, title, AST_FIELD_CODE, bits, texts(content)));
         } else if (content.is("case")) {
@@ -171,12 +177,15 @@ private:
             for (const Node &reading : content.inner)
                 if (!reading.is("default:")) value(reading.only(), path, title, bits);
         } else {
-            static const std::map<std::string, uint32_t> kKinds = {
-                {"raw", AST_FIELD_RAW},           {"string octal", AST_FIELD_OCTAL},
-                {"string icao", AST_FIELD_ICAO},  {"string ascii", AST_FIELD_ASCII},
-                {"bds", AST_FIELD_REGISTER},      {"bds 30", AST_FIELD_REGISTER},
-                {"bds ?", AST_FIELD_RAW},         {"unsigned integer", AST_FIELD_UNSIGNED},
-                {"signed integer", AST_FIELD_SIGNED}};
+            static const std::map<std::string, uint32_t> kKinds = {{"raw", AST_FIELD_RAW},
+                                                                   {"string octal", AST_FIELD_OCTAL},
+                                                                   {"string icao", AST_FIELD_ICAO},
+                                                                   {"string ascii", AST_FIELD_ASCII},
+                                                                   {"bds", AST_FIELD_REGISTER},
+                                                                   {"bds 30", AST_FIELD_REGISTER},
+                                                                   {"bds ?", AST_FIELD_RAW},
+                                                                   {"unsigned integer", AST_FIELD_UNSIGNED},
+                                                                   {"signed integer", AST_FIELD_SIGNED}};
             std::string kind = content.text.substr(0, content.text.find_first_of("<>"));
             while (!kind.empty() && kind.back() == ' ') kind.pop_back();
             const auto known = kKinds.find(kind);
@@ -344,7 +353,8 @@ TEST_F(Standard, FrnsOfThePublishedProfiles) {
             if (!section.is("uaps")) continue;
             for (const Node &list : section.inner.at(0).inner) {
                 const bool is_other = list.text == "plot" || list.text == "uplink";
-                EXPECT_EQ(frns(category, is_other ? AST_UAP_PUBLISHED_OTHER : AST_UAP_PUBLISHED), frns(list)) << category;
+                EXPECT_EQ(frns(category, is_other ? AST_UAP_PUBLISHED_OTHER : AST_UAP_PUBLISHED), frns(list))
+                    << category;
             }
         }
     }

@@ -213,6 +213,12 @@ constexpr void tell_apart(const Field *first, const Field *end, Field *member) {
     }
 }
 
+// Whether a field, or one in a group, is read as octets and not as a number. A group keeps that in place of its shift.
+constexpr bool holds_octets(const Field &field) {
+    if (field.kind == Kind::Group || field.kind == Kind::Part) return field.shift != 0;
+    return field.kind == Kind::Ascii || field.kind == Kind::Register;
+}
+
 // A row and the rows that belong to it. The bits of a group or part are those of its members.
 template <size_t... N>
 constexpr auto node(Kind kind, Text name, Text title, const Rows<N> &...members) {
@@ -228,6 +234,7 @@ constexpr auto node(Kind kind, Text name, Text title, const Rows<N> &...members)
             rows[0].bits = static_cast<uint16_t>(rows[0].bits + member[0].bits);
         }
         for (const Field &field : member) rows[next++] = field;
+        rows[0].shift |= holds_octets(member[0]);
         tell_apart(&rows[1], &rows[first], &rows[first]);
     };
     (take(members), ...);

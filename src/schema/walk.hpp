@@ -87,8 +87,8 @@ inline const Field *reading_of(const Field *either, uint64_t selector, uint32_t 
 // Whether a member of an object has no name, so that its own members are those of the object.
 constexpr bool is_transparent(const Field &field) { return field.kind == Kind::Group && !field.is_named(); }
 
-// Whether a field is a number of the fast kind, the most frequent ones.
-constexpr bool is_plain_number(const Field &field) { return field.kind <= Kind::Octal && field.bits <= kMaxNumberBits; }
+// Whether a field, or all of a group, is read as one number.
+constexpr bool is_number(const Field &field) { return field.bits <= kMaxNumberBits && !holds_octets(field); }
 
 // Tells a visitor what stands in the octets: value(field, raw) for what fits a number, octets(field, data, count) for
 // what does not, open(field) and close(field) around what holds others, element() before each one of a list, and
@@ -103,7 +103,7 @@ public:
         switch (field->kind) {
         case Kind::Group:
             if (!bits_.has(field->bits)) return false;
-            visitor_.open(*field);
+            visitor_.open(*field); // also where it has no name: it stands in a list
             members(field);
             visitor_.close(*field);
             return true;
@@ -135,58 +135,73 @@ public:
 private:
     // The members of a group whose octets are there.
     void members(const Field *parent) {
+        if (is_number(*parent)) return members_of(parent, bits_.take(parent->bits));
+        for (const Field *member = parent + 1; member != behind(parent); member = behind(member))
+            if (member->kind != Kind::Status)
+                leaf(member);
+            else if (!bits_.take(1))
+                member = behind(member), lose(bits_.take(member->bits) != 0); // which means nothing
+    }
+
+    // The same where all of them are one number.
+    void members_of(const Field *parent, uint64_t raw) {
+        uint64_t word = raw << (64 - parent->bits);
+        const auto take = [&word](unsigned bits) {
+            const uint64_t value = word >> (64 - bits);
+            word <<= bits;
+            return value;
+        };
         const Field *const end = behind(parent);
         for (const Field *member = parent + 1; member != end; member = behind(member)) {
-            if (is_plain_number(*member)) [[likely]] {
-                number(member);
-            } else if (member->kind == Kind::Status) {
-                if (bits_.take(1)) continue;
-                member = behind(member); // means nothing
-                lose(bits_.take(member->bits) != 0);
-            } else if (is_transparent(*member)) {
-                members(member);
-            } else if (member->kind == Kind::Group) {
-                visitor_.open(*member);
-                members(member);
-                visitor_.close(*member);
-            } else {
-                leaf(member);
-            }
+            const uint64_t value = take(member->bits);
+            if (member->kind <= Kind::Octal) [[likely]]
+                number(member, value);
+            else if (member->kind != Kind::Status)
+                bits_of(member, value);
+            else if (!value)
+                member = behind(member), lose(take(member->bits) != 0); // which means nothing
         }
     }
 
     void leaf(const Field *field) {
+        if (is_number(*field)) return bits_of(field, bits_.take(field->bits));
+        if (field->kind == Kind::Register) return mode_s_register(field);
+        if (field->kind == Kind::Group) return group(field, [&] { members(field); });
+        visitor_.octets(*field, bits_.here(), field->bits / 8);
+        bits_.skip(field->bits);
+    }
+
+    // What is read as one number, be it one or several.
+    void bits_of(const Field *field, uint64_t raw) {
         switch (field->kind) {
         case Kind::Spare:
-            lose(bits_.take(field->bits) != 0);
-            return;
+            return lose(raw != 0);
         case Kind::UnsignedOrNone:
-            if (const uint64_t raw = bits_.take(field->bits)) visitor_.value(*field, raw);
+            if (raw != 0) visitor_.value(*field, raw);
             return;
-        case Kind::Either:
-            return either(field);
-        case Kind::Register:
-            return mode_s_register(field);
+        case Kind::Group:
+            return group(field, [&] { members_of(field, raw); });
+        case Kind::Either: {
+            const Field *const reading = reading_of(field, last_, context_.message_type);
+            return reading ? bits_of(reading, raw) : number(field, raw);
+        }
         default:
-            if (field->bits <= kMaxNumberBits && field->kind != Kind::Ascii) return number(field);
-            visitor_.octets(*field, bits_.here(), field->bits / 8);
-            bits_.skip(field->bits);
+            return number(field, raw);
         }
     }
 
-    void number(const Field *field) {
-        last_ = bits_.take(field->bits);
-        visitor_.value(*field, last_);
+    void number(const Field *field, uint64_t raw) {
+        last_ = raw;
+        visitor_.value(*field, raw);
     }
 
-    void either(const Field *field) {
-        const Field *const reading = reading_of(field, last_, context_.message_type);
-        if (!reading) return number(field);
-        if (reading->kind != Kind::Group) return leaf(reading);
-        if (is_transparent(*reading)) return members(reading);
-        visitor_.open(*reading);
-        members(reading);
-        visitor_.close(*reading);
+    // An object, but for a group without a name, whose members are those of what it stands in.
+    template <typename Members>
+    void group(const Field *field, Members members) {
+        if (is_transparent(*field)) return members();
+        visitor_.open(*field);
+        members();
+        visitor_.close(*field);
     }
 
     void mode_s_register(const Field *field) {
@@ -195,7 +210,7 @@ private:
         if (const Field *const found = find_register(number))
             members(found);
         else
-            this->number(&kRegisterOctets);
+            this->number(&kRegisterOctets, bits_.take(kRegisterBits));
         visitor_.close(kObject);
         if (!field->denominator) bits_.skip(kRegisterNumberBits);
     }

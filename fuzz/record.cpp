@@ -2,6 +2,7 @@
 // of a record follow.
 
 #include <array>
+#include <utility>
 
 #include "harness.hpp"
 #include "records.hpp"
@@ -57,6 +58,31 @@ void reassemble(const ast_datarecord_t &record) {
     }
 }
 
+// Whatever a record is converted into is a record, and so is what comes back of it.
+void convert(const ast_datarecord_t &record) {
+    using Conversion = ast_datarecord_t(uint8_t *, uint64_t, const ast_datarecord_t *);
+    static constexpr std::pair<Conversion *, Conversion *> kThereAndBack[] = {
+        {ast_datarecord_convert_048_001, ast_datarecord_convert_001_048},
+        {ast_datarecord_convert_034_002, ast_datarecord_convert_002_034},
+        {ast_datarecord_convert_001_048, ast_datarecord_convert_048_001},
+        {ast_datarecord_convert_002_034, ast_datarecord_convert_034_002},
+    };
+    constexpr uint64_t kRoom = 512;
+    for (const auto &[there, back] : kThereAndBack) {
+        std::vector<uint8_t> buffer = buffer_of(kRoom);
+        const ast_datarecord_t converted = there(buffer.data(), kRoom, &record);
+        if (!converted.valid) continue;
+        require(record.valid && converted.category != record.category, "a record is converted into itself");
+        check_record(converted, converted.size);
+        require_untouched_behind(buffer, converted.size);
+        std::vector<uint8_t> small = buffer_of(converted.size - 1);
+        require(!there(small.data(), small.size(), &record).valid, "a converted record fits a buffer too small for it");
+        std::vector<uint8_t> other = buffer_of(kRoom);
+        const ast_datarecord_t returned = back(other.data(), kRoom, &converted);
+        if (returned.valid) check_record(returned, returned.size);
+    }
+}
+
 } // namespace
 
 void run(Input input) {
@@ -70,6 +96,7 @@ void run(Input input) {
     ask_accessors(record);
     ask_keywords(record, pattern.data());
     reassemble(record);
+    convert(record);
     if (record.valid) check_rewriting(record);
 }
 

@@ -94,13 +94,13 @@ constexpr FlatRecord flat_record() {
                 else
                     return Assemble(buffer, length, &flat, record.uap);
             },
-            [](Input &input, uint8_t *buffer, uint64_t length, ast_uap_t uap) {
-                using Flat = decltype(disassembled(Disassemble, ast_datarecord_t{}));
-                auto flat = value_from<Flat>(input);
-                if constexpr (std::is_null_pointer_v<decltype(Assemble)>)
+            []([[maybe_unused]] Input &input, uint8_t *buffer, uint64_t length, ast_uap_t uap) {
+                if constexpr (std::is_null_pointer_v<decltype(Assemble)>) {
                     return ast_datarecord_t{.data = buffer, .size = length & 0, .uap = uap};
-                else
+                } else {
+                    auto flat = value_from<decltype(disassembled(Disassemble, ast_datarecord_t{}))>(input);
                     return Assemble(buffer, length, &flat, uap);
+                }
             }};
 }
 

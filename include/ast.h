@@ -21,8 +21,9 @@
  *   a null buffer nothing is written. Numbers in it look the same whatever the host's locale is. Functions that return
  *   a text return a constant, or a buffer that belongs to the calling thread and that the same function's next call on
  *   that thread overwrites; never free it.
- * - Every function may be called from any thread at any time. Options, log sink, lookups and HTML flavour are shared by
- *   the whole process; set them before other threads decode if all of them are to see the same settings.
+ * - Every function may be called from any thread at any time, but for some of cat240.h. Options, log sink, lookups and
+ *   HTML flavour are shared by the whole process; set them before other threads decode if all of them are to see the
+ *   same settings.
  * - Octets of an item are counted from 1 in the order of transmission, bits from 8 (most significant) to 1 within an
  *   octet, and multi-octet fields are big-endian, as in the category documents.
  *
@@ -43,6 +44,7 @@
  *     enumerations.h  the texts of the codes in items
  *     queries.h       the common quantities of a record, whatever its category; keywords to show and filter by
  *     schema.h        what every published field means; records as JSON, both ways
+ *     convert.h       target reports and service messages of radars as the older categories have them, and back
  *     catNNN.h        what category NNN adds: its own items, accessors, and a flat record that holds all of a record
  *
  * The functions of an item are named after it, ast_dataitem_048_040_... for I048/040 and ast_dataitem_time_of_day_...
@@ -97,6 +99,7 @@
 #include "ast/enumerations.h"
 #include "ast/queries.h"
 #include "ast/schema.h"
+#include "ast/convert.h"
 
 #include "ast/cat001.h"
 #include "ast/cat002.h"

@@ -1,7 +1,6 @@
 #include "messages.hpp"
 
 #include <cmath>
-#include <stdexcept>
 
 #include "registers.hpp"
 
@@ -9,7 +8,7 @@ namespace simulation {
 
 namespace {
 
-constexpr ast_sac_sic_t kRadar{.valid = true, .sac = 25, .sic = 12};
+constexpr ast_sac_sic_t kRadar{.valid = true, .sac = kRadarSac, .sic = kRadarSic};
 
 constexpr uint64_t kMostRecordOctets = 256;
 
@@ -26,19 +25,6 @@ constexpr uint32_t kModeSRollCall = 5;
 constexpr uint32_t kModeSWithPrimary = 2; // more than without
 
 constexpr uint32_t kFirstEmergencyCode = 07500;
-
-// Midnight begins a new day at 0.
-ast_time_of_day_t time_of_day(double time_s) {
-    constexpr double kDayS = 86400;
-    constexpr double kUnitsPerS = 128;
-    return {.valid = true, .raw = static_cast<uint32_t>(std::fmod(time_s, kDayS) * kUnitsPerS)};
-}
-
-// The octets of a record that the library wrote to a buffer.
-Octets octets_of(const ast_datarecord_t &record) {
-    if (!record.valid) throw std::logic_error("a record cannot be encoded");
-    return {record.data, record.data + record.size};
-}
 
 Octets encode(ast_datarecord_034_t message) {
     uint8_t buffer[kMostRecordOctets];
@@ -113,7 +99,7 @@ Octets encode_capability(const Aircraft &aircraft) {
 Octets complete(Octets record, const Plot &plot) {
     const bool roll_call = plot.answered && has_mode_s(*plot.aircraft) && !plot.all_call;
     const auto add = [&](uint32_t item, const Octets &octets) {
-        record = with_item(record, kTargetReports, AST_DATAITEM_TYPE(kTargetReports, item), octets);
+        record = with_item(record, AST_UAP_STANDARD, AST_DATAITEM_TYPE(kTargetReports, item), octets);
     };
     if (plot.track_number) add(170, encode_track_status(plot));
     if (roll_call) add(230, encode_capability(*plot.aircraft));

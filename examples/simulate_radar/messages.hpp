@@ -3,10 +3,13 @@
 
 #include <optional>
 
-#include "splice.hpp"
-#include "traffic.hpp"
+#include "common/splice.hpp"
+#include "common/traffic.hpp"
 
 namespace simulation {
+
+constexpr uint8_t kRadarSac = 25;
+constexpr uint8_t kRadarSic = 12;
 
 constexpr uint8_t kServiceMessages = 34;
 constexpr uint8_t kTargetReports = 48;

@@ -11,7 +11,6 @@ namespace {
 
 constexpr double kPrimaryRangeNm = 80;
 constexpr double kRangeNm = 255.9; // I048/040 holds less than 256 NM
-constexpr double kFtPerNm = 1852 / 0.3048;
 constexpr double kAntennaHeightFt = 80;
 
 constexpr double kRangeErrorNm = 0.03;
@@ -24,31 +23,18 @@ constexpr unsigned kHitsToConfirm = 3;
 constexpr unsigned kMissesToDrop = 3;
 constexpr uint32_t kTrackNumbers = 4096; // 12 bits in I048/161
 
-// From the line crossing to the wire: the time that processing takes, and between two datagrams of a sector.
+// From the line crossing to the wire: the time that processing takes.
 constexpr double kShortestDelayS = 0.004;
 constexpr double kLongestDelayS = 0.015;
-constexpr double kDatagramGapS = 0.0005;
-
-// Leaves room for IP and UDP headers in an Ethernet frame of 1500 octets.
-constexpr uint64_t kMostPayloadOctets = 1472;
-
-// The horizon for radio waves, which follow the curve of the earth a little.
-double line_of_sight_nm(double altitude_ft) {
-    constexpr double kNmPerRootFt = 1.23;
-    return kNmPerRootFt * (std::sqrt(altitude_ft) + std::sqrt(kAntennaHeightFt));
-}
 
 bool is_visible(const Aircraft &aircraft, double slant_range_nm) {
-    return slant_range_nm < kRangeNm && slant_range_nm < line_of_sight_nm(aircraft.altitude_ft);
+    return slant_range_nm < kRangeNm && slant_range_nm < line_of_sight_nm(aircraft.altitude_ft, kAntennaHeightFt);
 }
 
 // Where an aircraft is when the beam, which is at north now, gets there. Going by its bearing now is close enough: the
 // beam is much faster than any aircraft.
 Ground where_beam_meets(const Aircraft &aircraft) {
-    const double hours = bearing_deg(aircraft.position_nm) / 360 * kRotationPeriodS / 3600;
-    const Ground velocity_kt = ground_velocity_kt(aircraft);
-    return {aircraft.position_nm.east + velocity_kt.east * hours,
-            aircraft.position_nm.north + velocity_kt.north * hours};
+    return position_after_nm(aircraft, bearing_deg(aircraft.position_nm) / 360 * kRotationPeriodS);
 }
 
 } // namespace
@@ -58,9 +44,11 @@ Radar::Radar(Traffic &traffic, Random &random, double start_s)
 
 unsigned Radar::sector() const { return static_cast<unsigned>(sectors_turned_ % kSectors); }
 
-double Radar::sector_time_s() const { return start_s_ + static_cast<double>(sectors_turned_) * kSectorS; }
+double Radar::elapsed_s() const { return static_cast<double>(sectors_turned_) * kSectorS; }
 
-std::vector<Datagram> Radar::turn_one_sector() {
+double Radar::sector_time_s() const { return start_s_ + elapsed_s(); }
+
+std::vector<Datagram> Radar::next() {
     std::vector<Datagram> datagrams = send();
     sweep();
     ++sectors_turned_;
@@ -74,22 +62,11 @@ std::vector<Octets> Radar::service_messages() const {
     return messages;
 }
 
-// Blocks share a datagram as long as they fit.
 std::vector<Datagram> Radar::send() {
     std::vector<Octets> blocks = pack_blocks(kTargetReports, reports_, kMostPayloadOctets);
     std::ranges::move(pack_blocks(kServiceMessages, service_messages(), kMostPayloadOctets),
                       std::back_inserter(blocks));
-    std::vector<Datagram> datagrams;
-    double time_s = sector_time_s() + random_.between(kShortestDelayS, kLongestDelayS);
-    for (const Octets &block : blocks) {
-        if (datagrams.empty() || datagrams.back().blocks.size() + block.size() > kMostPayloadOctets) {
-            datagrams.push_back({.time_s = time_s, .blocks = {}});
-            time_s += kDatagramGapS;
-        }
-        Octets &payload = datagrams.back().blocks;
-        payload.insert(payload.end(), block.begin(), block.end());
-    }
-    return datagrams;
+    return pack_datagrams(blocks, sector_time_s() + random_.between(kShortestDelayS, kLongestDelayS));
 }
 
 void Radar::begin_turn() {
@@ -98,7 +75,7 @@ void Radar::begin_turn() {
     for (const Aircraft &aircraft : traffic_.aircraft()) {
         const Ground position_nm = where_beam_meets(aircraft);
         passes_.push_back({.aircraft = passes_.size(),
-                           .slant_range_nm = std::hypot(length(position_nm), aircraft.altitude_ft / kFtPerNm),
+                           .slant_range_nm = slant_range_nm(position_nm, aircraft.altitude_ft),
                            .azimuth_deg = bearing_deg(position_nm)});
     }
     std::ranges::sort(passes_, std::greater(), &Pass::azimuth_deg);

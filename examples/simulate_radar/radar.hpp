@@ -4,24 +4,18 @@
 #include <cstdint>
 #include <vector>
 
+#include "common/simulator.hpp"
 #include "messages.hpp"
-#include "random.hpp"
-#include "traffic.hpp"
 
 namespace simulation {
 
-// What leaves the radar in one UDP datagram: one or more blocks.
-struct Datagram {
-    double time_s; // since midnight of the first day
-    Octets blocks;
-};
-
-class Radar {
+class Radar final : public Sensor {
 public:
     Radar(Traffic &traffic, Random &random, double start_s);
 
     // Sends when the antenna crosses into a sector, and sweeps that sector. What it finds is sent the next time.
-    std::vector<Datagram> turn_one_sector();
+    std::vector<Datagram> next() override;
+    double elapsed_s() const override;
 
 private:
     // How an aircraft is followed from turn to turn.

@@ -17,8 +17,6 @@ constexpr double kPressureLsbMb = 0.1;
 constexpr double kPressureBaseMb = 800;
 constexpr double kStandardPressureMb = 1013.2;
 
-constexpr double kMagneticVariationDeg = 4; // east
-
 // One register. Its bits are numbered from 1, the most significant of the first octet, to 56; the octet behind them
 // says which register it is.
 class Register {
@@ -44,19 +42,6 @@ private:
 
 // An angle as registers carry it, (-180, 180]: they have no room for 359 degrees.
 double signed_angle_deg(double degrees) { return degrees > 180 ? degrees - 360 : degrees; }
-
-// The standard atmosphere up to 36000 ft, which is close enough above.
-double temperature_ratio(double altitude_ft) { return 1 - 6.8756e-6 * altitude_ft; }
-
-double mach(const Aircraft &aircraft) {
-    constexpr double kSpeedOfSoundKt = 661.47;
-    return aircraft.airspeed_kt / (kSpeedOfSoundKt * std::sqrt(temperature_ratio(aircraft.altitude_ft)));
-}
-
-double indicated_airspeed_kt(const Aircraft &aircraft) {
-    constexpr double kDensityExponent = 4.2561;
-    return aircraft.airspeed_kt * std::sqrt(std::pow(temperature_ratio(aircraft.altitude_ft), kDensityExponent));
-}
 
 Register vertical_intention(const Aircraft &aircraft) {
     constexpr unsigned kModeStatus = 48;
@@ -87,8 +72,7 @@ Register track_and_turn(const Aircraft &aircraft) {
 
 Register heading_and_speed(const Aircraft &aircraft) {
     Register speed(0x60);
-    const double heading_deg = std::fmod(aircraft.heading_deg - kMagneticVariationDeg + 360, 360);
-    speed.put(1, 12, signed_angle_deg(heading_deg), kAngleLsbDeg);
+    speed.put(1, 12, signed_angle_deg(magnetic_heading_deg(aircraft)), kAngleLsbDeg);
     speed.put(13, 23, indicated_airspeed_kt(aircraft), 1);
     speed.put(24, 34, mach(aircraft), kMachLsb);
     speed.put(35, 45, aircraft.vertical_rate_ft_min, kRateLsbFtMin);

@@ -1,8 +1,8 @@
 // I048/250 Mode S MB Data: what an aircraft keeps in its transponder registers.
 #pragma once
 
-#include "splice.hpp"
-#include "traffic.hpp"
+#include "common/splice.hpp"
+#include "common/traffic.hpp"
 
 namespace simulation {
 

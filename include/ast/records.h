@@ -15,6 +15,9 @@ AST_BEGIN_DECLARATIONS
 /** Subfields that a decoded compound item has room for. */
 #define AST_SUBFIELDS_MAX 35
 
+/** The most elements that a repetitive item carries: REP, its repetition count, is one octet. */
+#define AST_REPETITIONS_MAX 255
+
 /** Identifies an item: category × 1000 + the three digits of the item's reference, so I048/010 is 48010. 0 is no item.
  *  Where an edition or a system gives an item a layout of its own, that layout has a type in the category's 900 range
  *  (1901 to 1904, 1951, 2901, 2902, 2951, 21902 to 21908). */

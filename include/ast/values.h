@@ -75,6 +75,15 @@ typedef struct {
     double age_s; /* seconds */
 } ast_age_t;
 
+#define AST_OCTET_CHAIN_MAX 16
+
+/** Octets whose bits mean what each radar defines, chained by their last bit. Of a longer item the first ones. */
+typedef struct {
+    bool valid;
+    uint32_t count;                      /* octets held */
+    uint8_t values[AST_OCTET_CHAIN_MAX]; /* seven bits of each, without the one that chains */
+} ast_octet_chain_t;
+
 /** The twelve pulses of a reply, in the order in which quality flags are sent. */
 #define AST_PULSES 12
 #define AST_PULSE_A4 0

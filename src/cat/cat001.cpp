@@ -1,9 +1,396 @@
 // Category 001: target reports of one radar, plots and tracks, edition 1.4 and the layouts of three radar families.
 
+#include "cat/flat.hpp"
 #include "codec/block.hpp"
+#include "items/accessors.hpp"
 #include "items/items.hpp"
+#include "items/radar_position.hpp"
+#include "items/scaled.hpp"
+#include "items/warnings.hpp"
 
 using namespace ast;
+
+// ---- I001/020 Target Report Descriptor ----
+
+struct I001_020 : Item<1020, ast_dataitem_001_020_t, extended<2>> {
+    static constexpr uint32_t kFirstAntenna = 1;
+    static constexpr uint32_t kSecondAntenna = 2;
+    static constexpr Value kDefault = {.ant = kFirstAntenna};
+
+    static void read(Value &report, const ast_dataitem_t &item) {
+        const uint8_t first = item.data[0];
+        report.typ = bits(first, 8, 8);
+        report.sim = bit(first, 7);
+        report.ssr_psr = bits(first, 6, 5);
+        report.ant = bit(first, 4) ? kSecondAntenna : kFirstAntenna;
+        report.spi = bit(first, 3);
+        report.rab = bit(first, 2);
+        if (item.size < 2) return;
+        const uint8_t second = item.data[1];
+        report.tst = bit(second, 8);
+        report.ds1_ds2 = bits(second, 7, 6);
+        report.me = bit(second, 5);
+        report.mi = bit(second, 4);
+    }
+
+    // The words of the special codes are those of emergency statuses.
+    static void summarize(TextWriter &out, const Value &report) {
+        static constexpr const char *kDetections[] = {"NO_DETECTION", "PSR", "SSR", "PSR+SSR"};
+        static constexpr const char *kCodes[] = {"", " EMG:UNLAWFUL", " EMG:NO_COMM", " EMG:GENERAL"};
+        out.print("TYPE:%s%s%s ANT%u", kDetections[report.ssr_psr], report.typ ? " TRACK" : " PLOT",
+                  shown_if(report.sim, " SIM"), report.ant);
+        out.append(shown_if(report.spi, " SPI"));
+        out.append(shown_if(report.rab, " RAB"));
+        out.append(shown_if(report.tst, " TST"));
+        out.append(kCodes[report.ds1_ds2]);
+        out.append(shown_if(report.me, " ME"));
+        out.append(shown_if(report.mi, " MI"));
+    }
+
+    static void show(HtmlWriter &html, const Value &report, const ast_dataitem_t &item) {
+        static constexpr const char *kDetections[] = {"NO_DETECTION", "PSR", "SSR", "PSR + SSR"};
+        static constexpr const char *kCodes[] = {"DEFAULT", "UNLAWFUL_INTERFERENCE (7500)",
+                                                 "RADIO_COMMUNICATION_FAILURE (7600)", "EMERGENCY (7700)"};
+        DetailTable table(html, "Bit", "Item", "Value");
+        table.row("Bit[0]", "REPORT_TYPE", report.typ ? "TRACK" : "PLOT");
+        table.row("Bit[1]", "SIMULATED_TARGET", Cell<2>("%d", report.sim));
+        table.row("Bit[2-3]", "TARGET_TYPE", kDetections[report.ssr_psr]);
+        table.row("Bit[4]", "ANTENNA", Cell<2>("%u", report.ant));
+        table.row("Bit[5]", "SPI", Cell<2>("%d", report.spi));
+        table.row("Bit[6]", "FIXED_TRANSPONDER", Cell<2>("%d", report.rab));
+        table.row("Bit[7]", "FX", Cell<2>("%d", item.size >= 2));
+        if (item.size < 2) return;
+        table.row("Bit[8]", "TEST_TARGET", Cell<2>("%d", report.tst));
+        table.row("Bit[9-10]", "SPECIAL_CODE", kCodes[report.ds1_ds2]);
+        table.row("Bit[11]", "MIL_EMERGENCY", Cell<2>("%d", report.me));
+        table.row("Bit[12]", "MIL_IDENTIFICATION", Cell<2>("%d", report.mi));
+        table.row("Bit[13-14]", "SPARE", "0");
+        table.row("Bit[15]", "FX", Cell<2>("%d", has_fx(item.data[1])));
+    }
+
+    static uint64_t write(uint8_t *octets, const Value &report) {
+        if (!fits(report.typ, 1) || !fits(report.ssr_psr, 2) || !fits(report.ds1_ds2, 2)) return 0;
+        octets[0] = static_cast<uint8_t>(placed(report.typ, 8, 8) | placed(report.sim, 7) |
+                                         placed(report.ssr_psr, 6, 5) | placed(report.ant == kSecondAntenna, 4) |
+                                         placed(report.spi, 3) | placed(report.rab, 2));
+        octets[1] = static_cast<uint8_t>(placed(report.tst, 8) | placed(report.ds1_ds2, 7, 6) | placed(report.me, 5) |
+                                         placed(report.mi, 4));
+        return chain_to_last(octets, 2);
+    }
+};
+
+AST_DEFINE_DECODE(I001_020, ast_dataitem_001_020_decode)
+AST_DEFINE_VIEWS(I001_020, ast_dataitem_001_020_get_summary, ast_dataitem_001_020_get_detail_html)
+AST_DEFINE_ENCODE(I001_020, ast_dataitem_001_020_encode)
+
+// ---- I001/030 Warning/Error Conditions ----
+
+namespace {
+
+// The conditions of this category, which numbers them otherwise than category 048.
+const char *describe_condition(uint32_t code) {
+    static constexpr const char *kCommon[] = {
+        "No warning nor error condition", "Garbled reply", "Reflection",           "Sidelobe reply", "Split plot",
+        "Second time around reply",       "Angels",        "Terrestrial vehicles",
+    };
+    switch (code) {
+    case 64:
+        return "Possible wrong code in Mode-3/A";
+    case 65:
+        return "Possible wrong altitude information, transmitted when the Code C credibility check fails together with "
+               "the Mode-C code in binary notation";
+    case 66:
+        return "Possible phantom MSSR plot";
+    case 80:
+        return "Fixed PSR plot";
+    case 81:
+        return "Slow PSR plot";
+    case 82:
+        return "Low quality PSR plot";
+    default:
+        return text_of(kCommon, code, kUnknownWarning);
+    }
+}
+
+} // namespace
+
+struct I001_030 : WarningConditions<1030, kUnlimitedOctets, describe_condition> {};
+
+AST_DEFINE_DECODE(I001_030, ast_dataitem_001_030_decode)
+AST_DEFINE_VIEWS(I001_030, ast_dataitem_001_030_get_summary, ast_dataitem_001_030_get_detail_html)
+AST_DEFINE_ENCODE(I001_030, ast_dataitem_001_030_encode)
+
+// ---- I001/040 Measured Position in Polar Co-ordinates ----
+
+struct I001_040 : PolarPosition<1040, ast_dataitem_001_040_t, &ast_dataitem_001_040_t::rho_nm, 128> {
+    static void show(HtmlWriter &html, const Value &position) { show_as(html, position, "RHO LSB:NM", "Octet[3-4]"); }
+    static bool write(uint8_t *octets, Value &position) {
+        return PolarPosition::write(octets, position) && fits(position.rho_raw, 16);
+    }
+};
+
+AST_DEFINE_DECODE(I001_040, ast_dataitem_001_040_decode)
+AST_DEFINE_VIEWS(I001_040, ast_dataitem_001_040_get_summary, ast_dataitem_001_040_get_detail_html)
+AST_DEFINE_ENCODE(I001_040, ast_dataitem_001_040_encode)
+
+// ---- I001/042 Calculated Position in Cartesian Co-ordinates ----
+
+namespace {
+
+constexpr unsigned kCartesianUnitsPerNm = 64;
+
+} // namespace
+
+struct I001_042 : ScaledPairItem<1042, FieldScale{2, true, 1, kCartesianUnitsPerNm}> {
+    static void summarize(TextWriter &out, const Value &position) {
+        out.print("X:%.1f Y:%.1f LSB:M", position.value_1 * kMetresPerNm, position.value_2 * kMetresPerNm);
+    }
+    static void show(HtmlWriter &html, const Value &position) {
+        DetailTable table(html, "Bit", "Item", "Value");
+        write_axis_rows(table, "Octet[1-2]", 'X', position.raw_1, kCartesianUnitsPerNm);
+        write_axis_rows(table, "Octet[3-4]", 'Y', position.raw_2, kCartesianUnitsPerNm);
+    }
+};
+
+AST_DEFINE_DECODE(I001_042, ast_dataitem_001_042_decode)
+AST_DEFINE_VIEWS(I001_042, ast_dataitem_001_042_get_summary, ast_dataitem_001_042_get_detail_html)
+AST_DEFINE_ENCODE(I001_042, ast_dataitem_001_042_encode)
+
+// ---- I001/120 Measured Radial Doppler Speed ----
+
+struct I001_120 : ScaledItem<1120, FieldScale{1, true, 225, 16}> { // 1/256 NM/s, in knots
+    static void summarize(TextWriter &out, const Value &speed) { out.print("DOPPLER:%.2fKT", speed.value); }
+    static void show(HtmlWriter &html, const Value &speed) {
+        constexpr double kUnitsPerNmPerS = 256;
+        DetailTable table(html, "Bit", "Item", "Value");
+        table.row("Bit[0-7]", "DOPPLER_SPEED LSB:1/256NM/S", Cell<20>("%d", speed.raw));
+        table.row("Bit[0-7]", "DOPPLER_SPEED LSB:M/S", Cell<20>("%.2f", speed.raw * kMetresPerNm / kUnitsPerNmPerS));
+        table.row("Bit[0-7]", "DOPPLER_SPEED LSB:KNOT", Cell<20>("%.2f", speed.value));
+    }
+};
+
+AST_DEFINE_DECODE(I001_120, ast_dataitem_001_120_decode)
+AST_DEFINE_VIEWS(I001_120, ast_dataitem_001_120_get_summary, ast_dataitem_001_120_get_detail_html)
+AST_DEFINE_ENCODE(I001_120, ast_dataitem_001_120_encode)
+
+// ---- I001/130 Radar Plot Characteristics ----
+
+struct I001_130 : OctetChain<1130, kUnlimitedOctets> {};
+
+AST_DEFINE_DECODE(I001_130, ast_dataitem_001_130_decode)
+AST_DEFINE_DETAIL(I001_130, ast_dataitem_001_130_get_detail_html)
+
+// ---- I001/131 Received Power ----
+
+struct I001_131 : ScaledItem<1131, FieldScale{1, true, 1, 1}> {
+    static void summarize(TextWriter &out, const Value &power) { out.print("POWER:%d LSB:DBM", power.raw); }
+    static void show(HtmlWriter &html, const Value &power) {
+        DetailTable table(html, "Bit", "Item", "Value");
+        table.row("Bit[0-7]", "RECEIVED_POWER LSB:DBM", Cell<20>("%d", power.raw));
+    }
+};
+
+AST_DEFINE_DECODE(I001_131, ast_dataitem_001_131_decode)
+AST_DEFINE_VIEWS(I001_131, ast_dataitem_001_131_get_summary, ast_dataitem_001_131_get_detail_html)
+AST_DEFINE_ENCODE(I001_131, ast_dataitem_001_131_encode)
+
+// ---- I001/141 Truncated Time of Day ----
+
+struct I001_141 : ScaledItem<1141, FieldScale{2, false, 1, 128}> {
+    static void summarize(TextWriter &out, const Value &time) { out.print("TRUNC_TOD:%.3fS", time.value); }
+    static void show(HtmlWriter &html, const Value &time) {
+        DetailTable table(html, "Name", "Value");
+        table.row("TIME LSB=1/128S", Cell<10>("%d", time.raw));
+        table.row("TIME LSB=1S", Cell<10>("%.3f", time.value));
+    }
+};
+
+AST_DEFINE_DECODE(I001_141, ast_dataitem_001_141_decode)
+AST_DEFINE_VIEWS(I001_141, ast_dataitem_001_141_get_summary, ast_dataitem_001_141_get_detail_html)
+AST_DEFINE_ENCODE(I001_141, ast_dataitem_001_141_encode)
+
+// ---- I001/150 Presence of X-Pulse ----
+
+struct I001_150 : Item<1150, ast_dataitem_001_150_t, fixed<1>> {
+    static void read(Value &pulse, const uint8_t *octets) {
+        pulse.xa = bit(octets[0], 8);
+        pulse.xc = bit(octets[0], 6);
+        pulse.x2 = bit(octets[0], 3);
+    }
+
+    static void summarize(TextWriter &out, const Value &pulse) {
+        const bool any = pulse.xa || pulse.xc || pulse.x2;
+        out.append("X_PULSE:");
+        if (!any) out.append("NONE");
+        const char *gap = "";
+        for (const auto &[is_there, mode] :
+             {std::pair{pulse.xa, "MODE_3/A"}, {pulse.xc, "MODE_C"}, {pulse.x2, "MODE_2"}}) {
+            if (!is_there) continue;
+            out.print("%s%s", gap, mode);
+            gap = " ";
+        }
+    }
+
+    static void show(HtmlWriter &html, const Value &pulse) {
+        DetailTable table(html, "Bit", "Item", "Value");
+        table.row("Bit[0]", "X_PULSE_MODE_3/A", Cell<2>("%d", pulse.xa));
+        table.row("Bit[1]", "SPARE", "0");
+        table.row("Bit[2]", "X_PULSE_MODE_C", Cell<2>("%d", pulse.xc));
+        table.row("Bit[3-4]", "SPARE", "0");
+        table.row("Bit[5]", "X_PULSE_MODE_2", Cell<2>("%d", pulse.x2));
+        table.row("Bit[6-7]", "SPARE", "0");
+    }
+
+    static bool write(uint8_t *octets, const Value &pulse) {
+        octets[0] = static_cast<uint8_t>(placed(pulse.xa, 8) | placed(pulse.xc, 6) | placed(pulse.x2, 3));
+        return true;
+    }
+};
+
+AST_DEFINE_DECODE(I001_150, ast_dataitem_001_150_decode)
+AST_DEFINE_VIEWS(I001_150, ast_dataitem_001_150_get_summary, ast_dataitem_001_150_get_detail_html)
+AST_DEFINE_ENCODE(I001_150, ast_dataitem_001_150_encode)
+
+// ---- I001/170 Track Status ----
+
+struct I001_170 : Item<1170, ast_dataitem_001_170_t, extended<2>> {
+    static constexpr uint32_t kFirstChain = 1;
+    static constexpr uint32_t kSecondChain = 2;
+    static constexpr Value kDefault = {.rdpc = kFirstChain};
+
+    static void read(Value &status, const ast_dataitem_t &item) {
+        const uint8_t first = item.data[0];
+        status.con = bit(first, 8);
+        status.rad = bits(first, 7, 7);
+        status.man = bit(first, 6);
+        status.dou = bit(first, 5);
+        status.rdpc = bit(first, 4) ? kSecondChain : kFirstChain;
+        status.gho = bit(first, 2);
+        status.tre = item.size >= 2 && bit(item.data[1], 8);
+    }
+
+    static void summarize(TextWriter &out, const Value &status) {
+        out.append(status.rad ? "TYPE:SSR/CMB" : "TYPE:PSR");
+        out.append(shown_if(status.con, " TENTATIVE"));
+        out.append(shown_if(status.gho, " GHOST"));
+        out.append(shown_if(status.tre, " END"));
+    }
+
+    static void show(HtmlWriter &html, const Value &status, const ast_dataitem_t &item) {
+        DetailTable table(html, "Bit", "ID", "Item", "Value");
+        table.row("Bit[0]", "CON", "TENTATIVE", Cell<2>("%d", status.con));
+        table.row("Bit[1]", "RAD", "TRACK_TYPE", status.rad ? "SSR/COMBINED" : "PSR");
+        table.row("Bit[2]", "MAN", "MANOEUVRE", Cell<2>("%d", status.man));
+        table.row("Bit[3]", "DOU", "LOW_CONFIDENCE", Cell<2>("%d", status.dou));
+        table.row("Bit[4]", "RDPC", "PROCESSING_CHAIN", Cell<2>("%u", status.rdpc));
+        table.row("Bit[5]", "---", "SPARE", "");
+        table.row("Bit[6]", "GHO", "GHOST_TRACK", Cell<2>("%d", status.gho));
+        table.row("Bit[7]", "FX", "FIELD_EXTENSION", Cell<2>("%d", item.size >= 2));
+        if (item.size < 2) return;
+        table.row("Bit[8]", "TRE", "TRACK_END", Cell<2>("%d", status.tre));
+        table.row("Bit[9-14]", "---", "SPARE", "");
+        table.row("Bit[15]", "FX", "FIELD_EXTENSION", Cell<2>("%d", has_fx(item.data[1])));
+    }
+
+    static uint64_t write(uint8_t *octets, const Value &status) {
+        if (!fits(status.rad, 1)) return 0;
+        octets[0] = static_cast<uint8_t>(placed(status.con, 8) | placed(status.rad, 7, 7) | placed(status.man, 6) |
+                                         placed(status.dou, 5) | placed(status.rdpc == kSecondChain, 4) |
+                                         placed(status.gho, 2));
+        octets[1] = placed(status.tre, 8);
+        return chain_to_last(octets, 2);
+    }
+};
+
+AST_DEFINE_DECODE(I001_170, ast_dataitem_001_170_decode)
+AST_DEFINE_VIEWS(I001_170, ast_dataitem_001_170_get_summary, ast_dataitem_001_170_get_detail_html)
+AST_DEFINE_ENCODE(I001_170, ast_dataitem_001_170_encode)
+
+// ---- I001/210 Track Quality ----
+
+struct I001_210 : OctetChain<1210, kUnlimitedOctets> {};
+
+AST_DEFINE_DECODE(I001_210, ast_dataitem_001_210_decode)
+AST_DEFINE_VIEWS(I001_210, ast_dataitem_001_210_get_summary, ast_dataitem_001_210_get_detail_html)
+AST_DEFINE_ENCODE(I001_210, ast_dataitem_001_210_encode)
+
+// ---- I001/130 and I001/210 of two radar families, which bound them ----
+
+struct I001_A01 : OctetChain<1901, 1> {};
+struct I001_A02 : OctetChain<1902, 1> {};
+struct I001_A03 : OctetChain<1903, 4> {};
+struct I001_A04 : OctetChain<1904, 11> {};
+
+AST_DEFINE_DECODE(I001_A01, ast_dataitem_001_A01_decode)
+AST_DEFINE_VIEWS(I001_A01, ast_dataitem_001_A01_get_summary, ast_dataitem_001_A01_get_detail_html)
+AST_DEFINE_DECODE(I001_A02, ast_dataitem_001_A02_decode)
+AST_DEFINE_VIEWS(I001_A02, ast_dataitem_001_A02_get_summary, ast_dataitem_001_A02_get_detail_html)
+AST_DEFINE_DECODE(I001_A03, ast_dataitem_001_A03_decode)
+AST_DEFINE_VIEWS(I001_A03, ast_dataitem_001_A03_get_summary, ast_dataitem_001_A03_get_detail_html)
+AST_DEFINE_DECODE(I001_A04, ast_dataitem_001_A04_decode)
+AST_DEFINE_VIEWS(I001_A04, ast_dataitem_001_A04_get_summary, ast_dataitem_001_A04_get_detail_html)
+
+// ---- Accessors ----
+
+ast_sac_sic_t ast_datarecord_001_get_sacsic(const ast_datarecord_t *record) { return sacsic_of(record, 1010); }
+ast_uint_value_t ast_datarecord_001_get_msgtype(const ast_datarecord_t *record) {
+    const auto report = first<I001_020>(record);
+    if (!report.valid) return {};
+    return {.valid = true, .value = report.typ ? AST_MSGTYPE_TRACK : AST_MSGTYPE_PLOT};
+}
+ast_uint_value_t ast_datarecord_001_get_tracknum(const ast_datarecord_t *record) { return tracknum_of(record, 1161); }
+ast_squawk_t ast_datarecord_001_get_squawk(const ast_datarecord_t *record) { return whole_squawk_of(record, 1070); }
+ast_quantity_t ast_datarecord_001_get_flightlevel(const ast_datarecord_t *record) { return level_of(record, 1090); }
+ast_polar_coordinate_t ast_datarecord_001_get_polarcoord(const ast_datarecord_t *record) {
+    const auto position = first<I001_040>(record);
+    return {.valid = position.valid, .rho_nm = position.rho_nm, .theta_deg = position.theta_deg};
+}
+
+// ---- The flat record ----
+
+namespace {
+
+using Flat = ast_datarecord_001_t;
+
+constexpr FlatMember<Flat> kMembers[] = {
+    both_ways<&Flat::data_source, ast_dataitem_data_source_identifier_decode>(1010),
+    both_ways<&Flat::target_report, I001_020>(),
+    both_ways<&Flat::warnings, I001_030>(),
+    both_ways<&Flat::polar_position, I001_040>(),
+    both_ways<&Flat::cartesian_position, I001_042>(),
+    both_ways<&Flat::mode_2, ast_dataitem_mode_3a_code_decode>(1050),
+    both_ways<&Flat::mode_2_confidence, ast_dataitem_mode_3a_confidence_decode>(1060),
+    both_ways<&Flat::mode_3a, ast_dataitem_mode_3a_code_decode>(1070),
+    both_ways<&Flat::mode_3a_confidence, ast_dataitem_mode_3a_confidence_decode>(1080),
+    both_ways<&Flat::mode_c, ast_dataitem_mode_c_code_decode>(1090),
+    both_ways<&Flat::mode_c_confidence, ast_dataitem_mode_c_confidence_decode>(1100),
+    both_ways<&Flat::doppler_speed, I001_120>(),
+    taken_apart<&Flat::plot_characteristics, I001_130>(),
+    both_ways<&Flat::received_power, I001_131>(),
+    both_ways<&Flat::truncated_time_of_day, I001_141>(),
+    both_ways<&Flat::x_pulse, I001_150>(),
+    both_ways<&Flat::track_number, ast_dataitem_track_number_decode>(1161),
+    both_ways<&Flat::track_status, I001_170>(),
+    both_ways<&Flat::polar_velocity, ast_dataitem_velocity_polar_decode>(1200),
+    both_ways<&Flat::track_quality, I001_210>(),
+    taken_apart<&Flat::plot_characteristics, I001_A01>(),
+    taken_apart<&Flat::track_quality, I001_A02>(),
+    taken_apart<&Flat::plot_characteristics, I001_A03>(),
+    taken_apart<&Flat::track_quality, I001_A04>(),
+};
+
+} // namespace
+
+ast_datarecord_001_t *ast_datarecord_001_disassemble(ast_datarecord_001_t *flat, const ast_datarecord_t *record) {
+    return disassemble_into(flat, record, 1, kMembers, report_quietly);
+}
+
+ast_datarecord_t ast_datarecord_001_assemble(uint8_t *buffer, uint64_t length, ast_datarecord_001_t *flat,
+                                             ast_uap_t uap) {
+    return assemble(buffer, length, flat, 1, uap, kMembers);
+}
+
+// ---- The category ----
 
 namespace {
 
@@ -18,32 +405,41 @@ const ast_uap_t *plot_or_track(const uint8_t *record, uint64_t available) {
     return bit(record[descriptor], 8) ? &AST_UAP_STANDARD : &AST_UAP_CAT001_PLOT;
 }
 
+constexpr ast_datarecord_func_t kAccessors = {
+    .get_sacsic = ast_datarecord_001_get_sacsic,
+    .get_msgtype = ast_datarecord_001_get_msgtype,
+    .get_tracknum = ast_datarecord_001_get_tracknum,
+    .get_squawk = ast_datarecord_001_get_squawk,
+    .get_flightlevel = ast_datarecord_001_get_flightlevel,
+    .get_polarcoord = ast_datarecord_001_get_polarcoord,
+};
+
 constexpr ItemRow kItems[] = {
     {10, "Data Source Identifier", items::data_source_identifier},
-    {20, "Target Report Descriptor", {extended<2>}},
-    {30, "Warning/Error Conditions", {extended<kUnlimitedOctets>}},
-    {40, "Measured Position in Polar Co-ordinates", {fixed<4>}},
-    {42, "Calculated Position in Cartesian Co-ordinates", {fixed<4>}},
+    own<I001_020>("Target Report Descriptor"),
+    own<I001_030>("Warning/Error Conditions"),
+    own<I001_040>("Measured Position in Polar Co-ordinates"),
+    own<I001_042>("Calculated Position in Cartesian Co-ordinates"),
     {50, "Mode-2 Code in Octal Representation", items::mode_3a_code},
     {60, "Mode-2 Code Confidence Indicator", items::mode_3a_confidence},
     {70, "Mode-3/A Code in Octal Representation", items::mode_3a_code},
     {80, "Mode-3/A Code Confidence Indicator", items::mode_3a_confidence},
     {90, "Mode-C Code in Binary Representation", items::mode_c_code},
     {100, "Mode-C Code and Code Confidence Indicator", items::mode_c_confidence},
-    {120, "Measured Radial Doppler Speed", {fixed<1>}},
-    {130, "Radar Plot Characteristics", items::binary_data(extended<kUnlimitedOctets>)},
-    {131, "Received Power", {fixed<1>}},
-    {141, "Truncated Time of Day", {fixed<2>}},
-    {150, "Presence of X-Pulse", {fixed<1>}},
+    own<I001_120>("Measured Radial Doppler Speed"),
+    {130, "Radar Plot Characteristics", items::binary_data(I001_130::kSize, kDetailOf<I001_130>)},
+    own<I001_131>("Received Power"),
+    own<I001_141>("Truncated Time of Day"),
+    own<I001_150>("Presence of X-Pulse"),
     {161, "Track Plot Number", items::track_number},
-    {170, "Track Status", {extended<2>}},
+    own<I001_170>("Track Status"),
     {200, "Calculated Track Velocity in Polar Co-ordinates", items::velocity_polar},
-    {210, "Track Quality", {extended<kUnlimitedOctets>}},
-    {.number = 901, .name = "Radar Plot Characteristics", .handlers = {extended<1>}, .variant_of = 130},
-    {.number = 902, .name = "Track Quality", .handlers = {extended<1>}, .variant_of = 210},
-    {.number = 903, .name = "Radar Plot Characteristics", .handlers = {extended<4>}, .variant_of = 130},
-    {.number = 904, .name = "Track Quality", .handlers = {extended<11>}, .variant_of = 210},
-    {951, "Custom Field", {fixed<2>}},
+    own<I001_210>("Track Quality"),
+    own<I001_A01>("Radar Plot Characteristics", 130),
+    own<I001_A02>("Track Quality", 210),
+    own<I001_A03>("Radar Plot Characteristics", 130),
+    own<I001_A04>("Track Quality", 210),
+    {951, "Custom Field", items::binary_data(fixed<2>)},
     {AST_ITEM_RFS, "Random Field Sequencing", items::random_field_sequencing},
     {AST_ITEM_SPF, "Special Purpose Field", items::special_purpose_field},
 };
@@ -51,7 +447,7 @@ constexpr ItemRow kItems[] = {
 } // namespace
 
 AST_DEFINE_CATEGORY(kCategory001, 1, "Unknown CAT001 Dataitem", kItems, ast_dataitem_001_get_name,
-                    .choose_profile = plot_or_track)
+                    .accessors = kAccessors, .choose_profile = plot_or_track)
 
 void ast_datablock_001_mixuap_decode_into(ast_datablock_t *block, const uint8_t *data, uint64_t available) {
     if (block) decode_mixed(*block, data, available, kCategory001);

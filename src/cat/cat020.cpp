@@ -1,10 +1,343 @@
 // Category 020: multilateration target reports, edition 1.11.
 
+#include "cat/flat.hpp"
+#include "codec/fspec.hpp"
+#include "items/accessors.hpp"
+#include "items/code.hpp"
 #include "items/items.hpp"
-
-namespace {
+#include "items/octet_chain.hpp"
+#include "items/scaled.hpp"
+#include "items/transponder.hpp"
+#include "items/vehicle_fleet.hpp"
+#include "items/warnings.hpp"
 
 using namespace ast;
+
+// ---- I020/020 Target Report Descriptor ----
+
+struct I020_020 : Item<20020, ast_dataitem_020_020_t, extended<3>> {
+    static constexpr uint32_t kFirstChain = 1;
+    static constexpr uint32_t kSecondChain = 2;
+    static constexpr Value kDefault = {.chn = kFirstChain};
+
+    static void read(Value &report, const ast_dataitem_t &item) {
+        const uint8_t first = item.data[0];
+        report.ssr = bit(first, 8);
+        report.ms = bit(first, 7);
+        report.hf = bit(first, 6);
+        report.vdl4 = bit(first, 5);
+        report.uat = bit(first, 4);
+        report.dme = bit(first, 3);
+        report.ot = bit(first, 2);
+        if (item.size < 2) return;
+        const uint8_t second = item.data[1];
+        report.rab = bit(second, 8);
+        report.spi = bit(second, 7);
+        report.chn = bit(second, 6) ? kSecondChain : kFirstChain;
+        report.gbs = bit(second, 5);
+        report.crt = bit(second, 4);
+        report.sim = bit(second, 3);
+        report.tst = bit(second, 2);
+        if (item.size >= 3) report.cf = bits(item.data[2], 8, 7);
+    }
+
+    // A bit that is set names a technology that took part; systems in service send them so.
+    static void summarize(TextWriter &out, const Value &report) {
+        const char *sign = "";
+        out.append("TYPE:");
+        const auto name = [&](bool takes_part, const char *technology) {
+            if (!takes_part) return;
+            out.print("%s%s", sign, technology);
+            sign = "+";
+        };
+        name(report.ssr, "SSR");
+        name(report.ms, "MODE_S");
+        name(report.hf, "HF");
+        name(report.vdl4, "VDL4");
+        name(report.uat, "UAT");
+        name(report.dme, "DME");
+        name(report.ot, "OTHER");
+        out.append(*sign ? "" : "NONE");
+        out.print("%s CHN%u", shown_if(report.sim, " SIM"), report.chn);
+        out.append(shown_if(report.spi, " SPI"));
+        out.append(shown_if(report.rab, " RAB"));
+        out.append(shown_if(report.tst, " TST"));
+        out.append(shown_if(report.gbs, " GBS"));
+        out.append(shown_if(report.crt, " CRT"));
+    }
+
+    static void show(HtmlWriter &html, const Value &report, const ast_dataitem_t &item) {
+        static constexpr const char *kFormats[] = {"ICAO_ADDRESS", "NON_ICAO_ADDRESS", "NON_ADS-B_MESSAGE",
+                                                   "NOT_AVAILABLE"};
+        DetailTable table(html, "Bit", "Item", "Value");
+        table.row("Bit[0]", "SSR_MULTILATERATION", Cell<2>("%d", report.ssr));
+        table.row("Bit[1]", "MODE-S_MULTILATERATION", Cell<2>("%d", report.ms));
+        table.row("Bit[2]", "HF_MULTILATERATION", Cell<2>("%d", report.hf));
+        table.row("Bit[3]", "VDL4_MULTILATERATION", Cell<2>("%d", report.vdl4));
+        table.row("Bit[4]", "UAT_MULTILATERATION", Cell<2>("%d", report.uat));
+        table.row("Bit[5]", "DME_MULTILATERATION", Cell<2>("%d", report.dme));
+        table.row("Bit[6]", "OTHER_MULTILATERATION", Cell<2>("%d", report.ot));
+        table.row("Bit[7]", "FX", Cell<2>("%d", item.size >= 2));
+        if (item.size < 2) return;
+        table.row("Bit[8]", "FIXED_TRANSPONDER", Cell<2>("%d", report.rab));
+        table.row("Bit[9]", "SPI", Cell<2>("%d", report.spi));
+        table.row("Bit[10]", "PROCESSING_CHAIN", Cell<2>("%u", report.chn));
+        table.row("Bit[11]", "GROUND_BIT_SET", Cell<2>("%d", report.gbs));
+        table.row("Bit[12]", "CORRUPTED_REPLIES", Cell<2>("%d", report.crt));
+        table.row("Bit[13]", "SIMULATED_TARGET", Cell<2>("%d", report.sim));
+        table.row("Bit[14]", "TEST_TARGET", Cell<2>("%d", report.tst));
+        table.row("Bit[15]", "FX", Cell<2>("%d", item.size >= 3));
+        if (item.size < 3) return;
+        table.row("Bit[16-17]", "CF_INDICATION", kFormats[report.cf]);
+        table.row("Bit[18-22]", "SPARE", "0");
+        table.row("Bit[23]", "FX", Cell<2>("%d", has_fx(item.data[2])));
+    }
+
+    static uint64_t write(uint8_t *octets, const Value &report) {
+        octets[0] = static_cast<uint8_t>(placed(report.ssr, 8) | placed(report.ms, 7) | placed(report.hf, 6) |
+                                         placed(report.vdl4, 5) | placed(report.uat, 4) | placed(report.dme, 3) |
+                                         placed(report.ot, 2));
+        octets[1] = static_cast<uint8_t>(placed(report.rab, 8) | placed(report.spi, 7) |
+                                         placed(report.chn == kSecondChain, 6) | placed(report.gbs, 5) |
+                                         placed(report.crt, 4) | placed(report.sim, 3) | placed(report.tst, 2));
+        octets[2] = placed(report.cf, 8, 7);
+        return fits(report.cf, 2) ? chain_to_last(octets, 3) : 0;
+    }
+};
+
+AST_DEFINE_DECODE(I020_020, ast_dataitem_020_020_decode)
+AST_DEFINE_VIEWS(I020_020, ast_dataitem_020_020_get_summary, ast_dataitem_020_020_get_detail_html)
+AST_DEFINE_ENCODE(I020_020, ast_dataitem_020_020_encode)
+
+// ---- I020/030 Warning/Error Conditions ----
+
+struct I020_030 : WarningConditions<20030, kUnlimitedOctets, describe_warning> {};
+
+AST_DEFINE_DECODE(I020_030, ast_dataitem_020_030_decode)
+AST_DEFINE_VIEWS(I020_030, ast_dataitem_020_030_get_summary, ast_dataitem_020_030_get_detail_html)
+AST_DEFINE_ENCODE(I020_030, ast_dataitem_020_030_encode)
+
+// ---- I020/055 Mode-1 Code ----
+
+struct I020_055 : Item<20055, ast_dataitem_020_055_t, fixed<1>> {
+    static void read(Value &code, const uint8_t *octets) {
+        code.not_validated = bit(octets[0], 8);
+        code.garbled = bit(octets[0], 7);
+        code.smoothed = bit(octets[0], 6);
+        code.code = bits(octets[0], 5, 1);
+    }
+
+    static uint32_t digit_a(const Value &code) { return bits(code.code, 5, 3); }
+    static uint32_t digit_b(const Value &code) { return bits(code.code, 2, 1); }
+
+    static void summarize(TextWriter &out, const Value &code) {
+        out.print("MODE_1:%o%o%s%s%s", digit_a(code), digit_b(code), shown_if(code.not_validated, kNotValidated),
+                  shown_if(code.garbled, kGarbled), shown_if(code.smoothed, kSmoothed));
+    }
+
+    static void show(HtmlWriter &html, const Value &code) {
+        DetailTable table(html, "Bit", "Item", "Value");
+        table.row("Bit[0]", "NOT_VALIDATED", Cell<2>("%d", code.not_validated));
+        table.row("Bit[1]", "GARBLED", Cell<2>("%d", code.garbled));
+        table.row("Bit[2]", "SMOOTHED", Cell<2>("%d", code.smoothed));
+        table.row("Bit[3-5]", "CODE-A", Cell<2>("%o", digit_a(code)));
+        table.row("Bit[6-7]", "CODE-B", Cell<2>("%o", digit_b(code)));
+    }
+
+    static bool write(uint8_t *octets, const Value &code) {
+        octets[0] = static_cast<uint8_t>(placed(code.not_validated, 8) | placed(code.garbled, 7) |
+                                         placed(code.smoothed, 6) | placed(code.code, 5, 1));
+        return fits(code.code, 5);
+    }
+};
+
+AST_DEFINE_DECODE(I020_055, ast_dataitem_020_055_decode)
+AST_DEFINE_VIEWS(I020_055, ast_dataitem_020_055_get_summary, ast_dataitem_020_055_get_detail_html)
+AST_DEFINE_ENCODE(I020_055, ast_dataitem_020_055_encode)
+
+// ---- I020/170 Track Status ----
+
+struct I020_170 : Item<20170, ast_dataitem_020_170_t, extended<2>> {
+    static constexpr uint32_t kInvalid = 3;
+    static constexpr Value kDefault = {.cdm = kInvalid};
+
+    static void read(Value &status, const ast_dataitem_t &item) {
+        const uint8_t first = item.data[0];
+        status.cnf = bit(first, 8);
+        status.tre = bit(first, 7);
+        status.cst = bit(first, 6);
+        status.cdm = bits(first, 5, 4);
+        status.mah = bit(first, 3);
+        status.sth = bit(first, 2);
+        status.gho = item.size >= 2 && bit(item.data[1], 8);
+    }
+
+    static void summarize(TextWriter &out, const Value &status) {
+        out.print("TRACK_STS:%s", status.cnf ? "TENTATIVE" : "CONFIRMED");
+        out.append(shown_if(status.tre, " END"));
+        out.append(shown_if(status.cst, " COASTED"));
+        out.append(shown_if(status.gho, " GHOST"));
+    }
+
+    static void show(HtmlWriter &html, const Value &status, const ast_dataitem_t &item) {
+        static constexpr const char *kVertical[] = {"MAINTAINING", "CLIMBING", "DESCENDING", "INVALID"};
+        DetailTable table(html, "Bit", "ID", "Item", "Value");
+        table.row("Bit[0]", "CNF", "TENTATIVE", Cell<2>("%d", status.cnf));
+        table.row("Bit[1]", "TRE", "TRACK_END", Cell<2>("%d", status.tre));
+        table.row("Bit[2]", "CST", "COASTING", Cell<2>("%d", status.cst));
+        table.row("Bit[3-4]", "CDM", "VERTICAL_MANOEUVRE", kVertical[status.cdm]);
+        table.row("Bit[5]", "MAH", "HORIZONTAL_MANOEUVRE", Cell<2>("%d", status.mah));
+        table.row("Bit[6]", "STH", "POSITION", status.sth ? "SMOOTHED" : "MEASURED");
+        table.row("Bit[7]", "FX", "FIELD_EXTENSION", Cell<2>("%d", item.size >= 2));
+        if (item.size < 2) return;
+        table.row("Bit[8]", "GHO", "GHOST_TRACK", Cell<2>("%d", status.gho));
+        table.row("Bit[9-14]", "---", "SPARE", "");
+        table.row("Bit[15]", "FX", "FIELD_EXTENSION", Cell<2>("%d", has_fx(item.data[1])));
+    }
+
+    static uint64_t write(uint8_t *octets, const Value &status) {
+        if (!fits(status.cdm, 2)) return 0;
+        octets[0] = static_cast<uint8_t>(placed(status.cnf, 8) | placed(status.tre, 7) | placed(status.cst, 6) |
+                                         placed(status.cdm, 5, 4) | placed(status.mah, 3) | placed(status.sth, 2));
+        octets[1] = placed(status.gho, 8);
+        return chain_to_last(octets, 2);
+    }
+};
+
+AST_DEFINE_DECODE(I020_170, ast_dataitem_020_170_decode)
+AST_DEFINE_VIEWS(I020_170, ast_dataitem_020_170_get_summary, ast_dataitem_020_170_get_detail_html)
+AST_DEFINE_ENCODE(I020_170, ast_dataitem_020_170_encode)
+
+// ---- I020/210 Calculated Acceleration ----
+
+struct I020_210 : ScaledPairItem<20210, FieldScale{1, true, 1, 4}> { // metres per second squared
+    static void summarize(TextWriter &out, const Value &acceleration) {
+        out.print("AX:%.2f AY:%.2f", acceleration.value_1, acceleration.value_2);
+    }
+    static void show(HtmlWriter &html, const Value &acceleration) {
+        DetailTable table(html, "Octet", "Item", "Value");
+        table.row("Octet[1]", "ACCELERATION_X LSB:M/S^2", Cell<20>("%.2f", acceleration.value_1));
+        table.row("Octet[2]", "ACCELERATION_Y LSB:M/S^2", Cell<20>("%.2f", acceleration.value_2));
+    }
+};
+
+AST_DEFINE_DECODE(I020_210, ast_dataitem_020_210_decode)
+AST_DEFINE_VIEWS(I020_210, ast_dataitem_020_210_get_summary, ast_dataitem_020_210_get_detail_html)
+AST_DEFINE_ENCODE(I020_210, ast_dataitem_020_210_encode)
+
+// ---- I020/230 Communications/ACAS Capability and Flight Status ----
+
+struct I020_230 : CommAndFlightStatus<20230> {};
+
+AST_DEFINE_DECODE(I020_230, ast_dataitem_020_230_decode)
+AST_DEFINE_VIEWS(I020_230, ast_dataitem_020_230_get_summary, ast_dataitem_020_230_get_detail_html)
+AST_DEFINE_ENCODE(I020_230, ast_dataitem_020_230_encode)
+
+// ---- I020/260 ACAS Resolution Advisory Report ----
+
+struct I020_260 : AcasAdvisory<20260> {};
+
+AST_DEFINE_DECODE(I020_260, ast_dataitem_020_260_decode)
+AST_DEFINE_VIEWS(I020_260, ast_dataitem_020_260_get_summary, ast_dataitem_020_260_get_detail_html)
+
+// ---- I020/300 Vehicle Fleet Identification ----
+
+struct I020_300 : Item<20300, ast_uint_value_t, fixed<1>> {
+    static void read(Value &fleet, const uint8_t *octets) { fleet.value = octets[0]; }
+    static void summarize(TextWriter &out, const Value &fleet) { out.print("FLEET:%s", vehicle_fleet(fleet.value)); }
+    static void show(HtmlWriter &html, const Value &fleet) {
+        DetailTable table(html, "Octet", "Item", "Value");
+        table.row("Octet[1]", "VEHICLE_FLEET_ID", vehicle_fleet(fleet.value));
+    }
+    static bool write(uint8_t *octets, const Value &fleet) {
+        octets[0] = static_cast<uint8_t>(fleet.value);
+        return fits(fleet.value, 8);
+    }
+};
+
+AST_DEFINE_DECODE(I020_300, ast_dataitem_020_300_decode)
+AST_DEFINE_VIEWS(I020_300, ast_dataitem_020_300_get_summary, ast_dataitem_020_300_get_detail_html)
+AST_DEFINE_ENCODE(I020_300, ast_dataitem_020_300_encode)
+
+// ---- I020/310 Pre-programmed Message ----
+
+struct I020_310 : Item<20310, ast_dataitem_020_310_t, fixed<1>> {
+    static void read(Value &message, const uint8_t *octets) {
+        message.trb = bit(octets[0], 8);
+        message.msg = bits(octets[0], 7, 1);
+    }
+
+    static const char *message_text(uint32_t msg) {
+        static constexpr const char *kMessages[] = {"UNDEFINED",    "TOWING_AIRCRAFT",     "FOLLOW_ME",
+                                                    "RUNWAY_CHECK", "EMERGENCY_OPERATION", "WORK_IN_PROGRESS"};
+        return text_of(kMessages, msg, "UNDEFINED");
+    }
+
+    static void summarize(TextWriter &out, const Value &message) {
+        out.print("MSG:%s%s", message_text(message.msg), shown_if(message.trb, " IN_TROUBLE"));
+    }
+
+    static void show(HtmlWriter &html, const Value &message) {
+        DetailTable table(html, "Bit", "Item", "Value");
+        table.row("Bit[0]", "IN_TROUBLE", Cell<2>("%d", message.trb));
+        table.row("Bit[1-7]", "MESSAGE", message_text(message.msg));
+    }
+
+    static bool write(uint8_t *octets, const Value &message) {
+        octets[0] = static_cast<uint8_t>(placed(message.trb, 8) | placed(message.msg, 7, 1));
+        return fits(message.msg, 7);
+    }
+};
+
+AST_DEFINE_DECODE(I020_310, ast_dataitem_020_310_decode)
+AST_DEFINE_VIEWS(I020_310, ast_dataitem_020_310_get_summary, ast_dataitem_020_310_get_detail_html)
+AST_DEFINE_ENCODE(I020_310, ast_dataitem_020_310_encode)
+
+// ---- I020/400 Contributing Devices ----
+
+// Receiver units are numbered from the last bit on: bit 1 of the last octet is unit 1.
+struct I020_400 : Item<20400, ast_dataitem_020_400_t, repetitive<1>> {
+    static constexpr uint64_t kMostOctets = 1 + AST_020_400_MAX_OCTETS;
+    static constexpr uint64_t kUnitsPerOctet = 8;
+
+    static bool read(Value &devices, const ast_dataitem_t &item) {
+        if (item.size != 1 + uint64_t{item.data[0]}) return false;
+        devices.count = item.data[0];
+        uint64_t octet = 1;
+        for (uint8_t &held : devices.octets) {
+            if (octet == item.size) break;
+            devices.units += bits_set(held = item.data[octet++]);
+        }
+        for (; octet < item.size; ++octet) devices.units += bits_set(item.data[octet]);
+        return true;
+    }
+
+    static void summarize(TextWriter &out, const Value &devices) { out.print("DEVICES:%u", devices.units); }
+
+    static void show(HtmlWriter &html, const Value &, const ast_dataitem_t &item) {
+        DetailTable table(html, "Octet", "Item", "Value");
+        for (uint64_t octet = 1; octet < item.size; ++octet) {
+            const auto lowest = static_cast<unsigned>((item.size - 1 - octet) * kUnitsPerOctet + 1);
+            table.row(Cell<16>("Octet[%u]", static_cast<unsigned>(octet + 1)),
+                      Cell<16>("RU%u-RU%u", lowest + 7, lowest), BinaryOctet(item.data[octet]));
+        }
+    }
+
+    static uint64_t write(uint8_t *octets, const Value &devices) {
+        if (devices.count > std::size(devices.octets)) return 0;
+        octets[0] = static_cast<uint8_t>(devices.count);
+        std::copy_n(devices.octets, devices.count, octets + 1);
+        return 1 + uint64_t{devices.count};
+    }
+};
+
+AST_DEFINE_DECODE(I020_400, ast_dataitem_020_400_decode)
+AST_DEFINE_VIEWS(I020_400, ast_dataitem_020_400_get_summary, ast_dataitem_020_400_get_detail_html)
+AST_DEFINE_ENCODE(I020_400, ast_dataitem_020_400_encode)
+
+// ---- I020/500 Position Accuracy ----
+
+namespace {
 
 constexpr SubfieldRow kPositionAccuracyRows[] = {
     {"DOP", "DOP of Position", fixed<6>},
@@ -17,46 +350,194 @@ constexpr Compound kPositionAccuracy = {
 
 } // namespace
 
-// ---- I020/500 Position Accuracy ----
-
-// Sized as the compound item that it is; its subfields are not registered.
+// Sized as the compound item that it is; its subfields are not registered, and it is shown as a whole.
 uint64_t ast_dataitem_020_500_get_size(const uint8_t *data, uint64_t available) {
     return compound_size(kPositionAccuracy, data, available);
 }
 
+struct I020_500 : Item<20500, ast_dataitem_020_500_t, SizeRule{}> {
+    static constexpr SizeRule kSize = sized_by(ast_dataitem_020_500_get_size);
+    static constexpr double kLsb = 0.25;
+    static constexpr double kHeightLsbM = 0.5;
+
+    static double read_quarters(const uint8_t *octets) { return read_u16(octets) * kLsb; }
+
+    static bool read(Value &accuracy, const ast_dataitem_t &item) {
+        if (ast_dataitem_020_500_get_size(item.data, item.size) != item.size) return false;
+        const ast_fspec_t primary = ast_fspec_decode(item.data, item.size);
+        const uint8_t *next = item.data + primary.length;
+        const auto take = [&](uint32_t number) -> const uint8_t * {
+            if (!ast_fspec_is_set(&primary, number)) return nullptr;
+            const uint8_t *const octets = next;
+            next += kPositionAccuracyRows[number - 1].size.octets;
+            return octets;
+        };
+        if (const uint8_t *const dop = take(1))
+            accuracy.dop = {true, read_quarters(dop), read_quarters(dop + 2), read_quarters(dop + 4)};
+        if (const uint8_t *const sdp = take(2))
+            accuracy.sdp = {true, read_quarters(sdp), read_quarters(sdp + 2), read_quarters(sdp + 4)};
+        if (const uint8_t *const sdh = take(3)) accuracy.sdh = {true, read_u16(sdh) * kHeightLsbM};
+        return true;
+    }
+
+    static void summarize(TextWriter &out, const Value &accuracy) {
+        const char *gap = "";
+        if (accuracy.dop.present) {
+            out.print("DOP:%.2f,%.2f,%.2f", accuracy.dop.x, accuracy.dop.y, accuracy.dop.xy);
+            gap = " ";
+        }
+        if (accuracy.sdp.present) {
+            out.print("%sSDP:%.2f,%.2f,%.2f", gap, accuracy.sdp.x_m, accuracy.sdp.y_m, accuracy.sdp.xy);
+            gap = " ";
+        }
+        if (accuracy.sdh.present) out.print("%sSDH:%.1f", gap, accuracy.sdh.height_m);
+    }
+
+    static void show(HtmlWriter &html, const Value &accuracy) {
+        DetailTable table(html, "ID", "Item", "Value");
+        const auto row = [&](const char *id, const char *name, double value) {
+            table.row(id, name, Cell<20>("%.2f", value));
+        };
+        if (accuracy.dop.present) {
+            row("DOP", "X-COMPONENT", accuracy.dop.x);
+            row("DOP", "Y-COMPONENT", accuracy.dop.y);
+            row("DOP", "CORRELATION_XY", accuracy.dop.xy);
+        }
+        if (accuracy.sdp.present) {
+            row("SDP", "X-COMPONENT LSB:M", accuracy.sdp.x_m);
+            row("SDP", "Y-COMPONENT LSB:M", accuracy.sdp.y_m);
+            row("SDP", "CORRELATION_XY", accuracy.sdp.xy);
+        }
+        if (accuracy.sdh.present) row("SDH", "GEO_HEIGHT LSB:M", accuracy.sdh.height_m);
+    }
+};
+
+AST_DEFINE_DECODE(I020_500, ast_dataitem_020_500_decode)
+AST_DEFINE_VIEWS(I020_500, ast_dataitem_020_500_get_summary, ast_dataitem_020_500_get_detail_html)
+
+// ---- Accessors ----
+
+ast_sac_sic_t ast_datarecord_020_get_sacsic(const ast_datarecord_t *record) { return sacsic_of(record, 20010); }
+ast_time_of_day_t ast_datarecord_020_get_timeofday(const ast_datarecord_t *record) {
+    return timeofday_of(record, 20140);
+}
+ast_uint_value_t ast_datarecord_020_get_msgtype(const ast_datarecord_t *record) {
+    return msgtype_of(record, AST_MSGTYPE_MLAT);
+}
+ast_uint_value_t ast_datarecord_020_get_tracknum(const ast_datarecord_t *record) { return tracknum_of(record, 20161); }
+ast_squawk_t ast_datarecord_020_get_squawk(const ast_datarecord_t *record) { return whole_squawk_of(record, 20070); }
+
+ast_aircraft_id_t ast_datarecord_020_get_callsign(const ast_datarecord_t *record) {
+    const auto target = ast_dataitem_target_id_decode(first_item(record, 20245));
+    ast_aircraft_id_t callsign{.valid = target.valid, .text = {}};
+    std::copy(std::begin(target.text), std::end(target.text), callsign.text);
+    return callsign;
+}
+
+ast_icao_address_t ast_datarecord_020_get_icaoaddr(const ast_datarecord_t *record) {
+    return icaoaddr_of(record, 20220);
+}
+ast_coordinate_t ast_datarecord_020_get_coordinate(const ast_datarecord_t *record) {
+    return coordinate_of(record, 20041);
+}
+ast_quantity_t ast_datarecord_020_get_flightlevel(const ast_datarecord_t *record) {
+    return first_valid(level_of(record, 20090), first_valid(height_of(record, 20110), height_of(record, 20105)));
+}
+
+// ---- The flat record ----
+
 namespace {
+
+using Flat = ast_datarecord_020_t;
+
+constexpr FlatMember<Flat> kMembers[] = {
+    both_ways<&Flat::data_source, ast_dataitem_data_source_identifier_decode>(20010),
+    both_ways<&Flat::target_report, I020_020>(),
+    both_ways<&Flat::warnings, I020_030>(),
+    taken_apart<&Flat::position, ast_dataitem_position_wgs84_decode>(20041),
+    taken_apart<&Flat::cartesian_position, ast_dataitem_position_cartesian_decode>(20042),
+    both_ways<&Flat::mode_2, ast_dataitem_mode_3a_code_decode>(20050),
+    both_ways<&Flat::mode_1, I020_055>(),
+    both_ways<&Flat::mode_3a, ast_dataitem_mode_3a_code_decode>(20070),
+    both_ways<&Flat::mode_c, ast_dataitem_mode_c_code_decode>(20090),
+    both_ways<&Flat::mode_c_confidence, ast_dataitem_mode_c_confidence_decode>(20100),
+    taken_apart<&Flat::geometric_height, ast_dataitem_height_decode>(20105),
+    taken_apart<&Flat::measured_height, ast_dataitem_height_decode>(20110),
+    both_ways<&Flat::time_of_day, ast_dataitem_time_of_day_decode>(20140),
+    both_ways<&Flat::track_number, ast_dataitem_track_number_decode>(20161),
+    both_ways<&Flat::track_status, I020_170>(),
+    taken_apart<&Flat::cartesian_velocity, ast_dataitem_velocity_cartesian_decode>(20202),
+    both_ways<&Flat::acceleration, I020_210>(),
+    taken_apart<&Flat::target_address, ast_dataitem_target_address_decode>(20220),
+    both_ways<&Flat::comm_and_flight_status, I020_230>(),
+    taken_apart<&Flat::target_id, ast_dataitem_target_id_decode>(20245),
+    taken_apart<&Flat::modes_mb, ast_dataitem_modes_mb_decode>(20250),
+    taken_apart<&Flat::acas_advisory, I020_260>(),
+    both_ways<&Flat::vehicle_fleet, I020_300>(),
+    both_ways<&Flat::message, I020_310>(),
+    both_ways<&Flat::contributing_devices, I020_400>(),
+    taken_apart<&Flat::position_accuracy, I020_500>(),
+};
+
+} // namespace
+
+ast_datarecord_020_t *ast_datarecord_020_disassemble(ast_datarecord_020_t *flat, const ast_datarecord_t *record) {
+    return disassemble_into(flat, record, 20, kMembers, report_quietly);
+}
+
+ast_datarecord_t ast_datarecord_020_assemble(uint8_t *buffer, uint64_t length, ast_datarecord_020_t *flat,
+                                             ast_uap_t uap) {
+    return assemble(buffer, length, flat, 20, uap, kMembers);
+}
+
+// ---- The category ----
+
+namespace {
+
+constexpr ast_datarecord_func_t kAccessors = {
+    .get_sacsic = ast_datarecord_020_get_sacsic,
+    .get_timeofday = ast_datarecord_020_get_timeofday,
+    .get_msgtype = ast_datarecord_020_get_msgtype,
+    .get_tracknum = ast_datarecord_020_get_tracknum,
+    .get_squawk = ast_datarecord_020_get_squawk,
+    .get_callsign = ast_datarecord_020_get_callsign,
+    .get_icaoaddr = ast_datarecord_020_get_icaoaddr,
+    .get_coordinate = ast_datarecord_020_get_coordinate,
+    .get_flightlevel = ast_datarecord_020_get_flightlevel,
+};
 
 constexpr ItemRow kItems[] = {
     {10, "Data Source Identifier", items::data_source_identifier},
-    {20, "Target Report Descriptor", {extended<3>}},
-    {30, "Warning/Error Conditions", {extended<kUnlimitedOctets>}},
+    own<I020_020>("Target Report Descriptor"),
+    own<I020_030>("Warning/Error Conditions"),
     {41, "Position In WGS-84 Coordinates", items::without_encoder(items::position_wgs84)},
     {42, "Position in Cartesian Coordinates", items::position_cartesian},
-    {50, "Mode-2 Code in Octal Representation", {fixed<2>}},
-    {55, "Mode-1 Code in Octal Representation", {fixed<1>}},
+    {50, "Mode-2 Code in Octal Representation", items::mode_3a_code},
+    own<I020_055>("Mode-1 Code in Octal Representation"),
     {70, "Mode-3/A Code in Octal Representation", items::mode_3a_code},
     {90, "Flight Level in Binary Representation", items::mode_c_code},
-    {100, "Mode C Code", {fixed<4>}},
+    {100, "Mode C Code", items::mode_c_confidence},
     {105, "Geometric Height (WGS-84)", items::height},
     {110, "Measured Height (Local Cartesian Coordinates)", items::height},
     {140, "Time of Day", items::time_of_day},
     {161, "Track Number", items::track_number},
-    {170, "Track Status", {extended<2>}},
+    own<I020_170>("Track Status"),
     {202, "Calculated Track Velocity in Cartesian Coordinates", items::velocity_cartesian},
-    {210, "Calculated Acceleration", {fixed<2>}},
+    own<I020_210>("Calculated Acceleration"),
     {220, "Target Address", items::without_encoder(items::target_address)},
-    {230, "Communications/ACAS Capability and Flight Status", {fixed<2>}},
+    own<I020_230>("Communications/ACAS Capability and Flight Status"),
     {245, "Target Identification", items::target_id},
     {250, "BDS Register Data", items::modes_mb},
-    {260, "ACAS Resolution Advisory Report", {fixed<7>}},
-    {300, "Vehicle Fleet Identification", {fixed<1>}},
-    {310, "Pre-programmed Message", {fixed<1>}},
-    {400, "Contributing Devices", {repetitive<1>}},
-    {500, "Position Accuracy", {sized_by(ast_dataitem_020_500_get_size)}},
+    own<I020_260>("ACAS Resolution Advisory Report"),
+    own<I020_300>("Vehicle Fleet Identification"),
+    own<I020_310>("Pre-programmed Message"),
+    own<I020_400>("Contributing Devices"),
+    own<I020_500>("Position Accuracy"),
     {AST_ITEM_REF, "Reserved Expansion Field", items::reserved_expansion_field},
     {AST_ITEM_SPF, "Special Purpose Field", items::special_purpose_field},
 };
 
 } // namespace
 
-AST_DEFINE_CATEGORY(kCategory020, 20, "Unknown CAT020 Dataitem", kItems, ast_dataitem_020_get_name)
+AST_DEFINE_CATEGORY(kCategory020, 20, "Unknown CAT020 Dataitem", kItems, ast_dataitem_020_get_name,
+                    .accessors = kAccessors)

@@ -1,15 +1,702 @@
 // Category 021: ADS-B target reports, editions 0.23 to 2.4.
 
+#include <algorithm>
+#include <cstdlib>
+#include <initializer_list>
+
+#include "core/bits.hpp"
+#include "items/compound.hpp"
 #include "items/items.hpp"
+#include "items/octet_chain.hpp"
+#include "items/units.hpp"
+#include "items/vertical.hpp"
+
+using namespace ast;
 
 namespace {
 
-using namespace ast;
+constexpr uint32_t kAngleUnits = 65536; // per full circle
+
+// An item whose detail view is one table, which stays without rows when the item cannot be read.
+template <ast_dataitem_type_t Type, typename Value, SizeRule Rule>
+struct Tabled : Item<Type, Value, Rule> {
+    static void show_unread(HtmlWriter &html) { DetailTable table(html, "Bit", "Item", "Value"); }
+};
+
+// The same with another title of the second column.
+template <ast_dataitem_type_t Type, typename Value, SizeRule Rule>
+struct TabledByName : Item<Type, Value, Rule> {
+    static void show_unread(HtmlWriter &html) { DetailTable table(html, "Bit", "Name", "Value"); }
+};
+
+// A text that stands only when its flag is set.
+struct Word {
+    bool flag;
+    const char *text;
+};
+
+// The words whose flags are set, with a blank between them; another one when none is.
+void write_words(TextWriter &out, std::initializer_list<Word> words, const char *no_word) {
+    const char *blank = "";
+    for (const Word &word : words) {
+        if (!word.flag) continue;
+        out.append(blank);
+        out.append(word.text);
+        blank = " ";
+    }
+    if (*blank == '\0') out.append(no_word);
+}
+
+// The nearest number of steps to a value; the raw one where the value is no number.
+int32_t steps_of(double value, double lsb, int32_t raw) { return std::isnan(value) ? raw : rounded_units(value / lsb); }
+
+int32_t read_signed(const uint8_t *octets) { return magnitude_less_maximum(read_u16(octets), 16); }
+
+// Writes what read_signed reads.
+bool write_signed(uint8_t *octets, int32_t raw) {
+    write_u16(octets, one_below_when_negative(raw));
+    return fits(std::abs(int64_t{raw}), 15);
+}
+
+} // namespace
+
+// ---- I021/008 Aircraft Operational Status ----
+
+struct I021_008 : Tabled<21008, ast_dataitem_021_008_t, fixed<1>> {
+    static void read(Value &status, const uint8_t *octets) {
+        status.ra = bit(octets[0], 8);
+        status.ts = bit(octets[0], 5);
+        status.arv = bit(octets[0], 4);
+        status.cdti = bit(octets[0], 3);
+        status.not_tcas = bit(octets[0], 2);
+        status.sa = bit(octets[0], 1);
+    }
+
+    static void summarize(TextWriter &out, const Value &status) {
+        write_words(out,
+                    {{status.ra, "RA"},
+                     {status.ts, "TS"},
+                     {status.arv, "ARV"},
+                     {status.cdti, "CDTI"},
+                     {status.not_tcas, "NO_TCAS"},
+                     {status.sa, "SA"}},
+                    "");
+    }
+
+    static void show(HtmlWriter &html, const Value &status, const ast_dataitem_t &item) {
+        DetailTable table(html, "Bit", "Item", "Value");
+        table.row("Bit[0]", "TCAS_RA_ACTIVE", Cell<2>("%d", status.ra));
+        table.row("Bit[1-2]", "TC_CAPABILITY", Cell<2>("%u", bits(item.data[0], 7, 6)));
+        table.row("Bit[3]", "TS_CAPABILITY", Cell<2>("%d", status.ts));
+        table.row("Bit[4]", "ARV_CAPABILITY", Cell<2>("%d", status.arv));
+        table.row("Bit[5]", "CDTI_OPERATIONAL", Cell<2>("%d", status.cdti));
+        table.row("Bit[6]", "TCAS_NO_OPERATIONAL", Cell<2>("%d", status.not_tcas));
+        table.row("Bit[7]", "SINGLE_ANTENNA", Cell<2>("%d", status.sa));
+    }
+};
+
+AST_DEFINE_DECODE(I021_008, ast_dataitem_021_008_decode)
+AST_DEFINE_DETAIL(I021_008, ast_dataitem_021_008_get_detail_html)
+
+// This summary leaves the last eight characters of its room free; viewers know it cut there.
+void ast_dataitem_021_008_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item) {
+    constexpr uint64_t kFreeChars = 8;
+    set_text(text, capacity, "");
+    if (capacity > kFreeChars) summarize<I021_008>(text, capacity - kFreeChars, item);
+}
+template <>
+constexpr SummaryView *ast::kSummaryOf<I021_008> = ast_dataitem_021_008_get_summary;
+
+// ---- I021/016 Service Management ----
+
+struct I021_016 : Item<21016, ast_dataitem_021_016_t, fixed<1>> {
+    static constexpr double kLsbS = 0.5;
+    static constexpr double kLongestS = 127.5; // or longer
+
+    static void read(Value &service, const uint8_t *octets) {
+        service.raw = octets[0];
+        service.period_s = service.raw * kLsbS;
+    }
+
+    static void summarize(TextWriter &out, const Value &service) {
+        if (service.period_s <= 0)
+            out.append("DATA_DRIVEN_MODE");
+        else
+            out.print("PR:%s%.2fSEC", shown_if(service.period_s >= kLongestS, ">="), service.period_s);
+    }
+};
+
+AST_DEFINE_DECODE(I021_016, ast_dataitem_021_016_decode)
+AST_DEFINE_SUMMARY(I021_016, ast_dataitem_021_016_get_summary)
+
+// ---- I021/020 Emitter Category ----
+
+struct I021_020 : Tabled<21020, ast_dataitem_021_020_t, fixed<1>> {
+    static void read(Value &emitter, const uint8_t *octets) {
+        emitter.emitter_category = ast_emitter_category_from_int(octets[0]);
+    }
+
+    static void summarize(TextWriter &out, const Value &emitter) {
+        out.append("EMITTER:");
+        out.append(ast_emitter_category_to_str(emitter.emitter_category, AST_STYLE_SHORT));
+    }
+
+    static void show(HtmlWriter &html, const Value &emitter) {
+        DetailTable table(html, "Bit", "Item", "Value");
+        table.row("Bit[0-7]", "Value", Cell<4>("%u", emitter.emitter_category));
+        table.row("Bit[0-7]", "Description", ast_emitter_category_to_str(emitter.emitter_category, AST_STYLE_LONG));
+    }
+
+    static bool write(uint8_t *octets, const Value &emitter) {
+        octets[0] = static_cast<uint8_t>(emitter.emitter_category);
+        return fits(emitter.emitter_category, 8);
+    }
+};
+
+AST_DEFINE_DECODE(I021_020, ast_dataitem_021_020_decode)
+AST_DEFINE_VIEWS(I021_020, ast_dataitem_021_020_get_summary, ast_dataitem_021_020_get_detail_html)
+AST_DEFINE_ENCODE(I021_020, ast_dataitem_021_020_encode)
+
+// ---- I021/032 Time of Day Accuracy ----
+
+struct I021_032 : Tabled<21032, ast_dataitem_021_032_t, fixed<1>> {
+    static constexpr double kLsbS = 1.0 / 256;
+
+    static void read(Value &time, const uint8_t *octets) {
+        time.raw = octets[0];
+        time.accuracy_s = time.raw * kLsbS;
+    }
+
+    static void summarize(TextWriter &out, const Value &time) { out.print("TOD_ACCU:%.2fS", time.accuracy_s); }
+
+    static void show(HtmlWriter &html, const Value &time) {
+        DetailTable table(html, "Bit", "Item", "Value");
+        table.row("Bit[0-7]", "TOD_ACCURACY LSB=1/256S", Cell<20>("%u", time.raw));
+        table.row("Bit[0-7]", "TOD_ACCURACY LSB=S", Cell<20>("%.2f", time.accuracy_s));
+    }
+};
+
+AST_DEFINE_DECODE(I021_032, ast_dataitem_021_032_decode)
+AST_DEFINE_VIEWS(I021_032, ast_dataitem_021_032_get_summary, ast_dataitem_021_032_get_detail_html)
+
+// ---- I021/040 Target Report Descriptor ----
+
+namespace {
+
+constexpr uint32_t kReservedAddressType = 4; // stands for the reserved ones behind it, too
+
+// Altitude reporting capability: the values are one above the codes, and what is invalid is unknown.
+constexpr uint32_t kUnknownCapability = 3;
+
+uint32_t capability_from(uint32_t code) { return std::min(code + 1, kUnknownCapability); }
+
+uint32_t capability_code(uint32_t capability) { return (capability == 0 ? kUnknownCapability : capability) - 1; }
+
+const char *capability_text(uint32_t capability) {
+    static constexpr const char *kCapabilities[] = {"UNKNOWN", "25FT", "100FT", "UNKNOWN"};
+    return text_of(kCapabilities, capability, "UNKNOWN");
+}
+
+} // namespace
+
+struct I021_040 : TabledByName<21040, ast_dataitem_021_040_t, extended<3>> {
+    static void read(Value &report, const ast_dataitem_t &item) {
+        read_first(report, item.data[0]);
+        if (item.size >= 2) read_second(report, item.data[1]);
+        if (item.size >= 3) read_third(report, item.data[2]);
+    }
+
+    static void read_first(Value &report, uint8_t octet) {
+        report.atp = std::min(bits(octet, 8, 6), kReservedAddressType);
+        report.arc = capability_from(bits(octet, 5, 4));
+        report.rc = bit(octet, 3);
+        report.rab = bit(octet, 2);
+    }
+
+    static void read_second(Value &report, uint8_t octet) {
+        report.dcr = bit(octet, 8);
+        report.gbs = bit(octet, 7);
+        report.sim = bit(octet, 6);
+        report.tst = bit(octet, 5);
+        report.saa = bit(octet, 4);
+        report.cl = bits(octet, 3, 2);
+    }
+
+    // Each is taken from one bit above its place in the published layout, which the labels name; users rely on it.
+    static void read_third(Value &report, uint8_t octet) {
+        report.ipc = bit(octet, 7);
+        report.nogo = bit(octet, 6);
+        report.cpr = bit(octet, 5);
+        report.ldpj = bit(octet, 4);
+        report.rcf = bit(octet, 3);
+        report.bit_2 = bit(octet, 2);
+    }
+
+    static void summarize(TextWriter &out, const Value &report) {
+        out.append("TARGET:");
+        write_words(out, {{report.gbs, "GBS"}, {report.sim, "SIM"}, {report.tst, "TST"}}, "NORMAL");
+    }
+
+    static void show(HtmlWriter &html, const Value &report, const ast_dataitem_t &item) {
+        static constexpr const char *kAddresses[] = {"24-BIT_ICAO_ADDRESS", "DUPLICATED_ADDRESS",
+                                                     "SURFACE_VEHICLE_ADDRESS", "ANONYMOUS_ADDRESS"};
+        DetailTable table(html, "Bit", "Name", "Value");
+        table.row("Bit[1-3]", "ADDRESS_TYPE", text_of(kAddresses, report.atp, "RESERVED"));
+        table.row("Bit[4-5]", "ALTITUDE_REPORT_CAPABILITY", capability_text(report.arc));
+        table.row("Bit[6]", "RANGE_CHECK", Cell<2>("%d", report.rc));
+        table.row("Bit[7]", "FIXED_TRANSPONDER_REPORT", Cell<2>("%d", report.rab));
+        if (item.size >= 2) show_second(table, report);
+        if (item.size >= 3) show_third(table, report);
+    }
+
+    static void show_second(DetailTable &table, const Value &report) {
+        static constexpr const char *kConfidence[] = {"VALID", "SUSPECT", "NO_INFO"};
+        table.row("Bit[9]", "DIFFERENTIAL_CORRECTION", Cell<2>("%d", report.dcr));
+        table.row("Bit[10]", "GROUND_BIT_SET", Cell<2>("%d", report.gbs));
+        table.row("Bit[11]", "SIMULATED_TARGET_REPORT", Cell<2>("%d", report.sim));
+        table.row("Bit[12]", "TEST_TARGET", Cell<2>("%d", report.tst));
+        table.row("Bit[13]", "NO_SELECTED_ALTITUDE_CAPABILITY", Cell<2>("%d", report.saa));
+        table.row("Bit[14-15]", "CONFIDENCE_LEVEL", text_of(kConfidence, report.cl, "RESERVED"));
+    }
+
+    static void show_third(DetailTable &table, const Value &report) {
+        table.row("Bit[17-18]", "SPARE", "");
+        table.row("Bit[19]", "INDEPENDENT_PONSITION_CHECK_FAILED", Cell<2>("%d", report.ipc)); // known so
+        table.row("Bit[20]", "NOGO", report.nogo ? "NOGO_BIT_SET" : "0");
+        table.row("Bit[21]", "CPR_VALIDATION_FAILED", Cell<2>("%d", report.cpr));
+        table.row("Bit[22]", "LDPJ", report.ldpj ? "LDPJ_DETECTED" : "0");
+        table.row("Bit[23]", "RANGE_CHECK_FAILED", Cell<2>("%d", report.rcf));
+    }
+
+    // Ends with the last octet that holds something.
+    static uint64_t write(uint8_t *octets, const Value &report) {
+        const uint32_t arc = capability_code(report.arc);
+        if (!fits(report.atp, 3) || !fits(arc, 2) || !fits(report.cl, 2)) return 0;
+        octets[0] = static_cast<uint8_t>(placed(report.atp, 8, 6) | placed(arc, 5, 4) | placed(report.rc, 3) |
+                                         placed(report.rab, 2));
+        octets[1] = static_cast<uint8_t>(placed(report.dcr, 8) | placed(report.gbs, 7) | placed(report.sim, 6) |
+                                         placed(report.tst, 5) | placed(report.saa, 4) | placed(report.cl, 3, 2));
+        octets[2] = static_cast<uint8_t>(placed(report.ipc, 7) | placed(report.nogo, 6) | placed(report.cpr, 5) |
+                                         placed(report.ldpj, 4) | placed(report.rcf, 3) | placed(report.bit_2, 2));
+        return chain_to_last(octets, kSize.octets);
+    }
+};
+
+AST_DEFINE_DECODE(I021_040, ast_dataitem_021_040_decode)
+AST_DEFINE_VIEWS(I021_040, ast_dataitem_021_040_get_summary, ast_dataitem_021_040_get_detail_html)
+AST_DEFINE_ENCODE(I021_040, ast_dataitem_021_040_encode)
+
+// ---- I021/090 Quality Indicators ----
+
+struct I021_090 : Tabled<21090, ast_dataitem_021_090_t, extended<4>> {
+    // The fields of the extensions, in their order: where each stands, and how it is called.
+    struct Field {
+        ast_optional_field_t Value::*member;
+        uint8_t octet; // counted from 1
+        uint8_t first_bit;
+        uint8_t last_bit;
+        const char *name;
+    };
+    static constexpr Field kFields[] = {
+        {&Value::nic_baro, 2, 8, 8, "NIC_BARO"}, {&Value::sil, 2, 7, 6, "SIL"}, {&Value::nac_p, 2, 5, 2, "NAC_P"},
+        {&Value::sil_s, 3, 6, 6, "SIL_S"},       {&Value::sda, 3, 5, 4, "SDA"}, {&Value::gva, 3, 3, 2, "GVA"},
+        {&Value::pic, 4, 8, 5, "PIC"},
+    };
+
+    static void read(Value &quality, const ast_dataitem_t &item) {
+        quality.nucr_nacv = bits(item.data[0], 8, 6);
+        quality.nucp_nic = bits(item.data[0], 5, 2);
+        for (const Field &each : kFields)
+            if (item.size >= each.octet)
+                quality.*each.member = {.present = true,
+                                        .value = bits(item.data[each.octet - 1], each.first_bit, each.last_bit)};
+    }
+
+    static void summarize(TextWriter &out, const Value &quality) {
+        out.print("NUCR:%u NUCP:%u", quality.nucr_nacv, quality.nucp_nic);
+    }
+
+    static void show(HtmlWriter &html, const Value &quality) {
+        DetailTable table(html, "Bit", "Item", "Value");
+        table.row("Bit[0-2]", "NUC_R, NAC_V", Cell<4>("%u", quality.nucr_nacv));
+        table.row("Bit[3-6]", "NUC_P, NIC", Cell<4>("%u", quality.nucp_nic));
+        for (const Field &each : kFields) {
+            if (!(quality.*each.member).present) continue;
+            if (each.member == &Value::sil_s) table.row("Bit[16-17]", "SPARE", "");
+            const unsigned octet = each.octet * 8U;
+            const unsigned first = octet - each.first_bit;
+            const unsigned last = octet - each.last_bit;
+            table.row(first == last ? Cell<12>("Bit[%u]", first) : Cell<12>("Bit[%u-%u]", first, last), each.name,
+                      Cell<4>("%u", (quality.*each.member).value));
+        }
+        if (quality.pic.present) table.row("Bit[28-30]", "SPARE", "");
+    }
+
+    // Ends with the last octet that a present field stands in.
+    static uint64_t write(uint8_t *octets, const Value &quality) {
+        if (!fits(quality.nucr_nacv, 3) || !fits(quality.nucp_nic, 4)) return 0;
+        std::fill_n(octets, kSize.octets, kFx);
+        octets[0] |= static_cast<uint8_t>(placed(quality.nucr_nacv, 8, 6) | placed(quality.nucp_nic, 5, 2));
+        uint64_t size = 1;
+        for (const Field &each : kFields) {
+            const ast_optional_field_t &value = quality.*each.member;
+            if (!value.present) continue;
+            if (!fits(value.value, each.first_bit - each.last_bit + 1U)) return 0;
+            octets[each.octet - 1] |= placed(value.value, each.first_bit, each.last_bit);
+            size = each.octet;
+        }
+        octets[size - 1] ^= kFx; // ends the chain
+        return size;
+    }
+};
+
+AST_DEFINE_DECODE(I021_090, ast_dataitem_021_090_decode)
+AST_DEFINE_VIEWS(I021_090, ast_dataitem_021_090_get_summary, ast_dataitem_021_090_get_detail_html)
+AST_DEFINE_ENCODE(I021_090, ast_dataitem_021_090_encode)
+
+// ---- I021/095 Velocity Accuracy ----
+
+struct I021_095 : Item<21095, ast_dataitem_021_095_t, fixed<1>> {
+    static void read(Value &accuracy, const uint8_t *octets) { accuracy.value = octets[0]; }
+    static void summarize(TextWriter &out, const Value &accuracy) { out.print("VA:%u", accuracy.value); }
+    static bool write(uint8_t *octets, const Value &accuracy) {
+        octets[0] = static_cast<uint8_t>(accuracy.value);
+        return fits(accuracy.value, 8);
+    }
+};
+
+AST_DEFINE_DECODE(I021_095, ast_dataitem_021_095_decode)
+AST_DEFINE_SUMMARY(I021_095, ast_dataitem_021_095_get_summary)
+AST_DEFINE_ENCODE(I021_095, ast_dataitem_021_095_encode)
+
+// ---- I021/110 Trajectory Intent ----
+
+namespace {
 
 constexpr SubfieldRow kTrajectoryIntent[] = {
     {"TIS", "Trajectory Intent Status", extended<1>},
     {"TID", "Trajectory Intent Data", repetitive<15>},
 };
+
+} // namespace
+
+AST_DEFINE_COMPOUND(kItem110, 21110, kTrajectoryIntent, ast_dataitem_021_110_get_size, ast_subfield_021_110_get_size,
+                    ast_subfield_021_110_get_id, ast_subfield_021_110_get_name, nullptr, nullptr,
+                    .reports_unknown_subfields = true)
+
+// ---- I021/140 Geometric Altitude ----
+
+struct I021_140 : Tabled<21140, ast_dataitem_021_140_t, fixed<2>> {
+    static void read(Value &altitude, const uint8_t *octets) {
+        altitude.raw = read_signed(octets);
+        altitude.altitude_ft = altitude.raw * kVerticalLsbFt;
+    }
+
+    static void summarize(TextWriter &out, const Value &altitude) {
+        out.print("ALTITUDE:%.2fFT", altitude.altitude_ft);
+    }
+
+    static void show(HtmlWriter &html, const Value &altitude) {
+        write_vertical_rows<20>(html, altitude.raw,
+                                {"GEO_ALTITUDE LSB=6.25FT", "GEO_ALTITUDE LSB=FT", "GEO_ALTITUDE LSB=M"});
+    }
+
+    static bool write(uint8_t *octets, Value &altitude) {
+        altitude.raw = steps_of(altitude.altitude_ft, kVerticalLsbFt, altitude.raw);
+        return write_signed(octets, altitude.raw);
+    }
+};
+
+AST_DEFINE_DECODE(I021_140, ast_dataitem_021_140_decode)
+AST_DEFINE_VIEWS(I021_140, ast_dataitem_021_140_get_summary, ast_dataitem_021_140_get_detail_html)
+AST_DEFINE_ENCODE(I021_140, ast_dataitem_021_140_encode)
+
+// ---- I021/145 Flight Level ----
+
+namespace {
+
+constexpr double kLevelLsbFt = 25;
+constexpr double kLevelLsbFl = 0.25;
+
+void write_level_rows(DetailTable &table, const char *bit_label, int32_t raw) {
+    table.row(bit_label, "FLIGHT_LEVEL LSB=0.25FL", Cell<20>("%d", raw));
+    table.row(bit_label, "FLIGHT_LEVEL LSB=FL", Cell<20>("%.2f", raw * kLevelLsbFl));
+    table.row(bit_label, "FLIGHT_LEVEL LSB=M", Cell<20>("%.2f", raw * kLevelLsbFt * kMetresPerFoot));
+}
+
+} // namespace
+
+struct I021_145 : Tabled<21145, ast_dataitem_021_145_t, fixed<2>> {
+    static void read(Value &level, const uint8_t *octets) {
+        level.raw = read_signed(octets);
+        level.altitude_ft = level.raw * kLevelLsbFt;
+    }
+
+    static void summarize(TextWriter &out, const Value &level) { out.print("LEVEL:%.2fFL", level.raw * kLevelLsbFl); }
+
+    static void show(HtmlWriter &html, const Value &level) {
+        DetailTable table(html, "Bit", "Item", "Value");
+        write_level_rows(table, "Bit[0-15]", level.raw);
+    }
+
+    static bool write(uint8_t *octets, Value &level) {
+        level.raw = steps_of(level.altitude_ft, kLevelLsbFt, level.raw);
+        return write_signed(octets, level.raw);
+    }
+};
+
+AST_DEFINE_DECODE(I021_145, ast_dataitem_021_145_decode)
+AST_DEFINE_VIEWS(I021_145, ast_dataitem_021_145_get_summary, ast_dataitem_021_145_get_detail_html)
+AST_DEFINE_ENCODE(I021_145, ast_dataitem_021_145_encode)
+
+// ---- I021/146 Selected Altitude ----
+
+struct I021_146 : Tabled<21146, ast_dataitem_021_146_t, fixed<2>> {
+    static void read(Value &selected, const uint8_t *octets) {
+        selected.sas = bit(octets[0], 8);
+        selected.source = ast_selected_altitude_source_from_int(bits(octets[0], 7, 6));
+        selected.raw = magnitude_less_maximum(read_u16(octets), 13);
+        selected.altitude_ft = selected.raw * kLevelLsbFt;
+    }
+
+    static void summarize(TextWriter &out, const Value &selected) {
+        out.print("SELECTED_ALTITUDE:%.2fFL", selected.raw * kLevelLsbFl);
+    }
+
+    static void show(HtmlWriter &html, const Value &selected) {
+        DetailTable table(html, "Bit", "Item", "Value");
+        table.row("Bit[0]", "SOURCE_INFO_PROVIDED", Cell<2>("%d", selected.sas));
+        table.row("Bit[1-2]", "SOURCE_TYPE", ast_selected_altitude_source_to_str(selected.source, AST_STYLE_LONG));
+        write_level_rows(table, "Bit[3-15]", selected.raw);
+    }
+};
+
+AST_DEFINE_DECODE(I021_146, ast_dataitem_021_146_decode)
+AST_DEFINE_VIEWS(I021_146, ast_dataitem_021_146_get_summary, ast_dataitem_021_146_get_detail_html)
+
+// ---- I021/150 Air Speed ----
+
+namespace {
+
+constexpr double kSpeedLsbKt = 3600.0 / 16384; // 2^-14 NM/s
+
+} // namespace
+
+struct I021_150 : Tabled<21150, ast_dataitem_021_150_t, fixed<2>> {
+    static constexpr double kMachLsb = 0.001;
+
+    static void read(Value &speed, const uint8_t *octets) {
+        speed.im = bit(octets[0], 8);
+        speed.raw = field(octets, 2, 16);
+        (speed.im ? speed.mach : speed.ias_kt) = speed.raw * (speed.im ? kMachLsb : kSpeedLsbKt);
+    }
+
+    static void summarize(TextWriter &out, const Value &speed) {
+        if (speed.im)
+            out.print("MACH:%.3f", speed.mach);
+        else
+            out.print("IAS:%.2fKT", speed.ias_kt);
+    }
+
+    static void show(HtmlWriter &html, const Value &speed) {
+        DetailTable table(html, "Bit", "Item", "Value");
+        if (speed.im) {
+            table.row("Bit[1-15]", "MACH LSB=0.001", Cell<20>("%u", speed.raw));
+            table.row("Bit[1-15]", "MACH LSB=1", Cell<20>("%.3f", speed.mach));
+        } else {
+            table.row("Bit[1-15]", "INDICATED_AIR_SPEED LSB=2^-14 NM/S", Cell<20>("%u", speed.raw));
+            table.row("Bit[1-15]", "INDICATED_AIR_SPEED LSB=KNOT", Cell<20>("%.2f", speed.ias_kt));
+        }
+        table.row("Bit[0]", "MATCH", Cell<2>("%d", speed.im)); // viewers know the label with this spelling
+    }
+
+    static bool write(uint8_t *octets, Value &speed) {
+        const auto raw = static_cast<int32_t>(speed.raw);
+        const int32_t steps = speed.im ? steps_of(speed.mach, kMachLsb, raw) : steps_of(speed.ias_kt, kSpeedLsbKt, raw);
+        speed.raw = static_cast<uint32_t>(steps);
+        write_u16(octets, speed.raw);
+        octets[0] = static_cast<uint8_t>(placed(speed.im, 8) | placed(octets[0], 7, 1));
+        return fits(steps, 15);
+    }
+};
+
+AST_DEFINE_DECODE(I021_150, ast_dataitem_021_150_decode)
+AST_DEFINE_VIEWS(I021_150, ast_dataitem_021_150_get_summary, ast_dataitem_021_150_get_detail_html)
+AST_DEFINE_ENCODE(I021_150, ast_dataitem_021_150_encode)
+
+// ---- I021/151 True Air Speed ----
+
+namespace {
+
+// A speed in knots, as its own text, and in two other units.
+void write_speed_rows(DetailTable &table, const char *bit_label, const char *name, std::string_view knots,
+                      double speed_kt) {
+    constexpr double kMPerSPerKt = kMetresPerNm / 3600;
+    constexpr double kKmPerHPerKt = kMetresPerNm / 1000;
+    table.row(bit_label, Cell<32>("%s LSB=KNOTS", name), knots);
+    table.row(bit_label, Cell<32>("%s LSB=M/S", name), Cell<20>("%.2f", speed_kt * kMPerSPerKt));
+    table.row(bit_label, Cell<32>("%s LSB=KM/H", name), Cell<20>("%.2f", speed_kt * kKmPerHPerKt));
+}
+
+} // namespace
+
+struct I021_151 : Tabled<21151, ast_dataitem_021_151_t, fixed<2>> {
+    static void read(Value &speed, const uint8_t *octets) {
+        speed.re = bit(octets[0], 8);
+        speed.speed_kt = field(octets, 2, 16);
+    }
+
+    static void summarize(TextWriter &out, const Value &speed) { out.print("TAS:%uKT", speed.speed_kt); }
+
+    static void show(HtmlWriter &html, const Value &speed) {
+        DetailTable table(html, "Bit", "Item", "Value");
+        write_speed_rows(table, "Bit[1-15]", "TRUE_AIR_SPEED", Cell<20>("%u", speed.speed_kt), speed.speed_kt);
+    }
+};
+
+AST_DEFINE_DECODE(I021_151, ast_dataitem_021_151_decode)
+AST_DEFINE_VIEWS(I021_151, ast_dataitem_021_151_get_summary, ast_dataitem_021_151_get_detail_html)
+
+// ---- I021/152 Magnetic Heading ----
+
+struct I021_152 : Tabled<21152, ast_dataitem_021_152_t, fixed<2>> {
+    static void read(Value &heading, const uint8_t *octets) {
+        heading.raw = read_u16(octets);
+        heading.heading_deg = heading.raw * kFullCircleDeg / kAngleUnits;
+    }
+
+    static void summarize(TextWriter &out, const Value &heading) { out.print("HDG:%03.2fDEG", heading.heading_deg); }
+
+    static void show(HtmlWriter &html, const Value &heading) {
+        DetailTable table(html, "Bit", "Item", "Value");
+        table.row("Bit[0-15]", "MAGNETIC_HEADING LSB=0.0055DEG", Cell<20>("%u", heading.raw));
+        table.row("Bit[0-15]", "MAGNETIC_HEADING LSB=DEG", Cell<20>("%3.2f", heading.heading_deg));
+    }
+};
+
+AST_DEFINE_DECODE(I021_152, ast_dataitem_021_152_decode)
+AST_DEFINE_VIEWS(I021_152, ast_dataitem_021_152_get_summary, ast_dataitem_021_152_get_detail_html)
+
+// ---- I021/160 Ground Vector ----
+
+struct I021_160 : Tabled<21160, ast_dataitem_021_160_t, fixed<4>> {
+    // RE is the sign bit of the speed as well, so an exceeded range reads as a negative speed; users rely on it.
+    static void read(Value &vector, const uint8_t *octets) {
+        vector.re = bit(octets[0], 8);
+        vector.speed_raw = read_signed(octets);
+        vector.track_raw = read_u16(octets + 2);
+        vector.ground_speed_kt = vector.speed_raw * kSpeedLsbKt;
+        vector.track_angle_deg = vector.track_raw * kFullCircleDeg / kAngleUnits;
+    }
+
+    static void summarize(TextWriter &out, const Value &vector) {
+        out.print("SPD:%.2fKT AGL:%03.2fDEG", vector.ground_speed_kt, vector.track_angle_deg);
+    }
+
+    static void show(HtmlWriter &html, const Value &vector) {
+        DetailTable table(html, "Bit", "Item", "Value");
+        write_speed_rows(table, "Bit[0-15]", "GROUND_SPEED", Cell<20>("%.2f", vector.ground_speed_kt),
+                         vector.ground_speed_kt);
+        table.row("Bit[16-31]", "TRACK_ANGLE LSB=DEG", Cell<20>("%.2f", vector.track_angle_deg));
+    }
+
+    // An angle just below a full circle is rounded to north.
+    static bool write_track(uint8_t *octets, Value &vector) {
+        const double angle_deg = vector.track_angle_deg;
+        if (!std::isnan(angle_deg)) {
+            if (angle_deg < 0 || angle_deg >= kFullCircleDeg) return false;
+            vector.track_raw = low_bits(std::round(angle_deg / kFullCircleDeg * kAngleUnits)) % kAngleUnits;
+        }
+        write_u16(octets, vector.track_raw);
+        return fits(vector.track_raw, 16);
+    }
+
+    static bool write(uint8_t *octets, Value &vector) {
+        constexpr uint32_t kNoSpeedOutOfRange = 0xFFFF; // reads as 0 with RE set
+        vector.speed_raw = steps_of(vector.ground_speed_kt, kSpeedLsbKt, vector.speed_raw);
+        const bool has_speed = write_signed(octets, vector.speed_raw) && (vector.speed_raw <= 0 || !vector.re);
+        if (vector.speed_raw == 0 && vector.re) write_u16(octets, kNoSpeedOutOfRange);
+        return has_speed && write_track(octets + 2, vector);
+    }
+};
+
+AST_DEFINE_DECODE(I021_160, ast_dataitem_021_160_decode)
+AST_DEFINE_VIEWS(I021_160, ast_dataitem_021_160_get_summary, ast_dataitem_021_160_get_detail_html)
+AST_DEFINE_ENCODE(I021_160, ast_dataitem_021_160_encode)
+
+// ---- I021/200 Target Status ----
+
+struct I021_200 : Item<21200, ast_dataitem_021_200_t, fixed<1>> {
+    static void read(Value &status, const uint8_t *octets) {
+        status.icf = bit(octets[0], 8);
+        status.lnav = bit(octets[0], 7);
+        status.me = bit(octets[0], 6);
+        status.ps = ast_emergency_status_from_int(bits(octets[0], 5, 3));
+        status.ss = bits(octets[0], 2, 1);
+    }
+
+    static void summarize(TextWriter &out, const Value &status) {
+        static constexpr const char *kSurveillance[] = {" SUR:NO_RPT", " SUR:PERM_ALR", " SUR:TEMP_ALR", " SUR:SPI"};
+        out.append("EMG:");
+        out.append(ast_emergency_status_to_str(status.ps));
+        out.append(kSurveillance[status.ss]);
+    }
+
+    static bool write(uint8_t *octets, const Value &status) {
+        octets[0] = static_cast<uint8_t>(placed(status.icf, 8) | placed(status.lnav, 7) | placed(status.me, 6) |
+                                         placed(status.ps, 5, 3) | placed(status.ss, 2, 1));
+        return fits(status.ps, 3) && fits(status.ss, 2);
+    }
+};
+
+AST_DEFINE_DECODE(I021_200, ast_dataitem_021_200_decode)
+AST_DEFINE_SUMMARY(I021_200, ast_dataitem_021_200_get_summary)
+AST_DEFINE_ENCODE(I021_200, ast_dataitem_021_200_encode)
+
+// ---- I021/210 MOPS Version ----
+
+struct I021_210 : TabledByName<21210, ast_dataitem_021_210_t, fixed<1>> {
+    static constexpr uint32_t kUnknownLink = 4; // stands for the unassigned ones behind it, too
+
+    static void read(Value &mops, const uint8_t *octets) {
+        mops.vns = bit(octets[0], 7);
+        mops.vn = bits(octets[0], 6, 4);
+        mops.ltt = std::min(bits(octets[0], 3, 1), kUnknownLink);
+    }
+
+    static void summarize(TextWriter &out, const Value &mops) {
+        if (mops.ltt == kUnknownLink)
+            out.append("LINK:UNKNOWN");
+        else
+            out.print("VN:%u", mops.vn);
+    }
+
+    static void show(HtmlWriter &html, const Value &mops) {
+        static constexpr const char *kVersions[] = {"0 (DO-260, ED102)", "1 (DO-260A)", "2 (DO-260B, ED102A)",
+                                                    "3 (DO-260C, ED102B)"};
+        static constexpr const char *kLinks[] = {"OTHER", "UAT", "1090ES", "VDL4"};
+        DetailTable table(html, "Bit", "Name", "Value");
+        table.row("Bit[1]", "VERSION_NOT_SUPPORTED", Cell<2>("%d", mops.vns));
+        table.row("Bit[2-4]", "VERSION_NUMBER",
+                  mops.vn < std::size(kVersions) ? Cell<24>("%s", kVersions[mops.vn])
+                                                 : Cell<24>("%u (UNKNOWN)", mops.vn));
+        table.row("Bit[5-7]", "LINK_TYPE", text_of(kLinks, mops.ltt, "UNKNOWN"));
+        table.row("Bit[0]", "SPARE", "");
+    }
+
+    static bool write(uint8_t *octets, const Value &mops) {
+        octets[0] = static_cast<uint8_t>(placed(mops.vns, 7) | placed(mops.vn, 6, 4) | placed(mops.ltt, 3, 1));
+        return fits(mops.vn, 3) && fits(mops.ltt, 3);
+    }
+};
+
+AST_DEFINE_DECODE(I021_210, ast_dataitem_021_210_decode)
+AST_DEFINE_VIEWS(I021_210, ast_dataitem_021_210_get_summary, ast_dataitem_021_210_get_detail_html)
+AST_DEFINE_ENCODE(I021_210, ast_dataitem_021_210_encode)
+
+// ---- I021/220 Met Information ----
+
+namespace {
 
 constexpr SubfieldRow kMetInformation[] = {
     {"WS", "Wind Speed", fixed<2>},
@@ -18,41 +705,215 @@ constexpr SubfieldRow kMetInformation[] = {
     {"TRB", "Turbulence", fixed<1>},
 };
 
+} // namespace
+
+AST_DEFINE_COMPOUND(kItem220, 21220, kMetInformation, ast_dataitem_021_220_get_size, ast_subfield_021_220_get_size,
+                    ast_subfield_021_220_get_id, ast_subfield_021_220_get_name, nullptr, nullptr)
+
+// ---- I021/230 Roll Angle ----
+
+struct I021_230 : Item<21230, ast_dataitem_021_230_t, fixed<2>> {
+    static constexpr double kLsbDeg = 0.01;
+
+    // Sign and magnitude, not the published two's complement; users rely on it.
+    static void read(Value &roll, const uint8_t *octets) {
+        const auto magnitude = static_cast<int32_t>(field(octets, 2, 16));
+        roll.raw = bit(octets[0], 8) ? -magnitude : magnitude;
+        roll.roll_deg = roll.raw * kLsbDeg;
+    }
+
+    static void summarize(TextWriter &out, const Value &roll) { out.print("RA:%.2fDEG", roll.roll_deg); }
+};
+
+AST_DEFINE_DECODE(I021_230, ast_dataitem_021_230_decode)
+AST_DEFINE_SUMMARY(I021_230, ast_dataitem_021_230_get_summary)
+
+// ---- I021/295 Data Ages ----
+
+namespace {
+
+using Ages = ast_dataitem_021_295_t;
+
+struct Age {
+    using Value = ast_age_t;
+    static constexpr double kLsbS = 0.1;
+    static void read(Value &age, const uint8_t *octets) {
+        age.raw = octets[0];
+        age.age_s = age.raw * kLsbS;
+    }
+    static void summarize(TextWriter &out, const Value &age) { out.print("%.2f LSB=SEC", age.age_s); }
+};
+
 constexpr SubfieldRow kDataAges[] = {
-    {"AOS", "Aircraft Operational Status Age", fixed<1>},
-    {"TRD", "Target Report Descriptor Age", fixed<1>},
-    {"M3A", "Mode 3/A Code Age", fixed<1>},
-    {"QI", "Quality Indicators Age", fixed<1>},
-    {"TI", "Trajectory Intent Age", fixed<1>},
-    {"MAM", "Message Amplitude Age", fixed<1>},
-    {"GH", "Geometric Height Age", fixed<1>},
-    {"FL", "Flight Level Age", fixed<1>},
-    {"SAL", "Selected Altitude Age", fixed<1>},
-    {"FSA", "Final State Selected Altitude Age", fixed<1>},
-    {"AS", "Air Speed Age", fixed<1>},
-    {"TAS", "True Air Speed Age", fixed<1>},
-    {"MH", "Magnetic Heading Age", fixed<1>},
-    {"BVR", "Barometric Vertical Rate Age", fixed<1>},
-    {"GVR", "Geometric Vertical Rate Age", fixed<1>},
-    {"GV", "Ground Vector Age", fixed<1>},
-    {"TAR", "Track Angle Rate Age", fixed<1>},
-    {"TI", "Target Identification Age", fixed<1>}, // the same id as trajectory intent
-    {"TS", "Target Status Age", fixed<1>},
-    {"MET", "Met Information Age", fixed<1>},
-    {"ROA", "Roll Angle Age", fixed<1>},
-    {"ARA", "ACAS Resolution Advisory Age", fixed<1>},
-    {"SCC", "Surface Capabilities and Characteristics Age", fixed<1>},
+    subfield<&Ages::aos, Age>("AOS", "Aircraft Operational Status Age", fixed<1>),
+    subfield<&Ages::trd, Age>("TRD", "Target Report Descriptor Age", fixed<1>),
+    subfield<&Ages::m3a, Age>("M3A", "Mode 3/A Code Age", fixed<1>),
+    subfield<&Ages::qi, Age>("QI", "Quality Indicators Age", fixed<1>),
+    subfield<&Ages::ti, Age>("TI", "Trajectory Intent Age", fixed<1>),
+    subfield<&Ages::mam, Age>("MAM", "Message Amplitude Age", fixed<1>),
+    subfield<&Ages::gh, Age>("GH", "Geometric Height Age", fixed<1>),
+    subfield<&Ages::fl, Age>("FL", "Flight Level Age", fixed<1>),
+    subfield<&Ages::sal, Age>("SAL", "Selected Altitude Age", fixed<1>),
+    subfield<&Ages::fsa, Age>("FSA", "Final State Selected Altitude Age", fixed<1>),
+    subfield<&Ages::as, Age>("AS", "Air Speed Age", fixed<1>),
+    subfield<&Ages::tas, Age>("TAS", "True Air Speed Age", fixed<1>),
+    subfield<&Ages::mh, Age>("MH", "Magnetic Heading Age", fixed<1>),
+    subfield<&Ages::bvr, Age>("BVR", "Barometric Vertical Rate Age", fixed<1>),
+    subfield<&Ages::gvr, Age>("GVR", "Geometric Vertical Rate Age", fixed<1>),
+    subfield<&Ages::gv, Age>("GV", "Ground Vector Age", fixed<1>),
+    subfield<&Ages::tar, Age>("TAR", "Track Angle Rate Age", fixed<1>),
+    subfield<&Ages::tid, Age>("TI", "Target Identification Age", fixed<1>), // the same id as trajectory intent
+    subfield<&Ages::ts, Age>("TS", "Target Status Age", fixed<1>),
+    subfield<&Ages::met, Age>("MET", "Met Information Age", fixed<1>),
+    subfield<&Ages::roa, Age>("ROA", "Roll Angle Age", fixed<1>),
+    subfield<&Ages::ara, Age>("ARA", "ACAS Resolution Advisory Age", fixed<1>),
+    subfield<&Ages::scc, Age>("SCC", "Surface Capabilities and Characteristics Age", fixed<1>),
 };
 
 } // namespace
 
-AST_DEFINE_COMPOUND(kItem110, 21110, kTrajectoryIntent, ast_dataitem_021_110_get_size, ast_subfield_021_110_get_size,
-                    ast_subfield_021_110_get_id, ast_subfield_021_110_get_name, nullptr, nullptr,
-                    .reports_unknown_subfields = true)
-AST_DEFINE_COMPOUND(kItem220, 21220, kMetInformation, ast_dataitem_021_220_get_size, ast_subfield_021_220_get_size,
-                    ast_subfield_021_220_get_id, ast_subfield_021_220_get_name, nullptr, nullptr)
 AST_DEFINE_COMPOUND(kItem295, 21295, kDataAges, ast_dataitem_021_295_get_size, ast_subfield_021_295_get_size,
-                    ast_subfield_021_295_get_id, ast_subfield_021_295_get_name, nullptr, nullptr)
+                    ast_subfield_021_295_get_id, ast_subfield_021_295_get_name, ast_subfield_021_295_get_summary,
+                    nullptr, .summarizes_unknown_subfields = true)
+AST_DEFINE_COMPOUND_DECODE(kItem295, kDataAges, Ages, ast_dataitem_021_295_decode)
+AST_DEFINE_SUBFIELD_SUMMARY(kItem295, ast_subfield_021_295_get_summary)
+
+// ---- I021/400 Receiver ID ----
+
+struct I021_400 : Item<21400, ast_dataitem_021_400_t, fixed<1>> {
+    static void read(Value &receiver, const uint8_t *octets) { receiver.value = octets[0]; }
+    static void summarize(TextWriter &out, const Value &receiver) { out.print("RID:%u", receiver.value); }
+};
+
+AST_DEFINE_DECODE(I021_400, ast_dataitem_021_400_decode)
+AST_DEFINE_SUMMARY(I021_400, ast_dataitem_021_400_get_summary)
+
+// ---- I021/040 Target Report Descriptor, editions 0.23 to 0.26 ----
+
+struct I021_A03 : TabledByName<21903, ast_dataitem_021_A03_t, fixed<2>> {
+    // The values are those of later editions, where the first two are the other way round.
+    static uint32_t swapped(uint32_t address_type) { return address_type < 2 ? 1 - address_type : address_type; }
+
+    static void read(Value &report, const uint8_t *octets) {
+        report.dcr = bit(octets[0], 8);
+        report.gbs = bit(octets[0], 7);
+        report.sim = bit(octets[0], 6);
+        report.tst = bit(octets[0], 5);
+        report.rab = bit(octets[0], 4);
+        report.saa = bit(octets[0], 3);
+        report.spi = bit(octets[0], 2);
+        report.atp = std::min(swapped(bits(octets[1], 8, 6)), kReservedAddressType);
+        report.arc = capability_from(bits(octets[1], 5, 4));
+    }
+
+    static void summarize(TextWriter &out, const Value &report) {
+        out.append("TARGET:");
+        write_words(out, {{report.gbs, "GBS"}, {report.sim, "SIM"}, {report.tst, "TST"}, {report.spi, "SPI"}},
+                    "NORMAL");
+    }
+
+    static void show(HtmlWriter &html, const Value &report) {
+        static constexpr const char *kAddresses[] = {"24-BIT_ICAO_ADDRESS", "NON_UNIQUE_ADDRESS",
+                                                     "SURFACE_VEHICLE_ADDRESS", "ANONYMOUS_ADDRESS"};
+        DetailTable table(html, "Bit", "Name", "Value");
+        table.row("Bit[0]", "DIFFERENTIAL_CORRECTION", Cell<2>("%d", report.dcr));
+        table.row("Bit[1]", "GROUND_BIT_SET", Cell<2>("%d", report.gbs));
+        table.row("Bit[2]", "SIMULATED_TARGET_REPORT", Cell<2>("%d", report.sim));
+        table.row("Bit[3]", "TEST_TARGET", Cell<2>("%d", report.tst));
+        table.row("Bit[4]", "FIXED_TRANSPONDER_REPORT", Cell<2>("%d", report.rab));
+        table.row("Bit[5]", "SELECTED_ALTITUDE_CAPABILITY", Cell<2>("%d", report.saa));
+        table.row("Bit[6]", "SPECIAL_POSITION_IDENTIFICATION", Cell<2>("%d", report.spi));
+        table.row("Bit[7]", "SPARE", "");
+        table.row("Bit[8-10]", "ADDRESS_TYPE", text_of(kAddresses, report.atp, "RESERVED"));
+        table.row("Bit[11-12]", "ALTITUDE_REPORT_CAPABILITY", capability_text(report.arc));
+        table.row("Bit[13-15]", "SPARE", "");
+    }
+
+    static bool write(uint8_t *octets, const Value &report) {
+        const uint32_t arc = capability_code(report.arc);
+        octets[0] = static_cast<uint8_t>(placed(report.dcr, 8) | placed(report.gbs, 7) | placed(report.sim, 6) |
+                                         placed(report.tst, 5) | placed(report.rab, 4) | placed(report.saa, 3) |
+                                         placed(report.spi, 2));
+        octets[1] = static_cast<uint8_t>(placed(swapped(report.atp), 8, 6) | placed(arc, 5, 4));
+        return fits(report.atp, 3) && fits(arc, 2);
+    }
+};
+
+AST_DEFINE_DECODE(I021_A03, ast_dataitem_021_A03_decode)
+AST_DEFINE_VIEWS(I021_A03, ast_dataitem_021_A03_get_summary, ast_dataitem_021_A03_get_detail_html)
+AST_DEFINE_ENCODE(I021_A03, ast_dataitem_021_A03_encode)
+
+// ---- I021/090 Figure of Merit, editions 0.23 to 0.26 ----
+
+struct I021_A05 : Tabled<21905, ast_dataitem_021_A05_t, fixed<2>> {
+    static void read(Value &merit, const uint8_t *octets) {
+        merit.ac = ast_acas_status_from_int(bits(octets[0], 8, 7));
+        merit.mn = ast_multi_navids_status_from_int(bits(octets[0], 6, 5));
+        merit.dc = ast_diff_correction_status_from_int(bits(octets[0], 4, 3));
+        merit.pa = bits(octets[1], 4, 1);
+    }
+
+    static void summarize(TextWriter &out, const Value &merit) { out.print("PA:%u", merit.pa); }
+
+    static void show(HtmlWriter &html, const Value &merit) {
+        DetailTable table(html, "Bit", "Item", "Value");
+        table.row("Bit[0-1]", "ACAS_STATUS", ast_acas_status_to_str(merit.ac));
+        table.row("Bit[2-3]", "MULTIPLE_NAVIDS_STATUS", ast_multi_navids_status_to_str(merit.mn));
+        table.row("Bit[4-5]", "DIFFERENTIAL_CORRECTION_STATUS", ast_diff_correction_status_to_str(merit.dc));
+        table.row("Bit[12-15]", "POSITION_ACCURACY", Cell<4>("%u", merit.pa));
+        table.row("Bit[6-11]", "SPARE", "");
+    }
+
+    static bool write(uint8_t *octets, const Value &merit) {
+        octets[0] = static_cast<uint8_t>(placed(merit.ac, 8, 7) | placed(merit.mn, 6, 5) | placed(merit.dc, 4, 3));
+        octets[1] = placed(merit.pa, 4, 1);
+        return fits(merit.ac, 2) && fits(merit.mn, 2) && fits(merit.dc, 2) && fits(merit.pa, 4);
+    }
+};
+
+AST_DEFINE_DECODE(I021_A05, ast_dataitem_021_A05_decode)
+AST_DEFINE_VIEWS(I021_A05, ast_dataitem_021_A05_get_summary, ast_dataitem_021_A05_get_detail_html)
+AST_DEFINE_ENCODE(I021_A05, ast_dataitem_021_A05_encode)
+
+// ---- I021/210 Link Technology Indicator, editions 0.23 to 0.26 ----
+
+struct I021_A06 : Tabled<21906, ast_dataitem_021_A06_t, fixed<1>> {
+    static void read(Value &link, const uint8_t *octets) {
+        link.cdti = bit(octets[0], 5);
+        link.mds = bit(octets[0], 4);
+        link.uat = bit(octets[0], 3);
+        link.vdl = bit(octets[0], 2);
+        link.otr = bit(octets[0], 1);
+    }
+
+    static void summarize(TextWriter &out, const Value &link) {
+        out.append("LINK:");
+        write_words(
+            out,
+            {{link.cdti, "CDTI"}, {link.mds, "MODE_S"}, {link.uat, "UAT"}, {link.vdl, "VDL4"}, {link.otr, "OTHER"}},
+            "NONE");
+    }
+
+    static void show(HtmlWriter &html, const Value &link) {
+        DetailTable table(html, "Bit", "Item", "Value");
+        table.row("Bit[3]", "COCKPIT_DISPLAY_OF_TRAFFIC_INFO", Cell<2>("%d", link.cdti));
+        table.row("Bit[4]", "MODE_S", Cell<2>("%d", link.mds));
+        table.row("Bit[5]", "UAT", Cell<2>("%d", link.uat));
+        table.row("Bit[6]", "VDL_MODE_4", Cell<2>("%d", link.vdl));
+        table.row("Bit[7]", "OTHER", Cell<2>("%d", link.otr));
+        table.row("Bit[0-2]", "SPARE", "");
+    }
+
+    static bool write(uint8_t *octets, const Value &link) {
+        octets[0] = static_cast<uint8_t>(placed(link.cdti, 5) | placed(link.mds, 4) | placed(link.uat, 3) |
+                                         placed(link.vdl, 2) | placed(link.otr, 1));
+        return true;
+    }
+};
+
+AST_DEFINE_DECODE(I021_A06, ast_dataitem_021_A06_decode)
+AST_DEFINE_VIEWS(I021_A06, ast_dataitem_021_A06_get_summary, ast_dataitem_021_A06_get_detail_html)
+AST_DEFINE_ENCODE(I021_A06, ast_dataitem_021_A06_encode)
 
 // ---- I021/271 Surface Capabilities and Characteristics, editions 1.0 to 2.1 ----
 
@@ -63,18 +924,56 @@ uint64_t ast_dataitem_021_A07_get_size(const uint8_t *data, uint64_t available) 
     return available >= kLongOctets ? kLongOctets : 0;
 }
 
+// ---- I021/200 Target Status, editions 0.23 to 0.26 ----
+
+struct I021_A08 : Item<21908, ast_dataitem_021_A08_t, fixed<1>> {
+    static void read(Value &target, const uint8_t *octets) { target.status = ast_emergency_status_from_int(octets[0]); }
+
+    static void summarize(TextWriter &out, const Value &target) {
+        out.append("EMG:");
+        out.append(ast_emergency_status_to_str(target.status));
+    }
+
+    static bool write(uint8_t *octets, const Value &target) {
+        octets[0] = static_cast<uint8_t>(target.status);
+        return fits(target.status, 8);
+    }
+};
+
+AST_DEFINE_DECODE(I021_A08, ast_dataitem_021_A08_decode)
+AST_DEFINE_SUMMARY(I021_A08, ast_dataitem_021_A08_get_summary)
+AST_DEFINE_ENCODE(I021_A08, ast_dataitem_021_A08_encode)
+
+// ---- The category ----
+
 namespace {
+
+constexpr ast_datarecord_func_t kAccessors = {
+    .get_sacsic = ast_datarecord_021_get_sacsic,
+    .get_timeofday = ast_datarecord_021_get_timeofday,
+    .get_msgtype = ast_datarecord_021_get_msgtype,
+    .get_tracknum = ast_datarecord_021_get_tracknum,
+    .get_squawk = ast_datarecord_021_get_squawk,
+    .get_callsign = ast_datarecord_021_get_callsign,
+    .get_icaoaddr = ast_datarecord_021_get_icaoaddr,
+    .get_coordinate = ast_datarecord_021_get_coordinate,
+    .get_flightlevel = ast_datarecord_021_get_flightlevel,
+    .get_selaltitude = ast_datarecord_021_get_selaltitude,
+    .get_heading = ast_datarecord_021_get_heading,
+    .get_speed = ast_datarecord_021_get_speed,
+    .get_vrate = ast_datarecord_021_get_vrate,
+};
 
 // Three items are handled but have no title; they read, and are reported, as unknown ones.
 constexpr ItemRow kItems[] = {
-    {8, "Aircraft Operational Status", {fixed<1>}},
+    own<I021_008>("Aircraft Operational Status"),
     {10, "Data Source Identifier", items::data_source_identifier},
     {15, "Service Identification", items::service_id},
-    {16, "Service Management", {fixed<1>}},
-    {20, "Emitter Category", {fixed<1>}},
+    own<I021_016>("Service Management"),
+    own<I021_020>("Emitter Category"),
     {30, "Time of Day", items::time_of_day},
-    {32, "Time of Day Accuracy", {fixed<1>}},
-    {40, "Target Report Descriptor", {extended<3>}},
+    own<I021_032>("Time of Day Accuracy"),
+    own<I021_040>("Target Report Descriptor"),
     {70, "Mode-3/A Code in Octal Representation", items::mode_3a_code},
     {71, "Time of Applicability for Position", items::time_of_day},
     {72, "Time of Applicability for Velocity", items::time_of_day},
@@ -84,49 +983,46 @@ constexpr ItemRow kItems[] = {
     {76, "Time of Message Reception of Velocity - High Precision", items::time_of_day_high},
     {77, "Time of ASTERIX Report Transmission", items::time_of_day},
     {80, "Target Address", items::target_address},
-    {90, "Quality Indicators", {extended<4>}},
-    {95, "Velocity Accuracy", {fixed<1>}},
+    own<I021_090>("Quality Indicators"),
+    own<I021_095>("Velocity Accuracy"),
     items::compound(nullptr, kItem110),
     {130, "Position in WGS84 Coordinates", items::position_wgs84_low},
     {131, "High-Resolution Position in WGS-84 Coordinates", items::position_wgs84},
     {132, "Message Amplitude", items::signal_amplitude},
-    {140, "Geometric Altitude", {fixed<2>}},
-    {145, "Flight Level", {fixed<2>}},
-    {146, "Selected Altitude", {fixed<2>}},
+    own<I021_140>("Geometric Altitude"),
+    own<I021_145>("Flight Level"),
+    own<I021_146>("Selected Altitude"),
     {148, nullptr, {fixed<2>}},
-    {150, "Air Speed", {fixed<2>}},
-    {151, "True Air Speed", {fixed<2>}},
-    {152, "Magnetic Heading", {fixed<2>}},
+    own<I021_150>("Air Speed"),
+    own<I021_151>("True Air Speed"),
+    own<I021_152>("Magnetic Heading"),
     {155, "Barometric Vertical Rate", items::vertical_rate},
     {157, "Geometric Vertical Rate", items::vertical_rate},
-    {160, "Ground Vector", {fixed<4>}},
+    own<I021_160>("Ground Vector"),
     {161, "Track Number", items::track_number},
     {165, "Track Angle Rate", {extended<2>}},
     {170, "Target Identification", items::aircraft_id},
-    {200, "Target Status", {fixed<1>}},
-    {210, "MOPS Version", {fixed<1>}},
+    own<I021_200>("Target Status"),
+    own<I021_210>("MOPS Version"),
     items::compound(nullptr, kItem220),
-    {230, "Roll Angle", {fixed<2>}},
+    own<I021_230>("Roll Angle"),
     {250, "Mode S MB Data", items::modes_mb},
     {271, "Surface Capabilities and Characteristics", {extended<2>}},
     items::compound("Data Ages", kItem295),
-    {400, "Receiver ID", {fixed<1>}},
+    own<I021_400>("Receiver ID"),
     {.number = 902,
      .name = "Position in WGS84 Coordinates (Version 0.24 ~ 0.26)",
      .handlers = items::position_wgs84,
      .variant_of = 130},
-    {.number = 903, .name = "Target Report Descriptor (Prior Version 0.26)", .handlers = {fixed<2>}, .variant_of = 40},
+    own<I021_A03>("Target Report Descriptor (Prior Version 0.26)", 40),
     {.number = 904, .name = "Signal Amplitude (Version 0.26)", .handlers = items::signal_amplitude, .variant_of = 131},
-    {.number = 905, .name = "Figure of Merit (Prior Version 0.26)", .handlers = {fixed<2>}, .variant_of = 90},
-    {.number = 906,
-     .name = "Link Technology Indicator (Prior Version 0.26)",
-     .handlers = {fixed<1>},
-     .variant_of = 210},
+    own<I021_A05>("Figure of Merit (Prior Version 0.26)", 90),
+    own<I021_A06>("Link Technology Indicator (Prior Version 0.26)", 210),
     {.number = 907,
      .name = "Surface Capabilities and Characteristics (Version 1.0 ~ 2.1)",
      .handlers = {sized_by(ast_dataitem_021_A07_get_size)},
      .variant_of = 271},
-    {.number = 908, .name = "Target Status (Prior Version 0.26)", .handlers = {fixed<1>}, .variant_of = 200},
+    own<I021_A08>("Target Status (Prior Version 0.26)", 200),
     {AST_ITEM_REF, "Reserved Expansion Field", items::reserved_expansion_field},
     {AST_ITEM_SPF, "Special Purpose Field", items::special_purpose_field},
 };
@@ -134,4 +1030,4 @@ constexpr ItemRow kItems[] = {
 } // namespace
 
 AST_DEFINE_CATEGORY(kCategory021, 21, "Unknown CAT021 Dataitem", kItems, ast_dataitem_021_get_name,
-                    .reports_unknown_names = true)
+                    .reports_unknown_names = true, .accessors = kAccessors)

@@ -6,8 +6,10 @@
 #include "items/code.hpp"
 #include "items/compound.hpp"
 #include "items/items.hpp"
-#include "items/register.hpp"
+#include "items/radar_position.hpp"
+#include "items/transponder.hpp"
 #include "items/units.hpp"
+#include "items/warnings.hpp"
 
 using namespace ast;
 
@@ -99,50 +101,8 @@ AST_DEFINE_ENCODE(I048_020, ast_dataitem_048_020_encode)
 
 // ---- I048/030 Warning/Error Conditions ----
 
-struct I048_030 : Item<48030, ast_dataitem_048_030_t, extended<23>> {
+struct I048_030 : WarningConditions<48030, 23, describe_warning, 2> {              // cells known to hold two digits
     static bool accepts(const ast_dataitem_t &item) { return item.type == kType; } // no octets are no warnings
-
-    static void read(Value &warnings, const ast_dataitem_t &item) {
-        warnings.count = static_cast<uint32_t>(std::min<uint64_t>(item.size, std::size(warnings.codes)));
-        for (uint32_t i = 0; i < warnings.count; ++i) warnings.codes[i] = bits(item.data[i], 8, 2);
-    }
-
-    static void summarize(TextWriter &out, const Value &warnings) {
-        out.print("ERRCODE:%u%s", warnings.codes[0], shown_if(warnings.count >= 2, "+"));
-    }
-
-    static void show(HtmlWriter &html, const Value &warnings) {
-        static constexpr const char *kConditions[] = {
-            "Not defined; never used",
-            "Multipath Reply (Reflection)",
-            "Reply due to sidelobe interrogation/reception",
-            "Split plot",
-            "Second time around reply",
-            "Angel",
-            "Slow moving target correlated with road infrastructure (terrestrial vehicle)",
-            "Fixed PSR plot",
-            "Slow PSR target",
-            "Low quality PSR plot",
-            "Phantom SSR plot",
-            "Non-Matching Mode-3/A Code",
-            "Mode C code / Mode S altitude code abnormal value compared to the track",
-            "Target in Clutter Area",
-            "Maximum Doppler Response in Zero Filter",
-            "Transponder anomaly detected",
-            "Duplicated or Illegal Mode S Aircraft Address",
-            "Mode S error correction applied",
-            "Undecodable Mode C code / Mode S altitude code",
-            "Birds",
-            "Flock of Birds",
-            "Mode 1 was present in original reply",
-            "Mode 2 was present in original reply",
-            "Plot potentially caused by Wind Turbine",
-        };
-        DetailTable table(html, "Error Code", "Description");
-        for (uint32_t i = 0; i < warnings.count; ++i)
-            table.row(Cell<3>("%u", warnings.codes[i]),
-                      text_of(kConditions, warnings.codes[i], "Not defined; unknown"));
-    }
 };
 
 AST_DEFINE_DECODE(I048_030, ast_dataitem_048_030_decode)
@@ -150,38 +110,11 @@ AST_DEFINE_VIEWS(I048_030, ast_dataitem_048_030_get_summary, ast_dataitem_048_03
 
 // ---- I048/040 Measured Position in Polar Co-ordinates ----
 
-struct I048_040 : Item<48040, ast_dataitem_048_040_t, fixed<4>> {
-    static constexpr double kRhoUnitsPerNm = 256;
-    static constexpr double kThetaUnits = 65536; // per full circle
-
+struct I048_040 : PolarPosition<48040, ast_dataitem_048_040_t, &ast_dataitem_048_040_t::rho_nm, 256> {
     static bool accepts(const ast_dataitem_t &item) { return item.size == kSize.octets; } // whatever its type
 
-    static void read(Value &position, const uint8_t *octets) {
-        position.rho_raw = read_u16(octets);
-        position.theta_raw = read_u16(octets + 2);
-        position.rho_nm = position.rho_raw / kRhoUnitsPerNm;
-        position.theta_deg = position.theta_raw * kFullCircleDeg / kThetaUnits;
-    }
-
-    static void summarize(TextWriter &out, const Value &position) {
-        out.print("RHO:%.1f THETA:%.1f", position.rho_nm, position.theta_deg);
-    }
-
     static void show(HtmlWriter &html, const Value &position) {
-        DetailTable table(html, "Bit", "Item", "Value");
-        table.row("Octet[1-2]", "RHO LSB:NM", Cell<20>("%.2f", position.rho_nm));
-        table.row("Octet[2-3]", "THETA LSB:DEG", Cell<20>("%.2f", position.theta_deg)); // viewers know the label so
-    }
-
-    // The low 16 bits of each are written, so that a full circle is 0.
-    static bool write(uint8_t *octets, Value &position) {
-        if (position.rho_nm > 0 || position.theta_deg > 0) {
-            position.rho_raw = low_bits(std::round(position.rho_nm * kRhoUnitsPerNm));
-            position.theta_raw = low_bits(std::round(position.theta_deg / kFullCircleDeg * kThetaUnits));
-        }
-        write_u16(octets, position.rho_raw);
-        write_u16(octets + 2, position.theta_raw);
-        return true;
+        show_as(html, position, "RHO LSB:NM", "Octet[2-3]"); // viewers know the label so
     }
 };
 
@@ -192,7 +125,8 @@ AST_DEFINE_ENCODE(I048_040, ast_dataitem_048_040_encode)
 // ---- I048/042 Calculated Position in Cartesian Co-ordinates ----
 
 struct I048_042 : Item<48042, ast_dataitem_048_042_t, fixed<4>> {
-    static constexpr double kLsbNm = 1.0 / 128;
+    static constexpr unsigned kUnitsPerNm = 128;
+    static constexpr double kLsbNm = 1.0 / kUnitsPerNm;
 
     static bool accepts(const ast_dataitem_t &item) { return item.size == kSize.octets; } // whatever its type
 
@@ -208,14 +142,8 @@ struct I048_042 : Item<48042, ast_dataitem_048_042_t, fixed<4>> {
 
     static void show(HtmlWriter &html, const Value &position) {
         DetailTable table(html, "Bit", "Item", "Value");
-        const auto rows = [&](const char *octets, char axis, int32_t raw) {
-            const double nm = raw * kLsbNm;
-            table.row(octets, Cell<16>("%c LSB:1/128NM", axis), Cell<20>("%d", raw));
-            table.row(octets, Cell<16>("%c LSB:NM", axis), Cell<20>("%.2f", nm));
-            table.row(octets, Cell<16>("%c LSB:M", axis), Cell<20>("%.2f", nm * kMetresPerNm));
-        };
-        rows("Octet[1-2]", 'X', position.x_raw);
-        rows("Octet[2-3]", 'Y', position.y_raw); // viewers know the label so
+        write_axis_rows(table, "Octet[1-2]", 'X', position.x_raw, kUnitsPerNm);
+        write_axis_rows(table, "Octet[2-3]", 'Y', position.y_raw, kUnitsPerNm); // viewers know the label so
     }
 };
 
@@ -413,57 +341,14 @@ AST_DEFINE_VIEWS(I048_210, ast_dataitem_048_210_get_summary, ast_dataitem_048_21
 
 // ---- I048/230 Communications / ACAS Capability and Flight Status ----
 
-struct I048_230 : Item<48230, ast_dataitem_048_230_t, fixed<2>> {
-    static constexpr uint32_t kUndefinedCapability = 7;
-    static constexpr uint32_t kUndefinedStatus = 8;
-    static constexpr Value kDefault = {.com = kUndefinedCapability, .stat = kUndefinedStatus};
-
-    static void read(Value &status, const uint8_t *octets) {
-        status.com = ast_transponder_comm_cap_from_int(bits(octets[0], 8, 6));
-        status.stat = ast_radar_flight_status_from_int(bits(octets[0], 5, 3));
-        if (status.com == kUndefinedCapability)
-            ast_log(AST_LOG_WARNING, "I048/230: Communication Capability Undefined.");
-        if (status.stat == kUndefinedStatus) ast_log(AST_LOG_WARNING, "I048/230: Flight Status Undefined.");
-        status.mssc = bit(octets[1], 8);
-        status.arc = bit(octets[1], 7);
-        status.aic = bit(octets[1], 6);
-        status.b1a = bit(octets[1], 5);
-        status.b1b = static_cast<uint8_t>(bits(octets[1], 4, 1));
-    }
-
-    static void summarize(TextWriter &out, const Value &status) {
-        out.append("FS:");
-        out.append(ast_radar_flight_status_to_str(status.stat));
-    }
-
-    static void show(HtmlWriter &html, const Value &status) {
-        DetailTable table(html, "Bit", "ID", "Item", "Value");
-        table.row("Bit[0-2]", "COM", "COMMUNICATION_CAPABILITY", ast_transponder_comm_cap_to_str(status.com));
-        table.row("Bit[3-5]", "STAT", "FLIGHT_STATUS", ast_radar_flight_status_to_str(status.stat));
-        table.row("Bit[6-7]", "---", "SPARE", "");
-        table.row("Bit[8]", "MSSC", "MODE-S_CAPABILITY", Cell<8>("%d", status.mssc));
-        table.row("Bit[9]", "ARC", "ALTITUDE_REPORTING_CAPABILITY", status.arc ? "25FT" : "100FT");
-        table.row("Bit[10]", "AIC", "ACID_CAPABILITY", Cell<8>("%d", status.aic));
-        table.row("Bit[11]", "B1A", "BDS10_BIT16", BinaryOctet(status.b1a));
-        table.row("Bit[12-15]", "B1B", "BDS10_BIT37-40", BinaryOctet(status.b1b));
-    }
-};
+struct I048_230 : CommAndFlightStatus<48230> {};
 
 AST_DEFINE_DECODE(I048_230, ast_dataitem_048_230_decode)
 AST_DEFINE_VIEWS(I048_230, ast_dataitem_048_230_get_summary, ast_dataitem_048_230_get_detail_html)
 
 // ---- I048/260 ACAS Resolution Advisory Report ----
 
-struct I048_260 : Item<48260, ast_dataitem_048_260_t, fixed<kRegisterOctets>> {
-    static void read(Value &advisory, const uint8_t *octets) {
-        advisory.bds = ast_bds_decode(octets, kRegisterOctets, kAcasRegister);
-    }
-    static void summarize(TextWriter &out, const Value &advisory) {
-        out.append("BDS:");
-        out.append(ast_bds_type_to_str_simple(advisory.bds.bds));
-    }
-    static void show(HtmlWriter &html, const Value &advisory) { write_register(html, advisory.bds); }
-};
+struct I048_260 : AcasAdvisory<48260> {};
 
 AST_DEFINE_DECODE(I048_260, ast_dataitem_048_260_decode)
 AST_DEFINE_VIEWS(I048_260, ast_dataitem_048_260_get_summary, ast_dataitem_048_260_get_detail_html)
@@ -486,11 +371,9 @@ ast_icao_address_t ast_datarecord_048_get_icaoaddr(const ast_datarecord_t *recor
 }
 
 ast_quantity_t ast_datarecord_048_get_flightlevel(const ast_datarecord_t *record) {
-    constexpr double kModeCLsbFt = 25;
-    const auto mode_c = ast_dataitem_mode_c_code_decode(first_item(record, 48090));
-    if (mode_c.valid) return {.valid = true, .value = mode_c.flight_level * kModeCLsbFt};
     const auto height = first<I048_110>(record);
-    return {.valid = height.valid, .value = static_cast<double>(height.height_ft)};
+    return first_valid(level_of(record, 48090),
+                       {.valid = height.valid, .value = static_cast<double>(height.height_ft)});
 }
 
 namespace {

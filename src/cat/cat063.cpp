@@ -1,10 +1,95 @@
 // Category 063: status of the sensors that feed a surveillance data processing system.
 
+#include "cat/flat.hpp"
+#include "core/bits.hpp"
 #include "items/items.hpp"
+
+using namespace ast;
+
+// ---- I063/060 Sensor Configuration and Status ----
+
+struct I063_060 : Item<63060, ast_dataitem_063_060_t, extended<2>> {
+    // The time source flag is not the one of the second octet: it is bit 4 of the eleventh octet from the item's first,
+    // in whatever follows the item. Users rely on it. Clear where that octet is not known to be there.
+    static bool reads_invalid_time_source(const ast_dataitem_t &item) {
+        constexpr uint64_t kPlace = 10;
+        return item.size + item.following > kPlace && bit(item.data[kPlace], 4);
+    }
+
+    static void read(Value &status, const ast_dataitem_t &item) {
+        const uint8_t first = item.data[0];
+        status.con = bits(first, 8, 7);
+        status.psr = bit(first, 6);
+        status.ssr = bit(first, 5);
+        status.mds = bit(first, 4);
+        status.ads = bit(first, 3);
+        status.mlt = bit(first, 2);
+        status.tsv = reads_invalid_time_source(item);
+        if (item.size < 2) return;
+        const uint8_t second = item.data[1];
+        status.ops = bit(second, 8);
+        status.odp = bit(second, 7);
+        status.oxt = bit(second, 6);
+        status.msc = bit(second, 5);
+        status.npw = bit(second, 3);
+    }
+
+    static void summarize(TextWriter &out, const Value &status, const ast_dataitem_t &item) {
+        static constexpr const char *kStates[] = {"CON:OPE", "CON:DGD", "STS:INI", "CON:DIS"}; // the third is known so
+        out.append(kStates[status.con]);
+        if (item.size < 2) return;
+        out.append(shown_if(status.odp, " ODP"));
+        out.append(shown_if(status.oxt, " OXT"));
+        out.append(shown_if(status.tsv, " TSV"));
+    }
+
+    static const char *go_or_nogo(bool is_nogo) { return is_nogo ? "NOGO" : "GO"; }
+
+    static void show(HtmlWriter &html, const Value &status, const ast_dataitem_t &item) {
+        DetailTable table(html, "Bit", "Item", "Value");
+        table.row("Bit[0-1]", "CON", go_or_nogo(status.con != 0));
+        table.row("Bit[2]", "PSR", go_or_nogo(status.psr));
+        table.row("Bit[3]", "SSR", go_or_nogo(status.ssr));
+        table.row("Bit[4]", "MDS", go_or_nogo(status.mds));
+        table.row("Bit[5]", "ADS", go_or_nogo(status.ads));
+        table.row("Bit[6]", "MLT", go_or_nogo(status.mlt));
+        table.row("Bit[7]", "FX", Cell<2>("%d", item.size >= 2));
+        if (item.size < 2) return;
+        table.row("Bit[8]", "OPS", yes_or_no(status.ops));
+        table.row("Bit[9]", "ODP", yes_or_no(status.odp));
+        table.row("Bit[10]", "OXT", yes_or_no(status.oxt));
+        table.row("Bit[11]", "MSC", yes_or_no(status.msc));
+        table.row("Bit[12]", "TSV", yes_or_no(status.tsv));
+        table.row("Bit[13]", "NPW", yes_or_no(status.npw));
+    }
+};
+
+AST_DEFINE_DECODE(I063_060, ast_dataitem_063_060_decode)
+AST_DEFINE_VIEWS(I063_060, ast_dataitem_063_060_get_summary, ast_dataitem_063_060_get_detail_html)
+
+// ---- The flat record ----
 
 namespace {
 
-using namespace ast;
+using Flat = ast_datarecord_063_t;
+
+constexpr FlatMember<Flat> kMembers[] = {
+    taken_apart<&Flat::data_source, ast_dataitem_data_source_identifier_decode>(63010),
+    taken_apart<&Flat::service, ast_dataitem_service_id_decode>(63015),
+    taken_apart<&Flat::time_of_day, ast_dataitem_time_of_day_decode>(63030),
+    taken_apart<&Flat::sensor, ast_dataitem_data_source_identifier_decode>(63050),
+    taken_apart<&Flat::status, I063_060>(),
+};
+
+} // namespace
+
+ast_datarecord_063_t *ast_datarecord_063_disassemble(ast_datarecord_063_t *flat, const ast_datarecord_t *record) {
+    return disassemble_into(flat, record, 63, kMembers, report_as_warning);
+}
+
+// ---- The category ----
+
+namespace {
 
 // Rows without a size are known by name only: a record that carries one does not decode.
 constexpr ItemRow kItems[] = {
@@ -12,7 +97,7 @@ constexpr ItemRow kItems[] = {
     {15, "Service Identification", items::service_id},
     {30, "Time of Message", items::time_of_day},
     {50, "Sensor Identifier", items::data_source_identifier},
-    {60, "Sensor Configuration and Status", {extended<2>}},
+    own<I063_060>("Sensor Configuration and Status"),
     {70, "Time Stamping Bias"},
     {80, "SSR/Mode S Range Gain and Bias"},
     {81, "SSR/Mode S Azimuth Bias"},

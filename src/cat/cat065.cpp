@@ -1,18 +1,96 @@
-// Category 065: status of a surveillance data processing system and its services.
+// Category 065: status of a surveillance data processing system (SDPS) and its services.
 
-#include "items/items.hpp"
-
-namespace {
+#include "cat/flat.hpp"
+#include "core/bits.hpp"
+#include "items/message_type.hpp"
 
 using namespace ast;
 
+// ---- I065/000 Message Type ----
+
+struct I065_000 : MessageType<65000> {
+    static void summarize(TextWriter &out, const Value &type) {
+        static constexpr const char *kTypes[] = {"UNDEFINED", "SDPS_STATUS", "END_OF_BATCH", "SVC_STATUS_REPORT"};
+        out.append("MSG_TYPE:");
+        out.append(text_of(kTypes, type.value, "UNDEFINED"));
+    }
+};
+
+AST_DEFINE_SUMMARY(I065_000, ast_dataitem_065_000_get_summary)
+
+// ---- I065/020 Batch Number ----
+
+struct I065_020 : Item<65020, ast_dataitem_065_020_t, fixed<1>> {
+    static void read(Value &batch, const uint8_t *octets) { batch.number = octets[0]; }
+    static void summarize(TextWriter &out, const Value &batch) { out.print("BAT:%u", batch.number); }
+};
+
+AST_DEFINE_DECODE(I065_020, ast_dataitem_065_020_decode)
+AST_DEFINE_SUMMARY(I065_020, ast_dataitem_065_020_get_summary)
+
+// ---- I065/040 SDPS Configuration and Status ----
+
+struct I065_040 : Item<65040, ast_dataitem_065_040_t, fixed<1>> {
+    static void read(Value &status, const uint8_t *octets) {
+        status.nogo = bits(octets[0], 8, 7);
+        status.ovl = bit(octets[0], 6);
+        status.tsv = bit(octets[0], 5);
+        status.pss = bits(octets[0], 4, 3);
+    }
+
+    static void summarize(TextWriter &out, const Value &status) {
+        static constexpr const char *kStatuses[] = {"STS:OPE", "STS:DGD", "STS:DIS", "STS:UKN"};
+        out.append(kStatuses[status.nogo]);
+        out.append(shown_if(status.ovl, " OVL"));
+        out.append(shown_if(status.tsv, " TSV"));
+        if (status.pss != 0) out.print(" SDPS-%u", status.pss);
+    }
+
+    static void show(HtmlWriter &html, const Value &status) {
+        static constexpr const char *kStatuses[] = {"OPERATIONAL", "DEGRADED", "NOT_CONNECTED", "UNKNOWN"};
+        DetailTable table(html, "Bit", "Item", "Value");
+        table.row("Bit[1-2]", "NOGO", kStatuses[status.nogo]); // viewers know the label so
+        table.row("Bit[2]", "OVL", Cell<2>("%d", status.ovl));
+        table.row("Bit[3]", "TSV", Cell<2>("%d", status.tsv));
+        table.row("Bit[4-5]", "PSS", Cell<8>("SDPS-%u", status.pss));
+    }
+};
+
+AST_DEFINE_DECODE(I065_040, ast_dataitem_065_040_decode)
+AST_DEFINE_VIEWS(I065_040, ast_dataitem_065_040_get_summary, ast_dataitem_065_040_get_detail_html)
+
+// ---- The flat record ----
+
+namespace {
+
+using Flat = ast_datarecord_065_t;
+
+constexpr FlatMember<Flat> kMembers[] = {
+    taken_apart<&Flat::message_type, ast_dataitem_message_type_decode>(65000),
+    taken_apart<&Flat::data_source, ast_dataitem_data_source_identifier_decode>(65010),
+    taken_apart<&Flat::service, ast_dataitem_service_id_decode>(65015),
+    taken_apart<&Flat::batch, I065_020>(),
+    taken_apart<&Flat::time_of_day, ast_dataitem_time_of_day_decode>(65030),
+    taken_apart<&Flat::status, I065_040>(),
+};
+
+} // namespace
+
+ast_datarecord_065_t *ast_datarecord_065_disassemble(ast_datarecord_065_t *flat, const ast_datarecord_t *record) {
+    return disassemble_into(flat, record, 65, kMembers, report_as_warning);
+}
+
+// ---- The category ----
+
+namespace {
+
 constexpr ItemRow kItems[] = {
-    {0, "Message Type", items::message_type},
+    {0, "Message Type", items::with_summary(items::message_type, ast_dataitem_065_000_get_summary)},
     {10, "Data Source Identifier", items::data_source_identifier},
     {15, "Service Identification", items::service_id},
-    {20, "Batch Number", {fixed<1>}},
+    own<I065_020>("Batch Number"),
     {30, "Time of Day", items::time_of_day},
-    {40, "SDPS Configuration and Status", {fixed<1>}},
+    own<I065_040>("SDPS Configuration and Status"),
     {50, "Service Status Report"}, // known by name only
     {AST_ITEM_REF, "Reserved Expansion Field", items::reserved_expansion_field},
     {AST_ITEM_SPF, "Special Purpose Field", items::special_purpose_field},

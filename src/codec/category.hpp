@@ -31,6 +31,7 @@ struct SubfieldRow {
     const char *name;
     SizeRule size;
     const SubfieldHandlers *handlers = nullptr;
+    size_t filled_octets = 0; // of the item's value record, where the handlers fill a member of it
 };
 
 constexpr uint32_t kItemNumbers = 1000;
@@ -55,7 +56,7 @@ struct Compound {
     ast_subfield_func_t func{};
     const char *unknown_id = kNoSubfieldId;
     bool reports_unknown_subfields = false;    // when asked for the size of one
-    bool summarizes_unknown_subfields = false; // as not implemented, though the item cannot announce them
+    bool summarizes_unknown_subfields = false; // as not implemented, though the item does not announce them
 };
 
 // The row of a subfield by its number, or null.

@@ -3,7 +3,9 @@
 // says it.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 namespace ast {
 
@@ -24,6 +26,11 @@ inline void write_u24(uint8_t *octets, uint32_t value) {
 inline void write_u32(uint8_t *octets, uint32_t value) {
     write_u16(octets, value >> 16);
     write_u16(octets + 2, value);
+}
+
+// Copies octets; none where there are none to copy, whatever the pointers are.
+inline void copy_octets(uint8_t *to, const uint8_t *from, uint64_t count) {
+    if (count != 0) std::memcpy(to, from, static_cast<size_t>(count));
 }
 
 // One bit of one octet: bit(octet, 8) is the most significant.

@@ -129,7 +129,7 @@ int32_t ast_atoi_oct(const char *text) {
 }
 
 int32_t ast_memset(void *destination, uint64_t, int32_t value, uint64_t count) {
-    if (destination) std::memset(destination, value, count);
+    if (destination) std::memset(destination, value, static_cast<size_t>(count));
     return 0;
 }
 

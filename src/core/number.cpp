@@ -23,8 +23,8 @@ bool as_fraction(double magnitude, uint64_t &mantissa, int &scale) {
 }
 
 // Adds one to the last place of a number of digits with at most one point; the text has room for one digit more.
-uint64_t round_up(char *text, uint64_t count) {
-    uint64_t i = count;
+size_t round_up(char *text, size_t count) {
+    size_t i = count;
     while (i > 0) {
         char &digit = text[--i];
         if (digit == '.') continue;
@@ -71,10 +71,10 @@ int parse_exponent(const char *&text) {
 
 } // namespace
 
-uint64_t write_digits(char *text, uint64_t number, unsigned base, bool upper_case) {
+size_t write_digits(char *text, uint64_t number, unsigned base, bool upper_case) {
     const char *const symbols = upper_case ? "0123456789ABCDEF" : "0123456789abcdef";
     char reversed[kUint64Digits];
-    uint64_t count = 0;
+    size_t count = 0;
     do {
         reversed[count++] = symbols[number % base];
         number /= base;
@@ -84,17 +84,17 @@ uint64_t write_digits(char *text, uint64_t number, unsigned base, bool upper_cas
 }
 
 // Most numbers are of moderate size, and their digits come one by one from exact integers; the rest is for the library.
-uint64_t write_decimals(char *text, double magnitude, uint64_t decimals) {
+size_t write_decimals(char *text, double magnitude, uint64_t decimals) {
     decimals = std::min(decimals, kMaxDecimals);
     uint64_t mantissa = 0;
     int scale = 0;
     if (magnitude != 0 && (!std::isfinite(magnitude) || !as_fraction(magnitude, mantissa, scale))) {
         const auto end =
             std::to_chars(text, text + kNumberChars, magnitude, std::chars_format::fixed, static_cast<int>(decimals));
-        return static_cast<uint64_t>(end.ptr - text);
+        return static_cast<size_t>(end.ptr - text);
     }
     uint64_t fraction = mantissa & ((UINT64_C(1) << scale) - 1);
-    uint64_t count = write_digits(text, mantissa >> scale, 10, false);
+    size_t count = write_digits(text, mantissa >> scale, 10, false);
     if (decimals != 0) text[count++] = '.';
     char last = text[count - (decimals != 0 ? 2 : 1)];
     for (uint64_t i = 0; i < decimals; ++i) {

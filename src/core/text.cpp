@@ -72,14 +72,15 @@ Conversion parse(const char *&format) {
 // A text that may end without a terminator where its precision does.
 std::string_view text_argument(const char *text, const Conversion &to) {
     if (!text) return "(null)";
-    return to.has_precision ? std::string_view(text, strnlen(text, to.precision)) : std::string_view(text);
+    return to.has_precision ? std::string_view(text, strnlen(text, static_cast<size_t>(to.precision)))
+                            : std::string_view(text);
 }
 
 void append_repeated(TextWriter &out, char character, uint64_t count) {
     char block[32];
     std::fill(std::begin(block), std::end(block), character);
     while (count != 0) {
-        const uint64_t now = std::min<uint64_t>(count, sizeof block);
+        const auto now = static_cast<size_t>(std::min<uint64_t>(count, sizeof block));
         out.append({block, now});
         count -= now;
         // What does not fit is cut, and need not be written to be cut.
@@ -112,7 +113,7 @@ void append_integer(TextWriter &out, const Conversion &to, std::string_view sign
     char digits[kNumberChars];
     // A precision of 0 leaves the digits of 0 out.
     const bool is_shown = magnitude != 0 || !to.has_precision || to.precision != 0;
-    const uint64_t count = is_shown ? write_digits(digits, magnitude, base, to.kind == 'X') : 0;
+    const size_t count = is_shown ? write_digits(digits, magnitude, base, to.kind == 'X') : 0;
     const uint64_t zeros = to.precision > count ? to.precision - count : 0;
     append_number(out, to, sign, zeros, {digits, count}, to.zeros && !to.has_precision);
 }
@@ -120,7 +121,7 @@ void append_integer(TextWriter &out, const Conversion &to, std::string_view sign
 void append_double(TextWriter &out, const Conversion &to, double value) {
     constexpr uint64_t kUsualDecimals = 6;
     char digits[kNumberChars];
-    const uint64_t count = write_decimals(digits, std::fabs(value), to.has_precision ? to.precision : kUsualDecimals);
+    const size_t count = write_decimals(digits, std::fabs(value), to.has_precision ? to.precision : kUsualDecimals);
     append_number(out, to, sign_of(std::signbit(value), to), 0, {digits, count}, to.zeros && std::isfinite(value));
 }
 
@@ -184,13 +185,14 @@ void append_conversion(TextWriter &out, const Conversion &to, Arguments &argumen
 } // namespace
 
 TextWriter::TextWriter(char *text, uint64_t capacity)
-    : cursor_(capacity ? text : nullptr), room_(cursor_ ? capacity - 1 : 0) {
+    : cursor_(capacity ? text : nullptr),
+      room_(cursor_ ? static_cast<size_t>(std::min<uint64_t>(capacity, SIZE_MAX) - 1) : 0) {
     if (cursor_) *cursor_ = '\0';
 }
 
 void TextWriter::append(std::string_view piece) {
     if (!room_ || piece.empty()) return;
-    const uint64_t count = std::min<uint64_t>(piece.size(), room_);
+    const size_t count = std::min(piece.size(), room_);
     std::memcpy(cursor_, piece.data(), count);
     advance(count);
     *cursor_ = '\0';
@@ -208,7 +210,7 @@ void TextWriter::print_list(const char *format, va_list list) {
     Arguments arguments;
     va_copy(arguments.list, list);
     while (*format != '\0') {
-        const uint64_t plain = std::strcspn(format, "%");
+        const size_t plain = std::strcspn(format, "%");
         append({format, plain});
         format += plain;
         if (*format == '\0') break;
@@ -219,12 +221,12 @@ void TextWriter::print_list(const char *format, va_list list) {
 
 void TextWriter::print_foreign(const char *format, va_list arguments) {
     if (!room_) return;
-    const uint64_t window = std::min<uint64_t>(room_ + 1, INT_MAX);
+    const size_t window = std::min<size_t>(room_ + 1, INT_MAX);
     const int wanted = std::vsnprintf(cursor_, window, format, arguments);
-    if (wanted > 0) advance(std::min<uint64_t>(static_cast<uint64_t>(wanted), window - 1));
+    if (wanted > 0) advance(std::min(static_cast<size_t>(wanted), window - 1));
 }
 
-void TextWriter::advance(uint64_t count) {
+void TextWriter::advance(size_t count) {
     cursor_ += count;
     room_ -= count;
     length_ += count;

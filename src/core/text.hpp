@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdarg>
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -42,15 +43,15 @@ public:
     }
 
     // Characters written so far, the terminator not counted.
-    uint64_t length() const { return length_; }
+    size_t length() const { return length_; }
     bool is_full() const { return room_ == 0; }
 
 private:
-    void advance(uint64_t count);
+    void advance(size_t count);
 
     char *cursor_;
-    uint64_t room_; // characters that still fit, the terminator not counted
-    uint64_t length_ = 0;
+    size_t room_; // characters that still fit, the terminator not counted
+    size_t length_ = 0;
 };
 
 // A small text of its own, formatted once. The capacity includes the terminator: a Cell<20> holds 19 characters.
@@ -69,15 +70,15 @@ public:
 
 private:
     char text_[Capacity];
-    uint64_t length_;
+    size_t length_;
 };
 
 // The eight binary digits of an octet, most significant first.
 class BinaryOctet {
 public:
-    static constexpr uint64_t kChars = 8;
+    static constexpr size_t kChars = 8;
     explicit BinaryOctet(uint8_t octet) {
-        for (uint64_t i = 0; i < kChars; ++i) text_[i] = (octet << i & 0x80) != 0 ? '1' : '0';
+        for (size_t i = 0; i < kChars; ++i) text_[i] = (octet << i & 0x80) != 0 ? '1' : '0';
     }
     operator std::string_view() const { return {text_, kChars}; }
 

@@ -37,6 +37,42 @@ inline ast_squawk_t squawk_of(const ast_datarecord_t *record, ast_dataitem_type_
     return {.valid = true, .code = code.code, .garbled = code.garbled, .smoothed = code.smoothed};
 }
 
+// The same with the not-validated flag of the code.
+inline ast_squawk_t whole_squawk_of(const ast_datarecord_t *record, ast_dataitem_type_t type) {
+    ast_squawk_t squawk = squawk_of(record, type);
+    squawk.not_validated = ast_dataitem_mode_3a_code_decode(first_item(record, type)).not_validated;
+    return squawk;
+}
+
+// A Mode C code, in feet.
+inline ast_quantity_t level_of(const ast_datarecord_t *record, ast_dataitem_type_t type) {
+    constexpr double kModeCLsbFt = 25;
+    const auto mode_c = ast_dataitem_mode_c_code_decode(first_item(record, type));
+    return {.valid = mode_c.valid, .value = mode_c.flight_level * kModeCLsbFt};
+}
+
+// A height, in feet.
+inline ast_quantity_t height_of(const ast_datarecord_t *record, ast_dataitem_type_t type) {
+    const auto height = ast_dataitem_height_decode(first_item(record, type));
+    return {.valid = height.valid, .value = height.value};
+}
+
+// One quantity, or another one where that is not valid.
+inline ast_quantity_t first_valid(const ast_quantity_t &one, const ast_quantity_t &other) {
+    return one.valid ? one : other;
+}
+
+inline ast_coordinate_t coordinate_of(const ast_datarecord_t *record, ast_dataitem_type_t type) {
+    const auto position = ast_dataitem_position_wgs84_decode(first_item(record, type));
+    return {.valid = position.valid, .latitude_deg = position.value_1, .longitude_deg = position.value_2};
+}
+
+// The message type of a category whose records are all of one.
+inline ast_uint_value_t msgtype_of(const ast_datarecord_t *record, uint32_t type) {
+    if (!record || !record->valid) return {};
+    return {.valid = true, .value = type};
+}
+
 inline ast_aircraft_id_t callsign_of(const ast_datarecord_t *record, ast_dataitem_type_t type) {
     return ast_dataitem_aircraft_id_decode(first_item(record, type));
 }

@@ -12,11 +12,12 @@ void with_subfield(const Compound &compound, const ast_dataitem_t *item, uint32_
     const ast_subfields_t subfields = ast_dataitem_subfields_decode(item);
     const uint32_t number = subfield_number(subfield_type);
     const SubfieldRow *const row = find_subfield(compound, number);
+    const SubfieldHandlers *const handlers = row ? row->handlers : nullptr;
     const bool is_asked =
-        ast_fspec_is_set(&subfields.primary, number) || (!row && compound.summarizes_unknown_subfields);
+        ast_fspec_is_set(&subfields.primary, number) || (!handlers && compound.summarizes_unknown_subfields);
     if (!subfields.valid || !is_asked) return;
     const bool is_listed = number >= 1 && number <= subfields.subfield_count;
-    visit(is_listed ? subfields.subfields[number - 1] : ast_subfield_t{}, row ? row->handlers : nullptr);
+    visit(is_listed ? subfields.subfields[number - 1] : ast_subfield_t{}, handlers);
 }
 
 } // namespace

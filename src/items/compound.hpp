@@ -25,11 +25,7 @@ struct SubfieldHandlers {
     void (*read)(void *item_value, const ast_subfield_t &subfield);
     void (*summarize)(TextWriter &out, const ast_subfield_t &subfield); // null: not implemented
     void (*show)(HtmlWriter &html, const ast_subfield_t &subfield);
-    const void *value_type; // of the item, by its address
 };
-
-template <typename Value>
-constexpr char kValueType = 0;
 
 // A subfield whose octets are all there.
 inline bool is_whole(const ast_subfield_t &subfield) { return subfield.present && subfield.size > 0; }
@@ -72,12 +68,12 @@ struct SubfieldOf {
         if constexpr (requires { Kind::show(html, read_subfield<Kind>(subfield)); })
             Kind::show(html, read_subfield<Kind>(subfield));
     }
-    static constexpr SubfieldHandlers kHandlers = {read, summarize, show, &kValueType<ItemValue>};
+    static constexpr SubfieldHandlers kHandlers = {read, summarize, show};
 };
 
 template <auto Member, typename Kind>
 constexpr SubfieldRow subfield(const char *id, const char *name, const SizeRule &size) {
-    return {id, name, size, &SubfieldOf<Member, Kind>::kHandlers};
+    return {id, name, size, &SubfieldOf<Member, Kind>::kHandlers, sizeof(typename SubfieldOf<Member, Kind>::ItemValue)};
 }
 
 // Fills the members of a compound item's value record. Value has a member `subfields`.
@@ -94,11 +90,11 @@ Value decode_compound(const Compound &compound, const SubfieldRow (&rows)[N], co
     return value;
 }
 
-// Whether every subfield that is read fills a member of Value.
+// Whether every subfield that is read fills a member of Value, as far as its size tells.
 template <typename Value, size_t N>
 constexpr bool fill(const SubfieldRow (&rows)[N]) {
     for (const SubfieldRow &row : rows)
-        if (row.handlers && row.handlers->value_type != &kValueType<Value>) return false;
+        if (row.filled_octets != 0 && row.filled_octets != sizeof(Value)) return false;
     return true;
 }
 

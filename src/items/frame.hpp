@@ -16,12 +16,12 @@
 //     constexpr ItemRow kItems[] = {own<I048_040>("Measured Position in Polar Co-ordinates"), ...};
 //
 // Each of the four may be left out. `read` gets octets that the size rule accepts, and may return false for others that
-// are no such item; summarize and show get valid values only. Where the octets and the value do not say all, they may
-// take the item (its size, its type) as a further argument, and `read` takes it in place of the octets. `write` may
-// take the type, and returns how many octets it wrote where that varies.
+// are no such item; summarize and show get valid values only, and an item may have a `show_unread` for others. Where
+// the octets and the value do not say all, they may take the item (its size, its type) as a further argument, and
+// `read` takes it in place of the octets. `write` may take the type, and returns how many octets it wrote where that
+// varies.
 #pragma once
 
-#include <cstring>
 #include <type_traits>
 
 #include "codec/category.hpp"
@@ -101,6 +101,8 @@ template <typename I>
 void show(char *text, uint64_t capacity, const ast_dataitem_t *item) {
     HtmlWriter html(text, capacity);
     const auto value = decode<I>(item);
+    if constexpr (requires { I::show_unread(html); })
+        if (!value.valid) I::show_unread(html);
     if (!value.valid) return;
     if constexpr (requires { I::show(html, value, *item); })
         I::show(html, value, *item);
@@ -124,6 +126,15 @@ constexpr uint64_t needed_room() {
         return I::kNeededRoom;
     else
         return kLeastOctets<I>;
+}
+
+// The most octets that an encoder writes: those of its size rule, unless it repeats elements and says so.
+template <typename I>
+constexpr uint64_t most_octets() {
+    if constexpr (requires { I::kMostOctets; })
+        return I::kMostOctets;
+    else
+        return I::kSize.octets;
 }
 
 // Writes the octets of a valid value and returns how many they are, 0 when the value is refused.
@@ -155,10 +166,10 @@ void encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length, const ast_
     result->type = source->type;
     result->size = kLeastOctets<I>;
     if (!value || !value->valid || !buffer || length < needed_room<I>()) return;
-    uint8_t octets[I::kSize.octets];
+    uint8_t octets[most_octets<I>()];
     const uint64_t size = write<I>(octets, *value, source->type);
     if (size == 0 || size > length) return;
-    std::memcpy(buffer, octets, size);
+    copy_octets(buffer, octets, size);
     result->size = size;
     result->valid = true;
 }

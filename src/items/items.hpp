@@ -61,7 +61,9 @@ inline constexpr Handlers random_field_sequencing  = {explicit_length, AST_SUMMA
 // clang-format on
 
 // Octets of a size of their own, shown as bits.
-constexpr Handlers binary_data(const SizeRule &size) { return {size, AST_SUMMARY(binary_data), show_nothing}; }
+constexpr Handlers binary_data(const SizeRule &size, DetailView *detail = show_nothing) {
+    return {size, AST_SUMMARY(binary_data), detail};
+}
 
 // The row of a compound item, shown through its subfields.
 constexpr ItemRow compound(const char *name, const Compound &compound) {

@@ -46,6 +46,7 @@ struct CodeKind {
 constexpr CodeKind kMode3a = {AST_DATAITEM_NONE, "MODE_3/A", "SMOOTHED"};
 constexpr CodeKind kOtherCodes[] = {
     {1050, "MODE_2", "SMOOTHED"},
+    {20050, "MODE_2", "SMOOTHED"},
     {62060, "MODE_3/A", "CHANGED"},
     {62120, "MODE_2", nullptr},
 };
@@ -173,11 +174,10 @@ struct ModeCCode : SharedLayout<ast_mode_c_t, items::mode_c_code.size> {
 
     static bool write(uint8_t *octets, const Value &height) {
         constexpr unsigned kBits = 14;
-        const int64_t stored = int64_t{height.flight_level} - (height.flight_level < 0 ? 1 : 0);
         write_u16(octets, one_below_when_negative(height.flight_level));
         octets[0] =
             static_cast<uint8_t>(placed(!height.validated, 8) | placed(height.garbled, 7) | placed(octets[0], 6, 1));
-        return fits_signed(stored, kBits);
+        return fits_signed(height.flight_level, kBits); // the lowest turns into the highest
     }
 };
 

@@ -4,6 +4,7 @@
 #include "core/bits.hpp"
 #include "items/items.hpp"
 #include "items/units.hpp"
+#include "items/vertical.hpp"
 
 using namespace ast;
 
@@ -219,17 +220,6 @@ AST_DEFINE_ENCODE(PolarVelocity, ast_dataitem_velocity_polar_encode)
 
 namespace {
 
-constexpr double kVerticalLsbFt = 6.25;
-constexpr double kVerticalLsbM = 1.905;
-
-// A vertical quantity as sent, in feet and in metres, under its three labels.
-void write_vertical_rows(HtmlWriter &html, int32_t raw, const char *const (&labels)[3]) {
-    DetailTable table(html, "Bit", "Item", "Value");
-    table.row("Bit[0-15]", labels[0], Cell<10>("%d", raw));
-    table.row("Bit[0-15]", labels[1], Cell<10>("%.2f", raw * kVerticalLsbFt));
-    table.row("Bit[0-15]", labels[2], Cell<10>("%.2f", raw * kVerticalLsbM));
-}
-
 struct Height : SharedLayout<ast_scaled_value_t, items::height.size> {
     static void read(Value &height, const uint8_t *octets) {
         height.raw = read_i16(octets);
@@ -237,7 +227,7 @@ struct Height : SharedLayout<ast_scaled_value_t, items::height.size> {
     }
     static void summarize(TextWriter &out, const Value &height) { out.print("H:%.2f LSB:FT", height.value); }
     static void show(HtmlWriter &html, const Value &height) {
-        write_vertical_rows(html, height.raw, {"HEIGHT LSB=6.25FT", "HEIGHT LSB=FT", "HEIGHT LSB=M"});
+        write_vertical_rows<10>(html, height.raw, {"HEIGHT LSB=6.25FT", "HEIGHT LSB=FT", "HEIGHT LSB=M"});
     }
 };
 
@@ -253,8 +243,8 @@ struct VerticalRate : SharedLayout<ast_scaled_value_t, items::vertical_rate.size
     static void summarize(TextWriter &out, const Value &rate) { out.print("VR:%.2fFT/M", rate.value); }
 
     static void show(HtmlWriter &html, const Value &rate) {
-        write_vertical_rows(html, rate.raw,
-                            {"VERTICAL_RATE LSB=6.25FT/M", "VERTICAL_RATE LSB=FT/M", "VERTICAL_RATE LSB=METER/M"});
+        write_vertical_rows<10>(html, rate.raw,
+                                {"VERTICAL_RATE LSB=6.25FT/M", "VERTICAL_RATE LSB=FT/M", "VERTICAL_RATE LSB=METER/M"});
     }
 
     // A value that is no number counts as one that is not 0, and is written as 0.

@@ -79,10 +79,16 @@ std::string block_texts(const std::vector<uint8_t> &octets) {
     return all;
 }
 
+// The items that hand values to each other in variables of the process, which threads may not share.
+bool shares_video_variables(ast_dataitem_type_t type) {
+    return (type >= 240041 && type <= 240048) || (type >= 240050 && type <= 240052);
+}
+
 std::string all_texts() {
     std::string all =
         block_texts(kRadar) + block_texts(kAdsb) + ast_library_version() + ast_latlong_to_str(48.5, -2.25);
     for (const RegisteredItem &registered : registered_items()) {
+        if (shares_video_variables(registered.type)) continue;
         const auto &data = registered.sample;
         all += item_texts(ast_dataitem_decode(data.data(), data.size(), registered.type));
     }

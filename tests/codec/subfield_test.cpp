@@ -90,7 +90,7 @@ TEST(Subfields, UnknownOnesHaveFallbacks) {
     EXPECT_EQ(log.take(), LogLines{});
     EXPECT_EQ(ast_subfield_get_size(octets("00").data(), 1, 21110003), 0U);
     EXPECT_EQ(ast_dataitem_get_size(octets("A0 00").data(), 2, 21110), 2U);
-    EXPECT_EQ(log.take(), LogLines(2, {3, "Unsupported Subfield type 3"}));
+    EXPECT_EQ(log.take(), LogLines(2, {3, "Unsupported Subfield type 21110003"}));
 }
 
 } // namespace

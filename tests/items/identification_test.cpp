@@ -40,9 +40,13 @@ TEST(TrackNumber, TakesSixteenBitsInFiveItemsAndTwelveInTheOthers) {
     for (const ast_dataitem_type_t type : {1161U, 4030U, 4035U, 62040U, 15161U, 10161U, 20161U, 21161U, 48161U}) {
         const bool is_long = std::find(std::begin(kLong), std::end(kLong), type) != std::end(kLong);
         EXPECT_EQ(summary_of(type, "F1 23"), is_long ? "TRACK_NUM:61731" : "TRACK_NUM:0291") << type;
-        ast_uint_value_t number{.valid = true, .value = 0xF123};
         const bool is_written_long = is_long && type != 15161; // meant: read in 16 bits, written in 12
-        expect_encodes("track number", type, &number, is_written_long ? "F1 23" : "01 23");
+        const EncodeCase<ast_uint_value_t> kCases[] = {
+            {"twelve bits", {.valid = true, .value = 0xFFF}, "0F FF"},
+            {"sixteen", {.valid = true, .value = 0xF123}, is_written_long ? "F1 23" : nullptr},
+            {"more", {.valid = true, .value = 0x10000}, nullptr},
+        };
+        expect_encodes(type, kCases);
     }
 }
 
@@ -52,9 +56,11 @@ TEST(TargetAddress, EncoderStoresTheOctetsBackAndRefusesAddressZero) {
     expect_encodes("one", kAddress, &target, "3C 65 AC");
     EXPECT_EQ(target.octets[0], 0x3C);
     EXPECT_EQ(target.octets[2], 0xAC);
-    target.address = 0;
-    expect_encodes("none", kAddress, &target, nullptr);
-    EXPECT_EQ(target.octets[0], 0x3C);
+    for (const uint32_t address : {0U, 0x1000000U}) {
+        target.address = address;
+        expect_encodes("none, or more than 24 bits", kAddress, &target, nullptr);
+        EXPECT_EQ(target.octets[0], 0x3C);
+    }
 }
 
 TEST(AircraftId, ViewsGiveTheCharacters) {

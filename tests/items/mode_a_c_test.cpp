@@ -78,6 +78,8 @@ TEST(ModeC, EncodesNegativeLevelsOneLower) {
         {"meant: the lowest turns into the highest",
          {.valid = true, .validated = true, .flight_level = -8192},
          "1F FF"},
+        {"too high", {.valid = true, .validated = true, .flight_level = 8192}, nullptr},
+        {"too low", {.valid = true, .validated = true, .flight_level = -8193}, nullptr},
         {"not validated", {.valid = true, .validated = false}, "80 00"},
         {"garbled", {.valid = true, .validated = true, .garbled = true}, "40 00"},
     };

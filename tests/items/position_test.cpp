@@ -162,7 +162,9 @@ TEST(VerticalRate, EncodesTheValueOrElseTheRawOne) {
         {"two's complement, unlike positions", {.valid = true, .value = -6.25}, "7F FF"},
         {"cut off", {.valid = true, .value = -18.7}, "7F FE"},
         {"no number", {.valid = true, .raw = 9, .value = kNan}, "00 00"},
-        {"beyond any field", {.valid = true, .raw = 9, .value = 1e300}, "00 00"},
+        {"lowest", {.valid = true, .raw = -16384}, "40 00"},
+        {"too high", {.valid = true, .raw = 16384}, nullptr},
+        {"beyond any field", {.valid = true, .raw = 9, .value = 1e300}, nullptr},
     };
     expect_encodes(21155, kCases);
 }

@@ -133,7 +133,7 @@ Aircraft start_within_reach(uint64_t serial, Random &random) {
     return aircraft;
 }
 
-// One that comes in at the edge, flying roughly towards the radar.
+// One that comes in at the edge, flying roughly towards the sensor.
 Aircraft enter_at_edge(uint64_t serial, Random &random) {
     Aircraft aircraft = create(serial, random);
     const double direction_deg = random.between(0, 360);
@@ -166,6 +166,9 @@ void fly(Aircraft &aircraft, double seconds) {
     aircraft.manoeuvre_s -= seconds;
 }
 
+// The standard atmosphere up to 36000 ft, which is close enough above.
+double temperature_ratio(double altitude_ft) { return 1 - 6.8756e-6 * altitude_ft; }
+
 } // namespace
 
 bool has_mode_s(const Aircraft &aircraft) { return aircraft.transponder >= Transponder::mode_s_elementary; }
@@ -182,6 +185,39 @@ double turn_rate_deg_s(const Aircraft &aircraft) {
     constexpr double kMPerSPerKt = 1852 / kSecondsPerHour;
     return kGravityMPerS2 * std::tan(aircraft.bank_deg * kRadPerDeg) / (aircraft.airspeed_kt * kMPerSPerKt) /
            kRadPerDeg;
+}
+
+double mach(const Aircraft &aircraft) {
+    constexpr double kSpeedOfSoundKt = 661.47;
+    return aircraft.airspeed_kt / (kSpeedOfSoundKt * std::sqrt(temperature_ratio(aircraft.altitude_ft)));
+}
+
+double indicated_airspeed_kt(const Aircraft &aircraft) {
+    constexpr double kDensityExponent = 4.2561;
+    return aircraft.airspeed_kt * std::sqrt(std::pow(temperature_ratio(aircraft.altitude_ft), kDensityExponent));
+}
+
+double magnetic_heading_deg(const Aircraft &aircraft) {
+    constexpr double kMagneticVariationDeg = 4; // east
+    return std::fmod(aircraft.heading_deg - kMagneticVariationDeg + 360, 360);
+}
+
+Ground position_after_nm(const Aircraft &aircraft, double seconds) {
+    const double hours = seconds / kSecondsPerHour;
+    const Ground velocity_kt = ground_velocity_kt(aircraft);
+    return {aircraft.position_nm.east + velocity_kt.east * hours,
+            aircraft.position_nm.north + velocity_kt.north * hours};
+}
+
+double slant_range_nm(const Ground &position_nm, double altitude_ft) {
+    constexpr double kFtPerNm = 1852 / 0.3048;
+    return std::hypot(length(position_nm), altitude_ft / kFtPerNm);
+}
+
+// Radio waves follow the curve of the earth a little.
+double line_of_sight_nm(double altitude_ft, double antenna_height_ft) {
+    constexpr double kNmPerRootFt = 1.23;
+    return kNmPerRootFt * (std::sqrt(altitude_ft) + std::sqrt(antenna_height_ft));
 }
 
 double length(const Ground &vector) { return std::hypot(vector.east, vector.north); }

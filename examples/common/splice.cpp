@@ -1,5 +1,6 @@
 #include "splice.hpp"
 
+#include <cmath>
 #include <stdexcept>
 
 namespace simulation {
@@ -10,9 +11,9 @@ constexpr uint32_t kFrnsPerOctet = 7;
 constexpr uint8_t kFx = 0x01; // another FSPEC octet follows
 constexpr uint64_t kBlockHeaderOctets = 3;
 
-uint32_t frn_of(uint32_t category, ast_dataitem_type_t type) {
-    for (uint32_t frn = 1; frn <= ast_uap_max_frn(&AST_UAP_STANDARD, category); ++frn)
-        if (ast_uap_get_dataitem(&AST_UAP_STANDARD, category, frn) == type) return frn;
+uint32_t frn_of(const ast_uap_t &profile, uint32_t category, ast_dataitem_type_t type) {
+    for (uint32_t frn = 1; frn <= ast_uap_max_frn(&profile, category); ++frn)
+        if (ast_uap_get_dataitem(&profile, category, frn) == type) return frn;
     throw std::invalid_argument("no FRN announces the item");
 }
 
@@ -44,10 +45,11 @@ void close_block(Octets &block, uint8_t category) {
 } // namespace
 
 // Items stand in the order of their FRNs, so as many go before the new one as the FSPEC announces below its FRN.
-Octets with_item(const Octets &record, uint32_t category, ast_dataitem_type_t type, const Octets &item) {
-    const ast_datarecord_t decoded = ast_datarecord_decode(record.data(), record.size(), category, AST_UAP_STANDARD);
+Octets with_item(const Octets &record, const ast_uap_t &profile, ast_dataitem_type_t type, const Octets &item) {
+    const uint32_t category = type / AST_DATAITEM_TYPE(1, 0);
+    const ast_datarecord_t decoded = ast_datarecord_decode(record.data(), record.size(), category, profile);
     if (!decoded.valid) throw std::invalid_argument("the record is damaged");
-    const uint32_t new_frn = frn_of(category, type);
+    const uint32_t new_frn = frn_of(profile, category, type);
     const ast_dataitem_t *each = decoded.items;
     Octets longer = fspec_with(decoded.fspec, new_frn);
     for (uint32_t frn = 1; frn < new_frn; ++frn)
@@ -70,6 +72,31 @@ std::vector<Octets> pack_blocks(uint8_t category, const std::vector<Octets> &rec
     }
     for (Octets &block : blocks) close_block(block, category);
     return blocks;
+}
+
+std::vector<Datagram> pack_datagrams(const std::vector<Octets> &blocks, double time_s) {
+    constexpr double kGapS = 0.0005;
+    std::vector<Datagram> datagrams;
+    for (const Octets &block : blocks) {
+        if (datagrams.empty() || datagrams.back().blocks.size() + block.size() > kMostPayloadOctets) {
+            datagrams.push_back({.time_s = time_s, .blocks = {}});
+            time_s += kGapS;
+        }
+        append(datagrams.back().blocks, block);
+    }
+    return datagrams;
+}
+
+Octets octets_of(const ast_datarecord_t &record) {
+    if (!record.valid) throw std::logic_error("a record cannot be encoded");
+    return {record.data, record.data + record.size};
+}
+
+// Midnight begins a new day at 0.
+ast_time_of_day_t time_of_day(double time_s) {
+    constexpr double kDayS = 86400;
+    constexpr double kUnitsPerS = 128;
+    return {.valid = true, .raw = static_cast<uint32_t>(std::fmod(time_s, kDayS) * kUnitsPerS)};
 }
 
 } // namespace simulation

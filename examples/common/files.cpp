@@ -24,33 +24,34 @@ std::FILE *open_file(const std::string &path) {
     return file;
 }
 
-// The datagram in a multicast packet; libtins computes lengths and checksums.
-Octets frame(const Datagram &datagram, uint16_t packet_number) {
-    constexpr char kSourceAddress[] = "192.0.2.12";
-    constexpr char kGroupAddress[] = "239.192.25.12";
-    constexpr char kSourceMac[] = "02:00:00:00:19:0c"; // locally administered
-    constexpr char kGroupMac[] = "01:00:5e:40:19:0c";  // the low 23 bits of the group address
+// The datagram in a multicast packet, from an address to a group that both end in the number of the station; libtins
+// computes lengths and checksums.
+Octets frame(const Datagram &datagram, uint8_t station, uint16_t packet_number) {
     constexpr uint16_t kPort = 8600;
     constexpr uint8_t kHops = 16;
-    Tins::IP ip(kGroupAddress, kSourceAddress);
+    const uint8_t source_mac[] = {0x02, 0x00, 0x00, 0x00, 0x19, station}; // locally administered
+    const uint8_t group_mac[] = {0x01, 0x00, 0x5e, 0x40, 0x19, station};  // the low 23 bits of the group address
+    const std::string number = std::to_string(station);
+    Tins::IP ip("239.192.25." + number, "192.0.2." + number);
     ip.ttl(kHops);
     ip.id(packet_number);
-    auto packet = Tins::EthernetII(kGroupMac, kSourceMac) / ip / Tins::UDP(kPort, kPort) /
-                  Tins::RawPDU(datagram.blocks.begin(), datagram.blocks.end());
+    auto packet = Tins::EthernetII(Tins::HWAddress<6>(group_mac), Tins::HWAddress<6>(source_mac)) / ip /
+                  Tins::UDP(kPort, kPort) / Tins::RawPDU(datagram.blocks.begin(), datagram.blocks.end());
     return packet.serialize();
 }
 
 class Capture final : public Output {
 public:
-    explicit Capture(const std::string &path)
-        : pcap_(pcap_open_dead(DLT_EN10MB, kSnapshotOctets), pcap_close),
+    Capture(const std::string &path, uint8_t station)
+        : station_(station),
+          pcap_(pcap_open_dead(DLT_EN10MB, kSnapshotOctets), pcap_close),
           dumper_(pcap_dump_fopen(pcap_.get(), open_file(path)), pcap_dump_close) {
         if (!dumper_) throw std::runtime_error(pcap_geterr(pcap_.get()));
         count(kFileHeaderOctets);
     }
 
     void write(const Datagram &datagram) override {
-        const Octets octets = frame(datagram, ++packets_);
+        const Octets octets = frame(datagram, station_, ++packets_);
         pcap_pkthdr header{};
         header.ts = timestamp(datagram.time_s);
         header.caplen = header.len = static_cast<bpf_u_int32>(octets.size());
@@ -77,6 +78,7 @@ private:
                 .tv_usec = static_cast<suseconds_t>((time_s - whole_s) * kMicrosecondsPerS)};
     }
 
+    uint8_t station_;
     std::unique_ptr<pcap_t, decltype(&pcap_close)> pcap_;
     std::unique_ptr<pcap_dumper_t, decltype(&pcap_dump_close)> dumper_;
     uint16_t packets_ = 0;
@@ -102,7 +104,9 @@ private:
 
 } // namespace
 
-std::unique_ptr<Output> open_capture(const std::string &path) { return std::make_unique<Capture>(path); }
+std::unique_ptr<Output> open_capture(const std::string &path, uint8_t station) {
+    return std::make_unique<Capture>(path, station);
+}
 
 std::unique_ptr<Output> open_raw_file(const std::string &path) { return std::make_unique<RawFile>(path); }
 

@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "radar.hpp"
+#include "splice.hpp"
 
 namespace simulation {
 
@@ -28,8 +28,8 @@ private:
     uint64_t size_octets_ = 0;
 };
 
-// Files: "-" is standard output.
-std::unique_ptr<Output> open_capture(const std::string &path);
+// Files: "-" is standard output. In a capture the datagrams come from the station of this number.
+std::unique_ptr<Output> open_capture(const std::string &path, uint8_t station);
 std::unique_ptr<Output> open_raw_file(const std::string &path);
 
 // Sends in real time, or faster by a factor, to "udp://ADDRESS:PORT".

@@ -1,7 +1,7 @@
 # One seed always gives the same recording, another seed another one, and astdump reads it without damage.
 
 function(simulate file seed)
-  execute_process(COMMAND ${SIMULATE_RADAR} --seed ${seed} --aircraft 60 --start 23:59:30 ${ARGN} --output ${file}
+  execute_process(COMMAND ${SIMULATE} --seed ${seed} --aircraft 60 --start 23:59:30 ${OPTIONS} ${ARGN} --output ${file}
                   WORKING_DIRECTORY ${DIRECTORY} COMMAND_ERROR_IS_FATAL ANY)
 endfunction()
 
@@ -30,9 +30,9 @@ if(size_octets LESS 100000 OR size_octets GREATER 101000)
 endif()
 
 if(ASTDUMP)
-  execute_process(COMMAND ${ASTDUMP} --stats first.pcap sized.ast WORKING_DIRECTORY ${DIRECTORY} OUTPUT_VARIABLE stats
-                  COMMAND_ERROR_IS_FATAL ANY)
-  foreach(item IN ITEMS I034/041 I048/170 I048/230 I048/250)
+  execute_process(COMMAND ${ASTDUMP} ${READ} --stats first.pcap sized.ast WORKING_DIRECTORY ${DIRECTORY}
+                  OUTPUT_VARIABLE stats COMMAND_ERROR_IS_FATAL ANY)
+  foreach(item IN LISTS ITEMS)
     if(NOT stats MATCHES "${item}")
       message(FATAL_ERROR "no ${item} in the recording:\n${stats}")
     endif()

@@ -1,4 +1,4 @@
-// The aircraft around the radar: who they are, where they are, and how they fly.
+// The aircraft around a sensor: who they are, where they are, and how they fly.
 #pragma once
 
 #include <cstdint>
@@ -16,7 +16,7 @@ enum class Transponder {
     mode_s_enhanced,   // registers 4,0 5,0 and 6,0 as well
 };
 
-// How a kind of aircraft flies, and how far from the radar.
+// How a kind of aircraft flies, and how far from the sensor.
 struct Performance {
     double slowest_kt;
     double fastest_kt;
@@ -26,7 +26,7 @@ struct Performance {
     double reach_nm;
 };
 
-// A vector on the ground, seen from the radar: miles or knots.
+// A vector on the ground, seen from the sensor: miles or knots.
 struct Ground {
     double east = 0;
     double north = 0;
@@ -55,6 +55,18 @@ bool has_mode_s(const Aircraft &aircraft);
 // The way over ground in knots: through the air, and with the wind.
 Ground ground_velocity_kt(const Aircraft &aircraft);
 double turn_rate_deg_s(const Aircraft &aircraft);
+double mach(const Aircraft &aircraft);
+double indicated_airspeed_kt(const Aircraft &aircraft);
+double magnetic_heading_deg(const Aircraft &aircraft);
+
+// Where an aircraft is so many seconds later, when it flies straight on; before, when they are negative.
+Ground position_after_nm(const Aircraft &aircraft, double seconds);
+
+// From the ground at the sensor.
+double slant_range_nm(const Ground &position_nm, double altitude_ft);
+
+// How far it is to the horizon of an antenna for something in the air.
+double line_of_sight_nm(double altitude_ft, double antenna_height_ft);
 
 double length(const Ground &vector);
 

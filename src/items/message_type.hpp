@@ -1,0 +1,15 @@
+// What a category says of its message types: one octet, whose values it names. As the shared decoder does, it takes
+// items of any type.
+#pragma once
+
+#include "items/items.hpp"
+
+namespace ast {
+
+template <ast_dataitem_type_t Type>
+struct MessageType : Item<Type, ast_uint_value_t, items::message_type.size> {
+    static bool accepts(const ast_dataitem_t &item) { return item.size == MessageType::kSize.octets; }
+    static void read(ast_uint_value_t &type, const uint8_t *octets) { type.value = octets[0]; }
+};
+
+} // namespace ast

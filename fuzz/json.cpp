@@ -39,12 +39,20 @@ void require_back(const ast_datarecord_t &record, bool with_texts) {
             "a record does not come back from its JSON");
 }
 
-// A profile that announces no item twice, since there would be two members of one name.
-const ast_uap_t &profile_at(uint8_t place) { return *profiles()[place % (profiles().size() - 1)]; }
+const ast_uap_t &profile_at(uint8_t place) { return *profiles()[place % profiles().size()]; }
+
+// A profile that announces a type twice: which one it is cannot be told when the first is missing.
+bool is_unclear(const ast_datarecord_t &record) {
+    constexpr ast_dataitem_type_t kCustomFields[] = {1951, 2951};
+    uint64_t count = 0;
+    for (uint64_t i = 0; i < record.item_count; ++i)
+        count += std::count(std::begin(kCustomFields), std::end(kCustomFields), record.items[i].type) != 0;
+    return count == 1;
+}
 
 void check_record(const ast_uap_t &uap, uint32_t category, Octets octets, bool with_texts) {
     const ast_datarecord_t record = ast_datarecord_decode(octets.data(), octets.size(), category, uap);
-    if (record.valid) require_back(record, with_texts);
+    if (record.valid && !is_unclear(record)) require_back(record, with_texts);
 }
 
 // One item of any published type, by its published size.

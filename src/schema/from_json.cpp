@@ -477,7 +477,8 @@ private:
             if (item.type == AST_DATAITEM_NONE) continue;
             item.field = find_item(item.type, context_.uap);
             char buffer[8];
-            const Field unknown = item.field ? Field{} : row(Kind::Raw, reference_of(item.type, buffer), "", 0);
+            const Field unknown =
+                item.field ? Field{} : row(Kind::Raw, reference_of(item.type, is_second(frn), buffer), "", 0);
             const Slice key = key_of(item.field ? *item.field : unknown);
             item.value = object_.take(key);
             item.octets = octets_.take(key);
@@ -487,6 +488,13 @@ private:
             if (item.type == AST_DATAITEM_TYPE(result_.category, 0)) read_message_type(item.value);
         }
         return wanted == 0 || reject_unknown();
+    }
+
+    // Whether there is an item of the same type at a lower FRN.
+    bool is_second(uint32_t frn) const {
+        for (uint32_t other = 1; other < frn; ++other)
+            if (announced_[other].is_present && announced_[other].type == announced_[frn].type) return true;
+        return false;
     }
 
     void read_message_type(Slice value) {

@@ -54,13 +54,15 @@ constexpr unsigned hex_digits(const Field &field) { return (field.bits + kHexBit
 constexpr char kHexDigits[] = "0123456789ABCDEF";
 
 // The reference of an item within its category as documents write it, "I010" or "REF", whatever its type's number is.
-inline std::string_view reference_of(ast_dataitem_type_t type, char (&buffer)[8]) {
+// Profiles may announce a type that no edition describes more than once: the second one is "I951_2".
+inline std::string_view reference_of(ast_dataitem_type_t type, bool is_second, char (&buffer)[8]) {
     const std::string_view reference = ast_dataitem_type_to_str(type);
-    const std::string_view item = slice(reference, reference.find('/') + 1, sizeof buffer - 2);
+    const std::string_view item = slice(reference, reference.find('/') + 1, 3);
     const bool is_number = !item.empty() && item[0] >= '0' && item[0] <= '9';
     size_t length = 0;
     if (is_number) buffer[length++] = 'I';
     for (const char c : item) buffer[length++] = c;
+    if (is_second) buffer[length++] = '_', buffer[length++] = '2';
     return {buffer, length};
 }
 

@@ -365,7 +365,7 @@ private:
         const Field *const field = find_item(item.type, record_.uap, edition_);
         if (!field) { // no edition describes it
             char buffer[8];
-            json_.hex(reference_of(item.type, buffer), item.data, item.size);
+            json_.hex(reference_of(item.type, is_second(place), buffer), item.data, item.size);
             return;
         }
         if constexpr (std::is_same_v<Out, Bounded>) json_.out().expect_rewind();
@@ -376,6 +376,12 @@ private:
         const bool is_lossy = json_.was_lossy() || walk.is_lossy();
         if (!is_whole || is_lossy) needs_octets_ |= uint32_t{1} << place;
         if (item.type == AST_DATAITEM_TYPE(record_.category, 0) && item.size == 1) context_.message_type = *item.data;
+    }
+
+    bool is_second(uint64_t place) const {
+        for (uint64_t i = 0; i < place; ++i)
+            if (record_.items[i].type == record_.items[place].type) return true;
+        return false;
     }
 
     void octets(bool has_fspec) {

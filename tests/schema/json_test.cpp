@@ -262,6 +262,16 @@ TEST(JsonRoundTrip, CategoriesThatOnlyDocumentsKnow) {
               octets("E1 40 19 0C 03 01 8C 96"));
 }
 
+TEST(JsonRoundTrip, ItemsThatNoDocumentKnows) {
+    // FRNs 5 and 23 of this profile are the same two octets.
+    const Octets data = octets("09 01 01 40 00 01 00 02");
+    const ast_datarecord_t record = ast_datarecord_decode(data.data(), data.size(), 1, AST_UAP_MANAGAIR);
+    ASSERT_TRUE(record.valid);
+    const std::string json = json_of(record);
+    EXPECT_EQ(json, R"({"category":1,"profile":"managair","I951":"0001","I951_2":"0002"})");
+    EXPECT_EQ(encoded(json), data);
+}
+
 // ---- Values that are edited ----
 
 TEST(JsonEditing, RoundsToTheNearestStepAndKeepsOctetsThatStillMeanTheSame) {

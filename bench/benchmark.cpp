@@ -173,6 +173,39 @@ void add_stream(const std::vector<uint8_t> &stream) {
     add("stream: split blocks", split);
 }
 
+// The whole way from octets to lines.
+void write_json(benchmark::State &state, const Sample &sample) {
+    const std::vector<uint8_t> recording = recording_of(sample);
+    static char text[65536];
+    for ([[maybe_unused]] const auto _ : state) {
+        each_block(recording, [&](const uint8_t *data, size_t available) {
+            const ast_datablock_t &block = decode_block_into(sample, data, available);
+            ast_json_line_t line{};
+            line.profile = "standard";
+            for (uint64_t r = 0; r < block.record_count; ++r) {
+                line.record = r + 1;
+                benchmark::DoNotOptimize(ast_datarecord_to_json(text, sizeof text, &block.records[r], &line));
+            }
+        });
+    }
+    count(state, recording.size());
+}
+
+// The way back; counts octets of the record.
+void read_json(benchmark::State &state, const Sample &sample) {
+    const ast_datarecord_t record =
+        ast_datarecord_decode(sample.octets.data(), sample.octets.size(), sample.category, *sample.uap);
+    static char text[65536];
+    static uint8_t octets[1024];
+    const uint64_t chars = ast_datarecord_to_json(text, sizeof text, &record, nullptr);
+    for ([[maybe_unused]] const auto _ : state) {
+        const ast_json_result_t result = ast_datarecord_from_json(octets, sizeof octets, text, chars);
+        if (!result.valid) state.SkipWithError("the record does not come back");
+    }
+    state.SetItemsProcessed(state.iterations());
+    state.SetBytesProcessed(state.iterations() * static_cast<int64_t>(record.size));
+}
+
 // A plot as a sender has it before it is encoded: the values of seven items.
 struct Plot {
     ast_sac_sic_t source = {.valid = true, .sac = 25, .sic = 12};
@@ -266,6 +299,8 @@ void add(const Sample &sample) {
     benchmark::RegisterBenchmark(named("decode records").c_str(), decode_records, sample);
     benchmark::RegisterBenchmark(named("decode blocks").c_str(), decode_blocks, sample, decode_block);
     benchmark::RegisterBenchmark(named("decode blocks into one").c_str(), decode_blocks, sample, decode_block_into);
+    benchmark::RegisterBenchmark(named("write lines of JSON").c_str(), write_json, sample);
+    benchmark::RegisterBenchmark(named("read a record from JSON").c_str(), read_json, sample);
 }
 
 } // namespace

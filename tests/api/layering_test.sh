@@ -4,12 +4,20 @@
 set -eu
 cd "$1"
 
-below=
-for floor in core codec view query items cat; do
-    below="$below $floor"
-    pattern=$(echo $below | tr ' ' '|')
-    if grep -nE '^#include "[a-z]+/' "$floor"/*.?pp | grep -vE "#include \"($pattern)/"; then
-        echo "$floor may include: $below"
+# only FLOOR FOLDERS: the floor may include these folders and no other.
+only() {
+    pattern=$(echo $2 | tr ' ' '|')
+    if find "$1" -name '*.?pp' -exec grep -nE '^#include "[a-z]+/' {} + | grep -vE "#include \"($pattern)/"; then
+        echo "$1 may include: $2"
         exit 1
     fi
+}
+
+below=
+for floor in core codec view schema query items cat; do
+    below="$below $floor"
+    only "$floor" "$below"
 done
+
+# What the documents say stands beside what users know, and knows nothing of it.
+only schema "core schema"

@@ -1,0 +1,164 @@
+/* What every published field means, and records as JSON, both ways.
+ *
+ * Beside the value records and views of each item, which read it as its users know it, stands the published reading:
+ * every field of every item of all 27 published categories in their newest edition (category 021 also in editions 0.23,
+ * 0.26, 2.1 and 2.4; Reserved Expansion Fields of 021, 048 and 062; Mode S registers of ICAO Doc 9871), with its bits,
+ * its unit and step, and the texts of its codes. docs/json.md shows the JSON and explains its shape. */
+#ifndef AST_SCHEMA_H
+#define AST_SCHEMA_H
+
+#include "records.h"
+
+AST_BEGIN_DECLARATIONS
+
+/* -------------------------------------------------------------------------------------------------------- profiles --
+ * Two profiles lay out every published category in its newest edition, category 021 included. They are not among those
+ * that ast_uap_get_number counts, so that smart decoding never tries them. */
+AST_API extern ast_uap_t AST_UAP_PUBLISHED;       /* "published": category 001 as tracks, category 007 as downlink */
+AST_API extern ast_uap_t AST_UAP_PUBLISHED_OTHER; /* "published-other": 001 as plots, 007 as uplink; else the same */
+
+/** The highest FRN that the newest edition of a category defines; 0 for a category that is not published. */
+AST_API uint32_t ast_uap_max_frn_published(uint32_t category);
+AST_API uint32_t ast_uap_max_frn_published_other(uint32_t category);
+
+/** The item that an FRN announces in the newest edition of a category, or 0. */
+AST_API ast_dataitem_type_t ast_uap_get_dataitem_published(uint32_t category, uint32_t frn);
+AST_API ast_dataitem_type_t ast_uap_get_dataitem_published_other(uint32_t category, uint32_t frn);
+
+/** The size in octets of the item at data by its published layout, which also tells that of items that the registry
+ *  knows by name alone; 0 when no edition describes the type or the octets do not hold all of it. A chain of octets is
+ *  followed to its end, however long. The profile tells which edition is meant, as that of a decoded record does. */
+AST_API uint64_t ast_dataitem_get_published_size(const uint8_t *data, uint64_t available, ast_dataitem_type_t type,
+                                                 ast_uap_t uap);
+
+/* ---------------------------------------------------------------------------------------------------------- fields --
+ */
+
+/* Kinds of fields that carry a value. */
+#define AST_FIELD_RAW UINT32_C(0)  /* bits without a further meaning; from 24 bits on octets in hexadecimal digits */
+#define AST_FIELD_CODE UINT32_C(1) /* a number that stands for a text */
+#define AST_FIELD_UNSIGNED UINT32_C(2) /* a number or a quantity from 0 on */
+#define AST_FIELD_SIGNED UINT32_C(3)   /* one in two's complement */
+#define AST_FIELD_OCTAL UINT32_C(4)    /* a code of octal digits */
+#define AST_FIELD_ASCII UINT32_C(5)    /* characters of eight bits */
+#define AST_FIELD_ICAO UINT32_C(6)     /* characters of six bits, as in a target identification */
+#define AST_FIELD_REGISTER                                                                                             \
+    UINT32_C(7)                        /* a Mode S register: its seven octets, and its number behind them in 64 bits   \
+                                        */
+#define AST_FIELD_EXPLICIT UINT32_C(8) /* octets behind a length that counts itself */
+
+/* Kinds that hold others, and what carries nothing. */
+#define AST_FIELD_SPARE UINT32_C(9)       /* bits that mean nothing, 0 as a rule */
+#define AST_FIELD_GROUP UINT32_C(10)      /* fields one behind the other */
+#define AST_FIELD_EXTENDED UINT32_C(11)   /* parts chained by FX, one group to the reader */
+#define AST_FIELD_COMPOUND UINT32_C(12)   /* subfields that presence bits announce */
+#define AST_FIELD_REPETITIVE UINT32_C(13) /* a count and as many elements */
+#define AST_FIELD_CHAINED UINT32_C(14)    /* elements chained by FX */
+#define AST_FIELD_EITHER UINT32_C(15)     /* several readings of the same bits, one for each value of another field */
+#define AST_FIELD_RANDOM UINT32_C(16)     /* Random Field Sequencing: a count, and FRNs with their items */
+
+/** One field as the document describes it. Texts are constant, "" where there is none; the path and the record itself
+ *  belong to the call that hands them over. */
+typedef struct {
+    const char *path;  /* "I048/020/TYP"; an element of a list is "[]", and an item that is one value only "I048/140" */
+    const char *title; /* in the document's words */
+    uint32_t kind;     /* AST_FIELD_... */
+    uint32_t bits;     /* 0 where it varies */
+    const char *unit;  /* of a quantity: "NM", "FL", "°" (UTF-8) */
+    uint64_t numerator;   /* of the step, one raw unit in its unit: 360 of 360/65536, in lowest terms; 0: no quantity */
+    uint64_t denominator; /* of the step; 1 for whole units */
+    int32_t offset;       /* added to raw × step, in its unit: 800 of the barometric setting, else 0 */
+    const char *texts;    /* of the codes 0, 1, 2 ... between bars; "97:" in front of a text sets its code */
+} ast_field_t;
+
+/** Takes the fields of an item type one after the other. context is what the caller handed in. */
+typedef void (*ast_field_visitor_t)(void *context, const ast_field_t *field);
+
+/** Hands over every field of an item type in the order of the document, what holds others before what it holds, spare
+ *  bits included. The profile tells the edition where there are several. False for a type that no edition describes, or
+ *  a null visitor; then nothing is handed over. */
+AST_API bool ast_dataitem_describe(ast_dataitem_type_t type, ast_uap_t uap, ast_field_visitor_t visit, void *context);
+
+/** The same for a Mode S register by its number, 64 for BDS 4,0; paths begin with "BDS40". False for one whose fields
+ *  are not known. */
+AST_API bool ast_bds_describe(uint32_t bds, ast_field_visitor_t visit, void *context);
+
+/** Writes the text of a code of a described field; empty where it has none. */
+AST_API void ast_field_get_text(char *text, uint64_t capacity, const ast_field_t *field, uint64_t code);
+
+/** One value of an item. What it points to belongs to the call that hands it over. */
+typedef struct {
+    const ast_field_t *field; /* with the place of an element in the path, from 0: "I048/250[1]/MCP_ALT" */
+    uint64_t raw;             /* the bits as sent; 0 for octets of more than 64 bits */
+    bool has_number;          /* for numbers and quantities */
+    double number;            /* in the unit; exact as far as a double is */
+    const char *text; /* of a code, or the characters; octal and hexadecimal digits of codes and octets; or "" */
+} ast_field_value_t;
+
+/** Takes the values of an item one after the other. context is what the caller handed in. */
+typedef void (*ast_field_value_visitor_t)(void *context, const ast_field_value_t *value);
+
+/** Hands over the values of a decoded item in the order of its octets. message_type is that of the record (item 000),
+ *  which some fields of category 004 depend on; 0 otherwise. The text of octets is cut at 255 characters. False for an
+ *  item that is not valid, that no edition describes, or whose octets end too early, behind what could be read. */
+AST_API bool ast_dataitem_walk(const ast_dataitem_t *item, ast_uap_t uap, uint32_t message_type,
+                               ast_field_value_visitor_t visit, void *context);
+
+/* ------------------------------------------------------------------------------------------------------------ JSON --
+ */
+
+/** What a line of JSON says of its record beside the items. All zero says nothing but category and profile. */
+typedef struct {
+    const char *file;        /* null: left out */
+    uint64_t block;          /* its number, from 1; 0: left out */
+    uint64_t record;         /* its number in the block, from 1; 0: left out */
+    const char *time;        /* of reception; null: left out */
+    const char *source;      /* address and port; null: left out */
+    const char *destination; /* null: left out */
+    bool has_offset;
+    uint64_t offset;     /* of the block in its file, in octets */
+    const char *profile; /* null: the name of the record's profile, none for one of the caller's own */
+    bool ambiguous;      /* other editions fit as well; left out when false */
+    bool texts;          /* codes as {"value":5,"text":"..."} where they have a text */
+} ast_json_line_t;
+
+/** Writes a record as one JSON object, without a line feed: the keys of the line, then its items.
+ *  line      null for one that says nothing
+ *  Returns the characters needed, the terminator not counted: what is written is whole when that is less than capacity,
+ *  and cut otherwise. Faster where the capacity is ample, which is 1 KB and 256 characters per octet of the record. An
+ *  item that is not valid is left out. */
+AST_API uint64_t ast_datarecord_to_json(char *text, uint64_t capacity, const ast_datarecord_t *record,
+                                        const ast_json_line_t *line);
+
+/** Writes octets that are no record, such as the rest of a block that breaks, as an object with "error" and "data".
+ *  Returns the characters needed, as above. */
+AST_API uint64_t ast_octets_to_json(char *text, uint64_t capacity, uint32_t category, const uint8_t *data,
+                                    uint64_t count, const char *error, const ast_json_line_t *line);
+
+/** Room for the path of an error. */
+#define AST_JSON_PATH_CAPACITY 80
+
+/** What a JSON object came to. */
+typedef struct {
+    bool valid;        /* the octets are written whole */
+    uint64_t size;     /* octets needed; more than the length of the buffer when it is too short */
+    uint32_t category; /* as the object says */
+    ast_uap_t uap;     /* the profile that it names; AST_UAP_PUBLISHED or AST_UAP_PUBLISHED_OTHER for none */
+    uint64_t block;    /* its "block", 0 for none: lines of one block and category are one block again */
+    bool is_data;      /* the octets are those of "data", no record */
+    const char *error; /* what is wrong, constant; null when valid */
+    uint64_t position; /* where, in characters from the first */
+    char path[AST_JSON_PATH_CAPACITY]; /* of the member that is wrong, "I040/RHO"; empty where the JSON itself is */
+} ast_json_result_t;
+
+/** Encodes the record that a JSON object describes: FSPEC and items, ready for a block. Members in any order; those of
+ *  the line are not needed but for "category". Quantities are rounded to the nearest step. A member that the profile or
+ *  the item does not have, or a value that does not fit, is an error; so is any JSON that is malformed or nested deeper
+ *  than 32 levels. null is as good as a member that is missing.
+ *  json   chars characters, no terminator needed
+ *  Nothing is written behind length; what is in the buffer has no meaning unless the result is valid. */
+AST_API ast_json_result_t ast_datarecord_from_json(uint8_t *buffer, uint64_t length, const char *json, uint64_t chars);
+
+AST_END_DECLARATIONS
+
+#endif

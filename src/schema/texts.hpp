@@ -1,0 +1,79 @@
+// The texts of codes, and characters.
+#pragma once
+
+#include "schema/field.hpp"
+#include "schema/slice.hpp"
+
+namespace ast::schema {
+
+// The text of a code in "text of 0|text of 1|97:text of 97", or an empty one.
+inline std::string_view text_of_code(const char *texts, uint64_t code) {
+    std::string_view rest = texts ? texts : "";
+    for (uint64_t next = 0; !rest.empty(); ++next) {
+        std::string_view text = slice(rest, 0, rest.find('|'));
+        rest.remove_prefix(text.size() < rest.size() ? text.size() + 1 : rest.size());
+        uint64_t number = 0;
+        size_t digits = 0;
+        for (; digits < text.size() && text[digits] >= '0' && text[digits] <= '9'; ++digits)
+            number = number * 10 + static_cast<uint64_t>(text[digits] - '0');
+        if (digits != 0 && digits < text.size() && text[digits] == ':') {
+            next = number;
+            text.remove_prefix(digits + 1);
+        }
+        if (next == code) return text;
+    }
+    return {};
+}
+
+constexpr char kUndefinedCharacter = '?';
+constexpr unsigned kIcaoBits = 6;
+
+constexpr bool is_printable(uint8_t character) { return character >= ' ' && character <= '~'; }
+
+// The characters of the 64 codes of six bits: letters from 1 on, a blank at 32, digits from 48 on.
+inline constexpr char kIcaoCharacters[] = "?ABCDEFGHIJKLMNOPQRSTUVWXYZ????? ???????????????0123456789??????";
+
+// The character at a place, from 0, of an identification in six bits each.
+constexpr char icao_character(const Field &field, uint64_t raw, unsigned place) {
+    const unsigned characters = field.bits / kIcaoBits;
+    return kIcaoCharacters[raw >> (kIcaoBits * (characters - 1 - place)) & 0x3F];
+}
+
+constexpr unsigned kHexBits = 4;
+constexpr unsigned kOctalBits = 3;
+
+// Raw bits are shown as a number below this, else as octets.
+constexpr unsigned kMinOctetsBits = 24;
+constexpr bool is_shown_as_octets(const Field &field) {
+    return (field.kind == Kind::Raw || field.kind == Kind::Either) && field.bits >= kMinOctetsBits;
+}
+
+// The hexadecimal digits of so many bits.
+constexpr unsigned hex_digits(const Field &field) { return (field.bits + kHexBits - 1U) / kHexBits; }
+
+constexpr char kHexDigits[] = "0123456789ABCDEF";
+
+// The reference of an item within its category as documents write it, "I010" or "REF", whatever its type's number is.
+// Profiles may announce a type that no edition describes more than once: the second one is "I951_2".
+inline std::string_view reference_of(ast_dataitem_type_t type, bool is_second, char (&buffer)[8]) {
+    const std::string_view reference = ast_dataitem_type_to_str(type);
+    const std::string_view item = slice(reference, reference.find('/') + 1, 3);
+    const bool is_number = !item.empty() && item[0] >= '0' && item[0] <= '9';
+    size_t length = 0;
+    if (is_number) buffer[length++] = 'I';
+    for (const char c : item) buffer[length++] = c;
+    if (is_second) buffer[length++] = '_', buffer[length++] = '2';
+    return {buffer, length};
+}
+
+// The name of an exported profile; null for another one.
+inline const char *profile_name(const ast_uap_t &uap) {
+    const auto is = [&](const ast_uap_t &other) { return uap.get_dataitem == other.get_dataitem; };
+    if (is(AST_UAP_PUBLISHED)) return "published";
+    if (is(AST_UAP_PUBLISHED_OTHER)) return "published-other";
+    for (uint64_t i = 0; i < ast_uap_get_number(); ++i)
+        if (const ast_uap_info_t info = ast_uap_get_info(i); is(*info.uap)) return info.name;
+    return nullptr;
+}
+
+} // namespace ast::schema

@@ -1,0 +1,443 @@
+// Records as JSON.
+
+#include <cstring>
+#include <limits>
+
+#include "schema/number.hpp"
+#include "schema/texts.hpp"
+#include "schema/walk.hpp"
+
+namespace ast::schema {
+
+namespace {
+
+// ---- Where the characters go ----
+// Pieces of at most kPieceChars are put together where begin() says and end there where end() is told.
+
+constexpr uint64_t kPieceChars = 96;
+
+// Into a buffer that is ample for what comes.
+class Ample {
+public:
+    Ample(char *text, uint64_t) : text_(text), out_(text) {}
+    char *begin() { return out_; }
+    void end(char *out) { out_ = out; }
+    void drop_comma() { out_ -= out_[-1] == ','; }
+    uint64_t mark() const { return static_cast<uint64_t>(out_ - text_); }
+    void rewind(uint64_t mark) { out_ = text_ + mark; }
+    uint64_t finish() {
+        *out_ = '\0';
+        return mark();
+    }
+
+private:
+    char *text_;
+    char *out_;
+};
+
+// Into any buffer, cut where it ends, and counted.
+class Bounded {
+public:
+    Bounded(char *text, uint64_t capacity) : text_(text), capacity_(text ? capacity : 0) {}
+    char *begin() { return piece_; }
+    void end(const char *out) {
+        const auto chars = static_cast<uint64_t>(out - piece_);
+        const uint64_t room = length_ < capacity_ ? capacity_ - length_ : 0;
+        if (room != 0) std::memcpy(text_ + length_, piece_, chars < room ? chars : room);
+        length_ += chars;
+        if (chars != 0) is_comma_last_ = out[-1] == ',';
+    }
+    void drop_comma() {
+        length_ -= is_comma_last_;
+        is_comma_last_ = false;
+    }
+    uint64_t mark() const { return length_; }
+    void rewind(uint64_t mark) { // to behind a comma, or the first bracket
+        length_ = mark;
+        is_comma_last_ = was_comma_;
+    }
+    void expect_rewind() { was_comma_ = is_comma_last_; }
+    uint64_t finish() {
+        if (capacity_ != 0) text_[length_ < capacity_ ? length_ : capacity_ - 1] = '\0';
+        return length_;
+    }
+
+private:
+    char piece_[kPieceChars];
+    char *text_;
+    uint64_t capacity_;
+    uint64_t length_ = 0;
+    bool is_comma_last_ = false;
+    bool was_comma_ = false;
+};
+
+// ---- The pieces ----
+
+// Inlined wherever the text is a constant, so that it is copied by a few moves.
+[[gnu::always_inline]] inline char *put(char *out, std::string_view text) {
+    std::memcpy(out, text.data(), text.size());
+    return out + text.size();
+}
+
+char *put_octal(char *out, uint64_t value, unsigned digits) {
+    *out++ = '"';
+    for (unsigned i = digits; i != 0; --i) *out++ = digit(value >> (kOctalBits * (i - 1)) & 7);
+    *out++ = '"';
+    return out;
+}
+
+char *put_hex_digits(char *out, uint64_t value, unsigned digits) {
+    for (unsigned i = digits; i != 0; --i) *out++ = kHexDigits[value >> (kHexBits * (i - 1)) & 0x0F];
+    return out;
+}
+
+char *put_hex(char *out, uint64_t value, unsigned digits) {
+    *out++ = '"';
+    out = put_hex_digits(out, value, digits);
+    *out++ = '"';
+    return out;
+}
+
+// Without the blanks at the end.
+char *put_icao(char *out, const Field &field, uint64_t raw, bool &is_lossy) {
+    *out++ = '"';
+    char *end = out;
+    for (unsigned i = 0; i < field.bits / kIcaoBits; ++i) {
+        *out++ = icao_character(field, raw, i);
+        is_lossy |= out[-1] == kUndefinedCharacter;
+        if (out[-1] != ' ') end = out;
+    }
+    *end++ = '"';
+    return end;
+}
+
+// ---- Values ----
+
+// A visitor of items. Every value has a comma behind it, which the end of what it stands in takes back.
+template <typename Out>
+class Json {
+public:
+    Json(char *text, uint64_t capacity, bool texts) : out_(text, capacity), texts_(texts) {}
+
+    void open(const Field &field) {
+        char *const out = key(field);
+        *out = is_list(field) ? '[' : '{';
+        out_.end(out + 1);
+    }
+    void close(const Field &field) { close(is_list(field) ? ']' : '}'); }
+    void close(char bracket) {
+        out_.drop_comma();
+        char *const out = out_.begin();
+        out[0] = bracket;
+        out[1] = ',';
+        out_.end(out + 2);
+    }
+    void element() {}
+
+    void open_register(const Field &field, uint32_t number) {
+        char *out = put(key(field), "{\"bds\":");
+        out = put_hex(out, number, 2);
+        *out++ = ',';
+        out_.end(out);
+    }
+
+    void value(const Field &field, uint64_t raw) {
+        if (std::is_same_v<Out, Bounded> && texts_ && field.kind == Kind::Code && code_with_text(field, raw)) return;
+        char *const out = put_raw(key(field), field, raw);
+        *out = ',';
+        out_.end(out + 1);
+    }
+
+    void octets(const Field &field, const uint8_t *data, uint64_t count) {
+        if (field.kind == Kind::Ascii)
+            characters(field, data, count);
+        else
+            hex(field, data, count);
+    }
+
+    // A text in UTF-8 behind a key; what is no character or has to be is escaped.
+    [[gnu::always_inline]] void text(std::string_view key, std::string_view text) {
+        literal(key);
+        string(text);
+    }
+    [[gnu::always_inline]] void number(std::string_view key, uint64_t number) {
+        char *const out = put_number(put(out_.begin(), key), number);
+        *out = ',';
+        out_.end(out + 1);
+    }
+    // A piece as it is, a key or a bracket.
+    [[gnu::always_inline]] void literal(std::string_view piece) { out_.end(put(out_.begin(), piece)); }
+    void hex(std::string_view name, const uint8_t *data, uint64_t count) {
+        out_.end(put(put(put(out_.begin(), "\""), name), "\":"));
+        hex_digits_of(data, count);
+    }
+
+    // Whether something since the last call would not come back.
+    bool was_lossy() {
+        const bool was = is_lossy_;
+        is_lossy_ = false;
+        return was;
+    }
+    Out &out() { return out_; }
+
+private:
+    char *key(const Field &field) {
+        char *const out = out_.begin();
+        std::memcpy(out, field.key, sizeof field.key);
+        return out + field.key_chars;
+    }
+
+    char *put_raw(char *out, const Field &field, uint64_t raw) {
+        if (field.kind == Kind::Code) return put_number(out, raw); // most values are
+        switch (field.kind) {
+        case Kind::Octal:
+            return put_octal(out, raw, field.bits / kOctalBits);
+        case Kind::Icao:
+            return put_icao(out, field, raw, is_lossy_);
+        case Kind::Raw:
+        case Kind::Either:
+            return is_shown_as_octets(field) ? put_hex(out, raw, hex_digits(field)) : put_number(out, raw);
+        default:
+            return put_value(out, field, raw);
+        }
+    }
+
+    bool code_with_text(const Field &field, uint64_t raw) {
+        const std::string_view meaning = text_of_code(field.meaning, raw);
+        if (meaning.empty()) return false;
+        char *const out = put_number(put(key(field), "{\"value\":"), raw);
+        *out = ',';
+        out_.end(out + 1);
+        text("\"text\":", meaning);
+        close('}');
+        return true;
+    }
+
+    void characters(const Field &field, const uint8_t *data, uint64_t count) {
+        while (count != 0 && data[count - 1] == ' ') --count;
+        out_.end(key(field));
+        for (uint64_t i = 0; i < count; ++i) is_lossy_ |= !is_printable(data[i]);
+        out_.end(put(out_.begin(), "\""));
+        for (uint64_t i = 0; i < count; ++i)
+            character(is_printable(data[i]) ? static_cast<char>(data[i]) : kUndefinedCharacter);
+        out_.end(put(out_.begin(), "\","));
+    }
+
+    void hex(const Field &field, const uint8_t *data, uint64_t count) {
+        out_.end(key(field));
+        hex_digits_of(data, count);
+    }
+
+    void hex_digits_of(const uint8_t *data, uint64_t count) {
+        constexpr uint64_t kAtATime = kPieceChars / 2;
+        out_.end(put(out_.begin(), "\""));
+        while (count != 0) {
+            char *out = out_.begin();
+            const uint64_t now = count < kAtATime ? count : kAtATime;
+            for (uint64_t i = 0; i < now; ++i) {
+                *out++ = kHexDigits[data[i] >> 4];
+                *out++ = kHexDigits[data[i] & 0x0F];
+            }
+            out_.end(out);
+            data += now;
+            count -= now;
+        }
+        out_.end(put(out_.begin(), "\","));
+    }
+
+    void character(char c) {
+        char *out = out_.begin();
+        constexpr unsigned kEscapeDigits = 4;
+        if (static_cast<uint8_t>(c) < ' ') {
+            out_.end(put_hex_digits(put(out, "\\u"), static_cast<uint8_t>(c), kEscapeDigits));
+            return;
+        }
+        if (c == '"' || c == '\\') *out++ = '\\';
+        *out++ = c;
+        out_.end(out);
+    }
+
+    // The octets of one character of UTF-8 at the front of a text; 0 for what is none.
+    static size_t utf8_octets(std::string_view text) {
+        const auto octet = [&](size_t i) { return i < text.size() ? static_cast<uint8_t>(text[i]) : uint8_t{0}; };
+        const uint8_t first = octet(0);
+        if (first < 0x80) return 1;
+        const size_t octets = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
+        if (first < 0xC2 || first > 0xF4) return 0;
+        for (size_t i = 1; i < octets; ++i)
+            if ((octet(i) & 0xC0) != 0x80) return 0;
+        const bool is_overlong = (first == 0xE0 && octet(1) < 0xA0) || (first == 0xF0 && octet(1) < 0x90);
+        const bool is_no_character = (first == 0xED && octet(1) >= 0xA0) || (first == 0xF4 && octet(1) >= 0x90);
+        return is_overlong || is_no_character ? 0 : octets;
+    }
+
+    // How many characters at the front stand for themselves, as far as a piece goes.
+    static size_t plain_chars(std::string_view text) {
+        size_t chars = 0;
+        while (chars < text.size() && chars < kPieceChars && is_printable(static_cast<uint8_t>(text[chars])) &&
+               text[chars] != '"' && text[chars] != '\\')
+            ++chars;
+        return chars;
+    }
+
+    void string(std::string_view text) {
+        out_.end(put(out_.begin(), "\""));
+        while (!text.empty()) {
+            if (const size_t plain = plain_chars(text)) {
+                out_.end(put(out_.begin(), slice(text, 0, plain)));
+                text.remove_prefix(plain);
+                continue;
+            }
+            const size_t octets = utf8_octets(text);
+            if (octets > 1)
+                out_.end(put(out_.begin(), slice(text, 0, octets)));
+            else
+                character(octets == 1 ? text[0] : kUndefinedCharacter);
+            text.remove_prefix(octets > 1 ? octets : 1);
+        }
+        out_.end(put(out_.begin(), "\","));
+    }
+
+    Out out_;
+    bool texts_;
+    bool is_lossy_ = false;
+};
+
+// ---- Lines ----
+
+constexpr ast_json_line_t kNothingToSay{};
+
+template <typename Out>
+void open_line(Json<Out> &json, const ast_json_line_t &line, uint32_t category, const char *profile) {
+    json.literal("{");
+    if (line.file) json.text("\"file\":", line.file);
+    if (line.block) json.number("\"block\":", line.block);
+    if (line.record) json.number("\"record\":", line.record);
+    if (line.time) json.text("\"time\":", line.time);
+    if (line.source) json.text("\"source\":", line.source);
+    if (line.destination) json.text("\"destination\":", line.destination);
+    if (line.has_offset) json.number("\"offset\":", line.offset);
+    json.number("\"category\":", category);
+    if (profile) json.text("\"profile\":", profile);
+    if (line.ambiguous) json.literal("\"ambiguous\":true,");
+}
+
+template <typename Out>
+uint64_t close_line(Json<Out> &json) {
+    json.close('}');
+    json.out().drop_comma();
+    return json.out().finish();
+}
+
+// Whether the FSPEC is not the one that the items alone would give: it announces spare FRNs, or ends with nothing.
+bool is_unusual(const ast_fspec_t &fspec, uint64_t item_count) {
+    if (!fspec.valid || !fspec.data || fspec.length == 0) return false;
+    return fspec.item_count != item_count || (fspec.length > 1 && fspec.data[fspec.length - 1] == 0);
+}
+
+template <typename Out>
+class RecordWriter {
+public:
+    RecordWriter(char *text, uint64_t capacity, const ast_datarecord_t &record, const ast_json_line_t &line)
+        : json_(text, capacity, line.texts),
+          record_(record),
+          edition_(find_edition(record.category, record.uap)),
+          context_{record.uap, record.category, 0} {}
+
+    uint64_t write(const ast_json_line_t &line) {
+        open_line(json_, line, record_.category, line.profile ? line.profile : profile_name(record_.uap));
+        for (uint64_t i = 0; i < item_count(); ++i) item(i);
+        const bool has_fspec = is_unusual(record_.fspec, record_.item_count);
+        if (needs_octets_ != 0 || has_fspec) octets(has_fspec);
+        return close_line(json_);
+    }
+
+private:
+    static_assert(AST_DATARECORD_MAX_ITEMS <= std::numeric_limits<uint32_t>::digits);
+
+    uint64_t item_count() const {
+        return record_.item_count < AST_DATARECORD_MAX_ITEMS ? record_.item_count : AST_DATARECORD_MAX_ITEMS;
+    }
+
+    void item(uint64_t place) {
+        const ast_dataitem_t &item = record_.items[place];
+        if (!item.valid || !item.data) return;
+        const Field *const field = find_item(item.type, record_.uap, edition_);
+        if (!field) { // no edition describes it
+            char buffer[8];
+            json_.hex(reference_of(item.type, is_second(place), buffer), item.data, item.size);
+            return;
+        }
+        if constexpr (std::is_same_v<Out, Bounded>) json_.out().expect_rewind();
+        const uint64_t before = json_.out().mark();
+        Walk<Json<Out>> walk(BitReader(item.data, item.size, item.following), json_, context_);
+        const bool is_whole = walk.field(field);
+        if (!is_whole) json_.out().rewind(before);
+        const bool is_lossy = json_.was_lossy() || walk.is_lossy();
+        if (!is_whole || is_lossy) needs_octets_ |= uint32_t{1} << place;
+        if (item.type == AST_DATAITEM_TYPE(record_.category, 0) && item.size == 1) context_.message_type = *item.data;
+    }
+
+    bool is_second(uint64_t place) const {
+        for (uint64_t i = 0; i < place; ++i)
+            if (record_.items[i].type == record_.items[place].type) return true;
+        return false;
+    }
+
+    void octets(bool has_fspec) {
+        json_.literal("\"octets\":{");
+        if (has_fspec) json_.hex("FSPEC", record_.fspec.data, record_.fspec.length);
+        for (uint64_t i = 0; i < item_count(); ++i)
+            if (needs_octets_ >> i & 1) {
+                const ast_dataitem_t &item = record_.items[i];
+                json_.hex(find_item(item.type, record_.uap, edition_)->name(), item.data, item.size);
+            }
+        json_.close('}');
+    }
+
+    Json<Out> json_;
+    const ast_datarecord_t &record_;
+    const Edition *edition_;
+    Context context_;
+    uint32_t needs_octets_ = 0; // by the place of an item
+};
+
+// More than any octets of an item come to: eight fields of one bit each, with the longest names, and brackets.
+constexpr uint64_t kMaxCharsOfOctet = 256;
+constexpr uint64_t kMaxCharsOfLine = 1024 - kPieceChars;
+constexpr uint64_t kMaxCharsOfCharacter = 6;
+
+uint64_t ample_capacity(const ast_datarecord_t &record, const ast_json_line_t &line) {
+    uint64_t octets = record.fspec.valid ? record.fspec.length : 0;
+    for (uint64_t i = 0; i < record.item_count && i < AST_DATARECORD_MAX_ITEMS; ++i) octets += 1 + record.items[i].size;
+    uint64_t chars = kMaxCharsOfLine + kPieceChars + octets * kMaxCharsOfOctet;
+    for (const char *text : {line.file, line.time, line.source, line.destination, line.profile})
+        if (text) chars += kMaxCharsOfCharacter * std::string_view(text).size();
+    return chars;
+}
+
+} // namespace
+
+} // namespace ast::schema
+
+using namespace ast::schema;
+
+uint64_t ast_datarecord_to_json(char *text, uint64_t capacity, const ast_datarecord_t *record,
+                                const ast_json_line_t *line) {
+    static constexpr ast_datarecord_t kNone{};
+    const ast_datarecord_t &from = record ? *record : kNone;
+    const ast_json_line_t &with = line ? *line : kNothingToSay;
+    if (text && !with.texts && capacity >= ample_capacity(from, with)) [[likely]]
+        return RecordWriter<Ample>(text, capacity, from, with).write(with);
+    return RecordWriter<Bounded>(text, capacity, from, with).write(with);
+}
+
+uint64_t ast_octets_to_json(char *text, uint64_t capacity, uint32_t category, const uint8_t *data, uint64_t count,
+                            const char *error, const ast_json_line_t *line) {
+    const ast_json_line_t &with = line ? *line : kNothingToSay;
+    Json<Bounded> json(text, capacity, false);
+    open_line(json, with, category, with.profile);
+    if (error) json.text("\"error\":", error);
+    json.hex("data", data, data ? count : 0);
+    return close_line(json);
+}

@@ -1,0 +1,357 @@
+// Records as JSON, and JSON as records.
+
+#include <algorithm>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <set>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "ast.h"
+#include "support/octets.hpp"
+
+namespace {
+
+using ast_test::octets;
+using Octets = std::vector<uint8_t>;
+
+constexpr uint64_t kAmple = 1 << 20;
+
+std::string json_of(const ast_datarecord_t &record, const ast_json_line_t *line = nullptr) {
+    static char text[kAmple];
+    const uint64_t chars = ast_datarecord_to_json(text, sizeof text, &record, line);
+    EXPECT_EQ(std::strlen(text), chars);
+    return text;
+}
+
+// A record of the one item alone, as no FSPEC announces it.
+ast_datarecord_t record_of(ast_dataitem_type_t type, const Octets &octets, const ast_uap_t &uap) {
+    ast_datarecord_t record{};
+    record.category = type / 1000;
+    record.uap = uap;
+    record.items[0] = {octets.data(), octets.size(), type, true, 0};
+    record.item_count = 1;
+    record.valid = true;
+    return record;
+}
+
+// What an item is behind its category: "\"I010\":..." and what belongs to it.
+std::string item_json(ast_dataitem_type_t type, std::string_view hex, const ast_uap_t &uap = AST_UAP_PUBLISHED) {
+    const Octets data = octets(hex);
+    ast_json_line_t line{};
+    const std::string json = json_of(record_of(type, data, uap), &line);
+    const std::string head = R"("profile":"published",)";
+    const size_t at = json.find(head);
+    if (at == std::string::npos) return json;
+    return json.substr(at + head.size(), json.size() - at - head.size() - 1);
+}
+
+// Octets of a record from JSON, in a buffer of exactly what it needs; nothing when it cannot be encoded.
+Octets encoded(std::string_view json) {
+    const ast_json_result_t needed = ast_datarecord_from_json(nullptr, 0, json.data(), json.size());
+    Octets buffer(needed.size);
+    const ast_json_result_t result = ast_datarecord_from_json(buffer.data(), buffer.size(), json.data(), json.size());
+    EXPECT_TRUE(result.valid) << json << ": " << result.path << " " << (result.error ? result.error : "");
+    EXPECT_LE(result.size, needed.size);
+    buffer.resize(result.valid ? result.size : 0);
+    return buffer;
+}
+
+// ---- What a line looks like ----
+
+struct ItemCase {
+    ast_dataitem_type_t type;
+    const char *hex, *json;
+};
+
+constexpr ItemCase kValues[] = {
+    {48010, "19 0C", R"("I010":{"SAC":25,"SIC":12})"},
+    {48140, "54 60 40", R"("I140":43200.5)"},
+    {48140, "00 00 01", R"("I140":0.008)"},
+    {48220, "4C A7 A8", R"("I220":"4CA7A8")"},
+    {48161, "00 7B", R"("I161":{"TRN":123})"},
+    {48070, "8F C0", R"("I070":{"V":1,"G":0,"L":0,"MODE3A":"7700"})"},
+    {48090, "3F FF", R"("I090":{"V":0,"G":0,"FL":-0.25})"},
+    {48040, "00 80 40 00", R"("I040":{"RHO":0.5,"THETA":90})"},
+    {48030, "05 20", R"("I030":[2,16])"},
+    {48130, "A0 10 FF", R"("I130":{"SRL":0.7,"SAM":-1})"},
+    {48120, "40 01 00 01 FF FE 00 03", R"("I120":{"RDS":[{"DOP":1,"AMB":65534,"FRQ":3}]})"},
+    {48240, "2C C3 60 82 08 20", R"("I240":"KLM")"},
+    {48250, "00", R"("I250":[])"},
+    {48250, "01 C6 50 00 31 94 00 00 40", R"("I250":[{"bds":"40","MCP_ALT":36000,"BARO":1025}])"},
+    {48250, "01 FF E0 00 00 00 00 00 50", R"("I250":[{"bds":"50","ROLL":-0.18}])"},
+    {48250, "01 00 00 00 00 00 00 07 17", R"("I250":[{"bds":"17","octets":"00000000000007"}])"},
+    {48998, "03 AB CD", R"("REF":"ABCD")"},
+    {62998, "08 80 01 19 0C 03 00 07", R"("REF":{"CST":[{"SAC":25,"SIC":12,"TYP":3,"LTN":7}]})"},
+    {62998, "07 80 01 19 0C 03 00", R"("REF":"8001190C0300")"}, // one octet short of what it announces
+    {21150, "40 00", R"("I150":{"IM":0,"AS":1})"},
+    {21150, "81 F4", R"("I150":{"IM":1,"AS":0.5})"},
+    {4120, "40 1A", R"("I120":{"CC":{"TID":1,"CPC":5,"CS":0}})"}, // no message type, so a raw number
+};
+
+// What values alone would not give back.
+constexpr ItemCase kLossy[] = {
+    {48161, "F0 7B", R"("I161":{"TRN":123},"octets":{"I161":"F07B"})"},               // spare bits
+    {48240, "00 C3 60 82 08 20", R"("I240":"?LM","octets":{"I240":"00C360820820"})"}, // no character
+    {48250, "01 46 50 00 00 00 00 00 40", R"("I250":[{"bds":"40"}],"octets":{"I250":"014650000000000040"})"},
+    {48030, "05 21", R"("I030":[2,16],"octets":{"I030":"0521"})"}, // a chain that is cut
+    {48170, "01 01 02",
+     R"("I170":{"CNF":0,"RAD":0,"DOU":0,"MAH":0,"CDM":0,"TRE":0,"GHO":0,"SUP":0,"TCC":0},)"
+     R"("octets":{"I170":"010102"})"},                         // one that goes on
+    {48130, "01 00", R"("I130":{},"octets":{"I130":"0100"})"}, // presence bits for nothing
+    {48130, "02", R"("octets":{"I130":"02"})"},                // one that is announced and ends
+};
+
+TEST(Json, SaysWhatThePublishedDocumentSays) {
+    for (const ItemCase &each : kValues) EXPECT_EQ(item_json(each.type, each.hex), each.json);
+}
+
+TEST(Json, KeepsOctetsThatValuesDoNotTell) {
+    for (const ItemCase &each : kLossy) EXPECT_EQ(item_json(each.type, each.hex), each.json);
+}
+
+TEST(Json, ReadsAFieldByTheMessageTypeOfTheRecord) {
+    const Octets type = octets("07"), conflict = octets("40 1A");
+    ast_datarecord_t record = record_of(4000, type, AST_UAP_PUBLISHED);
+    record.items[record.item_count++] = {conflict.data(), conflict.size(), 4120, true, 0};
+    const std::string json = json_of(record);
+    EXPECT_NE(json.find(R"("CC":{"TID":1,"CPC":{"LPF":1,"CPF":0,"MHF":1},"CS":0})"), std::string::npos) << json;
+    EXPECT_EQ(encoded(json), octets("41 20 07 40 1A"));
+}
+
+TEST(Json, NamesTheLine) {
+    const Octets data = octets("19 0C");
+    const ast_json_line_t line{.file = "a\"b\n\xC3\xA9\xFF",
+                               .block = 7,
+                               .record = 1,
+                               .time = "12:43:47Z",
+                               .source = "10.19.16.21:56798",
+                               .destination = "227.0.6.1:10001",
+                               .has_offset = true,
+                               .offset = 1234,
+                               .profile = nullptr,
+                               .ambiguous = true,
+                               .texts = false};
+    EXPECT_EQ(json_of(record_of(48010, data, AST_UAP_STANDARD), &line),
+              "{\"file\":\"a\\\"b\\u000A\xC3\xA9?\",\"block\":7,\"record\":1,\"time\":\"12:43:47Z\",\"source\":"
+              "\"10.19.16.21:56798\",\"destination\":\"227.0.6.1:10001\",\"offset\":1234,\"category\":48,"
+              "\"profile\":\"standard\",\"ambiguous\":true,\"I010\":{\"SAC\":25,\"SIC\":12}}");
+    char text[64];
+    ast_octets_to_json(text, sizeof text, 99, data.data(), data.size(), "is cut short", nullptr);
+    EXPECT_STREQ(text, R"({"category":99,"error":"is cut short","data":"190C"})");
+    EXPECT_EQ(encoded(text), data);
+}
+
+TEST(Json, GivesTextsOfCodesWhereWanted) {
+    const Octets data = octets("A0");
+    const ast_json_line_t line{.profile = "standard", .texts = true};
+    const std::string json = json_of(record_of(48020, data, AST_UAP_STANDARD), &line);
+    EXPECT_NE(json.find(R"("I020":{"TYP":{"value":5,"text":"Single ModeS Roll-Call"},"SIM":{"value":0,)"),
+              std::string::npos);
+    EXPECT_EQ(encoded(json), octets("20 A0"));
+}
+
+TEST(Json, SaysHowMuchRoomItNeedsAndStaysWithin) {
+    const Octets data = octets("01 C6 50 00 31 94 00 00 40");
+    const ast_datarecord_t record = record_of(48250, data, AST_UAP_STANDARD);
+    const std::string whole = json_of(record);
+    for (uint64_t capacity = 0; capacity <= whole.size() + 1; ++capacity) {
+        std::string text(capacity + 1, '#');
+        EXPECT_EQ(ast_datarecord_to_json(text.data(), capacity, &record, nullptr), whole.size());
+        EXPECT_EQ(text[capacity], '#');
+        if (capacity == 0) continue;
+        EXPECT_EQ(text.c_str(), whole.substr(0, capacity - 1));
+    }
+}
+
+// ---- There and back again ----
+
+// A record of one item from its JSON is the item behind an FSPEC.
+void expect_back(const ast_datarecord_t &record) {
+    const std::string json = json_of(record);
+    const Octets back = encoded(json);
+    const ast_dataitem_t &item = record.items[0];
+    ASSERT_GT(back.size(), item.size) << json;
+    EXPECT_TRUE(std::equal(item.data, item.data + item.size, back.end() - static_cast<int64_t>(item.size))) << json;
+    std::string cut(json.size(), '\0'); // too small for the fast way
+    ast_datarecord_to_json(cut.data(), cut.size(), &record, nullptr);
+    EXPECT_EQ(cut.substr(0, cut.size() - 1), json.substr(0, json.size() - 1));
+}
+
+TEST(JsonRoundTrip, EveryItemOfEveryEditionFromAnyOctets) {
+    ast_log_handler_reg(nullptr);
+    std::mt19937 random(1); // NOLINT: the same octets every time
+    uint64_t tried = 0;
+    for (const ast_uap_t &uap : {AST_UAP_PUBLISHED, AST_UAP_PUBLISHED_OTHER, AST_UAP_CAT021_VER023,
+                                 AST_UAP_CAT021_VER026, AST_UAP_CAT021_VER21, AST_UAP_CAT021_VER24})
+        for (uint32_t category = 1; category < 256; ++category)
+            for (uint32_t frn = 1; frn <= uap.max_frn(category); ++frn) {
+                const ast_dataitem_type_t type = uap.get_dataitem(category, frn);
+                for (unsigned i = 0; type != AST_DATAITEM_NONE && i < 40; ++i) {
+                    Octets data(300);
+                    for (uint8_t &octet : data) octet = static_cast<uint8_t>(random() & (i % 2 ? 0xFF : random()));
+                    data.resize(ast_dataitem_get_published_size(data.data(), data.size(), type, uap));
+                    if (data.empty()) continue;
+                    ++tried;
+                    expect_back(record_of(type, data, uap));
+                    if (HasFatalFailure()) return;
+                }
+            }
+    EXPECT_GT(tried, 20000U);
+    ast_log_handler_reg(ast_log_stdout);
+}
+
+// The UDP payloads of a capture of Ethernet frames, or a file of blocks as it is.
+std::vector<Octets> payloads_of(const std::filesystem::path &path) {
+    std::ifstream file(path, std::ios::binary);
+    const Octets all((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    const auto u32 = [&](size_t at) { return all[at] | all[at + 1] << 8 | all[at + 2] << 16 | all[at + 3] << 24; };
+    if (path.extension() != ".pcap") return {all};
+    std::vector<Octets> payloads;
+    for (size_t at = 24; at + 16 <= all.size();) {
+        const auto size = static_cast<size_t>(u32(at + 8));
+        const size_t frame = at + 16, ip = frame + 14, udp = ip + (all.at(ip) & 0x0F) * size_t{4};
+        at = frame + size;
+        if (at <= all.size() && all[ip] >> 4 == 4 && all[ip + 9] == 17 && udp + 8 <= at)
+            payloads.emplace_back(all.begin() + static_cast<int64_t>(udp) + 8, all.begin() + static_cast<int64_t>(at));
+    }
+    return payloads;
+}
+
+uint64_t expect_records_back(const std::filesystem::path &path) {
+    static ast_datablock_t block; // large
+    uint64_t records = 0;
+    for (const Octets &payload : payloads_of(path))
+        for (size_t at = 0; at + 3 <= payload.size();) {
+            const auto length = static_cast<size_t>(payload[at + 1] << 8 | payload[at + 2]);
+            if (length < 3 || at + length > payload.size()) break;
+            ast_datablock_smart_decode_into(&block, &payload[at], length);
+            for (uint64_t i = 0; i < block.record_count; ++i, ++records) {
+                const ast_datarecord_t &record = block.records[i];
+                EXPECT_EQ(encoded(json_of(record)), Octets(record.data, record.data + record.size));
+            }
+            at += length;
+        }
+    return records;
+}
+
+TEST(JsonRoundTrip, EveryRecordOfRecordings) {
+    ast_log_handler_reg(nullptr);
+    const std::filesystem::path tree = std::filesystem::path(__FILE__).parent_path() / "../..";
+    const char *const given = std::getenv("AST_RECORDINGS");
+    uint64_t records = expect_records_back(tree / "samples/radar.ast");
+    EXPECT_GT(records, 5U);
+    const std::filesystem::path shared = given ? std::filesystem::path(given) : tree / "../shared/recordings";
+    if (std::filesystem::is_directory(shared))
+        for (const auto &file : std::filesystem::directory_iterator(shared))
+            if (file.path().extension() == ".pcap" || file.path().extension() == ".raw")
+                records += expect_records_back(file.path());
+    RecordProperty("records", static_cast<int>(records));
+    ast_log_handler_reg(ast_log_stdout);
+}
+
+TEST(JsonRoundTrip, CategoriesThatOnlyDocumentsKnow) {
+    EXPECT_EQ(encoded(R"({"category":247,"I010":{"SAC":25,"SIC":12},"I140":43200.5,)"
+                      R"("I550":[{"CAT":48,"MAIN":1,"SUB":32},{"CAT":34,"MAIN":1,"SUB":29}]})"),
+              octets("B0 19 0C 54 60 40 02 30 01 20 22 01 1D"));
+    EXPECT_EQ(encoded(R"({ "I015" : 3 , "category" : 205, "I000":1, "I010": {"SIC":12,"SAC":25}, "I070":359.9 })"),
+              octets("E1 40 19 0C 03 01 8C 96"));
+}
+
+TEST(JsonRoundTrip, ItemsThatNoDocumentKnows) {
+    // FRNs 5 and 23 of this profile are the same two octets.
+    const Octets data = octets("09 01 01 40 00 01 00 02");
+    const ast_datarecord_t record = ast_datarecord_decode(data.data(), data.size(), 1, AST_UAP_MANAGAIR);
+    ASSERT_TRUE(record.valid);
+    const std::string json = json_of(record);
+    EXPECT_EQ(json, R"({"category":1,"profile":"managair","I951":"0001","I951_2":"0002"})");
+    EXPECT_EQ(encoded(json), data);
+}
+
+// ---- Values that are edited ----
+
+TEST(JsonEditing, RoundsToTheNearestStepAndKeepsOctetsThatStillMeanTheSame) {
+    struct Case {
+        const char *json, *hex;
+    };
+    for (const Case &each : std::vector<Case>{
+             {R"({"category":48,"I140":43200.5039})", "40 54 60 40"}, // 1/128 s is 0.0078
+             {R"({"category":48,"I140":43200.50391})", "40 54 60 41"},
+             {R"({"category":48,"I140":4.32005e4,"I010":null})", "40 54 60 40"},
+             {R"({"category":48,"I090":{"V":0,"G":0,"FL":-0.2}})", "04 3F FF"},
+             {R"({"category":48,"I161":{"TRN":123},"octets":{"I161":"F07B"}})", "01 10 F0 7B"},
+             {R"({"category":48,"I161":{"TRN":124},"octets":{"I161":"F07B"}})", "01 10 00 7C"},
+             {R"({"category":48,"I161":null,"octets":{"I161":"F07B"}})", "00"},
+             {R"({"category":48,"I240":"AB","octets":{"I240":"00C360820820"}})", "01 40 04 28 20 82 08 20"},
+             {R"({"category":1,"I010":{"SAC":1,"SIC":2},"I020":{"TYP":0,"SIM":0,"SSRPSR":0,"ANT":0,"SPI":0,"RAB":0},)"
+              R"("I040":{"RHO":1,"THETA":0}})",
+              "E0 01 02 00 00 80 00 00"}, // a plot, so I001/040 has FRN 3
+         })
+        EXPECT_EQ(encoded(each.json), octets(each.hex)) << each.json;
+}
+
+TEST(JsonEditing, SaysWhatIsWrongAndWhere) {
+    struct Case {
+        std::string json; // with "@" in front of the place
+        const char *path, *error;
+    };
+    for (const Case &each : std::vector<Case>{
+             {R"(@{"I010":1})", "category", "is missing"},
+             {R"({"category":@300})", "category", "does not fit its bits"},
+             {R"({"category":48,"profile":@"none"})", "profile", "is not known here"},
+             {R"({"category":48,@"I011":1})", "I011", "is not known here"},
+             {R"({"category":48,"I010":@7})", "I010", "is no object"},
+             {R"({"category":48,"I010":@{"SAC":1}})", "I010/SIC", "is missing"},
+             {R"({"category":48,"I010":{"SAC":1,"SIC":@256}})", "I010/SIC", "does not fit its bits"},
+             {R"({"category":48,"I010":{"SAC":1,"SIC":@1.5}})", "I010/SIC", "is no whole number"},
+             {R"({"category":48,"I010":{"SAC":1,"SIC":@1e999999999}})", "I010/SIC", "does not fit its bits"},
+             {R"({"category":48,"I010":{"SAC":1,"SIC":2,@"SID":3}})", "I010/SID", "is not known here"},
+             {R"({"category":48,"I010":{"SAC":1,"SIC":2,@"SAC":3}})", "I010/SAC",
+              "stands twice, or does not go with what stands before it"},
+             {R"({"category":48,"I140":@131072})", "I140", "does not fit its bits"},
+             {R"({"category":48,"I140":@-1})", "I140", "does not fit its bits"},
+             {R"({"category":48,"I070":{"V":0,"G":0,"L":0,"MODE3A":@"7800"}})", "I070/MODE3A",
+              "is no string of as many octal digits"},
+             {R"({"category":48,"I240":@"KLÉ"})", "I240", "has a character that is no letter, digit or blank"},
+             {R"({"category":48,"I250":[{"bds":"40","MCP_ALT":16},{"bds":"40","MCP_ALT":@-16}]})", "I250[1]/MCP_ALT",
+              "does not fit its bits"},
+             {R"({"category":48,"I250":[@{"bds":"5"}]})", "I250[0]", "has no \"bds\" of two hexadecimal digits"},
+             {R"({"category":48,"SPF":@"ABC"})", "SPF", "is no string of pairs of hexadecimal digits"},
+             {R"({"category":48,"I010":{"SAC":1,"SIC":2@)", "", "lacks a comma or a closing bracket"},
+             {R"({"category":48 @"I010":1})", "", "lacks a comma or a closing bracket"},
+             {R"({"category":48,@})", "", "lacks a key"},
+             {R"({"category":@048})", "", "lacks a comma or a closing bracket"},
+             {R"(@[1])", "", "is no JSON object"},
+             {std::string(R"({"category":)") + std::string(31, '[') + "@" + std::string(5000, '['), "",
+              "is nested too deep"},
+         }) {
+        std::string json = each.json;
+        uint64_t place = json.find('@');
+        json.erase(place, 1);
+        uint8_t buffer[64];
+        const ast_json_result_t result = ast_datarecord_from_json(buffer, sizeof buffer, json.data(), json.size());
+        EXPECT_FALSE(result.valid) << each.json;
+        EXPECT_STREQ(result.path, each.path) << each.json;
+        EXPECT_STREQ(result.error, each.error) << each.json;
+        if (json.find(":048") != std::string::npos) ++place; // a number ends behind its zero
+        EXPECT_EQ(result.position, place) << each.json;
+    }
+}
+
+TEST(JsonEditing, NoTextThatIsCutShortIsARecord) {
+    const std::string json =
+        R"({"category":48,"I010":{"SAC":25,"SIC":12},"I250":[{"bds":"17","octets":"00000000000007"}],)"
+        R"("I240":"A\u0042C","octets":{"I161":"F07B"}})";
+    EXPECT_EQ(encoded(json).size(), 19U);
+    for (size_t chars = 0; chars < json.size(); ++chars) {
+        uint8_t buffer[64];
+        const std::vector<char> cut(json.begin(), json.begin() + static_cast<int64_t>(chars));
+        EXPECT_FALSE(ast_datarecord_from_json(buffer, sizeof buffer, cut.data(), chars).valid) << chars;
+    }
+}
+
+} // namespace

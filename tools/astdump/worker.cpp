@@ -1,5 +1,7 @@
 #include "worker.hpp"
 
+#include "video.hpp"
+
 namespace astdump {
 
 Worker::Worker(const Options &options, const Sinks &sinks) : options_(options), decoder_(options.profile) {
@@ -48,8 +50,10 @@ void Worker::block(const Datagram &datagram, uint64_t offset, Octets octets, Ren
     if (options_.where.empty() || decoded.shown.any()) {
         ++rendered.shown;
         if (counts_) counter_.add(decoded);
-        for (size_t i = 0; i < renderers_.size(); ++i)
+        for (size_t i = 0; i < renderers_.size(); ++i) {
+            const VideoTurn turn(decoded.block->category);
             if (renderers_[i]) renderers_[i]->block(decoded, rendered.texts[i]);
+        }
         if (!rendered.texts.empty()) rendered.damage.place = rendered.texts.front().size();
     }
     if (decoded.fault) rendered.damage.block(decoded);

@@ -202,11 +202,32 @@ double magnetic_heading_deg(const Aircraft &aircraft) {
     return std::fmod(aircraft.heading_deg - kMagneticVariationDeg + 360, 360);
 }
 
+double geometric_altitude_ft(const Aircraft &aircraft) { return aircraft.altitude_ft * 1.02 + 300; }
+
+uint32_t emitter_category(const Aircraft &aircraft) {
+    constexpr double kHeavyKt = 430;
+    if (aircraft.performance == &kLight) return kLightAircraft;
+    return aircraft.airspeed_kt < kHeavyKt ? kMediumAircraft : kHeavyAircraft;
+}
+
+uint32_t emergency_status(const Aircraft &aircraft) {
+    if (aircraft.code == kCodeEmergency) return kGeneralEmergency;
+    return aircraft.code == kCodeRadioFailure ? kNoCommunications : 0;
+}
+
 Ground position_after_nm(const Aircraft &aircraft, double seconds) {
     const double hours = seconds / kSecondsPerHour;
     const Ground velocity_kt = ground_velocity_kt(aircraft);
     return {aircraft.position_nm.east + velocity_kt.east * hours,
             aircraft.position_nm.north + velocity_kt.north * hours};
+}
+
+// On a sphere where a minute of latitude is a mile, close enough around the sensor.
+Geographic geographic(const Ground &position_nm) {
+    constexpr double kLatitudeDeg = 50;
+    constexpr double kLongitudeDeg = 14.25;
+    const double circle = std::cos(kLatitudeDeg * kRadPerDeg);
+    return {kLatitudeDeg + position_nm.north / 60, kLongitudeDeg + position_nm.east / 60 / circle};
 }
 
 double slant_range_nm(const Ground &position_nm, double altitude_ft) {

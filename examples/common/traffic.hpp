@@ -59,8 +59,27 @@ double mach(const Aircraft &aircraft);
 double indicated_airspeed_kt(const Aircraft &aircraft);
 double magnetic_heading_deg(const Aircraft &aircraft);
 
+// The air pressure of the day is high, so that geometric altitudes are above those that barometers show.
+double geometric_altitude_ft(const Aircraft &aircraft);
+
+// The codes that categories 021 and 062 share, as in I021/020 and I021/200.
+constexpr uint32_t kLightAircraft = 1;
+constexpr uint32_t kMediumAircraft = 3;
+constexpr uint32_t kHeavyAircraft = 5;
+constexpr uint32_t kGeneralEmergency = 1;
+constexpr uint32_t kNoCommunications = 4;
+uint32_t emitter_category(const Aircraft &aircraft);
+uint32_t emergency_status(const Aircraft &aircraft); // 0 for none
+
 // Where an aircraft is so many seconds later, when it flies straight on; before, when they are negative.
 Ground position_after_nm(const Aircraft &aircraft, double seconds);
+
+// Of a place around the sensor.
+struct Geographic {
+    double latitude_deg;
+    double longitude_deg;
+};
+Geographic geographic(const Ground &position_nm);
 
 // From the ground at the sensor.
 double slant_range_nm(const Ground &position_nm, double altitude_ft);

@@ -12,14 +12,7 @@ constexpr ast_sac_sic_t kStation{.valid = true, .sac = kStationSac, .sic = kStat
 
 constexpr uint64_t kMostRecordOctets = 256;
 
-// I021/020
-constexpr uint32_t kLightAircraft = 1;
-constexpr uint32_t kMediumAircraft = 3;
-constexpr uint32_t kHeavyAircraft = 5;
-
-// I021/200 PS and SS
-constexpr uint32_t kGeneralEmergency = 1;
-constexpr uint32_t kNoCommunications = 4;
+// I021/200 SS
 constexpr uint32_t kPermanentAlert = 1;
 
 constexpr uint32_t kStepsOf25Ft = 1;      // I021/040 ARC
@@ -27,23 +20,6 @@ constexpr uint32_t kExtendedSquitter = 2; // I021/210 LTT: 1090 ES
 
 // DO-260B aircraft send what DO-260 ones do not: more on quality, and what their autopilot is set to.
 bool has_do_260b(const Aircraft &aircraft) { return aircraft.transponder == Transponder::mode_s_enhanced; }
-
-uint32_t emitter_category(const Aircraft &aircraft) {
-    constexpr double kLightKt = 200;
-    constexpr double kHeavyKt = 430;
-    if (aircraft.performance->fastest_kt < kLightKt) return kLightAircraft;
-    return aircraft.airspeed_kt < kHeavyKt ? kMediumAircraft : kHeavyAircraft;
-}
-
-uint32_t priority_status(const Aircraft &aircraft) {
-    constexpr uint32_t kCodeRadioFailure = 07600;
-    constexpr uint32_t kCodeEmergency = 07700;
-    if (aircraft.code == kCodeEmergency) return kGeneralEmergency;
-    return aircraft.code == kCodeRadioFailure ? kNoCommunications : 0;
-}
-
-// The air pressure of the day is high, so that geometric altitudes are above those that barometers show.
-double geometric_altitude_ft(const Aircraft &aircraft) { return aircraft.altitude_ft * 1.02 + 300; }
 
 ast_dataitem_021_160_t ground_vector(const Aircraft &aircraft) {
     const Ground velocity_kt = ground_velocity_kt(aircraft);
@@ -89,7 +65,7 @@ Octets encode_item(ast_dataitem_type_t type, Value value) {
 Octets encode_high_resolution(const Report &report) {
     constexpr double kStepsPerDeg = 0x1p30 / 180;
     Octets position;
-    for (const double degrees : {report.latitude_deg, report.longitude_deg})
+    for (const double degrees : {report.position.latitude_deg, report.position.longitude_deg})
         append(position, static_cast<uint64_t>(std::llround(degrees * kStepsPerDeg)), 4);
     return position;
 }
@@ -145,7 +121,7 @@ void add_velocity(ast_datarecord_021_v21_t &flat, const Report &report) {
 
 Octets assemble_2_1(const Report &report) {
     const Aircraft &aircraft = *report.aircraft;
-    const uint32_t priority = priority_status(aircraft);
+    const uint32_t priority = emergency_status(aircraft);
     ast_datarecord_021_v21_t flat{};
     flat.valid = true;
     flat.data_source = kStation;
@@ -155,7 +131,7 @@ Octets assemble_2_1(const Report &report) {
     flat.transmitted = time_of_day(report.sent_s);
     flat.target_address = {.valid = true, .address = aircraft.address};
     flat.quality_indicators = quality(aircraft);
-    flat.position = {.valid = true, .value_1 = report.latitude_deg, .value_2 = report.longitude_deg};
+    flat.position = {.valid = true, .value_1 = report.position.latitude_deg, .value_2 = report.position.longitude_deg};
     flat.geometric_altitude = {.valid = true, .altitude_ft = geometric_altitude_ft(aircraft)};
     flat.flight_level = {.valid = true, .altitude_ft = aircraft.altitude_ft};
     flat.track_number = {.valid = true, .value = report.track_number};
@@ -179,7 +155,7 @@ Octets assemble_0_23(const Report &report) {
     flat.link_technology = {.valid = true, .mds = true};
     flat.flight_level = {.valid = true, .altitude_ft = aircraft.altitude_ft};
     flat.velocity_accuracy = {.valid = true, .value = 1};
-    flat.target_status = {.valid = true, .status = priority_status(aircraft)};
+    flat.target_status = {.valid = true, .status = emergency_status(aircraft)};
     if (report.has_velocity) flat.ground_vector = ground_vector(aircraft);
     if (report.identified_s) {
         flat.target_id = identification(aircraft);
@@ -203,7 +179,8 @@ Octets encode_report(const Report &report, Edition edition) {
         record = with_item(record, profile_of(edition), AST_DATAITEM_TYPE(kAdsbReports, item), octets);
     };
     if (is_old) {
-        const ast_value_pair_t position{.valid = true, .value_1 = report.latitude_deg, .value_2 = report.longitude_deg};
+        const ast_value_pair_t position{
+            .valid = true, .value_1 = report.position.latitude_deg, .value_2 = report.position.longitude_deg};
         const ast_scaled_value_t rate{.valid = true, .value = aircraft.vertical_rate_ft_min};
         const ast_dataitem_021_140_t altitude{.valid = true, .altitude_ft = geometric_altitude_ft(aircraft)};
         add(130, encode_item(21130, position));

@@ -22,8 +22,7 @@ const ast_uap_t &profile_of(Edition edition);
 struct Report {
     double received_s; // the position; all times since midnight of the first day
     double sent_s;
-    double latitude_deg;
-    double longitude_deg;
+    Geographic position;
     bool has_velocity;                  // received in the same second
     std::optional<double> identified_s; // when identification and code were last received; none if never
     uint32_t track_number;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 namespace simulation {
 
@@ -11,8 +10,6 @@ namespace {
 constexpr double kPeriodS = 0.5;
 constexpr uint64_t kPeriodsPerReport = 2;
 
-constexpr double kLatitudeDeg = 50;
-constexpr double kLongitudeDeg = 14.25;
 constexpr double kAntennaHeightFt = 120;
 constexpr double kRangeNm = 200;
 
@@ -28,13 +25,6 @@ constexpr uint32_t kTrackNumbers = 4096; // 12 bits in I021/161
 // From the end of a period to the wire.
 constexpr double kShortestDelayS = 0.01;
 constexpr double kLongestDelayS = 0.03;
-
-// On a sphere where a minute of latitude is a mile, close enough around the station.
-void place(Report &report, const Ground &position_nm) {
-    const double circle = std::cos(kLatitudeDeg * std::numbers::pi / 180);
-    report.latitude_deg = kLatitudeDeg + position_nm.north / 60;
-    report.longitude_deg = kLongitudeDeg + position_nm.east / 60 / circle;
-}
 
 } // namespace
 
@@ -76,7 +66,7 @@ std::optional<Report> Station::hear(size_t place) {
     const double into_period_s = random_.between(0, kPeriodS);
     Report report{};
     report.received_s = start_s_ + elapsed_s() + into_period_s;
-    simulation::place(report, position_after_nm(aircraft, into_period_s - kPeriodS));
+    report.position = geographic(position_after_nm(aircraft, into_period_s - kPeriodS));
     report.has_velocity = random_.chance(kVelocityReception);
     if (random_.chance(kIdentificationsPerReport)) contact.identified_s = report.received_s;
     report.identified_s = contact.identified_s;

@@ -245,6 +245,8 @@ TEST(JsonRoundTrip, EveryRecordOfRecordings) {
     const char *const given = std::getenv("AST_RECORDINGS");
     uint64_t records = expect_records_back(tree / "samples/radar.ast");
     EXPECT_GT(records, 5U);
+    EXPECT_EQ(expect_records_back(tree / "samples/tracks.pcap"), 64U + 84U);
+    EXPECT_EQ(expect_records_back(tree / "samples/categories.ast"), 14U);
     const std::filesystem::path shared = given ? std::filesystem::path(given) : tree / "../shared/recordings";
     if (std::filesystem::is_directory(shared))
         for (const auto &file : std::filesystem::directory_iterator(shared))

@@ -35,6 +35,10 @@ TEST(Tool, ListsTheSample) {
     expect(Command().run("- < /dev/null"), 0, "");
 }
 
+TEST(Tool, ListsEveryItemOfTheOtherCategories) {
+    expect(Command().run(SAMPLES "/categories.ast"), 0, read_file(EXPECTED "/categories.txt"));
+}
+
 TEST(Tool, CountsTheSample) {
     expect(Command().run("--stats --category 34,60-62 " + kSample), 0,
            R"(Category     Blocks    Invalid    Records        Items         Octets

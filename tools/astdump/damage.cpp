@@ -21,14 +21,14 @@ std::string category_text(uint32_t category) {
     return text;
 }
 
+} // namespace
+
 std::string framing_text(const Frame &frame, uint64_t available) {
     if (frame.framing == Framing::short_header) return counted(available, "octet") + ", too few for a block header";
     const std::string length = category_text(frame.category) + ": LEN is " + std::to_string(frame.length);
     if (frame.framing == Framing::short_length) return length + ", less than the block header";
     return length + ", but only " + counted(available, "octet") + " are left";
 }
-
-} // namespace
 
 void Damage::clear() {
     place = 0;

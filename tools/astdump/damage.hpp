@@ -17,6 +17,9 @@ struct Report {
     Losses losses;
 };
 
+// Why octets, of which so many are available, do not start a whole block.
+std::string framing_text(const Frame &frame, uint64_t available);
+
 class Damage {
 public:
     // Where the next report stands.

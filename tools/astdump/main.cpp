@@ -6,6 +6,7 @@
 #include <exception>
 #include <unistd.h>
 
+#include "json_lines.hpp"
 #include "listing.hpp"
 #include "options.hpp"
 #include "page.hpp"
@@ -21,17 +22,23 @@ bool use_color(const Options &options, std::FILE *file) {
     return options.color == "always" || (options.color == "auto" && is_terminal(file));
 }
 
+JsonForm json_form(const Options &options) {
+    return {.texts = options.texts, .name_files = options.files.size() > 1, .remainders = options.where.empty()};
+}
+
 Sinks make_sinks(const Options &options, Output &out) {
     Sinks sinks;
     const bool color = use_color(options, stdout);
     if (options.stats)
         sinks.push_back(std::make_unique<Stats>(out, color));
+    else if (options.json)
+        sinks.push_back(std::make_unique<JsonLines>(out, json_form(options)));
     else if (options.list)
         sinks.push_back(std::make_unique<RecordList>(out, color, options.files.size() > 1));
     else if (!options.quiet && options.html.empty())
         sinks.push_back(std::make_unique<Listing>(
             out, Listing::Form{columns(stdout), color, options.files.size() > 1, options.detail}));
-    if (options.follow && !options.stats) sinks.push_back(std::make_unique<Stats>(out, color));
+    if (options.follow && !options.stats && !options.json) sinks.push_back(std::make_unique<Stats>(out, color));
     if (!options.html.empty()) sinks.push_back(std::make_unique<Page>(options.html));
     return sinks;
 }

@@ -41,6 +41,7 @@ Examples:
   astdump --quiet *.ast || echo damaged      check files in a script
   astdump --uap cat021-2.1 adsb.pcap         read category 021 as edition 2.1
   astdump --list recording.pcap | less -S    one line per record
+  astdump --json recording.pcap | jq .I140   every value of every record, a line of JSON each
   astdump --list --where squawk=7700 a.pcap  who is in distress
   astdump --where track --where fl=350 a.pcap tracks at flight level 350
   astdump --list udp://239.1.1.1:8600        join a multicast group and list what comes
@@ -112,6 +113,8 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_flag("--detail", options.detail, "Below each item of the listing, the value of every field");
     app.add_option("--html", options.html, "Instead of the listing, write a page for web browsers")->type_name("PAGE");
     app.add_flag("--list", options.list, "A line per record with the common quantities in columns");
+    app.add_flag("--json", options.json, "Instead of the listing, a line of JSON per record with all its values");
+    app.add_flag("--texts", options.texts, "In JSON, codes with their texts");
     app.add_flag("--stats", options.stats, "Instead of the listing, count by category and by item");
     app.add_flag("--quiet", options.quiet, "No listing, only reports of damage");
     app.add_option("--jobs", options.jobs,

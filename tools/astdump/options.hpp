@@ -25,6 +25,8 @@ struct Options {
     bool follow = false;                     // wait for more at the end
     std::string interface;                   // to listen on; empty for the system's choice
     bool list = false;
+    bool json = false;
+    bool texts = false;  // of codes, in JSON
     bool detail = false; // in the listing
     std::string html;    // the page to write; empty for none
     bool stats = false;

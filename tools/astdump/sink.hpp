@@ -17,6 +17,9 @@ public:
 
     virtual void block(const DecodedBlock &decoded, TextBuffer &out) = 0;
 
+    // Octets of a datagram, from `offset` on, that do not start a whole block.
+    virtual void no_block(const Datagram &, uint64_t, const std::string &, TextBuffer &) {}
+
     // No block follows in this chunk.
     virtual void end(TextBuffer &) {}
 };

@@ -35,11 +35,21 @@ void Worker::datagram(const Datagram &datagram, uint64_t most, Rendered &rendere
     for (uint64_t offset = 0; offset < datagram.octets.size() && rendered.shown < most;) {
         const Octets rest = datagram.octets.subspan(offset);
         const Frame frame = frame_block(rest);
-        if (frame.framing != Framing::block) return rendered.damage.framing(datagram, offset, frame);
+        if (frame.framing != Framing::block) return no_block(datagram, offset, frame, rendered);
         if (options_.categories.test(frame.category)) block(datagram, offset, rest.first(frame.length), rendered);
         ++number_;
         offset += frame.length;
     }
+}
+
+// Octets that are no block are of the category that they begin with.
+void Worker::no_block(const Datagram &datagram, uint64_t offset, const Frame &frame, Rendered &rendered) {
+    rendered.damage.framing(datagram, offset, frame);
+    if (!options_.categories.test(datagram.octets[offset])) return;
+    const std::string reason = framing_text(frame, datagram.octets.size() - offset);
+    for (size_t i = 0; i < renderers_.size(); ++i)
+        if (renderers_[i]) renderers_[i]->no_block(datagram, offset, reason, rendered.texts[i]);
+    if (!rendered.texts.empty()) rendered.damage.place = rendered.texts.front().size();
 }
 
 void Worker::block(const Datagram &datagram, uint64_t offset, Octets octets, Rendered &rendered) {

@@ -19,6 +19,7 @@ public:
 
 private:
     void datagram(const Datagram &datagram, uint64_t most, Rendered &rendered);
+    void no_block(const Datagram &datagram, uint64_t offset, const Frame &frame, Rendered &rendered);
     void block(const Datagram &datagram, uint64_t offset, Octets octets, Rendered &rendered);
 
     const Options &options_;

@@ -35,8 +35,7 @@ uint64_t FramedFile::next_frame(Octets octets, uint64_t from) {
 void FramedFile::add(Chunk &chunk, uint64_t place, const Framed &framed) {
     const bool is_unpacked =
         framed.blocks.data() >= storage_.data() && framed.blocks.data() < storage_.data() + storage_.size();
-    Datagram datagram{.octets = is_unpacked ? chunk.keep_apart(framed.blocks) : framed.blocks,
-                      .offset = offset_ + place};
+    Datagram datagram{.octets = is_unpacked ? chunk.keep_apart(framed.blocks) : framed.blocks, .offset = offset_ + place};
     if (!is_unpacked) datagram.offset = offset_ + static_cast<uint64_t>(framed.blocks.data() - chunk.octets().data());
     if (const auto time = framed.centiseconds)
         datagram.time =

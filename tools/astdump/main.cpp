@@ -13,6 +13,7 @@
 #include "record_list.hpp"
 #include "run.hpp"
 #include "stats.hpp"
+#include "write_file.hpp"
 
 namespace {
 
@@ -35,17 +36,19 @@ Sinks make_sinks(const Options &options, Output &out) {
         sinks.push_back(std::make_unique<JsonLines>(out, json_form(options)));
     else if (options.list)
         sinks.push_back(std::make_unique<RecordList>(out, color, options.files.size() > 1));
-    else if (!options.quiet && options.html.empty())
+    else if (!options.quiet && options.html.empty() && options.write.empty())
         sinks.push_back(std::make_unique<Listing>(
             out, Listing::Form{columns(stdout), color, options.files.size() > 1, options.detail}));
     if (options.follow && !options.stats && !options.json) sinks.push_back(std::make_unique<Stats>(out, color));
     if (!options.html.empty()) sinks.push_back(std::make_unique<Page>(options.html));
+    if (!options.write.empty())
+        sinks.push_back(std::make_unique<WriteFile>(options.write, options.files, json_form(options)));
     return sinks;
 }
 
 // A listing on a terminal shows by itself how far the work has got.
 bool wants_progress(const Options &options) {
-    return options.quiet || options.stats || !options.html.empty() || !is_terminal(stdout);
+    return options.quiet || options.stats || !options.html.empty() || !options.write.empty() || !is_terminal(stdout);
 }
 
 // A reader that has seen enough is no fault.

@@ -9,6 +9,7 @@
 
 #include "numbers.hpp"
 #include "udp_source.hpp"
+#include "write_file.hpp"
 
 namespace astdump {
 
@@ -42,6 +43,8 @@ Examples:
   astdump --uap cat021-2.1 adsb.pcap         read category 021 as edition 2.1
   astdump --list recording.pcap | less -S    one line per record
   astdump --json recording.pcap | jq .I140   every value of every record, a line of JSON each
+  astdump a.pcap --where track=42 --write b.pcap
+                                             the reports of one track as a capture of their own
   astdump --list --where squawk=7700 a.pcap  who is in distress
   astdump --where track --where fl=350 a.pcap tracks at flight level 350
   astdump --list udp://239.1.1.1:8600        join a multicast group and list what comes
@@ -116,6 +119,8 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_flag("--json", options.json, "Instead of the listing, a line of JSON per record with all its values");
     app.add_flag("--texts", options.texts, "In JSON, codes with their texts");
     app.add_flag("--stats", options.stats, "Instead of the listing, count by category and by item");
+    app.add_option("--write", options.write, "Write what is chosen to a .pcap, .ast or .json file instead")
+        ->type_name("NEWFILE");
     app.add_flag("--quiet", options.quiet, "No listing, only reports of damage");
     app.add_option("--jobs", options.jobs,
                    "Threads, as many as there are processors if not given; the output is the same")
@@ -134,6 +139,7 @@ void complete(Options &options, const Texts &texts) {
     options.framing = find_framing(texts.framing);
     options.categories = *read_categories(texts.categories);
     for (const std::string &condition : texts.conditions) options.where.push_back(read_condition(condition));
+    if (!options.write.empty()) file_kind(options.write);
     const bool live =
         std::ranges::any_of(options.files, [](const auto &file) { return read_udp_url(file).has_value(); });
     options.follow = options.follow || live;

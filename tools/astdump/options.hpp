@@ -29,6 +29,7 @@ struct Options {
     bool texts = false;  // of codes, in JSON
     bool detail = false; // in the listing
     std::string html;    // the page to write; empty for none
+    std::string write;   // the file of what is chosen; empty for none
     bool stats = false;
     bool quiet = false;
     std::string color = "auto";

@@ -50,6 +50,9 @@ int Run::files() {
         input_.reset();
     }
     clear_line();
+    const bool is_cut = unreadable_ || out_.error() != 0;
+    for (const auto &sink : sinks_)
+        if (is_cut) sink->abandon();
     for (const auto &sink : sinks_) sink->finish(octets_read_);
     damage_.summary();
     if (unreadable_) return kExitUnusable;

@@ -45,6 +45,9 @@ public:
     virtual void take(std::string_view rendered) = 0;
     virtual void count(const Tally &) {}
 
+    // What is made cannot be whole.
+    virtual void abandon() {}
+
     // No block follows; so many octets have been read.
     virtual void finish(uint64_t octets_read) = 0;
 };

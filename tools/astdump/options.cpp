@@ -7,6 +7,7 @@
 #include <string_view>
 #include <thread>
 
+#include "convert.hpp"
 #include "numbers.hpp"
 #include "udp_source.hpp"
 #include "write_file.hpp"
@@ -45,6 +46,8 @@ Examples:
   astdump --json recording.pcap | jq .I140   every value of every record, a line of JSON each
   astdump a.pcap --where track=42 --write b.pcap
                                              the reports of one track as a capture of their own
+  astdump a.pcap --convert 1,2 --write b.pcap
+                                             a recording of a modern radar for an old display
   astdump --list --where squawk=7700 a.pcap  who is in distress
   astdump --where track --where fl=350 a.pcap tracks at flight level 350
   astdump --list udp://239.1.1.1:8600        join a multicast group and list what comes
@@ -78,6 +81,7 @@ struct Texts {
     std::string framing = "auto";
     std::string categories = "0-255";
     std::vector<std::string> conditions;
+    std::string convert;
 };
 
 constexpr size_t kMaxJobs = 256;
@@ -119,6 +123,9 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_flag("--json", options.json, "Instead of the listing, a line of JSON per record with all its values");
     app.add_flag("--texts", options.texts, "In JSON, codes with their texts");
     app.add_flag("--stats", options.stats, "Instead of the listing, count by category and by item");
+    app.add_option("--convert", texts.convert,
+                   "Turn records into those of categories that say the same: 1 from 48, 2 from 34, and back")
+        ->type_name("LIST");
     app.add_option("--write", options.write, "Write what is chosen to a .pcap, .ast or .json file instead")
         ->type_name("NEWFILE");
     app.add_flag("--quiet", options.quiet, "No listing, only reports of damage");
@@ -139,6 +146,7 @@ void complete(Options &options, const Texts &texts) {
     options.framing = find_framing(texts.framing);
     options.categories = *read_categories(texts.categories);
     for (const std::string &condition : texts.conditions) options.where.push_back(read_condition(condition));
+    if (!texts.convert.empty()) options.convert = read_convert_targets(texts.convert);
     if (!options.write.empty()) file_kind(options.write);
     const bool live =
         std::ranges::any_of(options.files, [](const auto &file) { return read_udp_url(file).has_value(); });

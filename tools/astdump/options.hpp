@@ -20,6 +20,7 @@ struct Options {
     const ast_uap_info_t *profile = nullptr; // null: chosen for each block
     const FramingKind *framing = nullptr;    // of files; null: found out
     CategorySet categories;                  // to be shown
+    CategorySet convert;                     // to these, what converts to them
     std::vector<Condition> where;            // that records must meet to be shown
     std::optional<uint64_t> count;           // of blocks to be shown
     bool follow = false;                     // wait for more at the end

@@ -5,6 +5,8 @@
 #include <system_error>
 #include <utility>
 
+#include "text.hpp"
+
 namespace astdump {
 
 namespace {
@@ -54,6 +56,9 @@ int Run::files() {
     for (const auto &sink : sinks_)
         if (is_cut) sink->abandon();
     for (const auto &sink : sinks_) sink->finish(octets_read_);
+    if (unconverted_ != 0)
+        std::fprintf(stderr, "astdump: %s that cannot be converted left out\n",
+                     counted(unconverted_, "record").c_str());
     damage_.summary();
     if (unreadable_) return kExitUnusable;
     return damage_.any() ? kExitDamaged : kExitClean;
@@ -84,6 +89,7 @@ bool Run::write(Job &job, size_t number) {
         expected_ = rendered.profile_after;
     }
     profile_ = rendered.profile_after;
+    unconverted_ += rendered.unconverted;
     shown_ += rendered.shown;
     size_t taken = 0;
     for (const Report &report : rendered.damage.reports()) {

@@ -2,7 +2,8 @@
 
 namespace astdump {
 
-Worker::Worker(const Options &options, const Sinks &sinks) : options_(options), decoder_(options.profile) {
+Worker::Worker(const Options &options, const Sinks &sinks)
+    : options_(options), decoder_(options.profile), converter_(options.convert) {
     for (const auto &sink : sinks) {
         renderers_.push_back(sink->renderer());
         counts_ = counts_ || sink->counts();
@@ -14,6 +15,7 @@ void Worker::render(const Chunk &chunk, const ast_uap_t *profile, uint64_t most,
     for (TextBuffer &text : rendered.texts) text.clear();
     rendered.damage.clear();
     rendered.shown = 0;
+    rendered.unconverted = 0;
     rendered.profile_before = profile;
     decoder_.set_current(profile);
     number_ = chunk.first_number;
@@ -55,14 +57,20 @@ void Worker::no_block(const Datagram &datagram, uint64_t offset, const Frame &fr
 void Worker::block(const Datagram &datagram, uint64_t offset, Octets octets, Rendered &rendered) {
     DecodedBlock decoded = decoder_.decode(datagram, number_, offset, octets);
     decoded.shown = select_records(*decoded.block, options_.where);
-    if (options_.where.empty() || decoded.shown.any()) {
-        ++rendered.shown;
-        if (counts_) counter_.add(decoded);
-        for (size_t i = 0; i < renderers_.size(); ++i)
-            if (renderers_[i]) renderers_[i]->block(decoded, rendered.texts[i]);
-        if (!rendered.texts.empty()) rendered.damage.place = rendered.texts.front().size();
-    }
+    if (options_.where.empty() || decoded.shown.any()) show(decoded, rendered);
     if (decoded.fault) rendered.damage.block(decoded);
+}
+
+// As what it converts to, if it does; a block of which nothing is left is not shown.
+void Worker::show(DecodedBlock decoded, Rendered &rendered) {
+    const auto left_out = converter_.convert(decoded);
+    rendered.unconverted += left_out.value_or(0);
+    if (left_out && decoded.shown.none()) return;
+    ++rendered.shown;
+    if (counts_) counter_.add(decoded);
+    for (size_t i = 0; i < renderers_.size(); ++i)
+        if (renderers_[i]) renderers_[i]->block(decoded, rendered.texts[i]);
+    if (!rendered.texts.empty()) rendered.damage.place = rendered.texts.front().size();
 }
 
 } // namespace astdump

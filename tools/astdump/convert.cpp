@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <span>
 #include <stdexcept>
 
 #include "split.hpp"
@@ -15,15 +16,21 @@ constexpr uint8_t kMonoradarTargets = 1; // the category in which plots and trac
 struct Conversion {
     uint8_t from;
     uint8_t to;
+    ast_dataitem_type_t needed; // without it a record cannot be read, or says nothing
     ast_datarecord_t (*convert)(uint8_t *buffer, uint64_t length, const ast_datarecord_t *source);
 };
 
 constexpr Conversion kConversions[] = {
-    {48, 1, ast_datarecord_convert_048_001},
-    {34, 2, ast_datarecord_convert_034_002},
-    {1, 48, ast_datarecord_convert_001_048},
-    {2, 34, ast_datarecord_convert_002_034},
+    {48, 1, AST_DATAITEM_TYPE(1, 20), ast_datarecord_convert_048_001},
+    {34, 2, AST_DATAITEM_TYPE(2, 0), ast_datarecord_convert_034_002},
+    {1, 48, AST_DATAITEM_TYPE(48, 20), ast_datarecord_convert_001_048},
+    {2, 34, AST_DATAITEM_TYPE(34, 0), ast_datarecord_convert_002_034},
 };
+
+bool is_of_use(const ast_datarecord_t &record, const Conversion &conversion) {
+    const std::span items(record.items, record.item_count);
+    return record.valid && std::ranges::count(items, conversion.needed, &ast_dataitem_t::type) != 0;
+}
 
 const Conversion *find_conversion(uint32_t category, const CategorySet &targets) {
     const auto found = std::ranges::find(kConversions, category, &Conversion::from);
@@ -55,8 +62,9 @@ std::optional<uint64_t> Converter::convert(DecodedBlock &decoded) {
         if (!decoded.shown[i]) continue;
         const ast_datarecord_t made =
             conversion->convert(octets_.data() + size, octets_.size() - size, &decoded.block->records[i]);
-        left_out += made.valid ? 0U : 1U;
-        size += made.valid ? made.size : 0;
+        const bool stays = is_of_use(made, *conversion);
+        left_out += stays ? 0U : 1U;
+        size += stays ? made.size : 0;
     }
     octets_.resize(size);
     set_block_length(octets_);

@@ -32,7 +32,7 @@ Sinks make_sinks(const Options &options, Output &out) {
         sinks.push_back(std::make_unique<Listing>(
             out, Listing::Form{columns(stdout), color, options.files.size() > 1, options.detail}));
     if (options.follow && !options.stats) sinks.push_back(std::make_unique<Stats>(out, color));
-    if (!options.html.empty()) sinks.push_back(std::make_unique<Page>(options.html));
+    if (!options.html.empty()) sinks.push_back(std::make_unique<Page>(options.html, options.files));
     return sinks;
 }
 

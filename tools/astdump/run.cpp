@@ -50,7 +50,11 @@ int Run::files() {
         input_.reset();
     }
     clear_line();
-    for (const auto &sink : sinks_) sink->finish(octets_read_);
+    for (const auto &sink : sinks_)
+        if (unreadable_)
+            sink->give_up();
+        else
+            sink->finish(octets_read_);
     damage_.summary();
     if (unreadable_) return kExitUnusable;
     return damage_.any() ? kExitDamaged : kExitClean;
@@ -60,7 +64,10 @@ void Run::file(const std::string &path, Pipeline &pipeline) {
     name_ = path == "-" ? "standard input" : path;
     damage_.set_file(name_);
     input_.emplace(path, options_.interface, waiting_, options_.follow, options_.framing);
-    for (const auto &sink : sinks_) sink->file(name_);
+    for (const auto &sink : sinks_) {
+        sink->file(name_);
+        sink->framing(input_->framing());
+    }
     consumed_ = 0;
     if (!done()) pipeline.run();
     octets_read_ += consumed_;

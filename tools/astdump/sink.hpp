@@ -35,6 +35,9 @@ public:
     // The blocks that follow come from this file.
     virtual void file(const std::string &name) = 0;
 
+    // How the blocks of this file are wrapped, and how it is compressed, if it is.
+    virtual void framing(const std::string &) {}
+
     // Whether it has use for what is counted.
     virtual bool counts() const { return false; }
 
@@ -44,6 +47,9 @@ public:
 
     // No block follows; so many octets have been read.
     virtual void finish(uint64_t octets_read) = 0;
+
+    // The same where an input could not be read: a file that is written stays as it was before.
+    virtual void give_up() { finish(0); }
 };
 
 } // namespace astdump

@@ -67,6 +67,12 @@ void Damage::skipped(uint64_t offset, uint64_t octets, std::string_view framing)
            {.skipped = octets});
 }
 
+void Damage::line(uint64_t line, uint64_t character, std::string_view path, const char *what) {
+    std::string text = "line " + std::to_string(line) + ", character " + std::to_string(character) + ": ";
+    if (!path.empty()) text += printable(path) + ": ";
+    report(text + what, {.unread_lines = 1});
+}
+
 void Damage::block(const DecodedBlock &decoded) {
     const Fault &fault = *decoded.fault;
     const uint64_t items = fault.record.valid ? 0 : fault.record.item_count;

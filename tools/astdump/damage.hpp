@@ -52,6 +52,9 @@ public:
     // Octets of a file that are no frame of its framing.
     void skipped(uint64_t offset, uint64_t octets, std::string_view framing);
 
+    // A line of an input that is no record; the path is that of what is wrong in it, if that is known.
+    void line(uint64_t line, uint64_t character, std::string_view path, const char *what);
+
     void block(const DecodedBlock &decoded);
 
 private:

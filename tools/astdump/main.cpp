@@ -40,7 +40,7 @@ Sinks make_sinks(const Options &options, Output &out) {
         sinks.push_back(std::make_unique<Listing>(
             out, Listing::Form{columns(stdout), color, options.files.size() > 1, options.detail}));
     if (options.follow && !options.stats && !options.json) sinks.push_back(std::make_unique<Stats>(out, color));
-    if (!options.html.empty()) sinks.push_back(std::make_unique<Page>(options.html));
+    if (!options.html.empty()) sinks.push_back(std::make_unique<Page>(options.html, options.files));
     if (!options.write.empty())
         sinks.push_back(std::make_unique<WriteFile>(options.write, options.files, json_form(options)));
     return sinks;

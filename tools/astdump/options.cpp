@@ -101,9 +101,10 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_option("--uap", texts.profile, "Profile to decode with, see below; auto, if not given, tries them")
         ->check(CLI::IsMember(profile_names()).description(""))
         ->type_name("NAME");
-    app.add_option("--framing", texts.framing,
-                   "How the blocks of a file are wrapped: raw, final, gps, oradis, hdlc, mac-llc or hex; auto, if not "
-                   "given, finds out")
+    app.add_option(
+           "--framing", texts.framing,
+           "How the blocks of a file are wrapped: raw, final, gps, oradis, hdlc, mac-llc, hex or json; auto, if not "
+           "given, finds out")
         ->check(CLI::IsMember(framing_names()).description(""))
         ->type_name("NAME");
     app.add_option("--category", texts.categories, "Categories to show, such as 34,48 or 1-21")

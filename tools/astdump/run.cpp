@@ -54,8 +54,10 @@ int Run::files() {
     clear_line();
     const bool is_cut = unreadable_ || out_.error() != 0;
     for (const auto &sink : sinks_)
-        if (is_cut) sink->abandon();
-    for (const auto &sink : sinks_) sink->finish(octets_read_);
+        if (is_cut)
+            sink->give_up();
+        else
+            sink->finish(octets_read_);
     if (unconverted_ != 0)
         std::fprintf(stderr, "astdump: %s that cannot be converted left out\n",
                      counted(unconverted_, "record").c_str());
@@ -68,7 +70,10 @@ void Run::file(const std::string &path, Pipeline &pipeline) {
     name_ = path == "-" ? "standard input" : path;
     damage_.set_file(name_);
     input_.emplace(path, options_.interface, waiting_, options_.follow, options_.framing);
-    for (const auto &sink : sinks_) sink->file(name_);
+    for (const auto &sink : sinks_) {
+        sink->file(name_);
+        sink->framing(input_->framing());
+    }
     consumed_ = 0;
     if (!done()) pipeline.run();
     octets_read_ += consumed_;

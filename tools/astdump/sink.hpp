@@ -38,6 +38,9 @@ public:
     // The blocks that follow come from this file.
     virtual void file(const std::string &name) = 0;
 
+    // How the blocks of this file are wrapped, and how it is compressed, if it is.
+    virtual void framing(const std::string &) {}
+
     // Whether it has use for what is counted.
     virtual bool counts() const { return false; }
 
@@ -45,11 +48,11 @@ public:
     virtual void take(std::string_view rendered) = 0;
     virtual void count(const Tally &) {}
 
-    // What is made cannot be whole.
-    virtual void abandon() {}
-
     // No block follows; so many octets have been read.
     virtual void finish(uint64_t octets_read) = 0;
+
+    // The same where an input could not be read, or not all be written: a file that is written stays as it was before.
+    virtual void give_up() { finish(0); }
 };
 
 } // namespace astdump

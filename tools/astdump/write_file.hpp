@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "json_lines.hpp"
-#include "new_file.hpp"
+#include "output_file.hpp"
 
 namespace astdump {
 
@@ -23,17 +23,14 @@ public:
     size_t chunk_octets() const override { return size_t{64} * 1024; }
     void file(const std::string &name) override { input_ = name; }
     void take(std::string_view rendered) override { file_.write(rendered); }
-    void finish(uint64_t) override {
-        if (!is_abandoned_) file_.keep();
-    }
-    void abandon() override { is_abandoned_ = true; }
+    void finish(uint64_t) override { file_.replace(); }
+    void give_up() override {}
 
 private:
     FileKind kind_;
     JsonForm form_;
-    NewFile file_;
+    OutputFile file_;
     std::string input_;
-    bool is_abandoned_ = false;
 };
 
 } // namespace astdump

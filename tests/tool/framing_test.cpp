@@ -51,6 +51,19 @@ TEST(Framing, IsFoundOutByWhatAFileHolds) {
     }
 }
 
+// Behind 2,200 octets stands a long block, and ten octets behind that what may be the start of another one.
+TEST(Framing, IsThatOfMostFrames) {
+    std::string file;
+    for (int i = 0; i < 200; ++i) file += kSector;
+    file += hex("30 EA60 08") + std::string(59996, '\0');
+    for (int i = 0; i < 400; ++i) file += kSector;
+    Command command;
+    command.write("input", file);
+    const Result result = command.run("--stats --category 34 input");
+    EXPECT_NE(result.out.find("all             600          0"), std::string::npos) << result.out;
+    EXPECT_EQ(result.err, "");
+}
+
 TEST(Framing, GoesOnBehindWhatIsNoFrame) {
     const std::string frame = hex("0017 00 01 05 000064") + kSector + hex("A5A5A5A5");
     Command command;

@@ -113,6 +113,16 @@ TEST(Convert, ThereAndBack) {
     EXPECT_EQ(command.run("new.pcap" + chosen).out, command.run(kCapture + chosen).out);
 }
 
+// What breaks off and what is of no known category come back as well.
+TEST(Json, BecomesTheSameBlocks) {
+    Command command;
+    command.write("b", read_file(kSample) + kPlots + kBroken + kForeign);
+    EXPECT_EQ(command.run("--json b | " ASTDUMP " - --write c.ast").status, 1);
+    EXPECT_TRUE(read_file(command.directory() + "/b") == read_file(command.directory() + "/c.ast"));
+    command.run("--json " + kCapture + " | " ASTDUMP " - --write c.pcap");
+    EXPECT_EQ(command.run("--json c.pcap").out, command.run("--json " + kCapture).out);
+}
+
 // A message of a type that category 002 lacks; a block that breaks behind a record; and records without a descriptor.
 TEST(Convert, CountsWhatIsLeftOut) {
     Command command;

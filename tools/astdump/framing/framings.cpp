@@ -60,7 +60,7 @@ const FramingKind *recognise_framing(Octets head, bool is_whole_file) {
         const Reach reach = reach_of(kind, head, is_whole_file);
         const bool is_longer = reach.to_the_end && !longest.to_the_end;
         const bool is_as_good = reach.to_the_end == longest.to_the_end;
-        if (reach.frames == 0 || !(is_longer || (is_as_good && reach.octets > longest.octets))) continue;
+        if (reach.frames == 0 || !(is_longer || (is_as_good && reach.frames > longest.frames))) continue;
         best = &kind;
         longest = reach;
     }

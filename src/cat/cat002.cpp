@@ -27,8 +27,7 @@ struct I002_000 : MessageType<2000> {
             "BLIND_ZONE_FILTERING_START",
             "BLIND_ZONE_FILTERING_STOP",
         };
-        out.append("MSG_TYPE:");
-        out.append(text_of(kTypes, type.value, "UNDEFINED"));
+        write_message_type(out, kTypes, type.value);
     }
 };
 

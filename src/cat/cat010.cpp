@@ -16,8 +16,7 @@ struct I010_000 : MessageType<10000> {
     static void summarize(TextWriter &out, const Value &type) {
         static constexpr const char *kTypes[] = {"UNDEFINED", "TARGET_REPORT", "START_OF_UPDATE_CYCLE",
                                                  "PERIODIC_STATUS", "EVENT_STATUS"};
-        out.append("MSG_TYPE:");
-        out.append(text_of(kTypes, type.value, "UNDEFINED"));
+        write_message_type(out, kTypes, type.value);
     }
 };
 

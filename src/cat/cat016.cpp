@@ -67,8 +67,7 @@ private:
 struct I016_000 : MessageType<16000> {
     static void summarize(TextWriter &out, const Value &type) {
         static constexpr const char *kTypes[] = {"UNDEFINED", "SYSTEM", "TXRX"};
-        out.append("MSG_TYPE:");
-        out.append(text_of(kTypes, type.value, "UNDEFINED"));
+        write_message_type(out, kTypes, type.value);
     }
 };
 

@@ -14,8 +14,7 @@ struct I019_000 : MessageType<19000> {
 
     static void summarize(TextWriter &out, const Value &type) {
         static constexpr const char *kTypes[] = {"UNDEFINED", "CYCLE_START", "PERIODIC_STATUS", "EVENT_STATUS"};
-        out.append("MSG_TYPE:");
-        out.append(text_of(kTypes, type.value, "UNDEFINED"));
+        write_message_type(out, kTypes, type.value);
     }
 };
 

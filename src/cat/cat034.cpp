@@ -3,7 +3,7 @@
 #include "cat/flat.hpp"
 #include "core/bits.hpp"
 #include "items/compound.hpp"
-#include "items/items.hpp"
+#include "items/message_type.hpp"
 #include "view/position.hpp"
 
 using namespace ast;
@@ -18,8 +18,7 @@ struct I034_000 : Item<34000, ast_uint_value_t, items::message_type.size> {
     static void summarize(TextWriter &out, const Value &type) {
         static constexpr const char *kTypes[] = {"UNDEFINED", "NORTH_MARKER", "SECTOR_CROSSING", "GEO_FILTERING",
                                                  "JAMMING_STROBE"};
-        out.append("MSG_TYPE:");
-        out.append(text_of(kTypes, type.value, "UNDEFINED"));
+        write_message_type(out, kTypes, type.value);
     }
 };
 

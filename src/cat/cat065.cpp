@@ -11,8 +11,7 @@ using namespace ast;
 struct I065_000 : MessageType<65000> {
     static void summarize(TextWriter &out, const Value &type) {
         static constexpr const char *kTypes[] = {"UNDEFINED", "SDPS_STATUS", "END_OF_BATCH", "SVC_STATUS_REPORT"};
-        out.append("MSG_TYPE:");
-        out.append(text_of(kTypes, type.value, "UNDEFINED"));
+        write_message_type(out, kTypes, type.value);
     }
 };
 

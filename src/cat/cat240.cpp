@@ -83,8 +83,7 @@ struct I240_000 : MessageType<240000> {
 
     static void summarize(TextWriter &out, const Value &type) {
         static constexpr const char *kTypes[] = {"UNDEFINED", "VIDEO_SUMMARY", "VIDEO_MESSAGE"};
-        out.append("MSG_TYPE:");
-        out.append(text_of(kTypes, type.value, "UNDEFINED"));
+        write_message_type(out, kTypes, type.value);
     }
 };
 

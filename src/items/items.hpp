@@ -76,7 +76,7 @@ constexpr ItemRow compound(const char *name, const Compound &compound) {
 
 // The same for a compound item that another source defines.
 constexpr ItemRow compound(uint16_t number, const char *name, SizeFunction *get_size, const Compound &compound) {
-    return {number, name, {sized_by(get_size), AST_VIEWS(subfields)}, &compound};
+    return {number, name, {sized_by_subfields(get_size), AST_VIEWS(subfields)}, &compound};
 }
 
 } // namespace ast::items

@@ -12,4 +12,11 @@ struct MessageType : Item<Type, ast_uint_value_t, items::message_type.size> {
     static void read(ast_uint_value_t &type, const uint8_t *octets) { type.value = octets[0]; }
 };
 
+// The words of a message type in the order of the types; a type beyond them is undefined.
+template <uint64_t N>
+void write_message_type(TextWriter &out, const char *const (&words)[N], uint64_t type) {
+    out.append("MSG_TYPE:");
+    out.append(text_of(words, type, "UNDEFINED"));
+}
+
 } // namespace ast

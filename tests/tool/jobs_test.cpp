@@ -17,7 +17,7 @@ const std::string kSector = hex("22 000B F0 190C 02 546080 40");
 
 // Blocks in any order, long enough for many chunks: one that every profile reads; a plot and a track of category 001;
 // reports of category 021 that fit several editions, only an early one, and only a late one, so that it matters what
-// came before; and blocks that are damaged.
+// came before; radar video, whose cells mean what the items before them say; and blocks that are damaged.
 std::vector<std::string> mixed_blocks(size_t count) {
     const std::string kinds[] = {
         kSector,
@@ -26,6 +26,9 @@ std::vector<std::string> mixed_blocks(size_t count) {
         hex("01 000D F0 190C 80 0123 40000000"),
         hex("15 0007 C0 190C 00"),
         hex("15 0008 C0 190C 0000"),
+        hex("F0 0024 E7C0 1914 02 00000001 0000 0100 0000000A 00001000 0004 0004 000004 01 01020304"),
+        hex("F0 0024 E7C0 1914 02 00000001 0000 0100 00000014 00001000 0004 0004 000004 01 01020304"),
+        hex("F0 000D C140 1914 02 01 01020304"),
         hex("15 000E 8101010118 1914 1234 1200"),
         hex("30 0007 C0 190C 54"),
         hex("3E 0007 C0 190C 00"),
@@ -34,7 +37,7 @@ std::vector<std::string> mixed_blocks(size_t count) {
     std::vector<std::string> blocks;
     for (size_t i = 0; i < count; ++i) {
         // Damage is rare, as it is in life.
-        const size_t kind = random() % 64 == 0 ? random() % std::size(kinds) : random() % 6;
+        const size_t kind = random() % 64 == 0 ? random() % std::size(kinds) : random() % 9;
         blocks.push_back(kinds[kind]);
         blocks.back().back() = static_cast<char>(random() % 256 & ~1U);
     }

@@ -1,6 +1,7 @@
 #include "item_texts.hpp"
 
 #include "markup.hpp"
+#include "video.hpp"
 
 namespace astdump {
 
@@ -24,7 +25,9 @@ void ItemTexts::clear() {
 }
 
 std::optional<size_t> ItemTexts::find_or_put(TextBuffer &out, const ast_dataitem_t &item) {
-    const auto [known, is_new] = items_.try_emplace(key_of(item), items_.size());
+    std::string key = key_of(item);
+    if (is_video(item)) key += std::to_string(items_.size());
+    const auto [known, is_new] = items_.try_emplace(std::move(key), items_.size());
     if (!is_new) return known->second;
     const size_t type_number = type(out, item.type);
     read_detail(item);

@@ -29,6 +29,8 @@ constexpr std::string_view kMarkup[] = {
     "</h4>",
     "<p>",
     "</p>",
+    "<b>",
+    "</b>",
     "</a>",
 };
 

@@ -9,6 +9,7 @@
 
 #include "by_type.hpp"
 #include "text_buffer.hpp"
+#include "video.hpp"
 
 namespace astdump {
 
@@ -20,7 +21,7 @@ public:
     template <typename Write>
     void put(TextBuffer &out, const ast_dataitem_t &item, Write write) {
         Use &use = uses_[item.type];
-        if (item.size == 0 || item.size > kMaxOctets || !use.is_worthwhile()) return write(out);
+        if (item.size == 0 || item.size > kMaxOctets || is_video(item) || !use.is_worthwhile()) return write(out);
         const Key key(item);
         Entry &entry = entries_[key.hash() % kEntries];
         if (entry.key == key) {

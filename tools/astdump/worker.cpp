@@ -1,5 +1,7 @@
 #include "worker.hpp"
 
+#include "video.hpp"
+
 namespace astdump {
 
 Worker::Worker(const Options &options, const Sinks &sinks)
@@ -68,8 +70,10 @@ void Worker::show(DecodedBlock decoded, Rendered &rendered) {
     if (left_out && decoded.shown.none()) return;
     ++rendered.shown;
     if (counts_) counter_.add(decoded);
-    for (size_t i = 0; i < renderers_.size(); ++i)
+    for (size_t i = 0; i < renderers_.size(); ++i) {
+        const VideoTurn turn(decoded.block->category);
         if (renderers_[i]) renderers_[i]->block(decoded, rendered.texts[i]);
+    }
     if (!rendered.texts.empty()) rendered.damage.place = rendered.texts.front().size();
 }
 

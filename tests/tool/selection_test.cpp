@@ -10,13 +10,13 @@ const std::string kSample = SAMPLES "/radar.ast";
 
 const std::string kHeader = "Time          SAC/SIC  Cat  Octets  Type    Track  Squawk  Callsign  ICAO    Height ft  "
                             "Selected ft  Position               Speed kt  Heading              ft/min  Velocity m/s\n";
-const std::string kNorth = "-             -        034      14  -           -  -       -         -               -  "
+const std::string kNorth = "12:00:00.000  025/012  034      14  North       -  -       -         -               -  "
                            "          -  -                             -  -                         -  -\n";
 const std::string kRollCall = "12:00:01.500  025/012  048      47  Track     420  2345    DLH4AB    3C4A12      35000  "
                               "      35008  R:045.5000 T:120.00           -  -                         -  -\n";
 const std::string kPrimary = "12:00:01.750  025/012  048      25  Track      43  -       -         -               -  "
                              "          -  R:012.2500 T:300.00           -  -                         -  -\n";
-const std::string kSector = "-             -        034       8  -           -  -       -         -               -  "
+const std::string kSector = "12:00:01.000  025/012  034       8  Sector      -  -       -         -               -  "
                             "          -  -                             -  -                         -  -\n";
 
 TEST(List, ShowsTheSample) {
@@ -24,6 +24,19 @@ TEST(List, ShowsTheSample) {
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.out, kHeader + kNorth + kRollCall + kPrimary + kSector);
     EXPECT_EQ(result.err, "");
+}
+
+// Categories whose records have no accessors, each with its time in an item of another number.
+TEST(List, ShowsSourceTimeAndTypeByTheSharedItems) {
+    Command command;
+    command.write("b", hex("41 000A D0 190D 02 546040  17 000A D0 190D 03 546080  08 000B C180 190D FE 5460C0"
+                           "13 000A E0 190D 01 546100  3F 0009 A0 190D 546140"));
+    EXPECT_EQ(command.run("--list b | tail -n +2 | sed 's/  *- .*//' | tr -s ' '").out,
+              "12:00:00.500 025/013 065 7 End of Batch\n"
+              "12:00:01.000 025/013 023 7 Service statistics report\n"
+              "12:00:01.500 025/013 008 8 SOP\n"
+              "12:00:02.000 025/013 019 7 Start of Update Cycle\n"
+              "12:00:02.500 025/013 063 6\n");
 }
 
 TEST(List, NamesFilesAndFlags) {
@@ -49,6 +62,7 @@ TEST(Where, ChoosesRecords) {
         {"--where fl=350", kRollCall},
         {"--where sacsic=25012", kRollCall + kPrimary},
         {"--where sacsic=25/12", kRollCall + kPrimary},
+        {"--where type=sector", kSector},
         {"--where sacsic=25/13", ""},
         {"--where type=track", kRollCall + kPrimary},
         {"--where time=12:00:01.750", kPrimary},

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "shared_items.hpp"
+
 namespace astdump {
 
 namespace {
@@ -38,7 +40,7 @@ bool put_keyword(TextBuffer &out, const ast_datarecord_t &record, uint32_t keywo
     const size_t begin = out.size();
     out.put(first);
     out.trim(begin);
-    return out.size() > begin;
+    return out.size() > begin || put_shared_item(out, record, keyword);
 }
 
 std::string keyword_text(const ast_datarecord_t &record, uint32_t keyword) {

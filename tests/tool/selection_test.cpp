@@ -60,8 +60,8 @@ TEST(Where, ChoosesRecords) {
         {"--where icao=3c4A12", kRollCall},
         {"--where track=43", kPrimary},
         {"--where fl=350", kRollCall},
-        {"--where sacsic=25012", kRollCall + kPrimary},
-        {"--where sacsic=25/12", kRollCall + kPrimary},
+        {"--where sacsic=25012", kNorth + kRollCall + kPrimary + kSector},
+        {"--where sacsic=25/12", kNorth + kRollCall + kPrimary + kSector},
         {"--where type=sector", kSector},
         {"--where sacsic=25/13", ""},
         {"--where type=track", kRollCall + kPrimary},
@@ -73,6 +73,28 @@ TEST(Where, ChoosesRecords) {
         {"--where speed", ""},
         {"--where type=track --where callsign", kRollCall},
         {"--where track=43 --where squawk=2345", ""},
+        {"--where 'callsign=dlh*b'", kRollCall},
+        {"--where 'callsign!=D?H4AB'", ""},
+        {"--where 'track<420'", kPrimary},
+        {"--where 'fl>=350.25'", ""},
+        {"--where 'time>=12:00:01.5' --where 'time<12:00:01.75'", kRollCall},
+        {"--where I070/MODE3A=2345", kRollCall},
+        {"--where 'I070/MODE3A>2344' --where 'i070/mode3a<=2345'", kRollCall},
+        {"--where 'I090/FL>=350'", kRollCall},
+        {"--where 'I090/FL>350'", ""},
+        {"--where I140=12:00:01.75", kPrimary},
+        {"--where 'I030<=12:00:00'", kNorth},
+        {"--where 034/I010/SIC=12", kNorth + kSector},
+        {"--where 'I040/THETA=120'", kRollCall}, // 119.998, half a step of 360/65536 away at most
+        {"--where 'I040/THETA=120.01'", ""},
+        {"--where 'I240=DLH4AB*'", kRollCall},
+        {"--where 'I220=3c4a*'", kRollCall},
+        {"--where I240", kRollCall},
+        {"--where I000=1", kNorth},
+        {"--where 'I000=sector*'", kSector},
+        {"--where I250/MCP_ALT=35008", kRollCall},
+        {"--where 'I250[0]/MCP_ALT'", kRollCall},
+        {"--where 'I250[7]/MCP_ALT'", ""},
     };
     for (const auto &test : cases) {
         SCOPED_TRACE(test.conditions);
@@ -122,13 +144,21 @@ TEST(Where, RefusesWhatCannotBe) {
         const char *complaint;
     } cases[] = {
         {"level=350", "'level' is none of sacsic, time, type, track, squawk, fl, selalt, callsign, icao, position, "
-                      "polar, speed, heading, velocity, vrate\n"},
+                      "polar, speed, heading, velocity, vrate, nor a path such as I070/MODE3A\n"},
         {"=350", "'' is none of sacsic"},
         {"squawk=7780", "'7780' is no value of squawk, which is octal digits"},
         {"icao=KLM1", "'KLM1' is no value of icao, which is hexadecimal digits"},
         {"fl=FL350", "'FL350' is no value of fl"},
         {"track=", "'' is no value of track"},
-        {"type=", "'' is no value of type\n"},
+        {"type=", "'' is no value of type"},
+        {"callsign\\>K", "'K' is no value of callsign, which is a word, to be compared by = and !="},
+        {"time=12:60", "'12:60' is no value of time"},
+        {"track!5", "'!5' does not begin with one of = != < <= > >="},
+        {"I070/MODE3X=1", "--where: 'I070/MODE3X' is a field of no category"},
+        {"048/I550", "'048/I550' is a field of no edition of that category"},
+        {"048/I070=1", "'048/I070' has no value of its own"},
+        {"I090/FL=high", "'high' is no value that I090/FL can be compared with"},
+        {"I070/MODE3A=7780", "'7780' is no value that"},
     };
     for (const auto &test : cases) {
         const Result result = Command().run("--where " + std::string(test.condition) + ' ' + kSample);

@@ -43,10 +43,11 @@ bool put_keyword(TextBuffer &out, const ast_datarecord_t &record, uint32_t keywo
     return out.size() > begin || put_shared_item(out, record, keyword);
 }
 
-std::string keyword_text(const ast_datarecord_t &record, uint32_t keyword) {
-    TextBuffer text;
+std::string_view keyword_text(const ast_datarecord_t &record, uint32_t keyword) {
+    thread_local TextBuffer text;
+    text.clear();
     put_keyword(text, record, keyword);
-    return std::string(text.text());
+    return text.text();
 }
 
 } // namespace astdump

@@ -27,7 +27,9 @@ managair. A block for which a profile has nothing of its own is read by the stan
 
 --where knows the names of the columns of --list: sacsic (25/12), time, type, track, squawk (octal), fl (350),
 selalt, callsign, icao (hexadecimal), position, polar, speed, heading, velocity, vrate. Those without a hint are
-compared with the text that --list shows. Blocks without a record that is asked for are left out.
+compared with the text that --list shows, * and ? standing for any characters. It knows every published field, too, by
+its path (I070/MODE3A, 048/I070/MODE3A, I250/MCP_ALT), in published units, and items (I240). Operators are = != < <= >
+>=. Blocks without a record that is asked for are left out.
 
 Exit status: 0 when all is well, 1 when a block or the input is damaged, 2 for a mistake on the command line or a file
 that cannot be read.
@@ -43,6 +45,7 @@ Examples:
   astdump --list recording.pcap | less -S    one line per record
   astdump --list --where squawk=7700 a.pcap  who is in distress
   astdump --where track --where fl=350 a.pcap tracks at flight level 350
+  astdump --where 'I070/MODE3A>=7500' a.pcap  by a published field
   astdump --list udp://239.1.1.1:8600        join a multicast group and list what comes
   astdump --follow --quiet growing.pcap      watch a recording for damage while it is made
   tcpdump -i eth0 -w - udp | astdump -       look at live traffic of any kind)";
@@ -104,7 +107,7 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
         })
         ->type_name("LIST");
     app.add_option("--where", texts.conditions,
-                   "Show only records with NAME, or with that VALUE for it; repeated, all must hold")
+                   "Show only records with NAME, or with that VALUE for it, or != < <= > >=; repeated, all must hold")
         ->take_all()
         ->allow_extra_args(false)
         ->type_name("NAME[=VALUE]");

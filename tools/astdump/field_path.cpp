@@ -47,22 +47,37 @@ bool has_value(const ast_field_t &field) { return field.kind < AST_FIELD_REGISTE
 
 } // namespace
 
-std::optional<FieldPath> FieldPath::read(std::string_view text) {
-    std::string wanted(text);
-    std::ranges::transform(wanted, wanted.begin(), upper);
-    std::string_view path = wanted;
+struct FieldPath::Parts {
     std::optional<uint8_t> category;
-    if (!path.empty() && is_digit(path[0])) {
-        const size_t slash = std::min(path.find('/'), path.size());
-        category = read_number<uint8_t>(path.substr(0, slash));
-        if (!category || slash == path.size()) return std::nullopt;
-        path.remove_prefix(slash + 1);
+    std::string path;
+    std::string item;
+};
+
+std::optional<FieldPath::Parts> FieldPath::split(std::string_view text) {
+    Parts parts;
+    if (!text.empty() && is_digit(text[0])) {
+        const size_t slash = std::min(text.find('/'), text.size());
+        parts.category = read_number<uint8_t>(text.substr(0, slash));
+        if (!parts.category || slash == text.size()) return std::nullopt;
+        text.remove_prefix(slash + 1);
     }
-    const std::string_view item = item_of(path);
-    if (item.empty()) return std::nullopt;
+    parts.path = text;
+    std::ranges::transform(parts.path, parts.path.begin(), upper);
+    parts.item = item_of(parts.path);
+    if (parts.item.empty()) return std::nullopt;
+    if (is_digit(parts.item[0])) parts.path.erase(0, 1);
+    return parts;
+}
+
+bool FieldPath::has_form(std::string_view text) { return split(text).has_value(); }
+
+std::optional<FieldPath> FieldPath::read(std::string_view text) {
+    const auto parts = split(text);
+    if (!parts) return std::nullopt;
+    const std::optional<uint8_t> category = parts->category;
     FieldPath result;
-    result.path_ = path[0] == 'I' ? path.substr(1) : path;
-    result.names_item_ = result.path_ == item;
+    result.path_ = parts->path;
+    result.names_item_ = parts->path == parts->item;
     for (uint32_t each = 0; each < kCategories; ++each) {
         if (category && each != *category) continue;
         result.resolve(each, AST_UAP_PUBLISHED);

@@ -18,6 +18,9 @@ public:
     // path that no edition of a category has.
     static std::optional<FieldPath> read(std::string_view text);
 
+    // Whether a text has the form of a path, be it known or not.
+    static bool has_form(std::string_view text);
+
     // What carries a value under this path, of all categories; none for what only holds others.
     const std::vector<ast_field_t> &fields() const { return fields_; }
 
@@ -36,6 +39,10 @@ private:
         const FieldPath &path;
         Take &take;
     };
+
+    // What a path is made of: "48", "I070/MODE3A", "070".
+    struct Parts;
+    static std::optional<Parts> split(std::string_view text);
 
     enum class Match { none, within, exact };
 

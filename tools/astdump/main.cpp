@@ -6,6 +6,7 @@
 #include <exception>
 #include <unistd.h>
 
+#include "csv.hpp"
 #include "listing.hpp"
 #include "options.hpp"
 #include "page.hpp"
@@ -26,6 +27,8 @@ Sinks make_sinks(const Options &options, Output &out) {
     const bool color = use_color(options, stdout);
     if (options.stats)
         sinks.push_back(std::make_unique<Stats>(out, color));
+    else if (!options.csv.empty())
+        sinks.push_back(std::make_unique<Csv>(out, options.csv, options.files.size() > 1));
     else if (options.list)
         sinks.push_back(std::make_unique<RecordList>(out, color, options.files.size() > 1));
     else if (!options.quiet && options.html.empty())

@@ -77,9 +77,24 @@ struct Texts {
     std::string framing = "auto";
     std::string categories = "0-255";
     std::vector<std::string> conditions;
+    std::optional<std::string> csv; // its columns
 };
 
 constexpr size_t kMaxJobs = 256;
+constexpr const char *kUsualColumns = "-";
+
+// The parser takes whatever stands behind --csv for its columns; what is none, such as a file, is set apart from it.
+// Last first, as the parser wants them.
+std::vector<std::string> arguments(int argc, char **argv) {
+    std::vector<std::string> arguments;
+    for (int i = 1; i < argc; ++i) {
+        arguments.emplace_back(argv[i]);
+        const bool has_columns = i + 1 < argc && is_csv_columns(argv[i + 1]);
+        if (arguments.back() == "--csv" && !has_columns) arguments.emplace_back(kUsualColumns);
+    }
+    std::ranges::reverse(arguments);
+    return arguments;
+}
 
 void describe_live(CLI::App &app, Options &options) {
     app.add_flag("--follow", options.follow, "Wait for more at the end; SIGINT (Ctrl-C) ends it and shows --stats");
@@ -115,6 +130,8 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_flag("--detail", options.detail, "Below each item of the listing, the value of every field");
     app.add_option("--html", options.html, "Instead of the listing, write a page for web browsers")->type_name("PAGE");
     app.add_flag("--list", options.list, "A line per record with the common quantities in columns");
+    app.add_option("--csv", texts.csv, "A line per record as comma-separated values: the columns of --list, or PATHS")
+        ->type_name("[PATHS]");
     app.add_flag("--stats", options.stats, "Instead of the listing, count by category and by item");
     app.add_flag("--quiet", options.quiet, "No listing, only reports of damage");
     app.add_option("--jobs", options.jobs,
@@ -134,6 +151,7 @@ void complete(Options &options, const Texts &texts) {
     options.framing = find_framing(texts.framing);
     options.categories = *read_categories(texts.categories);
     for (const std::string &condition : texts.conditions) options.where.push_back(read_condition(condition));
+    if (texts.csv) options.csv = read_csv_columns(*texts.csv == kUsualColumns ? "" : *texts.csv);
     const bool live =
         std::ranges::any_of(options.files, [](const auto &file) { return read_udp_url(file).has_value(); });
     options.follow = options.follow || live;
@@ -168,7 +186,7 @@ CommandLine read_command_line(int argc, char **argv) {
     Texts texts;
     describe(app, options, texts);
     try {
-        app.parse(argc, argv);
+        app.parse(arguments(argc, argv));
         complete(options, texts);
     } catch (const CLI::ParseError &error) {
         return {.status = app.exit(error) == 0 ? kExitClean : kExitUnusable};

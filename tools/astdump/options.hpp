@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "csv.hpp"
 #include "filter.hpp"
 #include "framing/framing.hpp"
 #include "profiles.hpp"
@@ -25,8 +26,9 @@ struct Options {
     bool follow = false;                     // wait for more at the end
     std::string interface;                   // to listen on; empty for the system's choice
     bool list = false;
-    bool detail = false; // in the listing
-    std::string html;    // the page to write; empty for none
+    std::vector<CsvColumn> csv; // none: no comma-separated values
+    bool detail = false;        // in the listing
+    std::string html;           // the page to write; empty for none
     bool stats = false;
     bool quiet = false;
     std::string color = "auto";

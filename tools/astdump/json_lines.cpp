@@ -9,6 +9,9 @@ namespace astdump {
 
 namespace {
 
+// The category in which each record has a profile of its own: what is left of a long block are octets.
+constexpr uint32_t kMonoradarTargets = 1;
+
 class JsonRenderer : public Renderer {
 public:
     JsonRenderer(const JsonForm &form, const std::string &file) : form_(form), file_(file) {}
@@ -95,8 +98,8 @@ void JsonRenderer::remainder(const DecodedBlock &decoded, ast_json_line_t line, 
     uint64_t end = kBlockHeaderOctets;
     for (uint64_t i = 0; i < block.record_count; ++i) end += block.records[i].size;
     line.record = block.record_count + 1;
-    for (ast_datarecord_t more = decoded.fault ? decoded.fault->record : ast_datarecord_t{}; more.valid;
-         ++line.record) {
+    const bool is_longer = decoded.fault && block.category != kMonoradarTargets;
+    for (ast_datarecord_t more = is_longer ? decoded.fault->record : ast_datarecord_t{}; more.valid; ++line.record) {
         record(more, line, out);
         end += more.size;
         const Octets rest = decoded.octets.subspan(end);

@@ -6,6 +6,7 @@
 #include <exception>
 #include <unistd.h>
 
+#include "csv.hpp"
 #include "json_lines.hpp"
 #include "listing.hpp"
 #include "options.hpp"
@@ -34,12 +35,15 @@ Sinks make_sinks(const Options &options, Output &out) {
         sinks.push_back(std::make_unique<Stats>(out, color));
     else if (options.json)
         sinks.push_back(std::make_unique<JsonLines>(out, json_form(options)));
+    else if (!options.csv.empty())
+        sinks.push_back(std::make_unique<Csv>(out, options.csv, options.files.size() > 1));
     else if (options.list)
         sinks.push_back(std::make_unique<RecordList>(out, color, options.files.size() > 1));
     else if (!options.quiet && options.html.empty() && options.write.empty())
         sinks.push_back(std::make_unique<Listing>(
             out, Listing::Form{columns(stdout), color, options.files.size() > 1, options.detail}));
-    if (options.follow && !options.stats && !options.json) sinks.push_back(std::make_unique<Stats>(out, color));
+    if (options.follow && !options.stats && !options.json && options.csv.empty())
+        sinks.push_back(std::make_unique<Stats>(out, color));
     if (!options.html.empty()) sinks.push_back(std::make_unique<Page>(options.html, options.files));
     if (!options.write.empty())
         sinks.push_back(std::make_unique<WriteFile>(options.write, options.files, json_form(options)));

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "csv.hpp"
 #include "filter.hpp"
 #include "framing/framing.hpp"
 #include "profiles.hpp"
@@ -27,10 +28,11 @@ struct Options {
     std::string interface;                   // to listen on; empty for the system's choice
     bool list = false;
     bool json = false;
-    bool texts = false;  // of codes, in JSON
-    bool detail = false; // in the listing
-    std::string html;    // the page to write; empty for none
-    std::string write;   // the file of what is chosen; empty for none
+    bool texts = false;         // of codes, in JSON
+    std::vector<CsvColumn> csv; // none: no comma-separated values
+    bool detail = false;        // in the listing
+    std::string html;           // the page to write; empty for none
+    std::string write;          // the file of what is chosen; empty for none
     bool stats = false;
     bool quiet = false;
     std::string color = "auto";

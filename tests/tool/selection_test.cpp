@@ -124,7 +124,10 @@ I048/140          1  Time of Day
 I048/161          1  Track Number
 I048/170          1  Track Status
 I048/200          1  Calculated Track Velocity in Ploar Co-ordinates
-)");
+
+Framing         File
+raw             )" +
+                  kSample + "\n");
 }
 
 TEST(Where, CountsOnlyBlocksThatAreShownAndReportsTheDamageOfOthers) {

@@ -7,8 +7,10 @@
 #include <string_view>
 #include <thread>
 
+#include "convert.hpp"
 #include "numbers.hpp"
 #include "udp_source.hpp"
+#include "write_file.hpp"
 
 namespace astdump {
 
@@ -43,6 +45,11 @@ Examples:
   astdump --quiet *.ast || echo damaged      check files in a script
   astdump --uap cat021-2.1 adsb.pcap         read category 021 as edition 2.1
   astdump --list recording.pcap | less -S    one line per record
+  astdump --json recording.pcap | jq .I140   every value of every record, a line of JSON each
+  astdump a.pcap --where track=42 --write b.pcap
+                                             the reports of one track as a capture of their own
+  astdump a.pcap --convert 1,2 --write b.pcap
+                                             a recording of a modern radar for an old display
   astdump --list --where squawk=7700 a.pcap  who is in distress
   astdump --where track --where fl=350 a.pcap tracks at flight level 350
   astdump --where 'I070/MODE3A>=7500' a.pcap  by a published field
@@ -78,6 +85,7 @@ struct Texts {
     std::string categories = "0-255";
     std::vector<std::string> conditions;
     std::optional<std::string> csv; // its columns
+    std::string convert;
 };
 
 constexpr size_t kMaxJobs = 256;
@@ -111,9 +119,10 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_option("--uap", texts.profile, "Profile to decode with, see below; auto, if not given, tries them")
         ->check(CLI::IsMember(profile_names()).description(""))
         ->type_name("NAME");
-    app.add_option("--framing", texts.framing,
-                   "How the blocks of a file are wrapped: raw, final, gps, oradis, hdlc, mac-llc or hex; auto, if not "
-                   "given, finds out")
+    app.add_option(
+           "--framing", texts.framing,
+           "How the blocks of a file are wrapped: raw, final, gps, oradis, hdlc, mac-llc, hex or json; auto, if not "
+           "given, finds out")
         ->check(CLI::IsMember(framing_names()).description(""))
         ->type_name("NAME");
     app.add_option("--category", texts.categories, "Categories to show, such as 34,48 or 1-21")
@@ -132,7 +141,14 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_flag("--list", options.list, "A line per record with the common quantities in columns");
     app.add_option("--csv", texts.csv, "A line per record as comma-separated values: the columns of --list, or PATHS")
         ->type_name("[PATHS]");
+    app.add_flag("--json", options.json, "Instead of the listing, a line of JSON per record with all its values");
+    app.add_flag("--texts", options.texts, "In JSON, codes with their texts");
     app.add_flag("--stats", options.stats, "Instead of the listing, count by category and by item");
+    app.add_option("--convert", texts.convert,
+                   "Turn records into those of categories that say the same: 1 from 48, 2 from 34, and back")
+        ->type_name("LIST");
+    app.add_option("--write", options.write, "Write what is chosen to a .pcap, .ast or .json file instead")
+        ->type_name("NEWFILE");
     app.add_flag("--quiet", options.quiet, "No listing, only reports of damage");
     app.add_option("--jobs", options.jobs,
                    "Threads, as many as there are processors if not given; the output is the same")
@@ -152,6 +168,8 @@ void complete(Options &options, const Texts &texts) {
     options.categories = *read_categories(texts.categories);
     for (const std::string &condition : texts.conditions) options.where.push_back(read_condition(condition));
     if (texts.csv) options.csv = read_csv_columns(*texts.csv == kUsualColumns ? "" : *texts.csv);
+    if (!texts.convert.empty()) options.convert = read_convert_targets(texts.convert);
+    if (!options.write.empty()) file_kind(options.write);
     const bool live =
         std::ranges::any_of(options.files, [](const auto &file) { return read_udp_url(file).has_value(); });
     options.follow = options.follow || live;

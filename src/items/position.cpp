@@ -161,7 +161,7 @@ namespace {
 
 constexpr double kSpeedLsbMPerS = kMetresPerNm / kSpeedUnitsPerNmPerS;
 constexpr double kSpeedLsbKmPerH = 6667.2 / kSpeedUnitsPerNmPerS;
-constexpr double kHeadingUnits = 1 << 16; // per full circle
+constexpr int32_t kHeadingUnits = 1 << 16; // per full circle
 
 struct PolarVelocity : SharedLayout<ast_value_pair_t, items::velocity_polar.size> {
     static void read(Value &velocity, const uint8_t *octets) {
@@ -193,8 +193,11 @@ struct PolarVelocity : SharedLayout<ast_value_pair_t, items::velocity_polar.size
 
     static bool write(uint8_t *octets, const Value &velocity) {
         write_u16(octets, static_cast<uint32_t>(velocity.raw_1));
-        write_u16(octets + 2, static_cast<uint32_t>(velocity.raw_2));
-        return fits(velocity.raw_1, 16) && fits(velocity.raw_2, 16);
+        // A heading just below the full circle is nearest to 0.
+        const bool is_north = velocity.raw_2 == kHeadingUnits && velocity.value_2 < kFullCircleDeg;
+        const int32_t heading_raw = is_north ? 0 : velocity.raw_2;
+        write_u16(octets + 2, static_cast<uint32_t>(heading_raw));
+        return fits(velocity.raw_1, 16) && fits(heading_raw, 16);
     }
 };
 

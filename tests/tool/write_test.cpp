@@ -113,6 +113,15 @@ TEST(Convert, ThereAndBack) {
     EXPECT_EQ(command.run("new.pcap" + chosen).out, command.run(kCapture + chosen).out);
 }
 
+TEST(Json, HasAllRecordsOfABlock) {
+    std::string plots;
+    for (int i = 0; i < 100; ++i) plots += hex("08 0053");
+    Command command;
+    command.write("b", hex("30 0130") + plots + hex("08"));
+    EXPECT_EQ(command.run("--json b | wc -l").out, "101\n");
+    EXPECT_NE(command.run("--json b").out.find(R"("record":101,"offset":0,"category":48,"error":)"), std::string::npos);
+}
+
 // What breaks off and what is of no known category come back as well.
 TEST(Json, BecomesTheSameBlocks) {
     Command command;

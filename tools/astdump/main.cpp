@@ -33,10 +33,10 @@ Sinks make_sinks(const Options &options, Output &out) {
     const bool color = use_color(options, stdout);
     if (options.stats)
         sinks.push_back(std::make_unique<Stats>(out, color));
-    else if (!options.csv.empty())
-        sinks.push_back(std::make_unique<Csv>(out, options.csv, options.files.size() > 1));
     else if (options.json)
         sinks.push_back(std::make_unique<JsonLines>(out, json_form(options)));
+    else if (!options.csv.empty())
+        sinks.push_back(std::make_unique<Csv>(out, options.csv, options.files.size() > 1));
     else if (options.list)
         sinks.push_back(std::make_unique<RecordList>(out, color, options.files.size() > 1));
     else if (!options.quiet && options.html.empty() && options.write.empty())

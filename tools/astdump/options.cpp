@@ -84,8 +84,8 @@ struct Texts {
     std::string framing = "auto";
     std::string categories = "0-255";
     std::vector<std::string> conditions;
-    std::optional<std::string> csv; // its columns
     std::string convert;
+    std::optional<std::string> csv; // its columns
 };
 
 constexpr size_t kMaxJobs = 256;
@@ -139,10 +139,10 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_flag("--detail", options.detail, "Below each item of the listing, the value of every field");
     app.add_option("--html", options.html, "Instead of the listing, write a page for web browsers")->type_name("PAGE");
     app.add_flag("--list", options.list, "A line per record with the common quantities in columns");
-    app.add_option("--csv", texts.csv, "A line per record as comma-separated values: the columns of --list, or PATHS")
-        ->type_name("[PATHS]");
     app.add_flag("--json", options.json, "Instead of the listing, a line of JSON per record with all its values");
     app.add_flag("--texts", options.texts, "In JSON, codes with their texts");
+    app.add_option("--csv", texts.csv, "A line per record as comma-separated values: the columns of --list, or PATHS")
+        ->type_name("[PATHS]");
     app.add_flag("--stats", options.stats, "Instead of the listing, count by category and by item");
     app.add_option("--convert", texts.convert,
                    "Turn records into those of categories that say the same: 1 from 48, 2 from 34, and back")
@@ -167,9 +167,9 @@ void complete(Options &options, const Texts &texts) {
     options.framing = find_framing(texts.framing);
     options.categories = *read_categories(texts.categories);
     for (const std::string &condition : texts.conditions) options.where.push_back(read_condition(condition));
-    if (texts.csv) options.csv = read_csv_columns(*texts.csv == kUsualColumns ? "" : *texts.csv);
     if (!texts.convert.empty()) options.convert = read_convert_targets(texts.convert);
     if (!options.write.empty()) file_kind(options.write);
+    if (texts.csv) options.csv = read_csv_columns(*texts.csv == kUsualColumns ? "" : *texts.csv);
     const bool live =
         std::ranges::any_of(options.files, [](const auto &file) { return read_udp_url(file).has_value(); });
     options.follow = options.follow || live;

@@ -27,12 +27,12 @@ struct Options {
     bool follow = false;                     // wait for more at the end
     std::string interface;                   // to listen on; empty for the system's choice
     bool list = false;
-    std::vector<CsvColumn> csv; // none: no comma-separated values
     bool json = false;
-    bool texts = false;  // of codes, in JSON
-    bool detail = false; // in the listing
-    std::string html;    // the page to write; empty for none
-    std::string write;   // the file of what is chosen; empty for none
+    bool texts = false;         // of codes, in JSON
+    std::vector<CsvColumn> csv; // none: no comma-separated values
+    bool detail = false;        // in the listing
+    std::string html;           // the page to write; empty for none
+    std::string write;          // the file of what is chosen; empty for none
     bool stats = false;
     bool quiet = false;
     std::string color = "auto";

@@ -20,14 +20,14 @@ TEST(Csv, ShowsTheColumnsOfTheList) {
 }
 
 TEST(Csv, ShowsPublishedFieldsAndQuantities) {
-    // A position of 640/256 NM and 21845 × 360/65536 degrees, code 7400, and two registers 4,0 with selected altitudes.
-    const std::string block = hex("30 001C 1920 02805555 0F00 02 8008000000000040 C460000000000040");
+    // A position of 641/256 NM and 21845 × 360/65536 degrees, code 7400, and two registers 4,0 with selected altitudes.
+    const std::string block = hex("30 001C 1920 02815555 0F00 02 8008000000000040 C460000000000040");
     Command command;
     command.write("a", pcap(1, {ethernet(ipv4(udp(block)))}));
     const std::string columns = "squawk,I040/RHO,048/I040/THETA,I070/MODE3A,i070/v,I250/MCP_ALT,I250[1]/MCP_ALT,I220";
     EXPECT_EQ(command.run("--csv " + columns + " a").out,
               "block,record,time,category," + columns +
-                  "\n1,1,2024-05-06T07:08:09.000012Z,48,7400,2.5,119.998,7400,0,16 35008,35008,\n");
+                  "\n1,1,2024-05-06T07:08:09.000012Z,48,7400,2.504,119.998,7400,0,16 35008,35008,\n");
 }
 
 TEST(Csv, IsTheSameWithAnyNumberOfJobs) {

@@ -77,20 +77,26 @@ void put_text(TextBuffer &out, std::string_view text) {
     quote(out, begin);
 }
 
-// Quantities as in the JSON of a record: exactly where two decimals more than tell their steps apart are enough.
-constexpr int kExtraDecimals = 2;
-
-int decimals_of(const ast_field_t &field) {
-    const double step = static_cast<double>(field.numerator) / static_cast<double>(field.denominator);
-    return std::max(0, static_cast<int>(std::ceil(-std::log10(step))));
+// Quantities are shown as in the JSON of a record: with as many decimals as tell each step from the next, exactly where
+// two more decimals make it exact.
+int shown_decimals(const ast_field_t &field) {
+    uint64_t power = 1;
+    int decimals = 0;
+    const auto is_exact = [&](uint64_t times) { return field.numerator * power * times % field.denominator == 0; };
+    const auto more = [&] {
+        power *= 10;
+        ++decimals;
+    };
+    while (field.numerator * power < 2 * field.denominator && !is_exact(1)) more();
+    if (is_exact(100))
+        while (!is_exact(1)) more();
+    return decimals;
 }
 
-bool is_exact(double number, int decimals) {
-    const double scaled = number * std::pow(10, decimals);
-    return scaled == std::round(scaled);
-}
-
+// Halves are rounded away from zero.
 void put_number(TextBuffer &out, double number, int decimals) {
+    const double power = std::pow(10, decimals);
+    number = std::round(number * power) / power;
     char digits[64];
     const auto [end, error] = std::to_chars(digits, std::end(digits), number, std::chars_format::fixed, decimals);
     std::string_view text(digits, error == std::errc() ? static_cast<size_t>(end - digits) : 0);
@@ -103,11 +109,7 @@ void put_number(TextBuffer &out, double number, int decimals) {
 
 void put_value(TextBuffer &out, const ast_field_value_t &value) {
     const ast_field_t &field = *value.field;
-    if (value.has_number && field.numerator != 0) {
-        const int decimals = decimals_of(field);
-        const bool exact = is_exact(value.number, decimals + kExtraDecimals);
-        return put_number(out, value.number, exact ? decimals + kExtraDecimals : decimals);
-    }
+    if (value.has_number && field.numerator != 0) return put_number(out, value.number, shown_decimals(field));
     if (value.has_number) return put_number(out, value.number, 0);
     if (field.kind == AST_FIELD_CODE) return out.number(value.raw);
     std::string_view text = value.text;

@@ -131,7 +131,7 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
         })
         ->type_name("LIST");
     app.add_option("--where", texts.conditions,
-                   "Show only records with NAME, or with that VALUE for it, or != < <= > >=; repeated, all must hold")
+                   "Show only records with NAME, or that VALUE (= != < <= > >=) for it; repeated, all must hold")
         ->take_all()
         ->allow_extra_args(false)
         ->type_name("NAME[=VALUE]");

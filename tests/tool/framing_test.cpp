@@ -137,6 +137,7 @@ TEST(Compressed, InputIsReadAsWhatIsInIt) {
     for (const std::string packer : {"gzip", "zstd -q"}) {
         const Result result = command.run("--list final; " + packer + " -c final > packed");
         EXPECT_EQ(command.run("--list packed").out, plain) << packer;
+        EXPECT_EQ(command.run("--quiet final; cat packed | " ASTDUMP " --list -").out, plain) << packer;
         EXPECT_NE(command.run("--stats packed").out.find("\nfinal, " + packer.substr(0, 4)), std::string::npos);
     }
 }

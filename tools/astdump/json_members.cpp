@@ -89,7 +89,8 @@ std::optional<Time> read_time(std::string_view text) {
     if (!text.ends_with('Z')) return std::nullopt;
     const size_t point = std::min(text.find('.'), text.size() - 1);
     const std::string_view digits = text.substr(point + 1);
-    const auto nanoseconds = digits.empty() ? std::optional<uint32_t>(0) : read_nanoseconds(digits.substr(0, digits.size() - 1));
+    const auto nanoseconds =
+        digits.empty() ? std::optional<uint32_t>(0) : read_nanoseconds(digits.substr(0, digits.size() - 1));
     std::string_view rest = text.substr(0, point + 1);
     const char behind_seconds = rest.back();
     const auto y = take_number(rest, 4, '-'), m = take_number(rest, 2, '-'), d = take_number(rest, 2, 'T');

@@ -41,7 +41,8 @@ bool is_same(const struct stat &one, const std::string &input) {
 
 } // namespace
 
-OutputFile::OutputFile(const std::string &path, std::span<const std::string> inputs) : path_(path), descriptor_(-1), out_(-1) {
+OutputFile::OutputFile(const std::string &path, std::span<const std::string> inputs)
+    : path_(path), descriptor_(-1), out_(-1) {
     struct stat status {};
     const bool exists = ::stat(path.c_str(), &status) == 0;
     const bool is_regular = !exists || S_ISREG(status.st_mode);

@@ -40,14 +40,14 @@ void Page::count(const Tally &tally) {
 }
 
 void Page::finish(uint64_t octets_read) {
-    if (is_abandoned_) {
-        clear_line();
-        std::fprintf(stderr, "astdump: %s: not written\n", path_.c_str());
-        return;
-    }
     totals();
     file_.replace();
     tell_size(octets_read);
+}
+
+void Page::give_up() {
+    clear_line();
+    std::fprintf(stderr, "astdump: %s: not written\n", path_.c_str());
 }
 
 void Page::totals() {

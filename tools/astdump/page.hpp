@@ -24,11 +24,11 @@ public:
     void take(std::string_view rendered) override { file_.write(rendered); }
     void count(const Tally &tally) override;
 
-    // Leaves what was there before.
-    void abandon() override { is_abandoned_ = true; }
-
     // Puts the page in place, and says on standard error how large it has become.
     void finish(uint64_t octets_read) override;
+
+    // Leaves what was there before, and says so.
+    void give_up() override;
 
 private:
     void totals();
@@ -36,7 +36,6 @@ private:
 
     std::string path_;
     OutputFile file_;
-    bool is_abandoned_ = false;
     std::array<Counts, 256> counts_{}; // by category
 };
 

@@ -51,8 +51,10 @@ int Run::files() {
     }
     clear_line();
     for (const auto &sink : sinks_)
-        if (unreadable_) sink->abandon();
-    for (const auto &sink : sinks_) sink->finish(octets_read_);
+        if (unreadable_)
+            sink->give_up();
+        else
+            sink->finish(octets_read_);
     damage_.summary();
     if (unreadable_) return kExitUnusable;
     return damage_.any() ? kExitDamaged : kExitClean;

@@ -45,11 +45,11 @@ public:
     virtual void take(std::string_view rendered) = 0;
     virtual void count(const Tally &) {}
 
-    // What is made cannot be whole.
-    virtual void abandon() {}
-
     // No block follows; so many octets have been read.
     virtual void finish(uint64_t octets_read) = 0;
+
+    // The same where an input could not be read: a file that is written stays as it was before.
+    virtual void give_up() { finish(0); }
 };
 
 } // namespace astdump

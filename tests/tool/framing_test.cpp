@@ -113,6 +113,20 @@ TEST(Json, LinesOfOneBlockBecomeThatBlockAgain) {
                           "#6  CAT 048  8 octets  standard  1 record  DAMAGED\n");
 }
 
+// Octets that were no block when they were written.
+TEST(Json, DataOfNoBlockStaysNone) {
+    Command command;
+    command.write("input", R"({"category":0,"error":"why","data":"000001"})"
+                           "\n"
+                           R"({"block":1,"category":34,"I000":2})");
+    const Result result = command.run("--list input");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_NE(result.err.find("offset 0: category 000: LEN is 1, less than the block header; 3 octets skipped\n"),
+              std::string::npos)
+        << result.err;
+    EXPECT_NE(result.out.find(" 034 "), std::string::npos) << result.out;
+}
+
 TEST(Json, ABlockThatWouldBeTooLongIsSeveral) {
     std::string lines; // each record an FSPEC and SP of 255 octets: 257, of which a block holds 254
     for (int i = 0; i < 300; ++i)
@@ -150,6 +164,7 @@ TEST(Compressed, InputIsReadAsWhatIsInIt) {
     for (const std::string packer : {"gzip", "zstd -q"}) {
         const Result result = command.run("--list final; " + packer + " -c final > packed");
         EXPECT_EQ(command.run("--list packed").out, plain) << packer;
+        EXPECT_EQ(command.run("--quiet final; cat packed | " ASTDUMP " --list -").out, plain) << packer;
         EXPECT_NE(command.run("--stats packed").out.find("\nfinal, " + packer.substr(0, 4)), std::string::npos);
     }
 }

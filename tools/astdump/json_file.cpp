@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <ast.h>
 
-#include "json_members.hpp"
-
 namespace astdump {
 
 namespace {
@@ -121,6 +119,12 @@ void JsonFile::take(std::string_view object, Chunk &chunk) {
                       result.error ? result.error : "is more than a block can hold", chunk);
     const JsonMembers members = read_members(object);
     if (members.error) return report(object, members.position, members.wrong_path, members.error, chunk);
+    const Octets octets = Octets(record_).first(result.size);
+    if (result.is_data && result.block == 0) {
+        close_block(chunk);
+        chunk.add(datagram_of(members, chunk.keep(octets)));
+        return;
+    }
     const bool goes_on = block_ && result.block != 0 && block_->number == result.block &&
                          block_->octets[0] == result.category && block_->file == members.file &&
                          block_->octets.size() + result.size <= kMaxBlockOctets;
@@ -129,12 +133,15 @@ void JsonFile::take(std::string_view object, Chunk &chunk) {
         block_.emplace(Block{.number = result.block,
                              .file = std::string(members.file),
                              .octets = {static_cast<uint8_t>(result.category), 0, 0},
-                             .datagram = {.octets = {}, .offset = offset_, .time = members.time}});
-        if (members.source && members.destination)
-            block_->datagram.endpoints = Endpoints{*members.source, *members.destination};
+                             .datagram = datagram_of(members, {})});
     }
-    block_->octets.insert(block_->octets.end(), record_.begin(),
-                          record_.begin() + static_cast<std::ptrdiff_t>(result.size));
+    block_->octets.insert(block_->octets.end(), octets.begin(), octets.end());
+}
+
+Datagram JsonFile::datagram_of(const JsonMembers &members, Octets octets) const {
+    Datagram datagram{.octets = octets, .offset = offset_, .time = members.time};
+    if (members.source && members.destination) datagram.endpoints = Endpoints{*members.source, *members.destination};
+    return datagram;
 }
 
 void JsonFile::report(std::string_view object, uint64_t position, std::string_view path, const char *error,

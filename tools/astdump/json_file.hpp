@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "input.hpp"
+#include "json_members.hpp"
 #include "split.hpp"
 
 namespace astdump {
@@ -17,7 +18,8 @@ public:
     explicit JsonFile(OctetStream &stream) : stream_(stream), record_(kMostOctets) {}
 
     // A block for the records that share its number, its category and its file and follow each other, and one for each
-    // record without a number; of more octets than a block holds, several.
+    // record without a number; of more octets than a block holds, several. Octets in "data" stand in their block, or,
+    // without a number, by themselves.
     bool fill(Chunk &chunk) override;
 
 private:
@@ -37,6 +39,7 @@ private:
     bool has_line() const { return text_.find('\n', begin_) != std::string::npos; }
     void take(std::string_view object, Chunk &chunk);
     void report(std::string_view object, uint64_t position, std::string_view path, const char *error, Chunk &chunk);
+    Datagram datagram_of(const JsonMembers &members, Octets octets) const;
     void close_block(Chunk &chunk);
 
     OctetStream &stream_;

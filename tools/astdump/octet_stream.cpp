@@ -49,6 +49,7 @@ void OctetStream::take_off_compression() {
     packed_ = std::move(peeked_);
     peeked_.clear();
     size_.reset();
+    is_at_rest_ = !grows_; // what is compressed has been recorded before, also where it comes through a pipe
 }
 
 size_t OctetStream::read_plain(uint8_t *buffer, size_t count) {

@@ -46,10 +46,10 @@ public:
     // Whether the end came because the user wanted it.
     bool cut_off() const { return waiting_ && waiting_->ended(); }
 
-    // Whether it is a regular file that does not grow, so that all of it is there.
+    // Whether it has been recorded before, so that there is no need to wait for any of it.
     bool is_at_rest() const { return is_at_rest_; }
 
-    // The octets of a file at rest, where they are known.
+    // The octets of such a file, where they are known.
     std::optional<uint64_t> size() const { return size_; }
 
 private:

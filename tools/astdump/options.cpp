@@ -18,7 +18,8 @@ namespace {
 
 constexpr const char *kExamples =
     R"(Captures may be pcap or pcapng, of Ethernet with or without VLAN tags, Linux cooked, loopback or raw IP, with UDP
-over IPv4 or IPv6; any other file is read as blocks one after the other. The kind is told by content.
+over IPv4 or IPv6; any other file holds blocks, one after the other or as a recorder has wrapped them, or records as
+JSON, an object a line. All of them may be compressed by gzip or zstd. The kind is told by content.
 
 Each item is listed with its type, name, size in octets, summary where there is one, and octets in hexadecimal. Lines
 are laid out for the width of the terminal, or for 120 columns elsewhere: long octets go on in their column, and a long

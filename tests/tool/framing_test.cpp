@@ -31,6 +31,8 @@ TEST(Framing, IsFoundOutByWhatAFileHolds) {
          hex("0102030405060A0B0C0D0E0F 000E F0F003") + kSector + std::string(32, '\0') +
              hex("0102030405060A0B0C0D0E0F 000E F0F003") + kSector + std::string(32, '\0'),
          "2"},
+        {"json", " \r\n{ \"category\":48,\"I010\":{\"SAC\":25,\"SIC\":12}}\n{\n  \"category\": 34,\n  \"I000\": 1\n}\n",
+         "2"},
         // Address, control, the block, CRC-16/X.25; 7E and 7D inside are announced by 7D.
         {"hdlc", hex("7E FF03 22000BF0190C02546080 40 A02B 7E"), "1"},
     };
@@ -44,8 +46,22 @@ TEST(Framing, IsFoundOutByWhatAFileHolds) {
             EXPECT_NE(result.out.find("all               " + std::string(test.blocks) + "          0"),
                       std::string::npos)
                 << result.out;
+            EXPECT_NE(result.out.find('\n' + std::string(test.framing) + "  "), std::string::npos) << result.out;
         }
     }
+}
+
+// Behind 2,200 octets stands a long block, and ten octets behind that what may be the start of another one.
+TEST(Framing, IsThatOfMostFrames) {
+    std::string file;
+    for (int i = 0; i < 200; ++i) file += kSector;
+    file += hex("30 EA60 08") + std::string(59996, '\0');
+    for (int i = 0; i < 400; ++i) file += kSector;
+    Command command;
+    command.write("input", file);
+    const Result result = command.run("--stats --category 34 input");
+    EXPECT_NE(result.out.find("all             600          0"), std::string::npos) << result.out;
+    EXPECT_EQ(result.err, "");
 }
 
 TEST(Framing, GoesOnBehindWhatIsNoFrame) {
@@ -74,6 +90,98 @@ TEST(Framing, OfDatagramsIsTakenOff) {
     EXPECT_NE(result.out.find("all               3          0"), std::string::npos) << result.out;
     EXPECT_EQ(result.err,
               "astdump: input: 1 datagram with octets behind the last block, 8 octets in all; passed over\n");
+}
+
+TEST(Json, LinesOfOneBlockBecomeThatBlockAgain) {
+    const std::string items = R"(,"category":34,"I010":{"SAC":25,"SIC":12},"I000":2})"
+                              "\n";
+    Command command;
+    command.write(
+        "input",
+        R"({"block":3,"time":"2024-02-29T07:08:09.000012Z","source":"10.0.0.1:4000","destination":"10.0.0.2:8600")" +
+            items + R"({"block":3)" + items + R"({"block":4)" + items + R"({"file":"b","block":4)" + items +
+            R"({"block":null)" + items + R"({"block":null)" + items +
+            R"({"block":5,"category":48,"I010":{"SAC":1,"SIC":2}})" + "\n" +
+            R"({"block":5,"category":48,"error":"why","data":"8001"})");
+    const Result result = command.run("input | grep '^#'");
+    EXPECT_EQ(result.out, "#1  2024-02-29 07:08:09.000012  10.0.0.1:4000 > 10.0.0.2:8600"
+                          "  CAT 034  11 octets  standard  2 records  valid\n"
+                          "#2  CAT 034  7 octets  standard  1 record  valid\n"
+                          "#3  CAT 034  7 octets  standard  1 record  valid\n"
+                          "#4  CAT 034  7 octets  standard  1 record  valid\n"
+                          "#5  CAT 034  7 octets  standard  1 record  valid\n"
+                          "#6  CAT 048  8 octets  standard  1 record  DAMAGED\n");
+}
+
+// Octets that were no block when they were written.
+TEST(Json, DataOfNoBlockStaysNone) {
+    Command command;
+    command.write("input", R"({"category":0,"error":"why","data":"000001"})"
+                           "\n"
+                           R"({"block":1,"category":34,"I000":2})");
+    const Result result = command.run("--list input");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_NE(result.err.find("offset 0: category 000: LEN is 1, less than the block header; 3 octets skipped\n"),
+              std::string::npos)
+        << result.err;
+    EXPECT_NE(result.out.find(" 034 "), std::string::npos) << result.out;
+}
+
+TEST(Json, ABlockThatWouldBeTooLongIsSeveral) {
+    std::string lines; // each record an FSPEC and SP of 255 octets: 257, of which a block holds 254
+    for (int i = 0; i < 300; ++i)
+        lines += R"({"block":1,"category":34,"SPF":")" + std::string(size_t{2} * 254, '0') + "\"}\n";
+    Command command;
+    command.write("input", lines);
+    EXPECT_EQ(command.run("--uap standard input 2>/dev/null | grep -c '^#'").out, "2\n");
+}
+
+TEST(Json, IsReadOnBehindWhatIsWrong) {
+    const std::string good = R"({"category":48,"I010":{"SAC":25,"SIC":12}})"
+                             "\n";
+    Command command;
+    command.write("input", good + "nonsense\n" + R"({"category":48,"I010":{"SAC":25)" + "\n" + good +
+                               "{\n\"category\":48,\n" + R"("I010":{"SAC":256,"SIC":1}})" + "\n" +
+                               R"({"time":"12:00","category":48})" + "\n" + good);
+    const Result result = command.run("--stats - < input");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_NE(result.out.find("all               3          0"), std::string::npos) << result.out;
+    EXPECT_EQ(result.err,
+              "astdump: standard input: line 2, character 1: is no JSON object\n"
+              "astdump: standard input: line 3, character 32: lacks a comma or a closing bracket\n"
+              "astdump: standard input: line 7, character 15: I010/SAC: does not fit its bits\n"
+              "astdump: standard input: line 8, character 9: time: is no time such as 2014-02-25T12:43:47Z\n"
+              "astdump: lost: 4 lines not read\n");
+}
+
+// ---- Compression ----
+
+TEST(Compressed, InputIsReadAsWhatIsInIt) {
+    Command command;
+    command.write("final", hex("0017 00 01 05 000064") + kSector + hex("A5A5A5A5"));
+    const std::string plain = command.run("--list final").out;
+    EXPECT_NE(plain, "");
+    for (const std::string packer : {"gzip", "zstd -q"}) {
+        const Result result = command.run("--list final; " + packer + " -c final > packed");
+        EXPECT_EQ(command.run("--list packed").out, plain) << packer;
+        EXPECT_EQ(command.run("--quiet final; cat packed | " ASTDUMP " --list -").out, plain) << packer;
+        EXPECT_NE(command.run("--stats packed").out.find("\nfinal, " + packer.substr(0, 4)), std::string::npos);
+    }
+}
+
+TEST(Compressed, InputIsKeptUpToItsDamage) {
+    Command command;
+    std::string sectors;
+    for (int i = 0; i < 100000; ++i) sectors += kSector;
+    command.write("plain", sectors);
+    for (const std::string packer : {"gzip", "zstd"}) {
+        const Result result =
+            command.run("--quiet plain; " + packer + " -c plain | head -c -4 | " ASTDUMP " --stats -");
+        EXPECT_EQ(result.status, 1);
+        EXPECT_NE(result.out.find("\n034  "), std::string::npos) << result.out;
+        EXPECT_EQ(result.err, "astdump: standard input: the " + packer +
+                                  " data end too early\nastdump: lost: 1 input not read to the end\n");
+    }
 }
 
 } // namespace

@@ -53,4 +53,29 @@ TEST(Page, SaysWhenItCannotBeWritten) {
     }
 }
 
+TEST(Page, IsNeverWrittenOverAnInput) {
+    Command command;
+    const std::string blocks = read_file(kSample);
+    command.write("input", blocks);
+    command.run("--quiet input; ln -s input soft; ln input hard");
+    for (const std::string page : {"input", "soft", "hard"})
+        for (const std::string file : {"input", "- < input"}) {
+            const Result result = command.run("--html " + page + " " + file);
+            EXPECT_EQ(result.status, 2);
+            EXPECT_EQ(result.err, "astdump: " + page + ": is an input, and not overwritten\n");
+            EXPECT_EQ(read_file(command.directory() + "/input"), blocks);
+        }
+}
+
+TEST(Page, TakesThePlaceOfAnOldOneOnlyWhenItIsWhole) {
+    Command command;
+    command.write("old", "old");
+    EXPECT_EQ(command.run("--quiet " + kSample + "; chmod 640 old; ln -s old page").status, 0);
+    EXPECT_EQ(command.run("--html page " + kSample + " missing").status, 2);
+    EXPECT_EQ(read_file(command.directory() + "/old"), "old");
+    EXPECT_EQ(command.run("--html page " + kSample + " && stat -c '%A %F' old page && ls").out,
+              "-rw-r----- regular file\nlrwxrwxrwx symbolic link\nold\npage\n");
+    EXPECT_NE(read_file(command.directory() + "/old").find("</html>"), std::string::npos);
+}
+
 } // namespace

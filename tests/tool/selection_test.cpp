@@ -10,13 +10,13 @@ const std::string kSample = SAMPLES "/radar.ast";
 
 const std::string kHeader = "Time          SAC/SIC  Cat  Octets  Type    Track  Squawk  Callsign  ICAO    Height ft  "
                             "Selected ft  Position               Speed kt  Heading              ft/min  Velocity m/s\n";
-const std::string kNorth = "-             -        034      14  -           -  -       -         -               -  "
+const std::string kNorth = "12:00:00.000  025/012  034      14  North       -  -       -         -               -  "
                            "          -  -                             -  -                         -  -\n";
 const std::string kRollCall = "12:00:01.500  025/012  048      47  Track     420  2345    DLH4AB    3C4A12      35000  "
                               "      35008  R:045.5000 T:120.00           -  -                         -  -\n";
 const std::string kPrimary = "12:00:01.750  025/012  048      25  Track      43  -       -         -               -  "
                              "          -  R:012.2500 T:300.00           -  -                         -  -\n";
-const std::string kSector = "-             -        034       8  -           -  -       -         -               -  "
+const std::string kSector = "12:00:01.000  025/012  034       8  Sector      -  -       -         -               -  "
                             "          -  -                             -  -                         -  -\n";
 
 TEST(List, ShowsTheSample) {
@@ -24,6 +24,19 @@ TEST(List, ShowsTheSample) {
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.out, kHeader + kNorth + kRollCall + kPrimary + kSector);
     EXPECT_EQ(result.err, "");
+}
+
+// Categories whose records have no accessors, each with its time in an item of another number.
+TEST(List, ShowsSourceTimeAndTypeByTheSharedItems) {
+    Command command;
+    command.write("b", hex("41 000A D0 190D 02 546040  17 000A D0 190D 03 546080  08 000B C180 190D FE 5460C0"
+                           "13 000A E0 190D 01 546100  3F 0009 A0 190D 546140"));
+    EXPECT_EQ(command.run("--list b | tail -n +2 | sed 's/  *- .*//' | tr -s ' '").out,
+              "12:00:00.500 025/013 065 7 End of Batch\n"
+              "12:00:01.000 025/013 023 7 Service statistics report\n"
+              "12:00:01.500 025/013 008 8 SOP\n"
+              "12:00:02.000 025/013 019 7 Start of Update Cycle\n"
+              "12:00:02.500 025/013 063 6\n");
 }
 
 TEST(List, NamesFilesAndFlags) {
@@ -47,8 +60,9 @@ TEST(Where, ChoosesRecords) {
         {"--where icao=3c4A12", kRollCall},
         {"--where track=43", kPrimary},
         {"--where fl=350", kRollCall},
-        {"--where sacsic=25012", kRollCall + kPrimary},
-        {"--where sacsic=25/12", kRollCall + kPrimary},
+        {"--where sacsic=25012", kNorth + kRollCall + kPrimary + kSector},
+        {"--where sacsic=25/12", kNorth + kRollCall + kPrimary + kSector},
+        {"--where type=sector", kSector},
         {"--where sacsic=25/13", ""},
         {"--where type=track", kRollCall + kPrimary},
         {"--where time=12:00:01.750", kPrimary},
@@ -59,6 +73,28 @@ TEST(Where, ChoosesRecords) {
         {"--where speed", ""},
         {"--where type=track --where callsign", kRollCall},
         {"--where track=43 --where squawk=2345", ""},
+        {"--where 'callsign=dlh*b'", kRollCall},
+        {"--where 'callsign!=D?H4AB'", ""},
+        {"--where 'track<420'", kPrimary},
+        {"--where 'fl>=350.25'", ""},
+        {"--where 'time>=12:00:01.5' --where 'time<12:00:01.75'", kRollCall},
+        {"--where I070/MODE3A=2345", kRollCall},
+        {"--where 'I070/MODE3A>2344' --where 'i070/mode3a<=2345'", kRollCall},
+        {"--where 'I090/FL>=350'", kRollCall},
+        {"--where 'I090/FL>350'", ""},
+        {"--where I140=12:00:01.75", kPrimary},
+        {"--where 'I030<=12:00:00'", kNorth},
+        {"--where 034/I010/SIC=12", kNorth + kSector},
+        {"--where 'I040/THETA=120'", kRollCall}, // 119.998, half a step of 360/65536 away at most
+        {"--where 'I040/THETA=120.01'", ""},
+        {"--where 'I240=DLH4AB*'", kRollCall},
+        {"--where 'I220=3c4a*'", kRollCall},
+        {"--where I240", kRollCall},
+        {"--where I000=1", kNorth},
+        {"--where 'I000=sector*'", kSector},
+        {"--where I250/MCP_ALT=35008", kRollCall},
+        {"--where 'I250[0]/MCP_ALT'", kRollCall},
+        {"--where 'I250[7]/MCP_ALT'", ""},
     };
     for (const auto &test : cases) {
         SCOPED_TRACE(test.conditions);
@@ -88,7 +124,10 @@ I048/140          1  Time of Day
 I048/161          1  Track Number
 I048/170          1  Track Status
 I048/200          1  Calculated Track Velocity in Ploar Co-ordinates
-)");
+
+Framing         File
+raw             )" +
+                  kSample + "\n");
 }
 
 TEST(Where, CountsOnlyBlocksThatAreShownAndReportsTheDamageOfOthers) {
@@ -108,13 +147,21 @@ TEST(Where, RefusesWhatCannotBe) {
         const char *complaint;
     } cases[] = {
         {"level=350", "'level' is none of sacsic, time, type, track, squawk, fl, selalt, callsign, icao, position, "
-                      "polar, speed, heading, velocity, vrate\n"},
+                      "polar, speed, heading, velocity, vrate, nor a path such as I070/MODE3A\n"},
         {"=350", "'' is none of sacsic"},
         {"squawk=7780", "'7780' is no value of squawk, which is octal digits"},
         {"icao=KLM1", "'KLM1' is no value of icao, which is hexadecimal digits"},
         {"fl=FL350", "'FL350' is no value of fl"},
         {"track=", "'' is no value of track"},
-        {"type=", "'' is no value of type\n"},
+        {"type=", "'' is no value of type"},
+        {"callsign\\>K", "'K' is no value of callsign, which is a word, to be compared by = and !="},
+        {"time=12:60", "'12:60' is no value of time"},
+        {"track!5", "'!5' does not begin with one of = != < <= > >="},
+        {"I070/MODE3X=1", "--where: 'I070/MODE3X' is a field of no category"},
+        {"048/I550", "'048/I550' is a field of no edition of that category"},
+        {"048/I070=1", "'048/I070' has no value of its own"},
+        {"I090/FL=high", "'high' is no value that I090/FL can be compared with"},
+        {"I070/MODE3A=7780", "'7780' is no value that"},
     };
     for (const auto &test : cases) {
         const Result result = Command().run("--where " + std::string(test.condition) + ' ' + kSample);

@@ -67,7 +67,10 @@ I062/220          1  Calculated Rate of Climb/Descent
 I062/290          1  System Track Update Ages
 I062/380          1  Aircraft Derived Data
 I062/390          1  Flight Plan Related Data
-)");
+
+Framing         File
+raw             )" +
+               kSample + "\n");
 }
 
 TEST(Tool, NumbersBlocksByTheirPlaceInTheFile) {

@@ -21,14 +21,14 @@ std::string category_text(uint32_t category) {
     return text;
 }
 
+} // namespace
+
 std::string framing_text(const Frame &frame, uint64_t available) {
     if (frame.framing == Framing::short_header) return counted(available, "octet") + ", too few for a block header";
     const std::string length = category_text(frame.category) + ": LEN is " + std::to_string(frame.length);
     if (frame.framing == Framing::short_length) return length + ", less than the block header";
     return length + ", but only " + counted(available, "octet") + " are left";
 }
-
-} // namespace
 
 void Damage::clear() {
     place = 0;
@@ -65,6 +65,12 @@ void Damage::skipped(uint64_t offset, uint64_t octets, std::string_view framing)
     report("offset " + std::to_string(offset) + ": " + counted(octets, "octet") + " that are no " +
                std::string(framing) + " frame; skipped",
            {.skipped = octets});
+}
+
+void Damage::line(uint64_t line, uint64_t character, std::string_view path, const char *what) {
+    std::string text = "line " + std::to_string(line) + ", character " + std::to_string(character) + ": ";
+    if (!path.empty()) text += printable(path) + ": ";
+    report(text + what, {.unread_lines = 1});
 }
 
 void Damage::block(const DecodedBlock &decoded) {

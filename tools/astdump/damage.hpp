@@ -17,6 +17,9 @@ struct Report {
     Losses losses;
 };
 
+// Why octets, of which so many are available, do not start a whole block.
+std::string framing_text(const Frame &frame, uint64_t available);
+
 class Damage {
 public:
     // Where the next report stands.
@@ -48,6 +51,9 @@ public:
 
     // Octets of a file that are no frame of its framing.
     void skipped(uint64_t offset, uint64_t octets, std::string_view framing);
+
+    // A line of an input that is no record; the path is that of what is wrong in it, if that is known.
+    void line(uint64_t line, uint64_t character, std::string_view path, const char *what);
 
     void block(const DecodedBlock &decoded);
 

@@ -2,21 +2,24 @@
 #pragma once
 
 #include <bitset>
-#include <optional>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "ast.h"
+#include "comparison.hpp"
+#include "field_path.hpp"
 
 namespace astdump {
 
-// What a record must hold: a quantity, of any value or of the one given.
+// What a record must hold: a quantity by its keyword or a published field, of any value or of those given.
 struct Condition {
-    uint32_t keyword;
-    std::optional<std::string> value;
+    std::variant<uint32_t, FieldPath> what;
+    Comparison comparison;
 };
 
-// "NAME" or "NAME=VALUE". Throws std::invalid_argument for an unknown name and for a value that none can have.
+// "NAME" or "NAME=VALUE", with any of the operators. Throws std::invalid_argument for an unknown name and for a value
+// that none can have.
 Condition read_condition(const std::string &text);
 
 using RecordSet = std::bitset<AST_DATABLOCK_MAX_RECORDS>;

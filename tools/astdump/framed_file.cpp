@@ -13,10 +13,11 @@ constexpr uint32_t kNanosecondsPerCentisecond = 10'000'000;
 
 // A line of text may go on behind the octets at hand, a frame of octets may not.
 Framed FramedFile::frame_at(Octets octets, uint64_t place) {
-    const Framed framed = kind_.find(octets.subspan(place), storage_);
-    if (kind_.is_text && framed.state == Framed::State::frame && !is_read_ && place + framed.octets == octets.size())
-        return incomplete_frame();
-    return framed;
+    const Octets rest = octets.subspan(place);
+    const bool may_go_on = kind_.is_text && !is_read_;
+    if (may_go_on && std::ranges::find(rest, uint8_t{'\n'}) == rest.end()) return incomplete_frame();
+    const Framed framed = kind_.find(rest, storage_);
+    return may_go_on && framed.octets == rest.size() ? incomplete_frame() : framed;
 }
 
 bool FramedFile::read(Chunk &chunk) {

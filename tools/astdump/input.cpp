@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "capture.hpp"
 #include "framed_file.hpp"
+#include "json_file.hpp"
 #include "raw_file.hpp"
 #include "split.hpp"
 #include "udp_source.hpp"
@@ -43,20 +45,26 @@ constexpr size_t kHeadOctets = size_t{64} * 1024;
 
 // Of a pipe or a file that grows, one block may be all that there is as yet; those are raw blocks unless it is said.
 const FramingKind *framing_of(OctetStream &stream) {
-    if (!stream.size()) return nullptr;
-    const Octets head = stream.peek(kHeadOctets);
-    return recognise_framing(head, head.size() == *stream.size());
+    if (!stream.is_at_rest()) return nullptr;
+    const Octets head = stream.peek(kHeadOctets + 1);
+    return recognise_framing(head.first(std::min(head.size(), kHeadOctets)), head.size() <= kHeadOctets);
 }
 
-// Tells captures by their magic numbers, and looks no further than these need.
-std::unique_ptr<Source> open_source(OctetStream &stream, const FramingKind *framing) {
+// Tells captures by their magic numbers, and looks no further than these need. Sets the name of what it has found.
+std::unique_ptr<Source> open_source(OctetStream &stream, const FramingKind *framing, std::string &name) {
     if (!framing) {
         Octets head = stream.peek(sizeof(Magic));
         if (has_magic(head, 0, kSectionHeader)) head = stream.peek(kByteOrderOffset + sizeof(Magic));
-        if (is_capture(head)) return std::make_unique<Capture>(stream);
-        framing = framing_of(stream);
+        if (is_capture(head)) {
+            name = has_magic(head, 0, kSectionHeader) ? "pcapng" : "pcap";
+            return std::make_unique<Capture>(stream);
+        }
+        framing = begins_json(stream) ? find_framing("json") : framing_of(stream);
     }
-    if (!framing || framing == find_framing("raw")) return std::make_unique<RawFile>(stream);
+    if (!framing) framing = find_framing("raw");
+    name = framing->name;
+    if (name == "raw") return std::make_unique<RawFile>(stream);
+    if (name == "json") return std::make_unique<JsonFile>(stream);
     return std::make_unique<FramedFile>(stream, *framing);
 }
 
@@ -65,16 +73,23 @@ std::unique_ptr<Source> open_source(OctetStream &stream, const FramingKind *fram
 Input::Input(const std::string &path, const std::string &interface, Waiting *waiting, bool follow,
              const FramingKind *framing) {
     if (const auto endpoint = read_udp_url(path)) {
+        framing_ = "udp";
         source_ = std::make_unique<UdpSource>(*endpoint, interface, *waiting);
         return;
     }
     stream_ = std::make_unique<OctetStream>(path, waiting, follow);
-    source_ = open_source(*stream_, framing);
+    stream_->take_off_compression();
+    source_ = open_source(*stream_, framing, framing_);
+    if (!stream_->compression().empty()) framing_.append(", ").append(stream_->compression());
 }
 
 bool Input::fill(Chunk &chunk) {
     chunk.clear();
-    const bool filled = source_->fill(chunk);
+    bool filled = !is_read_ && source_->fill(chunk);
+    if (!filled && !std::exchange(is_read_, true) && stream_ && !stream_->damage().empty()) {
+        chunk.damage().input(stream_->damage());
+        filled = true;
+    }
     chunk.first_number = next_number_;
     for (const Datagram &datagram : chunk.datagrams()) next_number_ += count_blocks(datagram.octets).count;
     chunk.end_number = next_number_;

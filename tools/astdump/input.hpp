@@ -33,12 +33,17 @@ public:
     // As a source does. The blocks of the chunk are numbered.
     bool fill(Chunk &chunk);
 
+    // How its blocks are wrapped, and how it is compressed: "raw", "pcap, gzip".
+    const std::string &framing() const { return framing_; }
+
     // Octets of the file, where that is known.
     std::optional<uint64_t> size() const { return stream_ ? stream_->size() : std::nullopt; }
 
 private:
     std::unique_ptr<OctetStream> stream_; // null for a socket
     std::unique_ptr<Source> source_;
+    std::string framing_;
+    bool is_read_ = false;
     uint64_t next_number_ = 1; // of a block
 };
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "shared_items.hpp"
+
 namespace astdump {
 
 namespace {
@@ -38,13 +40,14 @@ bool put_keyword(TextBuffer &out, const ast_datarecord_t &record, uint32_t keywo
     const size_t begin = out.size();
     out.put(first);
     out.trim(begin);
-    return out.size() > begin;
+    return out.size() > begin || put_shared_item(out, record, keyword);
 }
 
-std::string keyword_text(const ast_datarecord_t &record, uint32_t keyword) {
-    TextBuffer text;
+std::string_view keyword_text(const ast_datarecord_t &record, uint32_t keyword) {
+    thread_local TextBuffer text;
+    text.clear();
     put_keyword(text, record, keyword);
-    return std::string(text.text());
+    return text.text();
 }
 
 } // namespace astdump

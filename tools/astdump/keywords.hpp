@@ -17,8 +17,8 @@ std::optional<uint32_t> find_keyword(std::string_view name);
 // All names, "sacsic, time, ...".
 std::string keyword_names();
 
-// A record's value as text without blanks around it; empty when it has none.
-std::string keyword_text(const ast_datarecord_t &record, uint32_t keyword);
+// A record's value as text without blanks around it; empty when it has none. Good until the next call of the thread.
+std::string_view keyword_text(const ast_datarecord_t &record, uint32_t keyword);
 
 // Puts it, and returns whether there is one.
 bool put_keyword(TextBuffer &out, const ast_datarecord_t &record, uint32_t keyword);

@@ -11,6 +11,7 @@ Losses &Losses::operator+=(const Losses &other) {
     incomplete += other.incomplete;
     invalid += other.invalid;
     skipped += other.skipped;
+    unread_lines += other.unread_lines;
     unfinished += other.unfinished;
     return *this;
 }
@@ -27,6 +28,7 @@ std::string Losses::text() const {
         {incomplete, "datagram", "with missing fragments"},
         {invalid, "block", "invalid"},
         {skipped, "octet", "skipped"},
+        {unread_lines, "line", "not read"},
         {unfinished, "input", "not read to the end"},
     };
     std::string text;

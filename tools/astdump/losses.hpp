@@ -13,7 +13,8 @@ struct Losses {
     uint64_t incomplete = 0;  // datagrams with fragments missing
     uint64_t invalid = 0;     // blocks
     uint64_t skipped = 0;     // octets
-    uint64_t unfinished = 0;  // inputs that are not read to their end
+    uint64_t unread_lines = 0;
+    uint64_t unfinished = 0; // inputs that are not read to their end
 
     Losses &operator+=(const Losses &other);
     bool operator==(const Losses &other) const = default;

@@ -6,12 +6,15 @@
 #include <exception>
 #include <unistd.h>
 
+#include "csv.hpp"
+#include "json_lines.hpp"
 #include "listing.hpp"
 #include "options.hpp"
 #include "page.hpp"
 #include "record_list.hpp"
 #include "run.hpp"
 #include "stats.hpp"
+#include "write_file.hpp"
 
 namespace {
 
@@ -21,24 +24,35 @@ bool use_color(const Options &options, std::FILE *file) {
     return options.color == "always" || (options.color == "auto" && is_terminal(file));
 }
 
+JsonForm json_form(const Options &options) {
+    return {.texts = options.texts, .name_files = options.files.size() > 1, .remainders = options.where.empty()};
+}
+
 Sinks make_sinks(const Options &options, Output &out) {
     Sinks sinks;
     const bool color = use_color(options, stdout);
     if (options.stats)
         sinks.push_back(std::make_unique<Stats>(out, color));
+    else if (options.json)
+        sinks.push_back(std::make_unique<JsonLines>(out, json_form(options)));
+    else if (!options.csv.empty())
+        sinks.push_back(std::make_unique<Csv>(out, options.csv, options.files.size() > 1));
     else if (options.list)
         sinks.push_back(std::make_unique<RecordList>(out, color, options.files.size() > 1));
-    else if (!options.quiet && options.html.empty())
+    else if (!options.quiet && options.html.empty() && options.write.empty())
         sinks.push_back(std::make_unique<Listing>(
             out, Listing::Form{columns(stdout), color, options.files.size() > 1, options.detail}));
-    if (options.follow && !options.stats) sinks.push_back(std::make_unique<Stats>(out, color));
-    if (!options.html.empty()) sinks.push_back(std::make_unique<Page>(options.html));
+    if (options.follow && !options.stats && !options.json && options.csv.empty())
+        sinks.push_back(std::make_unique<Stats>(out, color));
+    if (!options.html.empty()) sinks.push_back(std::make_unique<Page>(options.html, options.files));
+    if (!options.write.empty())
+        sinks.push_back(std::make_unique<WriteFile>(options.write, options.files, json_form(options)));
     return sinks;
 }
 
 // A listing on a terminal shows by itself how far the work has got.
 bool wants_progress(const Options &options) {
-    return options.quiet || options.stats || !options.html.empty() || !is_terminal(stdout);
+    return options.quiet || options.stats || !options.html.empty() || !options.write.empty() || !is_terminal(stdout);
 }
 
 // A reader that has seen enough is no fault.

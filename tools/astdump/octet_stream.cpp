@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
+#include <utility>
 
 namespace astdump {
 
@@ -22,7 +23,8 @@ OctetStream::OctetStream(const std::string &path, Waiting *waiting, bool follow)
     struct stat status {};
     if (::fstat(descriptor_, &status) != 0 || !S_ISREG(status.st_mode)) return;
     grows_ = waiting_ && follow;
-    if (!grows_) size_ = static_cast<uint64_t>(status.st_size);
+    is_at_rest_ = !grows_;
+    if (is_at_rest_) size_ = static_cast<uint64_t>(status.st_size);
 }
 
 OctetStream::~OctetStream() {
@@ -41,11 +43,49 @@ size_t OctetStream::read_file(uint8_t *buffer, size_t count) {
     }
 }
 
+void OctetStream::take_off_compression() {
+    compression_ = find_compression(peek(kCompressionMagicOctets));
+    if (!compression_) return;
+    packed_ = std::move(peeked_);
+    peeked_.clear();
+    size_.reset();
+    is_at_rest_ = !grows_; // what is compressed has been recorded before, also where it comes through a pipe
+}
+
+size_t OctetStream::read_plain(uint8_t *buffer, size_t count) {
+    if (!compression_) return read_file(buffer, count);
+    const auto end = [&](std::string what) {
+        damage_ = "the " + std::string(compression_->name()) + " data " + std::move(what);
+        return size_t{0};
+    };
+    while (damage_.empty()) {
+        const Octets packed = Octets(packed_).subspan(packed_begin_);
+        const Compression::Step step = compression_->unpack(packed, {buffer, count});
+        packed_begin_ += step.taken;
+        if (step.given != 0) return step.given;
+        if (step.error) return end(std::string("are damaged: ") + step.error);
+        if (step.taken != 0 || read_packed()) continue;
+        return compression_->is_whole() || cut_off() ? 0 : end("end too early");
+    }
+    return 0;
+}
+
+bool OctetStream::read_packed() {
+    constexpr size_t kOctetsAtATime = size_t{64} * 1024;
+    packed_.erase(packed_.begin(), packed_.begin() + static_cast<std::ptrdiff_t>(packed_begin_));
+    packed_begin_ = 0;
+    const size_t had = packed_.size();
+    packed_.resize(had + kOctetsAtATime);
+    const size_t count = read_file(packed_.data() + had, kOctetsAtATime);
+    packed_.resize(had + count);
+    return count != 0;
+}
+
 Octets OctetStream::peek(size_t count) {
     while (peeked_.size() < count) {
         const size_t had = peeked_.size();
         peeked_.resize(count);
-        const size_t got = read_file(peeked_.data() + had, count - had);
+        const size_t got = read_plain(peeked_.data() + had, count - had);
         peeked_.resize(had + got);
         if (got == 0) break;
     }
@@ -58,7 +98,7 @@ void OctetStream::put_back(Octets octets) {
 }
 
 bool OctetStream::is_ready() const {
-    if (!peeked_.empty()) return true;
+    if (!peeked_.empty() || packed_begin_ < packed_.size()) return true;
     pollfd file{.fd = descriptor_, .events = POLLIN, .revents = 0};
     return !grows_ && ::poll(&file, 1, 0) == 1;
 }
@@ -69,7 +109,7 @@ size_t OctetStream::read(uint8_t *buffer, size_t count) {
         std::copy_n(peeked_.begin(), got, buffer);
         peeked_.erase(peeked_.begin(), peeked_.begin() + static_cast<std::ptrdiff_t>(got));
     } else {
-        got = read_file(buffer, count);
+        got = read_plain(buffer, count);
     }
     consumed_ += got;
     return got;

@@ -1,10 +1,12 @@
 // A file or standard input as a stream whose first octets can be looked at before they are read.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "compression.hpp"
 #include "datagram.hpp"
 #include "waiting.hpp"
 
@@ -18,6 +20,14 @@ public:
     ~OctetStream();
     OctetStream(const OctetStream &) = delete;
     OctetStream &operator=(const OctetStream &) = delete;
+
+    // From now on the octets are those that are packed in the file, if it is compressed; they end where its data are
+    // damaged. To be called before anything is read.
+    void take_off_compression();
+
+    // How the file is compressed, "" if it is not; and what is wrong with that, "" if nothing is.
+    std::string_view compression() const { return compression_ ? compression_->name() : std::string_view(); }
+    const std::string &damage() const { return damage_; }
 
     // The next octets, at most `count`, fewer only at the end. Throws std::system_error.
     Octets peek(size_t count);
@@ -36,18 +46,28 @@ public:
     // Whether the end came because the user wanted it.
     bool cut_off() const { return waiting_ && waiting_->ended(); }
 
-    // The size of a regular file; nothing for a pipe or a terminal, nor for a file that may grow.
+    // Whether it has been recorded before, so that there is no need to wait for any of it.
+    bool is_at_rest() const { return is_at_rest_; }
+
+    // The octets of such a file, where they are known.
     std::optional<uint64_t> size() const { return size_; }
 
 private:
     size_t read_file(uint8_t *buffer, size_t count);
+    size_t read_plain(uint8_t *buffer, size_t count);
+    bool read_packed();
 
     int descriptor_;
     Waiting *waiting_;
     bool grows_ = false;
+    bool is_at_rest_ = false;
     std::vector<uint8_t> peeked_;
     uint64_t consumed_ = 0;
     std::optional<uint64_t> size_;
+    std::unique_ptr<Compression> compression_; // null for none
+    std::vector<uint8_t> packed_;              // read but not taken, from `packed_begin_` on
+    size_t packed_begin_ = 0;
+    std::string damage_;
 };
 
 } // namespace astdump

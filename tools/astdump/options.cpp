@@ -7,8 +7,10 @@
 #include <string_view>
 #include <thread>
 
+#include "convert.hpp"
 #include "numbers.hpp"
 #include "udp_source.hpp"
+#include "write_file.hpp"
 
 namespace astdump {
 
@@ -16,7 +18,8 @@ namespace {
 
 constexpr const char *kExamples =
     R"(Captures may be pcap or pcapng, of Ethernet with or without VLAN tags, Linux cooked, loopback or raw IP, with UDP
-over IPv4 or IPv6; any other file is read as blocks one after the other. The kind is told by content.
+over IPv4 or IPv6; any other file holds blocks, one after the other or as a recorder has wrapped them, or records as
+JSON, an object a line. All of them may be compressed by gzip or zstd. The kind is told by content.
 
 Each item is listed with its type, name, size in octets, summary where there is one, and octets in hexadecimal. Lines
 are laid out for the width of the terminal, or for 120 columns elsewhere: long octets go on in their column, and a long
@@ -27,7 +30,9 @@ managair. A block for which a profile has nothing of its own is read by the stan
 
 --where knows the names of the columns of --list: sacsic (25/12), time, type, track, squawk (octal), fl (350),
 selalt, callsign, icao (hexadecimal), position, polar, speed, heading, velocity, vrate. Those without a hint are
-compared with the text that --list shows. Blocks without a record that is asked for are left out.
+compared with the text that --list shows, * and ? standing for any characters. It knows every published field, too, by
+its path (I070/MODE3A, 048/I070/MODE3A, I250/MCP_ALT), in published units, and items (I240). Operators are = != < <= >
+>=. Blocks without a record that is asked for are left out.
 
 Exit status: 0 when all is well, 1 when a block or the input is damaged, 2 for a mistake on the command line or a file
 that cannot be read.
@@ -41,8 +46,14 @@ Examples:
   astdump --quiet *.ast || echo damaged      check files in a script
   astdump --uap cat021-2.1 adsb.pcap         read category 021 as edition 2.1
   astdump --list recording.pcap | less -S    one line per record
+  astdump --json recording.pcap | jq .I140   every value of every record, a line of JSON each
+  astdump a.pcap --where track=42 --write b.pcap
+                                             the reports of one track as a capture of their own
+  astdump a.pcap --convert 1,2 --write b.pcap
+                                             a recording of a modern radar for an old display
   astdump --list --where squawk=7700 a.pcap  who is in distress
   astdump --where track --where fl=350 a.pcap tracks at flight level 350
+  astdump --where 'I070/MODE3A>=7500' a.pcap  by a published field
   astdump --list udp://239.1.1.1:8600        join a multicast group and list what comes
   astdump --follow --quiet growing.pcap      watch a recording for damage while it is made
   tcpdump -i eth0 -w - udp | astdump -       look at live traffic of any kind)";
@@ -74,9 +85,25 @@ struct Texts {
     std::string framing = "auto";
     std::string categories = "0-255";
     std::vector<std::string> conditions;
+    std::string convert;
+    std::optional<std::string> csv; // its columns
 };
 
 constexpr size_t kMaxJobs = 256;
+constexpr const char *kUsualColumns = "-";
+
+// The parser takes whatever stands behind --csv for its columns; what is none, such as a file, is set apart from it.
+// Last first, as the parser wants them.
+std::vector<std::string> arguments(int argc, char **argv) {
+    std::vector<std::string> arguments;
+    for (int i = 1; i < argc; ++i) {
+        arguments.emplace_back(argv[i]);
+        const bool has_columns = i + 1 < argc && is_csv_columns(argv[i + 1]);
+        if (arguments.back() == "--csv" && !has_columns) arguments.emplace_back(kUsualColumns);
+    }
+    std::ranges::reverse(arguments);
+    return arguments;
+}
 
 void describe_live(CLI::App &app, Options &options) {
     app.add_flag("--follow", options.follow, "Wait for more at the end; SIGINT (Ctrl-C) ends it and shows --stats");
@@ -93,9 +120,10 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_option("--uap", texts.profile, "Profile to decode with, see below; auto, if not given, tries them")
         ->check(CLI::IsMember(profile_names()).description(""))
         ->type_name("NAME");
-    app.add_option("--framing", texts.framing,
-                   "How the blocks of a file are wrapped: raw, final, gps, oradis, hdlc, mac-llc or hex; auto, if not "
-                   "given, finds out")
+    app.add_option(
+           "--framing", texts.framing,
+           "How the blocks of a file are wrapped: raw, final, gps, oradis, hdlc, mac-llc, hex or json; auto, if not "
+           "given, finds out")
         ->check(CLI::IsMember(framing_names()).description(""))
         ->type_name("NAME");
     app.add_option("--category", texts.categories, "Categories to show, such as 34,48 or 1-21")
@@ -104,7 +132,7 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
         })
         ->type_name("LIST");
     app.add_option("--where", texts.conditions,
-                   "Show only records with NAME, or with that VALUE for it; repeated, all must hold")
+                   "Show only records with NAME, or that VALUE (= != < <= > >=) for it; repeated, all must hold")
         ->take_all()
         ->allow_extra_args(false)
         ->type_name("NAME[=VALUE]");
@@ -112,7 +140,16 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_flag("--detail", options.detail, "Below each item of the listing, the value of every field");
     app.add_option("--html", options.html, "Instead of the listing, write a page for web browsers")->type_name("PAGE");
     app.add_flag("--list", options.list, "A line per record with the common quantities in columns");
+    app.add_flag("--json", options.json, "Instead of the listing, a line of JSON per record with all its values");
+    app.add_flag("--texts", options.texts, "In JSON, codes with their texts");
+    app.add_option("--csv", texts.csv, "A line per record as comma-separated values: the columns of --list, or PATHS")
+        ->type_name("[PATHS]");
     app.add_flag("--stats", options.stats, "Instead of the listing, count by category and by item");
+    app.add_option("--convert", texts.convert,
+                   "Turn records into those of categories that say the same: 1 from 48, 2 from 34, and back")
+        ->type_name("LIST");
+    app.add_option("--write", options.write, "Write what is chosen to a .pcap, .ast or .json file instead")
+        ->type_name("NEWFILE");
     app.add_flag("--quiet", options.quiet, "No listing, only reports of damage");
     app.add_option("--jobs", options.jobs,
                    "Threads, as many as there are processors if not given; the output is the same")
@@ -131,6 +168,9 @@ void complete(Options &options, const Texts &texts) {
     options.framing = find_framing(texts.framing);
     options.categories = *read_categories(texts.categories);
     for (const std::string &condition : texts.conditions) options.where.push_back(read_condition(condition));
+    if (!texts.convert.empty()) options.convert = read_convert_targets(texts.convert);
+    if (!options.write.empty()) file_kind(options.write);
+    if (texts.csv) options.csv = read_csv_columns(*texts.csv == kUsualColumns ? "" : *texts.csv);
     const bool live =
         std::ranges::any_of(options.files, [](const auto &file) { return read_udp_url(file).has_value(); });
     options.follow = options.follow || live;
@@ -165,7 +205,7 @@ CommandLine read_command_line(int argc, char **argv) {
     Texts texts;
     describe(app, options, texts);
     try {
-        app.parse(argc, argv);
+        app.parse(arguments(argc, argv));
         complete(options, texts);
     } catch (const CLI::ParseError &error) {
         return {.status = app.exit(error) == 0 ? kExitClean : kExitUnusable};

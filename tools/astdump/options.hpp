@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "csv.hpp"
 #include "filter.hpp"
 #include "framing/framing.hpp"
 #include "profiles.hpp"
@@ -20,13 +21,18 @@ struct Options {
     const ast_uap_info_t *profile = nullptr; // null: chosen for each block
     const FramingKind *framing = nullptr;    // of files; null: found out
     CategorySet categories;                  // to be shown
+    CategorySet convert;                     // to these, what converts to them
     std::vector<Condition> where;            // that records must meet to be shown
     std::optional<uint64_t> count;           // of blocks to be shown
     bool follow = false;                     // wait for more at the end
     std::string interface;                   // to listen on; empty for the system's choice
     bool list = false;
-    bool detail = false; // in the listing
-    std::string html;    // the page to write; empty for none
+    bool json = false;
+    bool texts = false;         // of codes, in JSON
+    std::vector<CsvColumn> csv; // none: no comma-separated values
+    bool detail = false;        // in the listing
+    std::string html;           // the page to write; empty for none
+    std::string write;          // the file of what is chosen; empty for none
     bool stats = false;
     bool quiet = false;
     std::string color = "auto";

@@ -1,12 +1,7 @@
 #include "page.hpp"
 
-#include <cerrno>
 #include <cinttypes>
 #include <cstdio>
-#include <cstring>
-#include <fcntl.h>
-#include <stdexcept>
-#include <unistd.h>
 
 #include "markup.hpp"
 #include "page_chunk.hpp"
@@ -16,8 +11,6 @@
 namespace astdump {
 
 namespace {
-
-constexpr mode_t kMode = 0666; // less what the user's mask takes away
 
 std::string category_text(uint32_t category) {
     char text[8];
@@ -34,19 +27,13 @@ std::string totals_row(const std::string &title, const Counts &counts) {
 
 } // namespace
 
-Page::Page(const std::string &path)
-    : path_(path),
-      descriptor_(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, kMode)),
-      out_(descriptor_) {
-    if (descriptor_ < 0) fail(errno);
-    write(page_head());
+Page::Page(const std::string &path, std::span<const std::string> inputs) : path_(path), file_(path, inputs) {
+    file_.write(page_head());
 }
-
-Page::~Page() { ::close(descriptor_); }
 
 std::unique_ptr<Renderer> Page::renderer() const { return std::make_unique<PageChunk>(); }
 
-void Page::file(const std::string &name) { write("<h2>" + escape(name) + "</h2>\n"); }
+void Page::file(const std::string &name) { file_.write("<h2>" + escape(name) + "</h2>\n"); }
 
 void Page::count(const Tally &tally) {
     for (const auto &[category, counts] : tally.categories) counts_[category] += counts;
@@ -54,36 +41,36 @@ void Page::count(const Tally &tally) {
 
 void Page::finish(uint64_t octets_read) {
     totals();
+    file_.replace();
     tell_size(octets_read);
 }
 
+void Page::give_up() {
+    clear_line();
+    std::fprintf(stderr, "astdump: %s: not written\n", path_.c_str());
+}
+
 void Page::totals() {
-    write("</main>\n<header><h1>ASTERIX recording</h1>\n<table class=\"totals\">\n<tr><th scope=\"col\">Category</th>"
-          "<th scope=\"col\">Blocks</th><th scope=\"col\">Records</th><th scope=\"col\">Items</th>"
-          "<th scope=\"col\">Octets</th><th scope=\"col\">Damaged</th></tr>\n");
+    file_.write(
+        "</main>\n<header><h1>ASTERIX recording</h1>\n<table class=\"totals\">\n<tr><th scope=\"col\">Category</th>"
+        "<th scope=\"col\">Blocks</th><th scope=\"col\">Records</th><th scope=\"col\">Items</th>"
+        "<th scope=\"col\">Octets</th><th scope=\"col\">Damaged</th></tr>\n");
     Counts total;
     for (uint32_t category = 0; category < counts_.size(); ++category) {
         if (counts_[category].blocks == 0) continue;
-        write(totals_row(category_text(category), counts_[category]));
+        file_.write(totals_row(category_text(category), counts_[category]));
         total += counts_[category];
     }
-    write(totals_row("all", total) + "</table></header>\n</body></html>\n");
+    file_.write(totals_row("all", total) + "</table></header>\n</body></html>\n");
 }
 
 void Page::tell_size(uint64_t octets_read) const {
     clear_line();
-    std::fprintf(stderr, "astdump: %s: a page of %" PRIu64 " octets", path_.c_str(), out_.written());
+    std::fprintf(stderr, "astdump: %s: a page of %" PRIu64 " octets", path_.c_str(), file_.written());
     if (octets_read != 0)
         std::fprintf(stderr, ", %.1f times the recording",
-                     static_cast<double>(out_.written()) / static_cast<double>(octets_read));
+                     static_cast<double>(file_.written()) / static_cast<double>(octets_read));
     std::fputc('\n', stderr);
 }
-
-void Page::write(std::string_view html) {
-    out_.write(html);
-    if (out_.error() != 0) fail(out_.error());
-}
-
-void Page::fail(int error) const { throw std::runtime_error(path_ + ": " + std::strerror(error)); }
 
 } // namespace astdump

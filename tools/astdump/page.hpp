@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "output.hpp"
+#include "output_file.hpp"
 #include "sink.hpp"
 
 namespace astdump {
@@ -14,31 +14,28 @@ namespace astdump {
 // page are packed until they are opened, so that a browser holds the pages of long recordings.
 class Page : public Sink {
 public:
-    // Throws std::runtime_error when the file cannot be written, as do the others.
-    explicit Page(const std::string &path);
-    ~Page() override;
-    Page(const Page &) = delete;
-    Page &operator=(const Page &) = delete;
+    // Throws std::runtime_error when the file cannot be written, as do the others, or is one of the inputs.
+    Page(const std::string &path, std::span<const std::string> inputs);
 
     std::unique_ptr<Renderer> renderer() const override;
     size_t chunk_octets() const override { return size_t{48} * 1024; }
     bool counts() const override { return true; }
     void file(const std::string &name) override;
-    void take(std::string_view rendered) override { write(rendered); }
+    void take(std::string_view rendered) override { file_.write(rendered); }
     void count(const Tally &tally) override;
 
-    // Says on standard error how large the page has become.
+    // Puts the page in place, and says on standard error how large it has become.
     void finish(uint64_t octets_read) override;
 
+    // Leaves what was there before, and says so.
+    void give_up() override;
+
 private:
-    void write(std::string_view html);
     void totals();
     void tell_size(uint64_t octets_read) const;
-    [[noreturn]] void fail(int error) const;
 
     std::string path_;
-    int descriptor_;
-    Output out_;
+    OutputFile file_;
     std::array<Counts, 256> counts_{}; // by category
 };
 

@@ -5,6 +5,8 @@
 #include <system_error>
 #include <utility>
 
+#include "text.hpp"
+
 namespace astdump {
 
 namespace {
@@ -50,7 +52,15 @@ int Run::files() {
         input_.reset();
     }
     clear_line();
-    for (const auto &sink : sinks_) sink->finish(octets_read_);
+    const bool is_cut = unreadable_ || out_.error() != 0;
+    for (const auto &sink : sinks_)
+        if (is_cut)
+            sink->give_up();
+        else
+            sink->finish(octets_read_);
+    if (unconverted_ != 0)
+        std::fprintf(stderr, "astdump: %s that cannot be converted left out\n",
+                     counted(unconverted_, "record").c_str());
     damage_.summary();
     if (unreadable_) return kExitUnusable;
     return damage_.any() ? kExitDamaged : kExitClean;
@@ -60,7 +70,10 @@ void Run::file(const std::string &path, Pipeline &pipeline) {
     name_ = path == "-" ? "standard input" : path;
     damage_.set_file(name_);
     input_.emplace(path, options_.interface, waiting_, options_.follow, options_.framing);
-    for (const auto &sink : sinks_) sink->file(name_);
+    for (const auto &sink : sinks_) {
+        sink->file(name_);
+        sink->framing(input_->framing());
+    }
     consumed_ = 0;
     if (!done()) pipeline.run();
     octets_read_ += consumed_;
@@ -81,6 +94,7 @@ bool Run::write(Job &job, size_t number) {
         expected_ = rendered.profile_after;
     }
     profile_ = rendered.profile_after;
+    unconverted_ += rendered.unconverted;
     shown_ += rendered.shown;
     size_t taken = 0;
     for (const Report &report : rendered.damage.reports()) {

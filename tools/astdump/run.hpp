@@ -38,6 +38,7 @@ private:
     Waiting *waiting_;
     std::vector<std::optional<Worker>> workers_; // made when their threads have something to do
     uint64_t shown_ = 0;                         // blocks
+    uint64_t unconverted_ = 0;                   // records
     uint64_t octets_read_ = 0;                   // of the files before this one
     bool unreadable_ = false;
 

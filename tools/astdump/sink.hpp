@@ -17,6 +17,9 @@ public:
 
     virtual void block(const DecodedBlock &decoded, TextBuffer &out) = 0;
 
+    // Octets of a datagram, from `offset` on, that do not start a whole block.
+    virtual void no_block(const Datagram &, uint64_t, const std::string &, TextBuffer &) {}
+
     // No block follows in this chunk.
     virtual void end(TextBuffer &) {}
 };
@@ -35,6 +38,9 @@ public:
     // The blocks that follow come from this file.
     virtual void file(const std::string &name) = 0;
 
+    // How the blocks of this file are wrapped, and how it is compressed, if it is.
+    virtual void framing(const std::string &) {}
+
     // Whether it has use for what is counted.
     virtual bool counts() const { return false; }
 
@@ -44,6 +50,9 @@ public:
 
     // No block follows; so many octets have been read.
     virtual void finish(uint64_t octets_read) = 0;
+
+    // The same where an input could not be read, or not all be written: a file that is written stays as it was before.
+    virtual void give_up() { finish(0); }
 };
 
 } // namespace astdump

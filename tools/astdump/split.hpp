@@ -29,6 +29,9 @@ inline Frame frame_block(Octets octets) {
     return {length <= octets.size() ? Framing::block : Framing::past_end, octets[0], length};
 }
 
+// Writes the LEN of a block, which counts its header.
+void set_block_length(std::span<uint8_t> block);
+
 // The whole blocks at the start of the octets.
 struct Blocks {
     uint64_t count;

@@ -2,6 +2,8 @@
 
 #include <cstdio>
 
+#include "text.hpp"
+
 namespace astdump {
 
 void Stats::count(const Tally &tally) {
@@ -12,6 +14,7 @@ void Stats::count(const Tally &tally) {
 void Stats::finish(uint64_t) {
     categories();
     items();
+    files();
     out_.write(text_.text());
 }
 
@@ -19,8 +22,7 @@ void Stats::categories() {
     char heading[80];
     std::snprintf(heading, sizeof heading, "%-8s %10s %10s %10s %12s %14s", "Category", "Blocks", "Invalid", "Records",
                   "Items", "Octets");
-    for (const char *const piece : {style_.on(Color::heading), static_cast<const char *>(heading), style_.off(), "\n"})
-        text_.put(piece);
+    headline(heading);
     Counts total;
     for (unsigned category = 0; category < counts_.size(); ++category) {
         if (counts_[category].blocks == 0) continue;
@@ -54,12 +56,31 @@ void Stats::items() {
     bool is_headed = false;
     items_.each([&](ast_dataitem_type_t type, uint64_t count) {
         if (count == 0) return;
-        if (!std::exchange(is_headed, true))
-            for (const char *const piece :
-                 {"\n", style_.on(Color::heading), "Item          Count  Name", style_.off(), "\n"})
-                text_.put(piece);
+        if (!std::exchange(is_headed, true)) {
+            text_.put('\n');
+            headline("Item          Count  Name");
+        }
         item(type, count);
     });
+}
+
+void Stats::files() {
+    if (files_.empty()) return;
+    text_.put('\n');
+    headline("Framing         File");
+    for (const File &file : files_) {
+        text_.left(file.framing, 14);
+        text_.put("  ");
+        put_printable(text_, file.name);
+        text_.put('\n');
+    }
+}
+
+void Stats::headline(std::string_view text) {
+    text_.put(style_.on(Color::heading));
+    text_.put(text);
+    text_.put(style_.off());
+    text_.put('\n');
 }
 
 void Stats::item(ast_dataitem_type_t type, uint64_t count) {

@@ -14,7 +14,8 @@ public:
     std::unique_ptr<Renderer> renderer() const override { return nullptr; }
     size_t chunk_octets() const override { return size_t{256} * 1024; }
     bool counts() const override { return true; }
-    void file(const std::string &) override {}
+    void file(const std::string &name) override { files_.push_back({name, {}}); }
+    void framing(const std::string &name) override { files_.back().framing = name; }
     void take(std::string_view) override {}
     void count(const Tally &tally) override;
     void finish(uint64_t octets_read) override;
@@ -23,6 +24,8 @@ private:
     void categories();
     void row(const char *title, const Counts &counts);
     void items();
+    void files();
+    void headline(std::string_view text);
     void item(ast_dataitem_type_t type, uint64_t count);
 
     Output &out_;
@@ -30,6 +33,11 @@ private:
     TextBuffer text_;
     std::array<Counts, 256> counts_{}; // by category
     ByType<uint64_t> items_;
+    struct File {
+        std::string name;
+        std::string framing;
+    };
+    std::vector<File> files_;
 };
 
 } // namespace astdump

@@ -52,6 +52,8 @@ void put_ipv6(TextBuffer &out, const Address &address) {
     out.put(']');
 }
 
+} // namespace
+
 void put_endpoint(TextBuffer &out, const Endpoint &endpoint) {
     if (endpoint.address.is_ipv6)
         put_ipv6(out, endpoint.address);
@@ -60,8 +62,6 @@ void put_endpoint(TextBuffer &out, const Endpoint &endpoint) {
     out.put(':');
     out.number(endpoint.port);
 }
-
-} // namespace
 
 void put_route(TextBuffer &out, const Endpoints &endpoints) {
     put_endpoint(out, endpoints.source);

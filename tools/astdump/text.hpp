@@ -14,6 +14,9 @@ std::string counted(uint64_t count, const char *noun);
 // "2024-05-06 07:08:09.000012", in UTC.
 void put_time(TextBuffer &out, const Time &time);
 
+// "10.0.0.1:4000", "[2001:db8::1]:4000".
+void put_endpoint(TextBuffer &out, const Endpoint &endpoint);
+
 // "10.0.0.1:4000 > 239.1.1.1:8600", "[2001:db8::1]:4000 > [ff02::1]:8600".
 void put_route(TextBuffer &out, const Endpoints &endpoints);
 

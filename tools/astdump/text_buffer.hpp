@@ -54,6 +54,9 @@ public:
     void hex(Octets octets);
     void hex_digits(Octets octets);
 
+    // Takes off what stands behind a size.
+    void cut(size_t size) { size_ = std::min(size_, size); }
+
     // Takes the blanks off the end, down to a size.
     void trim(size_t least) {
         while (size_ > least && characters_[size_ - 1] == ' ') --size_;

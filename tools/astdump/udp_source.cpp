@@ -11,8 +11,8 @@
 #include <stdexcept>
 #include <system_error>
 
+#include "endpoint.hpp"
 #include "network_interface.hpp"
-#include "numbers.hpp"
 #include "waiting.hpp"
 
 namespace astdump {
@@ -47,17 +47,6 @@ void bind_to_device(udp::socket &socket, unsigned interface) {
     set_option(socket, SOL_SOCKET, SO_BINDTODEVICE, name);
 }
 
-Endpoint to_endpoint(const udp::endpoint &endpoint) {
-    Endpoint to{.address = {.is_ipv6 = endpoint.address().is_v6()}, .port = endpoint.port()};
-    if (to.address.is_ipv6) {
-        std::ranges::copy(endpoint.address().to_v6().to_bytes(), to.address.octets.begin());
-        to.address.scope = static_cast<uint32_t>(endpoint.address().to_v6().scope_id());
-    } else {
-        std::ranges::copy(endpoint.address().to_v4().to_bytes(), to.address.octets.begin());
-    }
-    return to;
-}
-
 Time now() {
     using namespace std::chrono;
     const auto since_1970 = system_clock::now().time_since_epoch();
@@ -70,16 +59,10 @@ Time now() {
 std::optional<udp::endpoint> read_udp_url(const std::string &text) {
     if (!text.starts_with(kScheme)) return std::nullopt;
     const std::string rest = text.substr(kScheme.size());
-    const size_t colon = std::min(rest.rfind(':'), rest.size());
-    std::string host = rest.substr(0, colon);
-    const bool bracketed = host.starts_with('[') && host.ends_with(']');
-    if (bracketed) host = host.substr(1, host.size() - 2);
-    const auto port = read_number<uint16_t>(std::string_view(rest).substr(std::min(colon + 1, rest.size())));
-    std::error_code no_address;
-    const auto address = asio::ip::make_address(host, no_address);
-    if (no_address || !port || address.is_v6() != bracketed)
+    const auto endpoint = read_endpoint(rest);
+    if (!endpoint)
         throw std::invalid_argument('\'' + text + "' is neither udp://ADDRESS:PORT nor udp://[ADDRESS]:PORT");
-    return udp::endpoint(address, *port);
+    return endpoint;
 }
 
 UdpSource::UdpSource(udp::endpoint endpoint, const std::string &interface, Waiting &waiting)

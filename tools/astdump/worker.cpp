@@ -4,7 +4,8 @@
 
 namespace astdump {
 
-Worker::Worker(const Options &options, const Sinks &sinks) : options_(options), decoder_(options.profile) {
+Worker::Worker(const Options &options, const Sinks &sinks)
+    : options_(options), decoder_(options.profile), converter_(options.convert) {
     for (const auto &sink : sinks) {
         renderers_.push_back(sink->renderer());
         counts_ = counts_ || sink->counts();
@@ -16,6 +17,7 @@ void Worker::render(const Chunk &chunk, const ast_uap_t *profile, uint64_t most,
     for (TextBuffer &text : rendered.texts) text.clear();
     rendered.damage.clear();
     rendered.shown = 0;
+    rendered.unconverted = 0;
     rendered.profile_before = profile;
     decoder_.set_current(profile);
     number_ = chunk.first_number;
@@ -37,26 +39,42 @@ void Worker::datagram(const Datagram &datagram, uint64_t most, Rendered &rendere
     for (uint64_t offset = 0; offset < datagram.octets.size() && rendered.shown < most;) {
         const Octets rest = datagram.octets.subspan(offset);
         const Frame frame = frame_block(rest);
-        if (frame.framing != Framing::block) return rendered.damage.framing(datagram, offset, frame);
+        if (frame.framing != Framing::block) return no_block(datagram, offset, frame, rendered);
         if (options_.categories.test(frame.category)) block(datagram, offset, rest.first(frame.length), rendered);
         ++number_;
         offset += frame.length;
     }
 }
 
+// Octets that are no block are of the category that they begin with.
+void Worker::no_block(const Datagram &datagram, uint64_t offset, const Frame &frame, Rendered &rendered) {
+    rendered.damage.framing(datagram, offset, frame);
+    if (!options_.categories.test(datagram.octets[offset])) return;
+    const std::string reason = framing_text(frame, datagram.octets.size() - offset);
+    for (size_t i = 0; i < renderers_.size(); ++i)
+        if (renderers_[i]) renderers_[i]->no_block(datagram, offset, reason, rendered.texts[i]);
+    if (!rendered.texts.empty()) rendered.damage.place = rendered.texts.front().size();
+}
+
 void Worker::block(const Datagram &datagram, uint64_t offset, Octets octets, Rendered &rendered) {
     DecodedBlock decoded = decoder_.decode(datagram, number_, offset, octets);
     decoded.shown = select_records(*decoded.block, options_.where);
-    if (options_.where.empty() || decoded.shown.any()) {
-        ++rendered.shown;
-        if (counts_) counter_.add(decoded);
-        for (size_t i = 0; i < renderers_.size(); ++i) {
-            const VideoTurn turn(decoded.block->category);
-            if (renderers_[i]) renderers_[i]->block(decoded, rendered.texts[i]);
-        }
-        if (!rendered.texts.empty()) rendered.damage.place = rendered.texts.front().size();
-    }
+    if (options_.where.empty() || decoded.shown.any()) show(decoded, rendered);
     if (decoded.fault) rendered.damage.block(decoded);
+}
+
+// As what it converts to, if it does; a block of which nothing is left is not shown.
+void Worker::show(DecodedBlock decoded, Rendered &rendered) {
+    const auto left_out = converter_.convert(decoded);
+    rendered.unconverted += left_out.value_or(0);
+    if (left_out && decoded.shown.none()) return;
+    ++rendered.shown;
+    if (counts_) counter_.add(decoded);
+    for (size_t i = 0; i < renderers_.size(); ++i) {
+        const VideoTurn turn(decoded.block->category);
+        if (renderers_[i]) renderers_[i]->block(decoded, rendered.texts[i]);
+    }
+    if (!rendered.texts.empty()) rendered.damage.place = rendered.texts.front().size();
 }
 
 } // namespace astdump

@@ -1,6 +1,7 @@
 // What one thread needs to render chunks.
 #pragma once
 
+#include "convert.hpp"
 #include "options.hpp"
 #include "rendered.hpp"
 #include "sink.hpp"
@@ -19,10 +20,14 @@ public:
 
 private:
     void datagram(const Datagram &datagram, uint64_t most, Rendered &rendered);
+    void no_block(const Datagram &datagram, uint64_t offset, const Frame &frame, Rendered &rendered);
     void block(const Datagram &datagram, uint64_t offset, Octets octets, Rendered &rendered);
+
+    void show(DecodedBlock decoded, Rendered &rendered);
 
     const Options &options_;
     Decoder decoder_;
+    Converter converter_;
     Counter counter_;
     bool counts_ = false;                              // whether any sink wants that
     std::vector<std::unique_ptr<Renderer>> renderers_; // null for a sink without one

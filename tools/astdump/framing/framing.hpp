@@ -25,10 +25,10 @@ struct Framed {
 };
 
 struct FramingKind {
-    std::string_view name;  // as on the command line
-    std::string_view title; // what it is
-    uint64_t lead_octets;   // before the first frame of a file
-    Framed (*find)(Octets rest, std::vector<uint8_t> &storage);
+    std::string_view name;                                      // as on the command line
+    std::string_view title;                                     // what it is
+    uint64_t lead_octets;                                       // before the first frame of a file
+    Framed (*find)(Octets rest, std::vector<uint8_t> &storage); // null for what has a reader of its own
     bool is_text = false;
 };
 

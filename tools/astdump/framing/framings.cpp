@@ -16,6 +16,7 @@ constexpr FramingKind kFramings[] = {
     {"hdlc", "HDLC frames between flags 7E", 0, find_hdlc},
     {"mac-llc", "IEEE 802.3 frames with a logical link header", 0, find_mac_llc},
     {"hex", "hexadecimal text, a block or datagram a line", 0, find_hex, true},
+    {"json", "records as JSON, an object a line", 0, nullptr, true},
 };
 
 // How far the frames of one framing reach into the beginning of a file, and how many they are.
@@ -28,7 +29,7 @@ struct Reach {
 Reach reach_of(const FramingKind &kind, Octets head, bool is_whole_file) {
     constexpr uint64_t kEnough = 16;
     Reach reach;
-    if (kind.lead_octets >= head.size()) return reach;
+    if (!kind.find || kind.lead_octets >= head.size()) return reach;
     std::vector<uint8_t> storage;
     uint64_t place = kind.lead_octets;
     while (reach.frames < kEnough && place < head.size()) {
@@ -59,7 +60,7 @@ const FramingKind *recognise_framing(Octets head, bool is_whole_file) {
         const Reach reach = reach_of(kind, head, is_whole_file);
         const bool is_longer = reach.to_the_end && !longest.to_the_end;
         const bool is_as_good = reach.to_the_end == longest.to_the_end;
-        if (reach.frames == 0 || !(is_longer || (is_as_good && reach.octets > longest.octets))) continue;
+        if (reach.frames == 0 || !(is_longer || (is_as_good && reach.frames > longest.frames))) continue;
         best = &kind;
         longest = reach;
     }

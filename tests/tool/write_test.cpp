@@ -1,0 +1,147 @@
+// JSON, files of what is chosen, and conversions.
+
+#include <filesystem>
+#include <gtest/gtest.h>
+
+#include "captures.hpp"
+#include "command.hpp"
+
+namespace {
+
+const std::string kSample = SAMPLES "/radar.ast";
+const std::string kCapture = SAMPLES "/radar.pcap";
+
+// Two plots of category 048 with Mode 3/A codes 0123 and 0456; a block that breaks in its second record; a block of no
+// known category.
+const std::string kPlots = hex("30 0009 08 0053 08 012E");
+const std::string kBroken = hex("30 0008 08 0053 08 01");
+const std::string kForeign = hex("FA 0006 800102");
+
+TEST(Json, LosesNothing) {
+    Command command;
+    command.write("b", kPlots + kBroken + kForeign + hex("220003"));
+    const std::string plots = R"({"block":1,"record":1,"offset":0,"category":48,"profile":"standard",)"
+                              R"("I070":{"V":0,"G":0,"L":0,"MODE3A":"0123"}}
+{"block":1,"record":2,"offset":0,"category":48,"profile":"standard","I070":{"V":0,"G":0,"L":0,"MODE3A":"0456"}}
+)";
+    const Result all = command.run("--json b");
+    EXPECT_EQ(all.status, 1);
+    EXPECT_EQ(all.out, plots + R"({"block":2,"record":1,"offset":9,"category":48,"profile":"standard",)"
+                               R"("I070":{"V":0,"G":0,"L":0,"MODE3A":"0123"}}
+{"block":2,"record":2,"offset":9,"category":48,"error":"I048/070 runs past the end of the block","data":"0801"}
+{"block":3,"record":1,"offset":17,"category":250,"error":"UAP STD: Unknown category 250","data":"800102"}
+{"block":4,"record":1,"offset":23,"category":34,"error":"a block without records","data":""}
+)");
+    EXPECT_EQ(command.run("--json --where squawk=456 b").out, plots.substr(plots.find('\n') + 1));
+    command.write("cut", hex("30 0009 08"));
+    EXPECT_EQ(command.run("--json cut b --count 0").out, "");
+    const std::string cut = R"({"file":"cut","offset":0,"category":48,"error":"category 048: LEN is 9, but only )"
+                            R"(4 octets are left","data":"30000908"})"
+                            "\n"
+                            R"({"file":"b","block":1,)";
+    EXPECT_EQ(command.run("--json cut b --category 48").out.substr(0, cut.size()), cut);
+}
+
+TEST(Json, NamesReceptionAndTexts) {
+    Command command;
+    command.write("c", pcap(1, {ethernet(ipv6(udp(kForeign + hex("220006 20 0102"))))}));
+    const std::string lines =
+        R"({"block":1,"record":1,"time":"2024-05-06T07:08:09.000012Z","source":"[2001:db8::1]:4000",)"
+        R"("destination":"[ff02::1]:8600","category":250,"error":"UAP STD: Unknown category 250","data":"800102"})"
+        "\n"
+        R"({"block":2,"record":1,"time":"2024-05-06T07:08:09.000012Z",)";
+    EXPECT_EQ(command.run("--json c").out.substr(0, lines.size()), lines);
+    EXPECT_NE(command.run("--json --texts " + kSample).out.find(R"({"value":5,"text":"Single ModeS Roll-Call"})"),
+              std::string::npos);
+}
+
+TEST(Write, KeepsRecordsTimesAndAddresses) {
+    Command command;
+    for (const std::string jobs : {"1", "3"}) command.run("--jobs " + jobs + " --write " + jobs + ".pcap " + kCapture);
+    EXPECT_EQ(command.run("--json 1.pcap").out, command.run("--json " + kCapture).out);
+    EXPECT_TRUE(read_file(command.directory() + "/1.pcap") == read_file(command.directory() + "/3.pcap"));
+    command.run("--where squawk=7700 --write chosen.pcap " + kCapture);
+    EXPECT_EQ(command.run("--list chosen.pcap").out, command.run("--list --where squawk=7700 " + kCapture).out);
+    command.write("v6", pcap(1, {ethernet(ipv6(udp(kPlots + kForeign)))}));
+    command.run("--write v6.pcap v6");
+    EXPECT_EQ(command.run("--json v6.pcap").out, command.run("--json v6").out);
+    command.run("--write lines.json v6");
+    EXPECT_EQ(read_file(command.directory() + "/lines.json"), command.run("--json v6").out);
+}
+
+TEST(Write, MakesBlocksAnew) {
+    Command command;
+    command.write("b", kBroken + kPlots + kForeign);
+    command.run("--write all.ast b");
+    EXPECT_EQ(read_file(command.directory() + "/all.ast"), kBroken + kPlots + kForeign);
+    command.run("--where squawk=123 --write chosen.ast b");
+    EXPECT_EQ(read_file(command.directory() + "/chosen.ast"), hex("30 0006 08 0053  30 0006 08 0053"));
+}
+
+TEST(Write, LeavesOlderFilesAlone) {
+    Command command;
+    command.write("a.ast", kPlots);
+    std::filesystem::create_symlink("a.ast", command.directory() + "/link.ast");
+    std::filesystem::create_hard_link(command.directory() + "/a.ast", command.directory() + "/hard.ast");
+    for (const char *const arguments :
+         {"a.ast --write a.ast", "a.ast --write link.ast", "link.ast --write hard.ast", "- --write a.ast < hard.ast",
+          "missing --write a.ast", "a.ast missing --write a.pcap", "a.ast --write a.txt",
+          "a.ast --write missing/b.ast"}) {
+        const Result result = command.run(arguments);
+        EXPECT_EQ(result.status, 2) << arguments;
+        EXPECT_NE(result.err, "") << arguments;
+    }
+    EXPECT_EQ(read_file(command.directory() + "/a.ast"), kPlots);
+    EXPECT_FALSE(std::filesystem::exists(command.directory() + "/a.pcap"));
+    command.write("b.ast", kForeign);
+    command.run("b.ast --write link.ast");
+    EXPECT_EQ(read_file(command.directory() + "/a.ast"), kForeign);
+    EXPECT_TRUE(std::filesystem::is_symlink(command.directory() + "/link.ast"));
+    size_t files = 0;
+    for (const auto &file : std::filesystem::directory_iterator(command.directory())) files += file.is_regular_file();
+    EXPECT_EQ(files, 6U) << "a, hard, link, b, and what the command has printed";
+}
+
+TEST(Convert, ThereAndBack) {
+    Command command;
+    command.run("--convert 1,2 --write old.pcap " + kCapture);
+    EXPECT_EQ(command.run("--category 34,48 --stats old.pcap").out.find("048"), std::string::npos);
+    const std::string columns = " --json --category 34 | grep -v octets";
+    EXPECT_EQ(command.run("--convert 34,48 old.pcap --write new.pcap").status, 0);
+    EXPECT_EQ(command.run("new.pcap" + columns).out, command.run(kCapture + columns).out);
+    const std::string chosen = " --list --where squawk=7700 | cut -c 15-24,40-58";
+    EXPECT_EQ(command.run("new.pcap" + chosen).out, command.run(kCapture + chosen).out);
+}
+
+TEST(Json, HasAllRecordsOfABlock) {
+    std::string plots;
+    for (int i = 0; i < 100; ++i) plots += hex("08 0053");
+    Command command;
+    command.write("b", hex("30 0130") + plots + hex("08"));
+    EXPECT_EQ(command.run("--json b | wc -l").out, "101\n");
+    EXPECT_NE(command.run("--json b").out.find(R"("record":101,"offset":0,"category":48,"error":)"), std::string::npos);
+}
+
+// What breaks off and what is of no known category come back as well.
+TEST(Json, BecomesTheSameBlocks) {
+    Command command;
+    command.write("b", read_file(kSample) + kPlots + kBroken + kForeign);
+    EXPECT_EQ(command.run("--json b | " ASTDUMP " - --write c.ast").status, 1);
+    EXPECT_TRUE(read_file(command.directory() + "/b") == read_file(command.directory() + "/c.ast"));
+    command.run("--json " + kCapture + " | " ASTDUMP " - --write c.pcap");
+    EXPECT_EQ(command.run("--json c.pcap").out, command.run("--json " + kCapture).out);
+}
+
+// A message of a type that category 002 lacks; a block that breaks behind a record; and records without a descriptor.
+TEST(Convert, CountsWhatIsLeftOut) {
+    Command command;
+    command.write("b", hex("22 0007 C0 190C 05  30 0009 A0 190C 40 0801") + kPlots + kForeign);
+    const Result result = command.run("--convert 1,2 --write c.ast b");
+    EXPECT_NE(result.err.find("astdump: 3 records that cannot be converted left out\n"), std::string::npos)
+        << result.err;
+    EXPECT_EQ(read_file(command.directory() + "/c.ast"), hex("01 0007 C0 190C 20") + kForeign);
+    EXPECT_EQ(command.run("--convert 3 b").status, 2);
+    EXPECT_EQ(command.run("--convert all b").status, 2);
+}
+
+} // namespace

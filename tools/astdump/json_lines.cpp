@@ -1,0 +1,149 @@
+#include "json_lines.hpp"
+
+#include <vector>
+
+#include "split.hpp"
+#include "text.hpp"
+
+namespace astdump {
+
+namespace {
+
+// The category in which each record has a profile of its own: what is left of a long block are octets.
+constexpr uint32_t kMonoradarTargets = 1;
+
+class JsonRenderer : public Renderer {
+public:
+    JsonRenderer(const JsonForm &form, const std::string &file) : form_(form), file_(file) {}
+
+    void block(const DecodedBlock &decoded, TextBuffer &out) override;
+    void no_block(const Datagram &datagram, uint64_t offset, const std::string &reason, TextBuffer &out) override;
+
+private:
+    ast_json_line_t line(const Datagram &datagram, uint64_t offset);
+    void record(const ast_datarecord_t &record, const ast_json_line_t &line, TextBuffer &out);
+    void remainder(const DecodedBlock &decoded, ast_json_line_t line, TextBuffer &out);
+    void data(uint32_t category, Octets octets, const std::string &error, const ast_json_line_t &line, TextBuffer &out);
+    template <typename Write>
+    void put(size_t octets, TextBuffer &out, Write write);
+
+    JsonForm form_;
+    const std::string &file_;
+    TextBuffer time_;
+    TextBuffer source_;
+    TextBuffer destination_;
+    std::vector<char> characters_;
+};
+
+const char *terminated(TextBuffer &text) {
+    text.put('\0');
+    return text.text().data();
+}
+
+// "2024-05-06T07:08:09.000012Z"
+const char *put_iso_time(TextBuffer &out, const Time &time) {
+    constexpr size_t kDateCharacters = 10;
+    out.clear();
+    put_time(out, time);
+    out.set(kDateCharacters, 'T');
+    out.put('Z');
+    return terminated(out);
+}
+
+const char *put_one_endpoint(TextBuffer &out, const Endpoint &endpoint) {
+    out.clear();
+    put_endpoint(out, endpoint);
+    return terminated(out);
+}
+
+// Where a datagram has come from, and the place of the octets in a file, which those in a packet do not have.
+ast_json_line_t JsonRenderer::line(const Datagram &datagram, uint64_t offset) {
+    ast_json_line_t line{};
+    line.texts = form_.texts;
+    if (form_.name_files) line.file = file_.c_str();
+    if (datagram.time) line.time = put_iso_time(time_, *datagram.time);
+    if (datagram.endpoints) {
+        line.source = put_one_endpoint(source_, datagram.endpoints->source);
+        line.destination = put_one_endpoint(destination_, datagram.endpoints->destination);
+    }
+    line.has_offset = datagram.packet == 0;
+    line.offset = datagram.offset + offset;
+    return line;
+}
+
+void JsonRenderer::block(const DecodedBlock &decoded, TextBuffer &out) {
+    ast_json_line_t line = this->line(*decoded.datagram, decoded.offset);
+    const ast_datablock_t &block = *decoded.block;
+    line.block = decoded.number;
+    for (uint64_t i = 0; i < block.record_count; ++i) {
+        if (!decoded.shown[i]) continue;
+        const ast_datarecord_t &record = block.records[i];
+        line.record = i + 1;
+        put(record.size, out,
+            [&](char *text, uint64_t capacity) { return ast_datarecord_to_json(text, capacity, &record, &line); });
+    }
+    if (form_.remainders) remainder(decoded, line, out);
+}
+
+void JsonRenderer::record(const ast_datarecord_t &record, const ast_json_line_t &line, TextBuffer &out) {
+    put(record.size, out,
+        [&](char *text, uint64_t capacity) { return ast_datarecord_to_json(text, capacity, &record, &line); });
+}
+
+// What lies behind the last record that is whole, and first the records beyond those that a decoded block holds. A
+// block without any octets behind its header has no record either.
+void JsonRenderer::remainder(const DecodedBlock &decoded, ast_json_line_t line, TextBuffer &out) {
+    const ast_datablock_t &block = *decoded.block;
+    if (!decoded.fault && block.record_count != 0) return;
+    uint64_t end = kBlockHeaderOctets;
+    for (uint64_t i = 0; i < block.record_count; ++i) end += block.records[i].size;
+    line.record = block.record_count + 1;
+    const bool is_longer = decoded.fault && block.category != kMonoradarTargets;
+    for (ast_datarecord_t more = is_longer ? decoded.fault->record : ast_datarecord_t{}; more.valid; ++line.record) {
+        record(more, line, out);
+        end += more.size;
+        const Octets rest = decoded.octets.subspan(end);
+        if (rest.empty()) return;
+        more = ast_datarecord_decode(rest.data(), rest.size(), block.category, more.uap);
+    }
+    const Octets rest = decoded.octets.subspan(end);
+    data(block.category, rest, rest.empty() ? "a block without records" : decoded.fault->reason, line, out);
+}
+
+// The number of a block is left out, for it is that of the next one.
+void JsonRenderer::no_block(const Datagram &datagram, uint64_t offset, const std::string &reason, TextBuffer &out) {
+    if (!form_.remainders) return;
+    const Octets rest = datagram.octets.subspan(offset);
+    data(rest[0], rest, reason, line(datagram, offset), out);
+}
+
+void JsonRenderer::data(uint32_t category, Octets octets, const std::string &error, const ast_json_line_t &line,
+                        TextBuffer &out) {
+    put(octets.size(), out, [&](char *text, uint64_t capacity) {
+        return ast_octets_to_json(text, capacity, category, octets.data(), octets.size(), error.c_str(), &line);
+    });
+}
+
+// The first attempt has room for nearly everything.
+template <typename Write>
+void JsonRenderer::put(size_t octets, TextBuffer &out, Write write) {
+    constexpr size_t kOfLine = 4096;
+    constexpr size_t kOfOctet = 256;
+    const size_t ample = kOfLine + octets * kOfOctet;
+    if (characters_.size() < ample) characters_.resize(ample);
+    size_t count = write(characters_.data(), characters_.size());
+    if (count >= characters_.size()) {
+        characters_.resize(count + 1);
+        count = write(characters_.data(), characters_.size());
+    }
+    out.put({characters_.data(), count});
+    out.put('\n');
+}
+
+} // namespace
+
+std::unique_ptr<Renderer> make_json_renderer(const JsonForm &form, const std::string &file) {
+    return std::make_unique<JsonRenderer>(form, file);
+}
+
+} // namespace astdump

@@ -1,0 +1,145 @@
+#include "json_members.hpp"
+
+#include <algorithm>
+#include <chrono>
+
+#include "endpoint.hpp"
+#include "numbers.hpp"
+
+namespace astdump {
+
+namespace {
+
+bool is_blank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
+
+// Goes over the members of an object, without a look inside what they hold.
+class Members {
+public:
+    explicit Members(std::string_view object) : text_(object) { skip_to('{'); }
+
+    bool next() {
+        skip_to('"');
+        if (at_ >= text_.size()) return false;
+        --at_;
+        name = string();
+        skip_to(':');
+        while (at_ < text_.size() && is_blank(text_[at_])) ++at_;
+        value = anything();
+        return true;
+    }
+
+    std::string_view name; // both as they stand, in quotes
+    std::string_view value;
+
+private:
+    void skip_to(char wanted) {
+        const size_t found = text_.find(wanted, at_);
+        at_ = found == std::string_view::npos ? text_.size() : found + 1;
+    }
+
+    std::string_view string() {
+        const size_t begin = at_++;
+        while (at_ < text_.size() && text_[at_] != '"') at_ += text_[at_] == '\\' ? size_t{2} : 1;
+        at_ = std::min(at_ + 1, text_.size());
+        return text_.substr(begin, at_ - begin);
+    }
+
+    // Up to the comma or brace behind it.
+    std::string_view anything() {
+        const size_t begin = at_;
+        for (size_t depth = 0; at_ < text_.size();) {
+            const char c = text_[at_];
+            const bool closes = c == '}' || c == ']';
+            if (depth == 0 && (closes || c == ',')) break;
+            if (c == '"') {
+                string();
+                continue;
+            }
+            if (closes) --depth;
+            if (c == '{' || c == '[') ++depth;
+            ++at_;
+        }
+        return text_.substr(begin, at_ - begin);
+    }
+
+    std::string_view text_;
+    size_t at_ = 0;
+};
+
+// The number that a text begins with, of so many digits, and what follows it.
+std::optional<int> take_number(std::string_view &text, size_t digits, char behind) {
+    if (text.size() < digits + 1 || text[digits] != behind) return std::nullopt;
+    const auto number = read_number<uint16_t>(text.substr(0, digits));
+    text.remove_prefix(digits + 1);
+    return number;
+}
+
+// "401501" of a second.
+std::optional<uint32_t> read_nanoseconds(std::string_view digits) {
+    constexpr size_t kMostDigits = 9;
+    if (digits.empty() || digits.size() > kMostDigits) return std::nullopt;
+    auto number = read_number<uint32_t>(digits);
+    for (size_t i = digits.size(); number && i < kMostDigits; ++i) *number *= 10;
+    return number;
+}
+
+// "2014-02-25T12:43:47.401501Z", with any fraction or none.
+std::optional<Time> read_time(std::string_view text) {
+    using namespace std::chrono;
+    if (!text.ends_with('Z')) return std::nullopt;
+    const size_t point = std::min(text.find('.'), text.size() - 1);
+    const std::string_view digits = text.substr(point + 1);
+    const auto nanoseconds =
+        digits.empty() ? std::optional<uint32_t>(0) : read_nanoseconds(digits.substr(0, digits.size() - 1));
+    std::string_view rest = text.substr(0, point + 1);
+    const char behind_seconds = rest.back();
+    const auto y = take_number(rest, 4, '-'), m = take_number(rest, 2, '-'), d = take_number(rest, 2, 'T');
+    const auto hour = take_number(rest, 2, ':'), minute = take_number(rest, 2, ':');
+    const auto second = take_number(rest, 2, behind_seconds);
+    if (!y || !m || !d || !hour || !minute || !second || !nanoseconds || !rest.empty()) return std::nullopt;
+    const year_month_day date(year(*y), month(static_cast<unsigned>(*m)), day(static_cast<unsigned>(*d)));
+    if (!date.ok() || *hour > 23 || *minute > 59 || *second > 60) return std::nullopt;
+    const auto since = sys_days(date).time_since_epoch() + hours(*hour) + minutes(*minute) + seconds(*second);
+    return Time{duration_cast<seconds>(since).count(), *nanoseconds};
+}
+
+std::optional<Endpoint> read_address(std::string_view text) {
+    const auto endpoint = read_endpoint(text);
+    return endpoint ? std::optional(to_endpoint(*endpoint)) : std::nullopt;
+}
+
+// The text between the quotes of a value. Times and addresses need no escapes.
+std::string_view unquoted(std::string_view value) {
+    while (!value.empty() && is_blank(value.back())) value.remove_suffix(1);
+    if (value.size() < 2 || value.front() != '"') return {};
+    return value.substr(1, value.size() - 2);
+}
+
+} // namespace
+
+JsonMembers read_members(std::string_view object) {
+    JsonMembers found;
+    Members members(object);
+    while (members.next()) {
+        if (members.value.starts_with("null")) continue;
+        const std::string_view text = unquoted(members.value);
+        const char *error = nullptr;
+        const auto read = [&](auto &to, auto value, const char *otherwise) {
+            to = value;
+            if (!to) error = otherwise;
+        };
+        if (members.name == "\"file\"") found.file = members.value;
+        if (members.name == "\"time\"") read(found.time, read_time(text), "is no time such as 2014-02-25T12:43:47Z");
+        if (members.name == "\"source\"") read(found.source, read_address(text), "is no address with its port");
+        if (members.name == "\"destination\"")
+            read(found.destination, read_address(text), "is no address with its port");
+        if (!error) continue;
+        found.error = error;
+        found.wrong_path = members.name.substr(1, members.name.size() - 2);
+        found.position = static_cast<uint64_t>(members.value.data() - object.data());
+        break;
+    }
+    return found;
+}
+
+} // namespace astdump

@@ -1,0 +1,90 @@
+#include "shared_items.hpp"
+
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+
+namespace astdump {
+
+namespace {
+
+constexpr uint32_t kNone = 1000; // no item number
+
+// Where categories have the items: their numbers, in the order of the keywords.
+struct Numbers {
+    uint32_t category;
+    uint32_t items[3]; // data source, time of day, message type
+};
+
+constexpr Numbers kNumbers[] = {
+    {2, {10, 30, 0}},          {4, {10, 20, 0}},   {7, {10, 140, 410}},   {8, {10, 90, 0}},      {9, {10, 70, 0}},
+    {11, {10, 140, 0}},        {15, {10, 145, 0}}, {18, {36, 2, 0}},      {23, {10, 70, 0}},     {25, {10, 70, 0}},
+    {32, {10, 20, 35}},        {34, {10, 30, 0}},  {62, {10, 70, kNone}}, {63, {10, 30, kNone}}, {65, {10, 30, 0}},
+    {150, {kNone, kNone, 30}}, {205, {10, 30, 0}},
+};
+constexpr Numbers kUsual = {0, {10, 140, 0}};
+
+const Numbers &numbers_of(uint32_t category) {
+    const auto *const found = std::ranges::find(kNumbers, category, &Numbers::category);
+    return found == std::end(kNumbers) ? kUsual : *found;
+}
+
+// Each takes the first values of an item.
+struct Values {
+    TextBuffer &out;
+    unsigned count = 0;
+};
+
+void put_sac_sic(void *context, const ast_field_value_t *value) {
+    auto &values = *static_cast<Values *>(context);
+    if (values.count == 2) return;
+    if (values.count++ == 1) values.out.put('/');
+    values.out.number(value->raw, 3, '0');
+}
+
+void put_time_of_day(void *context, const ast_field_value_t *value) {
+    auto &values = *static_cast<Values *>(context);
+    if (values.count++ != 0 || !value->has_number) return;
+    const auto milliseconds = static_cast<uint64_t>(value->number * 1000);
+    values.out.number(milliseconds / 3'600'000, 2, '0');
+    values.out.put(':');
+    values.out.number(milliseconds / 60'000 % 60, 2, '0');
+    values.out.put(':');
+    values.out.number(milliseconds / 1000 % 60, 2, '0');
+    values.out.put('.');
+    values.out.number(milliseconds % 1000, 3, '0');
+}
+
+// What goes without saying in a column of types, so that the markers read as those of category 002 do.
+constexpr std::string_view kEndings[] = {" message", " Message", " marker", " crossing"};
+
+void put_message_type(void *context, const ast_field_value_t *value) {
+    auto &values = *static_cast<Values *>(context);
+    if (values.count++ != 0) return;
+    std::string_view text = value->text;
+    for (const std::string_view ending : kEndings)
+        if (text.ends_with(ending)) text.remove_suffix(ending.size());
+    if (text.empty())
+        values.out.number(value->raw);
+    else
+        values.out.put(text);
+}
+
+constexpr ast_field_value_visitor_t kPut[] = {put_sac_sic, put_time_of_day, put_message_type};
+static_assert(AST_KEYWORD_SACSIC == 0 && AST_KEYWORD_TIMEOFDAY == 1 && AST_KEYWORD_MSGTYPE == 2);
+
+} // namespace
+
+bool put_shared_item(TextBuffer &out, const ast_datarecord_t &record, uint32_t keyword) {
+    if (keyword >= std::size(kPut)) return false;
+    const ast_dataitem_type_t type = AST_DATAITEM_TYPE(record.category, numbers_of(record.category).items[keyword]);
+    for (uint64_t i = 0; i < record.item_count; ++i) {
+        if (record.items[i].type != type) continue;
+        Values values{out};
+        ast_dataitem_walk(&record.items[i], record.uap, 0, kPut[keyword], &values);
+        return values.count != 0;
+    }
+    return false;
+}
+
+} // namespace astdump

@@ -1,0 +1,14 @@
+// Data source, time and message type of a record by the items that nearly all categories share.
+#pragma once
+
+#include "ast.h"
+#include "text_buffer.hpp"
+
+namespace astdump {
+
+// Puts the value of a keyword, one of AST_KEYWORD_SACSIC, _TIMEOFDAY and _MSGTYPE, as the published reading of the
+// record's items has it, and returns whether there is one. For categories whose records the library has no accessors
+// for.
+bool put_shared_item(TextBuffer &out, const ast_datarecord_t &record, uint32_t keyword);
+
+} // namespace astdump

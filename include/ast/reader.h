@@ -41,22 +41,23 @@ typedef struct {
 
 /** A reader, about 6 KB. All zero is a new one. */
 typedef struct {
-    uint64_t clock; /* blocks seen */
+    uint64_t clock;  /* blocks seen */
+    uint64_t latest; /* place of the source seen last */
     ast_reader_source_t sources[AST_READER_SOURCES];
 } ast_reader_t;
 
 /** How a block was read. */
 typedef struct {
-    bool valid;            /* the records fill LEN exactly; reason is AST_SPLIT_WHOLE */
-    const ast_uap_t *uap;  /* the profile, an exported one; records of category 001 have their own */
-    const char *profile;   /* its name, "standard" or "cat021-2.4" or "published"; constant */
-    const char *edition;   /* the published edition that it means, "2.4"; empty for a category that is not published */
-    bool ambiguous;        /* other editions fit all blocks of this source and are as plausible; the newest is taken */
-    uint32_t category;     /* 0 without a header */
-    uint64_t length;       /* LEN; 0 without a header */
-    uint32_t reason;       /* why reading ended, one of AST_SPLIT_... */
-    uint64_t end;          /* where: offset of the item, FSPEC or record at fault, from the CAT octet; LEN when valid */
-    uint32_t broken_frn;   /* the FRN of the item at fault, 0 for none */
+    bool valid;           /* the records fill LEN exactly; reason is AST_SPLIT_WHOLE */
+    const ast_uap_t *uap; /* the profile, an exported one; records of category 001 have their own */
+    const char *profile;  /* its name, "standard" or "cat021-2.4" or "published"; constant */
+    const char *edition;  /* the published edition that it means, "2.4"; empty for a category that is not published */
+    bool ambiguous;       /* other editions fit all blocks of this source and are as plausible; the newest is taken */
+    uint32_t category;    /* 0 without a header */
+    uint64_t length;      /* LEN; 0 without a header */
+    uint32_t reason;      /* why reading ended, one of AST_SPLIT_... */
+    uint64_t end;         /* where: offset of the item, FSPEC or record at fault, from the CAT octet; LEN when valid */
+    uint32_t broken_frn;  /* the FRN of the item at fault, 0 for none */
     ast_dataitem_type_t broken_type; /* what that FRN announces */
 } ast_reader_result_t;
 

@@ -9,8 +9,9 @@ namespace ast::reader {
 
 struct Candidate {
     const ast_uap_t *uap;
-    uint8_t tier;           // a higher one is only taken when it fits more blocks than all of a lower one
+    uint8_t tier;          // a higher one is only taken when it fits more blocks than all of a lower one
     bool is_mixed = false; // each record tells its own profile; those that do not are read with this one
+    const ast_uap_t *laid_out_as = nullptr; // another profile with the same items by FRN, which need not be asked
 };
 
 using Candidates = std::span<const Candidate>;
@@ -26,9 +27,12 @@ inline constexpr Candidate kServiceMessages[] = {{&AST_UAP_STANDARD, 0},
                                                  {&AST_UAP_ASR10SS, 2},
                                                  {&AST_UAP_ASR10SS_MK2, 2},
                                                  {&AST_UAP_MANAGAIR, 2}};
-inline constexpr Candidate kAdsB[] = {{&AST_UAP_PUBLISHED, 0},    {&AST_UAP_CAT021_VER24, 0},
-                                      {&AST_UAP_CAT021_VER21, 0}, {&AST_UAP_CAT021_VER026, 0},
-                                      {&AST_UAP_CAT021_VER023, 0}, {&AST_UAP_THALES, 1}};
+inline constexpr Candidate kAdsB[] = {{&AST_UAP_PUBLISHED, 0, false, &AST_UAP_CAT021_VER24},
+                                      {&AST_UAP_CAT021_VER24, 0},
+                                      {&AST_UAP_CAT021_VER21, 0},
+                                      {&AST_UAP_CAT021_VER026, 0},
+                                      {&AST_UAP_CAT021_VER023, 0},
+                                      {&AST_UAP_THALES, 1}};
 
 // What a record has to have: one item of each row.
 struct Mandatory {
@@ -53,8 +57,7 @@ inline CategoryCandidates find_candidates(uint32_t category) {
         if (own.category == category) return own;
     const bool is_registered = find_category(category).number == category;
     if (is_registered) return {category, kRegistered};
-    const bool has_other =
-        ast_uap_max_frn_published(category) != ast_uap_max_frn_published_other(category);
+    const bool has_other = ast_uap_max_frn_published(category) != ast_uap_max_frn_published_other(category);
     return {category, Candidates(kPublishedOnly, has_other ? 2 : 1)};
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <tuple>
+#include <utility>
 
 #include "codec/block.hpp"
 #include "reader/candidates.hpp"
@@ -36,21 +37,42 @@ bool may_be_newer(const SizeRule &rule, const uint8_t *data, uint64_t left) {
     return rule.kind == SizeRule::Kind::Subfields;
 }
 
+// Whether an item ends with its last part, whatever the last bit of that says.
+bool ends_without_fx(const schema::Field *item) {
+    const schema::Field *last = item + 1;
+    while (schema::behind(last) != schema::behind(item)) last = schema::behind(last);
+    return item->kind == schema::Kind::Extended && schema::fx_bits(*last) == 0;
+}
+
+// As published, but for a chain that the octets do not hold to its end.
+uint64_t published_size(const schema::Field *item, ast_dataitem_type_t type, const ast_uap_t &uap, const uint8_t *data,
+                        uint64_t left) {
+    const uint64_t size = ast_dataitem_get_published_size(data, left, type, uap);
+    const bool is_chain = item->kind == schema::Kind::Extended || item->kind == schema::Kind::Chained;
+    const bool goes_on = size != 0 && is_chain && has_fx(data[size - 1]);
+    return goes_on && !ends_without_fx(item) ? 0 : size;
+}
+
 // As registered where that holds, else as published.
 uint64_t size_item(const ItemRow &row, ast_dataitem_type_t type, const ast_uap_t &uap, const uint8_t *data,
                    uint64_t left) {
     const SizeRule &rule = row.handlers.size;
     if (type == AST_DATAITEM_NONE || left == 0) return 0;
-    const bool is_published = schema::find_item(type, uap) != nullptr;
-    if (is_published && may_be_newer(rule, data, left)) return ast_dataitem_get_published_size(data, left, type, uap);
+    const schema::Field *const item = schema::find_item(type, uap);
+    if (item && may_be_newer(rule, data, left)) return published_size(item, type, uap, data, left);
     const uint64_t size = item_size(rule, data, left);
-    return size != 0 && size <= left ? size : ast_dataitem_get_published_size(data, left, type, uap);
+    if (size != 0 && size <= left) return size;
+    return item ? published_size(item, type, uap, data, left) : 0;
 }
 
 // Calls `read` with what the records of a block are read by, in the words of codec/block.hpp.
 template <typename Read>
 auto with_choice(const Candidate &candidate, uint32_t category, Read read) {
-    if (!candidate.is_mixed) return read(Reading(category, *candidate.uap, size_item));
+    if (!candidate.is_mixed) {
+        Reading reading(category, candidate.laid_out_as ? *candidate.laid_out_as : *candidate.uap, size_item);
+        reading.uap = candidate.uap;
+        return read(std::as_const(reading));
+    }
     return read(ChosenByRecord(find_category(category), candidate.uap, size_item));
 }
 
@@ -82,10 +104,11 @@ public:
     void put(int &, const uint8_t *data, uint64_t size, ast_dataitem_type_t type, uint64_t) {
         if (!judges_) return;
         flaws_ += flaws_of(uap_, type, data, size);
+        // A layout of its own stands for the item whose place it takes.
+        const uint16_t variant_of = find_item(type).variant_of;
+        const uint16_t number = variant_of ? variant_of : item_number(type);
         for (size_t i = 0; i < block_.own.mandatory.size(); ++i)
-            if (std::ranges::find(block_.own.mandatory[i].items, item_number(type)) !=
-                std::end(block_.own.mandatory[i].items))
-                found_ |= 1U << i;
+            for (const uint16_t item : block_.own.mandatory[i].items) found_ |= item == number ? 1U << i : 0;
     }
     void break_off(uint32_t reason, const uint8_t *at, uint32_t frn, ast_dataitem_type_t type) {
         // What the registry knows by name alone has its published size.
@@ -130,8 +153,7 @@ void look_by(Look &look, const Block &block, Choose choose) {
     look.end_block(walk_records(block.data, block.length, std::min(block.available, kMaxAvailable), choose, take));
 }
 
-Look look_at(const Block &block, size_t candidate, bool judges = false) {
-    const Candidate &by = block.own.candidates[candidate];
+Look look_at(const Block &block, const Candidate &by, bool judges = false) {
     Look look(block, *by.uap, judges);
     with_choice(by, block.own.category, [&](const auto &choice) { look_by(look, block, chooser(choice)); });
     return look;
@@ -139,7 +161,7 @@ Look look_at(const Block &block, size_t candidate, bool judges = false) {
 
 Mask fitting(const Block &block, Mask among) {
     Mask fits = 0;
-    each(among, [&](size_t i) { fits |= look_at(block, i).is_whole() ? bit_of(i) : 0; });
+    each(among, [&](size_t i) { fits |= look_at(block, block.own.candidates[i]).is_whole() ? bit_of(i) : 0; });
     return fits;
 }
 
@@ -147,7 +169,7 @@ size_t furthest(const Block &block, Mask among) {
     size_t best = 0;
     uint64_t end = 0;
     each(among, [&](size_t i) {
-        const Look look = look_at(block, i);
+        const Look look = look_at(block, block.own.candidates[i]);
         if (look.place().end <= end) return;
         end = look.place().end;
         best = i;
@@ -174,16 +196,18 @@ uint32_t key_of(const Block &block) {
 Source &find_source(ast_reader_t &reader, uint32_t key) {
     ++reader.clock;
     Source *oldest = reader.sources;
-    for (Source &source : reader.sources) {
-        if (source.key == key) {
-            source.last_seen = reader.clock;
-            return source;
-        }
-        if (source.last_seen < oldest->last_seen) oldest = &source;
+    Source &latest = reader.sources[reader.latest % AST_READER_SOURCES];
+    if (latest.key == key) {
+        latest.last_seen = reader.clock;
+        return latest;
     }
-    *oldest = {};
-    oldest->key = key;
+    for (Source &source : reader.sources) {
+        if (source.key == key || source.last_seen < oldest->last_seen) oldest = &source;
+        if (source.key == key) break;
+    }
+    if (oldest->key != key) *oldest = {.key = key};
     oldest->last_seen = reader.clock;
+    reader.latest = static_cast<uint64_t>(oldest - reader.sources);
     return *oldest;
 }
 
@@ -215,17 +239,22 @@ void judge(Source &source, const Block &block, Mask fits) {
     if (source.judged >= kJudgedRecords || std::has_single_bit(rivals)) return;
     uint32_t records = 0;
     each(rivals, [&](size_t i) {
-        const Look look = look_at(block, i, true);
+        const Look look = look_at(block, block.own.candidates[i], true);
         source.flaws[i] += look.flaws();
         records = look.records();
     });
     source.judged += records;
 }
 
-// Which candidates fit a block, told to its source.
-Mask learn(Source &source, const Block &block) {
+// Those that are tried first.
+Mask first_tried(const Source &source, const Block &block) {
     const Mask all = all_of(block.own.candidates.size());
-    Mask tried = source.blocks < kNewBlocks ? all : leaders(source, block.own.candidates, all);
+    return source.blocks < kNewBlocks ? all : leaders(source, block.own.candidates, all);
+}
+
+// Which candidates fit a block, told to its source.
+Mask learn(Source &source, const Block &block, Mask tried) {
+    const Mask all = all_of(block.own.candidates.size());
     Mask fits = fitting(block, tried);
     if (fits == 0 && tried != all) {
         fits = fitting(block, all & ~tried);
@@ -280,22 +309,33 @@ bool read_block(ast_reader_t *reader, const uint8_t *data, uint64_t available, a
     result.end = has_header ? kBlockHeaderOctets : 0;
     if (result.length < kBlockHeaderOctets || result.length > available) {
         set_profile(result, kStandard);
-        return read(kStandard, result.category), false;
+        read(kStandard, result.category); // so that nothing of an earlier block is left
+        return false;
     }
 
     const Block block{data, available, result.length, find_candidates(result.category)};
     Source own{};
     Source &source = reader ? find_source(*reader, key_of(block)) : own;
-    const Mask fits = learn(source, block);
+    const Mask tried = first_tried(source, block);
+    const auto is_read_with = [&](const Choice &choice) {
+        const Candidate &candidate = block.own.candidates[choice.candidate];
+        set_profile(result, candidate);
+        result.ambiguous = choice.is_ambiguous;
+        result.end = result.length;
+        result.valid = read(candidate, result.category);
+        result.reason = result.valid ? AST_SPLIT_WHOLE : AST_SPLIT_NO_ROOM;
+        return result.valid;
+    };
+    // No other comes into question while it fits.
+    const bool is_settled = std::has_single_bit(tried) && source.blocks >= kNewBlocks;
+    if (is_settled && is_read_with({static_cast<size_t>(std::countr_zero(tried)), false})) return true;
+
+    const Mask fits = learn(source, block, tried);
     const Choice choice = choose(source, block, fits);
-    const Candidate &candidate = block.own.candidates[choice.candidate];
-    set_profile(result, candidate);
-    result.ambiguous = choice.is_ambiguous;
-    result.end = result.length;
-    result.valid = read(candidate, result.category) && fits != 0;
-    result.reason = result.valid ? AST_SPLIT_WHOLE : AST_SPLIT_NO_ROOM;
-    if (fits == 0) set_place(result, look_at(block, choice.candidate).place());
-    return result.valid;
+    is_read_with(choice);
+    if (fits != 0) return result.valid;
+    set_place(result, look_at(block, block.own.candidates[choice.candidate]).place());
+    return result.valid = false;
 }
 
 // A result for those who do not ask for one.
@@ -319,11 +359,12 @@ bool ast_reader_decode(ast_reader_t *reader, ast_datablock_t *block, const uint8
                        ast_reader_result_t *result) {
     if (!block) return ast_reader_learn(reader, data, available, result);
     Answer answer(result);
-    const bool is_valid = read_block(reader, data, available, *answer, [&](const Candidate &candidate, uint32_t category) {
-        with_choice(candidate, category,
-                    [&](const auto &choice) { decode_block(*block, data, available, choice); });
-        return block->valid;
-    });
+    const bool is_valid =
+        read_block(reader, data, available, *answer, [&](const Candidate &candidate, uint32_t category) {
+            with_choice(candidate, category,
+                        [&](const auto &choice) { decode_block(*block, data, available, choice); });
+            return block->valid;
+        });
     if ((*answer).reason == AST_SPLIT_NO_ROOM) {
         const ast_datarecord_t *const last = block->record_count ? &block->records[block->record_count - 1] : nullptr;
         (*answer).end = last ? static_cast<uint64_t>(last->data - data) + last->size : kBlockHeaderOctets;
@@ -335,15 +376,19 @@ bool ast_reader_split(ast_reader_t *reader, ast_split_t *split, const uint8_t *d
                       ast_reader_result_t *result) {
     if (!split) return ast_reader_learn(reader, data, available, result);
     Answer answer(result);
-    const bool is_valid = read_block(reader, data, available, *answer, [&](const Candidate &candidate, uint32_t category) {
-        return with_choice(candidate, category,
-                           [&](const auto &choice) { return split_block(*split, data, available, choice); });
-    });
+    const bool is_valid =
+        read_block(reader, data, available, *answer, [&](const Candidate &candidate, uint32_t category) {
+            return with_choice(candidate, category,
+                               [&](const auto &choice) { return split_block(*split, data, available, choice); });
+        });
     if ((*answer).reason == AST_SPLIT_NO_ROOM) (*answer).end = split->end;
     return is_valid;
 }
 
 bool ast_reader_learn(ast_reader_t *reader, const uint8_t *data, uint64_t available, ast_reader_result_t *result) {
     Answer answer(result);
-    return read_block(reader, data, available, *answer, [](const Candidate &, uint32_t) { return true; });
+    return read_block(reader, data, available, *answer, [&](const Candidate &candidate, uint32_t category) {
+        const Block block{data, available, (*answer).length, find_candidates(category)};
+        return (*answer).length <= available && look_at(block, candidate).is_whole();
+    });
 }

@@ -44,6 +44,7 @@
  *     enumerations.h  the texts of the codes in items
  *     queries.h       the common quantities of a record, whatever its category; keywords to show and filter by
  *     schema.h        what every published field means; records as JSON, both ways
+ *     reader.h        blocks of every published category, with the edition that fits their source
  *     convert.h       target reports and service messages of radars as the older categories have them, and back
  *     catNNN.h        what category NNN adds: its own items, accessors, and a flat record that holds all of a record
  *
@@ -99,6 +100,7 @@
 #include "ast/enumerations.h"
 #include "ast/queries.h"
 #include "ast/schema.h"
+#include "ast/reader.h"
 #include "ast/convert.h"
 
 #include "ast/cat001.h"

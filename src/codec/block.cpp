@@ -43,7 +43,9 @@ bool start(ast_datablock_t &block, const uint8_t *data, uint64_t available, cons
 
 // Whether a record can be decoded that there is no room for.
 [[gnu::noinline]] bool is_record(const uint8_t *data, uint64_t available, const Reading &reading) {
-    return ast_datarecord_decode(data, available, reading.category, *reading.uap).valid;
+    ast_datarecord_t record{};
+    decode_record(record, data, std::min(available, kMaxAvailable), reading);
+    return record.valid;
 }
 
 // Decodes the records of a block. A record more than the block has room for is told to `report_surplus`. One that does
@@ -84,6 +86,16 @@ void forget_records(ast_datablock_t &block) {
 } // namespace
 
 namespace ast {
+
+void decode_block(ast_datablock_t &block, const uint8_t *data, uint64_t available, const Reading &reading) {
+    if (!start(block, data, available, *reading.uap)) return;
+    read_records(block, std::min(available, kMaxAvailable), always(reading), log_surplus);
+}
+
+void decode_block(ast_datablock_t &block, const uint8_t *data, uint64_t available, const ChosenByRecord &choice) {
+    if (!start(block, data, available, AST_UAP_STANDARD)) return;
+    read_records(block, std::min(available, kMaxAvailable), choice, log_surplus);
+}
 
 void decode_mixed(ast_datablock_t &block, const uint8_t *data, uint64_t available, const Category &category) {
     const bool is_own = data && available >= kBlockHeaderOctets && data[0] == category.number;

@@ -36,22 +36,37 @@ inline auto always(const Reading &reading) {
     return [&reading](const uint8_t *, uint64_t) { return &reading; };
 }
 
-// The choice of a category for each record.
+// The choice of a category for each record. One that does not tell is read as the record before it, the first one with
+// `otherwise`, where that is given.
 class ChosenByRecord {
 public:
-    explicit ChosenByRecord(const Category &category)
-        : category_(category), reading_(category.number, AST_UAP_STANDARD) {}
+    explicit ChosenByRecord(const Category &category, const ast_uap_t *otherwise = nullptr, ItemSizer *sizer = nullptr)
+        : category_(category), otherwise_(otherwise), reading_(category.number, AST_UAP_STANDARD, sizer) {}
 
     const Reading *operator()(const uint8_t *record, uint64_t available) {
-        const ast_uap_t *const uap = category_.choose_profile(record, available);
+        const ast_uap_t *const told = category_.choose_profile(record, available);
+        const ast_uap_t *const uap = told ? told : otherwise_;
         if (!uap) return nullptr;
-        reading_ = Reading(category_.number, *uap);
+        if (otherwise_) otherwise_ = uap;
+        reading_ = Reading(category_.number, *uap, reading_.size_item);
         return &reading_;
     }
 
 private:
     const Category &category_;
+    const ast_uap_t *otherwise_;
     Reading reading_;
 };
+
+// What a walk chooses by.
+inline auto chooser(const Reading &reading) { return always(reading); }
+inline ChosenByRecord chooser(const ChosenByRecord &choice) { return choice; }
+
+// Decodes or splits a block with a reading of the caller's for all records, or with one for each; then the block names
+// AST_UAP_STANDARD.
+void decode_block(ast_datablock_t &block, const uint8_t *data, uint64_t available, const Reading &reading);
+void decode_block(ast_datablock_t &block, const uint8_t *data, uint64_t available, const ChosenByRecord &choice);
+bool split_block(ast_split_t &split, const uint8_t *data, uint64_t available, const Reading &reading);
+bool split_block(ast_split_t &split, const uint8_t *data, uint64_t available, const ChosenByRecord &choice);
 
 } // namespace ast

@@ -113,6 +113,11 @@ ast_fspec_t valid_fspec(const uint8_t *data, uint64_t available) {
 namespace ast {
 
 Announced ask(const Reading &reading, uint32_t frn) {
+    // One that is tried among others says nothing of what it does not know.
+    const bool has_slots = reading.slots != &kNoSlots;
+    if (reading.size_item && has_slots &&
+        (frn > kFspecWordFrns || reading.slots->slots[bit_of_frn(frn)].type == AST_DATAITEM_NONE))
+        return {AST_DATAITEM_NONE, &find_item(AST_DATAITEM_NONE)};
     const ast_dataitem_type_t type = reading.uap->get_dataitem(reading.category, frn);
     const uint32_t number = type - AST_DATAITEM_TYPE(reading.category, 0);
     return {type, number < kItemNumbers ? &find_item(*reading.own, number) : &find_item(type)};

@@ -11,18 +11,24 @@
 
 namespace ast {
 
+// Sizes an item that its slot does not, in place of its row; 0 when the octets do not hold all of it.
+using ItemSizer = uint64_t(const ItemRow &row, ast_dataitem_type_t type, const ast_uap_t &uap, const uint8_t *data,
+                           uint64_t left);
+
 // What the records of a block are read by, found once for all of them.
 struct Reading {
-    Reading(uint32_t category_number, const ast_uap_t &profile)
+    Reading(uint32_t category_number, const ast_uap_t &profile, ItemSizer *sizer = nullptr)
         : category(category_number),
           uap(&profile),
           own(&find_category(category_number)),
-          slots(find_slots(profile, *own, category_number)) {}
+          slots(find_slots(profile, *own, category_number)),
+          size_item(sizer) {}
 
     uint32_t category;
     const ast_uap_t *uap;
     const Category *own;
     const SlotsByBit *slots; // kNoSlots: the profile has to be asked for every item
+    ItemSizer *size_item;    // null: the rule of the row
 };
 
 // A record that was read; no octets when it broke off.
@@ -51,11 +57,13 @@ inline uint64_t plain_size(const Slot &slot, const Reading &reading, const uint8
 // Why an item of that size, which is 0 or more than there is, breaks a record off.
 uint32_t reason_of(const ItemRow &row, ast_dataitem_type_t type, uint64_t size, uint64_t left);
 
-// Sizes one item by its row, with the reports that belong to it. Returns 0 when the record breaks off.
+// Sizes one item by its row, with the reports that belong to it, or as the reading does. Returns 0 when the record
+// breaks off.
 template <typename Store>
-uint64_t reported_size(const ItemRow &row, ast_dataitem_type_t type, uint32_t frn, const uint8_t *data, uint64_t left,
-                       Store &store) {
-    const uint64_t size = item_size(row, type, data, left);
+uint64_t reported_size(const Reading &reading, const ItemRow &row, ast_dataitem_type_t type, uint32_t frn,
+                       const uint8_t *data, uint64_t left, Store &store) {
+    const uint64_t size =
+        reading.size_item ? reading.size_item(row, type, *reading.uap, data, left) : item_size(row, type, data, left);
     // Explicit lengths and composed track numbers do not look at what is available; here they have to fit it.
     if (size != 0 && size <= left) return size;
     store.break_off(reason_of(row, type, size, left), data, frn, type);
@@ -78,7 +86,7 @@ const uint8_t *read_known_items(const Reading &reading, uint64_t announced, cons
             if (size - 1 >= left) [[unlikely]] { // 0, or more than there is
                 store.take(next);
                 const ItemRow &row = reading.own->rows[slot.place];
-                size = reported_size(row, slot.type, frn_of_bit(bit), data, left, store);
+                size = reported_size(reading, row, slot.type, frn_of_bit(bit), data, left, store);
                 if (size == 0) return nullptr;
             }
         }
@@ -105,7 +113,7 @@ const uint8_t *read_asked_items(const Reading &reading, const ast_fspec_t &fspec
     uint64_t left = available - fspec.length;
     const bool is_whole = each_frn(fspec, [&](uint32_t frn) {
         const Announced item = ask(reading, frn);
-        const uint64_t size = reported_size(*item.row, item.type, frn, data, left, store);
+        const uint64_t size = reported_size(reading, *item.row, item.type, frn, data, left, store);
         if (size == 0) return false;
         if (store.room() == 0) {
             store.break_off(AST_SPLIT_NO_ROOM, data, frn, item.type);

@@ -92,17 +92,37 @@ void split_records(ast_split_t &split, Choose choose) {
     set_end(split, end > split.length ? AST_SPLIT_OVERRUN : AST_SPLIT_NO_PROFILE, end);
 }
 
-bool split_with(ast_split_t &split, const uint8_t *data, uint64_t available, const ast_uap_t &uap) {
+template <typename Choose>
+bool split_by(ast_split_t &split, const uint8_t *data, uint64_t available, const ast_uap_t &uap, Choose choose) {
     if (!start(split, data, available, &uap)) return false;
-    const Reading reading(split.category, uap);
-    split_records(split, always(reading));
+    split_records(split, choose);
     return split.valid;
 }
 
+} // namespace
+
+namespace ast {
+
+bool split_block(ast_split_t &split, const uint8_t *data, uint64_t available, const Reading &reading) {
+    return split_by(split, data, available, *reading.uap, always(reading));
+}
+
+bool split_block(ast_split_t &split, const uint8_t *data, uint64_t available, const ChosenByRecord &choice) {
+    return split_by(split, data, available, AST_UAP_STANDARD, choice);
+}
+
+} // namespace ast
+
+namespace {
+
+// Given that the octets hold CAT, or nothing is read at all.
+bool split_with(ast_split_t &split, const uint8_t *data, uint64_t available, const ast_uap_t &uap) {
+    const bool has_category = data && available != 0;
+    return split_block(split, data, available, Reading(has_category ? data[0] : kCategoryNumbers, uap));
+}
+
 bool split_mixed(ast_split_t &split, const uint8_t *data, uint64_t available) {
-    if (!start(split, data, available, &AST_UAP_STANDARD)) return false;
-    split_records(split, ChosenByRecord(find_category(split.category)));
-    return split.valid;
+    return split_block(split, data, available, ChosenByRecord(find_category(data[0])));
 }
 
 // Tries one profile after another and comes back to the one that got furthest when none fits.

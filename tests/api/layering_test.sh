@@ -14,7 +14,7 @@ only() {
 }
 
 below=
-for floor in core codec view schema query items cat; do
+for floor in core codec view schema query items cat reader; do
     below="$below $floor"
     only "$floor" "$below"
 done

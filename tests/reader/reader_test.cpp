@@ -33,8 +33,8 @@ protected:
             if (r != 0) text += " | ";
             if (record.uap.get_dataitem == AST_UAP_CAT001_PLOT.get_dataitem) text += "plot ";
             for (uint64_t i = 0; i < record.item_count; ++i)
-                text += (i ? " " : "") + std::to_string(record.items[i].type) + "+" +
-                        std::to_string(record.items[i].size);
+                text +=
+                    (i ? " " : "") + std::to_string(record.items[i].type) + "+" + std::to_string(record.items[i].size);
         }
         return text;
     }
@@ -114,7 +114,7 @@ TEST_F(Reader, RanksEditionsByPlausibility) {
     EXPECT_TRUE(decode(21, "E8 19 0C 01 01 00 00 00 FF FF FF"));
     EXPECT_STREQ(result.edition, "0.26");
     EXPECT_EQ(items(), "21010+2 21903+2 21030+3 21080+3");
-    EXPECT_TRUE(result.ambiguous); // 0.23 is the same
+    EXPECT_TRUE(result.ambiguous);                               // 0.23 is the same
     EXPECT_TRUE(decode(21, "E8 19 0D 01 01 00 00 00 00 00 00")); // of another source, plausible either way
     EXPECT_STREQ(result.edition, "2.7");
 }

@@ -19,9 +19,9 @@ bool RawFile::fill(Chunk &chunk) {
     window_.open(chunk);
     Frame first = frame_block(chunk.octets());
     while (needs_more(first.framing) && read(chunk)) first = frame_block(chunk.octets());
-    Soundness soundness = check_blocks(chunk.octets(), is_read_);
-    while (soundness.sound == 0 && !soundness.gap && read(chunk)) soundness = check_blocks(chunk.octets(), is_read_);
-    if (soundness.sound == 0 && !soundness.gap) soundness = check_blocks(chunk.octets(), true);
+    Soundness soundness = look(chunk);
+    while (soundness.sound == 0 && !soundness.gap && read(chunk)) soundness = look(chunk);
+    if (soundness.sound == 0 && !soundness.gap) soundness = is_read_ ? look(chunk) : give_up(chunk);
     const Octets octets = chunk.octets();
     if (soundness.sound != 0) chunk.add({.octets = octets.first(soundness.sound), .offset = offset_});
     uint64_t taken = soundness.sound;
@@ -32,10 +32,26 @@ bool RawFile::fill(Chunk &chunk) {
     return !chunk.datagrams().empty();
 }
 
+// The last block waits for what follows it, which may show that its LEN is wrong; but not where that has yet to be
+// sent.
+Soundness RawFile::look(const Chunk &chunk) const {
+    Soundness soundness = check_blocks(chunk.octets(), is_read_);
+    if (!is_read_ && !soundness.gap && stream_.is_at_rest())
+        soundness.sound = std::min(soundness.sound, soundness.last);
+    return soundness;
+}
+
+// Where a chunk has no room for as many octets as it takes to tell where blocks run again.
+Soundness RawFile::give_up(const Chunk &chunk) {
+    Soundness soundness = check_blocks(chunk.octets(), false);
+    if (soundness.sound == 0) soundness.gap = std::max<uint64_t>(soundness.no_blocks, 1);
+    return soundness;
+}
+
 bool RawFile::read(Chunk &chunk) {
-    if (!is_read_ && window_.read(chunk)) return true;
-    is_read_ = true;
-    return false;
+    if (is_read_ || chunk.room().empty()) return false;
+    is_read_ = !window_.read(chunk);
+    return !is_read_;
 }
 
 // A block that was about to be written when the user had seen enough is no damage.

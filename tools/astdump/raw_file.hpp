@@ -1,6 +1,7 @@
 // Raw concatenated blocks.
 #pragma once
 
+#include "framing/framing.hpp"
 #include "input.hpp"
 #include "window.hpp"
 
@@ -15,6 +16,8 @@ public:
 
 private:
     bool read(Chunk &chunk);
+    Soundness look(const Chunk &chunk) const;
+    static Soundness give_up(const Chunk &chunk);
     bool is_cut_off(Octets rest) const;
     void add_gap(Chunk &chunk, uint64_t place, uint64_t octets);
 

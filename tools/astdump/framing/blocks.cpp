@@ -52,20 +52,36 @@ bool has_published_category(Octets block) { return !block.empty() && kIsPublishe
 
 namespace {
 
+// Whether octets may turn out to be a block once more of them are there.
+bool may_begin_block(Octets octets) {
+    const Framing framing = frame_block(octets).framing;
+    return octets.empty() ||
+           (kIsPublished[octets[0]] && (framing == Framing::short_header || framing == Framing::past_end));
+}
+
+struct Search {
+    uint64_t place = 0; // where blocks run again, or, if that is not found, up to where they do not
+    bool is_found = false;
+};
+
 // The first place after `from` at which blocks run again: two of them, or one that ends where the octets do.
-std::optional<uint64_t> next_blocks(Octets octets, uint64_t from) {
+Search next_blocks(Octets octets, uint64_t from, bool is_end) {
     for (uint64_t place = from + 1; place < octets.size(); ++place) {
-        const uint64_t length = block_at(octets.subspan(place));
-        if (length == 0) continue;
-        const Octets behind = octets.subspan(place + length);
-        if (behind.empty() || block_at(behind) != 0) return place;
+        const Octets rest = octets.subspan(place);
+        const uint64_t length = block_at(rest);
+        if (length == 0) {
+            if (!is_end && may_begin_block(rest)) return {.place = place};
+            continue;
+        }
+        const Octets behind = rest.subspan(length);
+        if (behind.empty() ? is_end : block_at(behind) != 0) return {.place = place, .is_found = true};
+        if (!is_end && may_begin_block(behind)) return {.place = place};
     }
-    return std::nullopt;
+    return {.place = octets.size()};
 }
 
 // Whether a block that is none of the published ones still stands among others.
-bool is_in_line(Octets octets, const Frame &frame, bool is_end) {
-    const Octets behind = octets.subspan(frame.length);
+bool is_in_line(Octets behind, const Frame &frame, bool is_end) {
     if (behind.empty()) return is_end;
     return behind[0] == frame.category || block_at(behind) != 0;
 }
@@ -74,25 +90,28 @@ bool is_in_line(Octets octets, const Frame &frame, bool is_end) {
 
 Soundness check_blocks(Octets octets, bool is_end) {
     Soundness result;
-    uint64_t last = 0; // where the last sound block begins
     while (result.sound < octets.size()) {
         const Octets rest = octets.subspan(result.sound);
         const Frame frame = frame_block(rest);
-        const bool is_whole = frame.framing == Framing::block;
-        if (is_whole && (block_at(rest) != 0 || is_in_line(rest, frame, is_end))) {
-            last = result.sound;
-            result.sound += frame.length;
-            continue;
-        }
-        if (!is_whole && frame.framing != Framing::short_length && !is_end) {
+        if (frame.framing == Framing::block) {
+            const Octets behind = rest.subspan(frame.length);
+            if (block_at(rest) != 0 || is_in_line(behind, frame, is_end)) {
+                result.last = result.sound;
+                result.sound += frame.length;
+                continue;
+            }
+            if (!is_end && may_begin_block(behind)) return result;
+        } else if (frame.framing != Framing::short_length && !is_end) {
             // What is no beginning of a block, either, may be where a wrong LEN has led.
-            if (!has_published_category(rest) && rest[0] != octets[last]) result.sound = last;
+            if (!has_published_category(rest) && rest[0] != octets[result.last]) result.sound = result.last;
             return result;
         }
-        const auto next = next_blocks(octets, result.sound == 0 ? 0 : last);
-        if (!next && !is_end) return result;
-        if (next && *next < result.sound) result.sound = last;
-        result.gap = next.value_or(octets.size()) - result.sound;
+        const Search next = next_blocks(octets, result.sound == 0 ? 0 : result.last, is_end);
+        if (next.is_found && next.place < result.sound) result.sound = result.last;
+        if (next.is_found || is_end)
+            result.gap = next.place - result.sound;
+        else if (next.place > result.sound)
+            result.no_blocks = next.place - result.sound;
         return result;
     }
     return result;

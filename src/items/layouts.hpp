@@ -101,40 +101,41 @@ enum : size_t { v023, thales, v026, v21, v24 };
 }
 
 template <>
-constexpr auto kLayoutsOf<1> = listed(layouts::k001, layouts::k001Plot, layouts::k001Asr10, layouts::k001Asr10Mk2,
-                                      layouts::k001Managair);
+inline constexpr auto kLayoutsOf<1> = listed(layouts::k001, layouts::k001Plot, layouts::k001Asr10,
+                                             layouts::k001Asr10Mk2, layouts::k001Managair);
 template <>
-constexpr auto kLayoutsOf<2> = listed(layouts::k002, layouts::k002Asr10, layouts::k002Asr10Mk2, layouts::k002Managair);
+inline constexpr auto kLayoutsOf<2> = listed(layouts::k002, layouts::k002Asr10, layouts::k002Asr10Mk2,
+                                             layouts::k002Managair);
 template <>
-constexpr auto kLayoutsOf<21> = listed(layouts::k021Ed023, layouts::k021Thales, layouts::k021Ed026, layouts::k021Ed21,
-                                       layouts::k021Ed24);
+inline constexpr auto kLayoutsOf<21> = listed(layouts::k021Ed023, layouts::k021Thales, layouts::k021Ed026,
+                                              layouts::k021Ed21, layouts::k021Ed24);
 template <>
-constexpr auto kLayoutsOf<4> = listed(layouts::k004);
+inline constexpr auto kLayoutsOf<4> = listed(layouts::k004);
 template <>
-constexpr auto kLayoutsOf<8> = listed(layouts::k008);
+inline constexpr auto kLayoutsOf<8> = listed(layouts::k008);
 template <>
-constexpr auto kLayoutsOf<10> = listed(layouts::k010);
+inline constexpr auto kLayoutsOf<10> = listed(layouts::k010);
 template <>
-constexpr auto kLayoutsOf<15> = listed(layouts::k015);
+inline constexpr auto kLayoutsOf<15> = listed(layouts::k015);
 template <>
-constexpr auto kLayoutsOf<16> = listed(layouts::k016);
+inline constexpr auto kLayoutsOf<16> = listed(layouts::k016);
 template <>
-constexpr auto kLayoutsOf<19> = listed(layouts::k019);
+inline constexpr auto kLayoutsOf<19> = listed(layouts::k019);
 template <>
-constexpr auto kLayoutsOf<20> = listed(layouts::k020);
+inline constexpr auto kLayoutsOf<20> = listed(layouts::k020);
 template <>
-constexpr auto kLayoutsOf<23> = listed(layouts::k023);
+inline constexpr auto kLayoutsOf<23> = listed(layouts::k023);
 template <>
-constexpr auto kLayoutsOf<34> = listed(layouts::k034);
+inline constexpr auto kLayoutsOf<34> = listed(layouts::k034);
 template <>
-constexpr auto kLayoutsOf<48> = listed(layouts::k048);
+inline constexpr auto kLayoutsOf<48> = listed(layouts::k048);
 template <>
-constexpr auto kLayoutsOf<62> = listed(layouts::k062);
+inline constexpr auto kLayoutsOf<62> = listed(layouts::k062);
 template <>
-constexpr auto kLayoutsOf<63> = listed(layouts::k063);
+inline constexpr auto kLayoutsOf<63> = listed(layouts::k063);
 template <>
-constexpr auto kLayoutsOf<65> = listed(layouts::k065);
+inline constexpr auto kLayoutsOf<65> = listed(layouts::k065);
 template <>
-constexpr auto kLayoutsOf<240> = listed(layouts::k240);
+inline constexpr auto kLayoutsOf<240> = listed(layouts::k240);
 
 } // namespace ast

@@ -17,6 +17,7 @@ bool needs_more(Framing framing) { return framing == Framing::short_header || fr
 // header. Behind that, a place where blocks break off is passed over to the next one where they run again.
 bool RawFile::fill(Chunk &chunk) {
     window_.open(chunk);
+    while (stream_.is_at_rest() && !chunk.is_full() && read(chunk)) continue; // as far as the end, if that is near
     Frame first = frame_block(chunk.octets());
     while (needs_more(first.framing) && read(chunk)) first = frame_block(chunk.octets());
     Soundness soundness = look(chunk);

@@ -85,8 +85,8 @@ std::optional<FieldPath> FieldPath::read(std::string_view text) {
         for (const ast_uap_info_t &profile : profiles()) result.resolve(each, *profile.uap);
     }
     std::ranges::sort(result.types_);
-    const auto repeated = std::ranges::unique(result.types_);
-    result.types_.erase(repeated.begin(), repeated.end());
+    const auto repeated = std::unique(result.types_.begin(), result.types_.end());
+    result.types_.erase(repeated, result.types_.end());
     if (!result.types_.empty()) return result;
     throw std::invalid_argument("'" + std::string(text) + "' is a field of no " +
                                 (category ? "edition of that category" : "category"));

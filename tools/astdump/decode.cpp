@@ -24,9 +24,7 @@ std::vector<Way> ways_to_decode(uint32_t category) {
 } // namespace
 
 Decoder::Decoder(const ast_uap_info_t *profile)
-    : profile_(profile), block_(std::make_unique<ast_datablock_t>()), attempt_(std::make_unique<ast_datablock_t>()) {
-    silence_library_log();
-}
+    : profile_(profile), block_(std::make_unique<ast_datablock_t>()), attempt_(std::make_unique<ast_datablock_t>()) {}
 
 DecodedBlock Decoder::decode(const Datagram &datagram, uint64_t number, uint64_t offset, Octets octets) {
     if (profile_)

@@ -23,7 +23,7 @@ struct DecodedBlock {
 class Decoder {
 public:
     // With a profile, every block is decoded by it. With null the one that fits is looked for; where none fits, what
-    // got furthest is kept. Takes over the library's log.
+    // got furthest is kept. The library's log is to be silenced first.
     explicit Decoder(const ast_uap_info_t *profile);
 
     // The result points into the decoder and is good until the next call; no record is asked for yet. The

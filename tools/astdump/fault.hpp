@@ -16,7 +16,8 @@ struct Fault {
 };
 
 // Takes over the library's log. It is not shown, since attempts with a profile that does not fit log, too, but the last
-// message on the item at a fault is its reason. At other times the library need not even write its messages.
+// message on the item at a fault is its reason. At other times the library need not even write its messages. Once,
+// before anything is decoded: a thread that listens would miss its message.
 void silence_library_log();
 
 // Where a block that is not valid stops; the record at that place is read by `uap`.

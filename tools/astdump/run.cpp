@@ -30,7 +30,9 @@ Run::Run(const Options &options, Sinks sinks, const Output &out, DamageLog &dama
       damage_(damage),
       progress_(progress),
       waiting_(waiting),
-      workers_(threads_of(options)) {}
+      workers_(threads_of(options)) {
+    silence_library_log();
+}
 
 Worker &Run::worker(size_t number) {
     auto &worker = workers_[number];

@@ -56,7 +56,7 @@ struct Block {
     Records records;
     const ast_uap_t *uap = nullptr; // that of the profile; records of category 001 have their own
     Profile profile;
-    bool valid = false; // the records fill the block
+    bool valid = false;           // the records fill the block
     ast_reader_result_t result{}; // where and why it ended
 };
 

@@ -97,9 +97,8 @@ bool Editions::split(ast_split_t &split, Octets block, ast_reader_result_t &resu
 }
 
 bool Editions::have_seen(uint64_t blocks) const {
-    return std::ranges::all_of(reader_.sources, [&](const ast_reader_source_t &source) {
-        return source.key == 0 || source.blocks >= blocks;
-    });
+    return std::ranges::all_of(
+        reader_.sources, [&](const ast_reader_source_t &source) { return source.key == 0 || source.blocks >= blocks; });
 }
 
 Editions look_through(const std::string &path, const Options &options) {

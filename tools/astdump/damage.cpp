@@ -75,10 +75,9 @@ void Damage::line(uint64_t line, uint64_t character, std::string_view path, cons
 
 void Damage::block(const DecodedBlock &decoded) {
     const Fault &fault = *decoded.fault;
-    const uint64_t items = fault.record.valid ? 0 : fault.record.item_count;
     report(place_text(*decoded.datagram, decoded.offset) + ": " + category_text(decoded.block->category) +
                ": damaged in record " + std::to_string(decoded.block->record_count + 1) + " after " +
-               counted(items, "item") + ", at octet " + std::to_string(fault.octets) + " of " +
+               counted(fault.record.item_count, "item") + ", at octet " + std::to_string(fault.octets) + " of " +
                std::to_string(decoded.octets.size()) + ": " + fault.reason,
            {.invalid = 1});
 }

@@ -11,10 +11,8 @@ struct Rendered {
     std::vector<TextBuffer> texts; // by sink
     Damage damage;                 // the place of a report is in the text of the first sink
     Tally tally;
-    uint64_t unconverted = 0;             // records that are left out
-    uint64_t shown = 0;                   // blocks
-    const ast_uap_t *profile_before = {}; // the current one, at the start and at the end
-    const ast_uap_t *profile_after = {};
+    uint64_t unconverted = 0; // records that are left out
+    uint64_t shown = 0;       // blocks
 };
 
 } // namespace astdump

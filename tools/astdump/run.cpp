@@ -5,6 +5,7 @@
 #include <system_error>
 #include <utility>
 
+#include "split.hpp"
 #include "text.hpp"
 
 namespace astdump {
@@ -31,7 +32,7 @@ Run::Run(const Options &options, Sinks sinks, const Output &out, DamageLog &dama
       progress_(progress),
       waiting_(waiting),
       workers_(threads_of(options)) {
-    silence_library_log();
+    ast_log_handler_reg(nullptr); // attempts with a profile that does not fit write messages, too
 }
 
 Worker &Run::worker(size_t number) {
@@ -71,6 +72,7 @@ int Run::files() {
 void Run::file(const std::string &path, Pipeline &pipeline) {
     name_ = path == "-" ? "standard input" : path;
     damage_.set_file(name_);
+    editions_ = look_through(path, options_);
     input_.emplace(path, options_.interface, waiting_, options_.follow, options_.framing);
     for (const auto &sink : sinks_) {
         sink->file(name_);
@@ -81,21 +83,22 @@ void Run::file(const std::string &path, Pipeline &pipeline) {
     octets_read_ += consumed_;
 }
 
-bool Run::read(Chunk &chunk) { return input_->fill(chunk); }
-
-void Run::render(Job &job, size_t number) {
-    worker(number).render(job.chunk, expected_, most(), job.rendered);
-    expected_ = job.rendered.profile_after;
+// What cannot be looked through beforehand is learnt from in its order, here as where it is decoded.
+bool Run::read(Chunk &chunk) {
+    const bool is_filled = input_->fill(chunk);
+    chunk.editions = editions_;
+    if (!editions_.grows()) return is_filled;
+    for (const Datagram &datagram : chunk.datagrams())
+        each_block(datagram.octets, [&](Octets block) {
+            if (options_.categories.test(block[0])) editions_.learn(block);
+        });
+    return is_filled;
 }
 
-// A chunk that was rendered from another profile than the blocks before it have led to is rendered again.
-bool Run::write(Job &job, size_t number) {
-    Rendered &rendered = job.rendered;
-    if (rendered.profile_before != profile_) {
-        worker(number).render(job.chunk, profile_, most(), rendered);
-        expected_ = rendered.profile_after;
-    }
-    profile_ = rendered.profile_after;
+void Run::render(Job &job, size_t number) { worker(number).render(job.chunk, most(), job.rendered); }
+
+bool Run::write(Job &job) {
+    const Rendered &rendered = job.rendered;
     unconverted_ += rendered.unconverted;
     shown_ += rendered.shown;
     size_t taken = 0;

@@ -4,22 +4,20 @@
 
 namespace astdump {
 
-Worker::Worker(const Options &options, const Sinks &sinks)
-    : options_(options), decoder_(options.profile), converter_(options.convert) {
+Worker::Worker(const Options &options, const Sinks &sinks) : options_(options), converter_(options.convert) {
     for (const auto &sink : sinks) {
         renderers_.push_back(sink->renderer());
         counts_ = counts_ || sink->counts();
     }
 }
 
-void Worker::render(const Chunk &chunk, const ast_uap_t *profile, uint64_t most, Rendered &rendered) {
+void Worker::render(const Chunk &chunk, uint64_t most, Rendered &rendered) {
     rendered.texts.resize(renderers_.size());
     for (TextBuffer &text : rendered.texts) text.clear();
     rendered.damage.clear();
     rendered.shown = 0;
     rendered.unconverted = 0;
-    rendered.profile_before = profile;
-    decoder_.set_current(profile);
+    decoder_.set_editions(chunk.editions);
     number_ = chunk.first_number;
 
     const std::vector<Report> &reports = chunk.damage().reports();
@@ -32,7 +30,6 @@ void Worker::render(const Chunk &chunk, const ast_uap_t *profile, uint64_t most,
     for (size_t i = 0; i < renderers_.size(); ++i)
         if (renderers_[i]) renderers_[i]->end(rendered.texts[i]);
     rendered.tally = counter_.take();
-    rendered.profile_after = decoder_.current();
 }
 
 void Worker::datagram(const Datagram &datagram, uint64_t most, Rendered &rendered) {

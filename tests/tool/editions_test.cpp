@@ -142,8 +142,9 @@ TEST(LongBlocks, ShowAllTheirRecords) {
     EXPECT_EQ(lines("--list b"), kRecords + 1);
     EXPECT_EQ(lines("--csv I020 b"), kRecords + 1);
     EXPECT_EQ(lines("--json b"), kRecords);
-    EXPECT_NE(command.run("--stats b").out.find("034               1          0         70          210            353\n"),
-              std::string::npos);
+    EXPECT_NE(
+        command.run("--stats b").out.find("034               1          0         70          210            353\n"),
+        std::string::npos);
     // 69 sectors of 360/256 degrees are 97.03125.
     EXPECT_EQ(command.run("--csv I020 --where 'I020>96' b").out, "block,record,time,category,I020\n1,70,,34,97\n");
     EXPECT_EQ(lines("--json --convert 2 b"), kRecords);
@@ -155,6 +156,19 @@ TEST(LongBlocks, ShowAllTheirRecords) {
         command.run(std::string("--quiet --write again.ast ") + file);
         EXPECT_EQ(read_file(command.directory() + "/again.ast"), block);
     }
+}
+
+// FRN 1 to 42 of category 021, every one of them as short as it can be; a record of the library holds 32 items.
+TEST(LongBlocks, KeepRecordsOfMoreItemsThanCanBeShown) {
+    const std::string block = hex("15 006C FFFFFFFFFFFE") + std::string(99, '\0');
+    Command command;
+    command.write("b", block);
+    const Result lines = command.run("--json b");
+    EXPECT_NE(lines.out.find(R"("error":"more than 32 items in a record","data":"FFFFFFFFFFFE0000)"),
+              std::string::npos);
+    command.write("lines", lines.out);
+    command.run("--quiet --write again.ast lines");
+    EXPECT_EQ(read_file(command.directory() + "/again.ast"), block);
 }
 
 } // namespace

@@ -87,6 +87,7 @@ void JsonRenderer::remainder(const DecodedBlock &decoded, ast_json_line_t line, 
     const Block &block = *decoded.block;
     if (!decoded.fault && block.record_count != 0) return;
     line.record = block.record_count + 1;
+    line.ambiguous = false;
     const Octets rest = decoded.octets.subspan(block.records.octets_of(block.record_count));
     data(block.category, rest, rest.empty() ? "a block without records" : decoded.fault->reason, line, out);
 }

@@ -54,17 +54,24 @@ void Worker::no_block(const Datagram &datagram, uint64_t offset, const Frame &fr
 }
 
 void Worker::block(const Datagram &datagram, uint64_t offset, Octets octets, Rendered &rendered) {
-    DecodedBlock decoded = decoder_.decode(datagram, number_, offset, octets);
-    decoded.shown = select_records(*decoded.block, options_.where);
-    if (options_.where.empty() || decoded.shown.any()) show(decoded, rendered);
+    DecodedBlock &decoded = decoder_.decode(datagram, number_, offset, octets);
+    select_records(decoded.shown, *decoded.block, options_.where);
+    const bool is_wanted = options_.where.empty() || decoded.shown.any();
+    if (is_wanted && options_.convert.any())
+        show_converted(decoded, rendered);
+    else if (is_wanted)
+        show(decoded, rendered);
     if (decoded.fault) rendered.damage.block(decoded);
 }
 
 // As what it converts to, if it does; a block of which nothing is left is not shown.
-void Worker::show(DecodedBlock decoded, Rendered &rendered) {
+void Worker::show_converted(DecodedBlock decoded, Rendered &rendered) {
     const auto left_out = converter_.convert(decoded);
     rendered.unconverted += left_out.value_or(0);
-    if (left_out && decoded.shown.none()) return;
+    if (!left_out || decoded.shown.any()) show(decoded, rendered);
+}
+
+void Worker::show(const DecodedBlock &decoded, Rendered &rendered) {
     ++rendered.shown;
     if (counts_) counter_.add(decoded);
     for (size_t i = 0; i < renderers_.size(); ++i) {

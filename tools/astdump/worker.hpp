@@ -22,7 +22,8 @@ private:
     void no_block(const Datagram &datagram, uint64_t offset, const Frame &frame, Rendered &rendered);
     void block(const Datagram &datagram, uint64_t offset, Octets octets, Rendered &rendered);
 
-    void show(DecodedBlock decoded, Rendered &rendered);
+    void show_converted(DecodedBlock decoded, Rendered &rendered);
+    void show(const DecodedBlock &decoded, Rendered &rendered);
 
     const Options &options_;
     Decoder decoder_;

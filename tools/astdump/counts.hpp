@@ -7,6 +7,7 @@
 
 #include "by_type.hpp"
 #include "decode.hpp"
+#include "losses.hpp"
 
 namespace astdump {
 
@@ -22,6 +23,7 @@ struct Counts {
 
 // What has been counted over some blocks; only what is there.
 struct Tally {
+    Losses losses;
     std::vector<std::pair<uint8_t, Counts>> categories;
     std::vector<std::pair<ast_dataitem_type_t, uint64_t>> items;
 };

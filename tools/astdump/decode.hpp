@@ -18,6 +18,7 @@ struct DecodedBlock {
     const ast_datablock_t *block = nullptr;
     std::optional<Fault> fault{}; // unless the block is valid
     RecordSet shown{};            // those of its records that are asked for
+    bool is_cut = false;          // what follows these is not asked for
 };
 
 class Decoder {

@@ -16,11 +16,19 @@ namespace astdump {
 struct Condition {
     std::variant<uint32_t, FieldPath> what;
     Comparison comparison;
+    std::string name;
+    std::string text; // all of it
 };
 
 // "NAME" or "NAME=VALUE", with any of the operators. Throws std::invalid_argument for an unknown name and for a value
 // that none can have.
 Condition read_condition(const std::string &text);
+
+// Whether a record has what a condition asks for, whatever its value is.
+bool holds_what(const ast_datarecord_t &record, const Condition &condition);
+
+// Whether a condition is about one category alone.
+bool names_category(const Condition &condition);
 
 using RecordSet = std::bitset<AST_DATABLOCK_MAX_RECORDS>;
 

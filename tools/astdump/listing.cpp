@@ -39,6 +39,10 @@ void ListingRenderer::block_line(const DecodedBlock &decoded, TextBuffer &out) {
     out.put(style_.on(Color::heading));
     out.put('#');
     out.number(decoded.number);
+    if (datagram.file) {
+        out.put("  ");
+        put_printable(out, *datagram.file);
+    }
     if (datagram.time) {
         out.put("  ");
         put_time(out, *datagram.time);

@@ -25,6 +25,7 @@ void put_block_line(TextBuffer &out, const DecodedBlock &decoded) {
         out.number(decoded.number);
     });
     put_span(out, "category", [&] { out.number(block.category, 3, '0'); });
+    if (datagram.file) put_span(out, "file", [&] { out.put(escape(*datagram.file)); });
     if (datagram.time) put_span(out, "time", [&] { put_time(out, *datagram.time); });
     put_span(out, "counts", [&] {
         put_counted(out, block.record_count, "record");

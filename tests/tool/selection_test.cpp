@@ -124,6 +124,9 @@ I048/161          1  Track Number
 I048/170          1  Track Status
 I048/200          1  Calculated Track Velocity in Ploar Co-ordinates
 
+Profile         Edition  Category      Blocks
+standard        1.32     048                1
+
 Framing         File
 raw             )" +
                   kSample + "\n");

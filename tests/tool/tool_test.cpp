@@ -68,6 +68,10 @@ I062/290          1  System Track Update Ages
 I062/380          1  Aircraft Derived Data
 I062/390          1  Flight Plan Related Data
 
+Profile         Edition  Category      Blocks
+standard        1.29     034                2
+standard        1.21     062                1
+
 Framing         File
 raw             )" +
                kSample + "\n");

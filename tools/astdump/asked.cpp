@@ -5,7 +5,7 @@
 
 namespace astdump {
 
-void Asked::look(const ast_datablock_t &block, const std::vector<Condition> &conditions) {
+void Asked::look(const Block &block, const std::vector<Condition> &conditions) {
     found_.resize(conditions.size());
     if (block.record_count == 0) return;
     seen_.set(block.category);

@@ -12,7 +12,7 @@ namespace astdump {
 class Asked {
 public:
     // Looks at the records of a block, until its category has shown everything.
-    void look(const ast_datablock_t &block, const std::vector<Condition> &conditions);
+    void look(const Block &block, const std::vector<Condition> &conditions);
 
     Asked &operator|=(const Asked &other);
 

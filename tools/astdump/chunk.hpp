@@ -6,6 +6,7 @@
 
 #include "damage.hpp"
 #include "datagram_filter.hpp"
+#include "editions.hpp"
 
 namespace astdump {
 
@@ -45,6 +46,7 @@ public:
     Damage &damage() { return damage_; }
     const Damage &damage() const { return damage_; }
 
+    Editions editions;         // what is known in front of its first block
     uint64_t first_number = 0; // of its blocks in their file, counted from 1
     uint64_t end_number = 0;   // of the block behind its last one
     uint64_t consumed = 0;     // octets of the file, up to its end

@@ -17,7 +17,9 @@ struct Counts {
     uint64_t records = 0;
     uint64_t items = 0;
     uint64_t octets = 0;
+    std::vector<std::pair<Profile, uint64_t>> profiles; // of blocks without a fault, as they are met
 
+    void add(const Profile &profile, uint64_t number);
     Counts &operator+=(const Counts &other);
 };
 
@@ -37,6 +39,8 @@ public:
     Tally take();
 
 private:
+    void add(uint32_t category, std::span<const ast_split_item_t> items);
+
     std::array<Counts, 256> categories_{};
     ByType<uint64_t> items_;
     std::vector<uint8_t> seen_categories_;

@@ -159,11 +159,10 @@ void Damage::foreign(const Datagram &datagram) {
 
 void Damage::block(const DecodedBlock &decoded) {
     const Fault &fault = *decoded.fault;
-    const uint64_t items = fault.record.valid ? 0 : fault.record.item_count;
     const std::string where = place_text(*decoded.datagram, decoded.offset) + ": ";
     const std::string category = category_text(decoded.block->category) + ": ";
     const std::string detail = "in record " + std::to_string(decoded.block->record_count + 1) + " after " +
-                               counted(items, "item") + ", at octet " + std::to_string(fault.octets) + " of " +
+                               counted(fault.record.item_count, "item") + ", at octet " + std::to_string(fault.octets) + " of " +
                                std::to_string(decoded.octets.size());
     add({.kind = Kind::damaged,
          .text = where + category + "damaged " + detail + ": " + fault.reason,

@@ -9,9 +9,6 @@ namespace astdump {
 
 namespace {
 
-// The category in which each record has a profile of its own: what is left of a long block are octets.
-constexpr uint32_t kMonoradarTargets = 1;
-
 bool has_remainder(const DecodedBlock &decoded) {
     return !decoded.is_cut && (decoded.fault || decoded.block->record_count == 0);
 }
@@ -25,7 +22,6 @@ public:
 
 private:
     ast_json_line_t line(const Datagram &datagram, uint64_t offset);
-    void record(const ast_datarecord_t &record, const ast_json_line_t &line, TextBuffer &out);
     void remainder(const DecodedBlock &decoded, ast_json_line_t line, TextBuffer &out);
     void data(uint32_t category, Octets octets, const std::string &error, const ast_json_line_t &line, TextBuffer &out);
     template <typename Write>
@@ -77,8 +73,9 @@ ast_json_line_t JsonRenderer::line(const Datagram &datagram, uint64_t offset) {
 
 void JsonRenderer::block(const DecodedBlock &decoded, TextBuffer &out) {
     ast_json_line_t line = this->line(*decoded.datagram, decoded.offset);
-    const ast_datablock_t &block = *decoded.block;
+    const Block &block = *decoded.block;
     line.block = decoded.number;
+    line.ambiguous = block.profile.ambiguous;
     for (uint64_t i = 0; i < block.record_count; ++i) {
         if (!decoded.shown[i]) continue;
         const ast_datarecord_t &record = block.records[i];
@@ -89,27 +86,11 @@ void JsonRenderer::block(const DecodedBlock &decoded, TextBuffer &out) {
     if (form_.remainders && has_remainder(decoded)) remainder(decoded, line, out);
 }
 
-void JsonRenderer::record(const ast_datarecord_t &record, const ast_json_line_t &line, TextBuffer &out) {
-    put(record.size, out,
-        [&](char *text, uint64_t capacity) { return ast_datarecord_to_json(text, capacity, &record, &line); });
-}
-
-// What lies behind the last record that is whole, and first the records beyond those that a decoded block holds. A
-// block without any octets behind its header has no record either.
+// What lies behind the last record that is whole. A block without any octets behind its header has no record either.
 void JsonRenderer::remainder(const DecodedBlock &decoded, ast_json_line_t line, TextBuffer &out) {
-    const ast_datablock_t &block = *decoded.block;
-    uint64_t end = kBlockHeaderOctets;
-    for (uint64_t i = 0; i < block.record_count; ++i) end += block.records[i].size;
+    const Block &block = *decoded.block;
     line.record = block.record_count + 1;
-    const bool is_longer = decoded.fault && block.category != kMonoradarTargets;
-    for (ast_datarecord_t more = is_longer ? decoded.fault->record : ast_datarecord_t{}; more.valid; ++line.record) {
-        record(more, line, out);
-        end += more.size;
-        const Octets rest = decoded.octets.subspan(end);
-        if (rest.empty()) return;
-        more = ast_datarecord_decode(rest.data(), rest.size(), block.category, more.uap);
-    }
-    const Octets rest = decoded.octets.subspan(end);
+    const Octets rest = decoded.octets.subspan(block.records.octets_of(block.record_count));
     data(block.category, rest, rest.empty() ? "a block without records" : decoded.fault->reason, line, out);
 }
 

@@ -25,17 +25,17 @@ private:
 };
 
 void ListingRenderer::block(const DecodedBlock &decoded, TextBuffer &out) {
-    const ast_datablock_t &block = *decoded.block;
+    const Block &block = *decoded.block;
     block_line(decoded, out);
     for (uint64_t i = 0; i < block.record_count; ++i)
-        if (decoded.shown[i]) record(block.records[i], i + 1, block.uap, out);
+        if (decoded.shown[i]) record(block.records[i], i + 1, *block.uap, out);
     if (decoded.fault) fault(decoded, out);
     out.put('\n');
 }
 
 void ListingRenderer::block_line(const DecodedBlock &decoded, TextBuffer &out) {
     const Datagram &datagram = *decoded.datagram;
-    const ast_datablock_t &block = *decoded.block;
+    const Block &block = *decoded.block;
     out.put(style_.on(Color::heading));
     out.put('#');
     out.number(decoded.number);
@@ -57,7 +57,7 @@ void ListingRenderer::block_line(const DecodedBlock &decoded, TextBuffer &out) {
     out.put("  ");
     out.number(decoded.octets.size());
     out.put(" octets  ");
-    out.put(profile_name(block.uap, block.category));
+    put_profile(out, block.profile);
     out.put("  ");
     put_counted(out, block.record_count, "record");
     out.put("  ");
@@ -92,7 +92,7 @@ void ListingRenderer::fault(const DecodedBlock &decoded, TextBuffer &out) {
     out.put("  record ");
     out.number(decoded.block->record_count + 1);
     out.put('\n');
-    if (!fault.record.valid) items(fault.record, out);
+    items(fault.record, out);
     out.put("    ");
     out.put(style_.on(Color::fault));
     out.put("damaged at octet ");

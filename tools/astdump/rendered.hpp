@@ -15,8 +15,6 @@ struct Rendered {
     uint64_t unconverted = 0; // records that are left out
     uint64_t shown = 0;       // as the first sink counts
     Asked asked;
-    const ast_uap_t *profile_before = {}; // the current one, at the start and at the end
-    const ast_uap_t *profile_after = {};
 };
 
 } // namespace astdump

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "merged_source.hpp"
+#include "split.hpp"
 #include "text.hpp"
 
 namespace astdump {
@@ -31,7 +32,9 @@ Run::Run(const Options &options, Sinks sinks, const Output &out, DamageLog &dama
       damage_(damage),
       progress_(progress),
       waiting_(waiting),
-      workers_(threads_of(options)) {}
+      workers_(threads_of(options)) {
+    ast_log_handler_reg(nullptr); // attempts with a profile that does not fit write messages, too
+}
 
 Worker &Run::worker(size_t number) {
     auto &worker = workers_[number];
@@ -109,6 +112,7 @@ void Run::read_input(Pipeline &pipeline) {
 
 void Run::file(const std::string &path, Pipeline &pipeline) {
     name_ = path == "-" ? "standard input" : path;
+    editions_ = look_through(path, options_);
     input_ = open(path, options_.datagrams);
     damage_.set_file(name_, input_->is_live());
     start_file(name_, *input_);
@@ -126,26 +130,28 @@ void Run::merged(Pipeline &pipeline) {
             source->add(name, std::move(input));
         });
     name_ = counted(options_.files.size(), "file");
+    editions_ = Editions(options_.profile); // learnt in the order of the merged datagrams
     damage_.set_file(name_, false);
     input_ = std::make_unique<Input>(std::move(source), options_.datagrams);
     read_input(pipeline);
 }
 
-bool Run::read(Chunk &chunk) { return input_->fill(chunk); }
-
-void Run::render(Job &job, size_t number) {
-    worker(number).render(job.chunk, expected_, most(), job.rendered);
-    expected_ = job.rendered.profile_after;
+// What cannot be looked through beforehand is learnt from in its order, here as where it is decoded.
+bool Run::read(Chunk &chunk) {
+    const bool is_filled = input_->fill(chunk);
+    chunk.editions = editions_;
+    if (!editions_.grows()) return is_filled;
+    for (const Datagram &datagram : chunk.datagrams())
+        each_block(datagram.octets, [&](Octets block) {
+            if (options_.categories.test(block[0])) editions_.learn(block);
+        });
+    return is_filled;
 }
 
-// A chunk that was rendered from another profile than the blocks before it have led to is rendered again.
-bool Run::write(Job &job, size_t number) {
-    Rendered &rendered = job.rendered;
-    if (rendered.profile_before != profile_) {
-        worker(number).render(job.chunk, profile_, most(), rendered);
-        expected_ = rendered.profile_after;
-    }
-    profile_ = rendered.profile_after;
+void Run::render(Job &job, size_t number) { worker(number).render(job.chunk, most(), job.rendered); }
+
+bool Run::write(Job &job) {
+    const Rendered &rendered = job.rendered;
     unconverted_ += rendered.unconverted;
     shown_ += rendered.shown;
     asked_ |= rendered.asked;

@@ -1,7 +1,6 @@
 // From files to sinks.
 #pragma once
 
-#include <atomic>
 #include <limits>
 
 #include "damage_log.hpp"
@@ -39,7 +38,7 @@ private:
     void tell_what_is_left_out() const;
     bool read(Chunk &chunk) override;
     void render(Job &job, size_t worker) override;
-    bool write(Job &job, size_t worker) override;
+    bool write(Job &job) override;
     Worker &worker(size_t number);
 
     const Options &options_;
@@ -59,9 +58,7 @@ private:
     std::unique_ptr<Input> input_;
     std::string name_;
     uint64_t consumed_ = 0;
-
-    const ast_uap_t *profile_ = &AST_UAP_STANDARD;                // current behind what has been written
-    std::atomic<const ast_uap_t *> expected_ = &AST_UAP_STANDARD; // in front of what is read next, most likely
+    Editions editions_; // in front of what is read next
 };
 
 } // namespace astdump

@@ -14,6 +14,7 @@ void Stats::count(const Tally &tally) {
 void Stats::finish(uint64_t) {
     categories();
     items();
+    profiles();
     files();
     out_.write(text_.text());
 }
@@ -62,6 +63,29 @@ void Stats::items() {
         }
         item(type, count);
     });
+}
+
+void Stats::profiles() {
+    bool is_headed = false;
+    for (unsigned category = 0; category < counts_.size(); ++category)
+        for (const auto &[profile, blocks] : counts_[category].profiles) {
+            if (!std::exchange(is_headed, true)) {
+                text_.put('\n');
+                headline("Profile         Edition  Category      Blocks");
+            }
+            this->profile(category, profile, blocks);
+        }
+}
+
+void Stats::profile(unsigned category, const Profile &profile, uint64_t blocks) {
+    text_.left(profile.name, 14);
+    text_.put("  ");
+    text_.left(*profile.edition ? profile.edition : "-", 7);
+    text_.put("  ");
+    text_.number(category, 3, '0');
+    text_.number(blocks, 17);
+    if (profile.ambiguous) text_.put("  ambiguous: others fit as well");
+    text_.put('\n');
 }
 
 void Stats::files() {

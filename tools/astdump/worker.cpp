@@ -4,20 +4,7 @@
 
 namespace astdump {
 
-namespace {
-
-void keep_first(RecordSet &records, uint64_t count) {
-    for (size_t i = 0; i < records.size(); ++i)
-        if (records[i] && count-- == 0) {
-            records &= ~(RecordSet().set() << i);
-            return;
-        }
-}
-
-} // namespace
-
-Worker::Worker(const Options &options, const Sinks &sinks)
-    : options_(options), decoder_(options.profile), converter_(options.convert) {
+Worker::Worker(const Options &options, const Sinks &sinks) : options_(options), converter_(options.convert) {
     if (!sinks.empty()) first_ = sinks.front().get();
     for (const auto &sink : sinks) {
         renderers_.push_back(sink->renderer());
@@ -25,14 +12,13 @@ Worker::Worker(const Options &options, const Sinks &sinks)
     }
 }
 
-void Worker::render(const Chunk &chunk, const ast_uap_t *profile, uint64_t most, Rendered &rendered) {
+void Worker::render(const Chunk &chunk, uint64_t most, Rendered &rendered) {
     rendered.texts.resize(renderers_.size());
     for (TextBuffer &text : rendered.texts) text.clear();
     rendered.damage.clear();
     rendered.shown = 0;
     rendered.unconverted = 0;
-    rendered.profile_before = profile;
-    decoder_.set_current(profile);
+    decoder_.set_editions(chunk.editions);
     number_ = chunk.first_number;
 
     const std::vector<Report> &reports = chunk.damage().reports();
@@ -47,7 +33,6 @@ void Worker::render(const Chunk &chunk, const ast_uap_t *profile, uint64_t most,
     rendered.tally = counter_.take();
     for (const Report &made : rendered.damage.reports()) rendered.tally.losses += made.losses;
     rendered.asked = asked_;
-    rendered.profile_after = decoder_.current();
 }
 
 void Worker::datagram(const Datagram &datagram, uint64_t most, Rendered &rendered) {
@@ -83,7 +68,7 @@ void Worker::block(const Datagram &datagram, uint64_t offset, Octets octets, uin
 uint64_t Worker::cut(DecodedBlock &decoded, uint64_t most) const {
     const uint64_t count = first_ ? first_->shows(decoded) : 1;
     if (count <= most) return count;
-    keep_first(decoded.shown, most);
+    decoded.shown = decoded.shown.first(most);
     decoded.is_cut = true;
     return most;
 }

@@ -14,9 +14,9 @@ class Worker {
 public:
     Worker(const Options &options, const Sinks &sinks);
 
-    // Decodes the blocks of a chunk, `profile` being the current one, and lets the sinks show those that are asked for,
-    // at most so many of what the first one shows.
-    void render(const Chunk &chunk, const ast_uap_t *profile, uint64_t most, Rendered &rendered);
+    // Decodes the blocks of a chunk and lets the sinks show those that are asked for, at most so many of what the first
+    // one shows.
+    void render(const Chunk &chunk, uint64_t most, Rendered &rendered);
 
 private:
     void datagram(const Datagram &datagram, uint64_t most, Rendered &rendered);

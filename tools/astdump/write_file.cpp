@@ -30,7 +30,7 @@ public:
 
     // Good until the next call.
     Octets of(const DecodedBlock &decoded) {
-        const ast_datablock_t &block = *decoded.block;
+        const Block &block = *decoded.block;
         const bool is_whole = remainders_ || (!decoded.fault && decoded.shown.count() == block.record_count);
         if (is_whole) return decoded.octets;
         octets_.assign(kBlockHeaderOctets, static_cast<uint8_t>(block.category));

@@ -10,7 +10,6 @@ namespace {
 // North markers of category 034, told apart by their SIC.
 std::string north(size_t sic) { return hex("22 0007 C0 19") + static_cast<char>(sic) + hex("01"); }
 
-
 // One packet a second from 07:08:09.000012 on: from 10.0.0.1:4000 to 239.1.1.1:8600 but where it says otherwise.
 std::string capture() {
     std::string port = udp(north(2));
@@ -47,8 +46,8 @@ TEST(CaptureFilter, ChoosesByPortHostAndTime) {
     Command command;
     command.write("c", capture());
     for (const auto &test : cases) {
-        const Result result =
-            command.run("--csv I010/SIC " + std::string(test.arguments) + " c | tail -n +2 | cut -d, -f5 | tr '\\n' ' '");
+        const Result result = command.run("--csv I010/SIC " + std::string(test.arguments) +
+                                          " c | tail -n +2 | cut -d, -f5 | tr '\\n' ' '");
         EXPECT_EQ(result.out, test.sics) << test.arguments;
         EXPECT_EQ(result.err, "") << test.arguments;
     }
@@ -89,9 +88,12 @@ TEST(Count, IsOfWhatIsShown) {
         const char *arguments;
         const char *lines;
     } cases[] = {
-        {"--list --count 1 b | tail -n +2", "1\n"}, {"--list --count 3 b | tail -n +2", "3\n"},
-        {"--csv --count 2 b | tail -n +2", "2\n"},  {"--json --count 2 b", "2\n"},
-        {"--json --count 3 b", "3\n"},              {"--json --count 4 b", "4\n"},
+        {"--list --count 1 b | tail -n +2", "1\n"},
+        {"--list --count 3 b | tail -n +2", "3\n"},
+        {"--csv --count 2 b | tail -n +2", "2\n"},
+        {"--json --count 2 b", "2\n"},
+        {"--json --count 3 b", "3\n"},
+        {"--json --count 4 b", "4\n"},
         {"--count 1 b | grep '^#'", "1\n"},
     };
     for (const auto &test : cases)

@@ -43,6 +43,21 @@ TEST(Reports, OfOneReasonAreOneLine) {
             << each.err;
 }
 
+// Other editions are not damage, and are counted apart from it.
+TEST(Reports, TellWhatIsNotSupported) {
+    Command command;
+    const std::string spare = hex("3E 0007 C0 190C 00");
+    command.write("b", spare + kSector + hex("1E 0006 80 190C") + spare + hex("1E 0006 80 190C"));
+    const Result result = command.run("--stats b");
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.err, "astdump: b: not supported: category 062: FRN 2 is spare: 2 blocks, the first at offset 0: in "
+                          "record 1 after 1 item, at octet 6 of 7\n"
+                          "astdump: b: not supported: nothing is known of category 30: 2 blocks, the first at offset "
+                          "18: in record 1 after 0 items, at octet 4 of 6\n"
+                          "astdump: not supported: 4 blocks\n");
+    EXPECT_NE(result.out.find("all               5          0           4"), std::string::npos) << result.out;
+}
+
 // Of what has no end, the first report of a reason is shown at once.
 TEST(Reports, OfLiveInputDoNotWait) {
     Command command;
@@ -52,8 +67,7 @@ TEST(Reports, OfLiveInputDoNotWait) {
     command.append("growing", kBroken + kBroken + kSector);
     EXPECT_NE(tool.wait_for_output(" 034 ").find(" 034 "), std::string::npos);
     const Result result = tool.end();
-    EXPECT_NE(result.err.find("damaged: category 048: I048/140 runs past the end of the block: 3 "),
-              std::string::npos)
+    EXPECT_NE(result.err.find("damaged: category 048: I048/140 runs past the end of the block: 3 "), std::string::npos)
         << result.err;
 }
 
@@ -73,15 +87,17 @@ TEST(Reports, TellOtherTrafficFromDamage) {
                            "10.0.0.1:4000 > 239.1.1.1:40000, 17 octets 30 01 81 80 00 01 00 01 ...\n"
                            "astdump: not ASTERIX: 40 datagrams\n");
     EXPECT_NE(healthy.out.find("all              20"), std::string::npos) << healthy.out;
+    EXPECT_NE(healthy.out.find("\nNot ASTERIX: 40 datagrams\n"), std::string::npos) << healthy.out;
     EXPECT_EQ(command.run("--json healthy | grep -c error").out, "40\n");
 
     // The same octets are damage where blocks are sent to, also before the first of them.
     command.write("damaged", pcap(1, {frame(kAnswer), frame(kSector), frame("NOTIFY * HTTP/1.1")}));
     const Result damaged = command.run("--verbose --quiet damaged");
     EXPECT_EQ(damaged.status, 1);
-    EXPECT_EQ(damaged.err, "astdump: damaged: packet 1, octet 0: category 048: LEN is 385, but only 17 octets are left\n"
-                           "astdump: damaged: packet 3, octet 0: category 078: LEN is 20308, but only 17 octets are "
-                           "left\nastdump: lost: 34 octets skipped\n");
+    EXPECT_EQ(damaged.err,
+              "astdump: damaged: packet 1, octet 0: category 048: LEN is 385, but only 17 octets are left\n"
+              "astdump: damaged: packet 3, octet 0: category 078: LEN is 20308, but only 17 octets are "
+              "left\nastdump: lost: 34 octets skipped\n");
 
     // A block that breaks off is damage wherever it is.
     command.write("cut", pcap(1, {frame(kSector.substr(0, 9))}));
@@ -102,7 +118,8 @@ TEST(Reports, SayWhatThereIsNoneOf) {
         {"capture", "capture: holds no packets"},
         {"other", "other: holds no datagrams in 1 packet"},
         {"--framing json lines", "lines: holds no records"},
-        {"--port 1 " SAMPLES "/radar.ast", SAMPLES "/radar.ast: what has no addresses is left out by --port and --host"},
+        {"--port 1 " SAMPLES "/radar.ast",
+         SAMPLES "/radar.ast: what has no addresses is left out by --port and --host"},
         {"--from 12:00 " SAMPLES "/radar.ast", SAMPLES "/radar.ast: what has no time is left out by --from and --to"},
         {"--category 34 --list --where squawk=7700 --where 048/I140 " SAMPLES "/radar.ast",
          "--where squawk=7700: no record of category 034 has squawk"},

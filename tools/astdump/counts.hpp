@@ -13,7 +13,8 @@ namespace astdump {
 
 struct Counts {
     uint64_t blocks = 0;
-    uint64_t invalid = 0;
+    uint64_t damaged = 0;     // blocks
+    uint64_t unsupported = 0; // blocks
     uint64_t records = 0;
     uint64_t items = 0;
     uint64_t octets = 0;

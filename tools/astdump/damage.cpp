@@ -26,6 +26,20 @@ std::string framing_reason(const Frame &frame) {
            (frame.framing == Framing::short_length ? ": LEN is less than the block header" : ": LEN runs past the end");
 }
 
+struct BlockKind {
+    Kind kind;
+    Losses losses;
+};
+
+constexpr BlockKind kDamaged = {Kind::damaged, {.invalid = 1}};
+constexpr BlockKind kUnsupported = {Kind::unsupported, {.unsupported = 1}};
+constexpr BlockKind kForeign = {Kind::foreign, {.foreign = 1}};
+
+const BlockKind &kind_of(const Fault &fault) {
+    if (fault.kind == FaultKind::not_asterix) return kForeign;
+    return is_unsupported(fault.kind) ? kUnsupported : kDamaged;
+}
+
 // The first octets of a payload, for whoever knows what they are.
 std::string octets_text(Octets octets) {
     constexpr size_t kMost = 8;
@@ -159,17 +173,18 @@ void Damage::foreign(const Datagram &datagram) {
 
 void Damage::block(const DecodedBlock &decoded) {
     const Fault &fault = *decoded.fault;
+    const BlockKind &kind = kind_of(fault);
     const std::string where = place_text(*decoded.datagram, decoded.offset) + ": ";
     const std::string category = category_text(decoded.block->category) + ": ";
     const std::string detail = "in record " + std::to_string(decoded.block->record_count + 1) + " after " +
-                               counted(fault.record.item_count, "item") + ", at octet " + std::to_string(fault.octets) + " of " +
-                               std::to_string(decoded.octets.size());
-    add({.kind = Kind::damaged,
-         .text = where + category + "damaged " + detail + ": " + fault.reason,
-         .reason = category + fault.reason,
+                               counted(fault.record.item_count, "item") + ", at octet " + std::to_string(fault.octets) +
+                               " of " + std::to_string(decoded.octets.size());
+    add({.kind = kind.kind,
+         .text = where + category + fault_word(fault.kind) + ' ' + detail + ": " + fault.reason,
+         .reason = (fault.kind == FaultKind::unsupported_category ? "" : category) + fault.reason,
          .example = where + detail,
          .noun = "block",
-         .losses = {.invalid = 1},
+         .losses = kind.losses,
          .file = decoded.datagram->file});
 }
 

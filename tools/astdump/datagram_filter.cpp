@@ -31,7 +31,8 @@ PortRange read_port_range(std::string_view entry) {
     const size_t dash = entry.find('-');
     const auto first = read_number<uint16_t>(entry.substr(0, dash));
     const auto last = dash == std::string_view::npos ? first : read_number<uint16_t>(entry.substr(dash + 1));
-    if (!first || !last || *first > *last) refuse("--port", entry, "port, such as 8600, nor a range, such as 8600-8620");
+    if (!first || !last || *first > *last)
+        refuse("--port", entry, "port, such as 8600, nor a range, such as 8600-8620");
     return {*first, *last};
 }
 

@@ -55,7 +55,9 @@ public:
         return set;
     }
 
-    bool operator[](uint64_t index) const { return is_all_ ? index < count_ : index < chosen_.size() && chosen_[index]; }
+    bool operator[](uint64_t index) const {
+        return is_all_ ? index < count_ : index < chosen_.size() && chosen_[index];
+    }
     uint64_t count() const { return count_; }
     bool any() const { return count_ != 0; }
     bool none() const { return count_ == 0; }

@@ -16,7 +16,8 @@ constexpr int64_t kDated = 365 * kSecondsPerDay;
 } // namespace
 
 void MergedSource::add(const std::string &name, std::unique_ptr<Input> input) {
-    parts_.push_back(std::make_unique<Part>(Part{.name = name, .input = std::move(input), .chunk = Chunk(kChunkOctets)}));
+    parts_.push_back(
+        std::make_unique<Part>(Part{.name = name, .input = std::move(input), .chunk = Chunk(kChunkOctets)}));
 }
 
 // The next datagram of a part, whatever that takes. Reports that come behind the last one stay to be passed on.

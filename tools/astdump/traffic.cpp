@@ -64,8 +64,7 @@ bool Traffic::no_blocks(const Datagram &datagram, Damage &damage) {
     if (destination.state == State::blocks || begins_block(datagram.octets)) return false;
     destination.as_damage.framing(datagram, 0, frame_block(datagram.octets));
     destination.as_other.foreign(datagram);
-    const bool is_settled =
-        destination.state == State::other || destination.as_other.reports().size() == kMostUnknown;
+    const bool is_settled = destination.state == State::other || destination.as_other.reports().size() == kMostUnknown;
     if (is_settled) settle(destination, State::other, damage);
     return true;
 }

@@ -272,9 +272,12 @@ struct Trial {
 };
 
 Trial first_tried(const Source &source, const Block &block, bool learns) {
-    const Mask all = all_of(block.own.candidates.size());
+    const Candidates &candidates = block.own.candidates;
+    const Mask all = all_of(candidates.size());
     if (learns && source.blocks < kNewBlocks) return {all, false};
-    const Mask leading = leaders(source, block.own.candidates, all);
+    const bool has_rival = candidates.size() > 1 && candidates[0].tier == candidates[1].tier;
+    if (source.blocks == 0 && !has_rival) return {bit_of(0), true};
+    const Mask leading = leaders(source, candidates, all);
     return {leading, std::has_single_bit(leading) || (!learns && source.blocks != 0)};
 }
 

@@ -42,7 +42,8 @@ TEST(Damage, IsReportedAndTheNextBlockDecoded) {
         {"a field of length 0", hex("22 0008 01 04 00 FFFF"),
          "offset 11: category 034: damaged in record 1 after 0 items, at octet 5 of 8: I034/REF has length 0"},
         {"no such category", hex("1E 0006 80 190C"),
-         "offset 11: category 030: not supported in record 1 after 0 items, at octet 4 of 6: nothing is known of category "
+         "offset 11: category 030: not supported in record 1 after 0 items, at octet 4 of 6: nothing is known of "
+         "category "
          "30"},
     };
     for (const DamageCase &test : cases) {
@@ -53,8 +54,8 @@ TEST(Damage, IsReportedAndTheNextBlockDecoded) {
         const std::string report = test.report;
         const bool is_damage = report.find("not supported") == std::string::npos;
         EXPECT_EQ(result.status, is_damage ? 1 : 0);
-        EXPECT_EQ(result.err, "astdump: input: " + report + "\nastdump: " +
-                                  (is_damage ? "lost: 1 block invalid\n" : "not supported: 1 block\n"));
+        EXPECT_EQ(result.err, "astdump: input: " + report +
+                                  "\nastdump: " + (is_damage ? "lost: 1 block invalid\n" : "not supported: 1 block\n"));
         EXPECT_NE(result.out.find(is_damage ? "DAMAGED" : "NOT SUPPORTED"), std::string::npos);
         EXPECT_NE(result.out.find("#3  CAT 034  11 octets  standard  1 record  valid"), std::string::npos);
     }

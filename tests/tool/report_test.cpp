@@ -50,11 +50,12 @@ TEST(Reports, TellWhatIsNotSupported) {
     command.write("b", spare + kSector + hex("1E 0006 80 190C") + spare + hex("1E 0006 80 190C"));
     const Result result = command.run("--stats b");
     EXPECT_EQ(result.status, 0);
-    EXPECT_EQ(result.err, "astdump: b: not supported: category 062: FRN 2 is spare: 2 blocks, the first at offset 0: in "
-                          "record 1 after 1 item, at octet 6 of 7\n"
-                          "astdump: b: not supported: nothing is known of category 30: 2 blocks, the first at offset "
-                          "18: in record 1 after 0 items, at octet 4 of 6\n"
-                          "astdump: not supported: 4 blocks\n");
+    EXPECT_EQ(result.err,
+              "astdump: b: not supported: category 062: FRN 2 is spare: 2 blocks, the first at offset 0: in "
+              "record 1 after 1 item, at octet 6 of 7\n"
+              "astdump: b: not supported: nothing is known of category 30: 2 blocks, the first at offset "
+              "18: in record 1 after 0 items, at octet 4 of 6\n"
+              "astdump: not supported: 4 blocks\n");
     EXPECT_NE(result.out.find("all               5          0           4"), std::string::npos) << result.out;
 }
 

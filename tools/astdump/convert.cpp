@@ -68,7 +68,7 @@ std::optional<uint64_t> Converter::convert(DecodedBlock &decoded) {
     decoded.octets = octets_;
     decoded.block = &block_;
     decoded.fault.reset();
-    decoded.shown = RecordSet::all(block_.record_count);
+    decoded.shown.set_all(block_.record_count);
     return left_out;
 }
 

@@ -24,19 +24,25 @@ public:
     // What is known in front of the next block.
     void set_editions(const Editions &editions) { editions_ = editions; }
 
-    // The result points into the decoder and is good until the next call; no record is asked for yet. The
-    // octets are one whole block.
-    DecodedBlock decode(const Datagram &datagram, uint64_t number, uint64_t offset, Octets octets) {
+    // The result is good until the next call; which records are asked for is left to the caller. The octets are one
+    // whole block.
+    DecodedBlock &decode(const Datagram &datagram, uint64_t number, uint64_t offset, Octets octets) {
         block_.read(editions_, octets);
-        DecodedBlock decoded{.datagram = &datagram, .number = number, .offset = offset, .octets = octets};
-        decoded.block = &block_;
-        if (!block_.valid) decoded.fault = find_fault(block_, datagram);
-        return decoded;
+        decoded_.datagram = &datagram;
+        decoded_.number = number;
+        decoded_.offset = offset;
+        decoded_.octets = octets;
+        decoded_.block = &block_;
+        decoded_.fault.reset();
+        decoded_.is_cut = false;
+        if (!block_.valid) decoded_.fault = find_fault(block_, datagram);
+        return decoded_;
     }
 
 private:
     Editions editions_;
     Block block_;
+    DecodedBlock decoded_;
 };
 
 } // namespace astdump

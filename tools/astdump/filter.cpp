@@ -161,15 +161,14 @@ bool names_category(const Condition &condition) {
     return path && path->category();
 }
 
-RecordSet select_records(const Block &block, const std::vector<Condition> &conditions) {
-    if (conditions.empty()) return RecordSet::all(block.record_count);
-    RecordSet selected;
-    for (uint64_t i = 0; i < block.record_count; ++i)
-        selected.add(std::ranges::all_of(conditions, [&](const Condition &condition) {
+void select_records(RecordSet &selected, const Block &block, const std::vector<Condition> &conditions) {
+    if (conditions.empty()) return selected.set_all(block.record_count);
+    selected.set(block.record_count, [&](uint64_t i) {
+        return std::ranges::all_of(conditions, [&](const Condition &condition) {
             return std::visit([&](const auto &what) { return meets(block.records[i], what, condition.comparison); },
                               condition.what);
-        }));
-    return selected;
+        });
+    });
 }
 
 } // namespace astdump

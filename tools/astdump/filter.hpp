@@ -33,31 +33,32 @@ bool names_category(const Condition &condition);
 // Some of the records of a block, by their index.
 class RecordSet {
 public:
-    RecordSet() = default;
-
-    static RecordSet all(uint64_t count) {
-        RecordSet set;
-        set.count_ = count;
-        set.is_all_ = true;
-        return set;
+    // All of so many.
+    void set_all(uint64_t count) {
+        count_ = count;
+        is_all_ = true;
     }
 
-    // The next record.
-    void add(bool is_in) {
-        chosen_.push_back(is_in);
-        count_ += is_in ? 1U : 0U;
+    // Those of so many whose index is chosen.
+    template <typename Choose>
+    void set(uint64_t count, Choose choose) {
+        is_all_ = false;
+        chosen_.resize(count);
+        count_ = 0;
+        for (uint64_t i = 0; i < count; ++i) count_ += (chosen_[i] = choose(i)) ? 1U : 0U;
     }
 
-    // The same records, but for those behind so many.
-    RecordSet first(uint64_t most) const {
-        RecordSet set;
-        for (uint64_t i = 0; set.count_ < std::min(most, count_); ++i) set.add((*this)[i]);
-        return set;
+    // Leaves out those behind so many.
+    void keep_first(uint64_t most) {
+        if (is_all_) chosen_.assign(count_, true);
+        is_all_ = false;
+        count_ = std::min(most, count_);
+        uint64_t left = count_;
+        for (size_t i = 0; i < chosen_.size(); ++i)
+            if (chosen_[i]) chosen_[i] = left != 0 && left-- != 0;
     }
 
-    bool operator[](uint64_t index) const {
-        return is_all_ ? index < count_ : index < chosen_.size() && chosen_[index];
-    }
+    bool operator[](uint64_t index) const { return is_all_ || chosen_[index]; }
     uint64_t count() const { return count_; }
     bool any() const { return count_ != 0; }
     bool none() const { return count_ == 0; }
@@ -65,10 +66,10 @@ public:
 private:
     uint64_t count_ = 0;
     bool is_all_ = false;
-    std::vector<bool> chosen_; // empty for all
+    std::vector<bool> chosen_; // unless it is all
 };
 
-// The records that meet all conditions; all records when there is none.
-RecordSet select_records(const Block &block, const std::vector<Condition> &conditions);
+// Sets the records that meet all conditions; all records when there is none.
+void select_records(RecordSet &selected, const Block &block, const std::vector<Condition> &conditions);
 
 } // namespace astdump

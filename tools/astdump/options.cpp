@@ -225,6 +225,7 @@ void complete(Options &options, const Texts &texts) {
     if (options.follow && options.files.size() > 1)
         throw std::invalid_argument("--follow and udp:// take one FILE, since it has no end");
     options.merge = options.merge && options.files.size() > 1;
+    if (options.merge && options.follow) throw std::invalid_argument("--merge is for files that have an end");
     if (!options.interface.empty() && !live) throw std::invalid_argument("--interface is for udp://ADDRESS:PORT");
 }
 

@@ -112,7 +112,7 @@ void Run::read_input(Pipeline &pipeline) {
 
 void Run::file(const std::string &path, Pipeline &pipeline) {
     name_ = path == "-" ? "standard input" : path;
-    editions_ = look_through(path, options_);
+    editions_ = look_through({&path, 1}, options_);
     input_ = open(path, options_.datagrams);
     damage_.set_file(name_, input_->is_live());
     start_file(name_, *input_);
@@ -130,7 +130,7 @@ void Run::merged(Pipeline &pipeline) {
             source->add(name, std::move(input));
         });
     name_ = counted(options_.files.size(), "file");
-    editions_ = Editions(options_.profile); // learnt in the order of the merged datagrams
+    editions_ = look_through(options_.files, options_);
     damage_.set_file(name_, false);
     input_ = std::make_unique<Input>(std::move(source), options_.datagrams);
     read_input(pipeline);

@@ -7,8 +7,8 @@ namespace astdump {
 namespace {
 
 // Of memory, and of patience.
-constexpr size_t kMostDestinations = 4096;
-constexpr size_t kMostUnknown = 16; // datagrams to one destination
+constexpr size_t kMostDestinations = 1024;
+constexpr size_t kMostUnknown = 8; // datagrams to one destination
 
 // A block that breaks off is damage wherever it is sent to. By its header alone a good deal of other traffic is one:
 // its records have to read up to where it breaks off.

@@ -57,10 +57,14 @@ void Worker::no_block(const Datagram &datagram, uint64_t offset, const Frame &fr
 }
 
 void Worker::block(const Datagram &datagram, uint64_t offset, Octets octets, uint64_t most, Rendered &rendered) {
-    DecodedBlock decoded = decoder_.decode(datagram, number_, offset, octets);
-    decoded.shown = select_records(*decoded.block, options_.where);
-    asked_.look(*decoded.block, options_.where);
-    if (options_.where.empty() || decoded.shown.any()) show(decoded, most, rendered);
+    DecodedBlock &decoded = decoder_.decode(datagram, number_, offset, octets);
+    select_records(decoded.shown, *decoded.block, options_.where);
+    if (!options_.where.empty()) asked_.look(*decoded.block, options_.where);
+    const bool is_wanted = options_.where.empty() || decoded.shown.any();
+    if (is_wanted && options_.convert.any())
+        show_converted(decoded, most, rendered);
+    else if (is_wanted)
+        show(decoded, most, rendered);
     if (decoded.fault) rendered.damage.block(decoded);
 }
 
@@ -68,16 +72,19 @@ void Worker::block(const Datagram &datagram, uint64_t offset, Octets octets, uin
 uint64_t Worker::cut(DecodedBlock &decoded, uint64_t most) const {
     const uint64_t count = first_ ? first_->shows(decoded) : 1;
     if (count <= most) return count;
-    decoded.shown = decoded.shown.first(most);
+    decoded.shown.keep_first(most);
     decoded.is_cut = true;
     return most;
 }
 
 // As what it converts to, if it does; a block of which nothing is left is not shown.
-void Worker::show(DecodedBlock decoded, uint64_t most, Rendered &rendered) {
+void Worker::show_converted(DecodedBlock decoded, uint64_t most, Rendered &rendered) {
     const auto left_out = converter_.convert(decoded);
     rendered.unconverted += left_out.value_or(0);
-    if (left_out && decoded.shown.none()) return;
+    if (!left_out || decoded.shown.any()) show(decoded, most, rendered);
+}
+
+void Worker::show(DecodedBlock &decoded, uint64_t most, Rendered &rendered) {
     rendered.shown += cut(decoded, most - rendered.shown);
     if (counts_) counter_.add(decoded);
     for (size_t i = 0; i < renderers_.size(); ++i) {

@@ -23,7 +23,8 @@ private:
     void no_block(const Datagram &datagram, uint64_t offset, const Frame &frame, Rendered &rendered);
     void block(const Datagram &datagram, uint64_t offset, Octets octets, uint64_t most, Rendered &rendered);
     uint64_t cut(DecodedBlock &decoded, uint64_t most) const;
-    void show(DecodedBlock decoded, uint64_t most, Rendered &rendered);
+    void show_converted(DecodedBlock decoded, uint64_t most, Rendered &rendered);
+    void show(DecodedBlock &decoded, uint64_t most, Rendered &rendered);
 
     const Options &options_;
     Decoder decoder_;

@@ -12,7 +12,8 @@ void Counts::add(const Profile &profile, uint64_t number) {
 
 Counts &Counts::operator+=(const Counts &other) {
     blocks += other.blocks;
-    invalid += other.invalid;
+    damaged += other.damaged;
+    unsupported += other.unsupported;
     records += other.records;
     items += other.items;
     octets += other.octets;
@@ -24,7 +25,7 @@ void Counter::add(const DecodedBlock &decoded) {
     const Block &block = *decoded.block;
     Counts &counts = categories_[block.category];
     if (counts.blocks++ == 0) seen_categories_.push_back(static_cast<uint8_t>(block.category));
-    counts.invalid += decoded.fault ? 1U : 0U;
+    if (decoded.fault) ++(decoded.fault->kind == FaultKind::damaged ? counts.damaged : counts.unsupported);
     if (!decoded.fault) counts.add(block.profile, 1);
     counts.records += decoded.shown.count();
     counts.octets += decoded.octets.size();

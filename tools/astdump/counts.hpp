@@ -7,12 +7,14 @@
 
 #include "by_type.hpp"
 #include "decode.hpp"
+#include "losses.hpp"
 
 namespace astdump {
 
 struct Counts {
     uint64_t blocks = 0;
-    uint64_t invalid = 0;
+    uint64_t damaged = 0;     // blocks
+    uint64_t unsupported = 0; // blocks
     uint64_t records = 0;
     uint64_t items = 0;
     uint64_t octets = 0;
@@ -24,6 +26,7 @@ struct Counts {
 
 // What has been counted over some blocks; only what is there.
 struct Tally {
+    Losses losses;
     std::vector<std::pair<uint8_t, Counts>> categories;
     std::vector<std::pair<ast_dataitem_type_t, uint64_t>> items;
 };

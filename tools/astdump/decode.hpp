@@ -16,6 +16,7 @@ struct DecodedBlock {
     const Block *block = nullptr;
     std::optional<Fault> fault{}; // unless the block is valid
     RecordSet shown{};            // those of its records that are asked for
+    bool is_cut = false;          // what follows these is not asked for
 };
 
 class Decoder {
@@ -33,6 +34,7 @@ public:
         decoded_.octets = octets;
         decoded_.block = &block_;
         decoded_.fault.reset();
+        decoded_.is_cut = false;
         if (!block_.valid) decoded_.fault = find_fault(block_, datagram);
         return decoded_;
     }

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <bitset>
+#include <stdexcept>
 #include <sys/stat.h>
-#include <system_error>
 #include <unistd.h>
 
 #include "input.hpp"
@@ -101,15 +101,17 @@ bool Editions::have_seen(uint64_t blocks) const {
         reader_.sources, [&](const ast_reader_source_t &source) { return source.key == 0 || source.blocks >= blocks; });
 }
 
-Editions look_through(const std::string &path, const Options &options) {
+Editions look_through(std::span<const std::string> paths, const Options &options) {
     Editions editions(options.profile);
-    if (options.follow || !is_regular_file(path)) return editions;
-    const Place place(path);
-    try {
-        Input input(path, {}, nullptr, false, options.framing);
-        learn_from(input, editions);
-    } catch (const std::system_error &) {
-        return editions; // which whoever reads it will find, too
+    if (options.follow || !std::ranges::all_of(paths, is_regular_file)) return editions;
+    for (const std::string &path : paths) {
+        const Place place(path);
+        try {
+            Input input(path, {}, nullptr, false, options.framing);
+            learn_from(input, editions);
+        } catch (const std::runtime_error &) {
+            return editions; // which whoever reads it will find, too
+        }
     }
     editions.freeze();
     return editions;

@@ -1,6 +1,7 @@
 // Which editions data sources send, and reading blocks by that.
 #pragma once
 
+#include <span>
 #include <string>
 
 #include "datagram.hpp"
@@ -34,7 +35,7 @@ private:
     bool grows_ = true;
 };
 
-// What the beginning of a file tells, frozen; nothing is known as yet of what cannot be read twice, such as a pipe.
-Editions look_through(const std::string &path, const Options &options);
+// What the beginnings of files tell, frozen; nothing is known as yet of what cannot be read twice, such as a pipe.
+Editions look_through(std::span<const std::string> paths, const Options &options);
 
 } // namespace astdump

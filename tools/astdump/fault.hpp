@@ -18,6 +18,12 @@ enum class FaultKind {
 
 constexpr bool is_unsupported(FaultKind kind) { return kind != FaultKind::damaged && kind != FaultKind::not_asterix; }
 
+// "damaged", "not supported", "not ASTERIX".
+constexpr const char *fault_word(FaultKind kind) {
+    if (kind == FaultKind::not_asterix) return "not ASTERIX";
+    return is_unsupported(kind) ? "not supported" : "damaged";
+}
+
 // The place where the records of a block stop making sense.
 struct Fault {
     FaultKind kind = FaultKind::damaged;

@@ -9,6 +9,10 @@ namespace astdump {
 
 namespace {
 
+bool has_remainder(const DecodedBlock &decoded) {
+    return !decoded.is_cut && (decoded.fault || decoded.block->record_count == 0);
+}
+
 class JsonRenderer : public Renderer {
 public:
     JsonRenderer(const JsonForm &form, const std::string &file) : form_(form), file_(file) {}
@@ -56,7 +60,7 @@ const char *put_one_endpoint(TextBuffer &out, const Endpoint &endpoint) {
 ast_json_line_t JsonRenderer::line(const Datagram &datagram, uint64_t offset) {
     ast_json_line_t line{};
     line.texts = form_.texts;
-    if (form_.name_files) line.file = file_.c_str();
+    if (form_.name_files) line.file = datagram.file ? datagram.file->c_str() : file_.c_str();
     if (datagram.time) line.time = put_iso_time(time_, *datagram.time);
     if (datagram.endpoints) {
         line.source = put_one_endpoint(source_, datagram.endpoints->source);
@@ -79,13 +83,12 @@ void JsonRenderer::block(const DecodedBlock &decoded, TextBuffer &out) {
         put(record.size, out,
             [&](char *text, uint64_t capacity) { return ast_datarecord_to_json(text, capacity, &record, &line); });
     }
-    if (form_.remainders) remainder(decoded, line, out);
+    if (form_.remainders && has_remainder(decoded)) remainder(decoded, line, out);
 }
 
 // What lies behind the last record that is whole. A block without any octets behind its header has no record either.
 void JsonRenderer::remainder(const DecodedBlock &decoded, ast_json_line_t line, TextBuffer &out) {
     const Block &block = *decoded.block;
-    if (!decoded.fault && block.record_count != 0) return;
     line.record = block.record_count + 1;
     line.ambiguous = false;
     const Octets rest = decoded.octets.subspan(block.records.octets_of(block.record_count));
@@ -123,6 +126,10 @@ void JsonRenderer::put(size_t octets, TextBuffer &out, Write write) {
 }
 
 } // namespace
+
+uint64_t json_lines_of(const DecodedBlock &decoded, const JsonForm &form) {
+    return decoded.shown.count() + (form.remainders && has_remainder(decoded) ? 1 : 0);
+}
 
 std::unique_ptr<Renderer> make_json_renderer(const JsonForm &form, const std::string &file) {
     return std::make_unique<JsonRenderer>(form, file);

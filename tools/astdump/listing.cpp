@@ -33,12 +33,22 @@ void ListingRenderer::block(const DecodedBlock &decoded, TextBuffer &out) {
     out.put('\n');
 }
 
+const char *state_of(const DecodedBlock &decoded) {
+    if (!decoded.fault) return "valid";
+    if (decoded.fault->kind == FaultKind::not_asterix) return "NOT ASTERIX";
+    return is_unsupported(decoded.fault->kind) ? "NOT SUPPORTED" : "DAMAGED";
+}
+
 void ListingRenderer::block_line(const DecodedBlock &decoded, TextBuffer &out) {
     const Datagram &datagram = *decoded.datagram;
     const Block &block = *decoded.block;
     out.put(style_.on(Color::heading));
     out.put('#');
     out.number(decoded.number);
+    if (datagram.file) {
+        out.put("  ");
+        put_printable(out, *datagram.file);
+    }
     if (datagram.time) {
         out.put("  ");
         put_time(out, *datagram.time);
@@ -58,7 +68,7 @@ void ListingRenderer::block_line(const DecodedBlock &decoded, TextBuffer &out) {
     put_counted(out, block.record_count, "record");
     out.put("  ");
     out.put(style_.on(block.valid ? Color::good : Color::fault));
-    out.put(block.valid ? "valid" : "DAMAGED");
+    out.put(state_of(decoded));
     out.put(style_.off());
     out.put('\n');
 }
@@ -91,7 +101,8 @@ void ListingRenderer::fault(const DecodedBlock &decoded, TextBuffer &out) {
     items(fault.record, out);
     out.put("    ");
     out.put(style_.on(Color::fault));
-    out.put("damaged at octet ");
+    out.put(fault_word(fault.kind));
+    out.put(" at octet ");
     out.number(fault.octets);
     out.put(": ");
     out.put(fault.reason);

@@ -25,6 +25,7 @@ void put_block_line(TextBuffer &out, const DecodedBlock &decoded) {
         out.number(decoded.number);
     });
     put_span(out, "category", [&] { out.number(block.category, 3, '0'); });
+    if (datagram.file) put_span(out, "file", [&] { out.put(escape(*datagram.file)); });
     if (datagram.time) put_span(out, "time", [&] { put_time(out, *datagram.time); });
     put_span(out, "counts", [&] {
         put_counted(out, block.record_count, "record");
@@ -38,7 +39,7 @@ void put_block_line(TextBuffer &out, const DecodedBlock &decoded) {
             put_route(route, *datagram.endpoints);
             out.put(escape(route.text()));
         });
-    if (decoded.fault) put_span(out, "fault", [&] { out.put("damaged"); });
+    if (decoded.fault) put_span(out, "fault", [&] { out.put(fault_word(decoded.fault->kind)); });
 }
 
 std::string record_note(const ast_datarecord_t &record, const ast_uap_t &block_uap) {
@@ -81,8 +82,8 @@ void PageChunk::record(const std::string &line, const ast_datarecord_t &record) 
 
 void PageChunk::fault(const DecodedBlock &decoded) {
     const Fault &fault = *decoded.fault;
-    damaged_ = true;
-    record(record_line(decoded.block->record_count + 1, "damaged"), fault.record);
+    damaged_ = damaged_ || fault.kind == FaultKind::damaged;
+    record(record_line(decoded.block->record_count + 1, fault_word(fault.kind)), fault.record);
     lines_.put("F\tOctet ");
     lines_.number(fault.octets);
     lines_.put(" of the block: ");

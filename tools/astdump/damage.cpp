@@ -86,16 +86,12 @@ void Damage::block(const DecodedBlock &decoded) {
 void DamageLog::show(const Report &report) {
     losses_ += report.losses;
     if (report.text.empty()) return;
-    clear_line();
-    const Style style(color_);
-    std::fprintf(stderr, "%sastdump:%s %s: %s\n", style.on(Color::fault), style.off(), file_.c_str(),
-                 report.text.c_str());
+    tell(file_ + ": " + report.text, Style(color_));
 }
 
 void DamageLog::summary() const {
     if (!any()) return;
-    const Style style(color_);
-    std::fprintf(stderr, "%sastdump:%s lost: %s\n", style.on(Color::fault), style.off(), losses_.text().c_str());
+    tell("lost: " + losses_.text(), Style(color_));
 }
 
 } // namespace astdump

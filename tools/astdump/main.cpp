@@ -21,7 +21,7 @@ namespace {
 using namespace astdump;
 
 bool use_color(const Options &options, std::FILE *file) {
-    return options.color == "always" || (options.color == "auto" && is_terminal(file));
+    return options.color == "always" || (options.color == "auto" && takes_color(file));
 }
 
 JsonForm json_form(const Options &options) {
@@ -58,7 +58,7 @@ bool wants_progress(const Options &options) {
 // A reader that has seen enough is no fault.
 int check_output(int error, int status) {
     if (error == 0 || error == EPIPE) return status;
-    std::fputs("astdump: standard output cannot be written\n", stderr);
+    tell("standard output cannot be written");
     return kExitUnusable;
 }
 
@@ -81,6 +81,6 @@ int main(int argc, char **argv) try {
     if (command_line.options) return run(*command_line.options);
     return check_output(std::fflush(stdout) == 0 ? 0 : errno, command_line.status);
 } catch (const std::exception &error) {
-    std::fprintf(stderr, "astdump: %s\n", error.what());
+    tell(error.what());
     return kExitUnusable;
 }

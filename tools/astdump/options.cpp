@@ -2,13 +2,16 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <iostream>
 #include <sched.h>
+#include <sstream>
 #include <stdexcept>
 #include <string_view>
 #include <thread>
 
 #include "convert.hpp"
 #include "numbers.hpp"
+#include "text.hpp"
 #include "udp_source.hpp"
 #include "write_file.hpp"
 
@@ -162,6 +165,16 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.footer(kExamples);
 }
 
+// Shows the help that was asked for, or what is wrong, which may quote names of files that a pattern of the shell
+// found.
+int exit_for(const CLI::App &app, const CLI::ParseError &error) {
+    std::ostringstream messages;
+    const bool is_clean = app.exit(error, std::cout, messages) == 0;
+    std::istringstream lines(messages.str());
+    for (std::string line; std::getline(lines, line);) std::fprintf(stderr, "%s\n", readable(line).c_str());
+    return is_clean ? kExitClean : kExitUnusable;
+}
+
 // What the parser cannot tell. Throws std::invalid_argument for a mistake.
 void complete(Options &options, const Texts &texts) {
     options.profile = find_profile(texts.profile);
@@ -208,9 +221,9 @@ CommandLine read_command_line(int argc, char **argv) {
         app.parse(arguments(argc, argv));
         complete(options, texts);
     } catch (const CLI::ParseError &error) {
-        return {.status = app.exit(error) == 0 ? kExitClean : kExitUnusable};
+        return {.status = exit_for(app, error)};
     } catch (const std::invalid_argument &error) {
-        std::fprintf(stderr, "%s\n", error.what());
+        std::fprintf(stderr, "%s\n", readable(error.what()).c_str());
         return {.status = kExitUnusable};
     }
     return {.options = options};

@@ -1,7 +1,6 @@
 #include "run.hpp"
 
 #include <algorithm>
-#include <cstdio>
 #include <system_error>
 #include <utility>
 
@@ -45,8 +44,7 @@ int Run::files() {
         try {
             file(path, pipeline);
         } catch (const std::system_error &error) {
-            clear_line();
-            std::fprintf(stderr, "astdump: %s: %s\n", path.c_str(), error.code().message().c_str());
+            tell(path + ": " + error.code().message());
             unreadable_ = true;
         }
         input_.reset();
@@ -58,16 +56,14 @@ int Run::files() {
             sink->give_up();
         else
             sink->finish(octets_read_);
-    if (unconverted_ != 0)
-        std::fprintf(stderr, "astdump: %s that cannot be converted left out\n",
-                     counted(unconverted_, "record").c_str());
+    if (unconverted_ != 0) tell(counted(unconverted_, "record") + " that cannot be converted left out");
     damage_.summary();
     if (unreadable_) return kExitUnusable;
     return damage_.any() ? kExitDamaged : kExitClean;
 }
 
 void Run::file(const std::string &path, Pipeline &pipeline) {
-    name_ = path == "-" ? "standard input" : path;
+    name_ = path == "-" ? "standard input" : readable(path);
     damage_.set_file(name_);
     input_.emplace(path, options_.interface, waiting_, options_.follow, options_.framing);
     for (const auto &sink : sinks_) {

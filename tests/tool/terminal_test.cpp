@@ -26,12 +26,9 @@ TEST(Terminal, HasColoursUnlessItOrTheUserWantsNone) {
         const char *arguments;
         bool coloured;
     } cases[] = {
-        {"-u NO_COLOR TERM=xterm", "a", true},
-        {"NO_COLOR= TERM=xterm", "a", true},
-        {"NO_COLOR=1 TERM=xterm", "a", false},
-        {"NO_COLOR=1 TERM=dumb", "--color always a", true},
-        {"-u NO_COLOR TERM=dumb", "a", false},
-        {"-u NO_COLOR TERM=xterm", "--color never a", false},
+        {"-u NO_COLOR TERM=xterm", "a", true}, {"NO_COLOR= TERM=xterm", "a", true},
+        {"NO_COLOR=1 TERM=xterm", "a", false}, {"NO_COLOR=1 TERM=dumb", "--color always a", true},
+        {"-u NO_COLOR TERM=dumb", "a", false}, {"-u NO_COLOR TERM=xterm", "--color never a", false},
     };
     for (const auto &test : cases) {
         Command command;
@@ -44,7 +41,8 @@ TEST(Terminal, HasColoursUnlessItOrTheUserWantsNone) {
 
 // Nobody's name, and no text of an item, acts on the terminal.
 TEST(Terminal, GetsNoControlCharactersFromInput) {
-    const std::string name = "r\xC3\xB6" "d\033[31m\xC2\x9B\xFF\xE2\x80\xAE";
+    const std::string name = "r\xC3\xB6"
+                             "d\033[31m\xC2\x9B\xFF\xE2\x80\xAE";
     Command command;
     command.write(name, kRed + kSector.substr(1));
     for (const char *mode : {"", "--detail", "--list", "--stats", "--csv", "--json", "--html page", "--frob"}) {
@@ -57,7 +55,10 @@ TEST(Terminal, GetsNoControlCharactersFromInput) {
         }
     }
     EXPECT_NE(command.run("--csv I390/CS r*").out.find(",?[31mAB\n"), std::string::npos);
-    EXPECT_NE(command.run("--stats r*").out.find("  r\xC3\xB6" "d.[31m...\n"), std::string::npos);
+    EXPECT_NE(command.run("--stats r*")
+                  .out.find("  r\xC3\xB6"
+                            "d.[31m...\n"),
+              std::string::npos);
 }
 
 } // namespace

@@ -74,6 +74,7 @@ public:
 
     // One line on all that was lost, if anything was.
     void summary() const;
+    const Losses &losses() const { return losses_; }
     bool any() const { return !(losses_ == Losses{}); }
 
 private:

@@ -14,6 +14,7 @@
 #include "record_list.hpp"
 #include "run.hpp"
 #include "stats.hpp"
+#include "top.hpp"
 #include "write_file.hpp"
 
 namespace {
@@ -28,10 +29,20 @@ JsonForm json_form(const Options &options) {
     return {.texts = options.texts, .name_files = options.files.size() > 1, .remainders = options.where.empty()};
 }
 
-Sinks make_sinks(const Options &options, Output &out) {
+std::unique_ptr<Top> make_top(const Options &options, Output &out, const DamageLog &damage, Waiting &waiting) {
+    const Top::Form form{
+        .color = use_color(options, stdout), .is_drawn = has_cursor(stdout), .is_live = options.follow};
+    auto top = std::make_unique<Top>(out, form, damage.losses());
+    waiting.meanwhile([&top = *top] { top.refresh(); });
+    return top;
+}
+
+Sinks make_sinks(const Options &options, Output &out, const DamageLog &damage, Waiting &waiting) {
     Sinks sinks;
     const bool color = use_color(options, stdout);
-    if (options.stats)
+    if (options.top)
+        sinks.push_back(make_top(options, out, damage, waiting));
+    else if (options.stats)
         sinks.push_back(std::make_unique<Stats>(out, color));
     else if (options.json)
         sinks.push_back(std::make_unique<JsonLines>(out, json_form(options)));
@@ -42,7 +53,7 @@ Sinks make_sinks(const Options &options, Output &out) {
     else if (!options.quiet && options.html.empty() && options.write.empty())
         sinks.push_back(std::make_unique<Listing>(
             out, Listing::Form{columns(stdout), color, options.files.size() > 1, options.detail}));
-    if (options.follow && !options.stats && !options.json && options.csv.empty())
+    if (options.follow && !options.top && !options.stats && !options.json && options.csv.empty())
         sinks.push_back(std::make_unique<Stats>(out, color));
     if (!options.html.empty()) sinks.push_back(std::make_unique<Page>(options.html, options.files));
     if (!options.write.empty())
@@ -52,6 +63,7 @@ Sinks make_sinks(const Options &options, Output &out) {
 
 // A listing on a terminal shows by itself how far the work has got.
 bool wants_progress(const Options &options) {
+    if (options.top) return !is_terminal(stdout);
     return options.quiet || options.stats || !options.html.empty() || !options.write.empty() || !is_terminal(stdout);
 }
 
@@ -66,7 +78,8 @@ int run(const Options &options) {
     Waiting waiting;
     Output out(STDOUT_FILENO);
     DamageLog damage(use_color(options, stderr));
-    Run run(options, make_sinks(options, out), out, damage, Progress(wants_progress(options)), &waiting);
+    Run run(options, make_sinks(options, out, damage, waiting), out, damage, Progress(wants_progress(options)),
+            &waiting);
     const int status = run.files();
     if (waiting.ended() && !options.follow) waiting.pass_on();
     return check_output(out.error(), status);

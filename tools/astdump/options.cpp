@@ -58,6 +58,7 @@ Examples:
   astdump --where track --where fl=350 a.pcap tracks at flight level 350
   astdump --where 'I070/MODE3A>=7500' a.pcap  by a published field
   astdump --list udp://239.1.1.1:8600        join a multicast group and list what comes
+  astdump --top udp://239.1.1.1:8600         watch who sends how much
   astdump --follow --quiet growing.pcap      watch a recording for damage while it is made
   tcpdump -i eth0 -w - udp | astdump -       look at live traffic of any kind)";
 
@@ -148,6 +149,8 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_option("--csv", texts.csv, "A line per record as comma-separated values: the columns of --list, or PATHS")
         ->type_name("[PATHS]");
     app.add_flag("--stats", options.stats, "Instead of the listing, count by category and by item");
+    app.add_flag("--top", options.top,
+                 "Instead of the listing, a table of what each data source sends, drawn anew every second");
     app.add_option("--convert", texts.convert,
                    "Turn records into those of categories that say the same: 1 from 48, 2 from 34, and back")
         ->type_name("LIST");

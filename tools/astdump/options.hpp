@@ -34,6 +34,7 @@ struct Options {
     std::string html;           // the page to write; empty for none
     std::string write;          // the file of what is chosen; empty for none
     bool stats = false;
+    bool top = false;
     bool quiet = false;
     std::string color = "auto";
     size_t jobs = 1;                    // threads

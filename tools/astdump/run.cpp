@@ -10,8 +10,9 @@ namespace astdump {
 
 namespace {
 
-// What comes bit by bit is shown bit by bit, and blocks are counted one after the other.
-size_t threads_of(const Options &options) { return options.follow || options.count ? 1 : options.jobs; }
+// What comes bit by bit is shown bit by bit, blocks are counted one after the other, and a table is drawn anew between
+// them.
+size_t threads_of(const Options &options) { return options.follow || options.count || options.top ? 1 : options.jobs; }
 
 size_t chunk_octets_of(const Options &options, const Sinks &sinks) {
     if (options.chunk_octets) return *options.chunk_octets;

@@ -11,6 +11,7 @@ namespace astdump {
 namespace {
 
 constexpr int kGrowthInterval_ms = 100;
+constexpr int kMeanwhileInterval_ms = 200;
 constexpr int kNoLimit = -1;
 constexpr int kNoDescriptor = -1; // which poll passes over
 
@@ -62,13 +63,14 @@ bool Waiting::is_ready(int descriptor, int limit_ms) {
 
 bool Waiting::for_input(int descriptor) {
     if (is_ready(descriptor, 0)) return !ended_;
-    while (!ended_ && !is_ready(descriptor, kNoLimit)) {
-    }
+    while (!ended_ && !is_ready(descriptor, meanwhile_ ? kMeanwhileInterval_ms : kNoLimit))
+        if (meanwhile_) meanwhile_();
     return !ended_;
 }
 
 bool Waiting::for_growth() {
     is_ready(kNoDescriptor, kGrowthInterval_ms);
+    if (meanwhile_) meanwhile_();
     return !ended_;
 }
 

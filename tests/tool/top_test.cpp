@@ -18,16 +18,16 @@ TEST(Top, CountsARecordingBySourceAndCategory) {
     command.write("capture", pcap(1, {ethernet(ipv4(udp(kSector + kCutOff))), ethernet(ipv4(udp(kSector))),
                                       ethernet(ipv4(udp(kSector + kSector)))}));
     EXPECT_EQ(command.run("--top capture").status, 1);
-    EXPECT_EQ(command.run("--top capture | grep -v lost:").out, R"(capture  2024-05-06 07:08:09 to 2024-05-06 07:08:11 UTC
+    EXPECT_EQ(command.run("--top capture | grep -v lost:").out,
+              R"(capture  2024-05-06 07:08:09 to 2024-05-06 07:08:11 UTC
 Source   Cat  Profile   Blocks/s  Records/s  Blocks  Records  Damaged  Last UTC
 025/012  034  standard       2.0        2.0       4        4           07:08:11
 025/013  048  standard       0.5        0.0       1        0        1  07:08:09
 all                          2.5        2.0       5        4        1  07:08:11
 )");
     command.write("blocks", kSector + hex("22 0013 F0 190C 02 546080 40 F0 190D 02 546080 40"));
-    EXPECT_EQ(command.run("--top blocks | grep 034").out,
-              "025/012  034  standard       2        2  12:00:01\n"
-              "025/013  034  standard       0        1  12:00:01\n");
+    EXPECT_EQ(command.run("--top blocks | grep 034").out, "025/012  034  standard       2        2  12:00:01\n"
+                                                          "025/013  034  standard       0        1  12:00:01\n");
 }
 
 // What is drawn stands where the table before stood, below the messages.

@@ -52,7 +52,7 @@ Sinks make_sinks(const Options &options, Output &out, const DamageLog &damage, W
         sinks.push_back(std::make_unique<RecordList>(out, color, options.files.size() > 1));
     else if (!options.quiet && options.html.empty() && options.write.empty())
         sinks.push_back(std::make_unique<Listing>(
-            out, Listing::Form{columns(stdout), color, options.files.size() > 1, options.detail}));
+            out, Listing::Form{columns(stdout), color, options.files.size() > 1, options.detail, is_terminal(stdout)}));
     if (options.follow && !options.top && !options.stats && !options.json && options.csv.empty())
         sinks.push_back(std::make_unique<Stats>(out, color));
     if (!options.html.empty()) sinks.push_back(std::make_unique<Page>(options.html, options.files));

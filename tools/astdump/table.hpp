@@ -17,8 +17,8 @@ public:
     struct Column {
         std::string_view title;
         bool is_right_aligned = false;
-        unsigned spare = 0;                   // where room is scarce, the columns with the highest go first; 0 stays
-        std::optional<Color> color = {};      // of its cells
+        unsigned spare = 0;              // where room is scarce, the columns with the highest go first; 0 stays
+        std::optional<Color> color = {}; // of its cells
     };
     explicit Table(std::span<const Column> columns) : columns_(columns) {}
 

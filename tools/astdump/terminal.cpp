@@ -80,7 +80,17 @@ Drawing *current = nullptr;
 constexpr std::string_view kWipeRestOfLine = "\033[K";
 constexpr std::string_view kWipeRestOfScreen = "\033[J";
 
-// The columns that a line takes: escape sequences, which set colours, take none.
+template <typename Visitor>
+void each_line(std::string_view lines, Visitor visit) {
+    while (!lines.empty()) {
+        const size_t end = lines.find('\n');
+        visit(lines.substr(0, end));
+        lines.remove_prefix(end + 1);
+    }
+}
+
+} // namespace
+
 size_t width_of(std::string_view line) {
     size_t width = 0;
     bool is_escape = false;
@@ -92,17 +102,6 @@ size_t width_of(std::string_view line) {
     }
     return width;
 }
-
-template <typename Visitor>
-void each_line(std::string_view lines, Visitor visit) {
-    while (!lines.empty()) {
-        const size_t end = lines.find('\n');
-        visit(lines.substr(0, end));
-        lines.remove_prefix(end + 1);
-    }
-}
-
-} // namespace
 
 void clear_line() {
     if (has_cursor(stderr)) std::fputs("\r\033[K", stderr);

@@ -42,6 +42,9 @@ struct ScreenSize {
 };
 std::optional<ScreenSize> screen_size(std::FILE *file);
 
+// The columns that a line takes: colours take none.
+size_t width_of(std::string_view line);
+
 // Wipes the progress line, if there may be one, so that other text can stand there.
 void clear_line();
 

@@ -65,8 +65,9 @@ std::vector<std::string> cells(const SourceKey &key, const SourceCounts &counts,
 }
 
 Time now() {
-    return {std::chrono::duration_cast<std::chrono::seconds>(std::chrono::system_clock::now().time_since_epoch()).count(),
-            0};
+    return {
+        std::chrono::duration_cast<std::chrono::seconds>(std::chrono::system_clock::now().time_since_epoch()).count(),
+        0};
 }
 
 } // namespace

@@ -75,7 +75,7 @@ private:
     std::string name_; // of the file at hand
     uint64_t files_ = 0;
     Sources sources_;
-    std::optional<Span> span_; // of the file at hand
+    std::optional<Span> span_;  // of the file at hand
     double seconds_before_ = 0; // in the files before it
     RecentRates rates_;
     Clock::time_point next_;

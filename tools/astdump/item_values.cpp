@@ -63,6 +63,9 @@ std::string option_path(std::string_view path) {
     return (is_number ? "I" : "") + std::string(path);
 }
 
+// What the library calls an item of a category that it does not know, and one of a category that it does.
+bool is_no_name(std::string_view name) { return name == "UNKNOWN NAME" || name.starts_with("Unknown CAT"); }
+
 std::string row(std::string_view kind, std::string_view cell, std::initializer_list<std::string_view> cells) {
     std::string html(kind);
     for (const std::string_view text : cells)
@@ -97,7 +100,8 @@ std::string ItemValues::summary(std::string_view below) const {
         if (!is_below(value.path, below) || (value.is_clear && !all_clear)) continue;
         const std::string_view name = last_name(std::string_view(value.path).substr(below.size()));
         const std::string word = name.empty() ? value.brief : std::string(name) + ':' + value.brief;
-        if (!line.empty() && line.size() + 1 + word.size() + kOmission.size() > kMaxSummary) return line.append(kOmission);
+        if (!line.empty() && line.size() + 1 + word.size() + kOmission.size() > kMaxSummary)
+            return line.append(kOmission);
         if (!line.empty()) line += ' ';
         line += word;
     }
@@ -109,8 +113,8 @@ std::string ItemValues::table(std::string_view below) const {
     bool is_even = false;
     for (const Value &value : values_) {
         if (!is_below(value.path, below)) continue;
-        rows += row(is_even ? "<tr class=\"even_row\">" : "<tr>", "td",
-                    {option_path(value.path), value.title, value.text});
+        rows +=
+            row(is_even ? "<tr class=\"even_row\">" : "<tr>", "td", {option_path(value.path), value.title, value.text});
         is_even = !is_even;
     }
     if (rows.empty()) return rows;
@@ -118,10 +122,9 @@ std::string ItemValues::table(std::string_view below) const {
 }
 
 std::string item_name(ast_dataitem_type_t type, const ast_uap_t &uap) {
-    constexpr std::string_view kUnknown = "UNKNOWN NAME";
     const std::string_view known = ast_dataitem_get_name(type);
     TextBuffer title;
-    if (known == kUnknown)
+    if (is_no_name(known))
         ast_dataitem_describe(
             type, uap,
             [](void *context, const ast_field_t *field) {

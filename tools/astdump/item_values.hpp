@@ -14,8 +14,8 @@ public:
     // Takes the values of an item; none where no document describes it.
     void read(const ast_dataitem_t &item, const Reading &reading);
 
-    // Of the values below a path such as "I048/130/SRL", which is that of the item or begins with it: one line, "SPD:450
-    // HDG:290". Flags that are clear are left out, and what would make the line too long.
+    // Of the values below a path such as "I048/130/SRL", which is that of the item or begins with it: one line,
+    // "SPD:450 HDG:290". Flags that are clear are left out, and what would make the line too long.
     std::string summary(std::string_view below) const;
 
     // The same as a table in the library's markup; empty without values.

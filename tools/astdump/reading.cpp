@@ -6,7 +6,7 @@ namespace astdump {
 
 namespace {
 
-constexpr uint32_t kSafetyNet = 4;   // the category with fields that depend on the message type
+constexpr uint32_t kSafetyNet = 4; // the category with fields that depend on the message type
 constexpr uint32_t kMessageTypes = 256;
 
 } // namespace

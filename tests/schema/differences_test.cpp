@@ -233,11 +233,10 @@ const Pair kPairs[] = {
     READ("21200", 021_200, "ICF LNAV ME PS SS", v.icf, v.lnav, v.me, v.ps, v.ss),
     READ("21210", 021_210, "VNS VN LTT", v.vns, v.vn, v.ltt),
     READ("21230", 021_230, ".", v.roll_deg),
-    READ("21295", 021_295,
-         "AOS TRD M3A QI TI1 MAM GH FL ISA FSA AS TAS MH BVR GVR GV TAR TI2 TS MET ROA ARA SCC", v.aos.age_s,
-         v.trd.age_s, v.m3a.age_s, v.qi.age_s, v.ti.age_s, v.mam.age_s, v.gh.age_s, v.fl.age_s, v.sal.age_s,
-         v.fsa.age_s, v.as.age_s, v.tas.age_s, v.mh.age_s, v.bvr.age_s, v.gvr.age_s, v.gv.age_s, v.tar.age_s,
-         v.tid.age_s, v.ts.age_s, v.met.age_s, v.roa.age_s, v.ara.age_s, v.scc.age_s),
+    READ("21295", 021_295, "AOS TRD M3A QI TI1 MAM GH FL ISA FSA AS TAS MH BVR GVR GV TAR TI2 TS MET ROA ARA SCC",
+         v.aos.age_s, v.trd.age_s, v.m3a.age_s, v.qi.age_s, v.ti.age_s, v.mam.age_s, v.gh.age_s, v.fl.age_s,
+         v.sal.age_s, v.fsa.age_s, v.as.age_s, v.tas.age_s, v.mh.age_s, v.bvr.age_s, v.gvr.age_s, v.gv.age_s,
+         v.tar.age_s, v.tid.age_s, v.ts.age_s, v.met.age_s, v.roa.age_s, v.ara.age_s, v.scc.age_s),
     READ("21400", 021_400, ".", v.value),
     READ("21903", 021_A03, "DCR GBS SIM TST RAB SAA SPI ATP ARC", v.dcr, v.gbs, v.sim, v.tst, v.rab, v.saa, v.spi,
          v.atp < 2 ? 1 - v.atp : v.atp, v.arc % 3),
@@ -253,9 +252,9 @@ const Pair kPairs[] = {
          "COM/NOGO COM/RDPC COM/RDPR COM/OVLRDP COM/OVLXMT COM/MSC COM/TSV SSR/ANT SSR/CHAB SSR/OVL SSR/MSC",
          v.com.nogo, v.com.rdpc - 1, v.com.rdpr, v.com.ovl_rdp, v.com.ovl_xmt, !v.com.msc, !v.com.time_valid,
          v.ssr.ant - 1, v.ssr.ch_ab, v.ssr.ovl, !v.ssr.msc),
-    READ("34060", 034_060,
-         "COM/REDRDP COM/REDXMT PSR/POL PSR/REDRAD PSR/STC SSR/REDRAD MDS/REDRAD MDS/CLU", v.com.red_rdp,
-         v.com.red_xmt, v.psr.pol, v.psr.red_rad, v.psr.stc, v.ssr.red_rad, v.mds.red_rad, !v.mds.clu_autonomous),
+    READ("34060", 034_060, "COM/REDRDP COM/REDXMT PSR/POL PSR/REDRAD PSR/STC SSR/REDRAD MDS/REDRAD MDS/CLU",
+         v.com.red_rdp, v.com.red_xmt, v.psr.pol, v.psr.red_rad, v.psr.stc, v.ssr.red_rad, v.mds.red_rad,
+         !v.mds.clu_autonomous),
     READ("34070", 034_070, "[0]/TYP [0]/COUNT", v.counters[0].typ, v.counters[0].value),
     READ("34120", 034_120, "HGT LAT LON", v.height_m, v.latitude_deg, v.longitude_deg),
     READ("48020", 048_020, "TYP SIM RDP SPI RAB TST ME MI FOEFRI", v.typ, v.sim, v.rdp - 1, v.spi, v.rab, v.tst, v.me,
@@ -280,9 +279,9 @@ const Pair kPairs[] = {
     READ("62110", 062_110,
          "SUM/M5 SUM/ID SUM/DA SUM/M1 SUM/M2 SUM/M3 SUM/MC SUM/X PMN/PIN PMN/NAT PMN/MIS POS/LAT POS/LON GA/RES GA/GA "
          "EM1/EM1 TOS XP/X5 XP/XC XP/X3 XP/X2 XP/X1",
-         v.sum.m5, v.sum.id, v.sum.da, v.sum.m1, v.sum.m2, v.sum.m3, v.sum.mc, v.sum.x, v.pmn.pin, v.pmn.nat,
-         v.pmn.mis, POSITION(pos), v.ga.res, v.ga.altitude_ft, v.em1.code, v.tos.offset_s, v.xp.x5, v.xp.xc, v.xp.x3,
-         v.xp.x2, v.xp.x1),
+         v.sum.m5, v.sum.id, v.sum.da, v.sum.m1, v.sum.m2, v.sum.m3, v.sum.mc, v.sum.x, v.pmn.pin, v.pmn.nat, v.pmn.mis,
+         POSITION(pos), v.ga.res, v.ga.altitude_ft, v.em1.code, v.tos.offset_s, v.xp.x5, v.xp.xc, v.xp.x3, v.xp.x2,
+         v.xp.x1),
     READ("62130", 062_130, ".", v.altitude_ft),
     READ("62135", 062_135, "QNH CTB", v.qnh, v.altitude_ft / kFeet),
     READ("62136", 062_136, ".", v.level_ft / kFeet),
@@ -290,8 +289,8 @@ const Pair kPairs[] = {
     READ("62210", 062_210, "AX AY", v.ax_m_s2, v.ay_m_s2),
     READ("62220", 062_220, ".", v.rate_ft_min),
     READ("62270", 062_270, "LENGTH ORIENTATION WIDTH", v.length_m, v.orientation_deg, v.width_m),
-    READ("62290", 062_290, "TRK PSR SSR MDS ADS ES VDL UAT LOP MLT", v.trk.age_s, v.psr.age_s, v.ssr.age_s,
-         v.mds.age_s, v.ads.age_s, v.es.age_s, v.vdl.age_s, v.uat.age_s, v.lop.age_s, v.mlt.age_s),
+    READ("62290", 062_290, "TRK PSR SSR MDS ADS ES VDL UAT LOP MLT", v.trk.age_s, v.psr.age_s, v.ssr.age_s, v.mds.age_s,
+         v.ads.age_s, v.es.age_s, v.vdl.age_s, v.uat.age_s, v.lop.age_s, v.mlt.age_s),
     READ("62295", 062_295,
          "MFL MD1 MD2 MDA MD4 MD5 MHG IAS TAS SAL FSS TID COM SAB ACS BVR GVR RAN TAR TAN GSP VUN MET EMC POS GAL PUN "
          "MB IAR MAC BPS",
@@ -304,19 +303,19 @@ const Pair kPairs[] = {
          "SID/SAC SID/SIC POS/RHO POS/THETA HEIGHT MDC/V MDC/G MDC/LMC MDA/V MDA/G MDA/L MDA/MODE3A TYP/TYP TYP/SIM "
          "TYP/RAB TYP/TST",
          v.sid.sac, v.sid.sic, v.pos.rho_nm, v.pos.theta_deg, v.hei.height_ft, v.mdc.not_validated, v.mdc.garbled,
-         v.mdc.flight_level / 4.0, v.mda.not_validated, v.mda.garbled, v.mda.smoothed, v.mda.code, v.typ.typ,
-         v.typ.sim, v.typ.rab, v.typ.tst),
-    READ("62380", 062_380,
-         "ADR ID MHG IAS/IM IAS/IAS TAS SAL/SAS SAL/SRC SAL/ALT FSS/MV FSS/AH FSS/AM FSS/ALT TIS/NAV TIS/NVB TID[0]/TCA "
-         "TID[0]/NC TID[0]/TCPN TID[0]/ALT TID[0]/LAT TID[0]/LON TID[0]/PT TID[0]/TD TID[0]/TRA TID[0]/TOA TID[0]/TOV "
-         "TID[0]/TTR COM/COM COM/STAT COM/SSC COM/ARC COM/AIC COM/B1A COM/B1B SAB/AC SAB/MN SAB/DC SAB/GBS SAB/STAT",
-         v.adr.address, v.id.text, v.mhg.angle_deg, v.ias.im, v.ias.im ? v.ias.mach : v.ias.airspeed_kt / kKnots,
-         v.tas.airspeed_kt, v.sal.sas, v.sal.src, v.sal.altitude_ft, v.fss.mv, v.fss.ah, v.fss.am, v.fss.altitude_ft,
-         v.tis.nav, v.tis.nvb, v.tid.points[0].tca, v.tid.points[0].nc, v.tid.points[0].tcpn,
-         v.tid.points[0].altitude_ft, POSITION(tid.points[0]), v.tid.points[0].pt, v.tid.points[0].td,
-         v.tid.points[0].tra, v.tid.points[0].toa, v.tid.points[0].tov_s, v.tid.points[0].ttr_nm, v.com.com,
-         v.com.stat, v.com.ssc, v.com.arc, v.com.aic, v.com.b1a, v.com.b1b, v.sab.ac, v.sab.mn, v.sab.dc, v.sab.gbs,
-         v.sab.stat),
+         v.mdc.flight_level / 4.0, v.mda.not_validated, v.mda.garbled, v.mda.smoothed, v.mda.code, v.typ.typ, v.typ.sim,
+         v.typ.rab, v.typ.tst),
+    READ(
+        "62380", 062_380,
+        "ADR ID MHG IAS/IM IAS/IAS TAS SAL/SAS SAL/SRC SAL/ALT FSS/MV FSS/AH FSS/AM FSS/ALT TIS/NAV TIS/NVB TID[0]/TCA "
+        "TID[0]/NC TID[0]/TCPN TID[0]/ALT TID[0]/LAT TID[0]/LON TID[0]/PT TID[0]/TD TID[0]/TRA TID[0]/TOA TID[0]/TOV "
+        "TID[0]/TTR COM/COM COM/STAT COM/SSC COM/ARC COM/AIC COM/B1A COM/B1B SAB/AC SAB/MN SAB/DC SAB/GBS SAB/STAT",
+        v.adr.address, v.id.text, v.mhg.angle_deg, v.ias.im, v.ias.im ? v.ias.mach : v.ias.airspeed_kt / kKnots,
+        v.tas.airspeed_kt, v.sal.sas, v.sal.src, v.sal.altitude_ft, v.fss.mv, v.fss.ah, v.fss.am, v.fss.altitude_ft,
+        v.tis.nav, v.tis.nvb, v.tid.points[0].tca, v.tid.points[0].nc, v.tid.points[0].tcpn,
+        v.tid.points[0].altitude_ft, POSITION(tid.points[0]), v.tid.points[0].pt, v.tid.points[0].td,
+        v.tid.points[0].tra, v.tid.points[0].toa, v.tid.points[0].tov_s, v.tid.points[0].ttr_nm, v.com.com, v.com.stat,
+        v.com.ssc, v.com.arc, v.com.aic, v.com.b1a, v.com.b1b, v.sab.ac, v.sab.mn, v.sab.dc, v.sab.gbs, v.sab.stat),
     READ("62380", 062_380,
          "BVR GVR RAN TAR/TI TAR/ROT TAN GS VUN MET/WS MET/WD MET/TMP MET/TRB MET/WSD MET/WDD MET/TMPD MET/TRBD EMC "
          "POS/LAT POS/LON GAL PUN/PUN IAR MAC BPS/BPS",
@@ -461,7 +460,8 @@ void compare(const Pair &pair, ast_dataitem_type_t type, std::vector<uint8_t> oc
         if (std::abs(value - found->second) <= 1e-9 * std::max(1.0, std::abs(found->second))) continue;
         std::ostringstream difference;
         difference << path << " of ";
-        for (size_t i = 0; i < std::min<size_t>(octets.size(), 40); ++i) difference << std::hex << octets[i] / 16 << octets[i] % 16;
+        for (size_t i = 0; i < std::min<size_t>(octets.size(), 40); ++i)
+            difference << std::hex << octets[i] / 16 << octets[i] % 16;
         difference << ": " << std::dec << value << ", published " << found->second;
         field.difference = difference.str();
     }

@@ -1,5 +1,5 @@
-// Readers of the library over blocks of unknown edition: what one of them decodes, splits and learns is the same, and it
-// accepts what a profile accepts. The input is blocks one after the other.
+// Readers of the library over blocks of unknown edition: what one of them decodes, splits and learns is the same, and
+// it accepts what a profile accepts. The input is blocks one after the other.
 
 #include "harness.hpp"
 #include "records.hpp"
@@ -17,7 +17,8 @@ bool same(const ast_reader_result_t &one, const ast_reader_result_t &other) {
 }
 
 void check_result(const ast_reader_result_t &result, Octets octets) {
-    require(result.valid == (result.reason == AST_SPLIT_WHOLE), "a block is read that breaks off, or breaks off nowhere");
+    require(result.valid == (result.reason == AST_SPLIT_WHOLE),
+            "a block is read that breaks off, or breaks off nowhere");
     require(!result.valid || (result.end == result.length && result.length <= octets.size()),
             "a valid block does not end with its length");
     require(result.end <= octets.size(), "a block breaks off behind what is available");
@@ -62,8 +63,8 @@ private:
     ast_reader_t learning_;
 };
 
-// Whether a profile takes all items of a block for what is published, or for what nobody has published: a reader does not
-// share its rules for subfields that it does not know and chains that do not end.
+// Whether a profile takes all items of a block for what is published, or for what nobody has published: a reader does
+// not share its rules for subfields that it does not know and chains that do not end.
 bool is_as_published(const ast_datablock_t &block) {
     const uint8_t *const end = block.data + block.length;
     for (uint64_t i = 0; i < block.record_count; ++i) {

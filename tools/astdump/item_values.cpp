@@ -82,14 +82,17 @@ void ItemValues::read(const ast_dataitem_t &item, const Reading &reading) {
 
 void ItemValues::take(void *context, const ast_field_value_t *value) {
     const ast_field_t &field = *value->field;
+    const bool is_code = field.kind == AST_FIELD_CODE;
+    const std::string whole = whole_text(*value);
+    const std::string brief = brief_text(*value);
     TextBuffer title;
     put_plain(title, field.title);
-    static_cast<ItemValues *>(context)->values_.push_back(
-        {.path = field.path,
-         .title = std::string(title.text()),
-         .text = whole_text(*value),
-         .brief = brief_text(*value),
-         .is_clear = field.kind == AST_FIELD_CODE && field.bits == 1 && value->raw == 0});
+    static_cast<ItemValues *>(context)->values_.push_back({.path = field.path,
+                                                           .title = std::string(title.text()),
+                                                           .text = whole,
+                                                           .brief = brief,
+                                                           .alone = is_code ? brief : cut(whole, kMaxSummary),
+                                                           .is_clear = is_code && field.bits == 1 && value->raw == 0});
 }
 
 std::string ItemValues::summary(std::string_view below) const {
@@ -99,7 +102,7 @@ std::string ItemValues::summary(std::string_view below) const {
     for (const Value &value : values_) {
         if (!is_below(value.path, below) || (value.is_clear && !all_clear)) continue;
         const std::string_view name = last_name(std::string_view(value.path).substr(below.size()));
-        const std::string word = name.empty() ? value.brief : std::string(name) + ':' + value.brief;
+        const std::string word = name.empty() ? value.alone : std::string(name) + ':' + value.brief;
         if (!line.empty() && line.size() + 1 + word.size() + kOmission.size() > kMaxSummary)
             return line.append(kOmission);
         if (!line.empty()) line += ' ';

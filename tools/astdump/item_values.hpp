@@ -26,7 +26,8 @@ private:
         std::string path;  // as the library writes it
         std::string title; // in the document's words
         std::string text;  // "45.5 NM", "5 Single ModeS Roll-Call"
-        std::string brief; // "45.5", "5"
+        std::string brief; // "45.5", "5", behind its name
+        std::string alone; // "45.5 NM", without one
         bool is_clear;     // a flag that is not set
     };
 

@@ -33,15 +33,16 @@ struct Members {
     }
 };
 
-// The published path of a subfield by its number, counted from 1. Names differ, but their order does not; nothing where
-// the document has fewer.
-std::string subfield_path(ast_dataitem_type_t type, const ast_uap_t &uap, uint32_t number) {
+// The published paths of the subfields of an item by their numbers, from 1 on. Their names differ from those of the
+// library, but their order does not; empty for a spare one, and where the document has fewer.
+std::vector<std::string> subfield_paths(ast_dataitem_type_t type, const ast_uap_t &uap) {
     Members members{std::string_view(ast_dataitem_type_to_str(type)).size()};
     ast_dataitem_describe(type, uap, Members::take, &members);
-    size_t place = 0;
-    for (uint32_t before = 1; before < number; ++before)
-        if (ast_subfield_get_id(AST_SUBFIELD_TYPE(type, before)) != kSpare) ++place;
-    return place < members.paths.size() ? members.paths[place] : std::string();
+    std::vector<std::string> paths(1 + ast_dataitem_subfields_get_number(type));
+    auto next = members.paths.begin();
+    for (uint32_t number = 1; number < paths.size() && next != members.paths.end(); ++number)
+        if (ast_subfield_get_id(AST_SUBFIELD_TYPE(type, number)) != kSpare) paths[number] = std::move(*next++);
+    return paths;
 }
 
 } // namespace
@@ -50,34 +51,33 @@ struct ItemViews::Subject {
     const ast_dataitem_t &item;
     const Reading &reading;
     ItemValues &values;
-    bool is_read = false;
-
-    const ItemValues &read() {
-        if (!is_read) values.read(item, reading);
-        is_read = true;
-        return values;
-    }
+    std::vector<std::string> paths{}; // of subfields, as soon as one of them is asked for
 
     // Either view of a subfield; empty for one that no document describes.
     std::string subfield(uint32_t number, std::string (ItemValues::*view)(std::string_view) const) {
-        const std::string path = subfield_path(item.type, reading.uap, number);
-        return path.empty() ? path : (read().*view)(path);
+        if (paths.empty()) {
+            paths = subfield_paths(item.type, reading.uap);
+            values.read(item, reading);
+        }
+        return number >= paths.size() || paths[number].empty() ? std::string() : (values.*view)(paths[number]);
     }
 };
 
 std::string_view ItemViews::value_summary(const ast_dataitem_t &item, const Reading &reading) {
-    text_ = Subject{item, reading, values_}.read().summary(ast_dataitem_type_to_str(item.type));
+    values_.read(item, reading);
+    text_ = values_.summary(ast_dataitem_type_to_str(item.type));
     return text_;
 }
 
 std::string_view ItemViews::detail(const ast_dataitem_t &item, const Reading &reading) {
     std::string_view html = views_.show(ast_dataitem_get_detail_html, item);
-    Subject subject{item, reading, values_};
     if (html.empty()) {
-        text_ = subject.read().table(ast_dataitem_type_to_str(item.type));
+        values_.read(item, reading);
+        text_ = values_.table(ast_dataitem_type_to_str(item.type));
         return text_;
     }
     if (!html.starts_with(kCompound)) return html;
+    Subject subject{item, reading, values_};
     text_.clear();
     const size_t table = std::min(html.find(kTableEnd), html.size());
     complete_table(html.substr(0, table), subject);

@@ -16,7 +16,7 @@ public:
     std::string_view detail(const ast_dataitem_t &item, const Reading &reading);
 
 private:
-    struct Subject; // an item and its reading, whose values are taken when they are first asked for
+    struct Subject; // a compound item, whose values are taken when they are first asked for
 
     std::string_view value_summary(const ast_dataitem_t &item, const Reading &reading);
     void complete_table(std::string_view table, Subject &subject);

@@ -62,6 +62,11 @@ TEST(Listing, FillsInPublishedValuesOfTheRightEdition) {
               "              I148/AH   Altitude Hold Mode    0 Not active or unknown\n"
               "              I148/AM   Approach Mode         1 Active\n"
               "              I148/ALT  Altitude              35000 ft\n");
+    command.write("b", hex("CD 000A B0 190C 01 546040"));
+    EXPECT_EQ(
+        command.run("b | tail -n +4").out,
+        "    I205/000  Message Type                               1  SYSTEM_POSITION_REPORT         01\n"
+        "    I205/030  Time of Day                                3  43200.5 s                      54 60 40\n\n");
     const std::string unpack = "sed -n 's/.*data-packed=\"\\([^\"]*\\)\".*/\\1/p' page | base64 -d | tail -c +3";
     EXPECT_EQ(command
                   .run("--html page a; (printf '\\037\\213\\010\\0\\0\\0\\0\\0\\0\\0'; " + unpack +

@@ -10,7 +10,8 @@ namespace astdump {
 namespace {
 
 constexpr size_t kMaxSummary = 64;   // characters
-constexpr size_t kMaxBriefText = 16; // of a code that stands for its number
+constexpr size_t kMaxBriefText = 16; // of a code behind a name, longer ones are numbers
+constexpr size_t kMaxLoneText = 40;  // of one without
 constexpr std::string_view kOmission = " ...";
 
 char capital(char c) {
@@ -19,17 +20,17 @@ char capital(char c) {
 }
 
 // "45.5", and codes as their text where that is short: "SINGLE_TARGET".
-std::string brief_text(const ast_field_value_t &value) {
+std::string brief_text(const ast_field_value_t &value, size_t most) {
     TextBuffer out;
     const std::string_view text = value.text;
-    const bool is_named = value.field->kind == AST_FIELD_CODE && !text.empty() && text.size() <= kMaxBriefText;
+    const bool is_named = value.field->kind == AST_FIELD_CODE && !text.empty() && text.size() <= most;
     if (is_named)
         put_plain(out, text);
     else
         put_value(out, value);
     std::string result(out.text());
     if (is_named) std::ranges::transform(result, result.begin(), capital);
-    return cut(result, kMaxSummary / 2);
+    return cut(result, kMaxLoneText);
 }
 
 // With its unit, or with what the code stands for.
@@ -84,15 +85,15 @@ void ItemValues::take(void *context, const ast_field_value_t *value) {
     const ast_field_t &field = *value->field;
     const bool is_code = field.kind == AST_FIELD_CODE;
     const std::string whole = whole_text(*value);
-    const std::string brief = brief_text(*value);
     TextBuffer title;
     put_plain(title, field.title);
-    static_cast<ItemValues *>(context)->values_.push_back({.path = field.path,
-                                                           .title = std::string(title.text()),
-                                                           .text = whole,
-                                                           .brief = brief,
-                                                           .alone = is_code ? brief : cut(whole, kMaxSummary),
-                                                           .is_clear = is_code && field.bits == 1 && value->raw == 0});
+    static_cast<ItemValues *>(context)->values_.push_back(
+        {.path = field.path,
+         .title = std::string(title.text()),
+         .text = whole,
+         .brief = brief_text(*value, kMaxBriefText),
+         .alone = is_code ? brief_text(*value, kMaxLoneText) : cut(whole, kMaxSummary),
+         .is_clear = is_code && field.bits == 1 && value->raw == 0});
 }
 
 std::string ItemValues::summary(std::string_view below) const {

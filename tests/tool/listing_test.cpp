@@ -57,4 +57,36 @@ TEST(Listing, ShowsLongDetailsToTheirEnd) {
               "1                 MCP/FCU Selected Altitude    16 FT    valid\n");
 }
 
+// Items that the library has no views of, I021/165 twice with the same octets: turn indicator and rate of turn in
+// edition 0.26, 10 bits of track angle rate since 2.1. Behind it stand I021/148 and I021/016.
+const std::string kUnread = hex("15 0010 810130 190C 0128 000000000000 15 000F 810101050A 190C 0128 2578 00");
+
+TEST(Listing, FillsInPublishedValuesOfTheRightEdition) {
+    Command command;
+    command.write("a", kUnread);
+    EXPECT_EQ(command.run("a | grep -E 'I021/1(65|48)'").out,
+              "    I021/165  Track Angle Rate                           2  TI:NOT_AVAILABLE ROT:5         01 28\n"
+              "    I021/165  Track Angle Rate                           2  TAR:9.25                       01 28\n"
+              "    I021/148  Final State Selected Altitude              2  AM:ACTIVE ALT:35000            25 78\n");
+    EXPECT_EQ(command.run("--detail a | grep -A 4 -E 'I021/1(65|48)' | grep '^  *I1'").out,
+              "              I165/TI   Turn Indicator  0 Not available\n"
+              "              I165/ROT  Rate of Turn    5 deg/s\n"
+              "              I165/TAR  Track Angle Rate  9.25 deg/s\n"
+              "              I148/MV   Manage Vertical Mode  0 Not active or unknown\n"
+              "              I148/AH   Altitude Hold Mode    0 Not active or unknown\n"
+              "              I148/AM   Approach Mode         1 Active\n"
+              "              I148/ALT  Altitude              35000 ft\n");
+    command.write("b", hex("CD 000A B0 190C 01 546040"));
+    EXPECT_EQ(
+        command.run("b | tail -n +4").out,
+        "    I205/000  Message Type                               1  SYSTEM_POSITION_REPORT         01\n"
+        "    I205/030  Time of Day                                3  43200.5 s                      54 60 40\n\n");
+    const std::string unpack = "sed -n 's/.*data-packed=\"\\([^\"]*\\)\".*/\\1/p' page | base64 -d | tail -c +3";
+    EXPECT_EQ(command
+                  .run("--html page a; (printf '\\037\\213\\010\\0\\0\\0\\0\\0\\0\\0'; " + unpack +
+                       ") | gzip -dc 2>/dev/null | grep -c -E '^D.*(ROT:5|TAR:9.25|ALT:35000)'")
+                  .out,
+              "3\n");
+}
+
 } // namespace

@@ -24,6 +24,7 @@ private:
     Listing::Form form_;
     Style style_;
     ItemLines lines_;
+    Readings readings_;
 };
 
 void ListingRenderer::block(const DecodedBlock &decoded, TextBuffer &out) {
@@ -106,7 +107,8 @@ void ListingRenderer::record(const ast_datarecord_t &record, uint64_t number, co
 }
 
 void ListingRenderer::items(const ast_datarecord_t &record, TextBuffer &out) {
-    for (uint64_t i = 0; i < record.item_count; ++i) lines_.put(out, record.items[i]);
+    const Reading reading = readings_.of(record);
+    for (uint64_t i = 0; i < record.item_count; ++i) lines_.put(out, record.items[i], reading);
 }
 
 void ListingRenderer::fault(const DecodedBlock &decoded, TextBuffer &out) {

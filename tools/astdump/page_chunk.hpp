@@ -24,6 +24,7 @@ private:
     TextBuffer lines_;
     TextBuffer items_;
     ItemTexts texts_;
+    Readings readings_;
     uint64_t blocks_ = 0;
     uint64_t octets_ = 0;
     uint64_t first_number_ = 0;

@@ -73,6 +73,16 @@ async function lookAtPlan() {
     all('button.show').at(-1).click();
     check('a record shows itself', plan.view.isInside(plan.plane.x[plan.scene.chosen], plan.plane.y[plan.scene.chosen]));
 
+    // A radar on 50 N 15 E sees three aircraft that say where they are, one or two degrees to the north or south of it.
+    const seen = {count: 6, sources: [HAS_SOURCE | 0x152304, HAS_SOURCE | 0x301907], source: [0, 0, 0, 1, 1, 1],
+                  kind: [1, 1, 1, 2, 2, 2], address: [1, 2, 3, 1, 2, 3], time: [0, 1, 2, 3, 2, 1],
+                  first: [51e7, 49e7, 52e7, 60.04 * 65536, 60.04 * 65536, 120.08 * 65536],
+                  second: [15e7, 15e7, 15e7, 0, 180e6, 0]};
+    const stations = new Map();
+    locateStations(seen, stations);
+    const [latitude, longitude] = stations.get(0x1907).place;
+    check('a radar is found by aircraft', Math.abs(latitude - 50) < 0.001 && Math.abs(longitude - 15) < 0.001);
+
     const input = all('.search input')[0];
     for (const [text, count] of [['dlh4', 2], ['3C4A', 2], ['3c4a #666', 1], ['7777', 0]]) {
         input.value = text;

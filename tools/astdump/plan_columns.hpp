@@ -10,8 +10,8 @@
 
 namespace astdump {
 
-// Little-endian words, packed: how many blocks, rows, sources and words of shapes there are; the rows of each block; the
-// columns below, one after the other; the sources; the shapes, as plan_shapes.hpp describes them; the texts, a line
+// Little-endian words, packed: how many blocks, rows, sources and words of shapes there are; the rows of each block;
+// the columns below, one after the other; the sources; the shapes, as plan_shapes.hpp describes them; the texts, a line
 // each. Each of these arrays stands in four planes, the low octets of all words first, which packs well. A row is a
 // record that is shown.
 class PlanColumns {

@@ -121,28 +121,29 @@ struct Row {
 
 // Ascending. What most categories have under the same number stands in kUsual.
 constexpr Row kRows[] = {
-    {1141, take_truncated_time}, {2030, take_time},         {4020, take_time},         {4030, take_track},
-    {8090, take_time},           {9070, take_time},         {11245, take_callsign},    {11380, take_aircraft},
-    {15145, take_time},          {15600, take_wgs84},       {15601, take_level},       {15625, take_range},
-    {15627, take_azimuth},       {16400, take_station},     {17045, take_wgs84},       {17050, take_level},
-    {17070, take_code}, {17220, take_address},
-    {18002, take_time},          {18005, take_address},     {18014, take_polar},       {18015, take_cartesian},
-    {18032, take_code},          {18033, take_level},       {18036, take_source},      {19600, take_station},
-    {21030, take_time},          {21070, take_code}, {21071, take_position_time},        {21073, take_position_time},        {21077, take_time},
-    {21080, take_address},       {21130, take_wgs84},       {21131, take_wgs84},       {21140, take_level},
-    {21145, take_level}, {21161, take_track},         {21170, take_callsign},    {23070, take_time},        {25070, take_time},
-    {25600, take_station},       {32020, take_time},        {32040, take_track},       {32060, take_code},
-    {34030, take_time},          {34120, take_station},     {62040, take_track},       {62060, take_code},
-    {62070, take_time},          {62100, take_cartesian},   {62105, take_wgs84},       {62130, take_level},
-    {62135, take_level},         {62136, take_level},       {62245, take_callsign},    {62380, take_aircraft},
-    {62390, take_flight_plan},   {63030, take_time},        {65030, take_time},        {205030, take_time},
-    {205050, take_wgs84},        {205060, take_cartesian},  {205160, take_track},
+    {1141, take_truncated_time}, {2030, take_time},           {4020, take_time},      {4030, take_track},
+    {8090, take_time},           {9070, take_time},           {11245, take_callsign}, {11380, take_aircraft},
+    {15145, take_time},          {15600, take_wgs84},         {15601, take_level},    {15625, take_range},
+    {15627, take_azimuth},       {16400, take_station},       {17045, take_wgs84},    {17050, take_level},
+    {17070, take_code},          {17220, take_address},       {18002, take_time},     {18005, take_address},
+    {18014, take_polar},         {18015, take_cartesian},     {18032, take_code},     {18033, take_level},
+    {18036, take_source},        {19600, take_station},       {21030, take_time},     {21070, take_code},
+    {21071, take_position_time}, {21073, take_position_time}, {21077, take_time},     {21080, take_address},
+    {21130, take_wgs84},         {21131, take_wgs84},         {21140, take_level},    {21145, take_level},
+    {21161, take_track},         {21170, take_callsign},      {23070, take_time},     {25070, take_time},
+    {25600, take_station},       {32020, take_time},          {32040, take_track},    {32060, take_code},
+    {34030, take_time},          {34120, take_station},       {62040, take_track},    {62060, take_code},
+    {62070, take_time},          {62100, take_cartesian},     {62105, take_wgs84},    {62130, take_level},
+    {62135, take_level},         {62136, take_level},         {62245, take_callsign}, {62380, take_aircraft},
+    {62390, take_flight_plan},   {63030, take_time},          {65030, take_time},     {205030, take_time},
+    {205050, take_wgs84},        {205060, take_cartesian},    {205160, take_track},
 };
 static_assert(std::ranges::is_sorted(kRows, {}, &Row::type));
 
 constexpr Row kUsual[] = {
-    {10, take_source}, {40, take_polar},  {41, take_wgs84},  {42, take_cartesian}, {60, take_code},      {70, take_code},
-    {90, take_level},  {91, take_level},  {93, take_level},  {105, take_level},    {110, take_level},    {140, take_time},
+    {10, take_source}, {40, take_polar},    {41, take_wgs84},     {42, take_cartesian},
+    {60, take_code},   {70, take_code},     {90, take_level},     {91, take_level},
+    {93, take_level},  {105, take_level},   {110, take_level},    {140, take_time},
     {161, take_track}, {220, take_address}, {240, take_callsign}, {245, take_callsign},
 };
 static_assert(std::ranges::is_sorted(kUsual, {}, &Row::type));

@@ -17,17 +17,17 @@ struct PlanPair {
 };
 
 struct PlanValues {
-    std::optional<uint32_t> source;          // SAC × 256 + SIC
-    std::optional<double> time_s;            // of the record, or else of its position, since midnight
+    std::optional<uint32_t> source; // SAC × 256 + SIC
+    std::optional<double> time_s;   // of the record, or else of its position, since midnight
     std::optional<double> position_time_s;
-    std::optional<double> truncated_time_s;  // modulo 512 s, as category 001 has it
-    PlanPair wgs84;                          // latitude and longitude in degrees
-    PlanPair polar;                          // range in NM and azimuth in degrees
-    PlanPair cartesian;                      // east and north in NM
-    PlanPair station;                        // where the data source itself stands, as `wgs84`
-    std::optional<double> level;             // in hundreds of feet, or else the height
+    std::optional<double> truncated_time_s; // modulo 512 s, as category 001 has it
+    PlanPair wgs84;                         // latitude and longitude in degrees
+    PlanPair polar;                         // range in NM and azimuth in degrees
+    PlanPair cartesian;                     // east and north in NM
+    PlanPair station;                       // where the data source itself stands, as `wgs84`
+    std::optional<double> level;            // in hundreds of feet, or else the height
     std::optional<double> height;
-    std::optional<uint32_t> code;            // Mode 3/A
+    std::optional<uint32_t> code; // Mode 3/A
     std::optional<uint32_t> address;
     std::optional<uint32_t> track;
     std::string callsign;

@@ -46,10 +46,10 @@ class Drawing {
         context.fillRect(0, 0, view.width, view.height);
         this.drawVideo(view, scene);
         this.drawWeather(view, scene);
-        this.drawRings(view);
+        const boxes = [...covered];
+        this.drawRings(view, boxes);
         this.drawTrails(view, scene);
         this.drawDots(view, scene);
-        const boxes = [...covered];
         this.drawStations(view, boxes);
         const newest = this.newest(view, scene);
         this.drawSymbols(view, newest);
@@ -59,7 +59,7 @@ class Drawing {
 
     // ---- the ground ----
 
-    drawRings(view) {
+    drawRings(view, boxes) {
         const {context, colours} = this;
         const [left, top] = view.toScreen(0, 0);
         const step = RING_STEPS_NM.find(nm => nm * view.scale >= 64) ?? RING_STEPS_NM.at(-1);
@@ -84,8 +84,9 @@ class Drawing {
         }
         for (let i = first; i <= last; ++i) {
             const text = `${Number((i * step).toFixed(2))} NM`;
-            this.write(text, left + i * stepPixels * Math.cos(angle), top + i * stepPixels * Math.sin(angle),
-                       colours['ring-text'], colours.ground);
+            const x = left + i * stepPixels * Math.cos(angle), y = top + i * stepPixels * Math.sin(angle);
+            this.write(text, x, y, colours['ring-text'], colours.ground);
+            boxes.push({x: x - 20, y: y - 6, width: 40, height: 12});
         }
     }
 

@@ -3,6 +3,7 @@ set(page_style ${CMAKE_CURRENT_LIST_DIR}/page.css)
 set(page_scripts
     format.js
     records.js
+    stations.js
     plane.js
     layers.js
     points.js

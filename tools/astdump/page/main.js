@@ -10,20 +10,23 @@ async function start() {
     const list = new List(sections, ([begin, end]) => {
         for (let row = begin; row < end && plan; ++row)
             if (records.kind[row] !== POSITION.none) return choose(row);
-    }, choose);
+    }, row => {
+        choose(row);
+        find('.plan').scrollIntoView({block: 'nearest'});
+    });
     if (sections.length > 0) sections[0].open = true;
 
     const records = await Records.read(sections);
     list.show(records);
-    const open = row => list.go(row);
-    const search = new Search(find('.search'), records, marks => plan?.showFound(marks), row => {
+    const search = new Search(find('.search'), records, marks => plan?.showFound(marks), (row, isStep) => {
         choose(row);
-        open(row);
+        // Where the list stands below the plan, stepping stays with the plan.
+        list.go(row, isStep && !matchMedia('(min-width: 1240px)').matches);
     });
     find('.summary').textContent = summaryOf(records, sections);
     plan = makePlan(find('.plan'), records);
     if (plan) {
-        plan.onOpen = open;
+        plan.onOpen = row => list.go(row);
         clock = new Clock(find('.clock'), records, (from, to, fades) => plan.showTimes(from, to, fades));
         for (const name of ['labels', 'trails'])
             find(`.clock .${name}`).addEventListener('change', event => {

@@ -32,7 +32,8 @@ function testFor(records, word) {
 }
 
 class Search {
-    // Calls onFound with the marks of the rows that are found, null for all, and onChoose with the row that is gone to.
+    // Calls onFound with the marks of the rows that are found, null for all, and onChoose with the row that is gone to, and
+    // whether it is by a step.
     constructor(form, records, onFound, onChoose) {
         Object.assign(this, {records, onFound, onChoose, rows: [], at: -1});
         const find = selector => form.querySelector(selector);
@@ -51,6 +52,9 @@ class Search {
             const button = event.target.closest('button');
             if (button) this.go(Number(button.dataset.at));
         });
+        // The results cover what stands below them: they are only there as long as the keys are with the search.
+        form.addEventListener('focusin', () => { this.list.hidden = this.rows.length === 0; });
+        form.addEventListener('focusout', event => { this.list.hidden = !form.contains(event.relatedTarget); });
         this.find();
     }
 
@@ -80,12 +84,13 @@ class Search {
     }
 
     step(step) {
-        if (this.rows.length > 0) this.go((this.at + step + this.rows.length + (this.at < 0 && step < 0)) % this.rows.length);
+        const {length} = this.rows;
+        if (length > 0) this.go((this.at + step + length + (this.at < 0 && step < 0)) % length, true);
     }
 
-    go(at) {
+    go(at, isStep = false) {
         this.at = at;
-        this.onChoose(this.rows[at]);
+        this.onChoose(this.rows[at], isStep);
         this.list.querySelector('[aria-current]')?.removeAttribute('aria-current');
         const button = this.list.querySelector(`[data-at="${at}"]`);
         button?.setAttribute('aria-current', 'true');

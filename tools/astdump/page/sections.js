@@ -64,7 +64,7 @@ function recordHtml({line, items}) {
     const rows = items.map((item, i) =>
         `<tr${i % 2 ? ' class="even_row"' : ''}><td>${item.type.id}</td><td>${item.type.name}</td>` +
         `<td>${item.octets.length / 2}</td><td>${item.summary}</td></tr>`);
-    return `<h3>${line}</h3><table class="detail_table"><tr><th>Dataitem</th><th>Name</th><th>Size</th>` +
+    return `<h3>${line}</h3><table class="detail_table items"><tr><th>Dataitem</th><th>Name</th><th>Size</th>` +
         `<th>Summary</th></tr>${rows.join('')}</table>${items.map(itemHtml).join('')}`;
 }
 
@@ -161,8 +161,8 @@ class List {
         return this.records?.rowsOf(Number(section), Number(block));
     }
 
-    // Opens all around a record, and brings it into sight.
-    async go(row) {
+    // Opens all around a record, and brings it into sight unless the reader is to stay elsewhere.
+    async go(row, stays = false) {
         const {section, block, record} = this.records.locate(row);
         const outer = this.sections[section];
         await this.openSection(outer);
@@ -176,6 +176,6 @@ class List {
         const heading = element.querySelectorAll('h3')[record];
         document.querySelector('h3.chosen')?.classList.remove('chosen');
         heading.classList.add('chosen');
-        heading.scrollIntoView({block: 'start', behavior: 'instant'});
+        if (!stays) heading.scrollIntoView({block: 'start', behavior: 'instant'});
     }
 }

@@ -57,8 +57,8 @@ class View {
 
 // The rectangle around points, but for those that are far off all others.
 function boundsOf(xs, ys) {
-    const median = values => Float32Array.from(values).sort()[values.length >> 1];
-    const middle = [median(xs), median(ys)];
+    const half = values => Float32Array.from(values).sort()[values.length >> 1];
+    const middle = [half(xs), half(ys)];
     const far = (i) => Math.max(Math.abs(xs[i] - middle[0]), Math.abs(ys[i] - middle[1]));
     const limit = 4 * Float32Array.from(xs, (_, i) => far(i)).sort()[Math.floor(xs.length * 0.95)] + 1;
     const bounds = {left: Infinity, right: -Infinity, bottom: Infinity, top: -Infinity};

@@ -172,18 +172,19 @@ class Drawing {
     }
 
     fillEchoes(view, source, {sectors, range}, image, grain) {
-        const [x0, y0] = this.stationOf(source);
+        const [east, north] = this.stationOf(source);
         const [red, green, blue] = this.layers.list[this.layers.ofSource[source]].rgb;
         const pixels = new Uint32Array(image.data.buffer);
         const colour = blue << 16 | green << 8 | red;
-        const turn = VIDEO_SECTORS / (2 * Math.PI);
+        const turn = VIDEO_SECTORS / (2 * Math.PI), step = grain / view.scale;
+        const [left, top] = view.toPlane(0, 0);
         for (let row = 0; row < image.height; ++row) {
+            const y = top - row * step - north;
             for (let column = 0; column < image.width; ++column) {
-                const [x, y] = view.toPlane(column * grain, row * grain);
-                const distance = Math.hypot(x - x0, y - y0);
+                const x = left + column * step - east;
+                const distance = Math.sqrt(x * x + y * y);
                 if (distance >= range) continue;
-                const sector = Math.floor((Math.atan2(x - x0, y - y0) * turn + VIDEO_SECTORS) % VIDEO_SECTORS);
-                const message = sectors[sector];
+                const message = sectors[Math.floor((Math.atan2(x, y) * turn + VIDEO_SECTORS) % VIDEO_SECTORS)];
                 if (!message) continue;
                 const amplitude = message.cells[Math.floor(distance / message.length) - message.firstCell];
                 if (amplitude) pixels[row * image.width + column] = 48 + amplitude * 207 / 255 << 24 | colour;
@@ -265,19 +266,21 @@ class Drawing {
     drawTrails(view, {begin, end, trails, found}) {
         if (!trails || end - begin > MOST_TRAILS) return;
         const {context, points, layers} = this;
+        const paths = layers.list.map(() => new Path2D());
+        const {scale} = view, [left, top] = view.toScreen(0, 0);
+        for (let i = begin; i < end; ++i) {
+            const before = points.previous[i];
+            if (before < begin) continue;
+            const path = paths[layers.ofSource[points.source[i]]];
+            path.moveTo(left + points.x[before] * scale, top - points.y[before] * scale);
+            path.lineTo(left + points.x[i] * scale, top - points.y[i] * scale);
+        }
         context.globalAlpha = found ? 0.15 : 0.4;
         context.lineWidth = 1;
-        layers.list.forEach((layer, number) => {
+        layers.list.forEach((layer, i) => {
             if (!layer.visible) return;
             context.strokeStyle = layer.colour;
-            context.beginPath();
-            for (let i = begin; i < end; ++i) {
-                const before = points.previous[i];
-                if (before < begin || layers.ofSource[points.source[i]] !== number) continue;
-                context.moveTo(...view.toScreen(points.x[before], points.y[before]));
-                context.lineTo(...view.toScreen(points.x[i], points.y[i]));
-            }
-            context.stroke();
+            context.stroke(paths[i]);
         });
         context.globalAlpha = 1;
     }
@@ -287,7 +290,7 @@ class Drawing {
         const {points, layers} = this;
         const newest = [];
         for (let i = end - 1; i >= begin && newest.length < MOST_SYMBOLS; --i) {
-            if (!points.isNamed[i] || (points.next[i] >= 0 && points.next[i] < end)) continue;
+            if (!points.target[i] || (points.next[i] >= 0 && points.next[i] < end)) continue;
             if (!layers.isVisible(points.source[i]) || (found && !found[points.row[i]])) continue;
             const [left, top] = view.toScreen(points.x[i], points.y[i]);
             if (left > -20 && top > -20 && left < view.width + 20 && top < view.height + 20)
@@ -326,8 +329,10 @@ class Drawing {
     }
 
     drawLabels(view, newest, boxes) {
-        const places = newest.length <= MOST_LABELS ? newest : newest.slice(0, MOST_LABELS);
-        for (const target of places) this.drawLabel(target, boxes, view);
+        // In an order that lasts, so that labels do not take each other's room in turn.
+        const rank = ({row, point}) => isEmergency(this.records.code[row]) ? -1 : this.points.target[point];
+        newest.sort((one, other) => rank(one) - rank(other));
+        for (const target of newest.slice(0, MOST_LABELS)) this.drawLabel(target, boxes, view);
     }
 
     // Beside its position, where there is room for it.

@@ -8,8 +8,9 @@ async function start() {
         plan?.choose(row);
     };
     const list = new List(sections, ([begin, end]) => {
-        for (let row = begin; row < end && plan; ++row)
-            if (records.kind[row] !== POSITION.none) return choose(row);
+        let row = begin;
+        while (row + 1 < end && records.kind[row] === POSITION.none) ++row;
+        choose(row);
     }, row => {
         choose(row);
         find('.plan').scrollIntoView({block: 'nearest'});

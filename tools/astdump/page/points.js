@@ -27,14 +27,15 @@ class Points {
     link(records) {
         this.previous = new Int32Array(this.count).fill(-1);
         this.next = new Int32Array(this.count).fill(-1);
-        this.isNamed = new Uint8Array(this.count);
+        this.target = new Uint32Array(this.count); // the targets are numbered from 1
         const last = new Map(), tracks = new Map();
+        let targets = 0;
         for (let i = 0; i < this.count; ++i) {
             const name = this.targetOf(records, this.row[i], tracks);
             if (name === 0) continue;
-            this.isNamed[i] = 1;
             const before = last.get(name);
             last.set(name, i);
+            this.target[i] = before === undefined ? ++targets : this.target[before];
             if (before === undefined) continue;
             this.next[before] = i;
             const gap = this.time[i] - this.time[before];

@@ -19,7 +19,8 @@ class Clock {
         [this.first, this.last] = extremes(records.time);
         this.now = this.last;
         this.slider.min = this.first;
-        this.slider.max = Math.max(this.last, this.first + 1 / 128);
+        this.slider.max = this.last;
+        this.slider.disabled = this.button.disabled = this.first === this.last;
         this.slider.step = 'any';
         this.rate.value = RATES.find(rate => (this.last - this.first) / rate <= PLAY_S) ?? RATES.at(-1);
         this.listen();

@@ -13,7 +13,8 @@ class Layers {
             if (!isNaN(plane.x[row])) ++counts[records.source[row]];
         const drawn = records.sources.map((word, source) => ({word, source, count: counts[source]}));
         for (const shape of [...shapes.weather, ...shapes.video]) drawn[shape.source].count += shape.count;
-        for (const {word, source, count} of drawn.sort((one, other) => (one.word & 0xFFFFFF) - (other.word & 0xFFFFFF))) {
+        drawn.sort((one, other) => (one.word & 0xFFFFFF) - (other.word & 0xFFFFFF));
+        for (const {word, source, count} of drawn) {
             if (count === 0) continue;
             this.ofSource[source] = this.list.length;
             this.list.push({name: sourceText(word), count, visible: true, colour: '', rgb: [0, 0, 0]});

@@ -58,7 +58,8 @@ function summaryOf(records, sections) {
     const sources = new Set(records.sources.filter(word => word & HAS_SOURCE).map(word => word & 0xFFFF));
     const parts = [countText(records.count, 'record'), `${categories.size === 1 ? 'category' : 'categories'} ` +
                    [...categories].sort().join(', '), countText(sources.size, 'data source')];
-    if (records.hasTimes) parts.push(extremes(records.time).map(time => clockText(time, 0)).join(' to ') + ' UTC');
+    const times = extremes(records.time).map(time => clockText(time, 0));
+    if (records.hasTimes) parts.push(`${[...new Set(times)].join(' to ')} UTC`);
     return parts.join(' · ');
 }
 

@@ -54,6 +54,13 @@ class Plan {
         });
     }
 
+    // How much room the legend takes, above or beside the rest, whichever is less.
+    spare() {
+        const [, legend] = this.covered();
+        return legend.height / this.view.height < legend.width / this.view.width ? {above: legend.height} :
+            {beside: legend.width};
+    }
+
     fit() {
         const xs = Array.from(this.points.x), ys = Array.from(this.points.y);
         for (const [source, x, y] of this.shapes.extent()) {
@@ -65,7 +72,7 @@ class Plan {
             xs.push(x);
             ys.push(y);
         }
-        if (xs.length > 0) this.view.fit(boundsOf(xs, ys));
+        if (xs.length > 0) this.view.fit(boundsOf(xs, ys), this.spare());
         this.changed();
     }
 
@@ -211,6 +218,6 @@ class Plan {
 function describe(records, row) {
     const word = records.sources[records.source[row]];
     const level = records.level[row] ? levelText(records.level[row]) : '';
-    return [records.names(row).join(' · '), [level, records.timeText(row)].filter(Boolean).join(' · '), sourceText(word)]
-        .filter(Boolean);
+    const height = [level, records.timeText(row)].filter(Boolean).join(' · ');
+    return [records.names(row).join(' · '), height, sourceText(word)].filter(Boolean);
 }

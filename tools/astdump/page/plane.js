@@ -32,7 +32,7 @@ class Plane {
         [this.x[row], this.y[row]] = point;
     }
 
-    // A range in NM and an azimuth as a data source measures them; around the centre when it is not known where it stands.
+    // A range in NM and an azimuth as a data source measures them; around the centre if its place is not known.
     around(word, range, azimuth) {
         const station = this.stationOf(word);
         if (!station || station.place === this.centre)
@@ -97,13 +97,15 @@ function findCentre(records, stations) {
 function middleOf(records) {
     const latitudes = [], longitudes = [];
     const {degree} = POSITION_UNITS;
+    let first;
     const step = Math.max(1, Math.floor(records.count / 50000));
     for (let row = 0; row < records.count; row += step) {
         if (records.kind[row] !== POSITION.wgs84) continue;
         latitudes.push(records.first[row] / degree);
         // Relative to the first, so that the date line divides nothing.
-        longitudes.push((records.second[row] / degree - (longitudes.start ??= records.second[row] / degree) + 540) % 360 - 180);
+        first ??= records.second[row] / degree;
+        longitudes.push((records.second[row] / degree - first + 540) % 360 - 180);
     }
     if (latitudes.length === 0) return null;
-    return [median(latitudes), (median(longitudes) + longitudes.start + 540) % 360 - 180];
+    return [median(latitudes), (median(longitudes) + first + 540) % 360 - 180];
 }

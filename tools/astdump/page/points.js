@@ -3,6 +3,7 @@
 
 const GAP_S = 90;               // after which a track number may be that of another target
 const FASTEST_NM_PER_S = 0.5;
+const SHARED_CODES = [0, 0o1000, 0o2000, 0o7000, 0o7777]; // of many targets at a time
 
 class Points {
     constructor(records, plane) {
@@ -44,18 +45,19 @@ class Points {
         }
     }
 
-    // A number for the target of a row, among those of its source: its address, or its track number, which stands for the
-    // address that it had last; else its callsign.
+    // A number for the target of a row, among those of its source: its address, or its track number, which stands for
+    // the address that it had last; else its callsign or its code. 0 for none.
     targetOf(records, row, tracks) {
-        const source = (records.source[row] + 1) * 2 ** 27;
-        const track = records.track[row] && source + records.track[row];
+        const name = (kind, value) => (4 * (records.source[row] + 1) + kind) * 2 ** 25 + value;
+        const track = records.track[row] && name(0, records.track[row]);
         if (records.address[row]) {
-            const target = source + 2 ** 25 + records.address[row];
+            const target = name(1, records.address[row]);
             if (track) tracks.set(track, target);
             return target;
         }
         if (track) return tracks.get(track) ?? track;
-        return records.callsign[row] ? source + 2 ** 26 + records.callsign[row] : 0;
+        if (records.callsign[row]) return name(2, records.callsign[row]);
+        return records.code[row] && !SHARED_CODES.includes(records.code[row] - 1) ? name(3, records.code[row]) : 0;
     }
 
     // The first point that is not before a time.

@@ -21,7 +21,8 @@ function readColumns(buffer) {
         const words = new Uint32Array(count);
         for (let i = 0; i < count; ++i) {
             const at = place + i;
-            words[i] = octets[at] | octets[at + count] << 8 | octets[at + 2 * count] << 16 | octets[at + 3 * count] << 24;
+            words[i] = octets[at] | octets[at + count] << 8 | octets[at + 2 * count] << 16 |
+                octets[at + 3 * count] << 24;
         }
         place += 4 * count;
         return words;
@@ -88,8 +89,8 @@ class Records {
         if (part.shapes.length > 0) this.shapes.push({start, words: part.shapes});
     }
 
-    // Times that run on over midnight, for all rows: a truncated time is the one next to the last whole one, or to the first
-    // that follows, and a record without one has that of the record before it.
+    // Times that run on over midnight, for all rows: a truncated time is the one next to the last whole one, or to the
+    // first that follows, and a record without one has that of the record before it.
     fillTimes() {
         const day = 86400, cycle = 512;
         let first = NaN;

@@ -3,8 +3,8 @@
 
 const MOST_RESULTS = 200;
 
-// Whether each row has all the words, and which have. A word is a part of a callsign, the start of an address, a code, or
-// a track number.
+// Whether each row has all the words, and which have. A word is a part of a callsign, the start of an address, a code,
+// or a track number.
 function findRows(records, text) {
     const words = text.toUpperCase().split(/\s+/).filter(Boolean);
     if (words.length === 0) return null;
@@ -32,12 +32,13 @@ function testFor(records, word) {
 }
 
 class Search {
-    // Calls onFound with the marks of the rows that are found, null for all, and onChoose with the row that is gone to, and
-    // whether it is by a step.
+    // Calls onFound with the marks of the rows that are found, null for all, and onChoose with the row that is gone to,
+    // and whether it is by a step.
     constructor(form, records, onFound, onChoose) {
         Object.assign(this, {records, onFound, onChoose, rows: [], at: -1});
         const find = selector => form.querySelector(selector);
-        Object.assign(this, {input: find('input'), count: find('output'), list: find('ol'), back: find('.back'), on: find('.on')});
+        Object.assign(this, {input: find('input'), count: find('output'), list: find('ol'), back: find('.back'),
+                             on: find('.on')});
         this.input.addEventListener('input', () => {
             clearTimeout(this.timer);
             this.timer = setTimeout(() => this.find(), records.count > 20000 ? 150 : 0);

@@ -20,7 +20,8 @@ function destination([latitude, longitude], range, azimuth) {
 // The bearing of one place from another, in radians.
 function bearing([latitude, longitude], [toLatitude, toLongitude]) {
     const a = latitude * RADIAN, b = toLatitude * RADIAN, east = (toLongitude - longitude) * RADIAN;
-    return Math.atan2(Math.sin(east) * Math.cos(b), Math.cos(a) * Math.sin(b) - Math.sin(a) * Math.cos(b) * Math.cos(east));
+    return Math.atan2(Math.sin(east) * Math.cos(b),
+                      Math.cos(a) * Math.sin(b) - Math.sin(a) * Math.cos(b) * Math.cos(east));
 }
 
 // Range and azimuth of a polar position.
@@ -95,7 +96,8 @@ function placeOfRow(records, stations, row) {
     if (records.kind[row] === POSITION.wgs84) return [records.first[row] / degree, records.second[row] / degree];
     const word = records.sources[records.source[row]];
     const station = word & HAS_SOURCE ? stations.get(word & 0xFFFF) : undefined;
-    return station && records.kind[row] === POSITION.polar ? destination(station.place, ...polarOf(records, row)) : null;
+    if (!station || records.kind[row] !== POSITION.polar) return null;
+    return destination(station.place, ...polarOf(records, row));
 }
 
 // The place that all meetings lead to, or nearly so; null where they do not.

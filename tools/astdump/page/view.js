@@ -46,12 +46,13 @@ class View {
         this.y += y - newY;
     }
 
-    fit({left, right, bottom, top}) {
-        const margin = 36, least = 0.2;
-        this.centre((left + right) / 2, (bottom + top) / 2);
-        this.scale = Math.min((this.width - 2 * margin) / Math.max(right - left, least),
-                              (this.height - 2 * margin) / Math.max(top - bottom, least));
-        this.scale = Math.max(this.scale, 1e-2);
+    // Brings a rectangle of the plane into the window, but for so many pixels at its top and at its right.
+    fit({left, right, bottom, top}, {above = 0, beside = 0} = {}) {
+        const margin = 36;
+        const least = Math.max(right - left, top - bottom) < 0.02 ? 20 : 0.02; // one place alone, or a small one
+        this.scale = Math.max(1e-2, Math.min((this.width - 2 * margin - beside) / Math.max(right - left, least),
+                                             (this.height - 2 * margin - above) / Math.max(top - bottom, least)));
+        this.centre((left + right + beside / this.scale) / 2, (bottom + top + above / this.scale) / 2);
     }
 }
 

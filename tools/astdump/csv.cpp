@@ -147,6 +147,10 @@ public:
 private:
     void record(const DecodedBlock &decoded, uint64_t number, TextBuffer &out) {
         const ast_datarecord_t &record = decoded.block->records[number];
+        if (decoded.datagram->file) {
+            put_text(out, *decoded.datagram->file);
+            out.put(',');
+        }
         out.number(decoded.number);
         out.put(',');
         out.number(number + 1);
@@ -213,7 +217,7 @@ void Csv::header() {
 
 // No cell holds the end of a line.
 void Csv::take(std::string_view rendered) {
-    if (!name_files_) return out_.write(rendered);
+    if (!name_files_ || merged_) return out_.write(rendered);
     lines_.clear();
     while (!rendered.empty()) {
         const size_t end = rendered.find('\n') + 1;

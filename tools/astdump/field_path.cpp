@@ -77,6 +77,7 @@ std::optional<FieldPath> FieldPath::read(std::string_view text) {
     const std::optional<uint8_t> category = parts->category;
     FieldPath result;
     result.path_ = parts->path;
+    result.category_ = category;
     result.names_item_ = parts->path == parts->item;
     for (uint32_t each = 0; each < kCategories; ++each) {
         if (category && each != *category) continue;

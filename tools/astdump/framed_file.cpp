@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "moment.hpp"
+
 namespace astdump {
 
 namespace {
@@ -33,15 +35,22 @@ uint64_t FramedFile::next_frame(Octets octets, uint64_t from) {
     return octets.size();
 }
 
+// A time that falls back by more than half a day is one of the next day.
+Time FramedFile::time_of(uint32_t centiseconds) {
+    constexpr uint32_t kHalfDay = 12 * 60 * 60 * kCentisecondsPerSecond;
+    if (centiseconds + kHalfDay < last_centiseconds_) ++days_;
+    last_centiseconds_ = centiseconds;
+    return {days_ * kSecondsPerDay + centiseconds / kCentisecondsPerSecond,
+            centiseconds % kCentisecondsPerSecond * kNanosecondsPerCentisecond};
+}
+
 void FramedFile::add(Chunk &chunk, uint64_t place, const Framed &framed) {
     const bool is_unpacked =
         framed.blocks.data() >= storage_.data() && framed.blocks.data() < storage_.data() + storage_.size();
     Datagram datagram{.octets = is_unpacked ? chunk.keep_apart(framed.blocks) : framed.blocks,
                       .offset = offset_ + place};
     if (!is_unpacked) datagram.offset = offset_ + static_cast<uint64_t>(framed.blocks.data() - chunk.octets().data());
-    if (const auto time = framed.centiseconds)
-        datagram.time =
-            Time{*time / kCentisecondsPerSecond, *time % kCentisecondsPerSecond * kNanosecondsPerCentisecond};
+    if (const auto time = framed.centiseconds) datagram.time = time_of(*time);
     chunk.add(datagram);
 }
 

@@ -25,20 +25,30 @@ private:
 };
 
 void ListingRenderer::block(const DecodedBlock &decoded, TextBuffer &out) {
-    const ast_datablock_t &block = *decoded.block;
+    const Block &block = *decoded.block;
     block_line(decoded, out);
     for (uint64_t i = 0; i < block.record_count; ++i)
-        if (decoded.shown[i]) record(block.records[i], i + 1, block.uap, out);
+        if (decoded.shown[i]) record(block.records[i], i + 1, *block.uap, out);
     if (decoded.fault) fault(decoded, out);
     out.put('\n');
 }
 
+const char *state_of(const DecodedBlock &decoded) {
+    if (!decoded.fault) return "valid";
+    if (decoded.fault->kind == FaultKind::not_asterix) return "NOT ASTERIX";
+    return is_unsupported(decoded.fault->kind) ? "NOT SUPPORTED" : "DAMAGED";
+}
+
 void ListingRenderer::block_line(const DecodedBlock &decoded, TextBuffer &out) {
     const Datagram &datagram = *decoded.datagram;
-    const ast_datablock_t &block = *decoded.block;
+    const Block &block = *decoded.block;
     out.put(style_.on(Color::heading));
     out.put('#');
     out.number(decoded.number);
+    if (datagram.file) {
+        out.put("  ");
+        put_printable(out, *datagram.file);
+    }
     if (datagram.time) {
         out.put("  ");
         put_time(out, *datagram.time);
@@ -53,12 +63,12 @@ void ListingRenderer::block_line(const DecodedBlock &decoded, TextBuffer &out) {
     out.put("  ");
     out.number(decoded.octets.size());
     out.put(" octets  ");
-    out.put(profile_name(block.uap, block.category));
+    put_profile(out, block.profile);
     out.put("  ");
     put_counted(out, block.record_count, "record");
     out.put("  ");
     out.put(style_.on(block.valid ? Color::good : Color::fault));
-    out.put(block.valid ? "valid" : "DAMAGED");
+    out.put(state_of(decoded));
     out.put(style_.off());
     out.put('\n');
 }
@@ -88,10 +98,11 @@ void ListingRenderer::fault(const DecodedBlock &decoded, TextBuffer &out) {
     out.put("  record ");
     out.number(decoded.block->record_count + 1);
     out.put('\n');
-    if (!fault.record.valid) items(fault.record, out);
+    items(fault.record, out);
     out.put("    ");
     out.put(style_.on(Color::fault));
-    out.put("damaged at octet ");
+    out.put(fault_word(fault.kind));
+    out.put(" at octet ");
     out.number(fault.octets);
     out.put(": ");
     out.put(fault.reason);

@@ -15,7 +15,7 @@ public:
     struct Form {
         unsigned columns; // that lines are laid out for, at least 60
         bool color;
-        bool name_files; // when there are several
+        bool name_files; // when there are several, one after the other
         bool detail;     // the fields of each item below it
     };
     Listing(Output &out, const Form &form) : out_(out), form_(form) {}

@@ -13,7 +13,15 @@ Losses &Losses::operator+=(const Losses &other) {
     skipped += other.skipped;
     unread_lines += other.unread_lines;
     unfinished += other.unfinished;
+    unsupported += other.unsupported;
+    foreign += other.foreign;
     return *this;
+}
+
+bool Losses::any_damage() const {
+    Losses damage = *this;
+    damage.unsupported = damage.foreign = 0;
+    return !(damage == Losses{});
 }
 
 std::string Losses::text() const {

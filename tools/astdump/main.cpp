@@ -36,12 +36,12 @@ Sinks make_sinks(const Options &options, Output &out) {
     else if (options.json)
         sinks.push_back(std::make_unique<JsonLines>(out, json_form(options)));
     else if (!options.csv.empty())
-        sinks.push_back(std::make_unique<Csv>(out, options.csv, options.files.size() > 1));
+        sinks.push_back(std::make_unique<Csv>(out, options.csv, options.files.size() > 1, options.merge));
     else if (options.list)
-        sinks.push_back(std::make_unique<RecordList>(out, color, options.files.size() > 1));
+        sinks.push_back(std::make_unique<RecordList>(out, color, options.files.size() > 1, options.merge));
     else if (!options.quiet && options.html.empty() && options.write.empty())
         sinks.push_back(std::make_unique<Listing>(
-            out, Listing::Form{columns(stdout), color, options.files.size() > 1, options.detail}));
+            out, Listing::Form{columns(stdout), color, options.files.size() > 1 && !options.merge, options.detail}));
     if (options.follow && !options.stats && !options.json && options.csv.empty())
         sinks.push_back(std::make_unique<Stats>(out, color));
     if (!options.html.empty()) sinks.push_back(std::make_unique<Page>(options.html, options.files));
@@ -65,7 +65,7 @@ int check_output(int error, int status) {
 int run(const Options &options) {
     Waiting waiting;
     Output out(STDOUT_FILENO);
-    DamageLog damage(use_color(options, stderr));
+    DamageLog damage(use_color(options, stderr), options.verbose);
     Run run(options, make_sinks(options, out), out, damage, Progress(wants_progress(options)), &waiting);
     const int status = run.files();
     if (waiting.ended() && !options.follow) waiting.pass_on();

@@ -20,7 +20,7 @@ std::string category_text(uint32_t category) {
 
 std::string totals_row(const std::string &title, const Counts &counts) {
     std::string row = "<tr><th scope=\"row\">" + title + "</th>";
-    for (const uint64_t number : {counts.blocks, counts.records, counts.items, counts.octets, counts.invalid})
+    for (const uint64_t number : {counts.blocks, counts.records, counts.items, counts.octets, counts.damaged})
         row += "<td>" + std::to_string(number) + "</td>";
     return row + "</tr>\n";
 }

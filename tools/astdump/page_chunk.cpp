@@ -19,19 +19,20 @@ void put_span(TextBuffer &out, std::string_view css_class, Put put) {
 // The line of a block that is always shown.
 void put_block_line(TextBuffer &out, const DecodedBlock &decoded) {
     const Datagram &datagram = *decoded.datagram;
-    const ast_datablock_t &block = *decoded.block;
+    const Block &block = *decoded.block;
     put_span(out, "number", [&] {
         out.put('#');
         out.number(decoded.number);
     });
     put_span(out, "category", [&] { out.number(block.category, 3, '0'); });
-    if (decoded.fault) put_span(out, "fault", [&] { out.put("damaged"); });
+    if (decoded.fault) put_span(out, "fault", [&] { out.put(fault_word(decoded.fault->kind)); });
+    if (datagram.file) put_span(out, "file", [&] { out.put(escape(*datagram.file)); });
     put_span(out, "counts", [&] {
         put_counted(out, block.record_count, "record");
         out.put(", ");
         put_counted(out, decoded.octets.size(), "octet");
     });
-    put_span(out, "profile", [&] { out.put(profile_name(block.uap, block.category)); });
+    put_span(out, "profile", [&] { put_profile(out, block.profile); });
     if (datagram.time) put_span(out, "received", [&] { put_time(out, *datagram.time); });
     if (datagram.endpoints)
         put_span(out, "route", [&] {
@@ -54,7 +55,7 @@ std::string record_line(uint64_t number, const std::string &note) {
 } // namespace
 
 void PageChunk::block(const DecodedBlock &decoded, TextBuffer &) {
-    const ast_datablock_t &block = *decoded.block;
+    const Block &block = *decoded.block;
     if (blocks_++ == 0) first_number_ = decoded.number;
     last_number_ = decoded.number;
     octets_ += decoded.octets.size();
@@ -62,7 +63,7 @@ void PageChunk::block(const DecodedBlock &decoded, TextBuffer &) {
     put_block_line(lines_, decoded);
     lines_.put('\n');
     for (uint64_t i = 0; i < block.record_count; ++i)
-        if (decoded.shown[i]) record(record_line(i + 1, record_note(block.records[i], block.uap)), block.records[i]);
+        if (decoded.shown[i]) record(record_line(i + 1, record_note(block.records[i], *block.uap)), block.records[i]);
     if (decoded.fault) fault(decoded);
     columns_.block(decoded);
 }
@@ -82,10 +83,8 @@ void PageChunk::record(const std::string &line, const ast_datarecord_t &record) 
 
 void PageChunk::fault(const DecodedBlock &decoded) {
     const Fault &fault = *decoded.fault;
-    damaged_ = true;
-    ast_datarecord_t record = fault.record;
-    if (record.valid) record.item_count = 0; // one record too many
-    this->record(record_line(decoded.block->record_count + 1, "damaged"), record);
+    damaged_ = damaged_ || fault.kind == FaultKind::damaged;
+    record(record_line(decoded.block->record_count + 1, fault_word(fault.kind)), fault.record);
     lines_.put("F\tOctet ");
     lines_.number(fault.octets);
     lines_.put(" of the block: ");

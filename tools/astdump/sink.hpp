@@ -35,6 +35,9 @@ public:
     // memory.
     virtual size_t chunk_octets() const = 0;
 
+    // What it shows of a block, in number: blocks unless it shows lines.
+    virtual uint64_t shows(const DecodedBlock &) const { return 1; }
+
     // The blocks that follow come from this file.
     virtual void file(const std::string &name) = 0;
 

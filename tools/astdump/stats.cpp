@@ -8,20 +8,22 @@ namespace astdump {
 
 void Stats::count(const Tally &tally) {
     for (const auto &[category, counts] : tally.categories) counts_[category] += counts;
+    foreign_ += tally.losses.foreign;
     for (const auto &[type, count] : tally.items) items_[type] += count;
 }
 
 void Stats::finish(uint64_t) {
     categories();
     items();
+    profiles();
     files();
     out_.write(text_.text());
 }
 
 void Stats::categories() {
-    char heading[80];
-    std::snprintf(heading, sizeof heading, "%-8s %10s %10s %10s %12s %14s", "Category", "Blocks", "Invalid", "Records",
-                  "Items", "Octets");
+    char heading[96];
+    std::snprintf(heading, sizeof heading, "%-8s %10s %10s %11s %10s %12s %13s", "Category", "Blocks", "Damaged",
+                  "Unsupported", "Records", "Items", "Octets");
     headline(heading);
     Counts total;
     for (unsigned category = 0; category < counts_.size(); ++category) {
@@ -32,23 +34,29 @@ void Stats::categories() {
         total += counts_[category];
     }
     row("all", total);
+    if (foreign_ == 0) return;
+    text_.put("\nNot ASTERIX: ");
+    put_counted(text_, foreign_, "datagram");
+    text_.put('\n');
 }
 
 void Stats::row(const char *title, const Counts &counts) {
-    const bool fault = counts.invalid > 0;
+    const bool fault = counts.damaged > 0;
     text_.left(title, 8);
     text_.put(' ');
     text_.number(counts.blocks, 10);
     text_.put(' ');
     if (fault) text_.put(style_.on(Color::fault));
-    text_.number(counts.invalid, 10);
+    text_.number(counts.damaged, 10);
     if (fault) text_.put(style_.off());
+    text_.put(' ');
+    text_.number(counts.unsupported, 11);
     text_.put(' ');
     text_.number(counts.records, 10);
     text_.put(' ');
     text_.number(counts.items, 12);
     text_.put(' ');
-    text_.number(counts.octets, 14);
+    text_.number(counts.octets, 13);
     text_.put('\n');
 }
 
@@ -62,6 +70,29 @@ void Stats::items() {
         }
         item(type, count);
     });
+}
+
+void Stats::profiles() {
+    bool is_headed = false;
+    for (unsigned category = 0; category < counts_.size(); ++category)
+        for (const auto &[profile, blocks] : counts_[category].profiles) {
+            if (!std::exchange(is_headed, true)) {
+                text_.put('\n');
+                headline("Profile         Edition  Category      Blocks");
+            }
+            this->profile(category, profile, blocks);
+        }
+}
+
+void Stats::profile(unsigned category, const Profile &profile, uint64_t blocks) {
+    text_.left(profile.name, 14);
+    text_.put("  ");
+    text_.left(*profile.edition ? profile.edition : "-", 7);
+    text_.put("  ");
+    text_.number(category, 3, '0');
+    text_.number(blocks, 17);
+    if (profile.ambiguous) text_.put("  ambiguous: others fit as well");
+    text_.put('\n');
 }
 
 void Stats::files() {

@@ -34,7 +34,7 @@ constexpr char kTop[] = R"html(<div class="top">
 </div>
 <section class="plan" aria-label="Plan of positions" hidden>
 <div class="map">
-<canvas tabindex="0" role="application" aria-label="Plan of positions. Arrow keys move it, plus and minus zoom, 0 shows all of it, Enter opens the record that is chosen."></canvas>
+<canvas tabindex="0" role="application" aria-label="Plan of positions. Arrow keys move it, plus and minus zoom, 0 shows all of it, N and P choose the next and the previous target, Enter opens its record."></canvas>
 <div class="tools">
 <button type="button" data-key="+" aria-label="Zoom in">+</button>
 <button type="button" data-key="-" aria-label="Zoom out">&#x2212;</button>
@@ -42,7 +42,7 @@ constexpr char kTop[] = R"html(<div class="top">
 </div>
 <span class="north" aria-hidden="true">N</span>
 <details class="legend" open><summary>Layers</summary><div class="layers"></div></details>
-<p class="readout"></p>
+<p class="readout" aria-live="polite"></p>
 <div class="tip" hidden></div>
 </div>
 <div class="clock">

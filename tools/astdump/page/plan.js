@@ -194,6 +194,17 @@ class Plan {
         return place ? `${polar} · ${placeText(place)}` : polar;
     }
 
+    // Chooses the next of the targets that are seen, from the left to the right, and says which it is.
+    step(step) {
+        const rows = this.drawing.newest(this.view, this.scene).sort((one, other) => one.left - other.left)
+            .map(({row}) => row);
+        if (rows.length === 0) return;
+        const before = rows.indexOf(this.scene.chosen);
+        const row = rows[before < 0 ? 0 : (before + step + rows.length) % rows.length];
+        this.choose(row);
+        this.readout.textContent = describe(this.records, row).join(' · ');
+    }
+
     press(event) {
         if (event.ctrlKey || event.metaKey || event.altKey || !this.act(event.key)) return;
         event.preventDefault();
@@ -205,6 +216,7 @@ class Plan {
             '+': () => this.zoom(1.5), '=': () => this.zoom(1.5), '-': () => this.zoom(1 / 1.5), 0: () => this.fit(),
             ArrowLeft: () => this.view.move(step, 0), ArrowRight: () => this.view.move(-step, 0),
             ArrowUp: () => this.view.move(0, step), ArrowDown: () => this.view.move(0, -step),
+            n: () => this.step(1), p: () => this.step(-1),
             Enter: () => this.scene.chosen >= 0 && this.onOpen(this.scene.chosen),
         };
         if (!(key in actions)) return false;

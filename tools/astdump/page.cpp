@@ -48,17 +48,17 @@ void Page::finish(uint64_t octets_read) {
 void Page::give_up() { tell(path_ + ": not written"); }
 
 void Page::totals() {
-    file_.write(
-        "</main>\n<header><h1>ASTERIX recording</h1>\n<table class=\"totals\">\n<tr><th scope=\"col\">Category</th>"
-        "<th scope=\"col\">Blocks</th><th scope=\"col\">Records</th><th scope=\"col\">Items</th>"
-        "<th scope=\"col\">Octets</th><th scope=\"col\">Damaged</th></tr>\n");
+    file_.write("</main>\n<section class=\"numbers\" aria-label=\"Numbers by category\">\n<table "
+                "class=\"totals\">\n<tr><th scope=\"col\">Category</th>"
+                "<th scope=\"col\">Blocks</th><th scope=\"col\">Records</th><th scope=\"col\">Items</th>"
+                "<th scope=\"col\">Octets</th><th scope=\"col\">Damaged</th></tr>\n");
     Counts total;
     for (uint32_t category = 0; category < counts_.size(); ++category) {
         if (counts_[category].blocks == 0) continue;
         file_.write(totals_row(category_text(category), counts_[category]));
         total += counts_[category];
     }
-    file_.write(totals_row("all", total) + "</table></header>\n</body></html>\n");
+    file_.write(totals_row("all", total) + "</table></section>\n</body></html>\n");
 }
 
 void Page::tell_size(uint64_t octets_read) const {

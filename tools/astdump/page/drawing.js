@@ -3,7 +3,6 @@
 
 const RING_STEPS_NM = [0.05, 0.1, 0.25, 0.5, 1, 2, 5, 10, 20, 50, 100, 200, 500, 1000, 2000];
 const MOST_TRAILS = 30000, MOST_SYMBOLS = 3000, MOST_LABELS = 400;
-const INTENSITIES = 8;
 
 class Drawing {
     constructor(canvas, model) {

@@ -2,6 +2,8 @@
 // What can be switched on and off on the plan: the positions of a category and data source, its weather, its video.
 
 const LAYER_COLOURS = 12;
+const INTENSITIES = 8;          // of precipitation
+const isWeather = word => (word >> 16 & 0xFF) === 8;
 
 class Layers {
     // The place of a source's layer, by its number; -1 for none.
@@ -17,7 +19,7 @@ class Layers {
         for (const {word, source, count} of drawn) {
             if (count === 0) continue;
             this.ofSource[source] = this.list.length;
-            this.list.push({name: sourceText(word), count, visible: true, colour: '', rgb: [0, 0, 0]});
+            this.list.push({name: sourceText(word), isWeather: isWeather(word), count, visible: true, colour: '', rgb: [0, 0, 0]});
         }
     }
 
@@ -28,14 +30,16 @@ class Layers {
         this.list.forEach((layer, i) => {
             layer.colour = style.getPropertyValue(`--layer-${i % LAYER_COLOURS}`).trim();
             layer.rgb = [1, 3, 5].map(at => parseInt(layer.colour.slice(at, at + 2), 16));
-            layer.swatch?.style.setProperty('background', layer.colour);
+            const shades = Array.from({length: INTENSITIES}, (_, i) => `var(--rain-${i})`).join(', ');
+            layer.swatch?.style.setProperty('background',
+                                            layer.isWeather ? `linear-gradient(to right, ${shades})` : layer.colour);
         });
     }
 
     // Puts a switch for each layer into an element, and calls back when one is moved.
     show(element, changed) {
         for (const layer of this.list) {
-            layer.swatch = make('i', {'aria-hidden': 'true'});
+            layer.swatch = make('i', {'aria-hidden': 'true', class: layer.isWeather ? 'shades' : ''});
             const box = make('input', {type: 'checkbox'});
             box.checked = true;
             box.addEventListener('change', () => {

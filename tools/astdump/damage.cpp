@@ -54,6 +54,18 @@ void Damage::packet(uint64_t number, const std::string &what) {
     report("packet " + std::to_string(number) + ": not dissected: " + what, {.undissected = 1});
 }
 
+void Damage::missing(uint64_t packet, const Endpoints &endpoints, uint64_t octets) {
+    report("packet " + std::to_string(packet) + ": TCP " + route_text(endpoints) + ": " + counted(octets, "octet") +
+               " missing",
+           {.missing = octets});
+}
+
+void Damage::fragment(uint64_t packet, const Endpoints &endpoints, uint64_t octets) {
+    report("packet " + std::to_string(packet) + ": TCP " + route_text(endpoints) + ": " + counted(octets, "octet") +
+               " before the next block; skipped",
+           {.skipped = octets});
+}
+
 void Damage::framing(const Datagram &datagram, uint64_t offset, const Frame &frame) {
     const uint64_t available = datagram.octets.size() - offset;
     std::string text = place_text(datagram, offset) + ": " + framing_text(frame, available);

@@ -52,6 +52,9 @@ uint64_t chain_of_blocks(Octets octets);
 
 bool has_published_category(Octets block);
 
+// Whether octets, none included, may turn out to be a block once more of them are there.
+bool may_begin_block(Octets octets);
+
 // How much of octets hangs together as blocks, and what lies behind that before blocks run again.
 struct Soundness {
     uint64_t sound = 0;          // octets of blocks

@@ -62,9 +62,12 @@ TEST(Tcp, SegmentsAreSetInOrder) {
         {"octets with the first segment, and again behind the last",
          {ethernet(ipv4_tcp(tcp(kFirst - 1, blocks(1), kSyn))), kBegin, part(11, 22, kFin), part(11, 22)},
          "2"},
-        {"two connections of the same ports", {kBegin, part(0, 22), segment(4999, "", kSyn), segment(5000, blocks(1))}, "3"},
+        {"two connections of the same ports",
+         {kBegin, part(0, 22), segment(4999, "", kSyn), segment(5000, blocks(1))},
+         "3"},
         {"IPv6, one octet of probing first",
-         {ethernet(ipv6_tcp(tcp(99, "", kSyn))), ethernet(ipv6_tcp(tcp(99, "?"))), ethernet(ipv6_tcp(tcp(100, blocks(3))))},
+         {ethernet(ipv6_tcp(tcp(99, "", kSyn))), ethernet(ipv6_tcp(tcp(99, "?"))),
+          ethernet(ipv6_tcp(tcp(100, blocks(3))))},
          "3"},
     };
     for (const StreamCase &test : cases) expect(test);
@@ -80,16 +83,24 @@ TEST(Tcp, WhatIsMissingIsTold) {
          {kBegin, part(0, 30), part(70, 99, kFin)},
          "4",
          "astdump: c: packet 3, octet 22: category 034: LEN is 11, but only 8 octets are left\n"
-         "astdump: c: packet 3: " + route + "40 octets missing\n"
-         "astdump: c: packet 3: " + route + "7 octets before the next block; skipped\n"
-         "astdump: lost: 40 octets missing in TCP streams, 15 octets skipped\n"},
+         "astdump: c: packet 3: " +
+             route +
+             "40 octets missing\n"
+             "astdump: c: packet 3: " +
+             route +
+             "7 octets before the next block; skipped\n"
+             "astdump: lost: 40 octets missing in TCP streams, 15 octets skipped\n"},
         {"the rest of a segment",
          {kBegin, truncated, part(50, 88)},
          "5",
          "astdump: c: packet 2, octet 22: category 034: LEN is 11, but only 8 octets are left\n"
-         "astdump: c: packet 2: " + route + "20 octets missing\n"
-         "astdump: c: packet 3: " + route + "5 octets before the next block; skipped\n"
-         "astdump: lost: 20 octets missing in TCP streams, 13 octets skipped\n"},
+         "astdump: c: packet 2: " +
+             route +
+             "20 octets missing\n"
+             "astdump: c: packet 3: " +
+             route +
+             "5 octets before the next block; skipped\n"
+             "astdump: lost: 20 octets missing in TCP streams, 13 octets skipped\n"},
         {"the end of a connection",
          {kBegin, part(0, 30), part(30, 30, kFin)},
          "2",
@@ -103,8 +114,10 @@ TEST(Tcp, WhatIsMissingIsTold) {
         {"what the capture began and ended too late and too early for",
          {part(5, 60), part(60, 70)},
          "5",
-         "astdump: c: " + route + "the capture begins within a block, of which it has 6 octets\n"
-         "astdump: c: " + route + "the capture ends within a block, of which it has 4 octets\n"},
+         "astdump: c: " + route +
+             "the capture begins within a block, of which it has 6 octets\n"
+             "astdump: c: " +
+             route + "the capture ends within a block, of which it has 4 octets\n"},
     };
     for (const StreamCase &test : cases) expect(test);
 }
@@ -187,15 +200,17 @@ TEST(Fragments, TakeSoMuchMemoryAndNoMore) {
 
 // A frame of IEEE 802.3 with a link header.
 std::string llc(const std::string &content, const std::string &tag = "") {
-    return hex("01005E010101 020000000001") + tag + be16(content.size() + 3) + hex("F0F003") + content + std::string(32, '\0');
+    return hex("01005E010101 020000000001") + tag + be16(content.size() + 3) + hex("F0F003") + content +
+           std::string(32, '\0');
 }
 
 TEST(MacLlc, FramesInCapturesHoldBlocks) {
     const std::string spanning_tree = hex("0180C2000000 020000000001 0026 424203 0000000000") + std::string(40, '\0');
     const std::vector<std::string> frames = {llc(kSector), spanning_tree, llc(blocks(2), hex("81000005")),
                                              llc(kSector + hex("22 0020 00"))};
-    expect({"Ethernet", frames, "4", "astdump: c: packet 4, octet 11: category 034: LEN is 32, but only 4 octets are left\n"
-                                     "astdump: lost: 4 octets skipped\n"});
+    expect({"Ethernet", frames, "4",
+            "astdump: c: packet 4, octet 11: category 034: LEN is 32, but only 4 octets are left\n"
+            "astdump: lost: 4 octets skipped\n"});
     Command command;
     command.write("cooked", pcap(113, {hex("0000 0001 0006 020000000001 0000 0004 F0F003") + kSector}));
     EXPECT_NE(command.run("cooked").out.find("#1  2024-05-06 07:08:09.000012  CAT 034"), std::string::npos);

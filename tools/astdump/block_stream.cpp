@@ -11,8 +11,8 @@ namespace astdump {
 
 namespace {
 
-// Blocks in a row that are no accident. In so few octets as are looked through, text, in which a LEN is at least 0x2020,
-// never has that many.
+// Blocks in a row that are no accident. In so few octets as are looked through, text, in which a LEN is at least
+// 0x2020, never has that many.
 constexpr uint64_t kSureBlocks = 4;
 constexpr size_t kSearchedOctets = kSureBlocks * 0x2020;
 

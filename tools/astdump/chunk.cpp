@@ -41,4 +41,11 @@ void Chunk::add(const Datagram &datagram) {
     damage_.place = datagrams_.size();
 }
 
+void Chunk::stamp(const Time &time, const Endpoints &endpoints) {
+    for (Datagram &datagram : datagrams_) {
+        datagram.time = time;
+        datagram.endpoints = endpoints;
+    }
+}
+
 } // namespace astdump

@@ -32,6 +32,9 @@ public:
     void add(const Datagram &datagram);
     const std::vector<Datagram> &datagrams() const { return datagrams_; }
 
+    // Gives all datagrams the time and route of what brought them.
+    void stamp(const Time &time, const Endpoints &endpoints);
+
     // Takes reports on what comes between the datagrams: the place of a report is the number of datagrams before it.
     Damage &damage() { return damage_; }
     const Damage &damage() const { return damage_; }

@@ -15,17 +15,21 @@ public:
     bool fill(Chunk &chunk) override;
 
 private:
-    Framed frame_at(Octets octets, uint64_t place);
+    Framed frame_at(Octets rest);
     bool read(Chunk &chunk);
-    uint64_t next_frame(Octets octets, uint64_t from);
-    void add(Chunk &chunk, uint64_t place, const Framed &framed);
+    bool pass_lead(Chunk &chunk);
+    bool step(Chunk &chunk);
+    void add(Chunk &chunk, const Framed &framed);
+    void end_gap(Chunk &chunk);
 
     OctetStream &stream_;
     const FramingKind &kind_;
     Window window_;
     std::vector<uint8_t> storage_;
     uint64_t offset_ = 0; // of the next chunk in the file
+    size_t place_ = 0;    // in the chunk
     bool is_read_ = false;
+    std::optional<uint64_t> gap_; // where octets began that are no frame
 };
 
 } // namespace astdump

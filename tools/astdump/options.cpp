@@ -8,8 +8,8 @@
 #include <thread>
 
 #include "convert.hpp"
+#include "live_url.hpp"
 #include "numbers.hpp"
-#include "udp_source.hpp"
 #include "write_file.hpp"
 
 namespace astdump {
@@ -113,7 +113,7 @@ void describe_live(CLI::App &app, Options &options) {
 
 void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_option("FILE", options.files,
-                   "Captures and files of raw blocks, - for standard input, or udp://ADDRESS:PORT")
+                   "Captures and files of blocks, - for standard input, udp://HOST:PORT or tcp://HOST:PORT")
         ->required()
         ->type_name("");
     describe_live(app, options);
@@ -162,6 +162,20 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.footer(kExamples);
 }
 
+// Addresses to listen to are read at once, as if they were one file. Whether there are any.
+bool join_live(std::vector<std::string> &files) {
+    const auto live = std::ranges::count_if(files, is_live);
+    if (live == 0) return false;
+    std::string all;
+    for (const std::string &file : files) all.append(all.empty() ? "" : " ").append(file);
+    const bool is_tcp = std::ranges::any_of(files, [](const auto &file) { return file.starts_with("tcp://"); });
+    if (static_cast<size_t>(live) != files.size() || (is_tcp && files.size() > 1))
+        throw std::invalid_argument("udp:// takes no FILE but other udp:// beside it, and tcp:// none at all");
+    read_live_urls(all);
+    files = {all};
+    return true;
+}
+
 // What the parser cannot tell. Throws std::invalid_argument for a mistake.
 void complete(Options &options, const Texts &texts) {
     options.profile = find_profile(texts.profile);
@@ -171,12 +185,11 @@ void complete(Options &options, const Texts &texts) {
     if (!texts.convert.empty()) options.convert = read_convert_targets(texts.convert);
     if (!options.write.empty()) file_kind(options.write);
     if (texts.csv) options.csv = read_csv_columns(*texts.csv == kUsualColumns ? "" : *texts.csv);
-    const bool live =
-        std::ranges::any_of(options.files, [](const auto &file) { return read_udp_url(file).has_value(); });
+    const bool live = join_live(options.files);
     options.follow = options.follow || live;
     if (options.follow && options.files.size() > 1)
-        throw std::invalid_argument("--follow and udp:// take one FILE, since it has no end");
-    if (!options.interface.empty() && !live) throw std::invalid_argument("--interface is for udp://ADDRESS:PORT");
+        throw std::invalid_argument("--follow takes one FILE, since it has no end");
+    if (!options.interface.empty() && !live) throw std::invalid_argument("--interface is for udp://HOST:PORT");
 }
 
 } // namespace

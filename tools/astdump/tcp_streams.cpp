@@ -57,8 +57,8 @@ void TcpStreams::Stream::skip_to(uint32_t sequence, Chunk &chunk) {
 void TcpStreams::Stream::skip_gap(Chunk &chunk) {
     auto &waiting = order.buffered_payload();
     const uint32_t here = order.sequence_number();
-    const auto nearest = std::ranges::min_element(
-        waiting, {}, [here](const auto &segment) { return distance(here, segment.first); });
+    const auto nearest =
+        std::ranges::min_element(waiting, {}, [here](const auto &segment) { return distance(here, segment.first); });
     const uint32_t next = nearest->first;
     auto octets = nearest->second;
     skip_to(next, chunk);

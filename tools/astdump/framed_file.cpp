@@ -54,7 +54,7 @@ bool FramedFile::step(Chunk &chunk) {
     const Framed framed = frame_at(rest);
     if (framed.state == Framed::State::incomplete && !is_read_) return false;
     if (framed.state == Framed::State::frame) {
-        end_gap(chunk);
+        if (!framed.blocks.empty()) end_gap(chunk);
         add(chunk, framed);
         place_ += framed.octets;
     } else if (is_read_ && is_idle(kind_, rest)) {

@@ -18,7 +18,7 @@ namespace {
 
 constexpr const char *kExamples =
     R"(Captures may be pcap or pcapng, of Ethernet with or without VLAN tags, Linux cooked, loopback or raw IP, with UDP
-over IPv4 or IPv6; any other file holds blocks, one after the other or as a recorder has wrapped them, or records as
+or TCP over IPv4 or IPv6, or LLC frames; any other file holds blocks, one after the other or as a recorder has wrapped them, or records as
 JSON, an object a line. All of them may be compressed by gzip or zstd. The kind is told by content.
 
 Each item is listed with its type, name, size in octets, summary where there is one, and octets in hexadecimal. Lines
@@ -54,9 +54,10 @@ Examples:
   astdump --list --where squawk=7700 a.pcap  who is in distress
   astdump --where track --where fl=350 a.pcap tracks at flight level 350
   astdump --where 'I070/MODE3A>=7500' a.pcap  by a published field
-  astdump --list udp://239.1.1.1:8600        join a multicast group and list what comes
+  astdump --list udp://239.1.1.1:8600        join a multicast group and list what comes; several at once
+  astdump --list tcp://radar.example:8600    connect to a server and list what it sends
   astdump --follow --quiet growing.pcap      watch a recording for damage while it is made
-  tcpdump -i eth0 -w - udp | astdump -       look at live traffic of any kind)";
+  tcpdump -i eth0 -w - | astdump -           look at live traffic of any kind)";
 
 // One entry of a list, "48" or "1-21".
 bool add_range(CategorySet &categories, std::string_view entry) {

@@ -20,8 +20,8 @@ using asio::ip::tcp;
 std::error_code connect(tcp::socket &socket, const tcp::endpoint &endpoint, Waiting &waiting) {
     socket.open(endpoint.protocol());
     socket.native_non_blocking(true);
-    int error = ::connect(socket.native_handle(), endpoint.data(), static_cast<socklen_t>(endpoint.size())) == 0 ? 0
-                                                                                                                : errno;
+    int error =
+        ::connect(socket.native_handle(), endpoint.data(), static_cast<socklen_t>(endpoint.size())) == 0 ? 0 : errno;
     if (error == EINPROGRESS) {
         if (!waiting.for_output(socket.native_handle())) return {};
         socklen_t size = sizeof error;

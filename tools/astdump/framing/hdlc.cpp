@@ -44,13 +44,14 @@ void unescape(Octets sent, std::vector<uint8_t> &storage) {
 
 } // namespace
 
-// Flags stand before and behind a frame; several may stand in a row. The one behind it may be that before the next, and
-// is left to it.
+// Flags stand before and behind a frame; of several in a row, all but the last stand by themselves. The one behind a
+// frame may be that before the next, and is left to it.
 Framed find_hdlc(Octets rest, std::vector<uint8_t> &storage) {
     if (rest.empty()) return incomplete_frame();
     if (rest[0] != kFlag) return {};
     const auto first = std::ranges::find_if(rest, [](uint8_t octet) { return octet != kFlag; });
-    if (first == rest.end() && rest.size() > 1) return frame_without_blocks(rest.size() - 1);
+    const auto flags = static_cast<uint64_t>(first - rest.begin());
+    if (flags > 1) return frame_without_blocks(flags - 1);
     const auto last = std::find(first, rest.end(), kFlag);
     if (last == rest.end()) return incomplete_frame();
     unescape(Octets(first, last), storage);

@@ -16,9 +16,12 @@ class Path {
 public:
     const char *text() const { return text_; }
     size_t length() const { return length_; }
+    Path() { text_[0] = '\0'; }
     void append(std::string_view piece) {
-        for (size_t i = 0; i < piece.size() && length_ + 1 < sizeof text_; ++i) text_[length_++] = piece[i];
-        text_[length_] = '\0';
+        const size_t room = sizeof text_ - 1 - length_;
+        const size_t chars = piece.size() < room ? piece.size() : room;
+        std::memcpy(text_ + length_, piece.data(), chars);
+        cut(length_ + chars);
     }
     void append_step(std::string_view name) {
         if (name.empty()) return;
@@ -31,7 +34,7 @@ public:
     }
 
 private:
-    char text_[128] = {};
+    char text_[128];
     size_t length_ = 0;
 };
 
@@ -96,6 +99,7 @@ class Values {
 public:
     Values(ast_field_value_visitor_t visit, void *context, std::string_view item) : visit_(visit), context_(context) {
         path_.append(item);
+        text_[0] = '\0';
     }
 
     void open(const Field &field) {
@@ -134,17 +138,17 @@ private:
     static constexpr unsigned kMaxLevels = 16; // more than any table has
 
     struct Level {
-        size_t before = 0; // lengths of the path
-        size_t inside = 0;
-        uint64_t elements = 0;
-        bool is_list = false;
+        size_t before; // lengths of the path
+        size_t inside;
+        uint64_t elements;
+        bool is_list;
     };
 
     void push(std::string_view name) {
         Level &level = levels_[level_++ % kMaxLevels];
-        level = {.before = path_.length()};
+        const size_t before = path_.length();
         path_.append_step(name);
-        level.inside = path_.length();
+        level = {.before = before, .inside = path_.length(), .elements = 0, .is_list = false};
         is_item_ = false;
         is_element_ = false;
     }
@@ -199,7 +203,7 @@ private:
     unsigned level_ = 0;
     bool is_item_ = true;     // nothing is open yet: the path is that of the item
     bool is_element_ = false; // the path is that of an element
-    char text_[256] = {};
+    char text_[256];
 };
 
 } // namespace

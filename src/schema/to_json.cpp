@@ -429,7 +429,8 @@ constexpr uint64_t kMaxCharsOfCharacter = 6;
 
 uint64_t ample_capacity(const ast_datarecord_t &record, const ast_json_line_t &line) {
     uint64_t octets = record.fspec.valid ? record.fspec.length : 0;
-    for (uint64_t i = 0; i < record.item_count && i < AST_DATARECORD_MAX_ITEMS; ++i) octets += 1 + record.items[i].size;
+    for (uint64_t i = 0; i < record.item_count && i < AST_DATARECORD_MAX_ITEMS; ++i)
+        octets += record.items[i].size != 0 ? record.items[i].size : 1;
     uint64_t chars = kMaxCharsOfLine + kPieceChars + octets * kMaxCharsOfOctet;
     for (const char *text : {line.file, line.time, line.source, line.destination, line.profile})
         if (text) chars += kMaxCharsOfCharacter * std::string_view(text).size();

@@ -135,6 +135,12 @@ void FieldPath::resolve(uint32_t category, const ast_uap_t &uap) {
     }
 }
 
+bool FieldPath::is_exactly(std::string_view path) const {
+    if (path.find('[') != std::string_view::npos) return match(path) == Match::exact;
+    path.remove_prefix(std::min(kCategoryDigits, path.size()));
+    return std::ranges::equal(path, path_, {}, upper);
+}
+
 // An element of a list that the path does not choose is any of them, "[]" stands for all.
 FieldPath::Match FieldPath::match(std::string_view path) const {
     path.remove_prefix(std::min(kCategoryDigits, path.size()));
@@ -160,8 +166,10 @@ FieldPath::Match FieldPath::match(std::string_view path) const {
 
 void FieldPath::walk(const ast_datarecord_t &record, ast_field_value_visitor_t visit, void *context) const {
     if (!categories_.test(record.category % kCategories)) return;
+    const auto first = std::ranges::lower_bound(types_, AST_DATAITEM_TYPE(record.category, 0));
+    const auto last = std::ranges::lower_bound(types_, AST_DATAITEM_TYPE(record.category + 1, 0));
     for (uint64_t i = 0; i < record.item_count; ++i)
-        if (std::ranges::binary_search(types_, record.items[i].type))
+        if (std::find(first, last, record.items[i].type) != last)
             ast_dataitem_walk(&record.items[i], record.uap, message_type(record), visit, context);
 }
 

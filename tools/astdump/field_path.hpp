@@ -49,12 +49,13 @@ private:
     template <typename Take>
     static void visit_value(void *context, const ast_field_value_t *value) {
         const auto &visit = *static_cast<Visit<Take> *>(context);
-        if (visit.path.match(value->field->path) == Match::exact) visit.take(*value);
+        if (visit.path.is_exactly(value->field->path)) visit.take(*value);
     }
 
     struct Resolver;
     void resolve(uint32_t category, const ast_uap_t &uap);
     Match match(std::string_view path) const;
+    bool is_exactly(std::string_view path) const;
     void walk(const ast_datarecord_t &record, ast_field_value_visitor_t visit, void *context) const;
 
     std::string path_; // as the library writes it, without the category: "070/MODE3A"

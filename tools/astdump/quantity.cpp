@@ -7,7 +7,8 @@ namespace astdump {
 
 namespace {
 
-// Of a step: how many decimals are shown, and what a raw number is multiplied with and divided by to count the last one.
+// Of a step: how many decimals are shown, and what a raw number is multiplied with and divided by to count the last
+// one.
 struct Scale {
     uint64_t numerator = 0;
     uint64_t denominator = 0;

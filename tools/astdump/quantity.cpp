@@ -62,6 +62,7 @@ void put_quantity(TextBuffer &out, const ast_field_value_t &value) {
     const int64_t sum = (is_negative ? -size : size) + field.offset * static_cast<int64_t>(scale.one);
     const auto shown = static_cast<uint64_t>(sum < 0 ? -sum : sum);
     if (sum < 0) out.put('-');
+    if (scale.decimals == 0) return out.number(shown);
     out.number(shown / scale.one);
     put_decimals(out, shown % scale.one, scale.decimals);
 }

@@ -44,7 +44,7 @@ public:
     void end(const char *out) {
         const auto chars = static_cast<uint64_t>(out - piece_);
         const uint64_t room = length_ < capacity_ ? capacity_ - length_ : 0;
-        if (room != 0) std::memcpy(text_ + length_, piece_, chars < room ? chars : room);
+        if (room != 0) std::memcpy(text_ + length_, piece_, static_cast<size_t>(chars < room ? chars : room));
         length_ += chars;
         if (chars != 0) is_comma_last_ = out[-1] == ',';
     }

@@ -158,4 +158,17 @@ TEST(LongBlocks, ShowAllTheirRecords) {
     }
 }
 
+// FRN 1 to 42 of category 021, every one of them as short as it can be; a record of the library holds 32 items.
+TEST(LongBlocks, KeepRecordsOfMoreItemsThanCanBeShown) {
+    const std::string block = hex("15 006C FFFFFFFFFFFE") + std::string(99, '\0');
+    Command command;
+    command.write("b", block);
+    const Result lines = command.run("--json b");
+    EXPECT_NE(lines.out.find(R"("error":"more than 32 items in a record","data":"FFFFFFFFFFFE0000)"),
+              std::string::npos);
+    command.write("lines", lines.out);
+    command.run("--quiet --write again.ast lines");
+    EXPECT_EQ(read_file(command.directory() + "/again.ast"), block);
+}
+
 } // namespace

@@ -17,6 +17,7 @@ FaultKind kind_of(const Block &block, const Datagram &datagram) {
     }
     if (block.result.reason == AST_SPLIT_NO_ITEM) return FaultKind::unsupported_edition;
     if (block.result.reason == AST_SPLIT_UNSUPPORTED) return FaultKind::unsupported_item;
+    if (block.result.reason == AST_SPLIT_NO_ROOM) return FaultKind::unsupported_record;
     return FaultKind::damaged;
 }
 

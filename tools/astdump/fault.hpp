@@ -12,6 +12,7 @@ enum class FaultKind {
     unsupported_category, // nobody has published it
     unsupported_edition,  // an FRN that means nothing in any edition that is known
     unsupported_item,     // an item of which nothing is known but its number
+    unsupported_record,   // with more items than a record holds
     not_asterix,          // other traffic that happens to begin like a block
 };
 

@@ -90,6 +90,7 @@ void JsonRenderer::block(const DecodedBlock &decoded, TextBuffer &out) {
 void JsonRenderer::remainder(const DecodedBlock &decoded, ast_json_line_t line, TextBuffer &out) {
     const Block &block = *decoded.block;
     line.record = block.record_count + 1;
+    line.ambiguous = false;
     const Octets rest = decoded.octets.subspan(block.records.octets_of(block.record_count));
     data(block.category, rest, rest.empty() ? "a block without records" : decoded.fault->reason, line, out);
 }

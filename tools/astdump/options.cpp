@@ -137,7 +137,8 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
         ->required()
         ->type_name("");
     describe_live(app, options);
-    app.add_option("--uap", texts.profile, "Profile to decode with, see below; auto, if not given, tries them")
+    app.add_option("--uap", texts.profile,
+                   "Profile to read with what it lays out, see below; auto, if not given, what fits each source")
         ->check(CLI::IsMember(profile_names()).description(""))
         ->type_name("NAME");
     app.add_option(

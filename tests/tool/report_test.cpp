@@ -105,6 +105,16 @@ TEST(Reports, TellOtherTrafficFromDamage) {
     EXPECT_EQ(command.run("--quiet cut").status, 1);
 }
 
+// Whether it is other traffic is not known before the end.
+TEST(Reports, AreCompleteWhenTheUserEndsTheInput) {
+    Command command;
+    command.write("growing", pcap(1, {frame("NOTIFY * HTTP/1.1", 1900), frame(kSector)}));
+    Background tool(command, "--follow --list growing");
+    EXPECT_NE(tool.wait_for_output(" 034 ").find(" 034 "), std::string::npos);
+    EXPECT_EQ(tool.end().err, "astdump: growing: packet 1: 10.0.0.1:4000 > 239.1.1.1:1900, 17 octets 4e 4f 54 49 46 59 "
+                              "20 2a ...: not ASTERIX\nastdump: not ASTERIX: 1 datagram\n");
+}
+
 TEST(Reports, SayWhatThereIsNoneOf) {
     Command command;
     command.write("empty", "");

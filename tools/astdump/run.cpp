@@ -167,7 +167,7 @@ bool Run::write(Job &job) {
     }
     consumed_ = job.chunk.consumed;
     progress_.update(name_, consumed_, input_->size(), job.chunk.end_number - 1);
-    return !done();
+    return !has_enough(); // an input that the user has ended has still to say what it holds back
 }
 
 } // namespace astdump

@@ -100,9 +100,13 @@ TEST(Reports, TellOtherTrafficFromDamage) {
               "astdump: damaged: packet 3, octet 0: category 078: LEN is 20308, but only 17 octets are "
               "left\nastdump: lost: 34 octets skipped\n");
 
-    // A block that breaks off is damage wherever it is.
-    command.write("cut", pcap(1, {frame(kSector.substr(0, 9))}));
-    EXPECT_EQ(command.run("--quiet cut").status, 1);
+    // So is a block that breaks off, alone, where most of it is there, and else where there are several.
+    command.write("most", pcap(1, {frame(kSector.substr(0, 9))}));
+    EXPECT_EQ(command.run("--quiet most").status, 1);
+    command.write("one", pcap(1, {frame(kSector.substr(0, 5))}));
+    EXPECT_EQ(command.run("--quiet one").status, 0);
+    command.write("two", pcap(1, {frame(kSector.substr(0, 5)), frame(kSector.substr(0, 5))}));
+    EXPECT_EQ(command.run("--quiet two").status, 1);
 }
 
 // Whether it is other traffic is not known before the end.

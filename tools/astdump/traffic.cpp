@@ -48,8 +48,7 @@ void Traffic::Destination::settle(bool as_blocks, Damage &damage) {
 
 // Where nothing came but what may have been blocks, blocks were sent.
 void Traffic::Destination::judge(Damage &damage) {
-    constexpr uint64_t kFew = 3;
-    is_damaged = broken_off * 2 > without && (without >= kFew || nearly_whole == without);
+    is_damaged = broken_off * 2 > without && (broken_off > 1 || nearly_whole == without);
     settle(is_damaged, damage);
 }
 

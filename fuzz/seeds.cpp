@@ -148,9 +148,16 @@ int main(int argc, char **argv) {
         encode.write({{0}, number(i), Bytes(48, 0x01)});
     }
     Directory split(root / "split");
+    Directory reader(root / "reader");
     Blocks blocks;
     for (const uint32_t category : numbers)
         for (const ast_uap_t *const uap : profiles())
-            for (int i = 0; i < kBlocksOfCategory; ++i) split.write({blocks.next(category, *uap)});
-    return split.failed() || item.failed() || text.failed() || encode.failed() || record.failed() ? 1 : 0;
+            for (int i = 0; i < kBlocksOfCategory; ++i) {
+                const Bytes block = blocks.next(category, *uap);
+                split.write({block});
+                reader.write({block, blocks.next(category, *uap), block});
+            }
+    return split.failed() || reader.failed() || item.failed() || text.failed() || encode.failed() || record.failed()
+               ? 1
+               : 0;
 }

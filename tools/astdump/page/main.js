@@ -63,4 +63,7 @@ function summaryOf(records, sections) {
     return parts.join(' · ');
 }
 
-document.addEventListener('DOMContentLoaded', start);
+if (document.readyState === 'loading')
+    document.addEventListener('DOMContentLoaded', start);
+else
+    start();

@@ -48,7 +48,7 @@ constexpr char kTop[] = R"html(<div class="top">
 </div>
 <div class="clock">
 <button type="button" class="play" aria-label="Play"><svg viewBox="0 0 16 16"><path class="go" d="M4 2l10 6-10 6z"/><path class="stop" d="M3 2h4v12H3zM9 2h4v12H9z"/></svg></button>
-<input type="range" aria-label="Time of day, UTC">
+<span class="track"><svg viewBox="0 0 240 1" preserveAspectRatio="none" aria-hidden="true"><path/></svg><input type="range" aria-label="Time of day, UTC"></span>
 <output></output>
 <label>Shown <select class="span">
 <option value="5">5 s</option><option value="15">15 s</option><option value="30">30 s</option><option value="60">1 min</option>

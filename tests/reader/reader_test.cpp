@@ -90,6 +90,12 @@ TEST_F(Reader, ReadsPlotsAndTracksAsTheRecordBefore) {
     EXPECT_FALSE(result.ambiguous);
 }
 
+TEST_F(Reader, KnowsTheLayoutsOfParticularRadars) {
+    EXPECT_TRUE(decode(1, "81 01 01 40 19 0C 12 34")); // FRN 1 as everywhere, FRN 23 as of one kind
+    EXPECT_EQ(items(), "1010+2 1951+2");
+    EXPECT_STREQ(result.profile, "managair");
+}
+
 // Edition 2.1 ends I021/271 with its second octet, whose last bit is of LW; later ones take that bit for FX.
 TEST_F(Reader, ChoosesTheEditionThatFitsAllBlocksOfASource) {
     // FRN 1, 2 and 11: I021/010, 040 and 080

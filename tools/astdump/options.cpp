@@ -2,14 +2,17 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <iostream>
 #include <sched.h>
+#include <sstream>
 #include <stdexcept>
 #include <string_view>
 #include <thread>
 
 #include "convert.hpp"
+#include "live_url.hpp"
 #include "numbers.hpp"
-#include "udp_source.hpp"
+#include "text.hpp"
 #include "write_file.hpp"
 
 namespace astdump {
@@ -18,7 +21,7 @@ namespace {
 
 constexpr const char *kExamples =
     R"(Captures may be pcap or pcapng, of Ethernet with or without VLAN tags, Linux cooked, loopback or raw IP, with UDP
-over IPv4 or IPv6; any other file holds blocks, one after the other or as a recorder has wrapped them, or records as
+or TCP over IPv4 or IPv6, or LLC frames; any other file holds blocks, one after the other or as a recorder has wrapped them, or records as
 JSON, an object a line. All of them may be compressed by gzip or zstd. The kind is told by content.
 
 Each item is listed with its type, name, size in octets, summary where there is one, and octets in hexadecimal. Lines
@@ -57,9 +60,11 @@ Examples:
   astdump --list --where squawk=7700 a.pcap  who is in distress
   astdump --where track --where fl=350 a.pcap tracks at flight level 350
   astdump --where 'I070/MODE3A>=7500' a.pcap  by a published field
-  astdump --list udp://239.1.1.1:8600        join a multicast group and list what comes
+  astdump --list udp://239.1.1.1:8600        join a multicast group and list what comes; several at once
+  astdump --list tcp://radar.example:8600    connect to a server and list what it sends
+  astdump --top udp://239.1.1.1:8600         watch who sends how much
   astdump --follow --quiet growing.pcap      watch a recording for damage while it is made
-  tcpdump -i eth0 -w - udp | astdump -       look at live traffic of any kind)";
+  tcpdump -i eth0 -w - | astdump -           look at live traffic of any kind)";
 
 // One entry of a list, "48" or "1-21".
 bool add_range(CategorySet &categories, std::string_view entry) {
@@ -133,7 +138,7 @@ void describe_datagrams(CLI::App &app, Options &options, Texts &texts) {
 
 void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_option("FILE", options.files,
-                   "Captures and files of raw blocks, - for standard input, or udp://ADDRESS:PORT")
+                   "Captures and files of blocks, - for standard input, udp://HOST:PORT or tcp://HOST:PORT")
         ->required()
         ->type_name("");
     describe_live(app, options);
@@ -168,6 +173,8 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_option("--csv", texts.csv, "A line per record as comma-separated values: the columns of --list, or PATHS")
         ->type_name("[PATHS]");
     app.add_flag("--stats", options.stats, "Instead of the listing, count by category and by item");
+    app.add_flag("--top", options.top,
+                 "Instead of the listing, a table of what each data source sends, drawn anew every second");
     app.add_option("--convert", texts.convert,
                    "Turn records into those of categories that say the same: 1 from 48, 2 from 34, and back")
         ->type_name("LIST");
@@ -184,6 +191,30 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
         ->type_name("WHEN");
     app.set_version_flag("--version", std::string("astdump ") + ast_library_version());
     app.footer(kExamples);
+}
+
+// Addresses to listen to are read at once, as if they were one file. Whether there are any.
+bool join_live(std::vector<std::string> &files) {
+    const auto live = std::ranges::count_if(files, is_live);
+    if (live == 0) return false;
+    std::string all;
+    for (const std::string &file : files) all.append(all.empty() ? "" : " ").append(file);
+    const bool is_tcp = std::ranges::any_of(files, [](const auto &file) { return file.starts_with("tcp://"); });
+    if (static_cast<size_t>(live) != files.size() || (is_tcp && files.size() > 1))
+        throw std::invalid_argument("udp:// takes no FILE but other udp:// beside it, and tcp:// none at all");
+    read_live_urls(all);
+    files = {all};
+    return true;
+}
+
+// Shows the help that was asked for, or what is wrong, which may quote names of files that a pattern of the shell
+// found.
+int exit_for(const CLI::App &app, const CLI::ParseError &error) {
+    std::ostringstream messages;
+    const bool is_clean = app.exit(error, std::cout, messages) == 0;
+    std::istringstream lines(messages.str());
+    for (std::string line; std::getline(lines, line);) std::fprintf(stderr, "%s\n", readable(line).c_str());
+    return is_clean ? kExitClean : kExitUnusable;
 }
 
 uint64_t read_count(const std::string &text) {
@@ -220,14 +251,13 @@ void complete(Options &options, const Texts &texts) {
     if (!texts.convert.empty()) options.convert = read_convert_targets(texts.convert);
     if (!options.write.empty()) file_kind(options.write);
     if (texts.csv) options.csv = read_csv_columns(*texts.csv == kUsualColumns ? "" : *texts.csv);
-    const bool live =
-        std::ranges::any_of(options.files, [](const auto &file) { return read_udp_url(file).has_value(); });
+    const bool live = join_live(options.files);
     options.follow = options.follow || live;
     if (options.follow && options.files.size() > 1)
-        throw std::invalid_argument("--follow and udp:// take one FILE, since it has no end");
+        throw std::invalid_argument("--follow takes one FILE, since it has no end");
     options.merge = options.merge && options.files.size() > 1;
     if (options.merge && options.follow) throw std::invalid_argument("--merge is for files that have an end");
-    if (!options.interface.empty() && !live) throw std::invalid_argument("--interface is for udp://ADDRESS:PORT");
+    if (!options.interface.empty() && !live) throw std::invalid_argument("--interface is for udp://HOST:PORT");
 }
 
 } // namespace
@@ -259,9 +289,9 @@ CommandLine read_command_line(int argc, char **argv) {
         app.parse(arguments(argc, argv));
         complete(options, texts);
     } catch (const CLI::ParseError &error) {
-        return {.status = app.exit(error) == 0 ? kExitClean : kExitUnusable};
+        return {.status = exit_for(app, error)};
     } catch (const std::invalid_argument &error) {
-        std::fprintf(stderr, "%s\n", error.what());
+        std::fprintf(stderr, "%s\n", readable(error.what()).c_str());
         return {.status = kExitUnusable};
     }
     return {.options = options};

@@ -1,12 +1,12 @@
 #include "page.hpp"
 
-#include <cinttypes>
 #include <cstdio>
 
 #include "markup.hpp"
 #include "page_chunk.hpp"
 #include "page_parts.hpp"
 #include "terminal.hpp"
+#include "text.hpp"
 
 namespace astdump {
 
@@ -45,10 +45,7 @@ void Page::finish(uint64_t octets_read) {
     tell_size(octets_read);
 }
 
-void Page::give_up() {
-    clear_line();
-    std::fprintf(stderr, "astdump: %s: not written\n", path_.c_str());
-}
+void Page::give_up() { tell(path_ + ": not written"); }
 
 void Page::totals() {
     file_.write("</main>\n<section class=\"numbers\" aria-label=\"Numbers by category\">\n<table "
@@ -65,12 +62,14 @@ void Page::totals() {
 }
 
 void Page::tell_size(uint64_t octets_read) const {
-    clear_line();
-    std::fprintf(stderr, "astdump: %s: a page of %" PRIu64 " octets", path_.c_str(), file_.written());
-    if (octets_read != 0)
-        std::fprintf(stderr, ", %.1f times the recording",
-                     static_cast<double>(file_.written()) / static_cast<double>(octets_read));
-    std::fputc('\n', stderr);
+    std::string text = path_ + ": a page of " + counted(file_.written(), "octet");
+    if (octets_read != 0) {
+        char times[40];
+        std::snprintf(times, sizeof times, ", %.1f times the recording",
+                      static_cast<double>(file_.written()) / static_cast<double>(octets_read));
+        text += times;
+    }
+    tell(text);
 }
 
 } // namespace astdump

@@ -70,9 +70,10 @@ void PageChunk::block(const DecodedBlock &decoded, TextBuffer &) {
 
 void PageChunk::record(const std::string &line, const ast_datarecord_t &record) {
     items_.clear();
+    const Reading reading = readings_.of(record);
     for (uint64_t i = 0; i < record.item_count; ++i) {
         if (i != 0) items_.put(',');
-        if (const auto number = texts_.find_or_put(lines_, record.items[i])) items_.number(*number);
+        if (const auto number = texts_.find_or_put(lines_, record.items[i], reading)) items_.number(*number);
     }
     for (const std::string_view piece : {std::string_view("R\t"), std::string_view(line), std::string_view("\t")})
         lines_.put(piece);

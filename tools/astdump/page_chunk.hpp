@@ -25,6 +25,7 @@ private:
     TextBuffer lines_;
     TextBuffer items_;
     ItemTexts texts_;
+    Readings readings_;
     PlanColumns columns_;
     uint64_t blocks_ = 0;
     uint64_t octets_ = 0;

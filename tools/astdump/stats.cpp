@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "item_values.hpp"
 #include "text.hpp"
 
 namespace astdump {
@@ -102,7 +103,7 @@ void Stats::files() {
     for (const File &file : files_) {
         text_.left(file.framing, 14);
         text_.put("  ");
-        put_printable(text_, file.name);
+        text_.put(file.name);
         text_.put('\n');
     }
 }
@@ -121,7 +122,7 @@ void Stats::item(ast_dataitem_type_t type, uint64_t count) {
     text_.put(' ');
     text_.number(count, 10);
     text_.put("  ");
-    text_.put(ast_dataitem_get_name(type));
+    text_.put(item_name(type, AST_UAP_PUBLISHED));
     text_.put('\n');
 }
 

@@ -19,6 +19,7 @@ void put_endpoint(TextBuffer &out, const Endpoint &endpoint);
 
 // "10.0.0.1:4000 > 239.1.1.1:8600", "[2001:db8::1]:4000 > [ff02::1]:8600".
 void put_route(TextBuffer &out, const Endpoints &endpoints);
+std::string route_text(const Endpoints &endpoints);
 
 // Texts of more than `width` characters end in "...".
 std::string cut(std::string text, size_t width);
@@ -30,5 +31,9 @@ void put_counted(TextBuffer &out, uint64_t count, std::string_view noun);
 // reaches a terminal or a browser that acts on it.
 std::string printable(std::string_view text);
 void put_printable(TextBuffer &out, std::string_view text);
+
+// Names of files and what messages quote may hold any character of UTF-8; those that a terminal acts on or does not
+// show, and octets that are no character, become dots.
+std::string readable(std::string_view text);
 
 } // namespace astdump

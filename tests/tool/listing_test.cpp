@@ -2,7 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "command.hpp"
+#include "captures.hpp"
+#include "pseudo_terminal.hpp"
 
 namespace {
 
@@ -13,16 +14,29 @@ const std::string kSample = SAMPLES "/radar.ast";
 
 TEST(Listing, FitsTheTerminal) {
     Command command;
-    command.write("a", kSector);
-    const Result result = command.run("--version >&2; script -qec 'stty cols 80; " ASTDUMP
-                                      " --color never a 2>/dev/null' /dev/null | tr -d '\\r' | sed 1,2d");
-    EXPECT_EQ(result.out, R"(    I034/010  Data Source Identifier     2  SAC:025 SIC:012    19 0c
+    command.write("a", pcap(1, {ethernet(ipv4(udp(kSector)))}));
+    PseudoTerminal terminal(command, "--color never a");
+    EXPECT_EQ(terminal.wait(), 0);
+    EXPECT_EQ(terminal.screen(), R"(#1  2024-05-06 07:08:09.000012Z  10.0.0.1:4000 > 239.1.1.1:8600
+    CAT 034  11 octets  standard  1 record  valid
+  record 1  8 octets
+    I034/010  Data Source Identifier     2  SAC:025 SIC:012    19 0c
     I034/000  Message Type               1  MSG_TYPE:SECTOR_CROSSING
                                                                02
     I034/030  Time of Day                3  TOD:12:00:01.000   54 60 80
     I034/020  Sector Number              1  SECTOR:090DEG      40
 
+
 )");
+}
+
+// Whoever reads from a pipe may say how wide lines are.
+TEST(Listing, IsAsWideAsIsAskedFor) {
+    Command command;
+    command.write("a", kSector);
+    const Result result = command.run("--version >&2; export COLUMNS=160; " ASTDUMP " a | grep I034/010");
+    EXPECT_EQ(result.out, "    I034/010  Data Source Identifier                                2  "
+                          "SAC:025 SIC:012                            19 0c\n");
 }
 
 TEST(Listing, ShowsEveryField) {

@@ -18,8 +18,8 @@ const std::string kSectorBody = R"(  CAT 034  11 octets  standard  1 record  val
     I034/020  Sector Number                              1  SECTOR:090DEG                  40
 
 )";
-const std::string kIpv4Sector = "#1  2024-05-06 07:08:09.000012  10.0.0.1:4000 > 239.1.1.1:8600" + kSectorBody;
-const std::string kIpv6Sector = "#1  2024-05-06 07:08:09.000012  [2001:db8::1]:4000 > [ff02::1]:8600" + kSectorBody;
+const std::string kIpv4Sector = "#1  2024-05-06 07:08:09.000012Z  10.0.0.1:4000 > 239.1.1.1:8600" + kSectorBody;
+const std::string kIpv6Sector = "#1  2024-05-06 07:08:09.000012Z  [2001:db8::1]:4000 > [ff02::1]:8600" + kSectorBody;
 
 const std::string kSample = SAMPLES "/radar.ast";
 
@@ -224,11 +224,11 @@ TEST(Capture, PutsFragmentsTogether) {
         std::string out;
         std::string err;
     } cases[] = {
-        {"in order", {v4(0, 8), v4(8, 16), v4(16, 19)}, 0, "07:08:11.000012  10.0.0.1", ""},
-        {"backwards, one twice", {v4(16, 19), v4(8, 16), v4(8, 16), v4(0, 8)}, 0, "07:08:12.000012  10.0.0.1", ""},
-        {"IPv6", {v6(8, 19), v6(0, 8)}, 0, "07:08:10.000012  [2001:db8::1]", ""},
-        {"IPv6, one piece", {v6(0, 19)}, 0, "07:08:09.000012  [2001:db8::1]", ""},
-        {"another datagram between", {v4(0, 8), stray, v4(8, 19)}, 1, "07:08:11.000012  10.0.0.1", missing},
+        {"in order", {v4(0, 8), v4(8, 16), v4(16, 19)}, 0, "07:08:11.000012Z  10.0.0.1", ""},
+        {"backwards, one twice", {v4(16, 19), v4(8, 16), v4(8, 16), v4(0, 8)}, 0, "07:08:12.000012Z  10.0.0.1", ""},
+        {"IPv6", {v6(8, 19), v6(0, 8)}, 0, "07:08:10.000012Z  [2001:db8::1]", ""},
+        {"IPv6, one piece", {v6(0, 19)}, 0, "07:08:09.000012Z  [2001:db8::1]", ""},
+        {"another datagram between", {v4(0, 8), stray, v4(8, 19)}, 1, "07:08:11.000012Z  10.0.0.1", missing},
         {"a gap", {v4(0, 8), v4(16, 19)}, 1, "", missing},
         {"a piece behind the last", {ethernet(ipv4(std::string(8, 0), 24, true)), v4(8, 19)}, 1, "", missing},
         {"an overlap", {v4(0, 16), v4(8, 19)}, 1, "", missing},

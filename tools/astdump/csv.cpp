@@ -72,7 +72,7 @@ void quote(TextBuffer &out, size_t begin) {
 
 void put_text(TextBuffer &out, std::string_view text) {
     const size_t begin = out.size();
-    put_printable(out, text);
+    out.put(text);
     quote(out, begin);
 }
 

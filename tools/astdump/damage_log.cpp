@@ -1,7 +1,6 @@
 #include "damage_log.hpp"
 
 #include <algorithm>
-#include <cstdio>
 
 #include "terminal.hpp"
 #include "text.hpp"
@@ -61,19 +60,14 @@ void DamageLog::end_file() {
 }
 
 void DamageLog::line(const std::string &file, const std::string &text) const {
-    clear_line();
-    const Style style(color_);
-    std::fprintf(stderr, "%sastdump:%s %s: %s\n", style.on(Color::fault), style.off(), file.c_str(), text.c_str());
+    tell(file + ": " + text, Style(color_));
 }
 
 void DamageLog::summary() const {
     const Style style(color_);
-    const auto tell = [&](const std::string &text) {
-        std::fprintf(stderr, "%sastdump:%s %s\n", style.on(Color::fault), style.off(), text.c_str());
-    };
-    if (any_damage()) tell("lost: " + losses_.text());
-    if (losses_.unsupported != 0) tell("not supported: " + counted(losses_.unsupported, "block"));
-    if (losses_.foreign != 0) tell("not ASTERIX: " + counted(losses_.foreign, "datagram"));
+    if (any_damage()) tell("lost: " + losses_.text(), style);
+    if (losses_.unsupported != 0) tell("not supported: " + counted(losses_.unsupported, "block"), style);
+    if (losses_.foreign != 0) tell("not ASTERIX: " + counted(losses_.foreign, "datagram"), style);
 }
 
 } // namespace astdump

@@ -24,6 +24,7 @@ public:
 
     // A line for each kind on all that was met, if anything was.
     void summary() const;
+    const Losses &losses() const { return losses_; }
     bool any_damage() const { return losses_.any_damage(); }
 
 private:

@@ -10,16 +10,18 @@ namespace {
 class ListingRenderer : public Renderer {
 public:
     explicit ListingRenderer(const Listing::Form &form)
-        : style_(form.color), lines_(form.columns, style_, form.detail) {}
+        : form_(form), style_(form.color), lines_(form.columns, style_, form.detail) {}
 
     void block(const DecodedBlock &decoded, TextBuffer &out) override;
 
 private:
     void block_line(const DecodedBlock &decoded, TextBuffer &out);
+    void fold(size_t begin, size_t place, TextBuffer &out) const;
     void record(const ast_datarecord_t &record, uint64_t number, const ast_uap_t &block_uap, TextBuffer &out);
     void items(const ast_datarecord_t &record, TextBuffer &out);
     void fault(const DecodedBlock &decoded, TextBuffer &out);
 
+    Listing::Form form_;
     Style style_;
     ItemLines lines_;
     Readings readings_;
@@ -43,6 +45,7 @@ const char *state_of(const DecodedBlock &decoded) {
 void ListingRenderer::block_line(const DecodedBlock &decoded, TextBuffer &out) {
     const Datagram &datagram = *decoded.datagram;
     const Block &block = *decoded.block;
+    const size_t begin = out.size();
     out.put(style_.on(Color::heading));
     out.put('#');
     out.number(decoded.number);
@@ -53,11 +56,13 @@ void ListingRenderer::block_line(const DecodedBlock &decoded, TextBuffer &out) {
     if (datagram.time) {
         out.put("  ");
         put_time(out, *datagram.time);
+        out.put('Z');
     }
     if (datagram.endpoints) {
         out.put("  ");
         put_route(out, *datagram.endpoints);
     }
+    const size_t place = out.size();
     out.put("  CAT ");
     out.number(block.category, 3, '0');
     out.put(style_.off());
@@ -71,7 +76,18 @@ void ListingRenderer::block_line(const DecodedBlock &decoded, TextBuffer &out) {
     out.put(style_.on(block.valid ? Color::good : Color::fault));
     out.put(state_of(decoded));
     out.put(style_.off());
+    if (form_.folds) fold(begin, place, out);
     out.put('\n');
+}
+
+// Starts a new line at a place of one that is too long.
+void ListingRenderer::fold(size_t begin, size_t place, TextBuffer &out) const {
+    const std::string_view line = out.text().substr(begin);
+    if (width_of(line) <= form_.columns) return;
+    const std::string rest(line.substr(place - begin));
+    out.cut(place);
+    out.put("\n  ");
+    out.put(rest);
 }
 
 // Says by which profile a record was decoded when that is not the block's: plots and tracks in one block.

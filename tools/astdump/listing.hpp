@@ -17,6 +17,7 @@ public:
         bool color;
         bool name_files; // when there are several, one after the other
         bool detail;     // the fields of each item below it
+        bool folds;      // whether what is said of a block may take two lines, where one is too long
     };
     Listing(Output &out, const Form &form) : out_(out), form_(form) {}
 

@@ -2,13 +2,16 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <iostream>
 #include <sched.h>
+#include <sstream>
 #include <stdexcept>
 #include <string_view>
 #include <thread>
 
 #include "convert.hpp"
 #include "numbers.hpp"
+#include "text.hpp"
 #include "udp_source.hpp"
 #include "write_file.hpp"
 
@@ -58,6 +61,7 @@ Examples:
   astdump --where track --where fl=350 a.pcap tracks at flight level 350
   astdump --where 'I070/MODE3A>=7500' a.pcap  by a published field
   astdump --list udp://239.1.1.1:8600        join a multicast group and list what comes
+  astdump --top udp://239.1.1.1:8600         watch who sends how much
   astdump --follow --quiet growing.pcap      watch a recording for damage while it is made
   tcpdump -i eth0 -w - udp | astdump -       look at live traffic of any kind)";
 
@@ -168,6 +172,8 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_option("--csv", texts.csv, "A line per record as comma-separated values: the columns of --list, or PATHS")
         ->type_name("[PATHS]");
     app.add_flag("--stats", options.stats, "Instead of the listing, count by category and by item");
+    app.add_flag("--top", options.top,
+                 "Instead of the listing, a table of what each data source sends, drawn anew every second");
     app.add_option("--convert", texts.convert,
                    "Turn records into those of categories that say the same: 1 from 48, 2 from 34, and back")
         ->type_name("LIST");
@@ -184,6 +190,16 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
         ->type_name("WHEN");
     app.set_version_flag("--version", std::string("astdump ") + ast_library_version());
     app.footer(kExamples);
+}
+
+// Shows the help that was asked for, or what is wrong, which may quote names of files that a pattern of the shell
+// found.
+int exit_for(const CLI::App &app, const CLI::ParseError &error) {
+    std::ostringstream messages;
+    const bool is_clean = app.exit(error, std::cout, messages) == 0;
+    std::istringstream lines(messages.str());
+    for (std::string line; std::getline(lines, line);) std::fprintf(stderr, "%s\n", readable(line).c_str());
+    return is_clean ? kExitClean : kExitUnusable;
 }
 
 uint64_t read_count(const std::string &text) {
@@ -259,9 +275,9 @@ CommandLine read_command_line(int argc, char **argv) {
         app.parse(arguments(argc, argv));
         complete(options, texts);
     } catch (const CLI::ParseError &error) {
-        return {.status = app.exit(error) == 0 ? kExitClean : kExitUnusable};
+        return {.status = exit_for(app, error)};
     } catch (const std::invalid_argument &error) {
-        std::fprintf(stderr, "%s\n", error.what());
+        std::fprintf(stderr, "%s\n", readable(error.what()).c_str());
         return {.status = kExitUnusable};
     }
     return {.options = options};

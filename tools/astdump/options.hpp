@@ -37,6 +37,7 @@ struct Options {
     std::string html;           // the page to write; empty for none
     std::string write;          // the file of what is chosen; empty for none
     bool stats = false;
+    bool top = false;
     bool quiet = false;
     bool verbose = false; // each report by itself
     std::string color = "auto";

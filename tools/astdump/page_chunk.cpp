@@ -25,21 +25,21 @@ void put_block_line(TextBuffer &out, const DecodedBlock &decoded) {
         out.number(decoded.number);
     });
     put_span(out, "category", [&] { out.number(block.category, 3, '0'); });
+    if (decoded.fault) put_span(out, "fault", [&] { out.put(fault_word(decoded.fault->kind)); });
     if (datagram.file) put_span(out, "file", [&] { out.put(escape(*datagram.file)); });
-    if (datagram.time) put_span(out, "time", [&] { put_time(out, *datagram.time); });
     put_span(out, "counts", [&] {
         put_counted(out, block.record_count, "record");
         out.put(", ");
         put_counted(out, decoded.octets.size(), "octet");
     });
     put_span(out, "profile", [&] { put_profile(out, block.profile); });
+    if (datagram.time) put_span(out, "received", [&] { put_time(out, *datagram.time); });
     if (datagram.endpoints)
         put_span(out, "route", [&] {
             TextBuffer route;
             put_route(route, *datagram.endpoints);
             out.put(escape(route.text()));
         });
-    if (decoded.fault) put_span(out, "fault", [&] { out.put(fault_word(decoded.fault->kind)); });
 }
 
 std::string record_note(const ast_datarecord_t &record, const ast_uap_t &block_uap) {
@@ -65,6 +65,7 @@ void PageChunk::block(const DecodedBlock &decoded, TextBuffer &) {
     for (uint64_t i = 0; i < block.record_count; ++i)
         if (decoded.shown[i]) record(record_line(i + 1, record_note(block.records[i], *block.uap)), block.records[i]);
     if (decoded.fault) fault(decoded);
+    columns_.block(decoded);
 }
 
 void PageChunk::record(const std::string &line, const ast_datarecord_t &record) {
@@ -109,12 +110,15 @@ void PageChunk::end(TextBuffer &out) {
     if (blocks_ != 0) {
         out.put("<details class=\"section\" data-packed=\"");
         out.put(pack(lines_.text()));
+        out.put("\" data-plan=\"");
+        out.put(columns_.pack());
         out.put("\"><summary>");
         heading(out);
         out.put("</summary></details>\n");
     }
     lines_.clear();
     texts_.clear();
+    columns_.clear();
     blocks_ = octets_ = 0;
     damaged_ = false;
 }

@@ -33,6 +33,12 @@ void put_profile(TextBuffer &out, const Profile &profile) {
     if (profile.ambiguous) out.put(" (ambiguous)");
 }
 
+std::string profile_text(const Profile &profile) {
+    TextBuffer text;
+    put_profile(text, profile);
+    return std::string(text.text());
+}
+
 std::span<const ast_uap_info_t> profiles() { return list(); }
 
 const ast_uap_info_t *find_profile(std::string_view name) {

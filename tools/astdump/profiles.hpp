@@ -2,6 +2,7 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "ast.h"
@@ -20,6 +21,7 @@ struct Profile {
 
 // "cat021-2.1", and with its edition what means another one in each category: "published 2.6".
 void put_profile(TextBuffer &out, const Profile &profile);
+std::string profile_text(const Profile &profile);
 
 // All exported profiles, in the order in which the library tries them; those of the newest editions last.
 std::span<const ast_uap_info_t> profiles();

@@ -1,7 +1,6 @@
 #include "run.hpp"
 
 #include <algorithm>
-#include <cstdio>
 #include <system_error>
 #include <utility>
 
@@ -13,8 +12,9 @@ namespace astdump {
 
 namespace {
 
-// What comes bit by bit is shown bit by bit, and blocks are counted one after the other.
-size_t threads_of(const Options &options) { return options.follow || options.count ? 1 : options.jobs; }
+// What comes bit by bit is shown bit by bit, blocks are counted one after the other, and a table is drawn anew between
+// them.
+size_t threads_of(const Options &options) { return options.follow || options.count || options.top ? 1 : options.jobs; }
 
 size_t chunk_octets_of(const Options &options, const Sinks &sinks) {
     if (options.chunk_octets) return *options.chunk_octets;
@@ -45,18 +45,17 @@ Worker &Run::worker(size_t number) {
 // Reads what it can; the rest of the run goes on.
 template <typename Read>
 void Run::attempt(const std::string &name, Read read) {
-    const auto tell = [&](const std::string &what) {
+    const auto give_up = [&](const std::string &what) {
         damage_.end_file();
-        clear_line();
-        std::fprintf(stderr, "astdump: %s: %s\n", name.c_str(), what.c_str());
+        tell(name + ": " + what);
         unreadable_ = true;
     };
     try {
         read();
     } catch (const std::system_error &error) {
-        tell(error.code().message());
+        give_up(error.code().message());
     } catch (const UnreadableInput &error) {
-        tell(error.what());
+        give_up(error.what());
     }
 }
 
@@ -85,11 +84,8 @@ void Run::finish() {
 }
 
 void Run::tell_what_is_left_out() const {
-    if (unconverted_ != 0)
-        std::fprintf(stderr, "astdump: %s that cannot be converted left out\n",
-                     counted(unconverted_, "record").c_str());
-    for (const std::string &complaint : asked_.complaints(options_.where))
-        std::fprintf(stderr, "astdump: %s\n", complaint.c_str());
+    if (unconverted_ != 0) tell(counted(unconverted_, "record") + " that cannot be converted left out");
+    for (const std::string &complaint : asked_.complaints(options_.where)) tell(complaint);
 }
 
 std::unique_ptr<Input> Run::open(const std::string &path, const DatagramChoice &choice) {
@@ -111,7 +107,7 @@ void Run::read_input(Pipeline &pipeline) {
 }
 
 void Run::file(const std::string &path, Pipeline &pipeline) {
-    name_ = path == "-" ? "standard input" : path;
+    name_ = path == "-" ? "standard input" : readable(path);
     editions_ = look_through({&path, 1}, options_);
     input_ = open(path, options_.datagrams);
     damage_.set_file(name_, input_->is_live());
@@ -125,7 +121,7 @@ void Run::merged(Pipeline &pipeline) {
     for (const std::string &path : options_.files)
         attempt(path, [&] {
             auto input = open(path, {});
-            const std::string name = path == "-" ? "standard input" : path;
+            const std::string name = path == "-" ? "standard input" : readable(path);
             start_file(name, *input);
             source->add(name, std::move(input));
         });

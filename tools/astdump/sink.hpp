@@ -38,7 +38,7 @@ public:
     // What it shows of a block, in number: blocks unless it shows lines.
     virtual uint64_t shows(const DecodedBlock &) const { return 1; }
 
-    // The blocks that follow come from this file.
+    // The blocks that follow come from this file, whose name is readable.
     virtual void file(const std::string &name) = 0;
 
     // How the blocks of this file are wrapped, and how it is compressed, if it is.

@@ -103,7 +103,7 @@ void Stats::files() {
     for (const File &file : files_) {
         text_.left(file.framing, 14);
         text_.put("  ");
-        put_printable(text_, file.name);
+        text_.put(file.name);
         text_.put('\n');
     }
 }

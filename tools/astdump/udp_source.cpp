@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
-#include <cstdio>
 #include <cstring>
 #include <net/if.h>
 #include <netinet/in.h>
@@ -13,6 +12,7 @@
 
 #include "endpoint.hpp"
 #include "network_interface.hpp"
+#include "terminal.hpp"
 #include "waiting.hpp"
 
 namespace astdump {
@@ -70,7 +70,7 @@ UdpSource::UdpSource(udp::endpoint endpoint, const std::string &interface, Waiti
     listen(endpoint, interface.empty() ? 0 : interface_index(interface));
     std::ostringstream text;
     text << local_;
-    std::fprintf(stderr, "astdump: listening on %s\n", text.str().c_str());
+    tell("listening on " + text.str());
 }
 
 void UdpSource::listen(udp::endpoint endpoint, unsigned interface) {

@@ -11,6 +11,7 @@ namespace astdump {
 namespace {
 
 constexpr int kGrowthInterval_ms = 100;
+constexpr int kMeanwhileInterval_ms = 200;
 constexpr int kNoLimit = -1;
 constexpr int kNoDescriptor = -1; // which poll passes over
 
@@ -51,11 +52,14 @@ void Waiting::pass_on() const {
     pthread_sigmask(SIG_UNBLOCK, &signals, nullptr);
 }
 
-// Whether the descriptor can be read, waiting for that up to a limit; notices the end on the way.
+// Whether the descriptor can be read, waiting for that up to a limit, or for a while at least; notices the end on the
+// way.
 bool Waiting::is_ready(int descriptor, int limit_ms) {
     pollfd files[] = {{.fd = signals_, .events = POLLIN, .revents = 0},
                       {.fd = descriptor, .events = POLLIN, .revents = 0}};
-    if (poll(files, 2, limit_ms) < 0) return false;
+    const bool is_endless = limit_ms == kNoLimit;
+    if (poll(files, 2, meanwhile_ && is_endless ? kMeanwhileInterval_ms : limit_ms) < 0) return false;
+    if (meanwhile_ && limit_ms != 0) meanwhile_();
     ended_ = ended_ || files[0].revents != 0;
     return files[1].revents != 0;
 }

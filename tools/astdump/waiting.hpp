@@ -3,6 +3,8 @@
 
 #include <atomic>
 #include <csignal>
+#include <functional>
+#include <utility>
 
 namespace astdump {
 
@@ -19,6 +21,9 @@ public:
     bool for_input(int descriptor);
     bool for_growth();
 
+    // Has something done now and then while it waits.
+    void meanwhile(std::function<void()> what) { meanwhile_ = std::move(what); }
+
     bool ended() const { return ended_; }
 
     // Ends the process by the signal that ended the waiting, for whoever started it to see.
@@ -29,6 +34,7 @@ private:
 
     int signals_;
     sigset_t blocked_before_;
+    std::function<void()> meanwhile_; // empty for nothing
     std::atomic<bool> ended_ = false;
 };
 

@@ -76,9 +76,9 @@ Outcome read(const File &input, size_t jobs, size_t chunk_octets) {
     const Reports reports;
     astdump::Output out(output.descriptor());
     astdump::Sinks sinks;
-    sinks.push_back(std::make_unique<astdump::RecordList>(out, false, false));
+    sinks.push_back(std::make_unique<astdump::RecordList>(out, false, false, false));
     sinks.push_back(std::make_unique<astdump::Stats>(out, false));
-    astdump::DamageLog damage(false);
+    astdump::DamageLog damage(false, true);
     const int status = astdump::Run(options, std::move(sinks), out, damage, astdump::Progress(false), nullptr).files();
     return {status, output.contents(), reports.contents()};
 }

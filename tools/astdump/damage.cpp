@@ -118,6 +118,28 @@ void Damage::packet(uint64_t number, const std::string &what) {
          .losses = {.undissected = 1}});
 }
 
+// Of a TCP stream, in the segment that a packet holds.
+void Damage::stream(uint64_t packet, const Endpoints &endpoints, uint64_t octets, const char *what,
+                    const Losses &losses) {
+    const std::string detail =
+        "packet " + std::to_string(packet) + ": TCP " + route_text(endpoints) + ": " + counted(octets, "octet");
+    add({.kind = Kind::damaged,
+         .text = detail + ' ' + what,
+         .reason = std::string("octets of a TCP stream ") + what,
+         .example = detail,
+         .noun = "octet",
+         .count = octets,
+         .losses = losses});
+}
+
+void Damage::missing(uint64_t packet, const Endpoints &endpoints, uint64_t octets) {
+    stream(packet, endpoints, octets, "missing", {.missing = octets});
+}
+
+void Damage::fragment(uint64_t packet, const Endpoints &endpoints, uint64_t octets) {
+    stream(packet, endpoints, octets, "before the next block; skipped", {.skipped = octets});
+}
+
 void Damage::framing(const Datagram &datagram, uint64_t offset, const Frame &frame) {
     const uint64_t available = datagram.octets.size() - offset;
     const uint64_t skipped = datagram.unread.value_or(available);

@@ -40,7 +40,7 @@ std::optional<Address> read_address(std::string_view text) {
     std::error_code no_address;
     const auto address = asio::ip::make_address(std::string(text), no_address);
     if (no_address) return std::nullopt;
-    return to_endpoint({address, 0}).address;
+    return to_endpoint(address, 0).address;
 }
 
 size_t octets_of(const Address &address) { return address.is_ipv6 ? 16 : 4; }

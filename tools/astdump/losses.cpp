@@ -9,6 +9,7 @@ Losses &Losses::operator+=(const Losses &other) {
     dropped += other.dropped;
     undissected += other.undissected;
     incomplete += other.incomplete;
+    missing += other.missing;
     invalid += other.invalid;
     skipped += other.skipped;
     unread_lines += other.unread_lines;
@@ -34,6 +35,7 @@ std::string Losses::text() const {
         {dropped, "datagram", "dropped by the system"},
         {undissected, "packet", "not dissected"},
         {incomplete, "datagram", "with missing fragments"},
+        {missing, "octet", "missing in TCP streams"},
         {invalid, "block", "invalid"},
         {skipped, "octet", "skipped"},
         {unread_lines, "line", "not read"},

@@ -11,6 +11,7 @@ struct Losses {
     uint64_t dropped = 0;     // datagrams
     uint64_t undissected = 0; // packets
     uint64_t incomplete = 0;  // datagrams with fragments missing
+    uint64_t missing = 0;     // octets of TCP streams
     uint64_t invalid = 0;     // blocks
     uint64_t skipped = 0;     // octets
     uint64_t unread_lines = 0;

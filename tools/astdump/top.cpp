@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "text.hpp"
+#include "waiting.hpp"
 
 namespace astdump {
 
@@ -64,12 +65,6 @@ std::vector<std::string> cells(const SourceKey &key, const SourceCounts &counts,
             counts.damaged == 0 ? "" : std::to_string(counts.damaged),
             counts.unsupported == 0 ? "" : std::to_string(counts.unsupported),
             last_text(counts)};
-}
-
-Time now() {
-    return {
-        std::chrono::duration_cast<std::chrono::seconds>(std::chrono::system_clock::now().time_since_epoch()).count(),
-        0};
 }
 
 } // namespace

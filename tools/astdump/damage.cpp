@@ -22,6 +22,7 @@ std::string category_text(uint32_t category) {
 
 std::string framing_reason(const Frame &frame) {
     if (frame.framing == Framing::short_header) return "too few octets for a block header";
+    if (frame.framing == Framing::block) return "octets that are no blocks";
     return category_text(frame.category) +
            (frame.framing == Framing::short_length ? ": LEN is less than the block header" : ": LEN runs past the end");
 }
@@ -58,6 +59,7 @@ namespace {
 
 std::string framing_detail(const Frame &frame, uint64_t available) {
     if (frame.framing == Framing::short_header) return counted(available, "octet") + ", too few for a block header";
+    if (frame.framing == Framing::block) return counted(available, "octet") + " that are no blocks";
     const std::string length = "LEN is " + std::to_string(frame.length);
     if (frame.framing == Framing::short_length) return length + ", less than the block header";
     return length + ", but only " + counted(available, "octet") + " are left";

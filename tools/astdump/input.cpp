@@ -143,7 +143,8 @@ bool Input::fill(Chunk &chunk) {
     chunk.leave_out();
     if (!filled) filled = !std::exchange(is_read_, true) && tell_end(chunk);
     chunk.first_number = next_number_;
-    for (const Datagram &datagram : chunk.datagrams()) next_number_ += count_blocks(datagram.octets).count;
+    for (const Datagram &datagram : chunk.datagrams())
+        if (!datagram.is_told) next_number_ += count_blocks(datagram.octets).count;
     chunk.end_number = next_number_;
     if (stream_) chunk.consumed = stream_->consumed();
     return filled;

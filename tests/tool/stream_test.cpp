@@ -130,7 +130,7 @@ TEST(Tcp, BlocksHaveTheTimeOfTheirLastSegment) {
     frames.push_back(part(143, 154));
     command.write("c", pcap(1, frames));
     const Result result = command.run("c | grep '^#' | cut -d ' ' -f 4 | uniq -c");
-    EXPECT_EQ(result.out, "      1 07:08:11.000012\n     12 07:08:23.000012\n");
+    EXPECT_EQ(result.out, "      1 07:08:11.000012Z\n     12 07:08:23.000012Z\n");
     EXPECT_NE(result.err.find(" 11 octets missing\n"), std::string::npos) << result.err;
 }
 
@@ -213,7 +213,7 @@ TEST(MacLlc, FramesInCapturesHoldBlocks) {
             "astdump: lost: 4 octets skipped\n"});
     Command command;
     command.write("cooked", pcap(113, {hex("0000 0001 0006 020000000001 0000 0004 F0F003") + kSector}));
-    EXPECT_NE(command.run("cooked").out.find("#1  2024-05-06 07:08:09.000012  CAT 034"), std::string::npos);
+    EXPECT_NE(command.run("cooked").out.find("#1  2024-05-06 07:08:09.000012Z  CAT 034"), std::string::npos);
 }
 
 } // namespace

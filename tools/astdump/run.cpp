@@ -23,6 +23,9 @@ size_t chunk_octets_of(const Options &options, const Sinks &sinks) {
     return octets;
 }
 
+// Under which it is shown.
+std::string name_of(const std::string &path) { return path == "-" ? "standard input" : readable(path); }
+
 } // namespace
 
 Run::Run(const Options &options, Sinks sinks, const Output &out, DamageLog &damage, Progress progress, Waiting *waiting)
@@ -45,9 +48,9 @@ Worker &Run::worker(size_t number) {
 // Reads what it can; the rest of the run goes on.
 template <typename Read>
 void Run::attempt(const std::string &name, Read read) {
-    const auto give_up = [&](const std::string &what) {
+    const auto give_up = [&](const std::string &reason) {
         damage_.end_file();
-        tell(name + ": " + what);
+        tell(name + ": " + reason);
         unreadable_ = true;
     };
     try {
@@ -107,7 +110,7 @@ void Run::read_input(Pipeline &pipeline) {
 }
 
 void Run::file(const std::string &path, Pipeline &pipeline) {
-    name_ = path == "-" ? "standard input" : readable(path);
+    name_ = name_of(path);
     editions_ = look_through({&path, 1}, options_);
     input_ = open(path, options_.datagrams);
     damage_.set_file(name_, input_->is_live());
@@ -122,7 +125,7 @@ void Run::merged(Pipeline &pipeline) {
     for (const std::string &path : options_.files)
         attempt(path, [&] {
             auto input = open(path, {});
-            const std::string name = path == "-" ? "standard input" : readable(path);
+            const std::string name = name_of(path);
             start_file(name, *input);
             source->add(name, std::move(input));
         });

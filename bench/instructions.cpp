@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <string_view>
 #include <vector>
 
@@ -43,15 +44,36 @@ uint64_t split(const bench::Sample &sample, const std::vector<uint8_t> &block) {
     return split.item_count;
 }
 
+// The decoded record as a line.
+const std::vector<char> &json_of(const bench::Sample &sample) {
+    static const ast_datarecord_t record =
+        ast_datarecord_decode(sample.octets.data(), sample.octets.size(), sample.category, *sample.uap);
+    static std::vector<char> text(65536);
+    ast_datarecord_to_json(text.data(), text.size(), &record, nullptr);
+    return text;
+}
+
+uint64_t to_json(const bench::Sample &sample, const std::vector<uint8_t> &) {
+    return json_of(sample)[0] == '{' ? sample.item_count : 0;
+}
+
+uint64_t from_json(const bench::Sample &sample, const std::vector<uint8_t> &) {
+    static const std::vector<char> text = json_of(sample);
+    uint8_t octets[1024];
+    return ast_datarecord_from_json(octets, sizeof octets, text.data(), std::strlen(text.data())).valid
+               ? sample.item_count
+               : UINT64_MAX;
+}
+
 struct Way {
     const char *name;
     uint64_t (*read)(const bench::Sample &sample, const std::vector<uint8_t> &block);
 };
 
 constexpr Way kWays[] = {
-    {"ast_datarecord_decode", decode_record},
-    {"ast_datablock_decode_into", decode_into},
-    {"ast_datablock_split", split},
+    {"ast_datarecord_decode", decode_record}, {"ast_datablock_decode_into", decode_into},
+    {"ast_datablock_split", split},           {"ast_datarecord_to_json", to_json},
+    {"ast_datarecord_from_json", from_json},
 };
 
 } // namespace

@@ -73,4 +73,25 @@ if(AST_BUILD_TOOLS)
     FILES ${PROJECT_SOURCE_DIR}/docs/astdump.1
     DESTINATION ${CMAKE_INSTALL_MANDIR}/man1
     COMPONENT astdump)
+
+  # Where the shells look: zsh of Debian looks elsewhere below /usr than others do below their prefixes.
+  if(CMAKE_INSTALL_PREFIX STREQUAL "/usr")
+    set(zsh_directory zsh/vendor-completions)
+  else()
+    set(zsh_directory zsh/site-functions)
+  endif()
+  set(completions ${PROJECT_SOURCE_DIR}/tools/astdump/completions)
+  install(
+    FILES ${completions}/astdump.bash
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+    RENAME astdump
+    COMPONENT astdump)
+  install(
+    FILES ${completions}/_astdump
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/${zsh_directory}
+    COMPONENT astdump)
+  install(
+    FILES ${completions}/astdump.fish
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d
+    COMPONENT astdump)
 endif()

@@ -1,120 +1,122 @@
-// The readers of the command-line tool, by one thread and by several: what they write and report must be the same. The
-// input is a file; its last octet also says how much of it is read at a time, the one before that what its framing is,
-// if that is not to be found out. Through a pipe, whose reader takes what has come, nothing must go wrong.
-
-#include <cstdio>
-#include <string>
-#include <sys/mman.h>
-#include <unistd.h>
+// Readers of the library over blocks of unknown edition: what one of them decodes, splits and learns is the same, and
+// it accepts what a profile accepts. The input is blocks one after the other.
 
 #include "harness.hpp"
-#include "record_list.hpp"
-#include "run.hpp"
-#include "stats.hpp"
+#include "records.hpp"
+#include "splits.hpp"
 
 namespace ast_fuzz {
 
 namespace {
 
-// A file in memory.
-class File {
-public:
-    explicit File(std::span<const uint8_t> octets = {}) : descriptor_(memfd_create("input", MFD_CLOEXEC)) {
-        require(descriptor_ >= 0 &&
-                    write(descriptor_, octets.data(), octets.size()) == static_cast<ssize_t>(octets.size()),
-                "the input can be made a file");
-    }
-    ~File() { close(descriptor_); }
-    File(const File &) = delete;
-    File &operator=(const File &) = delete;
-
-    int descriptor() const { return descriptor_; }
-    std::string path() const { return "/proc/self/fd/" + std::to_string(descriptor_); }
-
-    std::string contents() const {
-        std::string text(static_cast<size_t>(lseek(descriptor_, 0, SEEK_END)), '\0');
-        require(pread(descriptor_, text.data(), text.size(), 0) == static_cast<ssize_t>(text.size()),
-                "the output can be read");
-        return text;
-    }
-
-private:
-    int descriptor_;
-};
-
-// Reports go to a file as long as this lives.
-class Reports {
-public:
-    Reports() : shown_(std::exchange(stderr, fdopen(dup(file_.descriptor()), "w"))) {}
-    ~Reports() { std::fclose(std::exchange(stderr, shown_)); }
-    Reports(const Reports &) = delete;
-    Reports &operator=(const Reports &) = delete;
-
-    std::string contents() const {
-        std::fflush(stderr);
-        return file_.contents();
-    }
-
-private:
-    File file_;
-    FILE *shown_;
-};
-
-struct Outcome {
-    int status;
-    std::string output;
-    std::string reports;
-    bool operator==(const Outcome &) const = default;
-};
-
-struct Way {
-    const astdump::FramingKind *framing; // null: found out
-    size_t jobs;
-    size_t chunk_octets;
-};
-
-Outcome read(const std::string &path, const Way &way) {
-    astdump::Options options;
-    options.files = {path};
-    options.framing = way.framing;
-    options.categories.set();
-    options.jobs = way.jobs;
-    options.chunk_octets = way.chunk_octets;
-    const File output;
-    const Reports reports;
-    astdump::Output out(output.descriptor());
-    astdump::Sinks sinks;
-    sinks.push_back(std::make_unique<astdump::RecordList>(out, false, false));
-    sinks.push_back(std::make_unique<astdump::Stats>(out, false));
-    astdump::DamageLog damage(false);
-    const int status = astdump::Run(options, std::move(sinks), out, damage, astdump::Progress(false), nullptr).files();
-    return {status, output.contents(), reports.contents()};
+bool same(const ast_reader_result_t &one, const ast_reader_result_t &other) {
+    return one.valid == other.valid && one.uap == other.uap && one.profile == other.profile &&
+           one.edition == other.edition && one.ambiguous == other.ambiguous && one.category == other.category &&
+           one.length == other.length && one.reason == other.reason && one.end == other.end &&
+           one.broken_frn == other.broken_frn && one.broken_type == other.broken_type;
 }
 
-void read_through_pipe(Octets octets, const Way &way) {
-    int ends[2];
-    require(pipe(ends) == 0, "there can be a pipe");
-    const ssize_t written = write(ends[1], octets.data(), octets.size());
-    close(ends[1]);
-    if (written == static_cast<ssize_t>(octets.size())) read("/proc/self/fd/" + std::to_string(ends[0]), way);
-    close(ends[0]);
+void check_result(const ast_reader_result_t &result, Octets octets) {
+    require(result.valid == (result.reason == AST_SPLIT_WHOLE),
+            "a block is read that breaks off, or breaks off nowhere");
+    require(!result.valid || (result.end == result.length && result.length <= octets.size()),
+            "a valid block does not end with its length");
+    require(result.end <= octets.size(), "a block breaks off behind what is available");
+    require(result.uap && result.profile && result.edition, "a result lacks a text or a profile");
+}
+
+// Three readers in step, each asked in its own way.
+class Readers {
+public:
+    Readers() {
+        for (ast_reader_t *const reader : {&decoding_, &splitting_, &learning_}) ast_reader_init(reader);
+    }
+
+    // What the first one says of a block.
+    ast_reader_result_t read(Octets octets) {
+        static ast_datablock_t block; // large, and used again
+        static Split split;
+        ast_reader_result_t decoded, splitted, learned;
+        ast_reader_decode(&decoding_, &block, octets.data(), octets.size(), &decoded);
+        ast_reader_split(&splitting_, split.fresh(), octets.data(), octets.size(), &splitted);
+        ast_reader_learn(&learning_, octets.data(), octets.size(), &learned);
+        for (const ast_reader_result_t *const result : {&decoded, &splitted, &learned}) check_result(*result, octets);
+
+        check_records(block, octets);
+        require(block.valid == decoded.valid && split.split.valid == splitted.valid,
+                "what a reader says of a block is not what it made of it");
+        require(has_records_of(split.split, block), "a split block lacks records of the decoded one");
+        require(same(splitted, learned), "what is learned of a block depends on whether it is split");
+        if (decoded.reason == AST_SPLIT_NO_ROOM) return decoded;
+        require(same(decoded, splitted), "a reader splits a block otherwise than it decodes it");
+        require(decoded.valid == is_filled(block, split.split), "a split block has other records than the decoded one");
+        return decoded;
+    }
+
+private:
+    static bool is_filled(const ast_datablock_t &block, const ast_split_t &split) {
+        return split.valid && split.record_count == block.record_count;
+    }
+
+    ast_reader_t decoding_;
+    ast_reader_t splitting_;
+    ast_reader_t learning_;
+};
+
+// Whether a profile takes all items of a block for what is published, or for what nobody has published: a reader does
+// not share its rules for subfields that it does not know and chains that do not end.
+bool is_as_published(const ast_datablock_t &block) {
+    const uint8_t *const end = block.data + block.length;
+    for (uint64_t i = 0; i < block.record_count; ++i) {
+        const ast_datarecord_t &record = block.records[i];
+        for (uint64_t k = 0; k < record.item_count; ++k) {
+            const ast_dataitem_t &item = record.items[k];
+            const auto left = static_cast<uint64_t>(end - item.data);
+            const bool is_described = ast_dataitem_describe(
+                item.type, record.uap, [](void *, const ast_field_t *) {}, nullptr);
+            if (is_described && ast_dataitem_get_published_size(item.data, left, item.type, record.uap) != item.size)
+                return false;
+        }
+    }
+    return true;
+}
+
+bool is_accepted_by_a_profile(Octets octets) {
+    static ast_datablock_t block; // large
+    const auto is_accepted = [] { return block.valid && is_as_published(block); };
+    ast_datablock_001_mixuap_decode_into(&block, octets.data(), octets.size());
+    if (octets[0] == 1 && is_accepted()) return true;
+    return std::ranges::any_of(profiles(), [&](const ast_uap_t *uap) {
+        ast_datablock_decode_into(&block, octets.data(), octets.size(), *uap);
+        return is_accepted();
+    });
+}
+
+// Up to LEN, or what is left where LEN says nothing.
+Octets first_block(Octets octets) {
+    const size_t length = octets.size() < 3 ? 0 : octets[1] * size_t{256} + octets[2];
+    return length < 3 || length > octets.size() ? octets : octets.first(length);
+}
+
+std::vector<ast_reader_result_t> read_all(Octets octets) {
+    std::vector<ast_reader_result_t> results;
+    Readers readers;
+    while (!octets.empty()) {
+        const Octets block = first_block(octets);
+        results.push_back(readers.read(block));
+        octets = octets.subspan(block.size());
+        require(results.back().valid || results.back().reason == AST_SPLIT_NO_ROOM || !is_accepted_by_a_profile(block),
+                "a reader refuses a block that a profile accepts");
+    }
+    return results;
 }
 
 } // namespace
 
 void run(Input input) {
-    constexpr size_t kAll = size_t{1} << 18;
-    const Octets octets = input.rest();
-    const size_t chunk_octets = octets.empty() ? 1 : octets.back() + size_t{1};
-    const size_t choice = octets.size() < 2 ? 0xFF : octets[octets.size() - 2];
-    const auto framings = astdump::framings();
-    const astdump::FramingKind *const framing = choice < framings.size() ? &framings[choice] : nullptr;
-    const File file(octets);
-    const Outcome serial = read(file.path(), {framing, 1, kAll});
-    require(serial == read(file.path(), {framing, 1, chunk_octets}),
-            "the output depends on how much is read at a time");
-    require(serial == read(file.path(), {framing, 2, chunk_octets}), "the output depends on the number of threads");
-    read_through_pipe(octets, {framing, 1, chunk_octets});
+    ast_log_handler_reg(nullptr);
+    const auto results = read_all(input.rest());
+    require(std::ranges::equal(results, read_all(input.rest()), same), "the same blocks are read differently");
 }
 
 } // namespace ast_fuzz

@@ -37,6 +37,21 @@ void check_record(const ast_datarecord_t &record, uint64_t available) {
     require(!record.valid || record.item_count == record.fspec.item_count, "a valid record lacks items");
 }
 
+void check_records(const ast_datablock_t &block, Octets octets) {
+    require(block.record_count <= AST_DATABLOCK_MAX_RECORDS, "a block holds more records than there is room for");
+    const uint8_t *next = block.records_data;
+    for (uint64_t i = 0; i < block.record_count; ++i) {
+        const ast_datarecord_t &record = block.records[i];
+        require(record.valid && record.data == next, "records do not follow one another");
+        next += record.size;
+        require(next <= octets.data() + octets.size(), "a record runs past what is available");
+        check_record(record, static_cast<uint64_t>(octets.data() + octets.size() - record.data));
+    }
+    if (!block.valid) return;
+    require(block.length <= octets.size(), "a block is longer than what is available");
+    require(next == octets.data() + block.length, "a valid block is not filled by its records");
+}
+
 void check_rewriting(const ast_datarecord_t &record) {
     constexpr ast_dataitem_src_list_t kNothing{};
     for (const uint64_t length : {record.size, record.size + 9}) {

@@ -10,6 +10,9 @@ bool same_octets(const uint8_t *one, const uint8_t *other, uint64_t count);
 // The octets that the record was decoded from begin at record.data; `available` of them may be read.
 void check_record(const ast_datarecord_t &record, uint64_t available);
 
+// The same for the records of a block, which follow one another and fill it when it is valid.
+void check_records(const ast_datablock_t &block, Octets octets);
+
 // Copies and modifies nothing in a valid record: both give its octets.
 void check_rewriting(const ast_datarecord_t &record);
 

@@ -157,14 +157,20 @@ int main(int argc, char **argv) {
         }
         encode.write({{0}, number(i), Bytes(48, 0x01)});
     }
-    Directory reader(root / "reader");
-    reader.write({recording_with_header()});
+    Directory input(root / "input");
+    input.write({recording_with_header()});
     Directory split(root / "split");
+    Directory reader(root / "reader");
     Blocks blocks;
     for (const uint32_t category : numbers)
         for (const ast_uap_t *const uap : profiles())
-            for (int i = 0; i < kBlocksOfCategory; ++i) split.write({blocks.next(category, *uap)});
-    return split.failed() || reader.failed() || item.failed() || text.failed() || encode.failed() || record.failed()
+            for (int i = 0; i < kBlocksOfCategory; ++i) {
+                const Bytes block = blocks.next(category, *uap);
+                split.write({block});
+                reader.write({block, blocks.next(category, *uap), block});
+            }
+    return split.failed() || reader.failed() || input.failed() || item.failed() || text.failed() || encode.failed() ||
+                   record.failed()
                ? 1
                : 0;
 }

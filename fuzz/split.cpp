@@ -4,13 +4,11 @@
 #include <array>
 #include <string>
 
-#include "harness.hpp"
+#include "splits.hpp"
 
 namespace ast_fuzz {
 
 namespace {
-
-constexpr size_t kRoom = 65536;
 
 std::vector<std::string> reports;
 
@@ -46,20 +44,13 @@ Decoded &decode(Decoded &decoded, Octets octets, const ast_uap_t &uap) {
     return decoded;
 }
 
-struct Split {
-    std::vector<ast_split_record_t> records = std::vector<ast_split_record_t>(kRoom);
-    std::vector<ast_split_item_t> items = std::vector<ast_split_item_t>(kRoom);
-    ast_split_t split{};
-    std::vector<std::string> reports{};
+struct Reported : Split {
+    std::vector<std::string> reports;
 };
 
-Split &split(Split &result, Octets octets, const ast_uap_t *uap) {
+Reported &split(Reported &result, Octets octets, const ast_uap_t *uap) {
     reports.clear();
-    result.split.records = result.records.data();
-    result.split.record_room = result.records.size();
-    result.split.items = result.items.data();
-    result.split.item_room = result.items.size();
-    const bool valid = ast_datablock_split(&result.split, octets.data(), octets.size(), uap);
+    const bool valid = ast_datablock_split(result.fresh(), octets.data(), octets.size(), uap);
     require(valid == result.split.valid && valid == (result.split.reason == AST_SPLIT_WHOLE),
             "a split block breaks off for no reason, or goes on for one");
     require(valid || result.split.end <= octets.size(), "a split block breaks off behind what is available");
@@ -67,18 +58,12 @@ Split &split(Split &result, Octets octets, const ast_uap_t *uap) {
     return result;
 }
 
-bool same(const ast_dataitem_t &one, const ast_dataitem_t &other) {
-    return one.data == other.data && one.size == other.size && one.type == other.type && one.valid == other.valid &&
-           one.following == other.following;
-}
-
 bool same(const ast_datarecord_t &one, const ast_datarecord_t &other) {
     return one.data == other.data && one.size == other.size && one.category == other.category &&
            one.fspec.data == other.fspec.data && one.fspec.length == other.fspec.length &&
            one.fspec.frn_count == other.fspec.frn_count && one.fspec.item_count == other.fspec.item_count &&
            one.fspec.valid == other.fspec.valid && one.valid == other.valid &&
-           std::equal(one.items, one.items + one.item_count, other.items, other.items + other.item_count,
-                      [](const auto &a, const auto &b) { return same(a, b); });
+           std::equal(one.items, one.items + one.item_count, other.items, other.items + other.item_count, same_item);
 }
 
 bool same(const ast_datablock_t &one, const ast_datablock_t &other) {
@@ -110,30 +95,9 @@ bool same(const ast_split_t &one, const ast_split_t &other) {
            std::ranges::equal(records_of(one), records_of(other), are_same);
 }
 
-// Whether a split block begins with the records of the decoded one.
-bool has_records_of(const ast_split_t &split, const ast_datablock_t &block) {
-    if (split.record_count < block.record_count) return false;
-    for (uint64_t i = 0; i < block.record_count; ++i) {
-        const ast_datarecord_t &record = block.records[i];
-        const ast_split_record_t &place = split.records[i];
-        if (block.data + place.offset != record.data || place.size != record.size) return false;
-        if (place.item_count != record.item_count) return false;
-        for (uint64_t k = 0; k < record.item_count; ++k)
-            if (!same(ast_split_get_item(&split, place.first_item + k), record.items[k])) return false;
-    }
-    return true;
-}
-
-// Whether what ended the decoding was the room of a block or of a record, which a split block does not share.
-bool is_full(const ast_datablock_t &block, const ast_split_t &split) {
-    if (block.record_count == AST_DATABLOCK_MAX_RECORDS) return true;
-    if (split.record_count == block.record_count) return split.broken.item_count > AST_DATARECORD_MAX_ITEMS;
-    return split.records[block.record_count].item_count > AST_DATARECORD_MAX_ITEMS;
-}
-
 void check_ways(Octets octets) {
     static Decoded by_table, by_asking; // large
-    static Split split_by_table, split_by_asking;
+    static Reported split_by_table, split_by_asking;
     std::memset(static_cast<void *>(by_table.block.records), 0xA5, sizeof by_table.block.records[0]);
     for (size_t i = 0; i < kTwins.size(); ++i) {
         const ast_uap_t &uap = *profiles()[i];
@@ -159,7 +123,7 @@ void check_ways(Octets octets) {
 // The choice finds a profile wherever one fits.
 void check_choice(Octets octets) {
     static Decoded chosen; // large
-    static Split split_chosen;
+    static Reported split_chosen;
     split_chosen.split.remembered = nullptr;
     split(split_chosen, octets, nullptr);
     for (const ast_uap_t *const uap : profiles()) {

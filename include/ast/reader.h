@@ -41,6 +41,15 @@ typedef struct {
 
 /** A reader, about 6 KB. All zero is a new one. */
 typedef struct {
+    /* The caller's. */
+    const ast_uap_t *forced; /* an exported profile, set before the first block: the categories that it is a candidate
+                                of are read with it, category 001 by AST_UAP_STANDARD as the mix of plots and tracks
+                                that it is. null: all profiles are chosen */
+    bool frozen; /* decoding and splitting learn nothing, only ast_reader_learn does: a block reads the same whatever
+                    is read before it. Of a source that is not known, what is known of the one of its category with the
+                    most blocks counts. */
+
+    /* The reader's own. */
     uint64_t clock;  /* blocks seen */
     uint64_t latest; /* place of the source seen last */
     ast_reader_source_t sources[AST_READER_SOURCES];
@@ -61,7 +70,7 @@ typedef struct {
     ast_dataitem_type_t broken_type; /* what that FRN announces */
 } ast_reader_result_t;
 
-/** Forgets all data sources. */
+/** Forgets all data sources, and sets the caller's members to zero. */
 AST_API void ast_reader_init(ast_reader_t *reader);
 
 /** Decodes the block at data, and keeps in mind what it tells of its source.
@@ -83,7 +92,7 @@ AST_API bool ast_reader_split(ast_reader_t *reader, ast_split_t *split, const ui
                               ast_reader_result_t *result);
 
 /** The same without a block: for looking through the beginning of a recording before it is decoded, so that the profile
- *  of a source does not change midway. */
+ *  of a source does not change midway when the reader is frozen then. */
 AST_API bool ast_reader_learn(ast_reader_t *reader, const uint8_t *data, uint64_t available,
                               ast_reader_result_t *result);
 

@@ -139,6 +139,7 @@ constexpr uint64_t kMaxAvailable = INT64_MAX;
 struct SlotsByBit {
     std::array<Slot, 64> slots{};
     uint64_t unknown = UINT64_MAX; // the bits that announce no item
+    bool is_open = false;          // other FRNs announce what they do in the base
 };
 
 inline constexpr SlotsByBit kNoSlots{};
@@ -192,6 +193,7 @@ constexpr auto kSlotsOf = [] {
         uint32_t frn = 0;
         for (const uint16_t number : kLayoutsOf<Category>[i]) {
             const unsigned bit = bit_of_frn(++frn);
+            editions[i].is_open = editions[i].is_open || number == kFrnOfBase;
             if (number >= kItemNumbers) continue;
             editions[i].slots[bit] = slot_of(Table, Category, number);
             editions[i].unknown &= ~(uint64_t{1} << bit);

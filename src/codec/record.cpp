@@ -114,8 +114,8 @@ namespace ast {
 
 Announced ask(const Reading &reading, uint32_t frn) {
     // One that is tried among others says nothing of what it does not know.
-    const bool has_slots = reading.slots != &kNoSlots;
-    if (reading.size_item && has_slots &&
+    const bool knows_all = reading.slots != &kNoSlots && !reading.slots->is_open;
+    if (reading.size_item && knows_all &&
         (frn > kFspecWordFrns || reading.slots->slots[bit_of_frn(frn)].type == AST_DATAITEM_NONE))
         return {AST_DATAITEM_NONE, &find_item(AST_DATAITEM_NONE)};
     const ast_dataitem_type_t type = reading.uap->get_dataitem(reading.category, frn);

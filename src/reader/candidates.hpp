@@ -44,12 +44,13 @@ struct CategoryCandidates {
     uint32_t category;
     Candidates candidates;
     std::span<const Mandatory> mandatory{};
+    const ast_uap_t *standard = &AST_UAP_STANDARD; // what the standard profile leaves the category to
 };
 
 inline constexpr CategoryCandidates kByCategory[] = {
     {1, kTargetReports},
     {2, kServiceMessages},
-    {21, kAdsB, kAdsBMandatory},
+    {21, kAdsB, kAdsBMandatory, &AST_UAP_CAT021_VER026},
 };
 
 inline CategoryCandidates find_candidates(uint32_t category) {
@@ -59,6 +60,17 @@ inline CategoryCandidates find_candidates(uint32_t category) {
     if (is_registered) return {category, kRegistered};
     const bool has_other = ast_uap_max_frn_published(category) != ast_uap_max_frn_published_other(category);
     return {category, Candidates(kPublishedOnly, has_other ? 2 : 1)};
+}
+
+// The candidate that a profile is, what is mixed of several being a matter of the standard one; all of them where it is
+// none.
+inline Candidates forced(const CategoryCandidates &own, const ast_uap_t &uap) {
+    const bool is_standard = uap.get_dataitem == AST_UAP_STANDARD.get_dataitem;
+    const auto *const wanted = is_standard ? own.standard : &uap;
+    for (const Candidate &candidate : own.candidates)
+        if (candidate.is_mixed ? is_standard : candidate.uap->get_dataitem == wanted->get_dataitem)
+            return {&candidate, 1};
+    return own.candidates;
 }
 
 } // namespace ast::reader

@@ -179,13 +179,18 @@ size_t furthest(const Block &block, Mask among) {
 
 // ---- What is known of a source ----
 
+constexpr unsigned kCategoryBits = 8;
+constexpr unsigned kSourceBits = 16;
+
+uint32_t category_of(uint32_t key) { return key >> kSourceBits & all_of(kCategoryBits); }
+
 // The data source of the first record, where FRN 1 announces it as it does in almost every category.
 uint32_t key_of(const Block &block) {
     constexpr uint32_t kDataSource = 10;
     constexpr uint32_t kKnown = UINT32_C(1) << 31; // so that no key is 0
-    constexpr uint32_t kHasSource = UINT32_C(1) << 24;
+    constexpr uint32_t kHasSource = UINT32_C(1) << (kSourceBits + kCategoryBits);
     const uint32_t category = block.own.category;
-    const uint32_t key = kKnown | category << 16;
+    const uint32_t key = kKnown | category << kSourceBits;
     const ast_fspec_t fspec = decode_fspec(block.data + kBlockHeaderOctets, block.length - kBlockHeaderOctets);
     const bool is_first = ast_uap_get_dataitem_published(category, 1) == AST_DATAITEM_TYPE(category, kDataSource);
     const uint64_t place = kBlockHeaderOctets + fspec.length;
@@ -209,6 +214,20 @@ Source &find_source(ast_reader_t &reader, uint32_t key) {
     oldest->last_seen = reader.clock;
     reader.latest = static_cast<uint64_t>(oldest - reader.sources);
     return *oldest;
+}
+
+// What a frozen reader knows of the source of a block, or else of the one of its category that most is known of.
+const Source *find_known(const ast_reader_t &reader, const Block &block) {
+    const Source *known = nullptr;
+    if (reader.sources[0].key == 0) return known;
+    const uint32_t key = key_of(block);
+    for (const Source &source : reader.sources) {
+        if (source.key == key) return &source;
+        if (source.key == 0) break; // the places are taken in their order
+        const bool is_of_category = category_of(source.key) == category_of(key);
+        if (is_of_category && source.blocks > (known ? known->blocks : 0)) known = &source;
+    }
+    return known;
 }
 
 // Those that nothing puts behind another one but their order.
@@ -246,10 +265,20 @@ void judge(Source &source, const Block &block, Mask fits) {
     source.judged += records;
 }
 
-// Those that are tried first.
-Mask first_tried(const Source &source, const Block &block) {
-    const Mask all = all_of(block.own.candidates.size());
-    return source.blocks < kNewBlocks ? all : leaders(source, block.own.candidates, all);
+// Those that are tried first, and whether no other comes into question while the first of them fits.
+struct Trial {
+    Mask tried;
+    bool is_settled;
+};
+
+Trial first_tried(const Source &source, const Block &block, bool learns) {
+    const Candidates &candidates = block.own.candidates;
+    const Mask all = all_of(candidates.size());
+    if (learns && source.blocks < kNewBlocks) return {all, false};
+    const bool has_rival = candidates.size() > 1 && candidates[0].tier == candidates[1].tier;
+    if (source.blocks == 0 && !has_rival) return {bit_of(0), true};
+    const Mask leading = leaders(source, candidates, all);
+    return {leading, std::has_single_bit(leading) || (!learns && source.blocks != 0)};
 }
 
 // Which candidates fit a block, told to its source.
@@ -297,9 +326,12 @@ void set_profile(ast_reader_result_t &result, const Candidate &candidate) {
     result.edition = edition ? edition->number : "";
 }
 
+bool learns_by_reading(const ast_reader_t *reader) { return !reader || !reader->frozen; }
+
 // Reads a block into what `read(candidate, category)` fills, which tells whether it became valid.
 template <typename Read>
-bool read_block(ast_reader_t *reader, const uint8_t *data, uint64_t available, ast_reader_result_t &result, Read read) {
+bool read_block(ast_reader_t *reader, bool learns, const uint8_t *data, uint64_t available, ast_reader_result_t &result,
+                Read read) {
     static constexpr Candidate kStandard{&AST_UAP_STANDARD, 0};
     const bool has_header = data && available >= kBlockHeaderOctets;
     result = {};
@@ -313,10 +345,13 @@ bool read_block(ast_reader_t *reader, const uint8_t *data, uint64_t available, a
         return false;
     }
 
-    const Block block{data, available, result.length, find_candidates(result.category)};
+    Block block{data, available, result.length, find_candidates(result.category)};
+    if (reader && reader->forced) block.own.candidates = forced(block.own, *reader->forced);
     Source own{};
-    Source &source = reader ? find_source(*reader, key_of(block)) : own;
-    const Mask tried = first_tried(source, block);
+    if (reader && !learns)
+        if (const Source *const known = find_known(*reader, block)) own = *known;
+    Source &source = reader && learns ? find_source(*reader, key_of(block)) : own;
+    const auto [tried, is_settled] = first_tried(source, block, learns);
     const auto is_read_with = [&](const Choice &choice) {
         const Candidate &candidate = block.own.candidates[choice.candidate];
         set_profile(result, candidate);
@@ -326,9 +361,8 @@ bool read_block(ast_reader_t *reader, const uint8_t *data, uint64_t available, a
         result.reason = result.valid ? AST_SPLIT_WHOLE : AST_SPLIT_NO_ROOM;
         return result.valid;
     };
-    // No other comes into question while it fits.
-    const bool is_settled = std::has_single_bit(tried) && source.blocks >= kNewBlocks;
-    if (is_settled && is_read_with({static_cast<size_t>(std::countr_zero(tried)), false})) return true;
+    const Choice first{static_cast<size_t>(std::countr_zero(tried)), !std::has_single_bit(tried)};
+    if (is_settled && is_read_with(first)) return true;
 
     const Mask fits = learn(source, block, tried);
     const Choice choice = choose(source, block, fits);
@@ -359,12 +393,13 @@ bool ast_reader_decode(ast_reader_t *reader, ast_datablock_t *block, const uint8
                        ast_reader_result_t *result) {
     if (!block) return ast_reader_learn(reader, data, available, result);
     Answer answer(result);
-    const bool is_valid =
-        read_block(reader, data, available, *answer, [&](const Candidate &candidate, uint32_t category) {
-            with_choice(candidate, category,
-                        [&](const auto &choice) { decode_block(*block, data, available, choice); });
-            return block->valid;
-        });
+    const bool is_valid = read_block(reader, learns_by_reading(reader), data, available, *answer,
+                                     [&](const Candidate &candidate, uint32_t category) {
+                                         with_choice(candidate, category, [&](const auto &choice) {
+                                             decode_block(*block, data, available, choice);
+                                         });
+                                         return block->valid;
+                                     });
     if ((*answer).reason == AST_SPLIT_NO_ROOM) {
         const ast_datarecord_t *const last = block->record_count ? &block->records[block->record_count - 1] : nullptr;
         (*answer).end = last ? static_cast<uint64_t>(last->data - data) + last->size : kBlockHeaderOctets;
@@ -376,18 +411,19 @@ bool ast_reader_split(ast_reader_t *reader, ast_split_t *split, const uint8_t *d
                       ast_reader_result_t *result) {
     if (!split) return ast_reader_learn(reader, data, available, result);
     Answer answer(result);
-    const bool is_valid =
-        read_block(reader, data, available, *answer, [&](const Candidate &candidate, uint32_t category) {
-            return with_choice(candidate, category,
-                               [&](const auto &choice) { return split_block(*split, data, available, choice); });
-        });
+    const bool is_valid = read_block(reader, learns_by_reading(reader), data, available, *answer,
+                                     [&](const Candidate &candidate, uint32_t category) {
+                                         return with_choice(candidate, category, [&](const auto &choice) {
+                                             return split_block(*split, data, available, choice);
+                                         });
+                                     });
     if ((*answer).reason == AST_SPLIT_NO_ROOM) (*answer).end = split->end;
     return is_valid;
 }
 
 bool ast_reader_learn(ast_reader_t *reader, const uint8_t *data, uint64_t available, ast_reader_result_t *result) {
     Answer answer(result);
-    return read_block(reader, data, available, *answer, [&](const Candidate &candidate, uint32_t category) {
+    return read_block(reader, true, data, available, *answer, [&](const Candidate &candidate, uint32_t category) {
         const Block block{data, available, (*answer).length, find_candidates(category)};
         return (*answer).length <= available && look_at(block, candidate).is_whole();
     });

@@ -35,40 +35,37 @@ public:
         return false;
     }
 
-    // Does something one step further down.
+    // Does something one step further down. The way there is put together on the way back, if anything is wrong.
     template <typename Do>
     bool within(Slice name, Do what) {
-        const size_t before = length_;
-        if (before != 0) append("/");
-        append(name);
-        return leave(before, what());
+        return what() || step(name);
     }
     template <typename Do>
     bool within(uint64_t element, Do what) {
-        const size_t before = length_;
-        char digits[kNumberRoom];
-        append("[");
-        append({digits, static_cast<size_t>(put_number(digits, element) - digits)});
-        append("]");
-        return leave(before, what());
+        if (what()) return true;
+        char digits[kNumberRoom + 2] = {'['};
+        char *const end = put_number(digits + 1, element);
+        *end = ']';
+        return step({digits, static_cast<size_t>(end + 1 - digits)});
     }
 
 private:
-    void append(Slice text) {
-        for (size_t i = 0; i < text.size() && length_ + 1 < sizeof path_; ++i) path_[length_++] = text[i];
-        path_[length_] = '\0';
+    // What stands in front of the way so far.
+    bool step(Slice text) {
+        if (path_[0] != '\0' && path_[0] != '[') prepend("/");
+        prepend(text);
+        return false;
     }
-    bool leave(size_t before, bool is_good) {
-        if (!is_good) return false;
-        length_ = before;
-        path_[length_] = '\0';
-        return true;
+    void prepend(Slice text) {
+        const size_t room = sizeof path_ - 1;
+        const size_t chars = text.size() < room ? text.size() : room;
+        std::memmove(path_ + chars, path_, room - chars);
+        std::memcpy(path_, text.data(), chars);
     }
 
     const char *what_ = nullptr;
     const char *place_ = nullptr;
     char path_[AST_JSON_PATH_CAPACITY] = {};
-    size_t length_ = 0;
 };
 
 // ---- Items ----
@@ -347,6 +344,7 @@ constexpr Slice kLineKeys[] = {"\"file\"",    "\"block\"",       "\"record\"", "
                                "\"profile\"", "\"ambiguous\"",   "\"error\"",  "\"octets\""};
 
 bool is_line_key(Slice key) {
+    if (key.size() < 2 || key[1] < 'a') return false; // as those of items
     for (const Slice known : kLineKeys)
         if (known == key) return true;
     return false;
@@ -469,13 +467,14 @@ private:
     // Finds the FRN of every item of the record. Those that the profile never encodes are looked for behind the others.
     bool announce() {
         uint64_t wanted = 0;
-        for (JsonItems each(text_); each.next();) wanted += !is_line_key(each.key());
+        object_.each_key([&](Slice key) { wanted += !is_line_key(key); });
+        const Edition *const edition = find_edition(result_.category, context_.uap);
         const uint32_t max_frn = context_.uap.max_frn ? context_.uap.max_frn(result_.category) : 0;
         for (uint32_t frn = 1; frn <= kMaxFrn && (frn <= max_frn || wanted != 0); ++frn) {
             Announced &item = announced_[frn];
             item.type = context_.uap.get_dataitem(result_.category, frn);
             if (item.type == AST_DATAITEM_NONE) continue;
-            item.field = find_item(item.type, context_.uap);
+            item.field = find_item(item.type, context_.uap, edition);
             char buffer[8];
             const Field unknown =
                 item.field ? Field{} : row(Kind::Raw, reference_of(item.type, is_second(frn), buffer), "", 0);

@@ -2,7 +2,9 @@
 
 #include "schema/json.hpp"
 
+#include <array>
 #include <bitset>
+#include <cstring>
 
 namespace ast::schema {
 
@@ -10,6 +12,7 @@ namespace {
 
 constexpr bool is_blank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 constexpr bool is_digit(char c) { return c >= '0' && c <= '9'; }
+constexpr bool is_plain(unsigned char c) { return c >= ' ' && c <= '~' && c != '"' && c != '\\'; }
 constexpr bool is_hex_digit(char c) { return is_digit(c) || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f'); }
 
 size_t after_blanks(Slice text, size_t at) {
@@ -100,6 +103,10 @@ private:
         ++at_;
         while (at_ < text_.size()) {
             const auto c = static_cast<unsigned char>(text_[at_]);
+            if (is_plain(c)) [[likely]] {
+                ++at_;
+                continue;
+            }
             if (c == '"') {
                 ++at_;
                 return true;
@@ -172,21 +179,61 @@ size_t after_string(Slice text, size_t at) {
     return at + 1;
 }
 
+// What a character is to one who looks for the end of a value.
+enum class Mark : uint8_t { None, Quote, Open, Close, Behind };
+constexpr auto kMarks = [] {
+    std::array<Mark, 256> marks{};
+    for (const char c : {' ', '\t', '\n', '\r', ','}) marks[static_cast<uint8_t>(c)] = Mark::Behind;
+    marks['"'] = Mark::Quote;
+    marks['{'] = marks['['] = Mark::Open;
+    marks['}'] = marks[']'] = Mark::Close;
+    return marks;
+}();
+Mark mark_of(char c) { return kMarks[static_cast<uint8_t>(c)]; }
+
+// The end of the object or array that starts at `at`.
+size_t after_container(Slice text, size_t at) {
+    unsigned level = 0;
+    for (;;) switch (mark_of(text[at])) {
+        case Mark::Quote:
+            at = after_string(text, at);
+            break;
+        case Mark::Open:
+            ++level;
+            ++at;
+            break;
+        case Mark::Close:
+            ++at;
+            if (--level == 0) return at;
+            break;
+        default:
+            ++at;
+        }
+}
+
 // The end of the value that starts at `at`.
 size_t after_value(Slice text, size_t at) {
-    unsigned level = 0;
-    for (;;) {
-        const char c = text[at];
-        if (c == '"') {
-            at = after_string(text, at);
-            if (level == 0) return at;
-            continue;
-        }
-        if (level == 0 && (c == ',' || c == '}' || c == ']' || is_blank(c))) return at;
-        ++at;
-        if (c == '{' || c == '[') ++level;
-        if ((c == '}' || c == ']') && --level == 0) return at;
+    const Mark first = mark_of(text[at]);
+    if (first == Mark::Quote) return after_string(text, at);
+    if (first == Mark::Open) return after_container(text, at);
+    while (mark_of(text[at]) < Mark::Close) ++at;
+    return at;
+}
+
+// What tells most keys apart at once, and those of four to eight characters entirely.
+constexpr bool is_all_in_mark(Slice key) { return key.size() >= sizeof(uint32_t) && key.size() <= sizeof(uint64_t); }
+uint64_t mark_of(Slice key) {
+    uint64_t mark = 0;
+    if (key.size() >= sizeof mark) {
+        std::memcpy(&mark, key.data(), sizeof mark);
+    } else if (key.size() >= sizeof(uint32_t)) {
+        uint32_t first = 0;
+        uint32_t last = 0;
+        std::memcpy(&first, key.data(), sizeof first);
+        std::memcpy(&last, key.data() + key.size() - sizeof last, sizeof last);
+        mark = uint64_t{last} << 32 | first;
     }
+    return mark;
 }
 
 } // namespace
@@ -219,7 +266,11 @@ bool JsonItems::next() {
 
 JsonObject::JsonObject(Slice text) {
     JsonItems each(text);
-    while (known_count_ < kMaxKnown && each.next()) known_[known_count_++] = {each.key(), each.value()};
+    while (known_count_ < kMaxKnown && each.next()) {
+        const Slice key = each.key();
+        const Slice value = each.value();
+        known_[known_count_++] = {mark_of(key), key.data(), key.size(), value.data(), value.size()};
+    }
     count_ = known_count_;
     if (known_count_ < kMaxKnown) return;
     beyond_ = each;
@@ -239,12 +290,21 @@ Slice JsonObject::find(Slice key) const {
 
 // From a place on and then from the first; sets the place behind the one that is found.
 Slice JsonObject::find(Slice key, unsigned from, unsigned &place) const {
-    for (unsigned i = 0; i < known_count_; ++i) {
-        const unsigned at = from + i < known_count_ ? from + i : from + i - known_count_;
-        if (known_[at].key != key) continue;
+    const uint64_t mark = mark_of(key);
+    const auto is_at = [&](unsigned at) {
+        const Member &member = known_[at];
+        return member.mark == mark && member.key_chars == key.size() &&
+               (is_all_in_mark(key) || Slice(member.key, member.key_chars) == key);
+    };
+    unsigned at = from;
+    while (at < known_count_ && !is_at(at)) ++at;
+    if (at == known_count_)
+        for (at = 0; at < from && !is_at(at);) ++at;
+    if (at < known_count_ && is_at(at)) {
         place = at + 1;
-        return known_[at].value;
+        return {known_[at].value, known_[at].value_chars};
     }
+    if (count_ == known_count_) return {};
     for (JsonItems each = beyond_; each.next();)
         if (each.key() == key) return each.value();
     return {};

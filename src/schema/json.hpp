@@ -59,9 +59,20 @@ public:
     bool has(Slice key) const { return !find(key).empty(); }
     bool is_used_up() const { return taken_ == count_; }
 
+    template <typename Take>
+    void each_key(Take take) const {
+        for (unsigned i = 0; i < known_count_; ++i) take(Slice(known_[i].key, known_[i].key_chars));
+        for (JsonItems each = beyond_; each.next();) take(each.key());
+    }
+
 private:
+    // Without a constructor: most of the places stay empty.
     struct Member {
-        Slice key, value;
+        uint64_t mark; // of the key
+        const char *key;
+        size_t key_chars;
+        const char *value;
+        size_t value_chars;
     };
     // Most objects have fewer members; those beyond are looked for in the text.
     static constexpr unsigned kMaxKnown = 40;

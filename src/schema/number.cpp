@@ -7,20 +7,19 @@ namespace ast::schema {
 
 namespace {
 
-// Wide enough for 18 digits times the denominator of any step, and for as many digits behind the point.
-__extension__ using Wide = __int128;
-
-constexpr unsigned kMaxDigits = 18;
-constexpr int32_t kMaxDecimals = 24; // smaller numbers round to 0 in any unit
+// Digits that are looked at, but for zeros in front, and decimals that are told apart.
+constexpr int32_t kMaxDigits = 18;
+constexpr uint64_t kOne = kPowersOfTen[kMaxDigits];
 
 constexpr char kTooLarge[] = "does not fit its bits";
 constexpr char kNoWholeNumber[] = "is no whole number";
 
-// digits × 10^exponent, less what 18 digits cannot tell.
+// ones + fraction / kOne, the fraction never below zero.
 struct Decimal {
-    uint64_t digits = 0;
-    int32_t exponent = 0;
-    bool is_negative = false;
+    int64_t ones = 0;
+    uint64_t fraction = 0;
+
+    Decimal operator-() const { return fraction == 0 ? Decimal{-ones, 0} : Decimal{-ones - 1, kOne - fraction}; }
 };
 
 constexpr bool is_digit(char c) { return c >= '0' && c <= '9'; }
@@ -34,53 +33,54 @@ int32_t read_exponent(std::string_view text) {
     return is_negative ? -exponent : exponent;
 }
 
-// A number that has the form that JSON wants.
-Decimal read_decimal(std::string_view text) {
-    Decimal number;
-    unsigned digits = 0;
-    bool is_fraction = false;
-    for (size_t i = 0; i < text.size(); ++i) {
-        const char c = text[i];
-        if (c == '-') number.is_negative = true;
-        if (c == '.') is_fraction = true;
-        if (c == 'e' || c == 'E') {
-            number.exponent += read_exponent(slice(text, i + 1));
-            break;
-        }
-        if (!is_digit(c)) continue;
-        if (digits < kMaxDigits) {
-            number.digits = number.digits * 10 + static_cast<uint64_t>(c - '0');
-            digits += number.digits != 0;
-            number.exponent -= is_fraction;
-        } else {
-            number.exponent += !is_fraction;
-        }
-    }
-    if (number.digits == 0) number.exponent = 0;
-    return number;
+// The last ones of the digits as decimals. Digits too far behind the point to be told count as little as can be.
+Decimal with_decimals(uint64_t digits, int32_t decimals) {
+    bool is_cut = false;
+    for (; decimals > kMaxDigits && digits != 0; --decimals, digits /= 10) is_cut = is_cut || digits % 10 != 0;
+    if (digits == 0) return {0, is_cut};
+    const uint64_t one = kPowersOfTen[static_cast<size_t>(decimals)];
+    return {static_cast<int64_t>(digits / one), digits % one * (kOne / one) | is_cut};
 }
 
-// To a whole number of digits and an exponent from -kMaxDecimals to 0; false where it is too large for any field.
-bool normalize(Decimal &number) {
-    for (; number.exponent > 0; --number.exponent) {
-        if (number.digits > UINT64_MAX / 100) return false;
-        number.digits *= 10;
+// A number that has the form that JSON wants; false for one that is too large for any field.
+bool read_decimal(Decimal &number, std::string_view text) {
+    uint64_t digits = 0;
+    int32_t exponent = 0;
+    bool is_fraction = false;
+    const bool is_negative = text.starts_with('-');
+    for (size_t i = is_negative; i < text.size(); ++i) {
+        const char c = text[i];
+        if (is_digit(c)) {
+            const bool counts = digits < kOne / 10;
+            if (counts) digits = digits * 10 + static_cast<uint64_t>(c - '0');
+            exponent += int32_t{!counts} - int32_t{is_fraction};
+        } else if (c == '.') {
+            is_fraction = true;
+        } else {
+            exponent += read_exponent(slice(text, i + 1));
+            break;
+        }
     }
-    if (number.exponent < -kMaxDecimals - static_cast<int32_t>(kMaxDigits)) number = {};
-    for (; number.exponent < -kMaxDecimals; ++number.exponent) number.digits /= 10;
-    while (number.exponent < 0 && number.digits % 10 == 0 && number.digits != 0) number.digits /= 10, ++number.exponent;
+    if (digits == 0) return true;
+    for (; exponent > 0 && digits < kOne / 10; --exponent) digits *= 10;
+    if (exponent > 0) return false;
+    number = exponent == 0 ? Decimal{static_cast<int64_t>(digits), 0} : with_decimals(digits, -exponent);
+    if (is_negative) number = -number;
     return true;
 }
 
-Wide wide_power_of_ten(int32_t exponent) {
-    Wide power = 1;
-    while (exponent-- > 0) power *= 10;
-    return power;
-}
-
-Wide rounded(Wide numerator, Wide denominator) {
-    const Wide half = denominator / 2;
-    return numerator < 0 ? -((-numerator + half) / denominator) : (numerator + half) / denominator;
+// A quantity from zero on in steps, to the nearest one; false where it is too large for any field.
+bool to_steps(uint64_t &steps, const Field &field, const Decimal &quantity) {
+    constexpr uint64_t kHalf = kPowersOfTen[kMaxDigits / 2]; // of the digits, so that products fit
+    const auto ones = static_cast<uint64_t>(quantity.ones);
+    if (ones > (uint64_t{field.numerator} << 32) / field.denominator + 1) return false;
+    const uint64_t low = quantity.fraction % kHalf * field.denominator;
+    const uint64_t high = quantity.fraction / kHalf * field.denominator + low / kHalf;
+    const uint64_t parts = ones * field.denominator + high / kHalf; // as many of which as numerator make a step
+    const uint64_t fraction = high % kHalf * kHalf + low % kHalf;   // of a part
+    steps = parts / field.numerator;
+    steps += 2 * (parts % field.numerator) + (2 * fraction >= kOne) >= field.numerator;
+    return true;
 }
 
 } // namespace
@@ -92,20 +92,18 @@ double number_of(const Field &field, uint64_t raw) {
 }
 
 const char *read_value(uint64_t &raw, const Field &field, std::string_view number) {
-    Decimal decimal = read_decimal(number);
-    if (!normalize(decimal)) return kTooLarge;
-    Wide value = decimal.is_negative ? -Wide{decimal.digits} : Wide{decimal.digits};
-    const Wide ones = wide_power_of_ten(-decimal.exponent);
-    if (field.is_quantity())
-        value = rounded((value - field.offset * ones) * field.denominator, ones * field.numerator);
-    else if (value % ones != 0)
-        return kNoWholeNumber;
-    else
-        value /= ones;
-    const Wide least = field.kind == Kind::Signed ? -(Wide{1} << (field.bits - 1)) : Wide{0};
-    const Wide behind = field.kind == Kind::Signed ? Wide{1} << (field.bits - 1) : Wide{1} << field.bits;
-    if (value < least || value >= behind) return kTooLarge;
-    raw = static_cast<uint64_t>(value) & ((uint64_t{1} << field.bits) - 1);
+    Decimal value;
+    if (!read_decimal(value, number)) return kTooLarge;
+    value.ones -= field.offset;
+    const bool is_below_zero = value.ones < 0;
+    if (is_below_zero) value = -value;
+    auto size = static_cast<uint64_t>(value.ones);
+    if (field.is_quantity() && !to_steps(size, field, value)) return kTooLarge;
+    if (!field.is_quantity() && value.fraction != 0) return kNoWholeNumber;
+    const bool is_signed = field.kind == Kind::Signed;
+    const uint64_t behind = uint64_t{1} << (field.bits - is_signed);
+    if (is_below_zero ? size > (is_signed ? behind : 0) : size >= behind) return kTooLarge;
+    raw = (is_below_zero ? -size : size) & ((uint64_t{1} << field.bits) - 1);
     return nullptr;
 }
 

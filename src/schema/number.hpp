@@ -1,6 +1,8 @@
 // Quantities and numbers as decimal digits, exactly both ways: what is printed reads back to the same bits.
 #pragma once
 
+#include <bit>
+#include <concepts>
 #include <cstring>
 #include <string_view>
 
@@ -8,11 +10,8 @@
 
 namespace ast::schema {
 
-// Room for any number of 64 bits.
-constexpr unsigned kNumberChars = 24;
-
-// What a number may take while it is put together: two copies, a sign and a point.
-constexpr unsigned kNumberRoom = 2 * kNumberChars + 2;
+// Room for any number of 64 bits, with a sign and a point.
+constexpr unsigned kNumberRoom = 24;
 
 constexpr char digit(uint64_t value) { return static_cast<char>('0' + value); }
 
@@ -23,34 +22,53 @@ inline constexpr auto kDigitPairs = [] {
     return pairs;
 }();
 
-// The digits of a number in front of a place; returns the first.
-inline char *put_digits_before(char *end, uint64_t value) {
-    for (; value >= 100; value /= 100) std::memcpy(end -= 2, &kDigitPairs[2 * (value % 100)], 2);
-    if (value < 10) {
-        *--end = digit(value);
-        return end;
+// 1, 10, 100 ...
+inline constexpr auto kPowersOfTen = [] {
+    std::array<uint64_t, 20> powers{1};
+    for (size_t i = 1; i < powers.size(); ++i) powers[i] = powers[i - 1] * 10;
+    return powers;
+}();
+
+// Of a number that is not 0.
+constexpr unsigned count_digits(uint64_t value) {
+    constexpr unsigned kLogOfTwo = 1233; // a decimal logarithm, in 4096ths: near enough up to 64 bits
+    const unsigned digits = static_cast<unsigned>(std::bit_width(value)) * kLogOfTwo >> 12;
+    return digits + (value >= kPowersOfTen[digits]);
+}
+
+// So many digits of a number in front of a place, which moves there; returns what is left of the number.
+template <std::unsigned_integral Number>
+inline Number put_digits_before(char *&end, Number value, unsigned digits) {
+    for (; digits >= 2; digits -= 2, value /= 100) std::memcpy(end -= 2, &kDigitPairs[2 * (value % 100)], 2);
+    if (digits == 0) return value;
+    *--end = digit(value % 10);
+    return value / 10;
+}
+
+// A number that is not 0, with its last digits behind the point, zeros at the end left out there.
+template <std::unsigned_integral Number>
+inline char *put_digits(char *out, Number value, unsigned decimals) {
+    while (decimals != 0 && value % 10 == 0) value /= 10, --decimals;
+    unsigned digits = count_digits(value);
+    if (digits <= decimals) digits = decimals + 1;
+    char *const end = out + digits + (decimals != 0);
+    char *at = end;
+    if (decimals != 0) {
+        value = put_digits_before(at, value, decimals);
+        *--at = '.';
     }
-    std::memcpy(end -= 2, &kDigitPairs[2 * value], 2);
+    put_digits_before(at, value, digits - decimals);
     return end;
 }
 
-// A number with its last digits behind the point, zeros at the end left out. Writes somewhat more than the number at
-// out, and returns its end.
 inline char *put_decimal(char *out, uint64_t value, unsigned decimals) {
-    char digits[2 * kNumberChars]; // as much behind the number, so that copies are of a fixed size
-    char *const end = digits + kNumberChars;
-    std::memset(digits, '0', kNumberChars);
-    char *first = put_digits_before(end, value);
-    char *const point = end - decimals;
-    if (first >= point) first = point - 1;
-    std::memcpy(out, first, kNumberChars);
-    out += point - first;
-    if (decimals == 0) return out;
-    *out = '.';
-    std::memcpy(out + 1, point, kNumberChars);
-    out += decimals + 1;
-    while (out[-1] == '0') --out;
-    return out - (out[-1] == '.');
+    if (value == 0) {
+        *out = '0';
+        return out + 1;
+    }
+    if (value > UINT32_MAX) [[unlikely]] // division is dearer
+        return put_digits(out, value, decimals);
+    return put_digits(out, static_cast<uint32_t>(value), decimals);
 }
 
 inline char *put_number(char *out, uint64_t value) {
@@ -72,12 +90,6 @@ constexpr uint64_t in_decimals(const Field &field, uint64_t raw) {
     return (raw * field.factor + (uint64_t{1} << field.shift >> 1)) >> field.shift;
 }
 
-constexpr int64_t power_of_ten(unsigned exponent) {
-    int64_t power = 1;
-    while (exponent-- != 0) power *= 10;
-    return power;
-}
-
 // A number or quantity of a field.
 inline char *put_value(char *out, const Field &field, uint64_t raw) {
     if (field.kind == Kind::Unsigned && field.is_quantity() && field.offset == 0)
@@ -88,7 +100,8 @@ inline char *put_value(char *out, const Field &field, uint64_t raw) {
     if (!field.is_quantity()) return put_number(out, size);
     if (field.offset == 0) [[likely]]
         return put_decimal(out, in_decimals(field, size), field.decimals);
-    const int64_t value = static_cast<int64_t>(in_decimals(field, size)) + field.offset * power_of_ten(field.decimals);
+    const int64_t value = static_cast<int64_t>(in_decimals(field, size)) +
+                          field.offset * static_cast<int64_t>(kPowersOfTen[field.decimals]);
     *out = '-';
     out += value < 0;
     return put_decimal(out, static_cast<uint64_t>(value < 0 ? -value : value), field.decimals);

@@ -102,11 +102,14 @@ char *put_hex(char *out, uint64_t value, unsigned digits) {
 char *put_icao(char *out, const Field &field, uint64_t raw, bool &is_lossy) {
     *out++ = '"';
     char *end = out;
-    for (unsigned i = 0; i < field.bits / kIcaoBits; ++i) {
-        *out++ = icao_character(field, raw, i);
-        is_lossy |= out[-1] == kUndefinedCharacter;
-        if (out[-1] != ' ') end = out;
+    bool is_any_undefined = false;
+    for (unsigned left = field.bits; left != 0; left -= kIcaoBits) {
+        const char character = kIcaoCharacters[raw >> (left - kIcaoBits) & 0x3F];
+        *out++ = character;
+        is_any_undefined |= character == kUndefinedCharacter;
+        if (character != ' ') end = out;
     }
+    is_lossy |= is_any_undefined;
     *end++ = '"';
     return end;
 }
@@ -120,8 +123,9 @@ public:
     Json(char *text, uint64_t capacity, bool texts) : out_(text, capacity), texts_(texts) {}
 
     void open(const Field &field) {
+        const char bracket = is_list(field) ? '[' : '{';
         char *const out = key(field);
-        *out = is_list(field) ? '[' : '{';
+        *out = bracket;
         out_.end(out + 1);
     }
     void close(const Field &field) { close(is_list(field) ? ']' : '}'); }
@@ -143,7 +147,11 @@ public:
 
     void value(const Field &field, uint64_t raw) {
         if (std::is_same_v<Out, Bounded> && texts_ && field.kind == Kind::Code && code_with_text(field, raw)) return;
-        char *const out = put_raw(key(field), field, raw);
+        char *out = key(field);
+        if (field.kind == Kind::Code && raw < 10) [[likely]] // as most are
+            *out++ = digit(raw);
+        else
+            out = put_raw(out, field, raw);
         *out = ',';
         out_.end(out + 1);
     }
@@ -187,9 +195,10 @@ private:
         return out + field.key_chars;
     }
 
-    char *put_raw(char *out, const Field &field, uint64_t raw) {
-        if (field.kind == Kind::Code) return put_number(out, raw); // most values are
+    [[gnu::noinline]] char *put_raw(char *out, const Field &field, uint64_t raw) {
         switch (field.kind) {
+        case Kind::Code:
+            return put_number(out, raw);
         case Kind::Octal:
             return put_octal(out, raw, field.bits / kOctalBits);
         case Kind::Icao:
@@ -271,23 +280,32 @@ private:
         return is_overlong || is_no_character ? 0 : octets;
     }
 
-    // How many characters at the front stand for themselves, as far as a piece goes.
-    static size_t plain_chars(std::string_view text) {
-        size_t chars = 0;
-        while (chars < text.size() && chars < kPieceChars && is_printable(static_cast<uint8_t>(text[chars])) &&
-               text[chars] != '"' && text[chars] != '\\')
-            ++chars;
-        return chars;
+    // Whether eight characters stand for themselves: none is a control character, a quote, a backslash or beyond ASCII.
+    static bool are_plain(uint64_t eight) {
+        constexpr uint64_t kEach = 0x0101010101010101;
+        const auto any_below = [](uint64_t octets, uint64_t limit) { return (octets - kEach * limit) & ~octets; };
+        const uint64_t others =
+            any_below(eight, ' ') | any_below(eight ^ kEach * '"', 1) | any_below(eight ^ kEach * '\\', 1) | eight;
+        return (others & kEach << 7) == 0;
+    }
+
+    // Puts what stands for itself at the front of a text, eight characters at a time; returns the rest.
+    std::string_view plain(std::string_view text) {
+        uint64_t eight = 0;
+        while (text.size() >= sizeof eight) {
+            std::memcpy(&eight, text.data(), sizeof eight);
+            if (!are_plain(eight)) break;
+            char *const out = out_.begin();
+            std::memcpy(out, &eight, sizeof eight);
+            out_.end(out + sizeof eight);
+            text.remove_prefix(sizeof eight);
+        }
+        return text;
     }
 
     void string(std::string_view text) {
         out_.end(put(out_.begin(), "\""));
-        while (!text.empty()) {
-            if (const size_t plain = plain_chars(text)) {
-                out_.end(put(out_.begin(), slice(text, 0, plain)));
-                text.remove_prefix(plain);
-                continue;
-            }
+        for (text = plain(text); !text.empty();) {
             const size_t octets = utf8_octets(text);
             if (octets > 1)
                 out_.end(put(out_.begin(), slice(text, 0, octets)));
@@ -341,6 +359,7 @@ public:
     RecordWriter(char *text, uint64_t capacity, const ast_datarecord_t &record, const ast_json_line_t &line)
         : json_(text, capacity, line.texts),
           record_(record),
+          first_type_(AST_DATAITEM_TYPE(record.category, 0)),
           edition_(find_edition(record.category, record.uap)),
           context_{record.uap, record.category, 0} {}
 
@@ -375,7 +394,7 @@ private:
         if (!is_whole) json_.out().rewind(before);
         const bool is_lossy = json_.was_lossy() || walk.is_lossy();
         if (!is_whole || is_lossy) needs_octets_ |= uint32_t{1} << place;
-        if (item.type == AST_DATAITEM_TYPE(record_.category, 0) && item.size == 1) context_.message_type = *item.data;
+        if (item.type == first_type_ && item.size == 1) context_.message_type = *item.data;
     }
 
     bool is_second(uint64_t place) const {
@@ -397,6 +416,7 @@ private:
 
     Json<Out> json_;
     const ast_datarecord_t &record_;
+    const ast_dataitem_type_t first_type_; // of the category: the type of a message
     const Edition *edition_;
     Context context_;
     uint32_t needs_octets_ = 0; // by the place of an item

@@ -100,6 +100,20 @@ public:
         : bits_(bits), visitor_(visitor), context_(context) {}
 
     bool field(const Field *field) {
+        if (field->kind <= Kind::Octal && field->bits <= kMaxNumberBits) { // the simplest, without much ado
+            if (!bits_.has(field->bits)) return false;
+            number(field, bits_.take(field->bits));
+            return true;
+        }
+        return composite(field);
+    }
+
+    // Whether what was visited does not give the octets back: spare bits are set, a chain goes on, octets are left.
+    bool is_lossy() const { return loses_ || bits_.bits_left() != 0; }
+    const BitReader &bits() const { return bits_; }
+
+private:
+    bool composite(const Field *field) {
         switch (field->kind) {
         case Kind::Group:
             if (!bits_.has(field->bits)) return false;
@@ -128,11 +142,6 @@ public:
         }
     }
 
-    // Whether what was visited does not give the octets back: spare bits are set, a chain goes on, octets are left.
-    bool is_lossy() const { return loses_ || bits_.bits_left() != 0; }
-    const BitReader &bits() const { return bits_; }
-
-private:
     // The members of a group whose octets are there.
     void members(const Field *parent) {
         if (is_number(*parent)) return members_of(parent, bits_.take(parent->bits));
@@ -152,14 +161,19 @@ private:
             return value;
         };
         const Field *const end = behind(parent);
-        for (const Field *member = parent + 1; member != end; member = behind(member)) {
+        for (const Field *member = parent + 1; member != end;) {
             const uint64_t value = take(member->bits);
-            if (member->kind <= Kind::Octal) [[likely]]
-                number(member, value);
+            if (member->kind <= Kind::Octal) [[likely]] { // which has no rows of its own
+                number(member++, value);
+                continue;
+            }
+            if (member->kind == Kind::Spare)
+                lose(value != 0);
             else if (member->kind != Kind::Status)
                 bits_of(member, value);
             else if (!value)
                 member = behind(member), lose(take(member->bits) != 0); // which means nothing
+            member = behind(member);
         }
     }
 

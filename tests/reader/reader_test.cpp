@@ -90,6 +90,12 @@ TEST_F(Reader, ReadsPlotsAndTracksAsTheRecordBefore) {
     EXPECT_FALSE(result.ambiguous);
 }
 
+TEST_F(Reader, KnowsTheLayoutsOfParticularRadars) {
+    EXPECT_TRUE(decode(1, "81 01 01 40 19 0C 12 34")); // FRN 1 as everywhere, FRN 23 as of one kind
+    EXPECT_EQ(items(), "1010+2 1951+2");
+    EXPECT_STREQ(result.profile, "managair");
+}
+
 // Edition 2.1 ends I021/271 with its second octet, whose last bit is of LW; later ones take that bit for FX.
 TEST_F(Reader, ChoosesTheEditionThatFitsAllBlocksOfASource) {
     // FRN 1, 2 and 11: I021/010, 040 and 080
@@ -156,6 +162,42 @@ TEST_F(Reader, LooksBeforeItReadsAndSplits) {
     EXPECT_FALSE(ast_reader_split(reader.get(), &split, many.data(), many.size(), &result));
     EXPECT_EQ(result.reason, AST_SPLIT_NO_ROOM);
     EXPECT_EQ(result.end, 34U); // the item of the eleventh record, behind its FSPEC
+}
+
+TEST_F(Reader, LearnsNothingByReadingWhenFrozen) {
+    const char *const any_edition = "C1 10 19 0C 00 12 34 56";
+    const auto old = block_of(21, octets("C1 11 01 01 01 40 19 0C 00 12 34 56 01 03"));
+    reader->frozen = true;
+    EXPECT_TRUE(decode(old));
+    EXPECT_STREQ(result.edition, "2.1");
+    EXPECT_TRUE(decode(21, any_edition));
+    EXPECT_STREQ(result.edition, "2.7");
+    EXPECT_TRUE(ast_reader_learn(reader.get(), old.data(), old.size(), nullptr));
+    EXPECT_TRUE(decode(21, any_edition));
+    EXPECT_STREQ(result.edition, "2.1");
+    EXPECT_FALSE(result.ambiguous);
+    EXPECT_TRUE(decode(21, "C1 10 19 0D 00 12 34 56")); // another source of the category
+    EXPECT_STREQ(result.edition, "2.1");
+    EXPECT_TRUE(decode(21, "C0 19 0C 01 00 80 19 0C")); // of any edition, I021/040 being chained
+    EXPECT_STREQ(result.edition, "2.1");
+    EXPECT_FALSE(decode(48, "82 19 0C")); // and of a category of which nothing is known
+    EXPECT_EQ(result.reason, AST_SPLIT_ITEM_CUT);
+}
+
+TEST_F(Reader, ReadsByTheProfileThatIsForced) {
+    const char *const plot_or_track = "F0 19 0C 80 01 23 40 00 00 00"; // I001/161 and 040, or 040 and 070
+    reader->forced = &AST_UAP_STANDARD;
+    EXPECT_TRUE(decode(1, plot_or_track));
+    EXPECT_EQ(items(), "1010+2 1020+1 1161+2 1040+4");
+    EXPECT_FALSE(decode(21, "C0 19 0C 00")); // I021/040 of edition 0.26 takes two octets
+    EXPECT_STREQ(result.profile, "cat021-0.26");
+    EXPECT_TRUE(decode(247, "80 19 0C"));
+    EXPECT_STREQ(result.profile, "published");
+    reader->forced = &AST_UAP_CAT001_PLOT;
+    EXPECT_TRUE(decode(1, plot_or_track));
+    EXPECT_EQ(items(), "plot 1010+2 1020+1 1040+4 1070+2");
+    EXPECT_TRUE(decode(21, "C0 19 0C 00"));
+    EXPECT_STREQ(result.profile, "published");
 }
 
 } // namespace

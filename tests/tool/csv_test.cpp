@@ -38,7 +38,7 @@ TEST(Csv, IsTheSameWithAnyNumberOfJobs) {
 TEST(Csv, QuotesAndNamesFiles) {
     Command command;
     command.write("a,\"b", read_file(kSample));
-    EXPECT_EQ(command.run("--csv I010/SIC 'a,\"b' " + kSample + " --count 1 --category 48").out,
+    EXPECT_EQ(command.run("--csv I010/SIC 'a,\"b' " + kSample + " --count 2 --category 48").out,
               "file,block,record,time,category,I010/SIC\n"
               "\"a,\"\"b\",2,1,,48,12\n"
               "\"a,\"\"b\",2,2,,48,12\n");

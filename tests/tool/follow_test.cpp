@@ -18,9 +18,10 @@ std::string counts(const std::string &blocks, const std::string &items, const st
     const auto column = [](const std::string &text, size_t width) {
         return std::string(width - text.size(), ' ') + text;
     };
-    const std::string row =
-        column(blocks, 11) + column("0", 11) + column(blocks, 11) + column(items, 13) + column(octets, 15) + '\n';
-    return "Category     Blocks    Invalid    Records        Items         Octets\n034     " + row + "all     " + row;
+    const std::string row = column(blocks, 11) + column("0", 11) + column("0", 12) + column(blocks, 11) +
+                            column(items, 13) + column(octets, 14) + '\n';
+    return "Category     Blocks    Damaged Unsupported    Records        Items        Octets\n034     " + row +
+           "all     " + row;
 }
 
 TEST(Follow, ReadsWhatIsAddedToAFile) {

@@ -104,7 +104,7 @@ TEST(Json, LinesOfOneBlockBecomeThatBlockAgain) {
             R"({"block":5,"category":48,"I010":{"SAC":1,"SIC":2}})" + "\n" +
             R"({"block":5,"category":48,"error":"why","data":"8001"})");
     const Result result = command.run("input | grep '^#'");
-    EXPECT_EQ(result.out, "#1  2024-02-29 07:08:09.000012  10.0.0.1:4000 > 10.0.0.2:8600"
+    EXPECT_EQ(result.out, "#1  2024-02-29 07:08:09.000012Z  10.0.0.1:4000 > 10.0.0.2:8600"
                           "  CAT 034  11 octets  standard  2 records  valid\n"
                           "#2  CAT 034  7 octets  standard  1 record  valid\n"
                           "#3  CAT 034  7 octets  standard  1 record  valid\n"

@@ -89,6 +89,16 @@ TEST(Jobs, EndWhenNobodyReads) {
     }
 }
 
+// What is written to a file does not end with whoever reads the rest.
+TEST(Jobs, WriteFilesWhereNobodyReads) {
+    Command command;
+    command.write("raw", joined(mixed_blocks(12000)));
+    command.run("--html whole --write whole.ast raw");
+    command.run("--list --html page --write blocks.ast raw | head -n 1");
+    EXPECT_TRUE(read_file(command.directory() + "/page") == read_file(command.directory() + "/whole"));
+    EXPECT_TRUE(read_file(command.directory() + "/blocks.ast") == read_file(command.directory() + "/whole.ast"));
+}
+
 // What has come is shown, and the page is closed, before the signal takes its course.
 TEST(Jobs, EndOnASignal) {
     for (const char *const jobs : {"1", "3"}) {
@@ -105,6 +115,26 @@ TEST(Jobs, EndOnASignal) {
         EXPECT_EQ(result.status, -1); // by the signal
         EXPECT_EQ(result.err.find("astdump: page: a page of "), 0U) << result.err;
         EXPECT_NE(read_file(command.directory() + "/page").find("</html>"), std::string::npos);
+    }
+}
+
+// Counts and reports are not lost with the rest of the input.
+TEST(Jobs, TellWhatWasReadUpToASignal) {
+    for (const int signal : {SIGINT, SIGTERM}) {
+        Command command;
+        const std::string fifo = command.directory() + "/fifo";
+        ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+        const int pipe = open(fifo.c_str(), O_RDWR | O_CLOEXEC);
+        Background tool(command, "--stats --write new.ast - < fifo");
+        const std::string blocks = hex("30 0007 C0 190C 54") + kSector + hex("30 0007 C0 190C 54") + kSector;
+        EXPECT_EQ(write(pipe, blocks.data(), blocks.size()), std::ssize(blocks));
+        tool.wait_for_report("damaged in record 1");
+        const Result result = tool.end(signal);
+        close(pipe);
+        EXPECT_EQ(result.status, -1);
+        EXPECT_NE(result.out.find("\nall "), std::string::npos) << result.out;
+        EXPECT_NE(result.err.find("astdump: lost: "), std::string::npos) << result.err;
+        EXPECT_EQ(blocks.find(read_file(command.directory() + "/new.ast")), 0U);
     }
 }
 

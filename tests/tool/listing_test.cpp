@@ -2,7 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "command.hpp"
+#include "captures.hpp"
+#include "pseudo_terminal.hpp"
 
 namespace {
 
@@ -13,16 +14,29 @@ const std::string kSample = SAMPLES "/radar.ast";
 
 TEST(Listing, FitsTheTerminal) {
     Command command;
-    command.write("a", kSector);
-    const Result result = command.run("--version >&2; script -qec 'stty cols 80; " ASTDUMP
-                                      " --color never a 2>/dev/null' /dev/null | tr -d '\\r' | sed 1,2d");
-    EXPECT_EQ(result.out, R"(    I034/010  Data Source Identifier     2  SAC:025 SIC:012    19 0c
+    command.write("a", pcap(1, {ethernet(ipv4(udp(kSector)))}));
+    PseudoTerminal terminal(command, "--color never a");
+    EXPECT_EQ(terminal.wait(), 0);
+    EXPECT_EQ(terminal.screen(), R"(#1  2024-05-06 07:08:09.000012Z  10.0.0.1:4000 > 239.1.1.1:8600
+    CAT 034  11 octets  standard  1 record  valid
+  record 1  8 octets
+    I034/010  Data Source Identifier     2  SAC:025 SIC:012    19 0c
     I034/000  Message Type               1  MSG_TYPE:SECTOR_CROSSING
                                                                02
     I034/030  Time of Day                3  TOD:12:00:01.000   54 60 80
     I034/020  Sector Number              1  SECTOR:090DEG      40
 
+
 )");
+}
+
+// Whoever reads from a pipe may say how wide lines are.
+TEST(Listing, IsAsWideAsIsAskedFor) {
+    Command command;
+    command.write("a", kSector);
+    const Result result = command.run("--version >&2; export COLUMNS=160; " ASTDUMP " a | grep I034/010");
+    EXPECT_EQ(result.out, "    I034/010  Data Source Identifier                                2  "
+                          "SAC:025 SIC:012                            19 0c\n");
 }
 
 TEST(Listing, ShowsEveryField) {
@@ -41,6 +55,39 @@ TEST(Listing, ShowsLongDetailsToTheirEnd) {
     EXPECT_EQ(command.run("--detail a | grep 'MCP/FCU Selected Altitude' | uniq -c | sed 's/^ *//'").out,
               "7                 MCP/FCU Selected Altitude    35008 FT  valid\n"
               "1                 MCP/FCU Selected Altitude    16 FT    valid\n");
+}
+
+// Items that the library has no views of, I021/165 twice with the same octets: turn indicator and rate of turn in
+// edition 0.26, 10 bits of track angle rate since 2.1. Behind it stand I021/148 and I021/016.
+const std::string kUnread = hex("15 0010 810130 190C 0128 000000000000 15 000F 810101050A 190C 0128 2578 00");
+
+TEST(Listing, FillsInPublishedValuesOfTheRightEdition) {
+    Command command;
+    command.write("a", kUnread);
+    EXPECT_EQ(command.run("a | grep -E 'I021/1(65|48)'").out,
+              "    I021/165  Track Angle Rate                           2  TI:NOT_AVAILABLE ROT:5         01 28\n"
+              "    I021/165  Track Angle Rate                           2  TAR:9.25                       01 28\n"
+              "    I021/148  Final State Selected Altitude              2  AM:ACTIVE ALT:35000            25 78\n");
+    EXPECT_EQ(command.run("--detail a | grep -A 4 -E 'I021/1(65|48)' | grep '^  *I1'").out,
+              "              I165/TI   Turn Indicator  0 Not available\n"
+              "              I165/ROT  Rate of Turn    5 deg/s\n"
+              "              I165/TAR  Track Angle Rate  9.25 deg/s\n"
+              "              I148/MV   Manage Vertical Mode  0 Not active or unknown\n"
+              "              I148/AH   Altitude Hold Mode    0 Not active or unknown\n"
+              "              I148/AM   Approach Mode         1 Active\n"
+              "              I148/ALT  Altitude              35000 ft\n");
+    command.write("b", hex("CD 000A B0 190C 01 546040"));
+    EXPECT_EQ(
+        command.run("b | tail -n +4").out,
+        "    I205/000  Message Type                               1  SYSTEM_POSITION_REPORT         01\n"
+        "    I205/030  Time of Day                                3  43200.5 s                      54 60 40\n\n");
+    EXPECT_EQ(command.run("--stats b | grep I205/000").out, "I205/000          1  Message Type\n");
+    const std::string unpack = "sed -n 's/.*data-packed=\"\\([^\"]*\\)\".*/\\1/p' page | base64 -d | tail -c +3";
+    EXPECT_EQ(command
+                  .run("--html page a; (printf '\\037\\213\\010\\0\\0\\0\\0\\0\\0\\0'; " + unpack +
+                       ") | gzip -dc 2>/dev/null | grep -c -E '^D.*(ROT:5|TAR:9.25|ALT:35000)'")
+                  .out,
+              "3\n");
 }
 
 } // namespace

@@ -14,9 +14,9 @@ async function look() {
     check('sections are packed', all('.section').every(section => section.dataset.packed !== undefined || section.open));
     await until(() => all('.block').length > 0);
     const blocks = all('.block');
-    check('all blocks are there', blocks.length === 7);
+    check('all blocks are there', blocks.length === 12);
     check('a closed block is empty', all('.item').length === 0);
-    check('the numbers stand on top', shown('header')[0].getBoundingClientRect().bottom <
+    check('the numbers stand on top', shown('.numbers')[0].getBoundingClientRect().bottom <
           shown('main')[0].getBoundingClientRect().top);
     check('file names are shown as they are', all('h2')[0].textContent === '<i>&.ast');
 
@@ -35,10 +35,97 @@ async function look() {
     check('ampersands are kept', items.some(item => item.textContent.includes('Configuration & Status')));
     check('values are shown', all('td').some(cell => cell.textContent === 'MODE-S ROLL CALL'));
 
+    await lookAtPlan();
+
     const links = all('a');
     check('there are links to maps', links.length > 0);
     check('links open apart', links.every(link => link.rel === 'noopener' && document.querySelector('base').target === '_blank'));
     check('nothing is left over', all('.section').every(section => section.dataset.packed === undefined));
+}
+
+// The plan of the same recording.
+async function lookAtPlan() {
+    await until(() => document.documentElement.dataset.ready);
+    const {records, plan, clock} = window.astdump;
+    check('the plan is shown', shown('.plan canvas').length === 1);
+    check('all positions have a place', plan.points.count === 6);
+    check('the plan says where it lies', all('.note')[0].textContent.includes('49.7500° N 15.0000° E'));
+    check('a block shows what it is about', all('.names').some(line => line.textContent.includes('DLH4AB 3C4A12 2345 #420')));
+    check('a block shows its time', all('.block .time')[1].textContent === '12:00:01.500');
+
+    // 12.25 NM at 300 degrees.
+    const polar = plan.points.row.find(row => records.track[row] - 1 === 43);
+    check('a polar position', Math.abs(plan.plane.x[polar] + 10.61) < 0.01 && Math.abs(plan.plane.y[polar] - 6.125) < 0.01);
+
+    const canvas = all('.plan canvas')[0];
+    const click = (x, y) => {
+        const box = canvas.getBoundingClientRect();
+        const [left, top] = plan.view.toScreen(x, y);
+        for (const type of ['pointerdown', 'pointerup'])
+            canvas.dispatchEvent(new PointerEvent(type, {clientX: box.left + left, clientY: box.top + top}));
+    };
+    canvas.setPointerCapture = () => {}; // there is no such pointer
+    click(plan.plane.x[polar], plan.plane.y[polar]);
+    await until(() => all('h3.chosen').length === 1);
+    check('a click opens the record', all('h3.chosen')[0].nextSibling.textContent.includes('RHO:12.2'));
+
+    plan.view.centre(1000, 1000);
+    all('button.show').at(-1).click();
+    check('a record shows itself', plan.view.isInside(plan.plane.x[plan.scene.chosen], plan.plane.y[plan.scene.chosen]));
+
+    // A radar on 50 N 15 E sees three aircraft that say where they are, one or two degrees to the north or south of it.
+    const seen = {count: 6, sources: [HAS_SOURCE | 0x152304, HAS_SOURCE | 0x301907], source: [0, 0, 0, 1, 1, 1],
+                  kind: [1, 1, 1, 2, 2, 2], address: [1, 2, 3, 1, 2, 3], time: [0, 1, 2, 3, 2, 1],
+                  first: [51e7, 49e7, 52e7, 60.04 * 65536, 60.04 * 65536, 120.08 * 65536],
+                  second: [15e7, 15e7, 15e7, 0, 180e6, 0]};
+    const stations = new Map();
+    locateStations(seen, stations);
+    const [latitude, longitude] = stations.get(0x1907).place;
+    check('a radar is found by aircraft', Math.abs(latitude - 50) < 0.001 && Math.abs(longitude - 15) < 0.001);
+
+    const input = all('.search input')[0];
+    for (const [text, count] of [['dlh4', 2], ['3C4A', 2], ['3c4a #666', 1], ['7777', 0]]) {
+        input.value = text;
+        input.dispatchEvent(new Event('input'));
+        await until(() => false, 2);
+        check(`the search for ${text}`, all('.search li').length === count);
+    }
+    input.value = '#666';
+    input.dispatchEvent(new Event('input'));
+    await until(() => all('.search li').length === 1);
+    all('.search .on')[0].click();
+    check('what is found is chosen', records.track[plan.scene.chosen] - 1 === 666);
+
+    // Whether a layer puts something at a place, seen by switching it off.
+    const copy = document.createElement('canvas').getContext('2d', {willReadFrequently: true});
+    const colourAt = (x, y) => {
+        plan.drawing.draw(plan.view, plan.scene, []);
+        copy.canvas.width = canvas.width;
+        copy.canvas.height = canvas.height;
+        copy.drawImage(canvas, 0, 0);
+        return copy.getImageData(...plan.view.toScreen(x, y).map(Math.round), 1, 1).data.join();
+    };
+    const isDrawnBy = (name, x, y) => {
+        const layer = plan.layers.list.find(layer => layer.name === name);
+        layer.visible = true;
+        const colour = colourAt(x, y);
+        layer.visible = false;
+        return colourAt(x, y) !== colour;
+    };
+    plan.fit();
+    check('positions are drawn', isDrawnBy('048 025/012', plan.plane.x[polar], plan.plane.y[polar]) &&
+          !isDrawnBy('062 025/010', plan.plane.x[polar], plan.plane.y[polar]));
+    check('polar vectors are drawn', isDrawnBy('008 025/007', 15, 0) && !isDrawnBy('008 025/007', 25, 0));
+    check('contours are drawn', isDrawnBy('008 025/007', -15, 15) && !isDrawnBy('008 025/007', -15, 5));
+    check('video is drawn', isDrawnBy('240 025/009', 5.74, 13.86) && !isDrawnBy('240 025/009', 9.57, 23.1) &&
+          !isDrawnBy('240 025/009', -5.74, 13.86));
+    check('cells of four bits are drawn', isDrawnBy('240 025/009', -5.74, -13.86) &&
+          !isDrawnBy('240 025/009', -9.57, -23.1));
+
+    clock.span.value = '5';
+    clock.now = clock.first + 1.5; // what was said at 12:00:01.5, but not what follows
+    clock.show();
+    check('the clock chooses what is seen', plan.scene.end === 3);
 }
 
 addEventListener('load', async () => {

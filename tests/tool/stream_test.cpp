@@ -130,7 +130,7 @@ TEST(Tcp, BlocksHaveTheTimeOfTheirLastSegment) {
     frames.push_back(part(143, 154));
     command.write("c", pcap(1, frames));
     const Result result = command.run("c | grep '^#' | cut -d ' ' -f 4 | uniq -c");
-    EXPECT_EQ(result.out, "      1 07:08:11.000012\n     12 07:08:23.000012\n");
+    EXPECT_EQ(result.out, "      1 07:08:11.000012Z\n     12 07:08:23.000012Z\n");
     EXPECT_NE(result.err.find(" 11 octets missing\n"), std::string::npos) << result.err;
 }
 
@@ -140,13 +140,17 @@ TEST(Tcp, OtherTrafficIsPassedOver) {
     while (blanks.size() < 1000) blanks += "  \"0";
     std::vector<std::string> text, requests = {kBegin, segment(0, "GET / HTTP/1.1\r\n\r\n")};
     for (size_t i = 0; i < 100; ++i) text.push_back(segment(i * 1000, blanks));
-    const std::string other = "astdump: c: 1 TCP stream of other traffic passed over\n";
+    const std::string other = "astdump: c: TCP 10.0.0.1:4000 > 239.1.1.1:8600: not ASTERIX\n"
+                              "astdump: not ASTERIX: 1 TCP stream\n";
     const StreamCase cases[] = {
         {"text, from the start", requests, "0", other},
         {"text, from within", text, "0", other},
         {"a header of other lengths", {segment(0, hex("17 0303 0010") + std::string(2000, '\x11'))}, "0", other},
         {"nothing but talk", {kBegin, part(0, 0), part(0, 0, kFin)}, "0"},
-        {"headers that are cut short", {ethernet(ipv4_tcp(kSector))}, "0"},
+        {"headers that are cut short",
+         {ethernet(ipv4_tcp(kSector))},
+         "0",
+         "astdump: c: holds no datagrams in 1 packet\n"},
     };
     for (const StreamCase &test : cases) expect(test);
 }
@@ -213,7 +217,7 @@ TEST(MacLlc, FramesInCapturesHoldBlocks) {
             "astdump: lost: 4 octets skipped\n"});
     Command command;
     command.write("cooked", pcap(113, {hex("0000 0001 0006 020000000001 0000 0004 F0F003") + kSector}));
-    EXPECT_NE(command.run("cooked").out.find("#1  2024-05-06 07:08:09.000012  CAT 034"), std::string::npos);
+    EXPECT_NE(command.run("cooked").out.find("#1  2024-05-06 07:08:09.000012Z  CAT 034"), std::string::npos);
 }
 
 } // namespace

@@ -29,12 +29,11 @@ TEST(Json, LosesNothing) {
     EXPECT_EQ(all.out, plots + R"({"block":2,"record":1,"offset":9,"category":48,"profile":"standard",)"
                                R"("I070":{"V":0,"G":0,"L":0,"MODE3A":"0123"}}
 {"block":2,"record":2,"offset":9,"category":48,"error":"I048/070 runs past the end of the block","data":"0801"}
-{"block":3,"record":1,"offset":17,"category":250,"error":"UAP STD: Unknown category 250","data":"800102"}
+{"block":3,"record":1,"offset":17,"category":250,"error":"nothing is known of category 250","data":"800102"}
 {"block":4,"record":1,"offset":23,"category":34,"error":"a block without records","data":""}
 )");
     EXPECT_EQ(command.run("--json --where squawk=456 b").out, plots.substr(plots.find('\n') + 1));
     command.write("cut", hex("30 0009 08"));
-    EXPECT_EQ(command.run("--json cut b --count 0").out, "");
     const std::string cut = R"({"file":"cut","offset":0,"category":48,"error":"category 048: LEN is 9, but only )"
                             R"(4 octets are left","data":"30000908"})"
                             "\n"
@@ -47,7 +46,7 @@ TEST(Json, NamesReceptionAndTexts) {
     command.write("c", pcap(1, {ethernet(ipv6(udp(kForeign + hex("220006 20 0102"))))}));
     const std::string lines =
         R"({"block":1,"record":1,"time":"2024-05-06T07:08:09.000012Z","source":"[2001:db8::1]:4000",)"
-        R"("destination":"[ff02::1]:8600","category":250,"error":"UAP STD: Unknown category 250","data":"800102"})"
+        R"("destination":"[ff02::1]:8600","category":250,"error":"nothing is known of category 250","data":"800102"})"
         "\n"
         R"({"block":2,"record":1,"time":"2024-05-06T07:08:09.000012Z",)";
     EXPECT_EQ(command.run("--json c").out.substr(0, lines.size()), lines);

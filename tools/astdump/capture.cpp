@@ -4,6 +4,8 @@
 #include <stdexcept>
 #include <sys/types.h>
 
+#include "text.hpp"
+
 namespace astdump {
 
 namespace {
@@ -41,11 +43,10 @@ bool Capture::fill(Chunk &chunk) {
     return fill_by_libpcap(chunk) || payloads_.tell(chunk.damage());
 }
 
+std::string Capture::nothing() const { return packet_ == 0 ? "packets" : "datagrams in " + counted(packet_, "packet"); }
+
 bool Capture::fill_in_place(Chunk &chunk) {
-    if (!dissector_ && !open(plain_->link_type(), chunk)) {
-        plain_.reset();
-        return true;
-    }
+    if (!dissector_) open(plain_->link_type());
     if (!plain_->open(chunk)) return false;
     while (const auto packet = plain_->next(chunk)) dissect(*packet, chunk);
     plain_->close(chunk);
@@ -55,7 +56,8 @@ bool Capture::fill_in_place(Chunk &chunk) {
 bool Capture::fill_by_libpcap(Chunk &chunk) {
     if (!ended_ && !capture_) {
         capture_.reset(open_capture(stream_, chunk.damage()));
-        ended_ = !capture_ || (!dissector_ && !open(pcap_datalink(capture_.get()), chunk));
+        ended_ = !capture_;
+        if (capture_ && !dissector_) open(pcap_datalink(capture_.get()));
     }
     while (!ended_ && !chunk.is_full()) {
         pcap_pkthdr *header = nullptr;
@@ -73,14 +75,9 @@ bool Capture::fill_by_libpcap(Chunk &chunk) {
     return !ended_ || !chunk.datagrams().empty() || !chunk.damage().reports().empty();
 }
 
-// Prepares for a link type; false when it cannot be dissected.
-bool Capture::open(int link_type, Chunk &chunk) try {
-    dissector_.emplace(link_type);
-    return true;
-} catch (const std::runtime_error &error) {
-    chunk.damage().input(error.what());
-    ended_ = true;
-    return false;
+// Prepares for a link type.
+void Capture::open(int link_type) try { dissector_.emplace(link_type); } catch (const std::runtime_error &error) {
+    throw UnreadableInput(error.what());
 }
 
 void Capture::dissect(const Packet &packet, Chunk &chunk) try {
@@ -88,11 +85,12 @@ void Capture::dissect(const Packet &packet, Chunk &chunk) try {
     const auto found = dissector_->dissect(packet.frame, packet.time);
     if (!found) return;
     if (found->tcp) return streams_.add(*found, packet_, packet.time, chunk);
-    if (found->truncated) chunk.damage().truncated(packet_, found->payload.size());
-    payloads_.add(chunk, {.octets = found->rebuilt.empty() ? found->payload : chunk.keep(found->rebuilt),
-                          .packet = packet_,
-                          .time = packet.time,
-                          .endpoints = found->endpoints});
+    payloads_.add(chunk,
+                  {.octets = found->rebuilt.empty() ? found->payload : chunk.keep(found->rebuilt),
+                   .packet = packet_,
+                   .time = packet.time,
+                   .endpoints = found->endpoints},
+                  found->truncated);
 } catch (const std::runtime_error &error) {
     chunk.damage().packet(packet_, error.what());
 }

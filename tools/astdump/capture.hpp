@@ -17,6 +17,7 @@ class Capture : public Source {
 public:
     explicit Capture(OctetStream &stream) : stream_(stream), plain_(PlainCapture::open(stream)) {}
     bool fill(Chunk &chunk) override;
+    std::string nothing() const override;
 
 private:
     struct Close {
@@ -25,7 +26,7 @@ private:
 
     bool fill_in_place(Chunk &chunk);
     bool fill_by_libpcap(Chunk &chunk);
-    bool open(int link_type, Chunk &chunk);
+    void open(int link_type);
     void dissect(const Packet &packet, Chunk &chunk);
     void end(int result, Chunk &chunk);
 

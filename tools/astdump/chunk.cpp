@@ -21,6 +21,9 @@ void Chunk::clear() {
     kept_.clear();
     datagrams_.clear();
     damage_.clear();
+    consumed = 0;
+    filter_ = nullptr;
+    met_any_ = false;
 }
 
 Octets Chunk::keep(Octets octets) {
@@ -37,6 +40,7 @@ Octets Chunk::keep_apart(Octets octets) {
 }
 
 void Chunk::add(const Datagram &datagram) {
+    met_any_ = true;
     datagrams_.push_back(datagram);
     damage_.place = datagrams_.size();
 }
@@ -46,6 +50,25 @@ void Chunk::stamp(const Time &time, const Endpoints &endpoints) {
         datagram.time = time;
         datagram.endpoints = endpoints;
     }
+}
+
+bool Chunk::is_wanted(const Datagram &datagram) {
+    met_any_ = true;
+    return !filter_ || filter_->passes(datagram);
+}
+
+// Reports stay between the datagrams that they stood between.
+void Chunk::leave_out() {
+    if (!filter_) return;
+    auto report = damage_.reports().begin();
+    size_t left = 0;
+    for (size_t i = 0; i < datagrams_.size(); ++i) {
+        for (; report != damage_.reports().end() && report->place <= i; ++report) report->place = left;
+        if (filter_->passes(datagrams_[i])) datagrams_[left++] = datagrams_[i];
+    }
+    for (; report != damage_.reports().end(); ++report) report->place = left;
+    datagrams_.resize(left);
+    damage_.place = left;
 }
 
 } // namespace astdump

@@ -5,7 +5,8 @@
 #include <vector>
 
 #include "damage.hpp"
-#include "datagram.hpp"
+#include "datagram_filter.hpp"
+#include "editions.hpp"
 
 namespace astdump {
 
@@ -35,10 +36,20 @@ public:
     // Gives all datagrams the time and route of what brought them.
     void stamp(const Time &time, const Endpoints &endpoints);
 
+    // What is read from now on passes through a filter, which may be null. A source that asks it saves itself the work
+    // on what is left out; whatever else is left out goes when the chunk has been filled.
+    void set_filter(DatagramFilter *filter) { filter_ = filter; }
+    bool is_wanted(const Datagram &datagram);
+    void leave_out();
+
+    // Whether there has been anything before the filter.
+    bool has_met_any() const { return met_any_; }
+
     // Takes reports on what comes between the datagrams: the place of a report is the number of datagrams before it.
     Damage &damage() { return damage_; }
     const Damage &damage() const { return damage_; }
 
+    Editions editions;         // what is known in front of its first block
     uint64_t first_number = 0; // of its blocks in their file, counted from 1
     uint64_t end_number = 0;   // of the block behind its last one
     uint64_t consumed = 0;     // octets of the file, up to its end
@@ -52,6 +63,8 @@ private:
     std::vector<std::vector<uint8_t>> kept_; // what the storage has no room for
     std::vector<Datagram> datagrams_;
     Damage damage_;
+    DatagramFilter *filter_ = nullptr;
+    bool met_any_ = false;
 };
 
 } // namespace astdump

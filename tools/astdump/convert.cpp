@@ -11,8 +11,6 @@ namespace astdump {
 
 namespace {
 
-constexpr uint8_t kMonoradarTargets = 1; // the category in which plots and tracks alternate
-
 struct Conversion {
     uint8_t from;
     uint8_t to;
@@ -49,8 +47,6 @@ CategorySet read_convert_targets(const std::string &list) {
     return *targets;
 }
 
-Converter::Converter(const CategorySet &targets) : targets_(targets), block_(std::make_unique<ast_datablock_t>()) {}
-
 std::optional<uint64_t> Converter::convert(DecodedBlock &decoded) {
     const Conversion *const conversion = find_conversion(decoded.block->category, targets_);
     if (!conversion) return std::nullopt;
@@ -68,14 +64,11 @@ std::optional<uint64_t> Converter::convert(DecodedBlock &decoded) {
     }
     octets_.resize(size);
     set_block_length(octets_);
-    if (conversion->to == kMonoradarTargets)
-        ast_datablock_001_mixuap_decode_into(block_.get(), octets_.data(), octets_.size());
-    else
-        ast_datablock_decode_into(block_.get(), octets_.data(), octets_.size(), AST_UAP_STANDARD);
+    block_.read(editions_, octets_);
     decoded.octets = octets_;
-    decoded.block = block_.get();
+    decoded.block = &block_;
     decoded.fault.reset();
-    decoded.shown = select_records(*block_, {});
+    decoded.shown.set_all(block_.record_count);
     return left_out;
 }
 

@@ -1,7 +1,6 @@
 // Records as those of another category that says the same.
 #pragma once
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -16,7 +15,7 @@ CategorySet read_convert_targets(const std::string &list);
 class Converter {
 public:
     // Converts to these categories what converts to them.
-    explicit Converter(const CategorySet &targets);
+    explicit Converter(const CategorySet &targets) : targets_(targets) { editions_.freeze(); }
 
     // Replaces a block by one with the records that are asked for, and without its fault. What does not convert stays;
     // records of a category that converts, but not they themselves, are left out. Gives their number, or
@@ -26,7 +25,8 @@ public:
 private:
     CategorySet targets_;
     std::vector<uint8_t> octets_;
-    std::unique_ptr<ast_datablock_t> block_; // on the heap, being large
+    Editions editions_;
+    Block block_;
 };
 
 } // namespace astdump

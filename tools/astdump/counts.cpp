@@ -1,30 +1,47 @@
 #include "counts.hpp"
 
+#include <algorithm>
+
 namespace astdump {
+
+void Counts::add(const Profile &profile, uint64_t number) {
+    auto known = std::ranges::find(profiles, profile, &std::pair<Profile, uint64_t>::first);
+    if (known == profiles.end()) known = profiles.insert(known, {profile, 0});
+    known->second += number;
+}
 
 Counts &Counts::operator+=(const Counts &other) {
     blocks += other.blocks;
-    invalid += other.invalid;
+    damaged += other.damaged;
+    unsupported += other.unsupported;
     records += other.records;
     items += other.items;
     octets += other.octets;
+    for (const auto &[profile, number] : other.profiles) add(profile, number);
     return *this;
 }
 
 void Counter::add(const DecodedBlock &decoded) {
-    const ast_datablock_t &block = *decoded.block;
+    const Block &block = *decoded.block;
     Counts &counts = categories_[block.category];
     if (counts.blocks++ == 0) seen_categories_.push_back(static_cast<uint8_t>(block.category));
-    counts.invalid += decoded.fault ? 1U : 0U;
+    if (decoded.fault) ++(decoded.fault->kind == FaultKind::damaged ? counts.damaged : counts.unsupported);
+    if (!decoded.fault) counts.add(block.profile, 1);
     counts.records += decoded.shown.count();
     counts.octets += decoded.octets.size();
     for (uint64_t r = 0; r < block.record_count; ++r) {
         if (!decoded.shown[r]) continue;
-        const ast_datarecord_t &record = block.records[r];
-        counts.items += record.item_count;
-        for (uint64_t i = 0; i < record.item_count; ++i)
-            if (items_[record.items[i].type]++ == 0) seen_types_.push_back(record.items[i].type);
+        const auto items = block.records.items(r);
+        counts.items += items.size();
+        add(block.category, items);
     }
+}
+
+// All items of a record are of its category.
+void Counter::add(uint32_t category, std::span<const ast_split_item_t> items) {
+    auto &counts = items_.of(category);
+    for (const ast_split_item_t &item : items)
+        if (counts[item.type - AST_DATAITEM_TYPE(category, 0)]++ == 0) seen_types_.push_back(item.type);
 }
 
 Tally Counter::take() {

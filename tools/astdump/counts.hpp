@@ -7,21 +7,26 @@
 
 #include "by_type.hpp"
 #include "decode.hpp"
+#include "losses.hpp"
 
 namespace astdump {
 
 struct Counts {
     uint64_t blocks = 0;
-    uint64_t invalid = 0;
+    uint64_t damaged = 0;     // blocks
+    uint64_t unsupported = 0; // blocks
     uint64_t records = 0;
     uint64_t items = 0;
     uint64_t octets = 0;
+    std::vector<std::pair<Profile, uint64_t>> profiles; // of blocks without a fault, as they are met
 
+    void add(const Profile &profile, uint64_t number);
     Counts &operator+=(const Counts &other);
 };
 
 // What has been counted over some blocks; only what is there.
 struct Tally {
+    Losses losses;
     std::vector<std::pair<uint8_t, Counts>> categories;
     std::vector<std::pair<ast_dataitem_type_t, uint64_t>> items;
 };
@@ -35,6 +40,8 @@ public:
     Tally take();
 
 private:
+    void add(uint32_t category, std::span<const ast_split_item_t> items);
+
     std::array<Counts, 256> categories_{};
     ByType<uint64_t> items_;
     std::vector<uint8_t> seen_categories_;

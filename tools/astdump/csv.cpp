@@ -1,10 +1,9 @@
 #include "csv.hpp"
 
 #include <algorithm>
-#include <charconv>
-#include <cmath>
 #include <stdexcept>
 
+#include "field_text.hpp"
 #include "keywords.hpp"
 #include "text.hpp"
 
@@ -73,47 +72,8 @@ void quote(TextBuffer &out, size_t begin) {
 
 void put_text(TextBuffer &out, std::string_view text) {
     const size_t begin = out.size();
-    put_printable(out, text);
+    out.put(text);
     quote(out, begin);
-}
-
-// Quantities are shown as in the JSON of a record: with as many decimals as tell each step from the next, exactly where
-// two more decimals make it exact.
-int shown_decimals(const ast_field_t &field) {
-    uint64_t power = 1;
-    int decimals = 0;
-    const auto is_exact = [&](uint64_t times) { return field.numerator * power * times % field.denominator == 0; };
-    const auto more = [&] {
-        power *= 10;
-        ++decimals;
-    };
-    while (field.numerator * power < 2 * field.denominator && !is_exact(1)) more();
-    if (is_exact(100))
-        while (!is_exact(1)) more();
-    return decimals;
-}
-
-// Halves are rounded away from zero.
-void put_number(TextBuffer &out, double number, int decimals) {
-    const double power = std::pow(10, decimals);
-    number = std::round(number * power) / power;
-    char digits[64];
-    const auto [end, error] = std::to_chars(digits, std::end(digits), number, std::chars_format::fixed, decimals);
-    std::string_view text(digits, error == std::errc() ? static_cast<size_t>(end - digits) : 0);
-    if (decimals != 0) {
-        text = text.substr(0, text.find_last_not_of('0') + 1);
-        if (text.ends_with('.')) text.remove_suffix(1);
-    }
-    out.put(text == "-0" ? "0" : text);
-}
-
-void put_value(TextBuffer &out, const ast_field_value_t &value) {
-    const ast_field_t &field = *value.field;
-    if (value.has_number && field.numerator != 0) return put_number(out, value.number, shown_decimals(field));
-    if (value.has_number) return put_number(out, value.number, 0);
-    if (field.kind == AST_FIELD_CODE) return out.number(value.raw);
-    std::string_view text = value.text;
-    put_printable(out, text.substr(0, text.find_last_not_of(' ') + 1));
 }
 
 void put_cell(TextBuffer &out, const ast_datarecord_t &record, const std::vector<uint32_t> &keywords) {
@@ -147,6 +107,10 @@ public:
 private:
     void record(const DecodedBlock &decoded, uint64_t number, TextBuffer &out) {
         const ast_datarecord_t &record = decoded.block->records[number];
+        if (decoded.datagram->file) {
+            put_text(out, *decoded.datagram->file);
+            out.put(',');
+        }
         out.number(decoded.number);
         out.put(',');
         out.number(number + 1);
@@ -213,7 +177,7 @@ void Csv::header() {
 
 // No cell holds the end of a line.
 void Csv::take(std::string_view rendered) {
-    if (!name_files_) return out_.write(rendered);
+    if (!name_files_ || merged_) return out_.write(rendered);
     lines_.clear();
     while (!rendered.empty()) {
         const size_t end = rendered.find('\n') + 1;

@@ -28,12 +28,13 @@ std::vector<CsvColumn> read_csv_columns(const std::string &list);
 
 class Csv : public Sink {
 public:
-    // Names the files in a column of their own when there are several.
-    Csv(Output &out, std::vector<CsvColumn> columns, bool name_files)
-        : out_(out), columns_(std::move(columns)), name_files_(name_files) {}
+    // Names the files in a column of their own when there are several, also where they are merged.
+    Csv(Output &out, std::vector<CsvColumn> columns, bool name_files, bool merged)
+        : out_(out), columns_(std::move(columns)), name_files_(name_files), merged_(merged) {}
 
     std::unique_ptr<Renderer> renderer() const override;
     size_t chunk_octets() const override { return size_t{64} * 1024; }
+    uint64_t shows(const DecodedBlock &decoded) const override { return decoded.shown.count(); }
     void file(const std::string &name) override;
     void take(std::string_view rendered) override;
     void finish(uint64_t) override {}
@@ -44,6 +45,7 @@ private:
     Output &out_;
     std::vector<CsvColumn> columns_;
     bool name_files_;
+    bool merged_;
     bool headed_ = false;
     TextBuffer lines_;
     TextBuffer name_; // of the file, as it stands in its column

@@ -2,7 +2,6 @@
 
 #include <cstdio>
 
-#include "terminal.hpp"
 #include "text.hpp"
 
 namespace astdump {
@@ -21,13 +20,54 @@ std::string category_text(uint32_t category) {
     return text;
 }
 
+std::string framing_reason(const Frame &frame) {
+    if (frame.framing == Framing::short_header) return "too few octets for a block header";
+    return category_text(frame.category) +
+           (frame.framing == Framing::short_length ? ": LEN is less than the block header" : ": LEN runs past the end");
+}
+
+struct BlockKind {
+    Kind kind;
+    Losses losses;
+};
+
+constexpr BlockKind kDamaged = {Kind::damaged, {.invalid = 1}};
+constexpr BlockKind kUnsupported = {Kind::unsupported, {.unsupported = 1}};
+constexpr BlockKind kForeign = {Kind::foreign, {.foreign = 1}};
+
+const BlockKind &kind_of(const Fault &fault) {
+    if (fault.kind == FaultKind::not_asterix) return kForeign;
+    return is_unsupported(fault.kind) ? kUnsupported : kDamaged;
+}
+
+// The first octets of a payload, for whoever knows what they are.
+std::string octets_text(Octets octets) {
+    constexpr size_t kMost = 8;
+    std::string text;
+    for (const uint8_t octet : octets.first(std::min(octets.size(), kMost))) {
+        char digits[4];
+        std::snprintf(digits, sizeof digits, " %02x", octet);
+        text += digits;
+    }
+    return text + (octets.size() > kMost ? " ..." : "");
+}
+
+} // namespace
+
+namespace {
+
+std::string framing_detail(const Frame &frame, uint64_t available) {
+    if (frame.framing == Framing::short_header) return counted(available, "octet") + ", too few for a block header";
+    const std::string length = "LEN is " + std::to_string(frame.length);
+    if (frame.framing == Framing::short_length) return length + ", less than the block header";
+    return length + ", but only " + counted(available, "octet") + " are left";
+}
+
 } // namespace
 
 std::string framing_text(const Frame &frame, uint64_t available) {
-    if (frame.framing == Framing::short_header) return counted(available, "octet") + ", too few for a block header";
-    const std::string length = category_text(frame.category) + ": LEN is " + std::to_string(frame.length);
-    if (frame.framing == Framing::short_length) return length + ", less than the block header";
-    return length + ", but only " + counted(available, "octet") + " are left";
+    const std::string detail = framing_detail(frame, available);
+    return frame.framing == Framing::short_header ? detail : category_text(frame.category) + ": " + detail;
 }
 
 void Damage::clear() {
@@ -35,79 +75,146 @@ void Damage::clear() {
     reports_.clear();
 }
 
-void Damage::pass_on(const Report &made) { report(made.text, made.losses); }
+void Damage::add(Report report) {
+    report.place = place;
+    reports_.push_back(std::move(report));
+}
 
-void Damage::input(const std::string &what) { report(what, {.unfinished = 1}); }
+void Damage::note(const std::string &what) { add({.text = what, .reason = what}); }
+
+void Damage::input(const std::string &what) {
+    add({.kind = Kind::damaged, .text = what, .reason = what, .losses = {.unfinished = 1}});
+}
 
 void Damage::incomplete(uint64_t datagrams) {
-    report("fragments are missing of " + counted(datagrams, "datagram"), {.incomplete = datagrams});
+    add({.kind = Kind::damaged,
+         .text = "fragments are missing of " + counted(datagrams, "datagram"),
+         .reason = "fragments are missing",
+         .noun = "datagram",
+         .count = datagrams,
+         .losses = {.incomplete = datagrams}});
 }
 
 // Datagrams are dropped when there is no time to spare, so that this is left to the summary.
-void Damage::dropped(uint64_t datagrams) { report({}, {.dropped = datagrams}); }
+void Damage::dropped(uint64_t datagrams) { add({.kind = Kind::damaged, .losses = {.dropped = datagrams}}); }
 
 void Damage::truncated(uint64_t packet, uint64_t octets) {
-    report("packet " + std::to_string(packet) + ": truncated to " + counted(octets, "octet"), {.truncated = 1});
+    const std::string text = "packet " + std::to_string(packet) + ": truncated to " + counted(octets, "octet");
+    add({.kind = Kind::damaged,
+         .text = text,
+         .reason = "only the first octets are there",
+         .example = text,
+         .noun = "datagram",
+         .losses = {.truncated = 1}});
 }
 
 void Damage::packet(uint64_t number, const std::string &what) {
-    report("packet " + std::to_string(number) + ": not dissected: " + what, {.undissected = 1});
+    const std::string packet = "packet " + std::to_string(number);
+    add({.kind = Kind::damaged,
+         .text = packet + ": not dissected: " + what,
+         .reason = "not dissected: " + what,
+         .example = packet,
+         .noun = "packet",
+         .losses = {.undissected = 1}});
 }
 
 void Damage::missing(uint64_t packet, const Endpoints &endpoints, uint64_t octets) {
-    report("packet " + std::to_string(packet) + ": TCP " + route_text(endpoints) + ": " + counted(octets, "octet") +
-               " missing",
-           {.missing = octets});
+    const std::string where = "packet " + std::to_string(packet) + ": TCP " + route_text(endpoints) + ": ";
+    add({.kind = Kind::damaged,
+         .text = where + counted(octets, "octet") + " missing",
+         .reason = "segments of TCP are missing",
+         .example = where + counted(octets, "octet"),
+         .noun = "place",
+         .losses = {.missing = octets}});
 }
 
 void Damage::fragment(uint64_t packet, const Endpoints &endpoints, uint64_t octets) {
-    report("packet " + std::to_string(packet) + ": TCP " + route_text(endpoints) + ": " + counted(octets, "octet") +
-               " before the next block; skipped",
-           {.skipped = octets});
+    const std::string where =
+        "packet " + std::to_string(packet) + ": TCP " + route_text(endpoints) + ": " + counted(octets, "octet");
+    add({.kind = Kind::damaged,
+         .text = where + " before the next block; skipped",
+         .reason = "the rest of a block behind segments that are missing",
+         .example = where + " skipped",
+         .noun = "place",
+         .losses = {.skipped = octets}});
+}
+
+void Damage::foreign_stream(const Endpoints &endpoints) {
+    const std::string stream = "TCP " + route_text(endpoints);
+    add({.kind = Kind::foreign,
+         .text = stream + ": not ASTERIX",
+         .reason = "other traffic over TCP",
+         .example = stream,
+         .noun = "stream",
+         .losses = {.foreign_streams = 1}});
 }
 
 void Damage::framing(const Datagram &datagram, uint64_t offset, const Frame &frame) {
     const uint64_t available = datagram.octets.size() - offset;
-    std::string text = place_text(datagram, offset) + ": " + framing_text(frame, available);
-    if (datagram.packet == 0) text += "; " + counted(datagram.unread.value_or(available), "octet") + " skipped";
-    report(text, {.skipped = datagram.unread.value_or(available)});
+    const uint64_t skipped = datagram.unread.value_or(available);
+    const std::string where = place_text(datagram, offset) + ": ";
+    const std::string end = datagram.packet == 0 ? "; " + counted(skipped, "octet") + " skipped" : "";
+    add({.kind = Kind::damaged,
+         .text = where + framing_text(frame, available) + end,
+         .reason = framing_reason(frame),
+         .example = where + framing_detail(frame, available) + end,
+         .noun = "place",
+         .losses = {.skipped = skipped},
+         .file = datagram.file});
 }
 
 void Damage::skipped(uint64_t offset, uint64_t octets, std::string_view framing) {
-    report("offset " + std::to_string(offset) + ": " + counted(octets, "octet") + " that are no " +
-               std::string(framing) + " frame; skipped",
-           {.skipped = octets});
+    const std::string where = "offset " + std::to_string(offset) + ": " + counted(octets, "octet");
+    const std::string reason = "no " + std::string(framing) + " frame";
+    add({.kind = Kind::damaged,
+         .text = where + " that are " + reason + "; skipped",
+         .reason = reason,
+         .example = where + " skipped",
+         .noun = "place",
+         .losses = {.skipped = octets}});
 }
 
 void Damage::line(uint64_t line, uint64_t character, std::string_view path, const char *what) {
-    std::string text = "line " + std::to_string(line) + ", character " + std::to_string(character) + ": ";
-    if (!path.empty()) text += printable(path) + ": ";
-    report(text + what, {.unread_lines = 1});
+    std::string where = "line " + std::to_string(line) + ", character " + std::to_string(character);
+    if (!path.empty()) where += ": " + printable(path);
+    add({.kind = Kind::damaged,
+         .text = where + ": " + what,
+         .reason = what,
+         .example = where,
+         .noun = "line",
+         .losses = {.unread_lines = 1}});
+}
+
+void Damage::foreign(const Datagram &datagram) {
+    std::string example = "packet " + std::to_string(datagram.packet) + ": ";
+    if (datagram.endpoints) {
+        example.append(route_text(*datagram.endpoints)).append(", ");
+    }
+    example += counted(datagram.octets.size(), "octet") + octets_text(datagram.octets);
+    add({.kind = Kind::foreign,
+         .text = example + ": not ASTERIX",
+         .reason = "other traffic",
+         .example = example,
+         .packet = datagram.packet,
+         .noun = "datagram",
+         .losses = {.foreign = 1}});
 }
 
 void Damage::block(const DecodedBlock &decoded) {
     const Fault &fault = *decoded.fault;
-    const uint64_t items = fault.record.valid ? 0 : fault.record.item_count;
-    report(place_text(*decoded.datagram, decoded.offset) + ": " + category_text(decoded.block->category) +
-               ": damaged in record " + std::to_string(decoded.block->record_count + 1) + " after " +
-               counted(items, "item") + ", at octet " + std::to_string(fault.octets) + " of " +
-               std::to_string(decoded.octets.size()) + ": " + fault.reason,
-           {.invalid = 1});
-}
-
-void DamageLog::show(const Report &report) {
-    losses_ += report.losses;
-    if (report.text.empty()) return;
-    clear_line();
-    const Style style(color_);
-    std::fprintf(stderr, "%sastdump:%s %s: %s\n", style.on(Color::fault), style.off(), file_.c_str(),
-                 report.text.c_str());
-}
-
-void DamageLog::summary() const {
-    if (!any()) return;
-    const Style style(color_);
-    std::fprintf(stderr, "%sastdump:%s lost: %s\n", style.on(Color::fault), style.off(), losses_.text().c_str());
+    const BlockKind &kind = kind_of(fault);
+    const std::string where = place_text(*decoded.datagram, decoded.offset) + ": ";
+    const std::string category = category_text(decoded.block->category) + ": ";
+    const std::string detail = "in record " + std::to_string(decoded.block->record_count + 1) + " after " +
+                               counted(fault.record.item_count, "item") + ", at octet " + std::to_string(fault.octets) +
+                               " of " + std::to_string(decoded.octets.size());
+    add({.kind = kind.kind,
+         .text = where + category + fault_word(fault.kind) + ' ' + detail + ": " + fault.reason,
+         .reason = (fault.kind == FaultKind::unsupported_category ? "" : category) + fault.reason,
+         .example = where + detail,
+         .noun = "block",
+         .losses = kind.losses,
+         .file = decoded.datagram->file});
 }
 
 } // namespace astdump

@@ -11,10 +11,24 @@
 
 namespace astdump {
 
+enum class Kind {
+    damaged,
+    unsupported, // in order, as far as can be told, but of a category, an edition or an item that is not known
+    foreign,     // other traffic in a capture
+    note,        // worth knowing
+};
+
 struct Report {
-    size_t place;     // among what else comes in order: whoever collects the reports says what it counts
-    std::string text; // empty when it is left to the summary
+    size_t place = 0; // among what else comes in order: whoever collects the reports says what it counts
+    Kind kind = Kind::note;
+    std::string text;           // empty when it is left to the summary
+    std::string reason;         // what reports have in common that can be told together
+    std::string example;        // where this one is, and what is its own; empty where there is no more to say
+    uint64_t packet = 0;        // that it is about, where reports do not come in the order of packets
+    const char *noun = nullptr; // for what is counted; null where a count says nothing
+    uint64_t count = 1;
     Losses losses;
+    const std::string *file = nullptr; // that it is about; null for the one at hand
 };
 
 // Why octets, of which so many are available, do not start a whole block.
@@ -26,13 +40,14 @@ public:
     size_t place = 0;
 
     const std::vector<Report> &reports() const { return reports_; }
+    std::vector<Report> &reports() { return reports_; }
     void clear();
 
     // A report that has been made elsewhere.
-    void pass_on(const Report &report);
+    void pass_on(const Report &report) { add(report); }
 
     // Something worth knowing that is no damage.
-    void note(const std::string &what) { report(what, {}); }
+    void note(const std::string &what);
 
     // The input is not read to its end.
     void input(const std::string &what);
@@ -60,31 +75,16 @@ public:
     // A line of an input that is no record; the path is that of what is wrong in it, if that is known.
     void line(uint64_t line, uint64_t character, std::string_view path, const char *what);
 
+    // A datagram of other traffic, and a TCP stream.
+    void foreign(const Datagram &datagram);
+    void foreign_stream(const Endpoints &endpoints);
+
     void block(const DecodedBlock &decoded);
 
 private:
-    void report(const std::string &text, const Losses &losses) { reports_.push_back({place, text, losses}); }
+    void add(Report report);
 
     std::vector<Report> reports_;
-};
-
-// Shows reports on standard error.
-class DamageLog {
-public:
-    explicit DamageLog(bool color) : color_(color) {}
-
-    // The file that the reports that follow are about.
-    void set_file(const std::string &name) { file_ = name; }
-    void show(const Report &report);
-
-    // One line on all that was lost, if anything was.
-    void summary() const;
-    bool any() const { return !(losses_ == Losses{}); }
-
-private:
-    bool color_;
-    std::string file_;
-    Losses losses_;
 };
 
 } // namespace astdump

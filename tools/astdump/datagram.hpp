@@ -2,9 +2,11 @@
 #pragma once
 
 #include <array>
+#include <compare>
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string>
 
 namespace astdump {
 
@@ -13,6 +15,8 @@ using Octets = std::span<const uint8_t>;
 struct Time {
     int64_t seconds; // since 1970-01-01 00:00 UTC
     uint32_t nanoseconds;
+
+    auto operator<=>(const Time &other) const = default;
 };
 
 // Of either version, as it stands in a packet.
@@ -20,11 +24,15 @@ struct Address {
     std::array<uint8_t, 16> octets{}; // the first four of them for IPv4
     bool is_ipv6 = false;
     uint32_t scope = 0; // the interface of a link-local IPv6 address; 0 where that is not known
+
+    bool operator==(const Address &other) const = default;
 };
 
 struct Endpoint {
     Address address;
     uint16_t port;
+
+    bool operator==(const Endpoint &other) const = default;
 };
 
 struct Endpoints {
@@ -39,6 +47,8 @@ struct Datagram {
     std::optional<uint64_t> unread; // octets of the file, from the first of these on, when no block can follow them
     std::optional<Time> time;
     std::optional<Endpoints> endpoints;
+    bool is_told = false;              // what is no block in it is reported elsewhere
+    const std::string *file = nullptr; // where several are merged, its name
 };
 
 } // namespace astdump

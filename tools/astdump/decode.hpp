@@ -1,12 +1,10 @@
-// Decodes blocks, each by the profile that fits it.
+// Decodes blocks, each by what is known of its data source.
 #pragma once
 
-#include <memory>
 #include <optional>
 
 #include "fault.hpp"
 #include "filter.hpp"
-#include "profiles.hpp"
 
 namespace astdump {
 
@@ -15,35 +13,36 @@ struct DecodedBlock {
     uint64_t number = 0; // in its file, counted from 1
     uint64_t offset = 0; // in its datagram, in octets
     Octets octets{};
-    const ast_datablock_t *block = nullptr;
+    const Block *block = nullptr;
     std::optional<Fault> fault{}; // unless the block is valid
     RecordSet shown{};            // those of its records that are asked for
+    bool is_cut = false;          // what follows these is not asked for
 };
 
 class Decoder {
 public:
-    // With a profile, every block is decoded by it. With null the one that fits is looked for; where none fits, what
-    // got furthest is kept. The library's log is to be silenced first.
-    explicit Decoder(const ast_uap_info_t *profile);
+    // What is known in front of the next block.
+    void set_editions(const Editions &editions) { editions_ = editions; }
 
-    // The result points into the decoder and is good until the next call; no record is asked for yet. The
-    // octets are one whole block.
-    DecodedBlock decode(const Datagram &datagram, uint64_t number, uint64_t offset, Octets octets);
-
-    // The profile that is tried first: the one that the last block was decoded by. Blocks that fit several profiles
-    // depend on it, and so on the blocks before them.
-    const ast_uap_t *current() const { return current_; }
-    void set_current(const ast_uap_t *profile) { current_ = profile; }
+    // The result is good until the next call; which records are asked for is left to the caller. The octets are one
+    // whole block.
+    DecodedBlock &decode(const Datagram &datagram, uint64_t number, uint64_t offset, Octets octets) {
+        block_.read(editions_, octets);
+        decoded_.datagram = &datagram;
+        decoded_.number = number;
+        decoded_.offset = offset;
+        decoded_.octets = octets;
+        decoded_.block = &block_;
+        decoded_.fault.reset();
+        decoded_.is_cut = false;
+        if (!block_.valid) decoded_.fault = find_fault(block_, datagram);
+        return decoded_;
+    }
 
 private:
-    bool decode_by(const ast_uap_t &profile, Octets octets);
-    void look_for_profile(Octets octets);
-    Fault keep_furthest(Octets octets);
-
-    const ast_uap_info_t *profile_;
-    const ast_uap_t *current_ = &AST_UAP_STANDARD;
-    std::unique_ptr<ast_datablock_t> block_; // on the heap, being large
-    std::unique_ptr<ast_datablock_t> attempt_;
+    Editions editions_;
+    Block block_;
+    DecodedBlock decoded_;
 };
 
 } // namespace astdump

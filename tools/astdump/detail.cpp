@@ -14,9 +14,9 @@ constexpr size_t kGapChars = 2;
 
 } // namespace
 
-void Detail::item(TextBuffer &out, const ast_dataitem_t &item) {
+void Detail::item(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading) {
     below_title_ = false;
-    choose_parts(reader_.read(views_.show(ast_dataitem_get_detail_html, item)));
+    choose_parts(reader_.read(views_.detail(item, reading)));
     for (const ViewPart *const part : parts_) {
         switch (part->kind) {
         case ViewPart::Kind::title:
@@ -34,7 +34,7 @@ void Detail::item(TextBuffer &out, const ast_dataitem_t &item) {
     }
 }
 
-// Subfields without a view of their own have a title alone; the table of subfields names them, too.
+// Subfields without any view have a title alone; the table of subfields names them, too.
 void Detail::choose_parts(std::span<const ViewPart> parts) {
     parts_.clear();
     bool nothing_follows = true; // below a title, up to the next one

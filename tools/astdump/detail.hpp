@@ -1,17 +1,17 @@
 // The detail view of an item as aligned lines of text.
 #pragma once
 
+#include "item_views.hpp"
 #include "terminal.hpp"
 #include "text_buffer.hpp"
 #include "view_parts.hpp"
-#include "views.hpp"
 
 namespace astdump {
 
 class Detail {
 public:
     explicit Detail(Style style) : style_(style) {}
-    void item(TextBuffer &out, const ast_dataitem_t &item);
+    void item(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading);
 
 private:
     void choose_parts(std::span<const ViewPart> parts);
@@ -22,7 +22,7 @@ private:
     void indent(TextBuffer &out) const;
 
     Style style_;
-    Views views_;
+    ItemViews views_;
     ViewReader reader_;
     bool below_title_ = false;
 

@@ -1,28 +1,41 @@
-// Where and why a block cannot be decoded further.
+// Where and why a block cannot be read further.
 #pragma once
 
 #include <string>
 
-#include "ast.h"
-#include "datagram.hpp"
+#include "block.hpp"
 
 namespace astdump {
 
-// The place where the records of a block stop making sense under one profile.
-struct Fault {
-    uint64_t octets = 0;     // of the block decoded before it
-    ast_datarecord_t record; // in which it lies, as far as that goes; valid when it is one record too many
-    std::string reason;      // empty until it is looked for
+enum class FaultKind {
+    damaged,              // the octets contradict themselves
+    unsupported_category, // nobody has published it
+    unsupported_edition,  // an FRN that means nothing in any edition that is known
+    unsupported_item,     // an item of which nothing is known but its number
+    unsupported_record,   // with more items than a record holds
+    not_asterix,          // other traffic that happens to begin like a block
 };
 
-// Takes over the library's log. It is not shown, since attempts with a profile that does not fit log, too, but the last
-// message on the item at a fault is its reason. At other times the library need not even write its messages. Once,
-// before anything is decoded: a thread that listens would miss its message.
-void silence_library_log();
+constexpr bool is_unsupported(FaultKind kind) { return kind != FaultKind::damaged && kind != FaultKind::not_asterix; }
 
-// Where a block that is not valid stops; the record at that place is read by `uap`.
-Fault find_fault(const ast_datablock_t &block, Octets octets, const ast_uap_t &uap);
+// "damaged", "not supported", "not ASTERIX".
+constexpr const char *fault_word(FaultKind kind) {
+    if (kind == FaultKind::not_asterix) return "not ASTERIX";
+    return is_unsupported(kind) ? "not supported" : "damaged";
+}
 
-std::string fault_reason(const Fault &fault, Octets block);
+// The place where the records of a block stop making sense.
+struct Fault {
+    FaultKind kind = FaultKind::damaged;
+    uint32_t code = 0;                            // AST_SPLIT_...
+    uint64_t octets = 0;                          // of the block in front of it
+    uint32_t frn = 0;                             // of the item at fault, 0 for none
+    ast_dataitem_type_t item = AST_DATAITEM_NONE; // which that announces, if it does
+    ast_datarecord_t record{};                    // in which it lies, as far as that goes
+    std::string reason;
+};
+
+// Of a block that is not valid, with the datagram that it came in.
+Fault find_fault(const Block &block, const Datagram &datagram);
 
 } // namespace astdump

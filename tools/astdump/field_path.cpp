@@ -6,6 +6,7 @@
 
 #include "numbers.hpp"
 #include "profiles.hpp"
+#include "reading.hpp"
 
 namespace astdump {
 
@@ -14,7 +15,6 @@ namespace {
 constexpr uint32_t kCategories = 256;
 constexpr uint32_t kItems = 1000;     // numbers of a category
 constexpr uint32_t kAdsB = 21;        // the category whose editions differ under one number
-constexpr uint32_t kSafetyNet = 4;    // the one with fields that depend on the message type
 constexpr uint32_t kRegisters = 256;  // numbers of Mode S registers
 constexpr size_t kCategoryDigits = 5; // "I048/" in front of an item
 constexpr size_t kItemDigits = 3;
@@ -32,15 +32,6 @@ std::string_view item_of(std::string_view path) {
     const bool is_number =
         item.size() == 1 + kItemDigits && item[0] == 'I' && std::ranges::all_of(item.substr(1), is_digit);
     return is_number ? item.substr(1) : std::string_view();
-}
-
-// What a message of category 004 is; 0 for records of others.
-uint32_t message_type(const ast_datarecord_t &record) {
-    if (record.category != kSafetyNet) return 0;
-    for (uint64_t i = 0; i < record.item_count; ++i)
-        if (record.items[i].type == AST_DATAITEM_TYPE(kSafetyNet, 0) && record.items[i].size != 0)
-            return record.items[i].data[0];
-    return 0;
 }
 
 bool has_value(const ast_field_t &field) { return field.kind < AST_FIELD_REGISTER || field.kind == AST_FIELD_EXPLICIT; }
@@ -77,6 +68,7 @@ std::optional<FieldPath> FieldPath::read(std::string_view text) {
     const std::optional<uint8_t> category = parts->category;
     FieldPath result;
     result.path_ = parts->path;
+    result.category_ = category;
     result.names_item_ = parts->path == parts->item;
     for (uint32_t each = 0; each < kCategories; ++each) {
         if (category && each != *category) continue;
@@ -162,7 +154,7 @@ void FieldPath::walk(const ast_datarecord_t &record, ast_field_value_visitor_t v
     if (!categories_.test(record.category % kCategories)) return;
     for (uint64_t i = 0; i < record.item_count; ++i)
         if (std::ranges::binary_search(types_, record.items[i].type))
-            ast_dataitem_walk(&record.items[i], record.uap, message_type(record), visit, context);
+            ast_dataitem_walk(&record.items[i], record.uap, message_type_of(record), visit, context);
 }
 
 bool FieldPath::is_in(const ast_datarecord_t &record) const {

@@ -24,6 +24,9 @@ public:
     // What carries a value under this path, of all categories; none for what only holds others.
     const std::vector<ast_field_t> &fields() const { return fields_; }
 
+    // The one category that the path names, if it does.
+    std::optional<uint8_t> category() const { return category_; }
+
     bool is_in(const ast_datarecord_t &record) const;
 
     // Calls take(value) for each value of the record that the path names.
@@ -59,6 +62,7 @@ private:
 
     std::string path_; // as the library writes it, without the category: "070/MODE3A"
     bool names_item_ = false;
+    std::optional<uint8_t> category_;
     std::vector<ast_dataitem_type_t> types_; // items that have the field, sorted
     std::bitset<256> categories_;            // of these
     std::vector<ast_field_t> fields_;

@@ -124,7 +124,7 @@ Condition keyword_condition(const std::string &name, const Comparison &compariso
     const Quantity &quantity = quantity_of(*keyword);
     if (!comparison.fits(quantity.notation))
         refuse("'" + comparison.value() + "' is no value of " + name + ", which is " + quantity.description);
-    return {*keyword, comparison};
+    return {*keyword, comparison, name, {}};
 }
 
 Condition path_condition(const std::string &name, const FieldPath &path, const Comparison &comparison) {
@@ -133,7 +133,7 @@ Condition path_condition(const std::string &name, const FieldPath &path, const C
     if (comparison.asks_for_value() &&
         std::ranges::none_of(path.fields(), [&](const ast_field_t &field) { return can_meet(field, comparison); }))
         refuse("'" + comparison.value() + "' is no value that " + name + " can be compared with");
-    return {path, comparison};
+    return {path, comparison, name, {}};
 }
 
 } // namespace
@@ -143,21 +143,32 @@ Condition read_condition(const std::string &text) try {
     const std::string name = text.substr(0, end);
     const Comparison comparison(std::string_view(text).substr(end));
     const auto path = FieldPath::read(name);
-    return path ? path_condition(name, *path, comparison) : keyword_condition(name, comparison);
+    Condition condition = path ? path_condition(name, *path, comparison) : keyword_condition(name, comparison);
+    condition.text = text;
+    return condition;
 } catch (const std::invalid_argument &error) {
     if (std::string_view(error.what()).starts_with("--where")) throw;
     refuse(error.what());
 }
 
-RecordSet select_records(const ast_datablock_t &block, const std::vector<Condition> &conditions) {
-    if (conditions.empty()) return RecordSet().set() >> (AST_DATABLOCK_MAX_RECORDS - block.record_count);
-    RecordSet selected;
-    for (uint64_t i = 0; i < block.record_count; ++i)
-        selected[i] = std::ranges::all_of(conditions, [&](const Condition &condition) {
+bool holds_what(const ast_datarecord_t &record, const Condition &condition) {
+    if (const auto *const path = std::get_if<FieldPath>(&condition.what)) return path->is_in(record);
+    return is_present(record, std::get<uint32_t>(condition.what));
+}
+
+bool names_category(const Condition &condition) {
+    const auto *const path = std::get_if<FieldPath>(&condition.what);
+    return path && path->category();
+}
+
+void select_records(RecordSet &selected, const Block &block, const std::vector<Condition> &conditions) {
+    if (conditions.empty()) return selected.set_all(block.record_count);
+    selected.set(block.record_count, [&](uint64_t i) {
+        return std::ranges::all_of(conditions, [&](const Condition &condition) {
             return std::visit([&](const auto &what) { return meets(block.records[i], what, condition.comparison); },
                               condition.what);
         });
-    return selected;
+    });
 }
 
 } // namespace astdump

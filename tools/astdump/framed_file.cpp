@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "moment.hpp"
 #include "split.hpp"
 
 namespace astdump {
@@ -29,6 +30,15 @@ bool FramedFile::read(Chunk &chunk) {
     return false;
 }
 
+// A time that falls back by more than half a day is one of the next day.
+Time FramedFile::time_of(uint32_t centiseconds) {
+    constexpr uint32_t kHalfDay = 12 * 60 * 60 * kCentisecondsPerSecond;
+    if (centiseconds + kHalfDay < last_centiseconds_) ++days_;
+    last_centiseconds_ = centiseconds;
+    return {days_ * kSecondsPerDay + centiseconds / kCentisecondsPerSecond,
+            centiseconds % kCentisecondsPerSecond * kNanosecondsPerCentisecond};
+}
+
 void FramedFile::add(Chunk &chunk, const Framed &framed) {
     if (framed.blocks.empty()) return;
     const bool is_unpacked =
@@ -36,9 +46,7 @@ void FramedFile::add(Chunk &chunk, const Framed &framed) {
     Datagram datagram{.octets = is_unpacked ? chunk.keep_apart(framed.blocks) : framed.blocks,
                       .offset = offset_ + place_};
     if (!is_unpacked) datagram.offset = offset_ + static_cast<uint64_t>(framed.blocks.data() - chunk.octets().data());
-    if (const auto time = framed.centiseconds)
-        datagram.time =
-            Time{*time / kCentisecondsPerSecond, *time % kCentisecondsPerSecond * kNanosecondsPerCentisecond};
+    if (const auto time = framed.centiseconds) datagram.time = time_of(*time);
     chunk.add(datagram);
 }
 

@@ -17,8 +17,8 @@ public:
 private:
     Framed frame_at(Octets rest);
     bool read(Chunk &chunk);
-    bool pass_lead(Chunk &chunk);
     bool step(Chunk &chunk);
+    Time time_of(uint32_t centiseconds);
     void add(Chunk &chunk, const Framed &framed);
     void end_gap(Chunk &chunk);
 
@@ -30,6 +30,8 @@ private:
     size_t place_ = 0;    // in the chunk
     bool is_read_ = false;
     std::optional<uint64_t> gap_; // where octets began that are no frame
+    uint32_t last_centiseconds_ = 0;
+    int64_t days_ = 0; // since the first frame
 };
 
 } // namespace astdump

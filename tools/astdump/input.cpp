@@ -90,7 +90,8 @@ std::unique_ptr<Source> open_source(OctetStream &stream, const FramingKind *fram
 } // namespace
 
 Input::Input(const std::string &path, const std::string &interface, Waiting *waiting, bool follow,
-             const FramingKind *framing) {
+             const FramingKind *framing, const DatagramChoice &choice)
+    : filter_(choice) {
     const std::vector<LiveUrl> urls = read_live_urls(path);
     if (urls.empty()) {
         stream_ = std::make_unique<OctetStream>(path, waiting, follow);
@@ -119,17 +120,32 @@ void Input::connect(const LiveUrl &url, Waiting &waiting, const FramingKind *fra
     source_ = std::make_unique<TcpSource>(std::move(source_), *stream_, connection->endpoints);
 }
 
+Input::Input(std::unique_ptr<Source> source, const DatagramChoice &choice)
+    : source_(std::move(source)), filter_(choice) {}
+
+// What is to be said behind the last datagram; false when that is nothing.
+bool Input::tell_end(Chunk &chunk) {
+    Damage &damage = chunk.damage();
+    if (!filter_.complaint().empty()) damage.note(filter_.complaint());
+    if (!stream_) return !damage.reports().empty();
+    if (!stream_->damage().empty())
+        damage.input(stream_->damage());
+    else if (!has_any_ && !stream_->cut_off())
+        damage.note("holds no " + (stream_->consumed() == 0 ? "octets" : source_->nothing()));
+    return !damage.reports().empty();
+}
+
 bool Input::fill(Chunk &chunk) {
     chunk.clear();
+    if (!filter_.is_idle()) chunk.set_filter(&filter_);
     bool filled = !is_read_ && source_->fill(chunk);
-    if (!filled && !std::exchange(is_read_, true) && stream_ && !stream_->damage().empty()) {
-        chunk.damage().input(stream_->damage());
-        filled = true;
-    }
+    has_any_ = has_any_ || chunk.has_met_any() || !chunk.damage().reports().empty();
+    chunk.leave_out();
+    if (!filled) filled = !std::exchange(is_read_, true) && tell_end(chunk);
     chunk.first_number = next_number_;
     for (const Datagram &datagram : chunk.datagrams()) next_number_ += count_blocks(datagram.octets).count;
     chunk.end_number = next_number_;
-    chunk.consumed = stream_ ? stream_->consumed() : 0;
+    if (stream_) chunk.consumed = stream_->consumed();
     return filled;
 }
 

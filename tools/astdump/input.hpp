@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <optional>
+#include <stdexcept>
 #include <string>
 
 #include "chunk.hpp"
@@ -11,6 +12,12 @@
 
 namespace astdump {
 
+// An input of a kind that cannot be read; what() says why.
+class UnreadableInput : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
 class Source {
 public:
     virtual ~Source() = default;
@@ -18,6 +25,9 @@ public:
     // Fills an empty chunk with what comes next, without waiting for more once there is something in it; false at the
     // end. What cannot be read is told to the damage of the chunk; reading goes on behind it where it can.
     virtual bool fill(Chunk &chunk) = 0;
+
+    // What there is none of where it has yielded nothing.
+    virtual std::string nothing() const { return "blocks"; }
 };
 
 struct LiveUrl;
@@ -30,10 +40,17 @@ public:
     // std::system_error when the file cannot be opened.
     // The framing of a file is found out where it is null.
     Input(const std::string &path, const std::string &interface, Waiting *waiting, bool follow,
-          const FramingKind *framing = nullptr);
+          const FramingKind *framing = nullptr, const DatagramChoice &choice = {});
 
-    // As a source does. The blocks of the chunk are numbered.
+    // What another source yields.
+    Input(std::unique_ptr<Source> source, const DatagramChoice &choice);
+
+    // As a source does, of the datagrams that are chosen. Their blocks are numbered. Says at the end what there was
+    // nothing of.
     bool fill(Chunk &chunk);
+
+    // Whether more may come, for which reports should not wait.
+    bool is_live() const { return !stream_ || !stream_->is_at_rest(); }
 
     // How its blocks are wrapped, and how it is compressed: "raw", "pcap, gzip".
     const std::string &framing() const { return framing_; }
@@ -47,7 +64,11 @@ private:
 
     std::unique_ptr<OctetStream> stream_; // null for datagrams
     std::unique_ptr<Source> source_;
+    bool tell_end(Chunk &chunk);
+
     std::string framing_;
+    DatagramFilter filter_;
+    bool has_any_ = false; // also of what is not chosen
     bool is_read_ = false;
     uint64_t next_number_ = 1; // of a block
 };

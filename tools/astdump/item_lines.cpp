@@ -35,7 +35,7 @@ ItemLines::ItemLines(unsigned columns, Style style, bool detail)
     if (detail) detail_.emplace(style);
 }
 
-const std::string &ItemLines::title(ast_dataitem_type_t type) {
+const std::string &ItemLines::title(ast_dataitem_type_t type, const ast_uap_t &uap) {
     std::string &title = titles_[type];
     if (title.empty()) {
         TextBuffer line;
@@ -44,23 +44,23 @@ const std::string &ItemLines::title(ast_dataitem_type_t type) {
         line.left(ast_dataitem_type_to_str(type), kTypeWidth);
         line.put(style_.off());
         line.pad(kGap);
-        line.left(cut(ast_dataitem_get_name(type), name_width_), name_width_);
+        line.left(cut(item_name(type, uap), name_width_), name_width_);
         title = line.text();
     }
     return title;
 }
 
 // A summary that leaves no room for the octets pushes them to the next line.
-void ItemLines::write(TextBuffer &out, const ast_dataitem_t &item) {
-    out.put(title(item.type));
+void ItemLines::write(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading) {
+    out.put(title(item.type, reading.uap));
     out.number(item.size, kSizeWidth);
     out.pad(kGap);
-    const std::string_view summary = views_.summary(item);
+    const std::string_view summary = views_.summary(item, reading);
     put_printable(out, summary);
     const bool fits = summary.size() <= summary_width_;
     if (!fits) out.put('\n');
     octets(out, {item.data, item.size}, fits ? summary_width_ - summary.size() + kGap : hex_column_);
-    if (detail_) detail_->item(out, item);
+    if (detail_) detail_->item(out, item, reading);
 }
 
 // Starts the first line with `indent` blanks.

@@ -6,9 +6,9 @@
 
 #include "by_type.hpp"
 #include "detail.hpp"
+#include "item_views.hpp"
 #include "memo.hpp"
 #include "terminal.hpp"
-#include "views.hpp"
 
 namespace astdump {
 
@@ -17,13 +17,13 @@ public:
     // Laid out for so many columns, at least 60.
     ItemLines(unsigned columns, Style style, bool detail);
 
-    void put(TextBuffer &out, const ast_dataitem_t &item) {
-        memo_.put(out, item, [&](TextBuffer &to) { write(to, item); });
+    void put(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading) {
+        memo_.put(out, item, reading.number, [&](TextBuffer &to) { write(to, item, reading); });
     }
 
 private:
-    void write(TextBuffer &out, const ast_dataitem_t &item);
-    const std::string &title(ast_dataitem_type_t type);
+    void write(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading);
+    const std::string &title(ast_dataitem_type_t type, const ast_uap_t &uap);
     void octets(TextBuffer &out, Octets octets, size_t indent) const;
 
     Style style_;
@@ -32,7 +32,7 @@ private:
     size_t name_width_;
     size_t hex_column_;          // where the octets start
     ByType<std::string> titles_; // where lines start; empty until a type is met
-    Views views_;
+    ItemViews views_;
     std::optional<Detail> detail_;
     Memo memo_;
 };

@@ -11,8 +11,9 @@ namespace {
 constexpr char kGap = '\1';
 constexpr char kBehindPlace = '\2';
 
-std::string key_of(const ast_dataitem_t &item) {
+std::string key_of(const ast_dataitem_t &item, const Reading &reading) {
     std::string key(reinterpret_cast<const char *>(&item.type), sizeof item.type);
+    key.append(reinterpret_cast<const char *>(&reading.number), sizeof reading.number);
     return key.append(reinterpret_cast<const char *>(item.data), item.size);
 }
 
@@ -24,20 +25,20 @@ void ItemTexts::clear() {
     shapes_.clear();
 }
 
-std::optional<size_t> ItemTexts::find_or_put(TextBuffer &out, const ast_dataitem_t &item) {
-    std::string key = key_of(item);
+std::optional<size_t> ItemTexts::find_or_put(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading) {
+    std::string key = key_of(item, reading);
     if (is_video(item)) key += std::to_string(items_.size());
     const auto [known, is_new] = items_.try_emplace(std::move(key), items_.size());
     if (!is_new) return known->second;
-    const size_t type_number = type(out, item.type);
-    read_detail(item);
+    const size_t type_number = type(out, item.type, reading.uap);
+    read_detail(item, reading);
     const Shape *const detail = markup_.empty() ? nullptr : &shape(out);
     out.put("D\t");
     out.number(type_number);
     out.put('\t');
     out.hex_digits({item.data, item.size});
     out.put('\t');
-    out.put(escape(printable(views_.summary(item))));
+    out.put(escape(printable(views_.summary(item, reading))));
     if (detail) {
         out.put('\t');
         out.number(detail->number);
@@ -48,23 +49,23 @@ std::optional<size_t> ItemTexts::find_or_put(TextBuffer &out, const ast_dataitem
     return std::nullopt;
 }
 
-size_t ItemTexts::type(TextBuffer &out, ast_dataitem_type_t type) {
+size_t ItemTexts::type(TextBuffer &out, ast_dataitem_type_t type, const ast_uap_t &uap) {
     const auto [known, is_new] = types_.try_emplace(type, types_.size());
     if (is_new) {
         out.put("T\t");
         out.put(ast_dataitem_type_to_str(type));
         out.put('\t');
-        out.put(escape(ast_dataitem_get_name(type)));
+        out.put(escape(item_name(type, uap)));
         out.put('\n');
     }
     return known->second;
 }
 
-void ItemTexts::read_detail(const ast_dataitem_t &item) {
+void ItemTexts::read_detail(const ast_dataitem_t &item, const Reading &reading) {
     markup_.clear();
     texts_.clear();
     read_fragment(
-        views_.show(ast_dataitem_get_detail_html, item), [&](std::string_view markup) { markup_ += markup; },
+        views_.detail(item, reading), [&](std::string_view markup) { markup_ += markup; },
         [&](std::string_view text) {
             markup_ += kGap;
             texts_.push_back(escape(text));

@@ -6,8 +6,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "item_views.hpp"
 #include "text_buffer.hpp"
-#include "views.hpp"
 
 namespace astdump {
 
@@ -26,7 +26,7 @@ public:
     void clear();
 
     // The number of an item that is known already. One that is not gets the next number, and its lines are put.
-    std::optional<size_t> find_or_put(TextBuffer &out, const ast_dataitem_t &item);
+    std::optional<size_t> find_or_put(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading);
 
 private:
     struct Shape {
@@ -34,15 +34,15 @@ private:
         std::vector<std::string> texts;
     };
 
-    size_t type(TextBuffer &out, ast_dataitem_type_t type);
+    size_t type(TextBuffer &out, ast_dataitem_type_t type, const ast_uap_t &uap);
     const Shape &shape(TextBuffer &out);
-    void read_detail(const ast_dataitem_t &item);
+    void read_detail(const ast_dataitem_t &item, const Reading &reading);
     void put_changes(TextBuffer &out, const Shape &shape) const;
 
-    std::unordered_map<std::string, size_t> items_; // by type and octets
+    std::unordered_map<std::string, size_t> items_; // by type, reading and octets
     std::unordered_map<ast_dataitem_type_t, size_t> types_;
     std::unordered_map<std::string, Shape> shapes_; // by their markup
-    Views views_;
+    ItemViews views_;
 
     // The detail view at hand: its markup, with a mark in the place of each text.
     std::string markup_;

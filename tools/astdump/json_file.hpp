@@ -21,6 +21,7 @@ public:
     // record without a number; of more octets than a block holds, several. Octets in "data" stand in their block, or,
     // without a number, by themselves.
     bool fill(Chunk &chunk) override;
+    std::string nothing() const override { return "records"; }
 
 private:
     static constexpr uint64_t kMostOctets = kMaxBlockOctets - kBlockHeaderOctets;

@@ -9,8 +9,9 @@ namespace astdump {
 
 namespace {
 
-// The category in which each record has a profile of its own: what is left of a long block are octets.
-constexpr uint32_t kMonoradarTargets = 1;
+bool has_remainder(const DecodedBlock &decoded) {
+    return !decoded.is_cut && (decoded.fault || decoded.block->record_count == 0);
+}
 
 class JsonRenderer : public Renderer {
 public:
@@ -21,7 +22,6 @@ public:
 
 private:
     ast_json_line_t line(const Datagram &datagram, uint64_t offset);
-    void record(const ast_datarecord_t &record, const ast_json_line_t &line, TextBuffer &out);
     void remainder(const DecodedBlock &decoded, ast_json_line_t line, TextBuffer &out);
     void data(uint32_t category, Octets octets, const std::string &error, const ast_json_line_t &line, TextBuffer &out);
     template <typename Write>
@@ -60,7 +60,7 @@ const char *put_one_endpoint(TextBuffer &out, const Endpoint &endpoint) {
 ast_json_line_t JsonRenderer::line(const Datagram &datagram, uint64_t offset) {
     ast_json_line_t line{};
     line.texts = form_.texts;
-    if (form_.name_files) line.file = file_.c_str();
+    if (form_.name_files) line.file = datagram.file ? datagram.file->c_str() : file_.c_str();
     if (datagram.time) line.time = put_iso_time(time_, *datagram.time);
     if (datagram.endpoints) {
         line.source = put_one_endpoint(source_, datagram.endpoints->source);
@@ -73,8 +73,9 @@ ast_json_line_t JsonRenderer::line(const Datagram &datagram, uint64_t offset) {
 
 void JsonRenderer::block(const DecodedBlock &decoded, TextBuffer &out) {
     ast_json_line_t line = this->line(*decoded.datagram, decoded.offset);
-    const ast_datablock_t &block = *decoded.block;
+    const Block &block = *decoded.block;
     line.block = decoded.number;
+    line.ambiguous = block.profile.ambiguous;
     for (uint64_t i = 0; i < block.record_count; ++i) {
         if (!decoded.shown[i]) continue;
         const ast_datarecord_t &record = block.records[i];
@@ -82,31 +83,15 @@ void JsonRenderer::block(const DecodedBlock &decoded, TextBuffer &out) {
         put(record.size, out,
             [&](char *text, uint64_t capacity) { return ast_datarecord_to_json(text, capacity, &record, &line); });
     }
-    if (form_.remainders) remainder(decoded, line, out);
+    if (form_.remainders && has_remainder(decoded)) remainder(decoded, line, out);
 }
 
-void JsonRenderer::record(const ast_datarecord_t &record, const ast_json_line_t &line, TextBuffer &out) {
-    put(record.size, out,
-        [&](char *text, uint64_t capacity) { return ast_datarecord_to_json(text, capacity, &record, &line); });
-}
-
-// What lies behind the last record that is whole, and first the records beyond those that a decoded block holds. A
-// block without any octets behind its header has no record either.
+// What lies behind the last record that is whole. A block without any octets behind its header has no record either.
 void JsonRenderer::remainder(const DecodedBlock &decoded, ast_json_line_t line, TextBuffer &out) {
-    const ast_datablock_t &block = *decoded.block;
-    if (!decoded.fault && block.record_count != 0) return;
-    uint64_t end = kBlockHeaderOctets;
-    for (uint64_t i = 0; i < block.record_count; ++i) end += block.records[i].size;
+    const Block &block = *decoded.block;
     line.record = block.record_count + 1;
-    const bool is_longer = decoded.fault && block.category != kMonoradarTargets;
-    for (ast_datarecord_t more = is_longer ? decoded.fault->record : ast_datarecord_t{}; more.valid; ++line.record) {
-        record(more, line, out);
-        end += more.size;
-        const Octets rest = decoded.octets.subspan(end);
-        if (rest.empty()) return;
-        more = ast_datarecord_decode(rest.data(), rest.size(), block.category, more.uap);
-    }
-    const Octets rest = decoded.octets.subspan(end);
+    line.ambiguous = false;
+    const Octets rest = decoded.octets.subspan(block.records.octets_of(block.record_count));
     data(block.category, rest, rest.empty() ? "a block without records" : decoded.fault->reason, line, out);
 }
 
@@ -141,6 +126,10 @@ void JsonRenderer::put(size_t octets, TextBuffer &out, Write write) {
 }
 
 } // namespace
+
+uint64_t json_lines_of(const DecodedBlock &decoded, const JsonForm &form) {
+    return decoded.shown.count() + (form.remainders && has_remainder(decoded) ? 1 : 0);
+}
 
 std::unique_ptr<Renderer> make_json_renderer(const JsonForm &form, const std::string &file) {
     return std::make_unique<JsonRenderer>(form, file);

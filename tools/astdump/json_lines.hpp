@@ -15,6 +15,9 @@ struct JsonForm {
 };
 
 // `file` is the name of the file at hand, wherever it changes to.
+// The lines of a block: its records, and what is none.
+uint64_t json_lines_of(const DecodedBlock &decoded, const JsonForm &form);
+
 std::unique_ptr<Renderer> make_json_renderer(const JsonForm &form, const std::string &file);
 
 class JsonLines : public Sink {
@@ -23,6 +26,7 @@ public:
 
     std::unique_ptr<Renderer> renderer() const override { return make_json_renderer(form_, file_); }
     size_t chunk_octets() const override { return size_t{64} * 1024; }
+    uint64_t shows(const DecodedBlock &decoded) const override { return json_lines_of(decoded, form_); }
     void file(const std::string &name) override { file_ = name; }
     void take(std::string_view rendered) override { out_.write(rendered); }
     void finish(uint64_t) override {}

@@ -1,10 +1,9 @@
 #include "json_members.hpp"
 
 #include <algorithm>
-#include <chrono>
 
 #include "endpoint.hpp"
-#include "numbers.hpp"
+#include "moment.hpp"
 
 namespace astdump {
 
@@ -65,43 +64,6 @@ private:
     std::string_view text_;
     size_t at_ = 0;
 };
-
-// The number that a text begins with, of so many digits, and what follows it.
-std::optional<int> take_number(std::string_view &text, size_t digits, char behind) {
-    if (text.size() < digits + 1 || text[digits] != behind) return std::nullopt;
-    const auto number = read_number<uint16_t>(text.substr(0, digits));
-    text.remove_prefix(digits + 1);
-    return number;
-}
-
-// "401501" of a second.
-std::optional<uint32_t> read_nanoseconds(std::string_view digits) {
-    constexpr size_t kMostDigits = 9;
-    if (digits.empty() || digits.size() > kMostDigits) return std::nullopt;
-    auto number = read_number<uint32_t>(digits);
-    for (size_t i = digits.size(); number && i < kMostDigits; ++i) *number *= 10;
-    return number;
-}
-
-// "2014-02-25T12:43:47.401501Z", with any fraction or none.
-std::optional<Time> read_time(std::string_view text) {
-    using namespace std::chrono;
-    if (!text.ends_with('Z')) return std::nullopt;
-    const size_t point = std::min(text.find('.'), text.size() - 1);
-    const std::string_view digits = text.substr(point + 1);
-    const auto nanoseconds =
-        digits.empty() ? std::optional<uint32_t>(0) : read_nanoseconds(digits.substr(0, digits.size() - 1));
-    std::string_view rest = text.substr(0, point + 1);
-    const char behind_seconds = rest.back();
-    const auto y = take_number(rest, 4, '-'), m = take_number(rest, 2, '-'), d = take_number(rest, 2, 'T');
-    const auto hour = take_number(rest, 2, ':'), minute = take_number(rest, 2, ':');
-    const auto second = take_number(rest, 2, behind_seconds);
-    if (!y || !m || !d || !hour || !minute || !second || !nanoseconds || !rest.empty()) return std::nullopt;
-    const year_month_day date(year(*y), month(static_cast<unsigned>(*m)), day(static_cast<unsigned>(*d)));
-    if (!date.ok() || *hour > 23 || *minute > 59 || *second > 60) return std::nullopt;
-    const auto since = sys_days(date).time_since_epoch() + hours(*hour) + minutes(*minute) + seconds(*second);
-    return Time{duration_cast<seconds>(since).count(), *nanoseconds};
-}
 
 std::optional<Endpoint> read_address(std::string_view text) {
     const auto endpoint = read_endpoint(text);

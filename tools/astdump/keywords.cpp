@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "shared_items.hpp"
+#include "text.hpp"
 
 namespace astdump {
 
@@ -38,7 +39,7 @@ bool put_keyword(TextBuffer &out, const ast_datarecord_t &record, uint32_t keywo
     const char *first = buffer;
     while (*first == ' ') ++first;
     const size_t begin = out.size();
-    out.put(first);
+    put_printable(out, first);
     out.trim(begin);
     return out.size() > begin || put_shared_item(out, record, keyword);
 }

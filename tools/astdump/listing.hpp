@@ -15,8 +15,9 @@ public:
     struct Form {
         unsigned columns; // that lines are laid out for, at least 60
         bool color;
-        bool name_files; // when there are several
+        bool name_files; // when there are several, one after the other
         bool detail;     // the fields of each item below it
+        bool folds;      // whether what is said of a block may take two lines, where one is too long
     };
     Listing(Output &out, const Form &form) : out_(out), form_(form) {}
 

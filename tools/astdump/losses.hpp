@@ -17,11 +17,21 @@ struct Losses {
     uint64_t unread_lines = 0;
     uint64_t unfinished = 0; // inputs that are not read to their end
 
+    // What is no damage.
+    uint64_t unsupported = 0; // blocks of a category, edition or item that is not known
+    uint64_t foreign = 0;     // datagrams of other traffic
+    uint64_t foreign_streams = 0;
+
     Losses &operator+=(const Losses &other);
     bool operator==(const Losses &other) const = default;
 
-    // "1 datagram truncated, 16 octets skipped"; empty when nothing is lost.
+    bool any_damage() const;
+
+    // "1 datagram truncated, 16 octets skipped"; empty when nothing is damaged.
     std::string text() const;
+
+    // "3 datagrams, 2 TCP streams" of other traffic; empty when there is none.
+    std::string foreign_text() const;
 };
 
 } // namespace astdump

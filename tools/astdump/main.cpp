@@ -14,6 +14,7 @@
 #include "record_list.hpp"
 #include "run.hpp"
 #include "stats.hpp"
+#include "top.hpp"
 #include "write_file.hpp"
 
 namespace {
@@ -21,28 +22,39 @@ namespace {
 using namespace astdump;
 
 bool use_color(const Options &options, std::FILE *file) {
-    return options.color == "always" || (options.color == "auto" && is_terminal(file));
+    return options.color == "always" || (options.color == "auto" && takes_color(file));
 }
 
 JsonForm json_form(const Options &options) {
     return {.texts = options.texts, .name_files = options.files.size() > 1, .remainders = options.where.empty()};
 }
 
-Sinks make_sinks(const Options &options, Output &out) {
+std::unique_ptr<Top> make_top(const Options &options, Output &out, const DamageLog &damage, Waiting &waiting) {
+    const Top::Form form{
+        .color = use_color(options, stdout), .is_drawn = has_cursor(stdout), .is_live = options.follow};
+    auto top = std::make_unique<Top>(out, form, damage.losses());
+    waiting.meanwhile([&top = *top] { top.refresh(); });
+    return top;
+}
+
+Sinks make_sinks(const Options &options, Output &out, const DamageLog &damage, Waiting &waiting) {
     Sinks sinks;
     const bool color = use_color(options, stdout);
-    if (options.stats)
+    if (options.top)
+        sinks.push_back(make_top(options, out, damage, waiting));
+    else if (options.stats)
         sinks.push_back(std::make_unique<Stats>(out, color));
     else if (options.json)
         sinks.push_back(std::make_unique<JsonLines>(out, json_form(options)));
     else if (!options.csv.empty())
-        sinks.push_back(std::make_unique<Csv>(out, options.csv, options.files.size() > 1));
+        sinks.push_back(std::make_unique<Csv>(out, options.csv, options.files.size() > 1, options.merge));
     else if (options.list)
-        sinks.push_back(std::make_unique<RecordList>(out, color, options.files.size() > 1));
+        sinks.push_back(std::make_unique<RecordList>(out, color, options.files.size() > 1, options.merge));
     else if (!options.quiet && options.html.empty() && options.write.empty())
-        sinks.push_back(std::make_unique<Listing>(
-            out, Listing::Form{columns(stdout), color, options.files.size() > 1, options.detail}));
-    if (options.follow && !options.stats && !options.json && options.csv.empty())
+        sinks.push_back(std::make_unique<Listing>(out, Listing::Form{columns(stdout), color,
+                                                                     options.files.size() > 1 && !options.merge,
+                                                                     options.detail, is_terminal(stdout)}));
+    if (options.follow && !options.top && !options.stats && !options.json && options.csv.empty())
         sinks.push_back(std::make_unique<Stats>(out, color));
     if (!options.html.empty()) sinks.push_back(std::make_unique<Page>(options.html, options.files));
     if (!options.write.empty())
@@ -52,21 +64,23 @@ Sinks make_sinks(const Options &options, Output &out) {
 
 // A listing on a terminal shows by itself how far the work has got.
 bool wants_progress(const Options &options) {
+    if (options.top) return !is_terminal(stdout);
     return options.quiet || options.stats || !options.html.empty() || !options.write.empty() || !is_terminal(stdout);
 }
 
 // A reader that has seen enough is no fault.
 int check_output(int error, int status) {
     if (error == 0 || error == EPIPE) return status;
-    std::fputs("astdump: standard output cannot be written\n", stderr);
+    tell("standard output cannot be written");
     return kExitUnusable;
 }
 
 int run(const Options &options) {
     Waiting waiting;
     Output out(STDOUT_FILENO);
-    DamageLog damage(use_color(options, stderr));
-    Run run(options, make_sinks(options, out), out, damage, Progress(wants_progress(options)), &waiting);
+    DamageLog damage(use_color(options, stderr), options.verbose);
+    Run run(options, make_sinks(options, out, damage, waiting), out, damage, Progress(wants_progress(options)),
+            &waiting);
     const int status = run.files();
     if (waiting.ended() && !options.follow) waiting.pass_on();
     return check_output(out.error(), status);
@@ -81,6 +95,6 @@ int main(int argc, char **argv) try {
     if (command_line.options) return run(*command_line.options);
     return check_output(std::fflush(stdout) == 0 ? 0 : errno, command_line.status);
 } catch (const std::exception &error) {
-    std::fprintf(stderr, "astdump: %s\n", error.what());
+    tell(error.what());
     return kExitUnusable;
 }

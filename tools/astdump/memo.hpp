@@ -1,5 +1,5 @@
-// Texts of items, kept: what a view says of an item depends on its type and octets alone, and many items of a recording
-// say what others have said before.
+// Texts of items, kept: what a view says of an item depends on its type, its octets and how they are read alone, and
+// many items of a recording say what others have said before.
 #pragma once
 
 #include <array>
@@ -17,12 +17,12 @@ class Memo {
 public:
     Memo() : entries_(kEntries) {}
 
-    // Puts the text of an item, which `write` puts if it is not known.
+    // Puts the text of an item, which `write` puts if it is not known. `reading` is the number of its reading.
     template <typename Write>
-    void put(TextBuffer &out, const ast_dataitem_t &item, Write write) {
+    void put(TextBuffer &out, const ast_dataitem_t &item, uint32_t reading, Write write) {
         Use &use = uses_[item.type];
         if (item.size == 0 || item.size > kMaxOctets || is_video(item) || !use.is_worthwhile()) return write(out);
-        const Key key(item);
+        const Key key(item, reading);
         Entry &entry = entries_[key.hash() % kEntries];
         if (entry.key == key) {
             ++use.found;
@@ -64,10 +64,11 @@ private:
         uint16_t pause = 0; // items that are still passed over
     };
 
-    // The octets are taken by words that overlap, since the size stands beside them.
+    // The octets are taken by words that overlap, since the size stands beside them, in eight bits.
     struct Key {
         Key() = default;
-        explicit Key(const ast_dataitem_t &item) : words{uint64_t{item.type} << 32 | item.size} {
+        Key(const ast_dataitem_t &item, uint32_t reading)
+            : words{uint64_t{item.type} << 32 | uint64_t{reading} << 8 | item.size} {
             const uint8_t *const end = item.data + item.size;
             if (item.size >= 8) {
                 words[1] = load<uint64_t>(item.data);

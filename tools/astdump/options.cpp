@@ -2,7 +2,9 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <iostream>
 #include <sched.h>
+#include <sstream>
 #include <stdexcept>
 #include <string_view>
 #include <thread>
@@ -10,6 +12,7 @@
 #include "convert.hpp"
 #include "live_url.hpp"
 #include "numbers.hpp"
+#include "text.hpp"
 #include "write_file.hpp"
 
 namespace astdump {
@@ -41,6 +44,9 @@ Examples:
   astdump recording.pcap                     list all blocks
   astdump --category 34,48 --count 10 a.pcap the first ten blocks of a radar
   astdump --stats recording.pcapng           count blocks, records and items
+  astdump --port 8600 --from 12:00 --to 12:05 a.pcap
+                                             five minutes of one stream
+  astdump --list --merge a.pcap b.pcap       two recordings as one, in the order of time
   astdump --detail --count 1 a.pcap          the value of every field of the first block
   astdump --html a.html a.pcap               a page to click through, with the bits of every item
   astdump --quiet *.ast || echo damaged      check files in a script
@@ -56,6 +62,7 @@ Examples:
   astdump --where 'I070/MODE3A>=7500' a.pcap  by a published field
   astdump --list udp://239.1.1.1:8600        join a multicast group and list what comes; several at once
   astdump --list tcp://radar.example:8600    connect to a server and list what it sends
+  astdump --top udp://239.1.1.1:8600         watch who sends how much
   astdump --follow --quiet growing.pcap      watch a recording for damage while it is made
   tcpdump -i eth0 -w - | astdump -           look at live traffic of any kind)";
 
@@ -88,6 +95,11 @@ struct Texts {
     std::vector<std::string> conditions;
     std::string convert;
     std::optional<std::string> csv; // its columns
+    std::optional<std::string> count;
+    std::optional<std::string> ports;
+    std::optional<std::string> hosts;
+    std::optional<std::string> from;
+    std::optional<std::string> to;
 };
 
 constexpr size_t kMaxJobs = 256;
@@ -112,13 +124,26 @@ void describe_live(CLI::App &app, Options &options) {
         ->type_name("NAME");
 }
 
+void describe_datagrams(CLI::App &app, Options &options, Texts &texts) {
+    app.add_option("--port", texts.ports, "Read only datagrams from or to ports such as 8600 or 8600-8620,9000")
+        ->type_name("LIST");
+    app.add_option("--host", texts.hosts,
+                   "Read only datagrams from or to addresses such as 10.1.2.3, 10.1.0.0/16 or 10.1.2.3-10.1.2.9")
+        ->type_name("LIST");
+    app.add_option("--from", texts.from, "Read only what came at this time or later: 12:00 or 2014-02-25T12:43:47, UTC")
+        ->type_name("TIME");
+    app.add_option("--to", texts.to, "Read only what came at this time or before")->type_name("TIME");
+    app.add_flag("--merge", options.merge, "Read several files as one, by the times of their datagrams");
+}
+
 void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_option("FILE", options.files,
                    "Captures and files of blocks, - for standard input, udp://HOST:PORT or tcp://HOST:PORT")
         ->required()
         ->type_name("");
     describe_live(app, options);
-    app.add_option("--uap", texts.profile, "Profile to decode with, see below; auto, if not given, tries them")
+    app.add_option("--uap", texts.profile,
+                   "Profile to read with what it lays out, see below; auto, if not given, what fits each source")
         ->check(CLI::IsMember(profile_names()).description(""))
         ->type_name("NAME");
     app.add_option(
@@ -137,7 +162,9 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
         ->take_all()
         ->allow_extra_args(false)
         ->type_name("NAME[=VALUE]");
-    app.add_option("--count", options.count, "Stop after N blocks")->type_name("N");
+    app.add_option("--count", texts.count, "Stop after N blocks, or N records where these are the lines")
+        ->type_name("N");
+    describe_datagrams(app, options, texts);
     app.add_flag("--detail", options.detail, "Below each item of the listing, the value of every field");
     app.add_option("--html", options.html, "Instead of the listing, write a page for web browsers")->type_name("PAGE");
     app.add_flag("--list", options.list, "A line per record with the common quantities in columns");
@@ -146,12 +173,15 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_option("--csv", texts.csv, "A line per record as comma-separated values: the columns of --list, or PATHS")
         ->type_name("[PATHS]");
     app.add_flag("--stats", options.stats, "Instead of the listing, count by category and by item");
+    app.add_flag("--top", options.top,
+                 "Instead of the listing, a table of what each data source sends, drawn anew every second");
     app.add_option("--convert", texts.convert,
                    "Turn records into those of categories that say the same: 1 from 48, 2 from 34, and back")
         ->type_name("LIST");
     app.add_option("--write", options.write, "Write what is chosen to a .pcap, .ast or .json file instead")
         ->type_name("NEWFILE");
     app.add_flag("--quiet", options.quiet, "No listing, only reports of damage");
+    app.add_flag("--verbose", options.verbose, "Report everything that is damaged, not a line for each reason");
     app.add_option("--jobs", options.jobs,
                    "Threads, as many as there are processors if not given; the output is the same")
         ->check(CLI::Range(size_t{1}, kMaxJobs).description(""))
@@ -177,12 +207,47 @@ bool join_live(std::vector<std::string> &files) {
     return true;
 }
 
+// Shows the help that was asked for, or what is wrong, which may quote names of files that a pattern of the shell
+// found.
+int exit_for(const CLI::App &app, const CLI::ParseError &error) {
+    std::ostringstream messages;
+    const bool is_clean = app.exit(error, std::cout, messages) == 0;
+    std::istringstream lines(messages.str());
+    for (std::string line; std::getline(lines, line);) std::fprintf(stderr, "%s\n", readable(line).c_str());
+    return is_clean ? kExitClean : kExitUnusable;
+}
+
+uint64_t read_count(const std::string &text) {
+    const auto count = read_number<uint64_t>(text);
+    if (!count || *count == 0) throw std::invalid_argument("--count: '" + text + "' is no number of 1 or more");
+    return *count;
+}
+
+Moment read_limit(const char *option, const std::string &text) {
+    const auto moment = read_moment(text);
+    if (!moment)
+        throw std::invalid_argument(std::string(option) + ": '" + text +
+                                    "' is no time such as 12:00, 12:00:00.5 or 2014-02-25T12:43:47Z");
+    return *moment;
+}
+
+// Datagrams, and how much of them.
+void read_choice(Options &options, const Texts &texts) {
+    DatagramChoice &datagrams = options.datagrams;
+    if (texts.count) options.count = read_count(*texts.count);
+    if (texts.ports) datagrams.ports = read_ports(*texts.ports);
+    if (texts.hosts) datagrams.hosts = read_hosts(*texts.hosts);
+    if (texts.from) datagrams.from = read_limit("--from", *texts.from);
+    if (texts.to) datagrams.to = read_limit("--to", *texts.to);
+}
+
 // What the parser cannot tell. Throws std::invalid_argument for a mistake.
 void complete(Options &options, const Texts &texts) {
     options.profile = find_profile(texts.profile);
     options.framing = find_framing(texts.framing);
     options.categories = *read_categories(texts.categories);
     for (const std::string &condition : texts.conditions) options.where.push_back(read_condition(condition));
+    read_choice(options, texts);
     if (!texts.convert.empty()) options.convert = read_convert_targets(texts.convert);
     if (!options.write.empty()) file_kind(options.write);
     if (texts.csv) options.csv = read_csv_columns(*texts.csv == kUsualColumns ? "" : *texts.csv);
@@ -190,6 +255,8 @@ void complete(Options &options, const Texts &texts) {
     options.follow = options.follow || live;
     if (options.follow && options.files.size() > 1)
         throw std::invalid_argument("--follow takes one FILE, since it has no end");
+    options.merge = options.merge && options.files.size() > 1;
+    if (options.merge && options.follow) throw std::invalid_argument("--merge is for files that have an end");
     if (!options.interface.empty() && !live) throw std::invalid_argument("--interface is for udp://HOST:PORT");
 }
 
@@ -222,9 +289,9 @@ CommandLine read_command_line(int argc, char **argv) {
         app.parse(arguments(argc, argv));
         complete(options, texts);
     } catch (const CLI::ParseError &error) {
-        return {.status = app.exit(error) == 0 ? kExitClean : kExitUnusable};
+        return {.status = exit_for(app, error)};
     } catch (const std::invalid_argument &error) {
-        std::fprintf(stderr, "%s\n", error.what());
+        std::fprintf(stderr, "%s\n", readable(error.what()).c_str());
         return {.status = kExitUnusable};
     }
     return {.options = options};

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "csv.hpp"
+#include "datagram_filter.hpp"
 #include "filter.hpp"
 #include "framing/framing.hpp"
 #include "profiles.hpp"
@@ -23,7 +24,9 @@ struct Options {
     CategorySet categories;                  // to be shown
     CategorySet convert;                     // to these, what converts to them
     std::vector<Condition> where;            // that records must meet to be shown
-    std::optional<uint64_t> count;           // of blocks to be shown
+    DatagramChoice datagrams;                // that are read
+    bool merge = false;                      // files by the times of their datagrams
+    std::optional<uint64_t> count;           // of what is to be shown: blocks, or lines of records
     bool follow = false;                     // wait for more at the end
     std::string interface;                   // to listen on; empty for the system's choice
     bool list = false;
@@ -34,10 +37,14 @@ struct Options {
     std::string html;           // the page to write; empty for none
     std::string write;          // the file of what is chosen; empty for none
     bool stats = false;
+    bool top = false;
     bool quiet = false;
+    bool verbose = false; // each report by itself
     std::string color = "auto";
     size_t jobs = 1;                    // threads
     std::optional<size_t> chunk_octets; // read at a time; nothing: what suits the output
+
+    bool writes_files() const { return !html.empty() || !write.empty(); }
 };
 
 constexpr int kExitClean = 0;

@@ -1,12 +1,12 @@
 #include "page.hpp"
 
-#include <cinttypes>
 #include <cstdio>
 
 #include "markup.hpp"
 #include "page_chunk.hpp"
 #include "page_parts.hpp"
 #include "terminal.hpp"
+#include "text.hpp"
 
 namespace astdump {
 
@@ -20,7 +20,7 @@ std::string category_text(uint32_t category) {
 
 std::string totals_row(const std::string &title, const Counts &counts) {
     std::string row = "<tr><th scope=\"row\">" + title + "</th>";
-    for (const uint64_t number : {counts.blocks, counts.records, counts.items, counts.octets, counts.invalid})
+    for (const uint64_t number : {counts.blocks, counts.records, counts.items, counts.octets, counts.damaged})
         row += "<td>" + std::to_string(number) + "</td>";
     return row + "</tr>\n";
 }
@@ -45,32 +45,31 @@ void Page::finish(uint64_t octets_read) {
     tell_size(octets_read);
 }
 
-void Page::give_up() {
-    clear_line();
-    std::fprintf(stderr, "astdump: %s: not written\n", path_.c_str());
-}
+void Page::give_up() { tell(path_ + ": not written"); }
 
 void Page::totals() {
-    file_.write(
-        "</main>\n<header><h1>ASTERIX recording</h1>\n<table class=\"totals\">\n<tr><th scope=\"col\">Category</th>"
-        "<th scope=\"col\">Blocks</th><th scope=\"col\">Records</th><th scope=\"col\">Items</th>"
-        "<th scope=\"col\">Octets</th><th scope=\"col\">Damaged</th></tr>\n");
+    file_.write("</main>\n<section class=\"numbers\" aria-label=\"Numbers by category\">\n<table "
+                "class=\"totals\">\n<tr><th scope=\"col\">Category</th>"
+                "<th scope=\"col\">Blocks</th><th scope=\"col\">Records</th><th scope=\"col\">Items</th>"
+                "<th scope=\"col\">Octets</th><th scope=\"col\">Damaged</th></tr>\n");
     Counts total;
     for (uint32_t category = 0; category < counts_.size(); ++category) {
         if (counts_[category].blocks == 0) continue;
         file_.write(totals_row(category_text(category), counts_[category]));
         total += counts_[category];
     }
-    file_.write(totals_row("all", total) + "</table></header>\n</body></html>\n");
+    file_.write(totals_row("all", total) + "</table></section>\n</body></html>\n");
 }
 
 void Page::tell_size(uint64_t octets_read) const {
-    clear_line();
-    std::fprintf(stderr, "astdump: %s: a page of %" PRIu64 " octets", path_.c_str(), file_.written());
-    if (octets_read != 0)
-        std::fprintf(stderr, ", %.1f times the recording",
-                     static_cast<double>(file_.written()) / static_cast<double>(octets_read));
-    std::fputc('\n', stderr);
+    std::string text = path_ + ": a page of " + counted(file_.written(), "octet");
+    if (octets_read != 0) {
+        char times[40];
+        std::snprintf(times, sizeof times, ", %.1f times the recording",
+                      static_cast<double>(file_.written()) / static_cast<double>(octets_read));
+        text += times;
+    }
+    tell(text);
 }
 
 } // namespace astdump

@@ -19,26 +19,27 @@ void put_span(TextBuffer &out, std::string_view css_class, Put put) {
 // The line of a block that is always shown.
 void put_block_line(TextBuffer &out, const DecodedBlock &decoded) {
     const Datagram &datagram = *decoded.datagram;
-    const ast_datablock_t &block = *decoded.block;
+    const Block &block = *decoded.block;
     put_span(out, "number", [&] {
         out.put('#');
         out.number(decoded.number);
     });
     put_span(out, "category", [&] { out.number(block.category, 3, '0'); });
-    if (datagram.time) put_span(out, "time", [&] { put_time(out, *datagram.time); });
+    if (decoded.fault) put_span(out, "fault", [&] { out.put(fault_word(decoded.fault->kind)); });
+    if (datagram.file) put_span(out, "file", [&] { out.put(escape(*datagram.file)); });
     put_span(out, "counts", [&] {
         put_counted(out, block.record_count, "record");
         out.put(", ");
         put_counted(out, decoded.octets.size(), "octet");
     });
-    put_span(out, "profile", [&] { out.put(profile_name(block.uap, block.category)); });
+    put_span(out, "profile", [&] { put_profile(out, block.profile); });
+    if (datagram.time) put_span(out, "received", [&] { put_time(out, *datagram.time); });
     if (datagram.endpoints)
         put_span(out, "route", [&] {
             TextBuffer route;
             put_route(route, *datagram.endpoints);
             out.put(escape(route.text()));
         });
-    if (decoded.fault) put_span(out, "fault", [&] { out.put("damaged"); });
 }
 
 std::string record_note(const ast_datarecord_t &record, const ast_uap_t &block_uap) {
@@ -54,7 +55,7 @@ std::string record_line(uint64_t number, const std::string &note) {
 } // namespace
 
 void PageChunk::block(const DecodedBlock &decoded, TextBuffer &) {
-    const ast_datablock_t &block = *decoded.block;
+    const Block &block = *decoded.block;
     if (blocks_++ == 0) first_number_ = decoded.number;
     last_number_ = decoded.number;
     octets_ += decoded.octets.size();
@@ -62,15 +63,17 @@ void PageChunk::block(const DecodedBlock &decoded, TextBuffer &) {
     put_block_line(lines_, decoded);
     lines_.put('\n');
     for (uint64_t i = 0; i < block.record_count; ++i)
-        if (decoded.shown[i]) record(record_line(i + 1, record_note(block.records[i], block.uap)), block.records[i]);
+        if (decoded.shown[i]) record(record_line(i + 1, record_note(block.records[i], *block.uap)), block.records[i]);
     if (decoded.fault) fault(decoded);
+    columns_.block(decoded);
 }
 
 void PageChunk::record(const std::string &line, const ast_datarecord_t &record) {
     items_.clear();
+    const Reading reading = readings_.of(record);
     for (uint64_t i = 0; i < record.item_count; ++i) {
         if (i != 0) items_.put(',');
-        if (const auto number = texts_.find_or_put(lines_, record.items[i])) items_.number(*number);
+        if (const auto number = texts_.find_or_put(lines_, record.items[i], reading)) items_.number(*number);
     }
     for (const std::string_view piece : {std::string_view("R\t"), std::string_view(line), std::string_view("\t")})
         lines_.put(piece);
@@ -81,10 +84,8 @@ void PageChunk::record(const std::string &line, const ast_datarecord_t &record) 
 
 void PageChunk::fault(const DecodedBlock &decoded) {
     const Fault &fault = *decoded.fault;
-    damaged_ = true;
-    ast_datarecord_t record = fault.record;
-    if (record.valid) record.item_count = 0; // one record too many
-    this->record(record_line(decoded.block->record_count + 1, "damaged"), record);
+    damaged_ = damaged_ || fault.kind == FaultKind::damaged;
+    record(record_line(decoded.block->record_count + 1, fault_word(fault.kind)), fault.record);
     lines_.put("F\tOctet ");
     lines_.number(fault.octets);
     lines_.put(" of the block: ");
@@ -109,12 +110,15 @@ void PageChunk::end(TextBuffer &out) {
     if (blocks_ != 0) {
         out.put("<details class=\"section\" data-packed=\"");
         out.put(pack(lines_.text()));
+        out.put("\" data-plan=\"");
+        out.put(columns_.pack());
         out.put("\"><summary>");
         heading(out);
         out.put("</summary></details>\n");
     }
     lines_.clear();
     texts_.clear();
+    columns_.clear();
     blocks_ = octets_ = 0;
     damaged_ = false;
 }

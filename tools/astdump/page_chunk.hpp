@@ -2,6 +2,7 @@
 #pragma once
 
 #include "item_texts.hpp"
+#include "plan_columns.hpp"
 #include "sink.hpp"
 
 namespace astdump {
@@ -24,6 +25,8 @@ private:
     TextBuffer lines_;
     TextBuffer items_;
     ItemTexts texts_;
+    Readings readings_;
+    PlanColumns columns_;
     uint64_t blocks_ = 0;
     uint64_t octets_ = 0;
     uint64_t first_number_ = 0;

@@ -26,10 +26,31 @@ bool add_unwrapped(Chunk &chunk, const Datagram &datagram) {
     return true;
 }
 
+// Whether blocks stand anywhere in it.
+bool has_any_blocks(Octets payload) {
+    const Soundness soundness = check_blocks(payload, true);
+    return soundness.sound != 0 || soundness.gap.value_or(0) < payload.size();
+}
+
 } // namespace
 
-void Payloads::add(Chunk &chunk, const Datagram &datagram) {
-    if (chain_of_blocks(datagram.octets) == datagram.octets.size()) return chunk.add(datagram);
+// Whether it is told as other traffic; it goes on nevertheless, for whoever shows octets that are no blocks.
+bool Payloads::is_foreign(Chunk &chunk, const Datagram &datagram) {
+    if (has_any_blocks(datagram.octets)) traffic_.blocks(datagram, chunk.damage());
+    if (!traffic_.no_blocks(datagram, chunk.damage())) return false;
+    Datagram other = datagram;
+    other.is_told = true;
+    chunk.add(other);
+    return true;
+}
+
+void Payloads::add(Chunk &chunk, const Datagram &datagram, bool is_truncated) {
+    if (!chunk.is_wanted(datagram)) return;
+    const bool is_chain = chain_of_blocks(datagram.octets) == datagram.octets.size();
+    if (is_chain && !datagram.octets.empty()) traffic_.blocks(datagram, chunk.damage());
+    if (!is_chain && is_foreign(chunk, datagram)) return;
+    if (is_truncated) chunk.damage().truncated(datagram.packet, datagram.octets.size());
+    if (is_chain) return chunk.add(datagram);
     if (add_unwrapped(chunk, datagram)) return;
     for (uint64_t place = 0; place < datagram.octets.size();) {
         const Soundness soundness = check_blocks(datagram.octets.subspan(place), true);
@@ -65,7 +86,8 @@ void Payloads::count_trailer(uint64_t octets) {
 }
 
 bool Payloads::tell(Damage &damage) {
-    if (trailers_ == 0) return false;
+    const bool has_told = traffic_.tell(damage);
+    if (trailers_ == 0) return has_told;
     damage.note(counted(trailers_, "datagram") + " with octets behind the last block, " +
                 counted(trailer_octets_, "octet") + " in all; passed over");
     trailers_ = 0;

@@ -2,23 +2,26 @@
 #pragma once
 
 #include "chunk.hpp"
+#include "traffic.hpp"
 
 namespace astdump {
 
 class Payloads {
 public:
     // Adds the blocks of a datagram to a chunk; what is no block stays with them, so that it is reported, but for
-    // octets that a recorder puts behind the last one, which are counted.
-    void add(Chunk &chunk, const Datagram &datagram);
+    // octets that a recorder puts behind the last one, which are counted. Of a truncated one not all octets are there.
+    void add(Chunk &chunk, const Datagram &datagram, bool is_truncated);
 
-    // Tells once what was counted; false when there is nothing to tell.
+    // Tells once what was counted, and what is left to be told; false when there is nothing.
     bool tell(Damage &damage);
 
 private:
+    bool is_foreign(Chunk &chunk, const Datagram &datagram);
     static void add_part(Chunk &chunk, const Datagram &datagram, uint64_t place, uint64_t octets);
     static bool is_trailer(Octets payload, uint64_t place, uint64_t octets);
     void count_trailer(uint64_t octets);
 
+    Traffic traffic_;
     uint64_t trailers_ = 0; // datagrams
     uint64_t trailer_octets_ = 0;
 };

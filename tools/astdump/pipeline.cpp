@@ -28,7 +28,7 @@ bool Pipeline::step() {
     Job &job = jobs_.front();
     if (!steps_.read(job.chunk)) return false;
     steps_.render(job, 0);
-    return steps_.write(job, 0);
+    return steps_.write(job);
 }
 
 void Pipeline::start() {
@@ -57,7 +57,7 @@ void Pipeline::work(size_t worker) {
             return true;
         });
         finished_[place] = job;
-        write_finished(lock, worker);
+        write_finished(lock);
     }
 }
 
@@ -74,13 +74,13 @@ Job *Pipeline::read_next(std::unique_lock<std::mutex> &lock) {
 }
 
 // Whoever finishes the chunk that is next writes it, and those behind it that are finished by then.
-void Pipeline::write_finished(std::unique_lock<std::mutex> &lock, size_t worker) {
+void Pipeline::write_finished(std::unique_lock<std::mutex> &lock) {
     if (writing_) return;
     writing_ = true;
     for (;;) {
         Job *const job = std::exchange(finished_[written_ % finished_.size()], nullptr);
         if (!job) break;
-        const auto write = [&] { return job->is_rendered && steps_.write(*job, worker); };
+        const auto write = [&] { return job->is_rendered && steps_.write(*job); };
         if (!enough_ && !attempt(lock, write)) at_end_ = enough_ = true;
         ++written_;
         idle_.push_back(job);

@@ -30,7 +30,7 @@ public:
     virtual void render(Job &job, size_t worker) = 0;
 
     // One at a time, in order. False when no more is wanted.
-    virtual bool write(Job &job, size_t worker) = 0;
+    virtual bool write(Job &job) = 0;
 };
 
 class Pipeline {
@@ -38,8 +38,8 @@ public:
     // Holds a few chunks for each thread, and never more.
     Pipeline(Steps &steps, size_t threads, size_t chunk_octets);
 
-    // Reads to the end, or until no more is wanted. The first chunk goes alone: it may be all that there is, and what
-    // comes later profits from what it has shown. Throws what a step throws, after the chunks before it are written.
+    // Reads to the end, or until no more is wanted. The first chunk goes alone: it may be all that there is. Throws
+    // what a step throws, after the chunks before it are written.
     void run();
 
 private:
@@ -49,7 +49,7 @@ private:
     void start();
     void work(size_t worker);
     Job *read_next(std::unique_lock<std::mutex> &lock);
-    void write_finished(std::unique_lock<std::mutex> &lock, size_t worker);
+    void write_finished(std::unique_lock<std::mutex> &lock);
     template <typename Step>
     bool attempt(std::unique_lock<std::mutex> &lock, Step step);
 

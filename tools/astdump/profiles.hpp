@@ -2,13 +2,28 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "ast.h"
+#include "text_buffer.hpp"
 
 namespace astdump {
 
-// All exported profiles, in the order in which the library tries them.
+// What a block was read by, in the library's words: the name of a profile and the edition that it means.
+struct Profile {
+    const char *name = "";
+    const char *edition = "";
+    bool ambiguous = false; // other editions fit as well
+
+    bool operator==(const Profile &) const = default;
+};
+
+// "cat021-2.1", and with its edition what means another one in each category: "published 2.6".
+void put_profile(TextBuffer &out, const Profile &profile);
+std::string profile_text(const Profile &profile);
+
+// All exported profiles, in the order in which the library tries them; those of the newest editions last.
 std::span<const ast_uap_info_t> profiles();
 
 // Null for an unknown name.

@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "keywords.hpp"
+#include "text.hpp"
 
 namespace astdump {
 
@@ -60,7 +61,17 @@ std::string_view take_value(std::string_view &rendered) {
 class ListRenderer : public Renderer {
     void block(const DecodedBlock &decoded, TextBuffer &out) override {
         for (uint64_t i = 0; i < decoded.block->record_count; ++i)
-            if (decoded.shown[i]) record(decoded.block->records[i], out);
+            if (decoded.shown[i]) {
+                record(decoded.block->records[i], out);
+                if (decoded.datagram->file) file(*decoded.datagram->file, out);
+            }
+    }
+
+    // As values are: behind its length in one octet.
+    static void file(std::string_view name, TextBuffer &out) {
+        name = name.substr(0, 255);
+        out.put(static_cast<char>(name.size()));
+        put_printable(out, name);
     }
 
     static void record(const ast_datarecord_t &record, TextBuffer &out) {
@@ -84,7 +95,8 @@ void put_cell(TextBuffer &line, std::string_view text, size_t width, bool right_
 
 } // namespace
 
-RecordList::RecordList(Output &out, bool color, bool name_files) : out_(out), style_(color), name_files_(name_files) {
+RecordList::RecordList(Output &out, bool color, bool name_files, bool merged)
+    : out_(out), style_(color), name_files_(name_files && !merged), merged_(merged) {
     std::ranges::transform(kColumns, widths_.begin(), &Column::width);
 }
 
@@ -102,6 +114,7 @@ void RecordList::header() {
     const size_t begin = lines_.size();
     for (size_t i = 0; i < std::size(kColumns); ++i)
         put_cell(lines_, kColumns[i].title, widths_[i], kColumns[i].right_aligned);
+    if (merged_) lines_.put("File");
     lines_.trim(begin);
     lines_.put(style_.off());
     lines_.put('\n');
@@ -118,6 +131,7 @@ void RecordList::take(std::string_view rendered) {
             widths_[i] = std::max(widths_[i], text.size());
             put_cell(lines_, text, widths_[i], kColumns[i].right_aligned);
         }
+        if (merged_) lines_.put(take_value(rendered));
         lines_.trim(begin);
         lines_.put('\n');
     }

@@ -1,18 +1,20 @@
 #include "run.hpp"
 
 #include <algorithm>
-#include <cstdio>
 #include <system_error>
 #include <utility>
 
+#include "merged_source.hpp"
+#include "split.hpp"
 #include "text.hpp"
 
 namespace astdump {
 
 namespace {
 
-// What comes bit by bit is shown bit by bit, and blocks are counted one after the other.
-size_t threads_of(const Options &options) { return options.follow || options.count ? 1 : options.jobs; }
+// What comes bit by bit is shown bit by bit, blocks are counted one after the other, and a table is drawn anew between
+// them.
+size_t threads_of(const Options &options) { return options.follow || options.count || options.top ? 1 : options.jobs; }
 
 size_t chunk_octets_of(const Options &options, const Sinks &sinks) {
     if (options.chunk_octets) return *options.chunk_octets;
@@ -31,7 +33,7 @@ Run::Run(const Options &options, Sinks sinks, const Output &out, DamageLog &dama
       progress_(progress),
       waiting_(waiting),
       workers_(threads_of(options)) {
-    silence_library_log();
+    ast_log_handler_reg(nullptr); // attempts with a profile that does not fit write messages, too
 }
 
 Worker &Run::worker(size_t number) {
@@ -40,64 +42,115 @@ Worker &Run::worker(size_t number) {
     return *worker;
 }
 
+// Reads what it can; the rest of the run goes on.
+template <typename Read>
+void Run::attempt(const std::string &name, Read read) {
+    const auto give_up = [&](const std::string &what) {
+        damage_.end_file();
+        tell(name + ": " + what);
+        unreadable_ = true;
+    };
+    try {
+        read();
+    } catch (const std::system_error &error) {
+        give_up(error.code().message());
+    } catch (const UnreadableInput &error) {
+        give_up(error.what());
+    }
+}
+
 int Run::files() {
     Pipeline pipeline(*this, threads_of(options_), chunk_octets_of(options_, sinks_));
-    for (const std::string &path : options_.files) {
-        if (done()) break;
-        try {
-            file(path, pipeline);
-        } catch (const std::system_error &error) {
-            clear_line();
-            std::fprintf(stderr, "astdump: %s: %s\n", path.c_str(), error.code().message().c_str());
-            unreadable_ = true;
-        }
-        input_.reset();
-    }
+    if (options_.merge)
+        attempt("--merge", [&] { merged(pipeline); });
+    else
+        for (const std::string &path : options_.files)
+            if (!done()) attempt(path, [&] { file(path, pipeline); });
+    input_.reset();
     clear_line();
-    const bool is_cut = unreadable_ || out_.error() != 0;
+    finish();
+    if (unreadable_) return kExitUnusable;
+    return damage_.any_damage() ? kExitDamaged : kExitClean;
+}
+
+void Run::finish() {
     for (const auto &sink : sinks_)
-        if (is_cut)
+        if (unreadable_)
             sink->give_up();
         else
             sink->finish(octets_read_);
-    if (unconverted_ != 0)
-        std::fprintf(stderr, "astdump: %s that cannot be converted left out\n",
-                     counted(unconverted_, "record").c_str());
+    tell_what_is_left_out();
     damage_.summary();
-    if (unreadable_) return kExitUnusable;
-    return damage_.any() ? kExitDamaged : kExitClean;
 }
 
-void Run::file(const std::string &path, Pipeline &pipeline) {
-    name_ = path == "-" ? "standard input" : path;
-    damage_.set_file(name_);
-    input_.emplace(path, options_.interface, waiting_, options_.follow, options_.framing);
+void Run::tell_what_is_left_out() const {
+    if (unconverted_ != 0) tell(counted(unconverted_, "record") + " that cannot be converted left out");
+    for (const std::string &complaint : asked_.complaints(options_.where)) tell(complaint);
+}
+
+std::unique_ptr<Input> Run::open(const std::string &path, const DatagramChoice &choice) {
+    return std::make_unique<Input>(path, options_.interface, waiting_, options_.follow, options_.framing, choice);
+}
+
+void Run::start_file(const std::string &name, const Input &input) {
     for (const auto &sink : sinks_) {
-        sink->file(name_);
-        sink->framing(input_->framing());
+        sink->file(name);
+        sink->framing(input.framing());
     }
+}
+
+void Run::read_input(Pipeline &pipeline) {
     consumed_ = 0;
     if (!done()) pipeline.run();
     octets_read_ += consumed_;
+    damage_.end_file();
 }
 
-bool Run::read(Chunk &chunk) { return input_->fill(chunk); }
-
-void Run::render(Job &job, size_t number) {
-    worker(number).render(job.chunk, expected_, most(), job.rendered);
-    expected_ = job.rendered.profile_after;
+void Run::file(const std::string &path, Pipeline &pipeline) {
+    name_ = path == "-" ? "standard input" : readable(path);
+    editions_ = look_through({&path, 1}, options_);
+    input_ = open(path, options_.datagrams);
+    damage_.set_file(name_, input_->is_live());
+    start_file(name_, *input_);
+    read_input(pipeline);
 }
 
-// A chunk that was rendered from another profile than the blocks before it have led to is rendered again.
-bool Run::write(Job &job, size_t number) {
-    Rendered &rendered = job.rendered;
-    if (rendered.profile_before != profile_) {
-        worker(number).render(job.chunk, profile_, most(), rendered);
-        expected_ = rendered.profile_after;
-    }
-    profile_ = rendered.profile_after;
+// What is not there is left out, as it is where files are read one after the other.
+void Run::merged(Pipeline &pipeline) {
+    auto source = std::make_unique<MergedSource>();
+    for (const std::string &path : options_.files)
+        attempt(path, [&] {
+            auto input = open(path, {});
+            const std::string name = path == "-" ? "standard input" : readable(path);
+            start_file(name, *input);
+            source->add(name, std::move(input));
+        });
+    name_ = counted(options_.files.size(), "file");
+    editions_ = look_through(options_.files, options_);
+    damage_.set_file(name_, false);
+    input_ = std::make_unique<Input>(std::move(source), options_.datagrams);
+    read_input(pipeline);
+}
+
+// What cannot be looked through beforehand is learnt from in its order, here as where it is decoded.
+bool Run::read(Chunk &chunk) {
+    const bool is_filled = input_->fill(chunk);
+    chunk.editions = editions_;
+    if (!editions_.grows()) return is_filled;
+    for (const Datagram &datagram : chunk.datagrams())
+        each_block(datagram.octets, [&](Octets block) {
+            if (options_.categories.test(block[0])) editions_.learn(block);
+        });
+    return is_filled;
+}
+
+void Run::render(Job &job, size_t number) { worker(number).render(job.chunk, most(), job.rendered); }
+
+bool Run::write(Job &job) {
+    const Rendered &rendered = job.rendered;
     unconverted_ += rendered.unconverted;
     shown_ += rendered.shown;
+    asked_ |= rendered.asked;
     size_t taken = 0;
     for (const Report &report : rendered.damage.reports()) {
         if (!sinks_.empty()) sinks_.front()->take(rendered.texts.front().text().substr(taken, report.place - taken));

@@ -1,9 +1,9 @@
 // From files to sinks.
 #pragma once
 
-#include <atomic>
 #include <limits>
 
+#include "damage_log.hpp"
 #include "input.hpp"
 #include "output.hpp"
 #include "pipeline.hpp"
@@ -21,13 +21,24 @@ public:
     int files();
 
 private:
-    // Blocks that may still be shown.
+    // What may still be shown: blocks, or lines of records.
     uint64_t most() const { return options_.count ? *options_.count - shown_ : std::numeric_limits<uint64_t>::max(); }
-    bool done() const { return most() == 0 || out_.error() != 0 || (waiting_ && waiting_->ended()); }
+
+    // Nobody has to see what is written to files.
+    bool is_unseen() const { return out_.error() != 0 && !options_.writes_files(); }
+    bool done() const { return most() == 0 || is_unseen() || (waiting_ && waiting_->ended()); }
     void file(const std::string &path, Pipeline &pipeline);
+    void merged(Pipeline &pipeline);
+    std::unique_ptr<Input> open(const std::string &path, const DatagramChoice &choice);
+    void start_file(const std::string &name, const Input &input);
+    void read_input(Pipeline &pipeline);
+    template <typename Read>
+    void attempt(const std::string &name, Read read);
+    void finish();
+    void tell_what_is_left_out() const;
     bool read(Chunk &chunk) override;
     void render(Job &job, size_t worker) override;
-    bool write(Job &job, size_t worker) override;
+    bool write(Job &job) override;
     Worker &worker(size_t number);
 
     const Options &options_;
@@ -37,18 +48,17 @@ private:
     Progress progress_;
     Waiting *waiting_;
     std::vector<std::optional<Worker>> workers_; // made when their threads have something to do
-    uint64_t shown_ = 0;                         // blocks
-    uint64_t unconverted_ = 0;                   // records
-    uint64_t octets_read_ = 0;                   // of the files before this one
+    uint64_t shown_ = 0;                         // as the first sink counts
+    Asked asked_;
+    uint64_t unconverted_ = 0; // records
+    uint64_t octets_read_ = 0; // of the files before this one
     bool unreadable_ = false;
 
     // The file at hand.
-    std::optional<Input> input_;
+    std::unique_ptr<Input> input_;
     std::string name_;
     uint64_t consumed_ = 0;
-
-    const ast_uap_t *profile_ = &AST_UAP_STANDARD;                // current behind what has been written
-    std::atomic<const ast_uap_t *> expected_ = &AST_UAP_STANDARD; // in front of what is read next, most likely
+    Editions editions_; // in front of what is read next
 };
 
 } // namespace astdump

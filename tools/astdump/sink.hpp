@@ -35,7 +35,10 @@ public:
     // memory.
     virtual size_t chunk_octets() const = 0;
 
-    // The blocks that follow come from this file.
+    // What it shows of a block, in number: blocks unless it shows lines.
+    virtual uint64_t shows(const DecodedBlock &) const { return 1; }
+
+    // The blocks that follow come from this file, whose name is readable.
     virtual void file(const std::string &name) = 0;
 
     // How the blocks of this file are wrapped, and how it is compressed, if it is.

@@ -39,4 +39,15 @@ struct Blocks {
 };
 Blocks count_blocks(Octets octets);
 
+// Calls take(block) for each of these.
+template <typename Take>
+void each_block(Octets octets, Take take) {
+    for (;;) {
+        const Frame frame = frame_block(octets);
+        if (frame.framing != Framing::block) return;
+        take(octets.first(frame.length));
+        octets = octets.subspan(frame.length);
+    }
+}
+
 } // namespace astdump

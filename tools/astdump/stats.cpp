@@ -2,26 +2,29 @@
 
 #include <cstdio>
 
+#include "item_values.hpp"
 #include "text.hpp"
 
 namespace astdump {
 
 void Stats::count(const Tally &tally) {
     for (const auto &[category, counts] : tally.categories) counts_[category] += counts;
+    losses_ += tally.losses;
     for (const auto &[type, count] : tally.items) items_[type] += count;
 }
 
 void Stats::finish(uint64_t) {
     categories();
     items();
+    profiles();
     files();
     out_.write(text_.text());
 }
 
 void Stats::categories() {
-    char heading[80];
-    std::snprintf(heading, sizeof heading, "%-8s %10s %10s %10s %12s %14s", "Category", "Blocks", "Invalid", "Records",
-                  "Items", "Octets");
+    char heading[96];
+    std::snprintf(heading, sizeof heading, "%-8s %10s %10s %11s %10s %12s %13s", "Category", "Blocks", "Damaged",
+                  "Unsupported", "Records", "Items", "Octets");
     headline(heading);
     Counts total;
     for (unsigned category = 0; category < counts_.size(); ++category) {
@@ -32,23 +35,27 @@ void Stats::categories() {
         total += counts_[category];
     }
     row("all", total);
+    if (const std::string foreign = losses_.foreign_text(); !foreign.empty())
+        text_.put("\nNot ASTERIX: " + foreign + '\n');
 }
 
 void Stats::row(const char *title, const Counts &counts) {
-    const bool fault = counts.invalid > 0;
+    const bool fault = counts.damaged > 0;
     text_.left(title, 8);
     text_.put(' ');
     text_.number(counts.blocks, 10);
     text_.put(' ');
     if (fault) text_.put(style_.on(Color::fault));
-    text_.number(counts.invalid, 10);
+    text_.number(counts.damaged, 10);
     if (fault) text_.put(style_.off());
+    text_.put(' ');
+    text_.number(counts.unsupported, 11);
     text_.put(' ');
     text_.number(counts.records, 10);
     text_.put(' ');
     text_.number(counts.items, 12);
     text_.put(' ');
-    text_.number(counts.octets, 14);
+    text_.number(counts.octets, 13);
     text_.put('\n');
 }
 
@@ -64,6 +71,29 @@ void Stats::items() {
     });
 }
 
+void Stats::profiles() {
+    bool is_headed = false;
+    for (unsigned category = 0; category < counts_.size(); ++category)
+        for (const auto &[profile, blocks] : counts_[category].profiles) {
+            if (!std::exchange(is_headed, true)) {
+                text_.put('\n');
+                headline("Profile         Edition  Category      Blocks");
+            }
+            this->profile(category, profile, blocks);
+        }
+}
+
+void Stats::profile(unsigned category, const Profile &profile, uint64_t blocks) {
+    text_.left(profile.name, 14);
+    text_.put("  ");
+    text_.left(*profile.edition ? profile.edition : "-", 7);
+    text_.put("  ");
+    text_.number(category, 3, '0');
+    text_.number(blocks, 17);
+    if (profile.ambiguous) text_.put("  ambiguous: others fit as well");
+    text_.put('\n');
+}
+
 void Stats::files() {
     if (files_.empty()) return;
     text_.put('\n');
@@ -71,7 +101,7 @@ void Stats::files() {
     for (const File &file : files_) {
         text_.left(file.framing, 14);
         text_.put("  ");
-        put_printable(text_, file.name);
+        text_.put(file.name);
         text_.put('\n');
     }
 }
@@ -90,7 +120,7 @@ void Stats::item(ast_dataitem_type_t type, uint64_t count) {
     text_.put(' ');
     text_.number(count, 10);
     text_.put("  ");
-    text_.put(ast_dataitem_get_name(type));
+    text_.put(item_name(type, AST_UAP_PUBLISHED));
     text_.put('\n');
 }
 

@@ -24,6 +24,8 @@ private:
     void categories();
     void row(const char *title, const Counts &counts);
     void items();
+    void profiles();
+    void profile(unsigned category, const Profile &profile, uint64_t blocks);
     void files();
     void headline(std::string_view text);
     void item(ast_dataitem_type_t type, uint64_t count);
@@ -33,6 +35,7 @@ private:
     TextBuffer text_;
     std::array<Counts, 256> counts_{}; // by category
     ByType<uint64_t> items_;
+    Losses losses_;
     struct File {
         std::string name;
         std::string framing;

@@ -3,12 +3,12 @@
 #include <asio/io_context.hpp>
 #include <asio/ip/tcp.hpp>
 #include <cerrno>
-#include <cstdio>
 #include <sstream>
 #include <system_error>
 #include <utility>
 
 #include "endpoint.hpp"
+#include "terminal.hpp"
 
 namespace astdump {
 
@@ -43,7 +43,7 @@ std::optional<TcpConnection> connect_tcp(const LiveUrl &url, Waiting &waiting) {
         if (failure) continue;
         std::ostringstream text;
         text << endpoint;
-        std::fprintf(stderr, "astdump: connected to %s\n", text.str().c_str());
+        tell("connected to " + text.str());
         const Endpoints endpoints{to_endpoint(endpoint), to_endpoint(socket.local_endpoint())};
         return TcpConnection{socket.release(), endpoints};
     }

@@ -32,4 +32,8 @@ void put_counted(TextBuffer &out, uint64_t count, std::string_view noun);
 std::string printable(std::string_view text);
 void put_printable(TextBuffer &out, std::string_view text);
 
+// Names of files and what messages quote may hold any character of UTF-8; those that a terminal acts on or does not
+// show, and octets that are no character, become dots.
+std::string readable(std::string_view text);
+
 } // namespace astdump

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
 #include <net/if.h>
 #include <netinet/in.h>
@@ -12,6 +11,7 @@
 
 #include "endpoint.hpp"
 #include "network_interface.hpp"
+#include "terminal.hpp"
 #include "waiting.hpp"
 
 namespace astdump {
@@ -55,7 +55,7 @@ UdpSource::UdpSource(const std::vector<LiveUrl> &urls, const std::string &interf
         descriptors_.push_back(socket.socket.native_handle());
         std::ostringstream text;
         text << socket.local;
-        std::fprintf(stderr, "astdump: listening on %s\n", text.str().c_str());
+        tell("listening on " + text.str());
     }
 }
 

@@ -12,6 +12,7 @@ namespace astdump {
 namespace {
 
 constexpr int kGrowthInterval_ms = 100;
+constexpr int kMeanwhileInterval_ms = 200;
 constexpr int kNoLimit = -1;
 constexpr int kNoDescriptor = -1; // which poll passes over
 
@@ -59,11 +60,13 @@ void Waiting::pass_on() const {
     pthread_sigmask(SIG_UNBLOCK, &signals, nullptr);
 }
 
-// Whether one of the descriptors is ready, waiting for that up to a limit; notices the end on the way. The first of
-// them is that of the signals.
+// Whether one of the descriptors is ready, waiting for that up to a limit, or for a while at least; notices the end on
+// the way. The first of them is that of the signals.
 bool Waiting::is_ready(std::span<pollfd> files, int limit_ms) {
     files.front() = {.fd = signals_, .events = POLLIN, .revents = 0};
-    if (poll(files.data(), files.size(), limit_ms) < 0) return false;
+    const bool is_endless = limit_ms == kNoLimit;
+    if (poll(files.data(), files.size(), meanwhile_ && is_endless ? kMeanwhileInterval_ms : limit_ms) < 0) return false;
+    if (meanwhile_ && limit_ms != 0) meanwhile_();
     ended_ = ended_ || files.front().revents != 0;
     return std::ranges::any_of(files.subspan(1), [](const pollfd &file) { return file.revents != 0; });
 }

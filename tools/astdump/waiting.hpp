@@ -3,9 +3,11 @@
 
 #include <atomic>
 #include <csignal>
+#include <functional>
 #include <optional>
 #include <poll.h>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "datagram.hpp"
@@ -35,6 +37,9 @@ public:
     // Whether a descriptor can be read within a time.
     bool has_input(int descriptor, int limit_ms);
 
+    // Has something done now and then while it waits.
+    void meanwhile(std::function<void()> what) { meanwhile_ = std::move(what); }
+
     bool ended() const { return ended_; }
 
     // Ends the process by the signal that ended the waiting, for whoever started it to see.
@@ -46,6 +51,7 @@ private:
 
     int signals_;
     sigset_t blocked_before_;
+    std::function<void()> meanwhile_; // empty for nothing
     std::atomic<bool> ended_ = false;
 };
 

@@ -4,22 +4,21 @@
 
 namespace astdump {
 
-Worker::Worker(const Options &options, const Sinks &sinks)
-    : options_(options), decoder_(options.profile), converter_(options.convert) {
+Worker::Worker(const Options &options, const Sinks &sinks) : options_(options), converter_(options.convert) {
+    if (!sinks.empty()) first_ = sinks.front().get();
     for (const auto &sink : sinks) {
         renderers_.push_back(sink->renderer());
         counts_ = counts_ || sink->counts();
     }
 }
 
-void Worker::render(const Chunk &chunk, const ast_uap_t *profile, uint64_t most, Rendered &rendered) {
+void Worker::render(const Chunk &chunk, uint64_t most, Rendered &rendered) {
     rendered.texts.resize(renderers_.size());
     for (TextBuffer &text : rendered.texts) text.clear();
     rendered.damage.clear();
     rendered.shown = 0;
     rendered.unconverted = 0;
-    rendered.profile_before = profile;
-    decoder_.set_current(profile);
+    decoder_.set_editions(chunk.editions);
     number_ = chunk.first_number;
 
     const std::vector<Report> &reports = chunk.damage().reports();
@@ -32,7 +31,8 @@ void Worker::render(const Chunk &chunk, const ast_uap_t *profile, uint64_t most,
     for (size_t i = 0; i < renderers_.size(); ++i)
         if (renderers_[i]) renderers_[i]->end(rendered.texts[i]);
     rendered.tally = counter_.take();
-    rendered.profile_after = decoder_.current();
+    for (const Report &made : rendered.damage.reports()) rendered.tally.losses += made.losses;
+    rendered.asked = asked_;
 }
 
 void Worker::datagram(const Datagram &datagram, uint64_t most, Rendered &rendered) {
@@ -40,7 +40,7 @@ void Worker::datagram(const Datagram &datagram, uint64_t most, Rendered &rendere
         const Octets rest = datagram.octets.subspan(offset);
         const Frame frame = frame_block(rest);
         if (frame.framing != Framing::block) return no_block(datagram, offset, frame, rendered);
-        if (options_.categories.test(frame.category)) block(datagram, offset, rest.first(frame.length), rendered);
+        if (options_.categories.test(frame.category)) block(datagram, offset, rest.first(frame.length), most, rendered);
         ++number_;
         offset += frame.length;
     }
@@ -48,7 +48,7 @@ void Worker::datagram(const Datagram &datagram, uint64_t most, Rendered &rendere
 
 // Octets that are no block are of the category that they begin with.
 void Worker::no_block(const Datagram &datagram, uint64_t offset, const Frame &frame, Rendered &rendered) {
-    rendered.damage.framing(datagram, offset, frame);
+    if (!datagram.is_told) rendered.damage.framing(datagram, offset, frame);
     if (!options_.categories.test(datagram.octets[offset])) return;
     const std::string reason = framing_text(frame, datagram.octets.size() - offset);
     for (size_t i = 0; i < renderers_.size(); ++i)
@@ -56,19 +56,36 @@ void Worker::no_block(const Datagram &datagram, uint64_t offset, const Frame &fr
     if (!rendered.texts.empty()) rendered.damage.place = rendered.texts.front().size();
 }
 
-void Worker::block(const Datagram &datagram, uint64_t offset, Octets octets, Rendered &rendered) {
-    DecodedBlock decoded = decoder_.decode(datagram, number_, offset, octets);
-    decoded.shown = select_records(*decoded.block, options_.where);
-    if (options_.where.empty() || decoded.shown.any()) show(decoded, rendered);
+void Worker::block(const Datagram &datagram, uint64_t offset, Octets octets, uint64_t most, Rendered &rendered) {
+    DecodedBlock &decoded = decoder_.decode(datagram, number_, offset, octets);
+    select_records(decoded.shown, *decoded.block, options_.where);
+    if (!options_.where.empty()) asked_.look(*decoded.block, options_.where);
+    const bool is_wanted = options_.where.empty() || decoded.shown.any();
+    if (is_wanted && options_.convert.any())
+        show_converted(decoded, most, rendered);
+    else if (is_wanted)
+        show(decoded, most, rendered);
     if (decoded.fault) rendered.damage.block(decoded);
 }
 
+// How much of a block is shown, as the first sink counts it: no more than so much.
+uint64_t Worker::cut(DecodedBlock &decoded, uint64_t most) const {
+    const uint64_t count = first_ ? first_->shows(decoded) : 1;
+    if (count <= most) return count;
+    decoded.shown.keep_first(most);
+    decoded.is_cut = true;
+    return most;
+}
+
 // As what it converts to, if it does; a block of which nothing is left is not shown.
-void Worker::show(DecodedBlock decoded, Rendered &rendered) {
+void Worker::show_converted(DecodedBlock decoded, uint64_t most, Rendered &rendered) {
     const auto left_out = converter_.convert(decoded);
     rendered.unconverted += left_out.value_or(0);
-    if (left_out && decoded.shown.none()) return;
-    ++rendered.shown;
+    if (!left_out || decoded.shown.any()) show(decoded, most, rendered);
+}
+
+void Worker::show(DecodedBlock &decoded, uint64_t most, Rendered &rendered) {
+    rendered.shown += cut(decoded, most - rendered.shown);
     if (counts_) counter_.add(decoded);
     for (size_t i = 0; i < renderers_.size(); ++i) {
         const VideoTurn turn(decoded.block->category);

@@ -14,21 +14,24 @@ class Worker {
 public:
     Worker(const Options &options, const Sinks &sinks);
 
-    // Decodes the blocks of a chunk, `profile` being the current one, and lets the sinks show those that are asked for,
-    // at most so many.
-    void render(const Chunk &chunk, const ast_uap_t *profile, uint64_t most, Rendered &rendered);
+    // Decodes the blocks of a chunk and lets the sinks show those that are asked for, at most so many of what the first
+    // one shows.
+    void render(const Chunk &chunk, uint64_t most, Rendered &rendered);
 
 private:
     void datagram(const Datagram &datagram, uint64_t most, Rendered &rendered);
     void no_block(const Datagram &datagram, uint64_t offset, const Frame &frame, Rendered &rendered);
-    void block(const Datagram &datagram, uint64_t offset, Octets octets, Rendered &rendered);
-
-    void show(DecodedBlock decoded, Rendered &rendered);
+    void block(const Datagram &datagram, uint64_t offset, Octets octets, uint64_t most, Rendered &rendered);
+    uint64_t cut(DecodedBlock &decoded, uint64_t most) const;
+    void show_converted(DecodedBlock decoded, uint64_t most, Rendered &rendered);
+    void show(DecodedBlock &decoded, uint64_t most, Rendered &rendered);
 
     const Options &options_;
     Decoder decoder_;
     Converter converter_;
     Counter counter_;
+    Asked asked_;                                      // of all that has been decoded here
+    const Sink *first_ = nullptr;                      // whose count counts
     bool counts_ = false;                              // whether any sink wants that
     std::vector<std::unique_ptr<Renderer>> renderers_; // null for a sink without one
     uint64_t number_ = 0;                              // of the next block in its file

@@ -30,7 +30,7 @@ public:
 
     // Good until the next call.
     Octets of(const DecodedBlock &decoded) {
-        const ast_datablock_t &block = *decoded.block;
+        const Block &block = *decoded.block;
         const bool is_whole = remainders_ || (!decoded.fault && decoded.shown.count() == block.record_count);
         if (is_whole) return decoded.octets;
         octets_.assign(kBlockHeaderOctets, static_cast<uint8_t>(block.category));
@@ -64,7 +64,8 @@ public:
     void block(const DecodedBlock &decoded, TextBuffer &out) override {
         const Octets octets = chosen_.of(decoded);
         const Datagram &datagram = *decoded.datagram;
-        const bool goes_along = datagram.packet != 0 && datagram.packet == packet_.packet;
+        const bool goes_along =
+            datagram.packet != 0 && datagram.packet == packet_.packet && datagram.file == packet_.file;
         if (!goes_along || payload_.size() + octets.size() > kMaxPayloadOctets) end(out);
         packet_ = datagram;
         payload_.insert(payload_.end(), octets.begin(), octets.end());

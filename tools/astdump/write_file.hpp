@@ -21,6 +21,9 @@ public:
 
     std::unique_ptr<Renderer> renderer() const override;
     size_t chunk_octets() const override { return size_t{64} * 1024; }
+    uint64_t shows(const DecodedBlock &decoded) const override {
+        return kind_ == FileKind::json ? json_lines_of(decoded, form_) : 1;
+    }
     void file(const std::string &name) override { input_ = name; }
     void take(std::string_view rendered) override { file_.write(rendered); }
     void finish(uint64_t) override { file_.replace(); }

@@ -1,0 +1,41 @@
+// Which editions data sources send, and reading blocks by that.
+#pragma once
+
+#include <span>
+#include <string>
+
+#include "datagram.hpp"
+#include "profiles.hpp"
+
+namespace astdump {
+
+struct Options;
+
+// Some KB of values: what is known at one place of an input can be kept for when that place is decoded.
+class Editions {
+public:
+    // With a profile, the categories that it lays out are read by it.
+    explicit Editions(const ast_uap_info_t *forced = nullptr);
+
+    // What a block tells of its source. Costs nothing for the categories whose editions are all alike.
+    void learn(Octets block);
+
+    // From now on reading a block tells nothing of those that follow, so that an edition does not change midway.
+    void freeze() { grows_ = false; }
+    bool grows() const { return grows_; }
+
+    // Unless they are frozen, the block itself counts.
+    bool split(ast_split_t &split, Octets block, ast_reader_result_t &result);
+
+    // Whether so many blocks have been seen of every source of which any was.
+    bool have_seen(uint64_t blocks) const;
+
+private:
+    ast_reader_t reader_{};
+    bool grows_ = true;
+};
+
+// What the beginnings of files tell, frozen; nothing is known as yet of what cannot be read twice, such as a pipe.
+Editions look_through(std::span<const std::string> paths, const Options &options);
+
+} // namespace astdump

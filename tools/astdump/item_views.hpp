@@ -1,0 +1,30 @@
+// The summary and the detail view of an item: the library's, and the published values where it has none.
+#pragma once
+
+#include "item_values.hpp"
+#include "views.hpp"
+
+namespace astdump {
+
+class ItemViews {
+public:
+    // Both are good until the next call, and not made printable yet.
+    std::string_view summary(const ast_dataitem_t &item, const Reading &reading) {
+        const std::string_view text = views_.summary(item);
+        return text.empty() ? value_summary(item, reading) : text;
+    }
+    std::string_view detail(const ast_dataitem_t &item, const Reading &reading);
+
+private:
+    struct Subject; // a compound item, whose values are taken when they are first asked for
+
+    std::string_view value_summary(const ast_dataitem_t &item, const Reading &reading);
+    void complete_table(std::string_view table, Subject &subject);
+    void complete_subfields(std::string_view html, Subject &subject);
+
+    Views views_;
+    ItemValues values_;
+    std::string text_;
+};
+
+} // namespace astdump

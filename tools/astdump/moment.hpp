@@ -1,0 +1,25 @@
+// Times as users and files write them.
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "datagram.hpp"
+
+namespace astdump {
+
+constexpr int64_t kSecondsPerDay = 86400;
+
+struct Moment {
+    std::optional<int64_t> day; // since 1970-01-01; nothing for a time of any day
+    Time time;                  // since midnight
+};
+
+// "2014-02-25T12:43:47.401501Z", with a blank in place of the T, without the Z, the fraction and the seconds, and
+// without the date; in UTC.
+std::optional<Moment> read_moment(std::string_view text);
+
+// The same with date, T, seconds and Z: the form that JSON has.
+std::optional<Time> read_time(std::string_view text);
+
+} // namespace astdump

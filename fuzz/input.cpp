@@ -7,6 +7,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include "damage_log.hpp"
 #include "harness.hpp"
 #include "record_list.hpp"
 #include "run.hpp"
@@ -84,9 +85,9 @@ Outcome read(const std::string &path, const Way &way) {
     const Reports reports;
     astdump::Output out(output.descriptor());
     astdump::Sinks sinks;
-    sinks.push_back(std::make_unique<astdump::RecordList>(out, false, false));
+    sinks.push_back(std::make_unique<astdump::RecordList>(out, false, false, false));
     sinks.push_back(std::make_unique<astdump::Stats>(out, false));
-    astdump::DamageLog damage(false);
+    astdump::DamageLog damage(false, true);
     const int status = astdump::Run(options, std::move(sinks), out, damage, astdump::Progress(false), nullptr).files();
     return {status, output.contents(), reports.contents()};
 }

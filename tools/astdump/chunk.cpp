@@ -45,13 +45,6 @@ void Chunk::add(const Datagram &datagram) {
     damage_.place = datagrams_.size();
 }
 
-void Chunk::stamp(const Time &time, const Endpoints &endpoints) {
-    for (Datagram &datagram : datagrams_) {
-        datagram.time = time;
-        datagram.endpoints = endpoints;
-    }
-}
-
 bool Chunk::is_wanted(const Datagram &datagram) {
     met_any_ = true;
     return !filter_ || filter_->passes(datagram);
@@ -69,6 +62,13 @@ void Chunk::leave_out() {
     for (; report != damage_.reports().end(); ++report) report->place = left;
     datagrams_.resize(left);
     damage_.place = left;
+}
+
+void Chunk::stamp(const Time &time, const Endpoints &endpoints) {
+    for (Datagram &datagram : datagrams_) {
+        datagram.time = time;
+        datagram.endpoints = endpoints;
+    }
 }
 
 } // namespace astdump

@@ -83,6 +83,7 @@ public:
 
 private:
     void add(Report report);
+    void stream(uint64_t packet, const Endpoints &endpoints, uint64_t octets, const char *what, const Losses &losses);
 
     std::vector<Report> reports_;
 };

@@ -110,6 +110,9 @@ void Input::open(const FramingKind *framing) {
     if (!stream_->compression().empty()) framing_.append(", ").append(stream_->compression());
 }
 
+Input::Input(std::unique_ptr<Source> source, const DatagramChoice &choice)
+    : source_(std::move(source)), filter_(choice) {}
+
 void Input::connect(const LiveUrl &url, Waiting &waiting, const FramingKind *framing) {
     const auto connection = connect_tcp(url, waiting);
     is_read_ = !connection;
@@ -119,9 +122,6 @@ void Input::connect(const LiveUrl &url, Waiting &waiting, const FramingKind *fra
     framing_.append(", tcp");
     source_ = std::make_unique<TcpSource>(std::move(source_), *stream_, connection->endpoints);
 }
-
-Input::Input(std::unique_ptr<Source> source, const DatagramChoice &choice)
-    : source_(std::move(source)), filter_(choice) {}
 
 // What is to be said behind the last datagram; false when that is nothing.
 bool Input::tell_end(Chunk &chunk) {
@@ -143,7 +143,8 @@ bool Input::fill(Chunk &chunk) {
     chunk.leave_out();
     if (!filled) filled = !std::exchange(is_read_, true) && tell_end(chunk);
     chunk.first_number = next_number_;
-    for (const Datagram &datagram : chunk.datagrams()) next_number_ += count_blocks(datagram.octets).count;
+    for (const Datagram &datagram : chunk.datagrams())
+        if (!datagram.is_told) next_number_ += count_blocks(datagram.octets).count;
     chunk.end_number = next_number_;
     if (stream_) chunk.consumed = stream_->consumed();
     return filled;

@@ -117,6 +117,7 @@ void Run::file(const std::string &path, Pipeline &pipeline) {
 
 // What is not there is left out, as it is where files are read one after the other.
 void Run::merged(Pipeline &pipeline) {
+    editions_ = look_through(options_.files, options_);
     auto source = std::make_unique<MergedSource>();
     for (const std::string &path : options_.files)
         attempt(path, [&] {
@@ -126,7 +127,6 @@ void Run::merged(Pipeline &pipeline) {
             source->add(name, std::move(input));
         });
     name_ = counted(options_.files.size(), "file");
-    editions_ = look_through(options_.files, options_);
     damage_.set_file(name_, false);
     input_ = std::make_unique<Input>(std::move(source), options_.datagrams);
     read_input(pipeline);
@@ -138,9 +138,10 @@ bool Run::read(Chunk &chunk) {
     chunk.editions = editions_;
     if (!editions_.grows()) return is_filled;
     for (const Datagram &datagram : chunk.datagrams())
-        each_block(datagram.octets, [&](Octets block) {
-            if (options_.categories.test(block[0])) editions_.learn(block);
-        });
+        if (!datagram.is_told)
+            each_block(datagram.octets, [&](Octets block) {
+                if (options_.categories.test(block[0])) editions_.learn(block);
+            });
     return is_filled;
 }
 
@@ -163,7 +164,7 @@ bool Run::write(Job &job) {
     }
     consumed_ = job.chunk.consumed;
     progress_.update(name_, consumed_, input_->size(), job.chunk.end_number - 1);
-    return !done();
+    return !has_enough(); // an input that the user has ended has still to say what it holds back
 }
 
 } // namespace astdump

@@ -111,15 +111,6 @@ std::vector<ast_reader_result_t> read_all(Octets octets) {
     return results;
 }
 
-void read_through_pipe(Octets octets, const Way &way) {
-    int ends[2];
-    require(pipe(ends) == 0, "there can be a pipe");
-    const ssize_t written = write(ends[1], octets.data(), octets.size());
-    close(ends[1]);
-    if (written == static_cast<ssize_t>(octets.size())) read("/proc/self/fd/" + std::to_string(ends[0]), way);
-    close(ends[0]);
-}
-
 } // namespace
 
 void run(Input input) {

@@ -109,9 +109,11 @@ TEST(Udp, ShowsWhatComesToEveryKindOfAddress) {
 TEST(Udp, JoinsAGroupOfIpv6) {
     if (!has_ipv6()) GTEST_SKIP();
     Command command;
-    Background tool(command, "udp://[ff12::1734]:0 --interface lo --quiet");
-    EXPECT_EQ(tool.wait_for_report("\n").find("astdump: listening on [ff12::1734%lo]:"), 0U);
-    EXPECT_EQ(tool.end().status, 0);
+    for (const std::string arguments : {"udp://[ff12::1734]:0 --interface lo", "udp://[ff12::1734%lo]:0"}) {
+        Background tool(command, arguments + " --quiet");
+        EXPECT_EQ(tool.wait_for_report("\n").find("astdump: listening on [ff12::1734%lo]:"), 0U);
+        EXPECT_EQ(tool.end().status, 0);
+    }
 }
 
 TEST(Udp, TellsDamageAndStopsAfterACount) {

@@ -140,13 +140,17 @@ TEST(Tcp, OtherTrafficIsPassedOver) {
     while (blanks.size() < 1000) blanks += "  \"0";
     std::vector<std::string> text, requests = {kBegin, segment(0, "GET / HTTP/1.1\r\n\r\n")};
     for (size_t i = 0; i < 100; ++i) text.push_back(segment(i * 1000, blanks));
-    const std::string other = "astdump: c: 1 TCP stream of other traffic passed over\n";
+    const std::string other = "astdump: c: TCP 10.0.0.1:4000 > 239.1.1.1:8600: not ASTERIX\n"
+                              "astdump: not ASTERIX: 1 TCP stream\n";
     const StreamCase cases[] = {
         {"text, from the start", requests, "0", other},
         {"text, from within", text, "0", other},
         {"a header of other lengths", {segment(0, hex("17 0303 0010") + std::string(2000, '\x11'))}, "0", other},
         {"nothing but talk", {kBegin, part(0, 0), part(0, 0, kFin)}, "0"},
-        {"headers that are cut short", {ethernet(ipv4_tcp(kSector))}, "0"},
+        {"headers that are cut short",
+         {ethernet(ipv4_tcp(kSector))},
+         "0",
+         "astdump: c: holds no datagrams in 1 packet\n"},
     };
     for (const StreamCase &test : cases) expect(test);
 }

@@ -142,6 +142,16 @@ void Damage::fragment(uint64_t packet, const Endpoints &endpoints, uint64_t octe
     stream(packet, endpoints, octets, "before the next block; skipped", {.skipped = octets});
 }
 
+void Damage::foreign_stream(const Endpoints &endpoints) {
+    const std::string stream = "TCP " + route_text(endpoints);
+    add({.kind = Kind::foreign,
+         .text = stream + ": not ASTERIX",
+         .reason = "other traffic over TCP",
+         .example = stream,
+         .noun = "stream",
+         .losses = {.foreign_streams = 1}});
+}
+
 void Damage::framing(const Datagram &datagram, uint64_t offset, const Frame &frame) {
     const uint64_t available = datagram.octets.size() - offset;
     const uint64_t skipped = datagram.unread.value_or(available);
@@ -180,11 +190,7 @@ void Damage::line(uint64_t line, uint64_t character, std::string_view path, cons
 
 void Damage::foreign(const Datagram &datagram) {
     std::string example = "packet " + std::to_string(datagram.packet) + ": ";
-    if (datagram.endpoints) {
-        TextBuffer route;
-        put_route(route, *datagram.endpoints);
-        example.append(route.text()).append(", ");
-    }
+    if (datagram.endpoints) example.append(route_text(*datagram.endpoints)).append(", ");
     example += counted(datagram.octets.size(), "octet") + octets_text(datagram.octets);
     add({.kind = Kind::foreign,
          .text = example + ": not ASTERIX",

@@ -75,8 +75,9 @@ public:
     // A line of an input that is no record; the path is that of what is wrong in it, if that is known.
     void line(uint64_t line, uint64_t character, std::string_view path, const char *what);
 
-    // A datagram of other traffic.
+    // A datagram of other traffic, and a TCP stream.
     void foreign(const Datagram &datagram);
+    void foreign_stream(const Endpoints &endpoints);
 
     void block(const DecodedBlock &decoded);
 

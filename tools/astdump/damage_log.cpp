@@ -67,7 +67,8 @@ std::vector<std::string> DamageLog::totals() const {
     std::vector<std::string> totals;
     if (any_damage()) totals.push_back("lost: " + losses_.text());
     if (losses_.unsupported != 0) totals.push_back("not supported: " + counted(losses_.unsupported, "block"));
-    if (losses_.foreign != 0) totals.push_back("not ASTERIX: " + counted(losses_.foreign, "datagram"));
+    if (const std::string foreign = losses_.foreign_text(); !foreign.empty())
+        totals.push_back("not ASTERIX: " + foreign);
     return totals;
 }
 

@@ -17,7 +17,6 @@ public:
 private:
     Framed frame_at(Octets rest);
     bool read(Chunk &chunk);
-    bool pass_lead(Chunk &chunk);
     bool step(Chunk &chunk);
     Time time_of(uint32_t centiseconds);
     void add(Chunk &chunk, const Framed &framed);

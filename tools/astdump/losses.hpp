@@ -20,6 +20,7 @@ struct Losses {
     // What is no damage.
     uint64_t unsupported = 0; // blocks of a category, edition or item that is not known
     uint64_t foreign = 0;     // datagrams of other traffic
+    uint64_t foreign_streams = 0;
 
     Losses &operator+=(const Losses &other);
     bool operator==(const Losses &other) const = default;
@@ -28,6 +29,9 @@ struct Losses {
 
     // "1 datagram truncated, 16 octets skipped"; empty when nothing is damaged.
     std::string text() const;
+
+    // "3 datagrams, 2 TCP streams" of other traffic; empty when there is none.
+    std::string foreign_text() const;
 };
 
 } // namespace astdump

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "text.hpp"
-
 namespace astdump {
 
 namespace {
@@ -108,7 +106,7 @@ TcpStreams::Key TcpStreams::key_of(const Endpoints &endpoints) {
 
 void TcpStreams::close(Streams::iterator place, bool is_cut, Chunk &chunk) {
     place->end(is_cut, chunk);
-    if (place->blocks.is_other()) ++others_;
+    if (place->blocks.is_other()) chunk.damage().foreign_stream(*place->stamp.endpoints);
     held_octets_ -= place->held_octets;
     places_.erase(key_of(*place->stamp.endpoints));
     streams_.erase(place);
@@ -145,8 +143,9 @@ void TcpStreams::make_room(Chunk &chunk) {
 }
 
 void TcpStreams::add(const Transported &segment, uint64_t packet, const Time &time, Chunk &chunk) {
-    if (segment.tcp->rst) return end_by_reset(*segment.endpoints, chunk);
     const Datagram stamp{.octets = {}, .packet = packet, .time = time, .endpoints = segment.endpoints};
+    if (!chunk.is_wanted(stamp)) return;
+    if (segment.tcp->rst) return end_by_reset(*segment.endpoints, chunk);
     Stream *const stream = find_or_open(segment, stamp, chunk);
     if (!stream) return;
     stream->take(*segment.tcp, segment.payload, chunk);
@@ -157,8 +156,6 @@ void TcpStreams::add(const Transported &segment, uint64_t packet, const Time &ti
 
 void TcpStreams::end(Chunk &chunk) {
     while (!streams_.empty()) close(streams_.begin(), true, chunk);
-    if (others_ != 0) chunk.damage().note(counted(others_, "TCP stream") + " of other traffic passed over");
-    others_ = 0;
 }
 
 } // namespace astdump

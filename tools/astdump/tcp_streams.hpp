@@ -17,7 +17,7 @@ public:
     // Adds the blocks that a segment completes to a chunk, with the packet and time of the segment.
     void add(const Transported &segment, uint64_t packet, const Time &time, Chunk &chunk);
 
-    // At the end of the capture: what still waited for a segment that is missing, and how many streams were no blocks.
+    // At the end of the capture: what still waited for a segment that is missing, and which streams were no blocks.
     void end(Chunk &chunk);
 
 private:
@@ -54,7 +54,6 @@ private:
     Streams streams_; // the one that was quiet for longest first
     std::map<Key, Streams::iterator> places_;
     size_t held_octets_ = 0;
-    uint64_t others_ = 0; // streams of other traffic
 };
 
 } // namespace astdump

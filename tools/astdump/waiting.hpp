@@ -36,6 +36,7 @@ public:
 
     // Whether a descriptor can be read within a time.
     bool has_input(int descriptor, int limit_ms);
+
     // Has something done now and then while it waits.
     void meanwhile(std::function<void()> what) { meanwhile_ = std::move(what); }
 

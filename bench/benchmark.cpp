@@ -9,6 +9,7 @@
 #include <cstring>
 #include <new>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 #include "records.hpp"
@@ -329,6 +330,7 @@ void add(const Sample &sample) {
 // of one group begin alike, and the first one is the copy.
 class BesideCopy : public benchmark::ConsoleReporter {
 public:
+    BesideCopy() : ConsoleReporter(isatty(STDOUT_FILENO) != 0 ? OO_ColorTabular : OO_Tabular) {}
     void ReportRuns(const std::vector<Run> &runs) override {
         std::vector<Run> shown = runs;
         for (Run &run : shown) compare(run);

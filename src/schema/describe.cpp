@@ -18,6 +18,7 @@ public:
     size_t length() const { return length_; }
     Path() { text_[0] = '\0'; }
     void append(std::string_view piece) {
+        if (piece.empty()) return; // it may be nowhere
         const size_t room = sizeof text_ - 1 - length_;
         const size_t chars = piece.size() < room ? piece.size() : room;
         std::memcpy(text_ + length_, piece.data(), chars);

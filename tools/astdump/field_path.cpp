@@ -166,7 +166,7 @@ void FieldPath::walk(const ast_datarecord_t &record, ast_field_value_visitor_t v
     if (!categories_.test(record.category % kCategories)) return;
     const auto [first, last] = types_of(record.category);
     for (uint64_t i = 0; i < record.item_count; ++i)
-        if (std::find(first, last, record.items[i].type) != last)
+        if (std::ranges::find(first, last, record.items[i].type) != last)
             ast_dataitem_walk(&record.items[i], record.uap, message_type_of(record), visit, context);
 }
 

@@ -1,11 +1,13 @@
 // How the command-line tool reads its input, by one thread and by several: what they write and report must be the same.
-// The input is a file, a capture or raw blocks; its last octet also says how much of it is read at a time.
+// The input is a file; its last octet also says how much of it is read at a time, the one before that what its framing
+// is, if that is not to be found out. Through a pipe, whose reader takes what has come, nothing must go wrong.
 
 #include <cstdio>
 #include <string>
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include "damage_log.hpp"
 #include "harness.hpp"
 #include "record_list.hpp"
 #include "run.hpp"
@@ -66,12 +68,19 @@ struct Outcome {
     bool operator==(const Outcome &) const = default;
 };
 
-Outcome read(const File &input, size_t jobs, size_t chunk_octets) {
+struct Way {
+    const astdump::FramingKind *framing; // null: found out
+    size_t jobs;
+    size_t chunk_octets;
+};
+
+Outcome read(const std::string &path, const Way &way) {
     astdump::Options options;
-    options.files = {input.path()};
+    options.files = {path};
+    options.framing = way.framing;
     options.categories.set();
-    options.jobs = jobs;
-    options.chunk_octets = chunk_octets;
+    options.jobs = way.jobs;
+    options.chunk_octets = way.chunk_octets;
     const File output;
     const Reports reports;
     astdump::Output out(output.descriptor());
@@ -83,16 +92,30 @@ Outcome read(const File &input, size_t jobs, size_t chunk_octets) {
     return {status, output.contents(), reports.contents()};
 }
 
+void read_through_pipe(Octets octets, const Way &way) {
+    int ends[2];
+    require(pipe(ends) == 0, "there can be a pipe");
+    const ssize_t written = write(ends[1], octets.data(), octets.size());
+    close(ends[1]);
+    if (written == static_cast<ssize_t>(octets.size())) read("/proc/self/fd/" + std::to_string(ends[0]), way);
+    close(ends[0]);
+}
+
 } // namespace
 
 void run(Input input) {
     constexpr size_t kAll = size_t{1} << 18;
     const Octets octets = input.rest();
     const size_t chunk_octets = octets.empty() ? 1 : octets.back() + size_t{1};
+    const size_t choice = octets.size() < 2 ? 0xFF : octets[octets.size() - 2];
+    const auto framings = astdump::framings();
+    const astdump::FramingKind *const framing = choice < framings.size() ? &framings[choice] : nullptr;
     const File file(octets);
-    const Outcome serial = read(file, 1, kAll);
-    require(serial == read(file, 1, chunk_octets), "the output depends on how much is read at a time");
-    require(serial == read(file, 2, chunk_octets), "the output depends on the number of threads");
+    const Outcome serial = read(file.path(), {framing, 1, kAll});
+    require(serial == read(file.path(), {framing, 1, chunk_octets}),
+            "the output depends on how much is read at a time");
+    require(serial == read(file.path(), {framing, 2, chunk_octets}), "the output depends on the number of threads");
+    read_through_pipe(octets, {framing, 1, chunk_octets});
 }
 
 } // namespace ast_fuzz

@@ -122,6 +122,16 @@ private:
 
 constexpr int kBlocksOfCategory = 5; // and profile
 
+// A recording whose blocks stand behind a long header, too long to be damaged octet by octet.
+Bytes recording_with_header() {
+    Bytes file(2200, 0xCD);
+    for (uint8_t count = 1; count <= 3; ++count) {
+        for (const int octet : {0x30, 0x00, 0x07, 0xA0, 0x19, 0x0C, 0xA0}) file.push_back(static_cast<uint8_t>(octet));
+        file.insert(file.end(), 10, count);
+    }
+    return file;
+}
+
 } // namespace
 
 int main(int argc, char **argv) {
@@ -147,6 +157,8 @@ int main(int argc, char **argv) {
         }
         encode.write({{0}, number(i), Bytes(48, 0x01)});
     }
+    Directory input(root / "input");
+    input.write({recording_with_header()});
     Directory split(root / "split");
     Directory reader(root / "reader");
     Blocks blocks;
@@ -157,7 +169,8 @@ int main(int argc, char **argv) {
                 split.write({block});
                 reader.write({block, blocks.next(category, *uap), block});
             }
-    return split.failed() || reader.failed() || item.failed() || text.failed() || encode.failed() || record.failed()
+    return split.failed() || reader.failed() || input.failed() || item.failed() || text.failed() || encode.failed() ||
+                   record.failed()
                ? 1
                : 0;
 }

@@ -33,6 +33,7 @@ AST_BEGIN_DECLARATIONS
 typedef struct {
     uint32_t key;                           /* category and data source; 0 where there is none */
     uint32_t judged;                        /* records looked at for plausibility, per profile */
+    uint32_t leading;                       /* profiles that nothing puts behind another one, a bit each */
     uint64_t last_seen;                     /* by the reader's clock */
     uint64_t blocks;                        /* that a profile fitted */
     uint32_t misses[AST_READER_CANDIDATES]; /* blocks that this profile did not fit while another one did */

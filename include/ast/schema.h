@@ -125,8 +125,8 @@ typedef struct {
 /** Writes a record as one JSON object, without a line feed: the keys of the line, then its items.
  *  line      null for one that says nothing
  *  Returns the characters needed, the terminator not counted: what is written is whole when that is less than capacity,
- *  and cut otherwise. Faster where the capacity is ample, which is 1 KB and 256 characters per octet of the record. An
- *  item that is not valid is left out. */
+ *  and cut otherwise. Faster where the capacity is ample, which is 1 KB, 256 characters per octet of the record and
+ *  six per character of the line's texts. An item that is not valid is left out. */
 AST_API uint64_t ast_datarecord_to_json(char *text, uint64_t capacity, const ast_datarecord_t *record,
                                         const ast_json_line_t *line);
 

@@ -34,6 +34,18 @@ const char *item_name(const Category &category, ast_dataitem_type_t type) {
 
 using namespace ast;
 
+namespace {
+
+// In three digits at least; without print(), since a walk over the values of an item begins with the item's name.
+void append_number(TextWriter &out, uint32_t number) {
+    if (number > 999) return out.print("%u", number);
+    const char digits[] = {static_cast<char>('0' + number / 100), static_cast<char>('0' + number / 10 % 10),
+                           static_cast<char>('0' + number % 10)};
+    out.append({digits, sizeof digits});
+}
+
+} // namespace
+
 // The rules under their exported names.
 #define AST_SIZE_RULES(X)                                                                                              \
     X(ast_dataitem_get_size_fixed_1_byte, fixed<1>)                                                                    \
@@ -105,18 +117,21 @@ const char *ast_dataitem_type_to_str(ast_dataitem_type_t type) {
     const ItemRow &row = find_item(type);
     const uint32_t number = row.variant_of ? row.variant_of : type % kItemNumbers;
     TextWriter out(text, sizeof text);
+    out.append("I");
+    append_number(out, category);
+    out.append("/");
     switch (number) {
     case AST_ITEM_RFS:
-        out.print("I%03u/RFS", category);
+        out.append("RFS");
         break;
     case AST_ITEM_REF:
-        out.print("I%03u/REF", category);
+        out.append("REF");
         break;
     case AST_ITEM_SPF:
-        out.print("I%03u/SPF", category);
+        out.append("SPF");
         break;
     default:
-        out.print("I%03u/%03u", category, number);
+        append_number(out, number);
     }
     return text;
 }

@@ -191,10 +191,12 @@ uint32_t key_of(const Block &block) {
     constexpr uint32_t kHasSource = UINT32_C(1) << (kSourceBits + kCategoryBits);
     const uint32_t category = block.own.category;
     const uint32_t key = kKnown | category << kSourceBits;
-    const ast_fspec_t fspec = decode_fspec(block.data + kBlockHeaderOctets, block.length - kBlockHeaderOctets);
+    uint64_t place = kBlockHeaderOctets;
+    if (block.length == place || !bit(block.data[place], 8)) return key;
+    while (place < block.length && has_fx(block.data[place])) ++place;
+    ++place; // behind the FSPEC
     const bool is_first = ast_uap_get_dataitem_published(category, 1) == AST_DATAITEM_TYPE(category, kDataSource);
-    const uint64_t place = kBlockHeaderOctets + fspec.length;
-    if (!is_first || !fspec.valid || !bit(fspec.data[0], 8) || place + 2 > block.length) return key;
+    if (!is_first || place + 2 > block.length) return key;
     return kHasSource ^ key ^ read_u16(block.data + place);
 }
 
@@ -253,9 +255,10 @@ Mask lowest_tier(const Candidates &candidates, Mask among) {
     return lowest;
 }
 
-void judge(Source &source, const Block &block, Mask fits) {
+// Whether there was something to judge.
+bool judge(Source &source, const Block &block, Mask fits) {
     const Mask rivals = lowest_tier(block.own.candidates, fits);
-    if (source.judged >= kJudgedRecords || std::has_single_bit(rivals)) return;
+    if (source.judged >= kJudgedRecords || std::has_single_bit(rivals)) return false;
     uint32_t records = 0;
     each(rivals, [&](size_t i) {
         const Look look = look_at(block, block.own.candidates[i], true);
@@ -263,6 +266,7 @@ void judge(Source &source, const Block &block, Mask fits) {
         records = look.records();
     });
     source.judged += records;
+    return true;
 }
 
 // Those that are tried first, and whether no other comes into question while the first of them fits.
@@ -277,7 +281,7 @@ Trial first_tried(const Source &source, const Block &block, bool learns) {
     if (learns && source.blocks < kNewBlocks) return {all, false};
     const bool has_rival = candidates.size() > 1 && candidates[0].tier == candidates[1].tier;
     if (source.blocks == 0 && !has_rival) return {bit_of(0), true};
-    const Mask leading = leaders(source, candidates, all);
+    const Mask leading = source.blocks == 0 ? leaders(source, candidates, all) : source.leading;
     return {leading, std::has_single_bit(leading) || (!learns && source.blocks != 0)};
 }
 
@@ -290,9 +294,9 @@ Mask learn(Source &source, const Block &block, Mask tried) {
         tried = all;
     }
     if (fits == 0) return 0;
-    ++source.blocks;
     each(tried & ~fits, [&](size_t i) { ++source.misses[i]; });
-    judge(source, block, fits);
+    const bool is_judged = judge(source, block, fits);
+    if (source.blocks++ == 0 || is_judged || fits != tried) source.leading = leaders(source, block.own.candidates, all);
     return fits;
 }
 

@@ -16,14 +16,25 @@ class Path {
 public:
     const char *text() const { return text_; }
     size_t length() const { return length_; }
+    Path() { text_[0] = '\0'; }
     void append(std::string_view piece) {
-        for (size_t i = 0; i < piece.size() && length_ + 1 < sizeof text_; ++i) text_[length_++] = piece[i];
-        text_[length_] = '\0';
+        const size_t room = sizeof text_ - 1 - length_;
+        const size_t chars = piece.size() < room ? piece.size() : room;
+        std::memcpy(text_ + length_, piece.data(), chars);
+        cut(length_ + chars);
     }
     void append_step(std::string_view name) {
         if (name.empty()) return;
         if (length_ != 0) append("/");
         append(name);
+    }
+    // The name of a field, copied by a few moves where there is room.
+    void append_step(const Field &field) {
+        if (!field.is_named()) return;
+        if (length_ == 0 || length_ + 1 + sizeof field.key >= sizeof text_) return append_step(field.name());
+        std::memcpy(text_ + length_, field.key, sizeof field.key);
+        text_[length_] = '/'; // in place of its quote
+        cut(length_ + 1 + field.name().size());
     }
     void cut(size_t length) {
         length_ = length;
@@ -31,8 +42,26 @@ public:
     }
 
 private:
-    char text_[128] = {};
+    char text_[128];
     size_t length_ = 0;
+};
+
+// "I048/040" of an item, whose field is named "I040".
+class Reference {
+public:
+    Reference(uint32_t category, const Field &item) {
+        const std::string_view name = item.name();
+        const std::string_view number = name.starts_with('I') ? slice(name, 1) : name;
+        for (uint32_t i = 0; i < 3; ++i, category /= 10) text_[3 - i] = digit(category % 10);
+        std::memcpy(text_ + kCategoryChars, number.data(), number.size());
+        length_ = kCategoryChars + number.size();
+    }
+    operator std::string_view() const { return {text_, length_}; }
+
+private:
+    static constexpr size_t kCategoryChars = 5;
+    char text_[kCategoryChars + sizeof(Field::key)] = {'I', '0', '0', '0', '/'};
+    size_t length_;
 };
 
 constexpr const char *or_empty(const char *text) { return text ? text : ""; }
@@ -69,7 +98,7 @@ public:
     void field(const Field *field, std::string_view first_step = {}) {
         const size_t before = path_.length();
         path_.append(first_step);
-        if (first_step.empty() && field->kind != Kind::When) path_.append_step(field->name());
+        if (first_step.empty() && field->kind != Kind::When) path_.append_step(*field);
         const bool has_content = field->kind == Kind::Explicit && field->rows != 0; // which has its name, too
         if (!is_inside(*field) && !has_content && !is_transparent_inside(*field, before)) {
             const ast_field_t description = description_of(*field, path_.text());
@@ -96,10 +125,11 @@ class Values {
 public:
     Values(ast_field_value_visitor_t visit, void *context, std::string_view item) : visit_(visit), context_(context) {
         path_.append(item);
+        text_[0] = '\0';
     }
 
     void open(const Field &field) {
-        push(is_item_ ? std::string_view() : field.name());
+        push(is_item_ ? nullptr : &field);
         levels_[level_ - 1].is_list = is_list(field);
     }
     void close(const Field &) { pop(); }
@@ -112,7 +142,7 @@ public:
         path_.append("]");
         is_element_ = true;
     }
-    void open_register(const Field &field, uint32_t) { push(is_item_ ? std::string_view() : field.name()); }
+    void open_register(const Field &field, uint32_t) { push(is_item_ ? nullptr : &field); }
 
     void value(const Field &field, uint64_t raw) {
         const bool is_number = !is_shown_as_octets(field) && field.kind != Kind::Octal && field.kind != Kind::Icao;
@@ -134,17 +164,17 @@ private:
     static constexpr unsigned kMaxLevels = 16; // more than any table has
 
     struct Level {
-        size_t before = 0; // lengths of the path
-        size_t inside = 0;
-        uint64_t elements = 0;
-        bool is_list = false;
+        size_t before; // lengths of the path
+        size_t inside;
+        uint64_t elements;
+        bool is_list;
     };
 
-    void push(std::string_view name) {
+    void push(const Field *step) {
         Level &level = levels_[level_++ % kMaxLevels];
-        level = {.before = path_.length()};
-        path_.append_step(name);
-        level.inside = path_.length();
+        const size_t before = path_.length();
+        if (step) path_.append_step(*step);
+        level = {.before = before, .inside = path_.length(), .elements = 0, .is_list = false};
         is_item_ = false;
         is_element_ = false;
     }
@@ -152,7 +182,7 @@ private:
 
     void hand_over(const Field &field, uint64_t raw, bool is_number, double number) {
         const size_t before = path_.length();
-        if (!is_item_ && !is_element_) path_.append_step(field.name());
+        if (!is_item_ && !is_element_) path_.append_step(field);
         const ast_field_t description = description_of(field, path_.text());
         const ast_field_value_t value{
             .field = &description, .raw = raw, .has_number = is_number, .number = number, .text = text_};
@@ -161,6 +191,8 @@ private:
     }
 
     void write_text(const Field &field, uint64_t raw) {
+        text_[0] = '\0';
+        if (field.kind == Kind::Unsigned || field.kind == Kind::Signed) return; // no text
         TextWriter out(text_, sizeof text_);
         if (field.kind == Kind::Code) {
             out.append(text_of_code(field.meaning, raw));
@@ -185,8 +217,10 @@ private:
     }
     static void character(TextWriter &out, char c) { out.append({&c, 1}); }
     static void digits(TextWriter &out, uint64_t value, unsigned count, unsigned bits) {
-        for (unsigned i = count; i != 0; --i)
-            character(out, kHexDigits[value >> (bits * (i - 1)) & ((1U << bits) - 1)]);
+        char text[kMaxNumberBits / kOctalBits + 1];
+        for (unsigned i = 0; i < count; ++i)
+            text[i] = kHexDigits[value >> (bits * (count - 1 - i)) & ((1U << bits) - 1)];
+        out.append({text, count});
     }
     void trim(uint64_t length) {
         while (length != 0 && text_[length - 1] == ' ') text_[--length] = '\0';
@@ -199,7 +233,7 @@ private:
     unsigned level_ = 0;
     bool is_item_ = true;     // nothing is open yet: the path is that of the item
     bool is_element_ = false; // the path is that of an element
-    char text_[256] = {};
+    char text_[256];
 };
 
 } // namespace
@@ -242,7 +276,8 @@ bool ast_dataitem_walk(const ast_dataitem_t *item, ast_uap_t uap, uint32_t messa
     if (!item || !item->valid || !item->data || !visit) return false;
     const Field *const field = find_item(item->type, uap);
     if (!field) return false;
-    Values values(visit, context, ast_dataitem_type_to_str(item->type));
-    const Context depends_on{uap, item->type / AST_DATAITEM_TYPE(1, 0), message_type};
+    const uint32_t category = item->type / AST_DATAITEM_TYPE(1, 0);
+    Values values(visit, context, Reference(category, *field));
+    const Context depends_on{uap, category, message_type};
     return Walk<Values>(BitReader(item->data, item->size, item->following), values, depends_on).field(field);
 }

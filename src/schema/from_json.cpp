@@ -541,7 +541,7 @@ private:
         if (!hex_octets(octets, fspec) || octets == 0) return false;
         const Slice digits = between_quotes(fspec);
         uint32_t frn = 1;
-        for (uint64_t i = 0; i < octets; ++i) {
+        for (size_t i = 0; i < octets; ++i) {
             const uint32_t octet = ast_hex_to_int(digits[2 * i]) << kHexBits | ast_hex_to_int(digits[2 * i + 1]);
             if (has_fx(static_cast<uint8_t>(octet)) != (i + 1 != octets)) return false;
             for (unsigned number = 8; number > 1; --number, ++frn)
@@ -621,7 +621,7 @@ private:
 using namespace ast::schema;
 
 ast_json_result_t ast_datarecord_from_json(uint8_t *buffer, uint64_t length, const char *json, uint64_t chars) {
-    const Slice text = json ? Slice(json, chars) : Slice("");
+    const Slice text = json ? Slice(json, static_cast<size_t>(chars)) : Slice("");
     if (const JsonFault fault = check_json(text); fault.what) {
         ast_json_result_t result{};
         result.error = fault.what;

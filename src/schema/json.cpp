@@ -1,6 +1,7 @@
 // Reading JSON.
 
 #include "schema/json.hpp"
+#include "schema/utf8.hpp"
 
 #include <array>
 #include <bitset>
@@ -130,15 +131,10 @@ private:
         return true;
     }
 
-    // One character in UTF-8.
     bool character() {
-        const auto first = static_cast<unsigned char>(text_[at_]);
-        const unsigned more = first < 0x80 ? 0 : first >= 0xF0 && first < 0xF5 ? 3 : first >= 0xE0 ? 2 : 1;
-        if ((first >= 0x80 && first < 0xC2) || first >= 0xF5) return fail("is no UTF-8");
-        ++at_;
-        for (unsigned i = 0; i < more; ++i, ++at_)
-            if ((static_cast<unsigned char>(peek()) & 0xC0) != 0x80) return fail("is no UTF-8");
-        return true;
+        const size_t octets = utf8_octets(slice(text_, at_));
+        at_ += octets;
+        return octets != 0 || fail("is no UTF-8");
     }
 
     bool number_or_word() {

@@ -106,7 +106,7 @@ private:
         uint64_t octets = 0;
         if (!hex_octets(octets, value) || octets != count) return false;
         const Slice digits = between_quotes(value);
-        for (uint64_t i = 0; i < count; ++i)
+        for (size_t i = 0; i < count; ++i)
             if ((ast_hex_to_int(digits[2 * i]) << kHexBits | ast_hex_to_int(digits[2 * i + 1])) != data[i])
                 return false;
         return true;

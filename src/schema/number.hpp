@@ -39,7 +39,8 @@ constexpr unsigned count_digits(uint64_t value) {
 // So many digits of a number in front of a place, which moves there; returns what is left of the number.
 template <std::unsigned_integral Number>
 inline Number put_digits_before(char *&end, Number value, unsigned digits) {
-    for (; digits >= 2; digits -= 2, value /= 100) std::memcpy(end -= 2, &kDigitPairs[2 * (value % 100)], 2);
+    for (; digits >= 2; digits -= 2, value /= 100)
+        std::memcpy(end -= 2, &kDigitPairs[static_cast<size_t>(2 * (value % 100))], 2);
     if (digits == 0) return value;
     *--end = digit(value % 10);
     return value / 10;

@@ -8,19 +8,18 @@ namespace ast::schema {
 
 // The text of a code in "text of 0|text of 1|97:text of 97", or an empty one.
 inline std::string_view text_of_code(const char *texts, uint64_t code) {
-    std::string_view rest = texts ? texts : "";
-    for (uint64_t next = 0; !rest.empty(); ++next) {
-        std::string_view text = slice(rest, 0, rest.find('|'));
-        rest.remove_prefix(text.size() < rest.size() ? text.size() + 1 : rest.size());
+    const char *at = texts ? texts : "";
+    for (uint64_t next = 0; *at != '\0'; ++next) {
         uint64_t number = 0;
-        size_t digits = 0;
-        for (; digits < text.size() && text[digits] >= '0' && text[digits] <= '9'; ++digits)
-            number = number * 10 + static_cast<uint64_t>(text[digits] - '0');
-        if (digits != 0 && digits < text.size() && text[digits] == ':') {
-            next = number;
-            text.remove_prefix(digits + 1);
-        }
-        if (next == code) return text;
+        const char *text = at;
+        for (; *text >= '0' && *text <= '9'; ++text) number = number * 10 + static_cast<uint64_t>(*text - '0');
+        const bool is_numbered = text != at && *text == ':';
+        if (is_numbered) next = number;
+        text = is_numbered ? text + 1 : at;
+        const char *end = text;
+        while (*end != '\0' && *end != '|') ++end;
+        if (next == code) return {text, static_cast<size_t>(end - text)};
+        at = *end == '\0' ? end : end + 1;
     }
     return {};
 }

@@ -5,6 +5,7 @@
 
 #include "schema/number.hpp"
 #include "schema/texts.hpp"
+#include "schema/utf8.hpp"
 #include "schema/walk.hpp"
 
 namespace ast::schema {
@@ -43,7 +44,7 @@ public:
     void end(const char *out) {
         const auto chars = static_cast<uint64_t>(out - piece_);
         const uint64_t room = length_ < capacity_ ? capacity_ - length_ : 0;
-        if (room != 0) std::memcpy(text_ + length_, piece_, chars < room ? chars : room);
+        if (room != 0) std::memcpy(text_ + length_, piece_, static_cast<size_t>(chars < room ? chars : room));
         length_ += chars;
         if (chars != 0) is_comma_last_ = out[-1] == ',';
     }
@@ -266,20 +267,6 @@ private:
         out_.end(out);
     }
 
-    // The octets of one character of UTF-8 at the front of a text; 0 for what is none.
-    static size_t utf8_octets(std::string_view text) {
-        const auto octet = [&](size_t i) { return i < text.size() ? static_cast<uint8_t>(text[i]) : uint8_t{0}; };
-        const uint8_t first = octet(0);
-        if (first < 0x80) return 1;
-        const size_t octets = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
-        if (first < 0xC2 || first > 0xF4) return 0;
-        for (size_t i = 1; i < octets; ++i)
-            if ((octet(i) & 0xC0) != 0x80) return 0;
-        const bool is_overlong = (first == 0xE0 && octet(1) < 0xA0) || (first == 0xF0 && octet(1) < 0x90);
-        const bool is_no_character = (first == 0xED && octet(1) >= 0xA0) || (first == 0xF4 && octet(1) >= 0x90);
-        return is_overlong || is_no_character ? 0 : octets;
-    }
-
     // Whether eight characters stand for themselves: none is a control character, a quote, a backslash or beyond ASCII.
     static bool are_plain(uint64_t eight) {
         constexpr uint64_t kEach = 0x0101010101010101;
@@ -429,7 +416,8 @@ constexpr uint64_t kMaxCharsOfCharacter = 6;
 
 uint64_t ample_capacity(const ast_datarecord_t &record, const ast_json_line_t &line) {
     uint64_t octets = record.fspec.valid ? record.fspec.length : 0;
-    for (uint64_t i = 0; i < record.item_count && i < AST_DATARECORD_MAX_ITEMS; ++i) octets += 1 + record.items[i].size;
+    for (uint64_t i = 0; i < record.item_count && i < AST_DATARECORD_MAX_ITEMS; ++i)
+        octets += record.items[i].size != 0 ? record.items[i].size : 1;
     uint64_t chars = kMaxCharsOfLine + kPieceChars + octets * kMaxCharsOfOctet;
     for (const char *text : {line.file, line.time, line.source, line.destination, line.profile})
         if (text) chars += kMaxCharsOfCharacter * std::string_view(text).size();

@@ -285,6 +285,14 @@ TEST(JsonEditing, RoundsToTheNearestStepAndKeepsOctetsThatStillMeanTheSame) {
              {R"({"category":48,"I140":43200.50391})", "40 54 60 41"},
              {R"({"category":48,"I140":4.32005e4,"I010":null})", "40 54 60 40"},
              {R"({"category":48,"I090":{"V":0,"G":0,"FL":-0.2}})", "04 3F FF"},
+             {R"({"category":48,"I090":{"V":0,"G":0,"FL":0.125}})", "04 00 01"}, // halves away from zero
+             {R"({"category":48,"I090":{"V":0,"G":0,"FL":-0.125}})", "04 3F FF"},
+             {R"({"category":48,"I090":{"V":0,"G":0,"FL":0.12499999999999999}})", "04 00 00"},
+             {R"({"category":48,"I090":{"V":0,"G":0,"FL":-2048}})", "04 20 00"},
+             {R"({"category":48,"I250":[{"bds":"40","BARO":800.05}]})", "01 20 01 00 00 00 20 02 00 00 40"},
+             {R"({"category":48,"I140":4320050000000000000000e-17})", "40 54 60 40"},
+             {R"({"category":62,"I105":{"LAT":-41.000000000000000000000000001,"LON":180}})",
+              "08 FF 8B 60 B6 02 00 00 00"},
              {R"({"category":48,"I161":{"TRN":123},"octets":{"I161":"F07B"}})", "01 10 F0 7B"},
              {R"({"category":48,"I161":{"TRN":124},"octets":{"I161":"F07B"}})", "01 10 00 7C"},
              {R"({"category":48,"I161":null,"octets":{"I161":"F07B"}})", "00"},
@@ -314,6 +322,9 @@ TEST(JsonEditing, SaysWhatIsWrongAndWhere) {
              {R"({"category":48,"I010":{"SAC":1,"SIC":2,@"SID":3}})", "I010/SID", "is not known here"},
              {R"({"category":48,"I010":{"SAC":1,"SIC":2,@"SAC":3}})", "I010/SAC",
               "stands twice, or does not go with what stands before it"},
+             {R"({"category":48,"I010":{"SAC":1,"SIC":@1e-29}})", "I010/SIC", "is no whole number"},
+             {R"({"category":48,"I010":{"SAC":1,"SIC":@-1}})", "I010/SIC", "does not fit its bits"},
+             {R"({"category":48,"I140":@99999999999999999999})", "I140", "does not fit its bits"},
              {R"({"category":48,"I140":@131072})", "I140", "does not fit its bits"},
              {R"({"category":48,"I140":@-1})", "I140", "does not fit its bits"},
              {R"({"category":48,"I070":{"V":0,"G":0,"L":0,"MODE3A":@"7800"}})", "I070/MODE3A",
@@ -322,6 +333,11 @@ TEST(JsonEditing, SaysWhatIsWrongAndWhere) {
              {R"({"category":48,"I250":[{"bds":"40","MCP_ALT":16},{"bds":"40","MCP_ALT":@-16}]})", "I250[1]/MCP_ALT",
               "does not fit its bits"},
              {R"({"category":48,"I250":[@{"bds":"5"}]})", "I250[0]", "has no \"bds\" of two hexadecimal digits"},
+             {R"({"category":48,"I240":@"\ud83d"})", "I240", "has a character that is no letter, digit or blank"},
+             {"{\"category\":48,\"I240\":\"A@\xC3\"}", "", "is no UTF-8"},        // a character cut short
+             {"{\"category\":48,\"I240\":\"A@\xC0\x80\"}", "", "is no UTF-8"},    // one longer than it need be
+             {"{\"category\":48,\"I240\":\"@\xED\xA0\x80\"}", "", "is no UTF-8"}, // half of one
+             {std::string("{\"category\":48,\"I240\":\"A@") + '\0' + "\"}", "", "has a control character in a string"},
              {R"({"category":48,"SPF":@"ABC"})", "SPF", "is no string of pairs of hexadecimal digits"},
              {R"({"category":48,"I010":{"SAC":1,"SIC":2@)", "", "lacks a comma or a closing bracket"},
              {R"({"category":48 @"I010":1})", "", "lacks a comma or a closing bracket"},

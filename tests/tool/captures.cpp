@@ -40,10 +40,23 @@ std::string udp(const std::string &payload) {
     return be16(4000) + be16(8600) + be16(payload.size() + 8) + be16(0) + payload;
 }
 
+std::string tcp(size_t sequence, const std::string &payload, unsigned flags) {
+    return be16(4000) + be16(8600) + be32(sequence) + be32(0) + hex("50") + static_cast<char>(flags) +
+           hex("0400 0000 0000") + payload;
+}
+
 std::string ipv4(const std::string &udp, size_t offset, bool more, size_t id) {
     return hex("4500") + be16(udp.size() + 20) + be16(id) + be16(offset / 8 | (more ? 0x2000 : 0)) + hex("4011 0000") +
            hex("0A000001 EF010101") + udp;
 }
+
+std::string ipv4_tcp(const std::string &tcp) {
+    std::string packet = ipv4(tcp);
+    packet[9] = 6;
+    return packet;
+}
+
+std::string ipv6_tcp(const std::string &tcp) { return ipv6_header(tcp.size(), hex("06")) + tcp; }
 
 std::string ipv6(const std::string &udp) { return ipv6_header(udp.size(), hex("11")) + udp; }
 
@@ -57,11 +70,11 @@ std::string ethernet(const std::string &ip, const std::string &tags) {
     return hex("01005E010101 020000000001") + tags + ethertype(ip) + ip;
 }
 
-std::string pcap(unsigned link_type, const std::vector<std::string> &frames) {
+std::string pcap(unsigned link_type, const std::vector<std::string> &frames, bool at_once) {
     std::string file = hex("A1B2C3D4 0002 0004 00000000 00000000 00040000") + be32(link_type);
     for (size_t i = 0; i < frames.size(); ++i)
-        file +=
-            be32(kFirstSecond + i) + be32(kMicroseconds) + be32(frames[i].size()) + be32(frames[i].size()) + frames[i];
+        file += be32(kFirstSecond + (at_once ? 0 : i)) + be32(kMicroseconds) + be32(frames[i].size()) +
+                be32(frames[i].size()) + frames[i];
     return file;
 }
 

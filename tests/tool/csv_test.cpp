@@ -30,6 +30,25 @@ TEST(Csv, ShowsPublishedFieldsAndQuantities) {
                   "\n1,1,2024-05-06T07:08:09.000012Z,48,7400,2.504,119.998,7400,0,16 35008,35008,\n");
 }
 
+TEST(Csv, ShowsQuantitiesAsTheirJsonDoes) {
+    const struct {
+        const char *items, *columns, *cells;
+    } cases[] = {
+        {R"("I130":{"SRL":0.79,"SRR":4,"SAM":-56})", "I130/SRL,I130/SAM,I130/SRR", "0.79,-56,4"},
+        {R"("I090":{"V":0,"G":0,"FL":-0.25},"I200":{"GSP":0.11945,"HDG":128.002})", "I090/FL,I200/GSP,I200/HDG",
+         "-0.25,0.11945,128.002"},
+        {R"("I250":[{"bds":"40","BARO":800},{"bds":"40","BARO":1013.2}])", "I250/BARO", "800 1013.2"},
+        {R"("I042":{"X":-0.0078125,"Y":-256},"I140":86399.992)", "I042/X,I042/Y,I140", "-0.008,-256,86399.992"},
+    };
+    for (const auto &test : cases) {
+        Command command;
+        command.write("a.json", "{\"category\":48," + std::string(test.items) + "}\n");
+        const std::string columns = test.columns;
+        EXPECT_EQ(command.run("--csv " + columns + " a.json").out,
+                  "block,record,time,category," + columns + "\n1,1,,48," + test.cells + "\n");
+    }
+}
+
 TEST(Csv, IsTheSameWithAnyNumberOfJobs) {
     const std::string pcap = std::string(SAMPLES) + "/radar.pcap";
     EXPECT_EQ(Command().run("--csv --jobs 3 " + pcap).out, Command().run("--csv --jobs 1 " + pcap).out);

@@ -1,6 +1,7 @@
 // Input without an end: growing files and sockets.
 
 #include <cstdlib>
+#include <fstream>
 #include <gtest/gtest.h>
 
 #include "background.hpp"
@@ -108,9 +109,11 @@ TEST(Udp, ShowsWhatComesToEveryKindOfAddress) {
 TEST(Udp, JoinsAGroupOfIpv6) {
     if (!has_ipv6()) GTEST_SKIP();
     Command command;
-    Background tool(command, "udp://[ff12::1734]:0 --interface lo --quiet");
-    EXPECT_EQ(tool.wait_for_report("\n").find("astdump: listening on [ff12::1734%lo]:"), 0U);
-    EXPECT_EQ(tool.end().status, 0);
+    for (const std::string arguments : {"udp://[ff12::1734]:0 --interface lo", "udp://[ff12::1734%lo]:0"}) {
+        Background tool(command, arguments + " --quiet");
+        EXPECT_EQ(tool.wait_for_report("\n").find("astdump: listening on [ff12::1734%lo]:"), 0U);
+        EXPECT_EQ(tool.end().status, 0);
+    }
 }
 
 TEST(Udp, TellsDamageAndStopsAfterACount) {
@@ -126,6 +129,21 @@ TEST(Udp, TellsDamageAndStopsAfterACount) {
     EXPECT_NE(result.err.find(": packet 3, octet 0: category 048: damaged in record 1"), std::string::npos);
     EXPECT_NE(result.err.find("\nastdump: lost: 1 block invalid, 10 octets skipped\n"), std::string::npos)
         << result.err;
+}
+
+// Each address on its own port, a name with all of its addresses.
+TEST(Udp, SeveralAddressesAreReadAtOnce) {
+    Command command;
+    Background tool(command, "udp://127.0.0.1:0 udp://localhost:0 udp://239.17.3.4:0 --interface lo");
+    const std::string reports = tool.wait_for_report("239.17.3.4:");
+    std::vector<std::pair<std::string, uint16_t>> addresses;
+    for (const std::string &host : {std::string("127.0.0.1"), std::string("239.17.3.4")})
+        for (size_t at = 0; (at = reports.find(host + ":", at)) != std::string::npos; at += host.size())
+            addresses.emplace_back(host, std::stoi(reports.substr(at + host.size() + 1)));
+    ASSERT_EQ(addresses.size(), 3U) << reports;
+    for (const auto &[host, port] : addresses) Sender(host, port).send(kSector);
+    tool.wait_for_output("#3");
+    EXPECT_NE(tool.end().out.find(counts("3", "12", "33")), std::string::npos);
 }
 
 #ifdef SIMULATE_RADAR
@@ -160,19 +178,94 @@ TEST(Udp, CountsWhatItWasTooSlowFor) {
     EXPECT_NE(result.err.find(" dropped by the system\n"), std::string::npos) << result.err;
 }
 
+TEST(Connection, IsReadAsItComes) {
+    for (const bool ipv6 : {false, true}) {
+        if (ipv6 && !has_ipv6()) continue;
+        Server server(ipv6);
+        const std::string host = ipv6 ? "[::1]:" : "127.0.0.1:";
+        const std::string address = host + std::to_string(server.port());
+        Command command;
+        Background tool(command, "tcp://" + address);
+        server.accept();
+        server.send(kSector + kSector.substr(0, 4));
+        EXPECT_NE(tool.wait_for_output("#1").find("  " + address + " > " + host), std::string::npos);
+        server.send(kSector.substr(4));
+        EXPECT_NE(tool.wait_for_output("#2").find("#2  20"), std::string::npos);
+        server.close();
+        const Result result = tool.wait();
+        EXPECT_EQ(result.status, 0);
+        EXPECT_NE(result.out.find(counts("2", "8", "22")), std::string::npos) << result.out;
+        EXPECT_EQ(result.err, "astdump: connected to " + address + "\nastdump: tcp://" + address +
+                                  ": the other side has closed the connection\n");
+    }
+}
+
+TEST(Connection, EndsInItsOwnWords) {
+    Command command;
+    std::string address;
+    {
+        Server server;
+        address = "tcp://127.0.0.1:" + std::to_string(server.port());
+        Background tool(command, "--quiet " + address);
+        server.accept();
+        server.send(hex("0017 00 01 05 000064") + kSector + hex("A5A5A5A5"));
+        server.reset();
+        const Result result = tool.wait();
+        EXPECT_EQ(result.status, 2);
+        EXPECT_NE(result.err.find(address + ": Connection reset by peer\n"), std::string::npos) << result.err;
+    }
+    const Result result = Background(command, address).wait();
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.err, "astdump: " + address + ": Connection refused\n");
+}
+
+// The framing of a pipe is found out by what has come; what has not is not waited for.
+TEST(Pipe, IsReadWhateverItsFraming) {
+    const struct {
+        const char *framing;
+        std::string octets;
+    } cases[] = {
+        {"raw", kSector},
+        {"final", hex("0017 00 01 05 000064") + kSector + hex("A5A5A5A5")},
+        {"oradis", hex("0011 01020304") + kSector},
+        {"hex", "22 00 0B F0 19 0C 02 54 60 80 40\n"},
+        {"gps", std::string(2200, '\xCD') + kSector + std::string(10, '\x01')},
+        {"hdlc", hex("7E FF03 22000BF0190C02546080 40 A02B 7E")},
+        {"json", R"({"category":34,"I000":2})"
+                 "\n"},
+    };
+    for (const auto &test : cases) {
+        SCOPED_TRACE(test.framing);
+        Command command;
+        ASSERT_EQ(std::system(("mkfifo " + command.directory() + "/pipe").c_str()), 0);
+        Background tool(command, "--list - < pipe");
+        std::ofstream pipe(command.directory() + "/pipe", std::ios::binary);
+        pipe << test.octets.substr(0, 5) << std::flush;
+        pipe << test.octets.substr(5) << std::flush;
+        EXPECT_NE(tool.wait_for_output("034").find("034"), std::string::npos);
+        pipe.close();
+        const Result result = tool.wait();
+        EXPECT_EQ(result.status, 0);
+        EXPECT_EQ(result.err, "");
+    }
+}
+
 TEST(Follow, RefusesWhatCannotBe) {
     const struct {
         const char *arguments;
         const char *complaint;
     } cases[] = {
-        {"--follow a b", "--follow and udp:// take one FILE"},
-        {"udp://127.0.0.1:0 a", "--follow and udp:// take one FILE"},
+        {"--follow a b", "--follow takes one FILE"},
+        {"udp://127.0.0.1:0 a", "udp:// takes no FILE but other udp://"},
+        {"udp://127.0.0.1:0 tcp://127.0.0.1:1", "tcp:// none at all"},
         {"--interface lo a", "--interface is for udp://"},
         {"udp://127.0.0.1", "'udp://127.0.0.1' is neither"},
         {"udp://127.0.0.1:65536", "is neither"},
         {"udp://::1:8600", "is neither"},
         {"udp://[127.0.0.1]:8600", "is neither"},
-        {"udp://radar:8600", "is neither"},
+        {"udp://127.0.0.256:8600", "is neither"},
+        {"'udp://no name:8600'", "is neither"},
+        {"tcp://127.0.0.1", "'tcp://127.0.0.1' is neither"},
         {"udp://127.0.0.1:0 --interface nowhere", "udp://127.0.0.1:0: No such device"},
         {"udp://127.0.0.1:0 --interface 192.0.2.1", "udp://127.0.0.1:0: No such device"},
         {"udp://192.0.2.1:8600", "udp://192.0.2.1:8600: Cannot assign requested address"},

@@ -100,9 +100,23 @@ TEST(Reports, TellOtherTrafficFromDamage) {
               "astdump: damaged: packet 3, octet 0: category 078: LEN is 20308, but only 17 octets are "
               "left\nastdump: lost: 34 octets skipped\n");
 
-    // A block that breaks off is damage wherever it is.
-    command.write("cut", pcap(1, {frame(kSector.substr(0, 9))}));
-    EXPECT_EQ(command.run("--quiet cut").status, 1);
+    // So is a block that breaks off, alone, where most of it is there, and else where there are several.
+    command.write("most", pcap(1, {frame(kSector.substr(0, 9))}));
+    EXPECT_EQ(command.run("--quiet most").status, 1);
+    command.write("one", pcap(1, {frame(kSector.substr(0, 5))}));
+    EXPECT_EQ(command.run("--quiet one").status, 0);
+    command.write("two", pcap(1, {frame(kSector.substr(0, 5)), frame(kSector.substr(0, 5))}));
+    EXPECT_EQ(command.run("--quiet two").status, 1);
+}
+
+// Whether it is other traffic is not known before the end.
+TEST(Reports, AreCompleteWhenTheUserEndsTheInput) {
+    Command command;
+    command.write("growing", pcap(1, {frame("NOTIFY * HTTP/1.1", 1900), frame(kSector)}));
+    Background tool(command, "--follow --list growing");
+    EXPECT_NE(tool.wait_for_output(" 034 ").find(" 034 "), std::string::npos);
+    EXPECT_EQ(tool.end().err, "astdump: growing: packet 1: 10.0.0.1:4000 > 239.1.1.1:1900, 17 octets 4e 4f 54 49 46 59 "
+                              "20 2a ...: not ASTERIX\nastdump: not ASTERIX: 1 datagram\n");
 }
 
 TEST(Reports, SayWhatThereIsNoneOf) {

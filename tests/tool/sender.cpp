@@ -52,3 +52,41 @@ Sender::~Sender() { close(socket_); }
 void Sender::send(const std::string &octets) const {
     sendto(socket_, octets.data(), octets.size(), 0, reinterpret_cast<const sockaddr *>(&destination_), length_);
 }
+
+Server::Server(bool ipv6) : listener_(socket(ipv6 ? AF_INET6 : AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+    sockaddr_storage address{};
+    address.ss_family = ipv6 ? AF_INET6 : AF_INET;
+    if (ipv6)
+        reinterpret_cast<sockaddr_in6 *>(&address)->sin6_addr = in6addr_loopback;
+    else
+        reinterpret_cast<sockaddr_in *>(&address)->sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    if (bind(listener_, reinterpret_cast<const sockaddr *>(&address), sizeof address) != 0 || listen(listener_, 1) != 0)
+        throw std::runtime_error("no port to listen to");
+}
+
+Server::~Server() {
+    close();
+    ::close(listener_);
+}
+
+uint16_t Server::port() const {
+    sockaddr_in6 address{}; // the port is at the same place in either version
+    socklen_t length = sizeof address;
+    getsockname(listener_, reinterpret_cast<sockaddr *>(&address), &length);
+    return ntohs(address.sin6_port);
+}
+
+void Server::accept() { connection_ = ::accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC); }
+
+void Server::send(const std::string &octets) const { ::send(connection_, octets.data(), octets.size(), MSG_NOSIGNAL); }
+
+void Server::close() {
+    if (connection_ >= 0) ::close(connection_);
+    connection_ = -1;
+}
+
+void Server::reset() {
+    const linger at_once{.l_onoff = 1, .l_linger = 0};
+    setsockopt(connection_, SOL_SOCKET, SO_LINGER, &at_once, sizeof at_once);
+    close();
+}

@@ -1,4 +1,4 @@
-// Sends datagrams over loopback.
+// Sends datagrams, and streams, over loopback.
 #pragma once
 
 #include <cstdint>
@@ -22,4 +22,23 @@ private:
     sockaddr_storage destination_{};
     socklen_t length_ = 0;
     int socket_ = -1;
+};
+
+// Waits for one connection to a port of its own.
+class Server {
+public:
+    explicit Server(bool ipv6 = false);
+    ~Server();
+    Server(const Server &) = delete;
+    Server &operator=(const Server &) = delete;
+
+    uint16_t port() const;
+    void accept();
+    void send(const std::string &octets) const;
+    void close();
+    void reset(); // closes without a word
+
+private:
+    int listener_ = -1;
+    int connection_ = -1;
 };

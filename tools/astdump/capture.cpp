@@ -82,14 +82,15 @@ void Capture::open(int link_type) try { dissector_.emplace(link_type); } catch (
 
 void Capture::dissect(const Packet &packet, Chunk &chunk) try {
     ++packet_;
-    const auto udp = dissector_->dissect(packet.frame);
-    if (!udp) return;
+    const auto found = dissector_->dissect(packet.frame, packet.time);
+    if (!found) return;
+    if (found->tcp) return streams_.add(*found, packet_, packet.time, chunk);
     payloads_.add(chunk,
-                  {.octets = udp->rebuilt.empty() ? udp->payload : chunk.keep(udp->rebuilt),
+                  {.octets = found->rebuilt.empty() ? found->payload : chunk.keep(found->rebuilt),
                    .packet = packet_,
                    .time = packet.time,
-                   .endpoints = udp->endpoints},
-                  udp->truncated);
+                   .endpoints = found->endpoints},
+                  found->truncated);
 } catch (const std::runtime_error &error) {
     chunk.damage().packet(packet_, error.what());
 }
@@ -97,6 +98,7 @@ void Capture::dissect(const Packet &packet, Chunk &chunk) try {
 void Capture::end(int result, Chunk &chunk) {
     // A packet that was about to be written when the user had seen enough is no damage.
     if (result == PCAP_ERROR && !stream_.cut_off()) chunk.damage().input(pcap_geterr(capture_.get()));
+    streams_.end(chunk);
     if (const uint64_t count = dissector_->incomplete()) chunk.damage().incomplete(count);
     ended_ = true;
 }

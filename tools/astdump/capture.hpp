@@ -1,4 +1,4 @@
-// pcap and pcapng captures: the UDP datagrams in their packets.
+// pcap and pcapng captures: the UDP datagrams and TCP streams in their packets.
 #pragma once
 
 #include <memory>
@@ -9,6 +9,7 @@
 #include "input.hpp"
 #include "payload.hpp"
 #include "plain_capture.hpp"
+#include "tcp_streams.hpp"
 
 namespace astdump {
 
@@ -34,6 +35,7 @@ private:
     std::unique_ptr<pcap_t, Close> capture_;
     std::optional<Dissector> dissector_;
     Payloads payloads_;
+    TcpStreams streams_;
     uint64_t packet_ = 0;
     bool ended_ = false;
 };

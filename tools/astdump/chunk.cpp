@@ -64,4 +64,11 @@ void Chunk::leave_out() {
     damage_.place = left;
 }
 
+void Chunk::stamp(const Time &time, const Endpoints &endpoints) {
+    for (Datagram &datagram : datagrams_) {
+        datagram.time = time;
+        datagram.endpoints = endpoints;
+    }
+}
+
 } // namespace astdump

@@ -33,6 +33,9 @@ public:
     void add(const Datagram &datagram);
     const std::vector<Datagram> &datagrams() const { return datagrams_; }
 
+    // Gives all datagrams the time and route of what brought them.
+    void stamp(const Time &time, const Endpoints &endpoints);
+
     // What is read from now on passes through a filter, which may be null. A source that asks it saves itself the work
     // on what is left out; whatever else is left out goes when the chunk has been filled.
     void set_filter(DatagramFilter *filter) { filter_ = filter; }

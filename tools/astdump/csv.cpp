@@ -59,10 +59,12 @@ std::vector<CsvColumn> usual_columns() {
 
 // ---- Cells ----
 
+bool wants_quotes(char c) { return c == ',' || c == '"' || c == '\r' || c == '\n'; }
+
 // Puts what stands in quotes where it has to, from `begin` on.
 void quote(TextBuffer &out, size_t begin) {
     const std::string_view cell = out.text().substr(begin);
-    if (cell.find_first_of(",\"\r\n") == std::string_view::npos) return;
+    if (std::ranges::none_of(cell, wants_quotes)) return;
     std::string quoted = "\"";
     for (const char c : cell) quoted.append(c == '"' ? 2 : 1, c);
     quoted += '"';

@@ -22,6 +22,7 @@ std::string category_text(uint32_t category) {
 
 std::string framing_reason(const Frame &frame) {
     if (frame.framing == Framing::short_header) return "too few octets for a block header";
+    if (frame.framing == Framing::block) return "octets that are no blocks";
     return category_text(frame.category) +
            (frame.framing == Framing::short_length ? ": LEN is less than the block header" : ": LEN runs past the end");
 }
@@ -58,6 +59,7 @@ namespace {
 
 std::string framing_detail(const Frame &frame, uint64_t available) {
     if (frame.framing == Framing::short_header) return counted(available, "octet") + ", too few for a block header";
+    if (frame.framing == Framing::block) return counted(available, "octet") + " that are no blocks";
     const std::string length = "LEN is " + std::to_string(frame.length);
     if (frame.framing == Framing::short_length) return length + ", less than the block header";
     return length + ", but only " + counted(available, "octet") + " are left";
@@ -118,6 +120,38 @@ void Damage::packet(uint64_t number, const std::string &what) {
          .losses = {.undissected = 1}});
 }
 
+// Of a TCP stream, in the segment that a packet holds.
+void Damage::stream(uint64_t packet, const Endpoints &endpoints, uint64_t octets, const char *what,
+                    const Losses &losses) {
+    const std::string detail =
+        "packet " + std::to_string(packet) + ": TCP " + route_text(endpoints) + ": " + counted(octets, "octet");
+    add({.kind = Kind::damaged,
+         .text = detail + ' ' + what,
+         .reason = std::string("octets of a TCP stream ") + what,
+         .example = detail,
+         .noun = "octet",
+         .count = octets,
+         .losses = losses});
+}
+
+void Damage::missing(uint64_t packet, const Endpoints &endpoints, uint64_t octets) {
+    stream(packet, endpoints, octets, "missing", {.missing = octets});
+}
+
+void Damage::fragment(uint64_t packet, const Endpoints &endpoints, uint64_t octets) {
+    stream(packet, endpoints, octets, "before the next block; skipped", {.skipped = octets});
+}
+
+void Damage::foreign_stream(const Endpoints &endpoints) {
+    const std::string stream = "TCP " + route_text(endpoints);
+    add({.kind = Kind::foreign,
+         .text = stream + ": not ASTERIX",
+         .reason = "other traffic over TCP",
+         .example = stream,
+         .noun = "stream",
+         .losses = {.foreign_streams = 1}});
+}
+
 void Damage::framing(const Datagram &datagram, uint64_t offset, const Frame &frame) {
     const uint64_t available = datagram.octets.size() - offset;
     const uint64_t skipped = datagram.unread.value_or(available);
@@ -156,11 +190,7 @@ void Damage::line(uint64_t line, uint64_t character, std::string_view path, cons
 
 void Damage::foreign(const Datagram &datagram) {
     std::string example = "packet " + std::to_string(datagram.packet) + ": ";
-    if (datagram.endpoints) {
-        TextBuffer route;
-        put_route(route, *datagram.endpoints);
-        example.append(route.text()).append(", ");
-    }
+    if (datagram.endpoints) example.append(route_text(*datagram.endpoints)).append(", ");
     example += counted(datagram.octets.size(), "octet") + octets_text(datagram.octets);
     add({.kind = Kind::foreign,
          .text = example + ": not ASTERIX",

@@ -61,6 +61,11 @@ public:
 
     void packet(uint64_t number, const std::string &what);
 
+    // Octets of a TCP stream that a capture lacks, noticed at a packet, and those behind them that are the rest of a
+    // block.
+    void missing(uint64_t packet, const Endpoints &endpoints, uint64_t octets);
+    void fragment(uint64_t packet, const Endpoints &endpoints, uint64_t octets);
+
     // Octets of a datagram, from `offset` on, that do not start a whole block.
     void framing(const Datagram &datagram, uint64_t offset, const Frame &frame);
 
@@ -70,13 +75,15 @@ public:
     // A line of an input that is no record; the path is that of what is wrong in it, if that is known.
     void line(uint64_t line, uint64_t character, std::string_view path, const char *what);
 
-    // A datagram of other traffic.
+    // A datagram of other traffic, and a TCP stream.
     void foreign(const Datagram &datagram);
+    void foreign_stream(const Endpoints &endpoints);
 
     void block(const DecodedBlock &decoded);
 
 private:
     void add(Report report);
+    void stream(uint64_t packet, const Endpoints &endpoints, uint64_t octets, const char *what, const Losses &losses);
 
     std::vector<Report> reports_;
 };

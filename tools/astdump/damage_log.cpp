@@ -63,11 +63,17 @@ void DamageLog::line(const std::string &file, const std::string &text) const {
     tell(file + ": " + text, Style(color_));
 }
 
+std::vector<std::string> DamageLog::totals() const {
+    std::vector<std::string> totals;
+    if (any_damage()) totals.push_back("lost: " + losses_.text());
+    if (losses_.unsupported != 0) totals.push_back("not supported: " + counted(losses_.unsupported, "block"));
+    if (const std::string foreign = losses_.foreign_text(); !foreign.empty())
+        totals.push_back("not ASTERIX: " + foreign);
+    return totals;
+}
+
 void DamageLog::summary() const {
-    const Style style(color_);
-    if (any_damage()) tell("lost: " + losses_.text(), style);
-    if (losses_.unsupported != 0) tell("not supported: " + counted(losses_.unsupported, "block"), style);
-    if (losses_.foreign != 0) tell("not ASTERIX: " + counted(losses_.foreign, "datagram"), style);
+    for (const std::string &total : totals()) tell(total, Style(color_));
 }
 
 } // namespace astdump

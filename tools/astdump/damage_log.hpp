@@ -23,8 +23,8 @@ public:
     void end_file();
 
     // A line for each kind on all that was met, if anything was.
+    std::vector<std::string> totals() const;
     void summary() const;
-    const Losses &losses() const { return losses_; }
     bool any_damage() const { return losses_.any_damage(); }
 
 private:

@@ -47,7 +47,7 @@ struct Datagram {
     std::optional<uint64_t> unread; // octets of the file, from the first of these on, when no block can follow them
     std::optional<Time> time;
     std::optional<Endpoints> endpoints;
-    bool is_told = false;              // what is no block in it is reported elsewhere
+    bool is_told = false;              // it holds no blocks, which is reported elsewhere
     const std::string *file = nullptr; // where several are merged, its name
 };
 

@@ -40,7 +40,7 @@ std::optional<Address> read_address(std::string_view text) {
     std::error_code no_address;
     const auto address = asio::ip::make_address(std::string(text), no_address);
     if (no_address) return std::nullopt;
-    return to_endpoint({address, 0}).address;
+    return to_endpoint(address, 0).address;
 }
 
 size_t octets_of(const Address &address) { return address.is_ipv6 ? 16 : 4; }
@@ -119,11 +119,10 @@ void DatagramFilter::set_limits(const Time &first) {
     while (!choice_.to->day && *to_ < begin) to_->seconds += kSecondsPerDay;
 }
 
-// A recorder that gives no date begins at 1970-01-01, and may go on over one midnight.
 bool DatagramFilter::is_in_time(const Datagram &datagram) {
     if (!choice_.from && !choice_.to) return true;
     const bool wants_date = (choice_.from && choice_.from->day) || (choice_.to && choice_.to->day);
-    const bool lacks_date = datagram.time && wants_date && datagram.time->seconds < 2 * kSecondsPerDay;
+    const bool lacks_date = datagram.time && wants_date && !has_date(*datagram.time);
     lacks_times_ = lacks_times_ || !datagram.time;
     lacks_dates_ = lacks_dates_ || lacks_date;
     if (!datagram.time || lacks_date) return false;

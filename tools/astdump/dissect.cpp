@@ -8,7 +8,10 @@
 #include <tins/ip.h>
 #include <tins/ipv6.h>
 #include <tins/rawpdu.h>
+#include <tins/tcp.h>
 #include <tins/udp.h>
+
+#include "framing/framing.hpp"
 
 namespace astdump {
 
@@ -29,6 +32,10 @@ constexpr uint16_t kEthertypeIpv4 = 0x0800;
 constexpr uint16_t kEthertypeIpv6 = 0x86DD;
 constexpr uint16_t kVlanTags[] = {0x8100, 0x88A8, 0x9100};
 constexpr size_t kVlanTagOctets = 4;
+constexpr uint16_t kMaxLlcLength = 1500; // where Ethernet has a type, a number up to this is a length
+constexpr uint16_t kCookedLlc = 4;       // what Linux cooked captures have in its place
+constexpr size_t kLlcHeaderOctets = 3;
+constexpr uint8_t kTcp = 6;
 constexpr uint8_t kUdp = 17;
 constexpr size_t kUdpHeaderOctets = 8;
 constexpr size_t kIpv6HeaderOctets = 40;
@@ -55,28 +62,56 @@ uint16_t read_u16(Octets octets, size_t offset) {
     return static_cast<uint16_t>(octets[offset] << 8 | octets[offset + 1]);
 }
 
-// The IP packet of a frame; empty when it carries something else.
-Octets strip_link_layer(const LinkLayer &link, Octets frame) {
+// What a frame carries behind its link layer.
+struct Content {
+    uint16_t type; // or length, as Ethernet has it
+    Octets octets;
+};
+
+Content strip_link_layer(const LinkLayer &link, Octets frame) {
     Octets rest = behind(frame, link.header_octets);
-    if (!link.ethertype_offset) return rest;
-    uint16_t ethertype = read_u16(frame, *link.ethertype_offset);
-    while (std::ranges::count(kVlanTags, ethertype)) {
+    if (!link.ethertype_offset) return {kEthertypeIpv4, rest};
+    uint16_t type = read_u16(frame, *link.ethertype_offset);
+    while (std::ranges::count(kVlanTags, type)) {
         const Octets tag = rest;
         rest = behind(rest, kVlanTagOctets);
-        ethertype = read_u16(tag, 2);
+        type = read_u16(tag, 2);
     }
-    return ethertype == kEthertypeIpv4 || ethertype == kEthertypeIpv6 ? rest : Octets();
+    return {type, rest};
 }
 
-// Whether a packet may hold UDP, directly or behind IPv6 extension headers. Others are not worth dissecting, nor
+// Blocks in an LLC frame. Most of these frames are talk among bridges, so that only what begins with a block counts.
+std::optional<Transported> open_llc(const LinkLayer &link, const Content &content) {
+    const bool has_length = link.type == DLT_EN10MB && content.type <= kMaxLlcLength;
+    if (!has_length && (link.type == DLT_EN10MB || content.type != kCookedLlc)) return std::nullopt;
+    const size_t length = has_length ? content.type : content.octets.size();
+    const Octets captured = content.octets.first(std::min(length, content.octets.size()));
+    if (captured.size() <= kLlcHeaderOctets) return std::nullopt;
+    const Octets payload = captured.subspan(kLlcHeaderOctets);
+    if (chain_of_blocks(payload) == 0) return std::nullopt;
+    return Transported{.payload = payload,
+                       .truncated = captured.size() < length,
+                       .endpoints = std::nullopt,
+                       .tcp = std::nullopt,
+                       .rebuilt = {}};
+}
+
+bool is_transport(uint8_t protocol) { return protocol == kUdp || protocol == kTcp; }
+
+// What follows the first IP header; nothing when that is cut short.
+std::optional<uint8_t> first_protocol(Octets packet, int version) {
+    const size_t offset = version == 4 ? 9 : 6;
+    if (packet.size() <= offset) return std::nullopt;
+    return packet[offset];
+}
+
+// Whether a packet may hold UDP or TCP, directly or behind IPv6 extension headers. Others are not worth dissecting, nor
 // reporting when that fails.
-bool may_hold_udp(Octets packet, int version) {
+bool is_worth_dissecting(Octets packet, int version) {
     constexpr uint8_t kIpv6Before[] = {Tins::IPv6::HOP_BY_HOP, Tins::IPv6::DESTINATION_ROUTING_OPTIONS,
                                        Tins::IPv6::ROUTING, Tins::IPv6::FRAGMENT};
-    const size_t protocol_offset = version == 4 ? 9 : 6;
-    if (packet.size() <= protocol_offset) return true;
-    const uint8_t protocol = packet[protocol_offset];
-    return protocol == kUdp || (version == 6 && std::ranges::count(kIpv6Before, protocol));
+    const auto protocol = first_protocol(packet, version);
+    return !protocol || is_transport(*protocol) || (version == 6 && std::ranges::count(kIpv6Before, *protocol));
 }
 
 // The octets of a layer that libtins did not parse further.
@@ -89,17 +124,25 @@ std::string fragment_key(const std::string &source, const std::string &destinati
     return source + ' ' + destination + ' ' + std::to_string(protocol) + ' ' + std::to_string(id);
 }
 
-std::optional<Fragment> udp_fragment(const Tins::IP &ip, Octets) {
-    if (!ip.is_fragmented() || ip.protocol() != kUdp) return std::nullopt;
-    return Fragment{.key = fragment_key(ip.src_addr().to_string(), ip.dst_addr().to_string(), kUdp, ip.id()),
-                    .offset = ip.fragment_offset() * kFragmentUnitOctets,
-                    .more = (ip.flags() & Tins::IP::MORE_FRAGMENTS) != 0,
-                    .octets = raw_octets(ip)};
+// A fragment, and the protocol that the whole datagram has.
+struct Piece {
+    Fragment fragment;
+    uint8_t protocol;
+};
+
+std::optional<Piece> find_piece(const Tins::IP &ip, Octets) {
+    if (!ip.is_fragmented() || !is_transport(ip.protocol())) return std::nullopt;
+    const std::string key = fragment_key(ip.src_addr().to_string(), ip.dst_addr().to_string(), ip.protocol(), ip.id());
+    return Piece{{.key = key,
+                  .offset = ip.fragment_offset() * kFragmentUnitOctets,
+                  .more = (ip.flags() & Tins::IP::MORE_FRAGMENTS) != 0,
+                  .octets = raw_octets(ip)},
+                 ip.protocol()};
 }
 
 // The fragment header is an extension header; libtins gives its octets from the third on, so that the protocol, its
 // first octet, is looked up in the packet.
-std::optional<Fragment> udp_fragment(const Tins::IPv6 &ip, Octets packet) {
+std::optional<Piece> find_piece(const Tins::IPv6 &ip, Octets packet) {
     constexpr size_t kOmittedOctets = 2;
     constexpr size_t kFragmentHeaderOctets = 8;
     size_t position = kIpv6HeaderOctets;
@@ -109,20 +152,23 @@ std::optional<Fragment> udp_fragment(const Tins::IPv6 &ip, Octets packet) {
             position += octets.size() + kOmittedOctets;
             continue;
         }
-        if (octets.size() + kOmittedOctets != kFragmentHeaderOctets || packet[position] != kUdp) return std::nullopt;
+        const uint8_t protocol = packet[position];
+        if (octets.size() + kOmittedOctets != kFragmentHeaderOctets || !is_transport(protocol)) return std::nullopt;
         const uint16_t place = read_u16(octets, 0); // offset in bits 16-4, bit 1 for more to follow
         const uint32_t id = static_cast<uint32_t>(read_u16(octets, 2)) << 16 | read_u16(octets, 4);
-        return Fragment{.key = fragment_key(ip.src_addr().to_string(), ip.dst_addr().to_string(), kUdp, id),
-                        .offset = (place >> 3) * kFragmentUnitOctets,
-                        .more = (place & 1) != 0,
-                        .octets = raw_octets(ip)};
+        const std::string key = fragment_key(ip.src_addr().to_string(), ip.dst_addr().to_string(), protocol, id);
+        return Piece{{.key = key,
+                      .offset = (place >> 3) * kFragmentUnitOctets,
+                      .more = (place & 1) != 0,
+                      .octets = raw_octets(ip)},
+                     protocol};
     }
     return std::nullopt;
 }
 
 // A UDP datagram in one piece behind an IPv4 header without options, all of whose lengths agree: nothing for any other,
 // which may be in order, too, but is left to libtins.
-std::optional<UdpDatagram> open_in_place(Octets packet) {
+std::optional<Transported> open_in_place(Octets packet) {
     constexpr size_t kHeaderOctets = 20;
     constexpr uint8_t kVersion4WithoutOptions = 0x45;
     constexpr uint16_t kFragmented = 0x3FFF; // an offset, or more to follow
@@ -134,13 +180,14 @@ std::optional<UdpDatagram> open_in_place(Octets packet) {
     const Octets udp = packet.subspan(kHeaderOctets, length - kHeaderOctets);
     const size_t udp_length = read_u16(udp, 4);
     if (udp_length < kUdpHeaderOctets || udp_length > udp.size()) return std::nullopt;
-    UdpDatagram datagram{.payload = udp.subspan(kUdpHeaderOctets, udp_length - kUdpHeaderOctets),
-                         .truncated = false,
-                         .endpoints = {{{}, read_u16(udp, 0)}, {{}, read_u16(udp, 2)}},
-                         .rebuilt = {}};
-    std::copy_n(&packet[kSource], 4, datagram.endpoints.source.address.octets.begin());
-    std::copy_n(&packet[kDestination], 4, datagram.endpoints.destination.address.octets.begin());
-    return datagram;
+    Endpoints endpoints{{{}, read_u16(udp, 0)}, {{}, read_u16(udp, 2)}};
+    std::copy_n(&packet[kSource], 4, endpoints.source.address.octets.begin());
+    std::copy_n(&packet[kDestination], 4, endpoints.destination.address.octets.begin());
+    return Transported{.payload = udp.subspan(kUdpHeaderOctets, udp_length - kUdpHeaderOctets),
+                       .truncated = false,
+                       .endpoints = endpoints,
+                       .tcp = std::nullopt,
+                       .rebuilt = {}};
 }
 
 Address to_address(const Tins::IPv4Address &from) {
@@ -156,41 +203,79 @@ Address to_address(const Tins::IPv6Address &from) {
     return address;
 }
 
-template <typename Ip>
-UdpDatagram read_udp(const Ip &ip, const Tins::UDP &udp) {
-    const Octets behind_header = raw_octets(udp);
-    const size_t length = std::max<size_t>(udp.length(), kUdpHeaderOctets) - kUdpHeaderOctets;
-    const Octets payload = behind_header.first(std::min(length, behind_header.size()));
-    UdpDatagram datagram{
+// What is captured of a payload, `length` octets of which are said to be there.
+template <typename Ip, typename Layer>
+Transported read_transport(const Ip &ip, const Layer &layer, size_t length) {
+    const Octets captured = raw_octets(layer);
+    const Octets payload = captured.first(std::min(length, captured.size()));
+    Transported transported{
         .payload = {},
         .truncated = payload.size() < length,
-        .endpoints = {{to_address(ip.src_addr()), udp.sport()}, {to_address(ip.dst_addr()), udp.dport()}},
+        .endpoints = Endpoints{{to_address(ip.src_addr()), layer.sport()}, {to_address(ip.dst_addr()), layer.dport()}},
+        .tcp = std::nullopt,
         .rebuilt = {payload.begin(), payload.end()}};
-    datagram.payload = datagram.rebuilt;
-    return datagram;
+    transported.payload = transported.rebuilt;
+    return transported;
 }
 
 template <typename Ip>
-std::optional<UdpDatagram> open_packet(Octets packet, Reassembler &reassembler) {
+Transported read_udp(const Ip &ip, const Tins::UDP &udp) {
+    return read_transport(ip, udp, std::max<size_t>(udp.length(), kUdpHeaderOctets) - kUdpHeaderOctets);
+}
+
+// `octets` are those of the segment with its header, as IP says; 0 where a network card has left that open.
+template <typename Ip>
+Transported read_tcp(const Ip &ip, const Tins::TCP &tcp, size_t octets) {
+    const size_t length = octets == 0 ? raw_octets(tcp).size() : octets - std::min<size_t>(tcp.header_size(), octets);
+    Transported transported = read_transport(ip, tcp, length);
+    transported.tcp = TcpHeader{.sequence = tcp.seq(),
+                                .length = length,
+                                .syn = (tcp.flags() & Tins::TCP::SYN) != 0,
+                                .fin = (tcp.flags() & Tins::TCP::FIN) != 0,
+                                .rst = (tcp.flags() & Tins::TCP::RST) != 0};
+    return transported;
+}
+
+// Octets behind the IP headers, as they say; 0 where they leave it open.
+size_t content_octets(const Tins::IP &ip) { return ip.tot_len() - std::min<size_t>(ip.header_size(), ip.tot_len()); }
+
+size_t content_octets(const Tins::IPv6 &ip) {
+    const size_t extensions = ip.header_size() - kIpv6HeaderOctets;
+    return ip.payload_length() - std::min<size_t>(extensions, ip.payload_length());
+}
+
+template <typename Ip>
+std::optional<Transported> open_packet(Octets packet, const Time &time, Reassembler &reassembler) {
     const Ip ip(packet.data(), static_cast<uint32_t>(packet.size()));
     if (const auto *const udp = ip.template find_pdu<Tins::UDP>()) return read_udp(ip, *udp);
-    const auto fragment = udp_fragment(ip, packet);
-    if (!fragment) return std::nullopt;
-    const auto whole = reassembler.add(*fragment);
+    if (const auto *const tcp = ip.template find_pdu<Tins::TCP>()) return read_tcp(ip, *tcp, content_octets(ip));
+    const auto piece = find_piece(ip, packet);
+    if (!piece) return std::nullopt;
+    const auto whole = reassembler.add(piece->fragment, time);
     if (!whole) return std::nullopt;
-    return read_udp(ip, Tins::UDP(whole->data(), static_cast<uint32_t>(whole->size())));
+    const auto octets = static_cast<uint32_t>(whole->size());
+    if (piece->protocol == kTcp) return read_tcp(ip, Tins::TCP(whole->data(), octets), octets);
+    return read_udp(ip, Tins::UDP(whole->data(), octets));
 }
 
 } // namespace
 
 Dissector::Dissector(int link_type) : link_(find_link_layer(link_type)) {}
 
-std::optional<UdpDatagram> Dissector::dissect(Octets frame) {
-    const Octets packet = strip_link_layer(link_, frame);
+std::optional<Transported> Dissector::dissect(Octets frame, const Time &time) {
+    const Content content = strip_link_layer(link_, frame);
+    if (content.type != kEthertypeIpv4 && content.type != kEthertypeIpv6) return open_llc(link_, content);
+    const Octets packet = content.octets;
     if (auto datagram = open_in_place(packet)) return datagram;
     const int version = packet.empty() ? 0 : packet[0] >> 4;
-    if ((version != 4 && version != 6) || !may_hold_udp(packet, version)) return std::nullopt;
-    return version == 4 ? open_packet<Tins::IP>(packet, reassembler_) : open_packet<Tins::IPv6>(packet, reassembler_);
+    if ((version != 4 && version != 6) || !is_worth_dissecting(packet, version)) return std::nullopt;
+    try {
+        return version == 4 ? open_packet<Tins::IP>(packet, time, reassembler_)
+                            : open_packet<Tins::IPv6>(packet, time, reassembler_);
+    } catch (const std::runtime_error &) {
+        if (first_protocol(packet, version) == kTcp) return std::nullopt;
+        throw;
+    }
 }
 
 } // namespace astdump

@@ -1,4 +1,4 @@
-// From a captured frame to the UDP datagram in it.
+// From a captured frame to what it transports: a UDP datagram, a segment of TCP, or the content of an LLC frame.
 #pragma once
 
 #include <optional>
@@ -9,10 +9,20 @@
 
 namespace astdump {
 
-struct UdpDatagram {
+// Where a segment stands in its stream.
+struct TcpHeader {
+    uint32_t sequence; // of its first octet, or of the SYN before that
+    size_t length;     // of the payload as the packet says, of which less may have been captured
+    bool syn;
+    bool fin;
+    bool rst;
+};
+
+struct Transported {
     Octets payload; // in the frame, or what is rebuilt
     bool truncated; // the payload is shorter than the header says
-    Endpoints endpoints;
+    std::optional<Endpoints> endpoints;
+    std::optional<TcpHeader> tcp;
     std::vector<uint8_t> rebuilt; // from several frames, or by libtins
 };
 
@@ -23,9 +33,10 @@ public:
     // Takes a link type as libpcap numbers them. Throws std::runtime_error for one that cannot be dissected.
     explicit Dissector(int link_type);
 
-    // Nothing for a frame that carries no UDP or a fragment that does not complete its datagram.
-    // Throws std::runtime_error for a frame whose headers are cut short or contradict themselves.
-    std::optional<UdpDatagram> dissect(Octets frame);
+    // Nothing for a frame that carries anything else or a fragment that does not complete its datagram. The time is
+    // that of the frame. Throws std::runtime_error for a frame whose headers are cut short or contradict themselves;
+    // but of TCP, most of which is other traffic, what is lost is missing in its stream.
+    std::optional<Transported> dissect(Octets frame, const Time &time);
 
     uint64_t incomplete() const { return reassembler_.incomplete(); }
 

@@ -19,13 +19,13 @@ std::optional<asio::ip::udp::endpoint> read_endpoint(std::string_view text) {
     return asio::ip::udp::endpoint(address, *port);
 }
 
-Endpoint to_endpoint(const asio::ip::udp::endpoint &endpoint) {
-    Endpoint to{.address = {.is_ipv6 = endpoint.address().is_v6()}, .port = endpoint.port()};
+Endpoint to_endpoint(const asio::ip::address &address, uint16_t port) {
+    Endpoint to{.address = {.is_ipv6 = address.is_v6()}, .port = port};
     if (to.address.is_ipv6) {
-        std::ranges::copy(endpoint.address().to_v6().to_bytes(), to.address.octets.begin());
-        to.address.scope = static_cast<uint32_t>(endpoint.address().to_v6().scope_id());
+        std::ranges::copy(address.to_v6().to_bytes(), to.address.octets.begin());
+        to.address.scope = static_cast<uint32_t>(address.to_v6().scope_id());
     } else {
-        std::ranges::copy(endpoint.address().to_v4().to_bytes(), to.address.octets.begin());
+        std::ranges::copy(address.to_v4().to_bytes(), to.address.octets.begin());
     }
     return to;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <numeric>
 #include <stdexcept>
 
 #include "numbers.hpp"
@@ -70,6 +71,7 @@ std::optional<FieldPath> FieldPath::read(std::string_view text) {
     result.path_ = parts->path;
     result.category_ = category;
     result.names_item_ = parts->path == parts->item;
+    result.chooses_ = parts->path.find('[') != std::string::npos;
     for (uint32_t each = 0; each < kCategories; ++each) {
         if (category && each != *category) continue;
         result.resolve(each, AST_UAP_PUBLISHED);
@@ -79,6 +81,8 @@ std::optional<FieldPath> FieldPath::read(std::string_view text) {
     std::ranges::sort(result.types_);
     const auto repeated = std::unique(result.types_.begin(), result.types_.end());
     result.types_.erase(repeated, result.types_.end());
+    for (const ast_dataitem_type_t type : result.types_) ++result.ends_[type / kItems % kCategories];
+    std::partial_sum(result.ends_.begin(), result.ends_.end(), result.ends_.begin());
     if (!result.types_.empty()) return result;
     throw std::invalid_argument("'" + std::string(text) + "' is a field of no " +
                                 (category ? "edition of that category" : "category"));
@@ -127,6 +131,14 @@ void FieldPath::resolve(uint32_t category, const ast_uap_t &uap) {
     }
 }
 
+// Most are found to be another one by their first characters.
+bool FieldPath::is_exactly(const char *path) const {
+    const char *at = path + kCategoryDigits;
+    for (const char wanted : path_)
+        if (upper(*at++) != wanted) return (at[-1] == '[' || chooses_) && match(path) == Match::exact;
+    return *at == '\0' || (*at == '[' && match(path) == Match::exact);
+}
+
 // An element of a list that the path does not choose is any of them, "[]" stands for all.
 FieldPath::Match FieldPath::match(std::string_view path) const {
     path.remove_prefix(std::min(kCategoryDigits, path.size()));
@@ -152,8 +164,9 @@ FieldPath::Match FieldPath::match(std::string_view path) const {
 
 void FieldPath::walk(const ast_datarecord_t &record, ast_field_value_visitor_t visit, void *context) const {
     if (!categories_.test(record.category % kCategories)) return;
+    const auto [first, last] = types_of(record.category);
     for (uint64_t i = 0; i < record.item_count; ++i)
-        if (std::ranges::binary_search(types_, record.items[i].type))
+        if (std::find(first, last, record.items[i].type) != last)
             ast_dataitem_walk(&record.items[i], record.uap, message_type_of(record), visit, context);
 }
 

@@ -1,10 +1,12 @@
 // Published fields by their paths, "I070/MODE3A".
 #pragma once
 
+#include <array>
 #include <bitset>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "ast.h"
@@ -52,19 +54,29 @@ private:
     template <typename Take>
     static void visit_value(void *context, const ast_field_value_t *value) {
         const auto &visit = *static_cast<Visit<Take> *>(context);
-        if (visit.path.match(value->field->path) == Match::exact) visit.take(*value);
+        if (visit.path.is_exactly(value->field->path)) visit.take(*value);
     }
 
     struct Resolver;
     void resolve(uint32_t category, const ast_uap_t &uap);
     Match match(std::string_view path) const;
+    bool is_exactly(const char *path) const;
+
+    // Of one category.
+    auto types_of(uint32_t category) const {
+        const size_t first = category % ends_.size() == 0 ? 0 : ends_[category % ends_.size() - 1];
+        const ast_dataitem_type_t *const types = types_.data();
+        return std::pair(types + first, types + ends_[category % ends_.size()]);
+    }
     void walk(const ast_datarecord_t &record, ast_field_value_visitor_t visit, void *context) const;
 
     std::string path_; // as the library writes it, without the category: "070/MODE3A"
     bool names_item_ = false;
+    bool chooses_ = false; // an element of a list, or all
     std::optional<uint8_t> category_;
     std::vector<ast_dataitem_type_t> types_; // items that have the field, sorted
     std::bitset<256> categories_;            // of these
+    std::array<uint16_t, 256> ends_{};       // of those of a category, and of all before it
     std::vector<ast_field_t> fields_;
 };
 

@@ -3,36 +3,31 @@
 #include <algorithm>
 
 #include "moment.hpp"
+#include "split.hpp"
 
 namespace astdump {
 
 namespace {
 
+constexpr size_t kMostFrameOctets = 2 * (kMaxBlockOctets + 1);
 constexpr uint32_t kCentisecondsPerSecond = 100;
 constexpr uint32_t kNanosecondsPerCentisecond = 10'000'000;
 
 } // namespace
 
-// A line of text may go on behind the octets at hand, a frame of octets may not.
-Framed FramedFile::frame_at(Octets octets, uint64_t place) {
-    const Octets rest = octets.subspan(place);
-    const bool may_go_on = kind_.is_text && !is_read_;
-    if (may_go_on && std::ranges::find(rest, uint8_t{'\n'}) == rest.end()) return incomplete_frame();
+// What follows may still have a say in it only as long as that is not too much to wait for.
+Framed FramedFile::frame_at(Octets rest) {
     const Framed framed = kind_.find(rest, storage_);
-    return may_go_on && framed.octets == rest.size() ? incomplete_frame() : framed;
+    if (framed.octets > kMostFrameOctets) return {};
+    const bool is_open = framed.state == Framed::State::incomplete || framed.may_go_on;
+    if (!is_open || is_read_) return framed;
+    return rest.size() < kMostFrameOctets ? incomplete_frame() : Framed{};
 }
 
 bool FramedFile::read(Chunk &chunk) {
     if (!is_read_ && window_.read(chunk)) return true;
     is_read_ = true;
     return false;
-}
-
-// The next place at which there is a frame; the end where there is none.
-uint64_t FramedFile::next_frame(Octets octets, uint64_t from) {
-    for (uint64_t place = from + 1; place < octets.size(); ++place)
-        if (frame_at(octets, place).state == Framed::State::frame) return place;
-    return octets.size();
 }
 
 // A time that falls back by more than half a day is one of the next day.
@@ -44,44 +39,60 @@ Time FramedFile::time_of(uint32_t centiseconds) {
             centiseconds % kCentisecondsPerSecond * kNanosecondsPerCentisecond};
 }
 
-void FramedFile::add(Chunk &chunk, uint64_t place, const Framed &framed) {
+void FramedFile::add(Chunk &chunk, const Framed &framed) {
+    if (framed.blocks.empty()) return;
     const bool is_unpacked =
         framed.blocks.data() >= storage_.data() && framed.blocks.data() < storage_.data() + storage_.size();
     Datagram datagram{.octets = is_unpacked ? chunk.keep_apart(framed.blocks) : framed.blocks,
-                      .offset = offset_ + place};
+                      .offset = offset_ + place_};
     if (!is_unpacked) datagram.offset = offset_ + static_cast<uint64_t>(framed.blocks.data() - chunk.octets().data());
     if (const auto time = framed.centiseconds) datagram.time = time_of(*time);
     chunk.add(datagram);
 }
 
+void FramedFile::end_gap(Chunk &chunk) {
+    if (gap_) chunk.damage().skipped(*gap_, offset_ + place_ - *gap_, kind_.name);
+    gap_.reset();
+}
+
+// False when the octets at hand do not tell what stands at the place.
+bool FramedFile::step(Chunk &chunk) {
+    const Octets rest = chunk.octets().subspan(place_);
+    if (rest.empty()) return false;
+    const Framed framed = frame_at(rest);
+    if (framed.state == Framed::State::incomplete && !is_read_) return false;
+    if (framed.state == Framed::State::frame) {
+        if (!framed.blocks.empty()) end_gap(chunk);
+        add(chunk, framed);
+        place_ += framed.octets;
+    } else if (is_read_ && is_idle(kind_, rest)) {
+        end_gap(chunk);
+        place_ = chunk.octets().size();
+    } else {
+        if (!gap_) gap_ = offset_ + place_;
+        place_ += std::clamp<size_t>(framed.octets, 1, rest.size());
+    }
+    return true;
+}
+
 bool FramedFile::fill(Chunk &chunk) {
     window_.open(chunk);
-    uint64_t place = 0;
+    place_ = 0;
     if (offset_ == 0) {
-        while (chunk.octets().size() <= kind_.lead_octets && read(chunk)) {
-        }
-        place = std::min<uint64_t>(kind_.lead_octets, chunk.octets().size());
+        while (chunk.octets().size() <= kind_.lead_octets && read(chunk)) continue;
+        place_ = std::min<size_t>(kind_.lead_octets, chunk.octets().size());
     }
-    while (place < chunk.octets().size() || (chunk.datagrams().empty() && read(chunk))) {
-        const Framed framed = frame_at(chunk.octets(), place);
-        if (framed.state == Framed::State::frame) {
-            add(chunk, place, framed);
-            place += framed.octets;
-            continue;
-        }
-        if (framed.state == Framed::State::incomplete && !is_read_) {
-            if (!chunk.datagrams().empty()) break;
-            read(chunk);
-            continue;
-        }
-        const uint64_t next = next_frame(chunk.octets(), place);
-        // What was about to be written when the user had seen enough is no damage.
-        if (!stream_.cut_off()) chunk.damage().skipped(offset_ + place, next - place, kind_.name);
-        place = next;
+    while (step(chunk)) continue;
+    // What is left over goes to the next chunk, where it has more room.
+    while (place_ == 0 && !is_read_) {
+        read(chunk);
+        while (step(chunk)) continue;
     }
-    window_.leave(chunk, place);
-    offset_ += place;
-    return !chunk.datagrams().empty() || !chunk.damage().reports().empty();
+    // What was about to be written when the user had seen enough is no damage.
+    if (is_read_ && !stream_.cut_off()) end_gap(chunk);
+    window_.leave(chunk, place_);
+    offset_ += place_;
+    return !is_read_ || !chunk.datagrams().empty() || !chunk.damage().reports().empty();
 }
 
 } // namespace astdump

@@ -15,18 +15,21 @@ public:
     bool fill(Chunk &chunk) override;
 
 private:
-    Framed frame_at(Octets octets, uint64_t place);
+    Framed frame_at(Octets rest);
     bool read(Chunk &chunk);
-    uint64_t next_frame(Octets octets, uint64_t from);
+    bool step(Chunk &chunk);
     Time time_of(uint32_t centiseconds);
-    void add(Chunk &chunk, uint64_t place, const Framed &framed);
+    void add(Chunk &chunk, const Framed &framed);
+    void end_gap(Chunk &chunk);
 
     OctetStream &stream_;
     const FramingKind &kind_;
     Window window_;
     std::vector<uint8_t> storage_;
     uint64_t offset_ = 0; // of the next chunk in the file
+    size_t place_ = 0;    // in the chunk
     bool is_read_ = false;
+    std::optional<uint64_t> gap_; // where octets began that are no frame
     uint32_t last_centiseconds_ = 0;
     int64_t days_ = 0; // since the first frame
 };

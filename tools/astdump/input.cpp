@@ -9,6 +9,7 @@
 #include "json_file.hpp"
 #include "raw_file.hpp"
 #include "split.hpp"
+#include "tcp_source.hpp"
 #include "udp_source.hpp"
 
 namespace astdump {
@@ -43,11 +44,27 @@ bool is_capture(Octets head) {
 // How much of a file is looked at to tell its framing.
 constexpr size_t kHeadOctets = size_t{64} * 1024;
 
-// Of a pipe or a file that grows, one block may be all that there is as yet; those are raw blocks unless it is said.
-const FramingKind *framing_of(OctetStream &stream) {
-    if (!stream.is_at_rest()) return nullptr;
+const FramingKind *framing_of_recording(OctetStream &stream) {
     const Octets head = stream.peek(kHeadOctets + 1);
     return recognise_framing(head.first(std::min(head.size(), kHeadOctets)), head.size() <= kHeadOctets);
+}
+
+// Of a pipe or a file that grows, so much is looked at as it takes to find a frame; what stands there after a moment of
+// silence, and may not be the beginning of one, is left to the reader of raw blocks.
+const FramingKind *framing_of_live(OctetStream &stream) {
+    constexpr int kMoment_ms = 300;
+    for (bool is_end = false;;) {
+        while (stream.peeked().size() < kHeadOctets && stream.peek_on(kHeadOctets, 0) == OctetStream::Peek::more)
+            continue;
+        const Octets head = stream.peeked();
+        const FramingKind *const framing = recognise_framing(head.first(std::min(head.size(), kHeadOctets)), is_end);
+        if (framing || is_end || head.size() >= kHeadOctets || stream.cut_off()) return framing;
+        const OctetStream::Peek came = stream.peek_on(kHeadOctets, kMoment_ms);
+        const Framing first = frame_block(head).framing;
+        const bool is_block = first == Framing::block || first == Framing::short_length;
+        if (came == OctetStream::Peek::quiet && is_block) return nullptr;
+        is_end = came == OctetStream::Peek::end;
+    }
 }
 
 // Tells captures by their magic numbers, and looks no further than these need. Sets the name of what it has found.
@@ -59,7 +76,9 @@ std::unique_ptr<Source> open_source(OctetStream &stream, const FramingKind *fram
             name = has_magic(head, 0, kSectionHeader) ? "pcapng" : "pcap";
             return std::make_unique<Capture>(stream);
         }
-        framing = begins_json(stream) ? find_framing("json") : framing_of(stream);
+        framing = begins_json(stream)   ? find_framing("json")
+                  : stream.is_at_rest() ? framing_of_recording(stream)
+                                        : framing_of_live(stream);
     }
     if (!framing) framing = find_framing("raw");
     name = framing->name;
@@ -73,12 +92,19 @@ std::unique_ptr<Source> open_source(OctetStream &stream, const FramingKind *fram
 Input::Input(const std::string &path, const std::string &interface, Waiting *waiting, bool follow,
              const FramingKind *framing, const DatagramChoice &choice)
     : filter_(choice) {
-    if (const auto endpoint = read_udp_url(path)) {
+    const std::vector<LiveUrl> urls = read_live_urls(path);
+    if (urls.empty()) {
+        stream_ = std::make_unique<OctetStream>(path, waiting, follow);
+        open(framing);
+    } else if (urls.front().is_tcp) {
+        connect(urls.front(), *waiting, framing);
+    } else {
         framing_ = "udp";
-        source_ = std::make_unique<UdpSource>(*endpoint, interface, *waiting);
-        return;
+        source_ = std::make_unique<UdpSource>(urls, interface, *waiting);
     }
-    stream_ = std::make_unique<OctetStream>(path, waiting, follow);
+}
+
+void Input::open(const FramingKind *framing) {
     stream_->take_off_compression();
     source_ = open_source(*stream_, framing, framing_);
     if (!stream_->compression().empty()) framing_.append(", ").append(stream_->compression());
@@ -86,6 +112,16 @@ Input::Input(const std::string &path, const std::string &interface, Waiting *wai
 
 Input::Input(std::unique_ptr<Source> source, const DatagramChoice &choice)
     : source_(std::move(source)), filter_(choice) {}
+
+void Input::connect(const LiveUrl &url, Waiting &waiting, const FramingKind *framing) {
+    const auto connection = connect_tcp(url, waiting);
+    is_read_ = !connection;
+    if (!connection) return;
+    stream_ = std::make_unique<OctetStream>(connection->descriptor, &waiting);
+    open(framing);
+    framing_.append(", tcp");
+    source_ = std::make_unique<TcpSource>(std::move(source_), *stream_, connection->endpoints);
+}
 
 // What is to be said behind the last datagram; false when that is nothing.
 bool Input::tell_end(Chunk &chunk) {
@@ -107,7 +143,8 @@ bool Input::fill(Chunk &chunk) {
     chunk.leave_out();
     if (!filled) filled = !std::exchange(is_read_, true) && tell_end(chunk);
     chunk.first_number = next_number_;
-    for (const Datagram &datagram : chunk.datagrams()) next_number_ += count_blocks(datagram.octets).count;
+    for (const Datagram &datagram : chunk.datagrams())
+        if (!datagram.is_told) next_number_ += count_blocks(datagram.octets).count;
     chunk.end_number = next_number_;
     if (stream_) chunk.consumed = stream_->consumed();
     return filled;

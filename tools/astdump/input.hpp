@@ -30,7 +30,9 @@ public:
     virtual std::string nothing() const { return "blocks"; }
 };
 
-// A FILE of the command line: a file, standard input or a socket.
+struct LiveUrl;
+
+// A FILE of the command line: a file, standard input or a connection, or several addresses to listen to.
 class Input {
 public:
     // With `waiting`, which a socket needs, the user can end the input; with `follow`, new octets are waited for at the
@@ -57,7 +59,10 @@ public:
     std::optional<uint64_t> size() const { return stream_ ? stream_->size() : std::nullopt; }
 
 private:
-    std::unique_ptr<OctetStream> stream_; // null for a socket
+    void open(const FramingKind *framing);
+    void connect(const LiveUrl &url, Waiting &waiting, const FramingKind *framing);
+
+    std::unique_ptr<OctetStream> stream_; // null for datagrams
     std::unique_ptr<Source> source_;
     bool tell_end(Chunk &chunk);
 

@@ -136,6 +136,7 @@ void JsonFile::take(std::string_view object, Chunk &chunk) {
                              .datagram = datagram_of(members, {})});
     }
     block_->octets.insert(block_->octets.end(), octets.begin(), octets.end());
+    if (result.block == 0) close_block(chunk); // nothing that follows belongs to it
 }
 
 Datagram JsonFile::datagram_of(const JsonMembers &members, Octets octets) const {

@@ -1,7 +1,5 @@
 #include "json_lines.hpp"
 
-#include <vector>
-
 #include "split.hpp"
 #include "text.hpp"
 
@@ -32,7 +30,6 @@ private:
     TextBuffer time_;
     TextBuffer source_;
     TextBuffer destination_;
-    std::vector<char> characters_;
 };
 
 const char *terminated(TextBuffer &text) {
@@ -109,19 +106,12 @@ void JsonRenderer::data(uint32_t category, Octets octets, const std::string &err
     });
 }
 
-// The first attempt has room for nearly everything.
+// With as much room as the library is fast with.
 template <typename Write>
 void JsonRenderer::put(size_t octets, TextBuffer &out, Write write) {
     constexpr size_t kOfLine = 4096;
     constexpr size_t kOfOctet = 256;
-    const size_t ample = kOfLine + octets * kOfOctet;
-    if (characters_.size() < ample) characters_.resize(ample);
-    size_t count = write(characters_.data(), characters_.size());
-    if (count >= characters_.size()) {
-        characters_.resize(count + 1);
-        count = write(characters_.data(), characters_.size());
-    }
-    out.put({characters_.data(), count});
+    out.put_by(kOfLine + octets * kOfOctet, write);
     out.put('\n');
 }
 

@@ -51,7 +51,7 @@ void ListingRenderer::block_line(const DecodedBlock &decoded, TextBuffer &out) {
     out.number(decoded.number);
     if (datagram.file) {
         out.put("  ");
-        put_printable(out, *datagram.file);
+        out.put(*datagram.file);
     }
     if (datagram.time) {
         out.put("  ");

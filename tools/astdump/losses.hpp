@@ -11,6 +11,7 @@ struct Losses {
     uint64_t dropped = 0;     // datagrams
     uint64_t undissected = 0; // packets
     uint64_t incomplete = 0;  // datagrams with fragments missing
+    uint64_t missing = 0;     // octets of TCP streams
     uint64_t invalid = 0;     // blocks
     uint64_t skipped = 0;     // octets
     uint64_t unread_lines = 0;
@@ -19,6 +20,7 @@ struct Losses {
     // What is no damage.
     uint64_t unsupported = 0; // blocks of a category, edition or item that is not known
     uint64_t foreign = 0;     // datagrams of other traffic
+    uint64_t foreign_streams = 0;
 
     Losses &operator+=(const Losses &other);
     bool operator==(const Losses &other) const = default;
@@ -27,6 +29,9 @@ struct Losses {
 
     // "1 datagram truncated, 16 octets skipped"; empty when nothing is damaged.
     std::string text() const;
+
+    // "3 datagrams, 2 TCP streams" of other traffic; empty when there is none.
+    std::string foreign_text() const;
 };
 
 } // namespace astdump

@@ -32,7 +32,7 @@ JsonForm json_form(const Options &options) {
 std::unique_ptr<Top> make_top(const Options &options, Output &out, const DamageLog &damage, Waiting &waiting) {
     const Top::Form form{
         .color = use_color(options, stdout), .is_drawn = has_cursor(stdout), .is_live = options.follow};
-    auto top = std::make_unique<Top>(out, form, damage.losses());
+    auto top = std::make_unique<Top>(out, form, damage);
     waiting.meanwhile([&top = *top] { top.refresh(); });
     return top;
 }

@@ -10,9 +10,6 @@ namespace {
 
 constexpr size_t kChunkOctets = size_t{32} * 1024; // of each input
 
-// What a recorder that gives no date calls its days.
-constexpr int64_t kDated = 365 * kSecondsPerDay;
-
 } // namespace
 
 void MergedSource::add(const std::string &name, std::unique_ptr<Input> input) {
@@ -40,7 +37,7 @@ void MergedSource::read_time(Part &part) {
 // What has no date is taken to begin within half a day of what has one.
 void MergedSource::start() {
     for (const auto &part : parts_) advance(*part);
-    const auto is_dated = [](const auto &part) { return part->time.seconds >= kDated; };
+    const auto is_dated = [](const auto &part) { return has_date(part->time); };
     const auto dated = std::ranges::find_if(parts_, is_dated);
     if (dated == parts_.end()) return;
     for (const auto &part : parts_) {

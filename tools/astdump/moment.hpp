@@ -10,6 +10,9 @@ namespace astdump {
 
 constexpr int64_t kSecondsPerDay = 86400;
 
+// Recorders that give times of day but no date begin at 1970-01-01 here, and go on from there.
+constexpr bool has_date(const Time &time) { return time.seconds >= 365 * kSecondsPerDay; }
+
 struct Moment {
     std::optional<int64_t> day; // since 1970-01-01; nothing for a time of any day
     Time time;                  // since midnight

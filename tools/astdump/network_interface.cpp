@@ -53,4 +53,14 @@ unsigned interface_index(const std::string &name_or_address) {
     throw std::system_error(ENODEV, std::generic_category());
 }
 
+unsigned link_local_interface() {
+    const auto list = list_interfaces();
+    for (const ifaddrs *entry = list.get(); entry; entry = entry->ifa_next) {
+        const auto own = read_address(entry->ifa_addr);
+        if (own && own->is_v6() && own->to_v6().is_link_local() && (entry->ifa_flags & IFF_UP) != 0)
+            return if_nametoindex(entry->ifa_name);
+    }
+    return interface_index("127.0.0.1");
+}
+
 } // namespace astdump

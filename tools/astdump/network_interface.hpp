@@ -9,4 +9,8 @@ namespace astdump {
 // is none.
 unsigned interface_index(const std::string &name_or_address);
 
+// The index of an interface for link-local addresses of IPv6 where none is given: the first that is up and has one, or
+// else the loopback interface.
+unsigned link_local_interface();
+
 } // namespace astdump

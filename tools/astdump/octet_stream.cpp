@@ -92,6 +92,28 @@ Octets OctetStream::peek(size_t count) {
     return Octets(peeked_).first(std::min(count, peeked_.size()));
 }
 
+// Octets, or the end.
+bool OctetStream::comes_within(int limit_ms) const {
+    if (waiting_) return waiting_->has_input(descriptor_, limit_ms);
+    pollfd file{.fd = descriptor_, .events = POLLIN, .revents = 0};
+    return ::poll(&file, 1, limit_ms) == 1;
+}
+
+// A file that grows can always be read, and gives nothing at its end.
+OctetStream::Peek OctetStream::peek_on(size_t count, int limit_ms) {
+    if (!comes_within(limit_ms)) return Peek::quiet;
+    const size_t had = peeked_.size();
+    peeked_.resize(std::max(count, had));
+    const ssize_t got = ::read(descriptor_, peeked_.data() + had, peeked_.size() - had);
+    const int error = errno;
+    peeked_.resize(had + static_cast<size_t>(std::max<ssize_t>(got, 0)));
+    errno = error;
+    if (got < 0 && error != EINTR) fail();
+    if (got > 0) return Peek::more;
+    if (got == 0 && grows_ && limit_ms != 0) waiting_->for_growth();
+    return got < 0 || grows_ ? Peek::quiet : Peek::end;
+}
+
 void OctetStream::put_back(Octets octets) {
     peeked_.insert(peeked_.begin(), octets.begin(), octets.end());
     consumed_ -= octets.size();

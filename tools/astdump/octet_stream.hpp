@@ -17,6 +17,9 @@ public:
     // "-" is standard input. With `waiting`, the user can end it; with `follow`, a file has no end before that: it may
     // grow. Throws std::system_error when the file cannot be opened.
     OctetStream(const std::string &path, Waiting *waiting, bool follow);
+
+    // What comes through a descriptor that is open already, which it closes in the end.
+    OctetStream(int descriptor, Waiting *waiting) : descriptor_(descriptor), waiting_(waiting) {}
     ~OctetStream();
     OctetStream(const OctetStream &) = delete;
     OctetStream &operator=(const OctetStream &) = delete;
@@ -31,6 +34,12 @@ public:
 
     // The next octets, at most `count`, fewer only at the end. Throws std::system_error.
     Octets peek(size_t count);
+
+    // Looks on behind what has been looked at, which is peeked(), up to `count` octets in all, without waiting for them
+    // longer than a time.
+    enum class Peek { more, quiet, end };
+    Peek peek_on(size_t count, int limit_ms);
+    Octets peeked() const { return peeked_; }
 
     // Takes up to `count` octets; 0 is the end. Throws std::system_error.
     size_t read(uint8_t *buffer, size_t count);
@@ -55,6 +64,7 @@ public:
 private:
     size_t read_file(uint8_t *buffer, size_t count);
     size_t read_plain(uint8_t *buffer, size_t count);
+    bool comes_within(int limit_ms) const;
     bool read_packed();
 
     int descriptor_;

@@ -10,9 +10,9 @@
 #include <thread>
 
 #include "convert.hpp"
+#include "live_url.hpp"
 #include "numbers.hpp"
 #include "text.hpp"
-#include "udp_source.hpp"
 #include "write_file.hpp"
 
 namespace astdump {
@@ -21,7 +21,7 @@ namespace {
 
 constexpr const char *kExamples =
     R"(Captures may be pcap or pcapng, of Ethernet with or without VLAN tags, Linux cooked, loopback or raw IP, with UDP
-over IPv4 or IPv6; any other file holds blocks, one after the other or as a recorder has wrapped them, or records as
+or TCP over IPv4 or IPv6, or LLC frames; any other file holds blocks, one after the other or as a recorder has wrapped them, or records as
 JSON, an object a line. All of them may be compressed by gzip or zstd. The kind is told by content.
 
 Each item is listed with its type, name, size in octets, summary where there is one, and octets in hexadecimal. Lines
@@ -60,10 +60,11 @@ Examples:
   astdump --list --where squawk=7700 a.pcap  who is in distress
   astdump --where track --where fl=350 a.pcap tracks at flight level 350
   astdump --where 'I070/MODE3A>=7500' a.pcap  by a published field
-  astdump --list udp://239.1.1.1:8600        join a multicast group and list what comes
+  astdump --list udp://239.1.1.1:8600        join a multicast group and list what comes; several at once
+  astdump --list tcp://radar.example:8600    connect to a server and list what it sends
   astdump --top udp://239.1.1.1:8600         watch who sends how much
   astdump --follow --quiet growing.pcap      watch a recording for damage while it is made
-  tcpdump -i eth0 -w - udp | astdump -       look at live traffic of any kind)";
+  tcpdump -i eth0 -w - | astdump -           look at live traffic of any kind)";
 
 // One entry of a list, "48" or "1-21".
 bool add_range(CategorySet &categories, std::string_view entry) {
@@ -137,7 +138,7 @@ void describe_datagrams(CLI::App &app, Options &options, Texts &texts) {
 
 void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_option("FILE", options.files,
-                   "Captures and files of raw blocks, - for standard input, or udp://ADDRESS:PORT")
+                   "Captures and files of blocks, - for standard input, udp://HOST:PORT or tcp://HOST:PORT")
         ->required()
         ->type_name("");
     describe_live(app, options);
@@ -192,6 +193,20 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.footer(kExamples);
 }
 
+// Addresses to listen to are read at once, as if they were one file. Whether there are any.
+bool join_live(std::vector<std::string> &files) {
+    const auto live = std::ranges::count_if(files, is_live);
+    if (live == 0) return false;
+    std::string all;
+    for (const std::string &file : files) all.append(all.empty() ? "" : " ").append(file);
+    const bool is_tcp = std::ranges::any_of(files, [](const auto &file) { return file.starts_with("tcp://"); });
+    if (static_cast<size_t>(live) != files.size() || (is_tcp && files.size() > 1))
+        throw std::invalid_argument("udp:// takes no FILE but other udp:// beside it, and tcp:// none at all");
+    read_live_urls(all);
+    files = {all};
+    return true;
+}
+
 // Shows the help that was asked for, or what is wrong, which may quote names of files that a pattern of the shell
 // found.
 int exit_for(const CLI::App &app, const CLI::ParseError &error) {
@@ -236,14 +251,13 @@ void complete(Options &options, const Texts &texts) {
     if (!texts.convert.empty()) options.convert = read_convert_targets(texts.convert);
     if (!options.write.empty()) file_kind(options.write);
     if (texts.csv) options.csv = read_csv_columns(*texts.csv == kUsualColumns ? "" : *texts.csv);
-    const bool live =
-        std::ranges::any_of(options.files, [](const auto &file) { return read_udp_url(file).has_value(); });
+    const bool live = join_live(options.files);
     options.follow = options.follow || live;
     if (options.follow && options.files.size() > 1)
-        throw std::invalid_argument("--follow and udp:// take one FILE, since it has no end");
+        throw std::invalid_argument("--follow takes one FILE, since it has no end");
     options.merge = options.merge && options.files.size() > 1;
     if (options.merge && options.follow) throw std::invalid_argument("--merge is for files that have an end");
-    if (!options.interface.empty() && !live) throw std::invalid_argument("--interface is for udp://ADDRESS:PORT");
+    if (!options.interface.empty() && !live) throw std::invalid_argument("--interface is for udp://HOST:PORT");
 }
 
 } // namespace

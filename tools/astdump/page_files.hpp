@@ -1,16 +1,18 @@
 // The style and the scripts of the HTML page, from the folder page/, as they are built in.
 #pragma once
 
+#include <string>
 #include <string_view>
-#include <vector>
 
 namespace astdump {
 
-// One file each, to be put one behind the other.
-const std::vector<std::string_view> &page_style();
-const std::vector<std::string_view> &page_script();
+std::string page_style();
 
-// By which a policy names the scripts, all in one.
-std::string_view page_script_hash();
+// What unpacks the scripts, and these, all in one.
+std::string page_boot();
+std::string page_script();
+
+// By which a policy names both.
+std::string_view page_script_hashes();
 
 } // namespace astdump

@@ -1,21 +1,22 @@
 #include "page_parts.hpp"
 
+#include "pack.hpp"
 #include "page_files.hpp"
 
 namespace astdump {
 
 namespace {
 
-// The policy lets nothing be loaded and no script run but the one below, which it knows by its SHA-256.
+// The policy lets nothing be loaded and no script run but those below, which it knows by their SHA-256.
 constexpr char kStart[] = R"html(<!DOCTYPE html>
 <html lang="en">
 <head>
 <meta charset="utf-8">
 <meta name="viewport" content="width=device-width, initial-scale=1">
 <meta name="referrer" content="no-referrer">
-<meta http-equiv="Content-Security-Policy" content="default-src 'none'; style-src 'unsafe-inline'; script-src ')html";
+<meta http-equiv="Content-Security-Policy" content="default-src 'none'; style-src 'unsafe-inline'; script-src )html";
 
-constexpr char kPolicyEnd[] = R"html('">
+constexpr char kPolicyEnd[] = R"html(">
 <base target="_blank">
 <title>ASTERIX recording</title>
 )html";
@@ -47,7 +48,7 @@ constexpr char kTop[] = R"html(<div class="top">
 </div>
 <div class="clock">
 <button type="button" class="play" aria-label="Play"><svg viewBox="0 0 16 16"><path class="go" d="M4 2l10 6-10 6z"/><path class="stop" d="M3 2h4v12H3zM9 2h4v12H9z"/></svg></button>
-<input type="range" aria-label="Time of day, UTC">
+<span class="track"><svg viewBox="0 0 240 1" preserveAspectRatio="none" aria-hidden="true"><path/></svg><input type="range" aria-label="Time of day, UTC"></span>
 <output></output>
 <label>Shown <select class="span">
 <option value="5">5 s</option><option value="15">15 s</option><option value="30">30 s</option><option value="60">1 min</option>
@@ -64,17 +65,12 @@ constexpr char kTop[] = R"html(<div class="top">
 </section>
 )html";
 
-std::string joined(const std::vector<std::string_view> &files) {
-    std::string text;
-    for (const std::string_view file : files) text += file;
-    return text;
-}
-
 } // namespace
 
 std::string page_head() {
-    return kStart + std::string(page_script_hash()) + kPolicyEnd + "<style>" + joined(page_style()) +
-           "</style>\n<script>" + joined(page_script()) + "</script>\n</head>\n<body>\n" + kTop +
+    return kStart + std::string(page_script_hashes()) + kPolicyEnd + "<style>" + page_style() +
+           "</style>\n<script type=\"text/plain\">" + pack(page_script()) + "</script><script>" + page_boot() +
+           "</script>\n</head>\n<body>\n" + kTop +
            "<noscript>What is inside the blocks, and where things are, is shown by a script of this page, which has to "
            "be allowed to run.</noscript>\n<main>\n";
 }

@@ -1,6 +1,7 @@
 #include "payload.hpp"
 
 #include "framing/framing.hpp"
+#include "split.hpp"
 #include "text.hpp"
 
 namespace astdump {
@@ -26,18 +27,29 @@ bool add_unwrapped(Chunk &chunk, const Datagram &datagram) {
     return true;
 }
 
-// Whether blocks stand anywhere in it.
-bool has_any_blocks(Octets payload) {
+// Whether a block can be read in it, wherever it stands.
+bool has_block(Octets payload) {
     const Soundness soundness = check_blocks(payload, true);
-    return soundness.sound != 0 || soundness.gap.value_or(0) < payload.size();
+    const Octets blocks = payload.subspan(soundness.sound != 0 ? 0 : soundness.gap.value_or(payload.size()));
+    if (!has_published_category(blocks)) return false;
+    ast_reader_t reader{};
+    return ast_reader_learn(&reader, blocks.data(), blocks.size(), nullptr);
 }
+
+bool is_filled_by_blocks(Octets payload) { return count_blocks(payload).octets == payload.size(); }
 
 } // namespace
 
-// Whether it is told as other traffic; it goes on nevertheless, for whoever shows octets that are no blocks.
+// Whether a datagram is told as other traffic; it goes on nevertheless, for whoever shows octets that are no blocks.
+// One that is filled by blocks of a category that is not known may be neither damaged nor other traffic.
 bool Payloads::is_foreign(Chunk &chunk, const Datagram &datagram) {
-    if (has_any_blocks(datagram.octets)) traffic_.blocks(datagram, chunk.damage());
-    if (!traffic_.no_blocks(datagram, chunk.damage())) return false;
+    Damage &damage = chunk.damage();
+    if (has_block(datagram.octets)) {
+        traffic_.blocks(datagram, damage);
+        return false;
+    }
+    if (is_filled_by_blocks(datagram.octets) && !traffic_.is_other(datagram, damage)) return false;
+    if (!traffic_.no_blocks(datagram, damage)) return false;
     Datagram other = datagram;
     other.is_told = true;
     chunk.add(other);

@@ -101,7 +101,8 @@ void take_callsign(PlanValues &values, const ast_field_value_t &value, std::stri
     if (!is_text) return;
     std::string text = printable(value.text);
     while (!text.empty() && text.back() == ' ') text.pop_back();
-    if (!text.empty()) values.callsign = text;
+    const bool is_known = std::ranges::any_of(text, [](char c) { return c != '?' && c != '.' && c != ' '; });
+    if (is_known) values.callsign = text;
 }
 
 // Address and identification among what an aircraft says of itself.

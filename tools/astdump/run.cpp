@@ -23,6 +23,9 @@ size_t chunk_octets_of(const Options &options, const Sinks &sinks) {
     return octets;
 }
 
+// Under which it is shown.
+std::string name_of(const std::string &path) { return path == "-" ? "standard input" : readable(path); }
+
 } // namespace
 
 Run::Run(const Options &options, Sinks sinks, const Output &out, DamageLog &damage, Progress progress, Waiting *waiting)
@@ -45,9 +48,9 @@ Worker &Run::worker(size_t number) {
 // Reads what it can; the rest of the run goes on.
 template <typename Read>
 void Run::attempt(const std::string &name, Read read) {
-    const auto give_up = [&](const std::string &what) {
+    const auto give_up = [&](const std::string &reason) {
         damage_.end_file();
-        tell(name + ": " + what);
+        tell(name + ": " + reason);
         unreadable_ = true;
     };
     try {
@@ -107,7 +110,7 @@ void Run::read_input(Pipeline &pipeline) {
 }
 
 void Run::file(const std::string &path, Pipeline &pipeline) {
-    name_ = path == "-" ? "standard input" : readable(path);
+    name_ = name_of(path);
     editions_ = look_through({&path, 1}, options_);
     input_ = open(path, options_.datagrams);
     damage_.set_file(name_, input_->is_live());
@@ -117,16 +120,16 @@ void Run::file(const std::string &path, Pipeline &pipeline) {
 
 // What is not there is left out, as it is where files are read one after the other.
 void Run::merged(Pipeline &pipeline) {
+    editions_ = look_through(options_.files, options_);
     auto source = std::make_unique<MergedSource>();
     for (const std::string &path : options_.files)
         attempt(path, [&] {
             auto input = open(path, {});
-            const std::string name = path == "-" ? "standard input" : readable(path);
+            const std::string name = name_of(path);
             start_file(name, *input);
             source->add(name, std::move(input));
         });
     name_ = counted(options_.files.size(), "file");
-    editions_ = look_through(options_.files, options_);
     damage_.set_file(name_, false);
     input_ = std::make_unique<Input>(std::move(source), options_.datagrams);
     read_input(pipeline);
@@ -138,9 +141,10 @@ bool Run::read(Chunk &chunk) {
     chunk.editions = editions_;
     if (!editions_.grows()) return is_filled;
     for (const Datagram &datagram : chunk.datagrams())
-        each_block(datagram.octets, [&](Octets block) {
-            if (options_.categories.test(block[0])) editions_.learn(block);
-        });
+        if (!datagram.is_told)
+            each_block(datagram.octets, [&](Octets block) {
+                if (options_.categories.test(block[0])) editions_.learn(block);
+            });
     return is_filled;
 }
 
@@ -163,7 +167,7 @@ bool Run::write(Job &job) {
     }
     consumed_ = job.chunk.consumed;
     progress_.update(name_, consumed_, input_->size(), job.chunk.end_number - 1);
-    return !done();
+    return !has_enough(); // an input that the user has ended has still to say what it holds back
 }
 
 } // namespace astdump

@@ -26,7 +26,8 @@ private:
 
     // Nobody has to see what is written to files.
     bool is_unseen() const { return out_.error() != 0 && !options_.writes_files(); }
-    bool done() const { return most() == 0 || is_unseen() || (waiting_ && waiting_->ended()); }
+    bool has_enough() const { return most() == 0 || is_unseen(); }
+    bool done() const { return has_enough() || (waiting_ && waiting_->ended()); }
     void file(const std::string &path, Pipeline &pipeline);
     void merged(Pipeline &pipeline);
     std::unique_ptr<Input> open(const std::string &path, const DatagramChoice &choice);

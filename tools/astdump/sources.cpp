@@ -8,20 +8,13 @@
 
 namespace astdump {
 
-namespace {
-
-bool is_before(const Time &a, const Time &b) {
-    return std::pair(a.seconds, a.nanoseconds) < std::pair(b.seconds, b.nanoseconds);
-}
-
-} // namespace
-
 SourceCounts &SourceCounts::operator+=(const SourceCounts &other) {
     blocks += other.blocks;
     records += other.records;
     damaged += other.damaged;
+    unsupported += other.unsupported;
     profile = other.profile;
-    if (other.received) received = std::max(received.value_or(*other.received), *other.received, is_before);
+    if (other.received) received = std::max(received.value_or(*other.received), *other.received);
     if (other.time_of_day[0] != '\0') std::ranges::copy(other.time_of_day, time_of_day);
     return *this;
 }
@@ -43,25 +36,30 @@ void set_text(char (&text)[capacity], std::string_view value) {
 
 class SourceCounter : public Renderer {
     void block(const DecodedBlock &decoded, TextBuffer &out) override {
+        if (decoded.fault && decoded.fault->kind == FaultKind::not_asterix) return;
         const Block &block = *decoded.block;
         Addition addition = start(decoded);
         addition.counts.blocks = 1;
-        addition.counts.damaged = decoded.fault && decoded.fault->kind == FaultKind::damaged ? 1 : 0;
+        if (decoded.fault)
+            ++(decoded.fault->kind == FaultKind::damaged ? addition.counts.damaged : addition.counts.unsupported);
         if (decoded.shown.none() && decoded.fault) set_source(addition, decoded.fault->record);
-        for (uint64_t i = 0; i < block.record_count; ++i) {
-            if (!decoded.shown[i]) continue;
-            const ast_datarecord_t &record = block.records[i];
-            Addition next = start(decoded);
-            set_source(next, record);
-            if (addition.counts.records == 0)
-                std::ranges::copy(next.source, addition.source);
-            else if (std::strcmp(next.source, addition.source) != 0)
-                put(std::exchange(addition, next), out);
-            ++addition.counts.records;
-            if (!addition.counts.received)
-                set_text(addition.counts.time_of_day, keyword_text(record, AST_KEYWORD_TIMEOFDAY));
-        }
+        for (uint64_t i = 0; i < block.record_count; ++i)
+            if (decoded.shown[i]) record(decoded, block.records[i], addition, out);
         put(addition, out);
+    }
+
+    // A record of another source than those before it starts an addition of its own.
+    static void record(const DecodedBlock &decoded, const ast_datarecord_t &record, Addition &addition,
+                       TextBuffer &out) {
+        Addition next = start(decoded);
+        set_source(next, record);
+        if (addition.counts.records == 0)
+            std::ranges::copy(next.source, addition.source);
+        else if (std::strcmp(next.source, addition.source) != 0)
+            put(std::exchange(addition, next), out);
+        ++addition.counts.records;
+        if (!addition.counts.received)
+            set_text(addition.counts.time_of_day, keyword_text(record, AST_KEYWORD_TIMEOFDAY));
     }
 
     static Addition start(const DecodedBlock &decoded) {
@@ -98,8 +96,8 @@ void add_rendered(Sources &sources, std::optional<Span> &span, std::string_view 
         const auto &received = addition.counts.received;
         if (!received) continue;
         if (!span) span = {*received, *received};
-        span->first = std::min(span->first, *received, is_before);
-        span->last = std::max(span->last, *received, is_before);
+        span->first = std::min(span->first, *received);
+        span->last = std::max(span->last, *received);
     }
 }
 

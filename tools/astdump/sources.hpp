@@ -14,10 +14,11 @@ namespace astdump {
 struct SourceCounts {
     uint64_t blocks = 0;
     uint64_t records = 0;
-    uint64_t damaged = 0;         // blocks
-    Profile profile;              // of the last block
-    std::optional<Time> received; // the last one
-    char time_of_day[16] = "";    // of its last record, where it is not known when it was received
+    uint64_t damaged = 0;           // blocks
+    uint64_t unsupported = 0;       // blocks
+    std::optional<Profile> profile; // of the last block
+    std::optional<Time> received;   // the last one
+    char time_of_day[16] = "";      // of its last record, where it is not known when it was received
 
     // What follows.
     SourceCounts &operator+=(const SourceCounts &other);

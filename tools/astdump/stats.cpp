@@ -9,7 +9,7 @@ namespace astdump {
 
 void Stats::count(const Tally &tally) {
     for (const auto &[category, counts] : tally.categories) counts_[category] += counts;
-    foreign_ += tally.losses.foreign;
+    losses_ += tally.losses;
     for (const auto &[type, count] : tally.items) items_[type] += count;
 }
 
@@ -35,10 +35,8 @@ void Stats::categories() {
         total += counts_[category];
     }
     row("all", total);
-    if (foreign_ == 0) return;
-    text_.put("\nNot ASTERIX: ");
-    put_counted(text_, foreign_, "datagram");
-    text_.put('\n');
+    if (const std::string foreign = losses_.foreign_text(); !foreign.empty())
+        text_.put("\nNot ASTERIX: " + foreign + '\n');
 }
 
 void Stats::row(const char *title, const Counts &counts) {

@@ -35,7 +35,7 @@ private:
     TextBuffer text_;
     std::array<Counts, 256> counts_{}; // by category
     ByType<uint64_t> items_;
-    uint64_t foreign_ = 0; // datagrams
+    Losses losses_;
     struct File {
         std::string name;
         std::string framing;

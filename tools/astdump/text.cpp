@@ -70,6 +70,12 @@ void put_route(TextBuffer &out, const Endpoints &endpoints) {
     put_endpoint(out, endpoints.destination);
 }
 
+std::string route_text(const Endpoints &endpoints) {
+    TextBuffer text;
+    put_route(text, endpoints);
+    return std::string(text.text());
+}
+
 std::string cut(std::string text, size_t width) {
     if (text.size() > width) text.replace(width - 3, std::string::npos, "...");
     return text;

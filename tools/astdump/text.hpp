@@ -19,6 +19,7 @@ void put_endpoint(TextBuffer &out, const Endpoint &endpoint);
 
 // "10.0.0.1:4000 > 239.1.1.1:8600", "[2001:db8::1]:4000 > [ff02::1]:8600".
 void put_route(TextBuffer &out, const Endpoints &endpoints);
+std::string route_text(const Endpoints &endpoints);
 
 // Texts of more than `width` characters end in "...".
 std::string cut(std::string text, size_t width);

@@ -27,6 +27,15 @@ public:
         ++size_;
     }
 
+    // What write(text, capacity) puts; it returns how many characters it needs, which are fewer than `likely` as a
+    // rule.
+    template <typename Write>
+    void put_by(size_t likely, Write write) {
+        size_t count = write(room(likely), likely);
+        if (count >= likely) count = write(room(count + 1), count + 1);
+        size_ += count;
+    }
+
     // Overwrites a character.
     void set(size_t place, char character) { characters_[place] = character; }
 

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "text.hpp"
+#include "waiting.hpp"
 
 namespace astdump {
 
@@ -25,6 +26,7 @@ constexpr Table::Column kColumns[] = {
     {.title = "Blocks", .is_right_aligned = true},
     {.title = "Records", .is_right_aligned = true},
     {.title = "Damaged", .is_right_aligned = true, .color = Color::fault},
+    {.title = "Unsupported", .is_right_aligned = true},
     {.title = "Last UTC"},
 };
 
@@ -52,22 +54,17 @@ std::string last_text(const SourceCounts &counts) {
 
 std::vector<std::string> cells(const SourceKey &key, const SourceCounts &counts, const std::optional<Rate> &rate) {
     char category[16] = "";
-    if (*counts.profile.name) std::snprintf(category, sizeof category, "%03u", key.second);
+    if (counts.profile) std::snprintf(category, sizeof category, "%03u", key.second);
     return {key.first.empty() ? "-" : key.first,
             category,
-            profile_text(counts.profile),
+            counts.profile ? profile_text(*counts.profile) : "",
             rate ? rate_text(rate->blocks) : "",
             rate ? rate_text(rate->records) : "",
             std::to_string(counts.blocks),
             std::to_string(counts.records),
             counts.damaged == 0 ? "" : std::to_string(counts.damaged),
+            counts.unsupported == 0 ? "" : std::to_string(counts.unsupported),
             last_text(counts)};
-}
-
-Time now() {
-    return {
-        std::chrono::duration_cast<std::chrono::seconds>(std::chrono::system_clock::now().time_since_epoch()).count(),
-        0};
 }
 
 } // namespace
@@ -86,8 +83,8 @@ std::optional<Rate> RecentRates::rate(const SourceKey &key, const SourceCounts &
                 static_cast<double>(counts.records - before.records) / seconds};
 }
 
-Top::Top(Output &out, const Form &form, const Losses &losses)
-    : out_(out), form_(form), losses_(losses), drawing_(out), rates_(form.is_drawn ? kDrawLooks : 1) {}
+Top::Top(Output &out, const Form &form, const DamageLog &damage)
+    : out_(out), form_(form), damage_(damage), drawing_(out), rates_(form.is_drawn ? kDrawLooks : 1) {}
 
 void Top::file(const std::string &name) {
     name_ = files_++ == 0 ? name : name + " and " + counted(files_ - 1, "input") + " before it";
@@ -127,8 +124,8 @@ void Top::show() {
 }
 
 std::string Top::lines(size_t columns, size_t most_rows) const {
-    const std::string lost = losses_.text();
-    const size_t other_rows = 4 + (lost.empty() ? 0 : 1); // the title, the headings, the sum, and what is left out
+    const std::vector<std::string> totals = damage_.totals();
+    const size_t other_rows = 4 + totals.size(); // the title, the headings, the sum, and what is left out
     const std::vector<SourceKey> shown = busiest(most_rows > other_rows ? most_rows - other_rows : 0);
     Table table(kColumns);
     for (const SourceKey &key : shown) table.row(cells(key, sources_.at(key), rate(key)));
@@ -146,9 +143,9 @@ std::string Top::lines(size_t columns, size_t most_rows) const {
         text.put(counted(sources_.size() - shown.size(), "row") + " with fewer records left out");
         text.put('\n');
     }
-    if (!lost.empty()) {
+    for (const std::string &total : totals) {
         text.put(style.on(Color::fault));
-        text.put(cut("lost: " + lost, columns));
+        text.put(cut(total, columns));
         text.put(style.off());
         text.put('\n');
     }
@@ -193,7 +190,7 @@ std::pair<SourceCounts, std::optional<Rate>> Top::sum() const {
         all_rate->blocks += rate->blocks;
         all_rate->records += rate->records;
     }
-    all.profile = {};
+    all.profile.reset();
     all.time_of_day[0] = '\0'; // which does not tell the last one from those of the day before
     return {all, all_rate};
 }

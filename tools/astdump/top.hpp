@@ -4,7 +4,7 @@
 #include <chrono>
 #include <deque>
 
-#include "losses.hpp"
+#include "damage_log.hpp"
 #include "output.hpp"
 #include "sources.hpp"
 #include "table.hpp"
@@ -46,8 +46,8 @@ public:
         bool is_drawn; // on a terminal, each table in place of the one before; else one after the other
         bool is_live;  // rates are those of the last seconds, not of the recording
     };
-    // What is lost so far stands below the table.
-    Top(Output &out, const Form &form, const Losses &losses);
+    // The totals of what is damaged so far, and so on, stand below the table.
+    Top(Output &out, const Form &form, const DamageLog &damage);
 
     // To be called again and again while nothing comes.
     void refresh();
@@ -70,7 +70,7 @@ private:
 
     Output &out_;
     Form form_;
-    const Losses &losses_;
+    const DamageLog &damage_;
     Drawing drawing_;
     std::string name_; // of the file at hand
     uint64_t files_ = 0;

@@ -1,9 +1,8 @@
-// Which datagrams of a capture are other traffic: those of endpoints that no blocks are sent to.
+// Which datagrams of a capture are other traffic, told by what else is sent to their destination.
 #pragma once
 
 #include <map>
 #include <tuple>
-#include <vector>
 
 #include "damage.hpp"
 
@@ -11,31 +10,41 @@ namespace astdump {
 
 class Traffic {
 public:
-    // Blocks came in a datagram: what else is sent to its destination is meant to be blocks, too.
+    // A datagram with blocks.
     void blocks(const Datagram &datagram, Damage &damage);
 
     // A datagram without any. True when it is, or may turn out to be, other traffic, and is left to be told here: as
-    // soon as the destination has shown what it is, or as what it is at the end.
+    // soon as its destination has shown what it is for, and else at the end.
     bool no_blocks(const Datagram &datagram, Damage &damage);
+
+    // Whether it is known that no blocks are sent there.
+    bool is_other(const Datagram &datagram, Damage &damage) { return find(datagram, damage).is_other; }
 
     // What is left at the end; false when nothing is.
     bool tell(Damage &damage);
 
 private:
-    enum class State { unknown, blocks, other };
     struct Destination {
-        State state = State::unknown;
+        uint64_t with = 0;       // datagrams
+        uint64_t without = 0;    // blocks
+        uint64_t broken_off = 0; // of these, how many may be blocks that break off
+        uint64_t nearly_whole = 0;
+        bool is_damaged = false; // blocks that break off are sent there
+        bool is_other = false;
         Damage as_damage; // of what has been sent there while that was unknown
         Damage as_other;
+
+        bool has_blocks() const;
+        void settle(bool as_blocks, Damage &damage);
+        void judge(Damage &damage);
     };
     using Key = std::tuple<bool, std::array<uint8_t, 16>, uint16_t>; // is_ipv6, address and port
 
-    static Key key_of(const Datagram &datagram);
     Destination &find(const Datagram &datagram, Damage &damage);
-    static void settle(Destination &destination, State state, Damage &damage);
 
     std::map<Key, Destination> destinations_;
-    std::optional<Endpoint> last_; // that blocks were sent to
+    Endpoint last_{};
+    Destination *last_destination_ = nullptr; // of the datagram before, which mostly is that of the next one
 };
 
 } // namespace astdump

@@ -1,4 +1,4 @@
-// Live datagrams from a socket.
+// Live datagrams from one or more sockets.
 #pragma once
 
 #include <asio/io_context.hpp>
@@ -7,35 +7,39 @@
 #include <vector>
 
 #include "input.hpp"
+#include "live_url.hpp"
 
 namespace astdump {
 
-// "udp://ADDRESS:PORT" or "udp://[ADDRESS]:PORT"; nothing for a text that does not begin with "udp://". Throws
-// std::invalid_argument when no endpoint follows.
-std::optional<asio::ip::udp::endpoint> read_udp_url(const std::string &text);
-
 class UdpSource : public Source {
 public:
-    // Listens to an address of this host or to a multicast group, on one interface or, if that is empty, on those that
+    // Listens to addresses of this host and to multicast groups, on one interface or, if that is empty, on those that
     // the system chooses, and says so on standard error. Throws std::system_error.
-    UdpSource(asio::ip::udp::endpoint endpoint, const std::string &interface, Waiting &waiting);
+    UdpSource(const std::vector<LiveUrl> &urls, const std::string &interface, Waiting &waiting);
 
     // Waits for a datagram; the end is that of the waiting.
     bool fill(Chunk &chunk) override;
 
 private:
+    struct Socket {
+        asio::ip::udp::socket socket;
+        asio::ip::udp::endpoint local;
+        uint32_t dropped = 0; // as the system counts
+    };
+
+    void listen(const LiveUrl &url, unsigned interface);
     void listen(asio::ip::udp::endpoint endpoint, unsigned interface);
-    std::optional<size_t> receive(Damage &damage);
-    void check(const msghdr &message, Damage &damage);
+    std::optional<size_t> receive(Socket &socket, Damage &damage);
+    void check(Socket &socket, const msghdr &message, Damage &damage);
 
     Waiting &waiting_;
     asio::io_context context_;
-    asio::ip::udp::socket socket_;
-    asio::ip::udp::endpoint local_;
+    std::vector<Socket> sockets_;
+    std::vector<int> descriptors_; // of these
+    size_t next_ = 0;              // socket to look at, so that a busy one leaves the others their turn
     asio::ip::udp::endpoint sender_;
     std::vector<uint8_t> buffer_;
     uint64_t packet_ = 0;
-    uint32_t dropped_ = 0; // as the system counts
 };
 
 } // namespace astdump

@@ -50,14 +50,13 @@ uint64_t chain_of_blocks(Octets octets) {
 
 bool has_published_category(Octets block) { return !block.empty() && kIsPublished[block[0]]; }
 
-namespace {
-
-// Whether octets may turn out to be a block once more of them are there.
 bool may_begin_block(Octets octets) {
     const Framing framing = frame_block(octets).framing;
     return octets.empty() ||
            (kIsPublished[octets[0]] && (framing == Framing::short_header || framing == Framing::past_end));
 }
+
+namespace {
 
 struct Search {
     uint64_t place = 0; // where blocks run again, or, if that is not found, up to where they do not

@@ -19,9 +19,10 @@ struct Framed {
         other,      // nothing of this framing
     };
     State state = State::other;
-    uint64_t octets = 0;                  // of the frame, with all that wraps its blocks
-    Octets blocks;                        // back to back; in the frame itself, or in the storage that was given
+    uint64_t octets = 0; // of the frame, with all that wraps its blocks; of what is none, if known
+    Octets blocks;       // back to back; in the frame itself, or in the storage that was given; may be none
     std::optional<uint32_t> centiseconds; // since midnight, where the frame has a time
+    bool may_go_on = false;               // behind the octets at hand, so that only their end makes sure of it
 };
 
 struct FramingKind {
@@ -29,13 +30,16 @@ struct FramingKind {
     std::string_view title;                                     // what it is
     uint64_t lead_octets;                                       // before the first frame of a file
     Framed (*find)(Octets rest, std::vector<uint8_t> &storage); // null for what has a reader of its own
-    bool is_text = false;
+    std::optional<uint8_t> idle = {};                           // what may stand behind the last frame
 };
 
 // All of them, in the order in which they are tried.
 std::span<const FramingKind> framings();
 
 const FramingKind *find_framing(std::string_view name);
+
+// Whether octets, none included, are nothing but what may stand behind the last frame.
+bool is_idle(const FramingKind &kind, Octets rest);
 
 // The framing whose frames the beginning of a file holds, or null when it is none of them, or when there is not enough
 // to tell. The more frames follow each other, the surer it is; plain blocks win a tie.
@@ -51,6 +55,9 @@ const FramingKind *recognise_wrapper(Octets datagram);
 uint64_t chain_of_blocks(Octets octets);
 
 bool has_published_category(Octets block);
+
+// Whether octets, none included, may turn out to be a block once more of them are there.
+bool may_begin_block(Octets octets);
 
 // How much of octets hangs together as blocks, and what lies behind that before blocks run again.
 struct Soundness {
@@ -69,6 +76,13 @@ Soundness check_blocks(Octets octets, bool is_end);
 inline Framed incomplete_frame() {
     Framed framed;
     framed.state = Framed::State::incomplete;
+    return framed;
+}
+
+inline Framed frame_without_blocks(uint64_t octets) {
+    Framed framed;
+    framed.state = Framed::State::frame;
+    framed.octets = octets;
     return framed;
 }
 

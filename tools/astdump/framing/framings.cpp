@@ -6,6 +6,10 @@
 
 namespace astdump {
 
+bool is_idle(const FramingKind &kind, Octets rest) {
+    return kind.idle && std::ranges::all_of(rest, [&](uint8_t octet) { return octet == *kind.idle; });
+}
+
 namespace {
 
 constexpr FramingKind kFramings[] = {
@@ -13,10 +17,10 @@ constexpr FramingKind kFramings[] = {
     {"final", "frames of a length, a line, a day and a time, blocks, and four octets A5", 0, find_final},
     {"gps", "2,200 octets of header, then blocks with ten octets behind each", 2200, find_gps},
     {"oradis", "six octets of length and time before the blocks", 0, find_oradis},
-    {"hdlc", "HDLC frames between flags 7E", 0, find_hdlc},
+    {"hdlc", "HDLC frames between flags 7E", 0, find_hdlc, 0x7E},
     {"mac-llc", "IEEE 802.3 frames with a logical link header", 0, find_mac_llc},
-    {"hex", "hexadecimal text, a block or datagram a line", 0, find_hex, true},
-    {"json", "records as JSON, an object a line", 0, nullptr, true},
+    {"hex", "hexadecimal text, a block or datagram a line", 0, find_hex},
+    {"json", "records as JSON, an object a line", 0, nullptr},
 };
 
 // How far the frames of one framing reach into the beginning of a file, and how many they are.
@@ -34,9 +38,10 @@ Reach reach_of(const FramingKind &kind, Octets head, bool is_whole_file) {
     uint64_t place = kind.lead_octets;
     while (reach.frames < kEnough && place < head.size()) {
         const Framed found = kind.find(head.subspan(place), storage);
-        if (found.state == Framed::State::incomplete && !is_whole_file) break;
+        if (is_whole_file && is_idle(kind, head.subspan(place))) break;
+        if ((found.state == Framed::State::incomplete || found.may_go_on) && !is_whole_file) break;
         if (found.state != Framed::State::frame) return reach;
-        ++reach.frames;
+        if (!found.blocks.empty()) ++reach.frames;
         place += found.octets;
         reach.octets = place;
     }

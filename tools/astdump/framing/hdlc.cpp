@@ -44,21 +44,21 @@ void unescape(Octets sent, std::vector<uint8_t> &storage) {
 
 } // namespace
 
-// Flags stand before and behind a frame; one may serve for two, and several may stand in a row.
+// Flags stand before and behind a frame; of several in a row, all but the last stand by themselves. The one behind a
+// frame may be that before the next, and is left to it.
 Framed find_hdlc(Octets rest, std::vector<uint8_t> &storage) {
     if (rest.empty()) return incomplete_frame();
     if (rest[0] != kFlag) return {};
     const auto first = std::ranges::find_if(rest, [](uint8_t octet) { return octet != kFlag; });
+    const auto flags = static_cast<uint64_t>(first - rest.begin());
+    if (flags > 1) return frame_without_blocks(flags - 1);
     const auto last = std::find(first, rest.end(), kFlag);
     if (last == rest.end()) return incomplete_frame();
     unescape(Octets(first, last), storage);
     const Octets content = storage;
     if (content.size() <= kHeaderOctets + kCheckOctets || check(content) != kGoodCheck) return {};
-    const Octets blocks = content.subspan(kHeaderOctets, content.size() - kHeaderOctets - kCheckOctets);
-    const auto octets = static_cast<uint64_t>(last - rest.begin());
-    const bool is_shared =
-        octets + 1 < rest.size() && rest[octets + 1] != kFlag; // the next frame begins with this flag
-    return frame_of(is_shared ? octets : octets + 1, blocks);
+    return frame_of(static_cast<uint64_t>(last - rest.begin()),
+                    content.subspan(kHeaderOctets, content.size() - kHeaderOctets - kCheckOctets));
 }
 
 } // namespace astdump

@@ -44,14 +44,18 @@ bool read_line(Octets line, std::vector<uint8_t> &storage) {
 
 } // namespace
 
-// Empty lines go with the line before them.
+// What separates stands by itself where a line would begin. The last line may do without its end.
 Framed find_hex(Octets rest, std::vector<uint8_t> &storage) {
-    const auto end = std::ranges::find(rest, uint8_t{'\n'});
-    const Octets line(rest.begin(), end);
-    if (!read_line(line, storage)) return {};
-    if (end == rest.end() && storage.empty()) return incomplete_frame();
-    const auto next = std::find_if(end, rest.end(), [](uint8_t octet) { return octet != '\n' && octet != '\r'; });
-    return frame_of(static_cast<uint64_t>(next - rest.begin()), storage);
+    const auto begin = std::ranges::find_if(rest, [](uint8_t octet) { return octet != '\n' && !separates(octet); });
+    if (begin != rest.begin()) return frame_without_blocks(static_cast<uint64_t>(begin - rest.begin()));
+    const auto end = std::find(begin, rest.end(), uint8_t{'\n'});
+    const bool is_last = end == rest.end();
+    const auto octets = static_cast<uint64_t>(end - rest.begin()) + (is_last ? 0 : 1);
+    Framed framed;
+    if (read_line(Octets(begin, end), storage)) framed = frame_of(octets, storage);
+    framed.octets = octets;
+    framed.may_go_on = is_last;
+    return framed;
 }
 
 } // namespace astdump

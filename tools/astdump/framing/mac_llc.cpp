@@ -21,7 +21,10 @@ Framed find_mac_llc(Octets rest, std::vector<uint8_t> &) {
     const uint64_t filled = std::min<uint64_t>(kHeaderOctets + std::max(length, kLeastContent), rest.size());
     const Octets fill = rest.subspan(kHeaderOctets + length, filled - kHeaderOctets - length);
     const bool is_filled = std::ranges::all_of(fill, [](uint8_t octet) { return octet == 0; });
-    return frame_of(is_filled ? filled : kHeaderOctets + length, blocks);
+    Framed framed = frame_of(is_filled ? filled : kHeaderOctets + length, blocks);
+    framed.may_go_on =
+        is_filled && filled == rest.size() && fill.size() < kLeastContent - std::min(length, kLeastContent);
+    return framed;
 }
 
 } // namespace astdump

@@ -23,6 +23,7 @@ class Clock {
         this.slider.disabled = this.button.disabled = this.first === this.last;
         this.slider.step = 'any';
         this.rate.value = RATES.find(rate => (this.last - this.first) / rate <= PLAY_S) ?? RATES.at(-1);
+        find('.track path').setAttribute('d', densityPath(records.time, this.first, this.last));
         this.listen();
         this.show();
     }
@@ -80,6 +81,15 @@ class Clock {
         this.text.textContent = `${clockText(this.now, 1)} UTC`;
         this.onChange(this.now - span, this.now, span !== ALL);
     }
+}
+
+// How many records there are over the time, as an outline of bars in a box of 240 by 1.
+function densityPath(times, first, last) {
+    const bars = 120, width = 240 / bars;
+    const counts = new Uint32Array(bars);
+    for (const time of times) ++counts[Math.min(bars - 1, Math.floor((time - first) / (last - first || 1) * bars))];
+    const most = extremes(counts)[1];
+    return Array.from(counts, (count, i) => `M${i * width} 1v${-count / most}h${width}v${count / most}z`).join('');
 }
 
 function extremes(values) {

@@ -53,7 +53,7 @@ class Drawing {
         const newest = this.newest(view, scene);
         this.drawSymbols(view, newest);
         this.drawChosen(view, scene, boxes);
-        if (scene.labels) this.drawLabels(view, newest.filter(({row}) => row !== scene.chosen), boxes);
+        if (scene.labels) this.drawLabels(view, newest, boxes, scene.chosen);
     }
 
     // ---- the ground ----
@@ -327,11 +327,21 @@ class Drawing {
         this.drawLabel({row: chosen, left, top}, boxes, view);
     }
 
-    drawLabels(view, newest, boxes) {
+    // Of a target that is chosen nothing more is said.
+    isLabelled({point, row}, chosen) {
+        const {target, place} = this.points;
+        return row !== chosen && (chosen < 0 || place[chosen] < 0 || target[point] !== target[place[chosen]]);
+    }
+
+    drawLabels(view, targets, boxes, chosen) {
         // In an order that lasts, so that labels do not take each other's room in turn.
         const rank = ({row, point}) => isEmergency(this.records.code[row]) ? -1 : this.points.target[point];
-        newest.sort((one, other) => rank(one) - rank(other));
-        for (const target of newest.slice(0, MOST_LABELS)) this.drawLabel(target, boxes, view);
+        const first = targets.filter(target => this.isLabelled(target, chosen))
+            .sort((one, other) => rank(one) - rank(other)).slice(0, MOST_LABELS);
+        const size = 8;
+        for (const {left, top} of first)
+            boxes.push({x: left - size / 2, y: top - size / 2, width: size, height: size});
+        for (const target of first) this.drawLabel(target, boxes, view);
     }
 
     // Beside its position, where there is room for it.

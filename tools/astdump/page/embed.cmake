@@ -1,5 +1,5 @@
-# cmake -DOUTPUT=FILE -DSTYLE=FILE -DSCRIPTS=FILE,FILE... -P embed.cmake: writes a source that holds the style and the
-# scripts of the page, and the SHA-256 of the scripts, one behind the other, by which the page lets them run.
+# cmake -DOUTPUT=FILE -DSTYLE=FILE -DBOOT=FILE -DSCRIPTS=FILE,FILE... -P embed.cmake: writes a source that holds the style
+# and the scripts of the page, and the hashes by which the page lets them run.
 
 # Base64 of octets in hexadecimal digits.
 function(base64 hex result)
@@ -47,21 +47,36 @@ function(literals result)
   set(${result} "${text}" PARENT_SCOPE)
 endfunction()
 
-string(REPLACE "," ";" SCRIPTS "${SCRIPTS}")
-set(script "")
-foreach(file IN LISTS SCRIPTS)
-  read_bare("${file}" content)
-  string(APPEND script "${content}")
-endforeach()
-string(SHA256 hash "${script}")
-base64(${hash} hash)
-literals(style_literals "${STYLE}")
-literals(script_literals ${SCRIPTS})
+# The SHA-256 by which a policy names the files, one behind the other.
+function(policy_hash result)
+  set(text "")
+  foreach(file IN LISTS ARGN)
+    read_bare("${file}" content)
+    string(APPEND text "${content}")
+  endforeach()
+  string(SHA256 hash "${text}")
+  base64(${hash} hash)
+  set(${result} "sha256-${hash}" PARENT_SCOPE)
+endfunction()
 
+# A function of C++ that returns pieces of text.
+function(text_function name literals result)
+  set(${result}
+      "std::string ${name}() {\n    static constexpr std::string_view kFiles[] = {\n${literals}};\n\
+    std::string text;\n    for (const std::string_view file : kFiles) text += file;\n    return text;\n}\n\n"
+      PARENT_SCOPE)
+endfunction()
+
+string(REPLACE "," ";" SCRIPTS "${SCRIPTS}")
+literals(style_literals "${STYLE}")
+literals(boot_literals "${BOOT}")
+literals(script_literals ${SCRIPTS})
+text_function(page_style "${style_literals}" style)
+text_function(page_boot "${boot_literals}" boot)
+text_function(page_script "${script_literals}" script)
+policy_hash(boot_hash "${BOOT}")
+policy_hash(script_hash ${SCRIPTS})
 file(
   WRITE "${OUTPUT}"
-  "#include \"page_files.hpp\"\n\nnamespace astdump {\n\nconst std::vector<std::string_view> &page_style() {\n"
-  "    static const std::vector<std::string_view> files = {\n${style_literals}};\n    return files;\n}\n\n"
-  "const std::vector<std::string_view> &page_script() {\n"
-  "    static const std::vector<std::string_view> files = {\n${script_literals}};\n    return files;\n}\n\n"
-  "std::string_view page_script_hash() { return \"sha256-${hash}\"; }\n\n} // namespace astdump\n")
+  "#include \"page_files.hpp\"\n\nnamespace astdump {\n\n${style}${boot}${script}"
+  "std::string_view page_script_hashes() { return \"'${boot_hash}' '${script_hash}'\"; }\n\n} // namespace astdump\n")

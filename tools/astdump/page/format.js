@@ -7,7 +7,7 @@ const digits = (number, count, base = 10) => number.toString(base).toUpperCase()
 function clockText(seconds, fraction = 3) {
     const day = 86400;
     const unit = 10 ** fraction;
-    const units = Math.round((seconds % day + day) % day * unit) % (day * unit);
+    const units = Math.floor((seconds % day + day) % day * unit + 1e-6) % (day * unit);
     const whole = Math.floor(units / unit);
     const text = [whole / 3600, whole / 60 % 60, whole % 60].map(part => digits(Math.floor(part), 2)).join(':');
     return fraction === 0 ? text : `${text}.${digits(units % unit, fraction)}`;

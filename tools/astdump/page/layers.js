@@ -19,7 +19,8 @@ class Layers {
         for (const {word, source, count} of drawn) {
             if (count === 0) continue;
             this.ofSource[source] = this.list.length;
-            this.list.push({name: sourceText(word), isWeather: isWeather(word), count, visible: true, colour: '', rgb: [0, 0, 0]});
+            this.list.push({name: sourceText(word), isWeather: isWeather(word), count, visible: true, colour: '',
+                            rgb: [0, 0, 0]});
         }
     }
 

@@ -24,7 +24,7 @@ async function start() {
         // Where the list stands below the plan, stepping stays with the plan.
         list.go(row, isStep && !matchMedia('(min-width: 1240px)').matches);
     });
-    find('.summary').textContent = summaryOf(records, sections);
+    find('.summary').textContent = summaryOf(records);
     plan = makePlan(find('.plan'), records);
     if (plan) {
         plan.onOpen = row => list.go(row);
@@ -53,7 +53,8 @@ function makePlan(element, records) {
     return new Plan(element, {records, plane, shapes, points, layers});
 }
 
-function summaryOf(records, sections) {
+function summaryOf(records) {
+    if (records.count === 0) return 'No records';
     const categories = new Set(records.sources.map(word => categoryText(word)));
     const sources = new Set(records.sources.filter(word => word & HAS_SOURCE).map(word => word & 0xFFFF));
     const parts = [countText(records.count, 'record'), `${categories.size === 1 ? 'category' : 'categories'} ` +
@@ -63,4 +64,7 @@ function summaryOf(records, sections) {
     return parts.join(' · ');
 }
 
-document.addEventListener('DOMContentLoaded', start);
+if (document.readyState === 'loading')
+    document.addEventListener('DOMContentLoaded', start);
+else
+    start();

@@ -32,32 +32,30 @@ class Points {
         const last = new Map(), tracks = new Map();
         let targets = 0;
         for (let i = 0; i < this.count; ++i) {
-            const name = this.targetOf(records, this.row[i], tracks);
+            const code = codeName(records, this.row[i]);
+            const name = targetName(records, this.row[i], tracks) || code;
             if (name === 0) continue;
-            const before = last.get(name);
+            const before = last.get(name) ?? this.plotBefore(last, code, i);
             last.set(name, i);
             this.target[i] = before === undefined ? ++targets : this.target[before];
             if (before === undefined) continue;
             this.next[before] = i;
-            const gap = this.time[i] - this.time[before];
-            const distance = Math.hypot(this.x[i] - this.x[before], this.y[i] - this.y[before]);
-            if (gap <= GAP_S && distance <= FASTEST_NM_PER_S * Math.max(gap, 2)) this.previous[i] = before;
+            if (this.isNear(before, i)) this.previous[i] = before;
         }
     }
 
-    // A number for the target of a row, among those of its source: its address, or its track number, which stands for
-    // the address that it had last; else its callsign or its code. 0 for none.
-    targetOf(records, row, tracks) {
-        const name = (kind, value) => (4 * (records.source[row] + 1) + kind) * 2 ** 25 + value;
-        const track = records.track[row] && name(0, records.track[row]);
-        if (records.address[row]) {
-            const target = name(1, records.address[row]);
-            if (track) tracks.set(track, target);
-            return target;
-        }
-        if (track) return tracks.get(track) ?? track;
-        if (records.callsign[row]) return name(2, records.callsign[row]);
-        return records.code[row] && !SHARED_CODES.includes(records.code[row] - 1) ? name(3, records.code[row]) : 0;
+    // The last plot that named nothing but its code, if it may be of the target that is named now.
+    plotBefore(last, code, i) {
+        const plot = last.get(code);
+        if (plot === undefined || !this.isNear(plot, i)) return undefined;
+        last.delete(code);
+        return plot;
+    }
+
+    isNear(before, i) {
+        const gap = this.time[i] - this.time[before];
+        const distance = Math.hypot(this.x[i] - this.x[before], this.y[i] - this.y[before]);
+        return gap <= GAP_S && distance <= FASTEST_NM_PER_S * Math.max(gap, 2);
     }
 
     // The first point that is not before a time.
@@ -65,6 +63,26 @@ class Points {
 
     // The first point that is after it.
     after(time) { return lastAtMost(this.time, time) + 1; }
+}
+
+const nameIn = (records, row, kind, value) => (4 * (records.source[row] + 1) + kind) * 2 ** 25 + value;
+
+// A number for the target of a row, among those of its source: its address, or its track number, which stands for the
+// address that it had last; else its callsign. 0 for none.
+function targetName(records, row, tracks) {
+    const track = records.track[row] && nameIn(records, row, 0, records.track[row]);
+    if (records.address[row]) {
+        const target = nameIn(records, row, 1, records.address[row]);
+        if (track) tracks.set(track, target);
+        return target;
+    }
+    if (track) return tracks.get(track) ?? track;
+    return records.callsign[row] && nameIn(records, row, 2, records.callsign[row]);
+}
+
+function codeName(records, row) {
+    const code = records.code[row];
+    return code && !SHARED_CODES.includes(code - 1) ? nameIn(records, row, 3, code) : 0;
 }
 
 function isAscending(rows, values) {

@@ -105,18 +105,21 @@ const char *ast_dataitem_type_to_str(ast_dataitem_type_t type) {
     const ItemRow &row = find_item(type);
     const uint32_t number = row.variant_of ? row.variant_of : type % kItemNumbers;
     TextWriter out(text, sizeof text);
+    out.append("I");
+    out.append_digits(category, 3);
+    out.append("/");
     switch (number) {
     case AST_ITEM_RFS:
-        out.print("I%03u/RFS", category);
+        out.append("RFS");
         break;
     case AST_ITEM_REF:
-        out.print("I%03u/REF", category);
+        out.append("REF");
         break;
     case AST_ITEM_SPF:
-        out.print("I%03u/SPF", category);
+        out.append("SPF");
         break;
     default:
-        out.print("I%03u/%03u", category, number);
+        out.append_digits(number, 3);
     }
     return text;
 }

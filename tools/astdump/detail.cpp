@@ -12,11 +12,88 @@ constexpr size_t kIndent = 14; // below the names of the items
 constexpr size_t kIndentStep = 2;
 constexpr size_t kGapChars = 2;
 
+// As the library cuts them in its tables of subfields. A number of two digits shows its first.
+constexpr size_t kNumberChars = 1;
+constexpr size_t kSizeChars = 3;
+constexpr size_t kSummaryChars = 64; // with the terminator
+
+std::string_view summary_at(std::string_view text) { return text.substr(1, static_cast<uint8_t>(text.front())); }
+
 } // namespace
 
 void Detail::item(TextBuffer &out, const ast_dataitem_t &item) {
+    if (is_compound(item.type) && compound(out, item)) return;
+    fragment(out, views_.show(ast_dataitem_get_detail_html, item));
+}
+
+bool Detail::is_compound(ast_dataitem_type_t type) {
+    std::optional<bool> &known = compounds_[type];
+    if (!known) known = ast_dataitem_get_func(type).get_detail_html == ast_dataitem_subfields_get_detail_html;
+    return *known;
+}
+
+// Puts together what the library's view of a compound item shows: a table of the subfields that are there, then the
+// fields of each. Many subfields are those of items before, though the items are not. A summary with markup is left to
+// the reader of views.
+bool Detail::compound(TextBuffer &out, const ast_dataitem_t &item) {
+    const ast_subfields_t decoded = ast_dataitem_subfields_decode(&item);
+    if (!decoded.valid) return false;
+    texts_.clear();
+    subfields_.clear();
+    for (uint64_t i = 0; i < decoded.subfield_count; ++i) {
+        const ast_subfield_t &present = decoded.subfields[i];
+        if (!present.present) continue;
+        subfields_.push_back({present.type, texts_.size(), std::to_string(i + 1).substr(0, kNumberChars),
+                              std::to_string(present.size).substr(0, kSizeChars)});
+        memo_.put(texts_, present.type, {present.data, present.size},
+                  [&](TextBuffer &to) { subfield(to, item, present, i + 1); });
+    }
+
+    overview_.kind = ViewPart::Kind::table;
+    overview_.is_headed = true;
+    overview_.cells.assign({"Subfield", "ID", "Name", "Size", "Existing", "Summary"});
+    overview_.row_begins.assign({0});
+    for (const Subfield &present : subfields_) {
+        const std::string_view summary = summary_at(texts_.text().substr(present.begin));
+        if (summary.find('<') != std::string_view::npos) return false;
+        overview_.row_begins.push_back(overview_.cells.size());
+        overview_.cells.insert(overview_.cells.end(),
+                               {present.number, ast_subfield_get_id(present.type), ast_subfield_get_name(present.type),
+                                present.size, "1", summary});
+    }
+    title(out, "Primary Subfield");
+    table(out, overview_);
+    put_lines(out);
+    return true;
+}
+
+// What stands behind the summaries.
+void Detail::put_lines(TextBuffer &out) const {
+    for (size_t i = 0; i < subfields_.size(); ++i) {
+        const size_t end = i + 1 < subfields_.size() ? subfields_[i + 1].begin : texts_.size();
+        const std::string_view text = texts_.text().substr(subfields_[i].begin, end - subfields_[i].begin);
+        out.put(text.substr(1 + summary_at(text).size()));
+    }
+}
+
+// The summary behind its length in one octet, then the lines.
+void Detail::subfield(TextBuffer &out, const ast_dataitem_t &item, const ast_subfield_t &subfield, uint64_t number) {
+    char summary[kSummaryChars];
+    ast_subfield_get_summary(summary, sizeof summary, &item, subfield.type);
+    const std::string_view text = summary;
+    out.put(static_cast<char>(text.size()));
+    out.put(text);
+    html_ = "<h4>Subfield #" + std::to_string(number) + " - " + ast_subfield_get_name(subfield.type) + "</h4>";
+    html_ +=
+        views_.show([&](char *to, uint64_t capacity,
+                        const ast_dataitem_t *of) { ast_subfield_get_detail_html(to, capacity, of, subfield.type); },
+                    item);
+    fragment(out, html_);
+}
+
+void Detail::fragment(TextBuffer &out, std::string_view html) {
     below_title_ = false;
-    choose_parts(reader_.read(views_.show(ast_dataitem_get_detail_html, item)));
+    choose_parts(reader_.read(html));
     for (const ViewPart *const part : parts_) {
         switch (part->kind) {
         case ViewPart::Kind::title:

@@ -36,6 +36,9 @@ public:
     // How its blocks are wrapped, and how it is compressed: "raw", "pcap, gzip".
     const std::string &framing() const { return framing_; }
 
+    // Whether all of it is there.
+    bool is_at_rest() const { return stream_ && stream_->is_at_rest(); }
+
     // Octets of the file, where that is known.
     std::optional<uint64_t> size() const { return stream_ ? stream_->size() : std::nullopt; }
 

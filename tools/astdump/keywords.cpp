@@ -33,14 +33,39 @@ std::string keyword_names() {
 }
 
 bool put_keyword(TextBuffer &out, const ast_datarecord_t &record, uint32_t keyword) {
-    char buffer[kTextOctets];
-    ast_datarecord_get_keyword(buffer, sizeof buffer, &record, keyword, AST_POSITION_DEGREES);
-    const char *first = buffer;
-    while (*first == ' ') ++first;
     const size_t begin = out.size();
-    out.put(first);
+    out.put_with(kTextOctets, [&](char *text, size_t capacity) {
+        ast_datarecord_get_keyword(text, capacity, &record, keyword, AST_POSITION_DEGREES);
+    });
+    out.trim_front(begin);
     out.trim(begin);
     return out.size() > begin || put_shared_item(out, record, keyword);
+}
+
+uint32_t keywords_of(uint32_t category) {
+    const ast_datarecord_func_t functions = ast_datarecord_get_func(category);
+    const bool has_keyword[] = {
+        true, // as far as shared items go
+        true,
+        true,
+        functions.get_tracknum != nullptr,
+        functions.get_squawk != nullptr,
+        functions.get_flightlevel != nullptr,
+        functions.get_selaltitude != nullptr,
+        functions.get_callsign != nullptr,
+        functions.get_icaoaddr != nullptr,
+        functions.get_coordinate != nullptr,
+        functions.get_polarcoord != nullptr,
+        functions.get_speed != nullptr,
+        functions.get_heading != nullptr,
+        functions.get_cartesianvel != nullptr,
+        functions.get_vrate != nullptr,
+    };
+    static_assert(std::size(has_keyword) == AST_KEYWORDS);
+    uint32_t keywords = 0;
+    for (size_t i = 0; i < std::size(has_keyword); ++i)
+        if (has_keyword[i]) keywords |= UINT32_C(1) << i;
+    return keywords;
 }
 
 std::string_view keyword_text(const ast_datarecord_t &record, uint32_t keyword) {

@@ -73,6 +73,7 @@ void Run::file(const std::string &path, Pipeline &pipeline) {
     for (const auto &sink : sinks_) {
         sink->file(name_);
         sink->framing(input_->framing());
+        if (!input_->is_at_rest()) sink->live();
     }
     consumed_ = 0;
     if (!done()) pipeline.run();
@@ -99,6 +100,7 @@ bool Run::write(Job &job, size_t number) {
     size_t taken = 0;
     for (const Report &report : rendered.damage.reports()) {
         if (!sinks_.empty()) sinks_.front()->take(rendered.texts.front().text().substr(taken, report.place - taken));
+        if (!sinks_.empty()) sinks_.front()->flush();
         taken = report.place;
         damage_.show(report);
     }

@@ -27,8 +27,19 @@ public:
         ++size_;
     }
 
-    // Overwrites a character.
+    // Overwrites what is there.
     void set(size_t place, char character) { characters_[place] = character; }
+    void set(size_t place, std::string_view piece) {
+        if (!piece.empty()) std::memcpy(characters_.get() + place, piece.data(), piece.size());
+    }
+
+    // Lets `write` put a terminated text at the end, given as (text, capacity).
+    template <typename Write>
+    void put_with(size_t capacity, Write write) {
+        char *const text = room(capacity);
+        write(text, capacity);
+        size_ += std::strlen(text);
+    }
 
     void pad(size_t count, char character = ' ') {
         if (count == 0) return;
@@ -60,6 +71,15 @@ public:
     // Takes the blanks off the end, down to a size.
     void trim(size_t least) {
         while (size_ > least && characters_[size_ - 1] == ' ') --size_;
+    }
+
+    // Takes the blanks off the front of what stands behind a size.
+    void trim_front(size_t begin) {
+        size_t first = begin;
+        while (first < size_ && characters_[first] == ' ') ++first;
+        if (first == begin) return;
+        std::memmove(characters_.get() + begin, characters_.get() + first, size_ - first);
+        size_ -= first - begin;
     }
 
 private:

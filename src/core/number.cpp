@@ -90,6 +90,30 @@ int parse_exponent(const char *&text) {
 
 } // namespace
 
+char *write_decimals_before(char *end, double magnitude, unsigned decimals) {
+    static constexpr uint32_t kPowers[] = {1, 10, 100, 1000, 10'000, 100'000, 1'000'000};
+    uint64_t mantissa = 0;
+    int scale = 0;
+    if (magnitude != 0 && !as_fraction(magnitude, mantissa, scale)) return nullptr;
+    uint64_t whole = mantissa >> scale;
+    uint64_t fraction = mantissa & ((UINT64_C(1) << scale) - 1);
+    if (decimals == 0 || decimals >= std::size(kPowers) || fraction > UINT64_MAX / kPowers[decimals]) return nullptr;
+
+    const uint64_t product = fraction * kPowers[decimals];
+    fraction = product >> scale;
+    const uint64_t rest = product & ((UINT64_C(1) << scale) - 1);
+    const uint64_t half = scale ? UINT64_C(1) << (scale - 1) : UINT64_MAX;
+    if (rest > half || (rest == half && fraction % 2 != 0)) ++fraction;
+    if (fraction == kPowers[decimals]) {
+        fraction = 0;
+        ++whole;
+    }
+    auto digits = static_cast<uint32_t>(fraction);
+    for (unsigned i = 0; i < decimals; ++i, digits /= 10) *--end = static_cast<char>('0' + digits % 10);
+    *--end = '.';
+    return write_digits_before(end, whole, 10, false);
+}
+
 char *write_digits_before(char *end, uint64_t number, unsigned base, bool upper_case) {
     const char *const symbols = upper_case ? "0123456789ABCDEF" : "0123456789abcdef";
     if (base == 10) return write_before<10>(end, number, symbols);
@@ -107,6 +131,12 @@ size_t write_digits(char *text, uint64_t number, unsigned base, bool upper_case)
 // Most numbers are of moderate size, and their digits come one by one from exact integers; the rest is for the library.
 size_t write_decimals(char *text, double magnitude, uint64_t decimals) {
     decimals = std::min(decimals, kMaxDecimals);
+    char usual[2 * kIntegerChars];
+    if (const char *const begin = write_decimals_before(std::end(usual), magnitude, static_cast<unsigned>(decimals))) {
+        const auto count = static_cast<size_t>(std::end(usual) - begin);
+        std::memcpy(text, begin, count);
+        return count;
+    }
     uint64_t mantissa = 0;
     int scale = 0;
     if (magnitude != 0 && !as_fraction(magnitude, mantissa, scale)) {

@@ -19,8 +19,10 @@ constexpr size_t kIntegerChars = 22;
 size_t write_digits(char *text, uint64_t number, unsigned base, bool upper_case);
 size_t write_decimals(char *text, double magnitude, uint64_t decimals);
 
-// Writes the digits of a number so that they end before `end`, and returns where they begin.
+// The same so that they end before `end`; return where they begin. The latter is for few decimals of numbers of usual
+// size, and returns null for others.
 char *write_digits_before(char *end, uint64_t number, unsigned base, bool upper_case);
+char *write_decimals_before(char *end, double magnitude, unsigned decimals);
 
 // Reads a decimal number after blanks and an optional sign, with a point and a power of ten where there are any, up to
 // the first character that does not belong to it; 0 for none. Exact as far as 15 digits.

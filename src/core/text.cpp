@@ -113,11 +113,13 @@ void copy_text(char *to, const char *from, size_t count) {
     }
 }
 
-// Most numbers are small: parts of a time, addresses, degrees.
+// Most numbers are small: parts of a time, addresses, degrees. Three digits each, and room for four to be read at once.
+constexpr size_t kSmallNumbers = 1000;
 constexpr auto kThreeDigits = [] {
-    std::array<std::array<char, 3>, 1000> digits{};
-    for (size_t i = 0; i < digits.size(); ++i)
-        for (size_t place = 3, rest = i; place-- > 0; rest /= 10) digits[i][place] = static_cast<char>('0' + rest % 10);
+    std::array<char, 3 * kSmallNumbers + 1> digits{};
+    for (size_t i = 0; i < kSmallNumbers; ++i)
+        for (size_t place = 3, rest = i; place-- > 0; rest /= 10)
+            digits[3 * i + place] = static_cast<char>('0' + rest % 10);
     return digits;
 }();
 
@@ -248,10 +250,12 @@ void TextWriter::append_any(std::string_view piece) {
 }
 
 void TextWriter::append_digits(uint32_t number, unsigned least_digits, unsigned base) {
-    if (base == 10 && number < std::size(kThreeDigits) && least_digits <= 3) {
+    if (base == 10 && number < kSmallNumbers && least_digits <= 3 && room_ > 3) {
         const unsigned count = std::max(number < 10 ? 1U : number < 100 ? 2U : 3U, least_digits);
-        const auto &digits = kThreeDigits[number];
-        return append({digits.data() + 3 - count, count});
+        std::memcpy(cursor_, &kThreeDigits[3 * number + 3 - count], 4);
+        advance(count);
+        *cursor_ = '\0';
+        return;
     }
     char digits[kLeastDigits + kIntegerChars];
     char *const end = std::end(digits);
@@ -264,10 +268,14 @@ void TextWriter::append_digits(uint32_t number, unsigned least_digits, unsigned 
 void TextWriter::append_decimal(double value, unsigned decimals, unsigned width, bool plus) {
     const bool is_negative = std::signbit(value);
     const bool has_sign = is_negative || plus;
-    if (!std::isfinite(value)) return append_double(*this, {.plus = plus ? '+' : '\0', .width = width}, value);
-    char number[1 + kLeastDigits + kNumberChars];
-    char *begin = number + 1 + kLeastDigits;
-    const char *const end = begin + write_decimals(begin, std::fabs(value), decimals);
+    char number[1 + kLeastDigits + 2 * kIntegerChars];
+    char *const end = std::end(number);
+    char *begin = write_decimals_before(end, std::fabs(value), decimals);
+    if (!begin) {
+        const Conversion to = {
+            .zeros = true, .plus = plus ? '+' : '\0', .width = width, .has_precision = true, .precision = decimals};
+        return append_double(*this, to, value);
+    }
     const size_t least = std::min<size_t>(width, kLeastDigits);
     while (static_cast<size_t>(end - begin) + has_sign < least) *--begin = '0';
     if (has_sign) *--begin = is_negative ? '-' : '+';

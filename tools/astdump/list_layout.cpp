@@ -6,7 +6,6 @@ namespace astdump {
 
 namespace {
 
-constexpr char kNoValue = '-';
 constexpr size_t kGap = 2;
 constexpr uint8_t kAnyWidth = UINT8_MAX;
 
@@ -80,49 +79,37 @@ void ListLayout::prepare() {
         places_[i] = total_;
         if (widths_[i] != 0) total_ += widths_[i] + kGap;
     }
-    for (size_t i = 0; i < kListColumns; ++i)
+    cell_count_ = 0;
+    for (uint8_t i = 0; i < kListColumns; ++i) {
         most_[i] = widths_[i] != 0 ? widths_[i] : has_room_for(i) ? 0 : kAnyWidth;
+        if (widths_[i] != 0 || most_[i] == 0)
+            cells_[cell_count_++] = {i, widths_[i], kColumns[i].right_aligned, places_[i]};
+    }
 }
 
-bool ListLayout::grow(const ListValues &values) {
-    bool has_room = true;
-    for (size_t i = 0; i < kListColumns; ++i) has_room &= values[i].size() <= most_[i];
-    if (has_room) return false;
+void ListLayout::grow(const ListValues &values) {
     for (size_t i = 0; i < kListColumns; ++i) {
         if (values[i].size() <= most_[i]) continue;
         const size_t least = widths_[i] != 0 ? widths_[i] : kColumns[i].width;
         widths_[i] = static_cast<uint8_t>(std::clamp<size_t>(values[i].size(), least, kAnyWidth));
         prepare();
     }
-    return true;
 }
 
 void ListLayout::titles(TextBuffer &out) const {
     ListValues titles;
     std::ranges::transform(kColumns, titles.begin(), &Column::title);
-    put(out, titles);
+    line(out, titles);
 }
 
 void ListLayout::line(TextBuffer &out, const ListValues &values) const {
-    put(out, values);
-    out.put('\n');
+    put(out, 0, [&](char *text, size_t column) { return values[column].copy(text, widths_[column]); });
 }
 
-void ListLayout::put(TextBuffer &out, const ListValues &values) const {
-    const size_t begin = out.size();
-    size_t end = begin;
-    out.pad(total_);
-    for (size_t i = 0; i < kListColumns; ++i) {
-        if (widths_[i] == 0) continue;
-        const size_t size = values[i].empty() ? 1 : std::min<size_t>(values[i].size(), widths_[i]);
-        const size_t place = begin + places_[i] + (kColumns[i].right_aligned ? widths_[i] - size : 0);
-        if (values[i].empty())
-            out.set(place, kNoValue);
-        else
-            out.set(place, values[i].substr(0, size));
-        end = place + size;
-    }
-    out.cut(end);
+// To the right end of its column.
+void ListLayout::push(char *text, size_t size, size_t width) {
+    std::memmove(text + width - size, text, size);
+    std::memset(text, ' ', width - size);
 }
 
 ListValues ListLayout::read(std::string_view line) const {

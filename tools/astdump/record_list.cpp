@@ -1,6 +1,7 @@
 #include "record_list.hpp"
 
 #include <algorithm>
+#include <charconv>
 #include <limits>
 #include <utility>
 
@@ -24,54 +25,69 @@ constexpr uint32_t bit(uint32_t keyword) { return UINT32_C(1) << keyword; }
 // The values of one record after the other.
 class Row {
 public:
+    // Puts the line of a record, unless it does not fit the layout.
+    bool put(TextBuffer &out, const ListLayout &layout, const ast_datarecord_t &record) {
+        look_at(record);
+        return layout.put(out, kKeywordRoom,
+                          [&](char *text, size_t column) { return kWrite[column](*this, record, text); });
+    }
+
+    // Good until the next call.
     ListValues read(const ast_datarecord_t &record) {
-        if (record.category != category_) {
-            category_ = record.category;
-            keywords_ = keywords_of(category_);
-        }
-        text_.clear();
-        for (size_t i = 0; i < kListColumns; ++i) {
-            kPut[i](*this, record);
-            ends_[i] = text_.size();
-        }
+        look_at(record);
         ListValues values;
-        for (size_t i = 0, begin = 0; i < kListColumns; begin = ends_[i++])
-            values[i] = text_.text().substr(begin, ends_[i] - begin);
+        for (size_t i = 0; i < kListColumns; ++i)
+            values[i] = {texts_[i].data(), kWrite[i](*this, record, texts_[i].data())};
         return values;
     }
 
 private:
-    // The first of several quantities that a record has.
-    template <uint32_t... keywords>
-    static void value(Row &row, const ast_datarecord_t &record) {
-        static_cast<void>((... || ((row.keywords_ & bit(keywords)) != 0 && put_keyword(row.text_, record, keywords))));
+    void look_at(const ast_datarecord_t &record) {
+        if (record.category == category_) return;
+        category_ = record.category;
+        keywords_ = keywords_of(category_);
     }
 
-    static void category(Row &row, const ast_datarecord_t &record) { row.text_.number(record.category, 3, '0'); }
-    static void octets(Row &row, const ast_datarecord_t &record) { row.text_.number(record.size); }
+    // The first of several quantities that a record has.
+    template <uint32_t... keywords>
+    static size_t value(const Row &row, const ast_datarecord_t &record, char *text) {
+        size_t size = 0;
+        static_cast<void>(
+            (... || ((row.keywords_ & bit(keywords)) != 0 && (size = write_keyword(text, record, keywords)) != 0)));
+        return size;
+    }
+
+    static size_t category(const Row &, const ast_datarecord_t &record, char *text) {
+        for (uint32_t i = 3, rest = record.category; i-- > 0; rest /= 10) text[i] = static_cast<char>('0' + rest % 10);
+        return 3;
+    }
+
+    static size_t octets(const Row &, const ast_datarecord_t &record, char *text) {
+        return static_cast<size_t>(std::to_chars(text, text + kKeywordRoom, record.size).ptr - text);
+    }
 
     // In the order of the columns.
-    static constexpr std::array<void (*)(Row &row, const ast_datarecord_t &record), kListColumns> kPut = {
-        value<AST_KEYWORD_TIMEOFDAY>,
-        value<AST_KEYWORD_SACSIC>,
-        category,
-        octets,
-        value<AST_KEYWORD_MSGTYPE>,
-        value<AST_KEYWORD_TRACKNUM>,
-        value<AST_KEYWORD_SQUAWK>,
-        value<AST_KEYWORD_CALLSIGN>,
-        value<AST_KEYWORD_ICAOADDR>,
-        value<AST_KEYWORD_FLIGHTLEVEL>,
-        value<AST_KEYWORD_SELALTITUDE>,
-        value<AST_KEYWORD_WGS84COORD, AST_KEYWORD_POLARCOORD>,
-        value<AST_KEYWORD_SPEED>,
-        value<AST_KEYWORD_HEADING>,
-        value<AST_KEYWORD_VRATE>,
-        value<AST_KEYWORD_CARTESIANVEL>,
+    static constexpr std::array<size_t (*)(const Row &row, const ast_datarecord_t &record, char *text), kListColumns>
+        kWrite = {
+            value<AST_KEYWORD_TIMEOFDAY>,
+            value<AST_KEYWORD_SACSIC>,
+            category,
+            octets,
+            value<AST_KEYWORD_MSGTYPE>,
+            value<AST_KEYWORD_TRACKNUM>,
+            value<AST_KEYWORD_SQUAWK>,
+            value<AST_KEYWORD_CALLSIGN>,
+            value<AST_KEYWORD_ICAOADDR>,
+            value<AST_KEYWORD_FLIGHTLEVEL>,
+            value<AST_KEYWORD_SELALTITUDE>,
+            value<AST_KEYWORD_WGS84COORD, AST_KEYWORD_POLARCOORD>,
+            value<AST_KEYWORD_SPEED>,
+            value<AST_KEYWORD_HEADING>,
+            value<AST_KEYWORD_VRATE>,
+            value<AST_KEYWORD_CARTESIANVEL>,
     };
 
-    TextBuffer text_;
-    std::array<size_t, kListColumns> ends_{};
+    std::array<std::array<char, kKeywordRoom>, kListColumns> texts_{};
     uint32_t category_ = std::numeric_limits<uint32_t>::max();
     uint32_t keywords_ = 0;
 };
@@ -89,9 +105,11 @@ public:
         if (out.size() == 0) begin(out, expected_.get());
         for (uint64_t i = 0; i < decoded.block->record_count; ++i) {
             if (!decoded.shown[i]) continue;
-            const ListValues values = row_.read(decoded.block->records[i]);
-            if (layout_.grow(values)) begin(out, layout_.widths());
-            layout_.line(out, values);
+            const ast_datarecord_t &record = decoded.block->records[i];
+            if (row_.put(out, layout_, record)) continue;
+            layout_.grow(row_.read(record));
+            begin(out, layout_.widths());
+            row_.put(out, layout_, record);
         }
     }
 
@@ -209,6 +227,7 @@ void RecordList::header() {
     if (is_headed) return;
     text_.put(style_.on(Color::heading));
     layout_.titles(text_);
+    text_.cut(text_.size() - 1);
     text_.put(style_.off());
     text_.put('\n');
     written_ = true;

@@ -27,18 +27,16 @@ public:
         ++size_;
     }
 
-    // Overwrites what is there.
+    // Overwrites a character.
     void set(size_t place, char character) { characters_[place] = character; }
-    void set(size_t place, std::string_view piece) {
-        if (!piece.empty()) std::memcpy(characters_.get() + place, piece.data(), piece.size());
-    }
 
-    // Lets `write` put a terminated text at the end, given as (text, capacity).
+    // Lets `write` write behind the end, where there are so many characters of room, and return how many it has
+    // written.
     template <typename Write>
-    void put_with(size_t capacity, Write write) {
-        char *const text = room(capacity);
-        write(text, capacity);
-        size_ += std::strlen(text);
+    size_t put_with(size_t capacity, Write write) {
+        const size_t count = write(room(capacity));
+        size_ += count;
+        return count;
     }
 
     void pad(size_t count, char character = ' ') {
@@ -71,15 +69,6 @@ public:
     // Takes the blanks off the end, down to a size.
     void trim(size_t least) {
         while (size_ > least && characters_[size_ - 1] == ' ') --size_;
-    }
-
-    // Takes the blanks off the front of what stands behind a size.
-    void trim_front(size_t begin) {
-        size_t first = begin;
-        while (first < size_ && characters_[first] == ' ') ++first;
-        if (first == begin) return;
-        std::memmove(characters_.get() + begin, characters_.get() + first, size_ - first);
-        size_ -= first - begin;
     }
 
 private:

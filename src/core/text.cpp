@@ -235,12 +235,6 @@ void append_conversion(TextWriter &out, const Conversion &to, Arguments &argumen
 
 } // namespace
 
-TextWriter::TextWriter(char *text, uint64_t capacity)
-    : cursor_(capacity ? text : nullptr),
-      room_(cursor_ ? static_cast<size_t>(std::min<uint64_t>(capacity, SIZE_MAX) - 1) : 0) {
-    if (cursor_) *cursor_ = '\0';
-}
-
 void TextWriter::append_any(std::string_view piece) {
     const size_t count = std::min(piece.size(), room_);
     if (count == 0) return;

@@ -20,7 +20,11 @@ namespace ast {
 
 class TextWriter {
 public:
-    TextWriter(char *text, uint64_t capacity);
+    TextWriter(char *text, uint64_t capacity)
+        : cursor_(capacity ? text : nullptr),
+          room_(cursor_ ? static_cast<size_t>(capacity < SIZE_MAX ? capacity : SIZE_MAX) - 1 : 0) {
+        if (cursor_) *cursor_ = '\0';
+    }
     TextWriter(const TextWriter &) = delete;
     TextWriter &operator=(const TextWriter &) = delete;
 

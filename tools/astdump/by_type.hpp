@@ -11,10 +11,15 @@ namespace astdump {
 template <typename Value>
 class ByType {
 public:
-    Value &operator[](ast_dataitem_type_t type) {
-        auto &category = categories_[type / kTypes % categories_.size()];
+    static constexpr uint32_t kTypes = 1000; // of a category
+
+    Value &operator[](ast_dataitem_type_t type) { return of_category(type / kTypes)[type % kTypes]; }
+
+    // By the number of the item in the category.
+    std::array<Value, kTypes> &of_category(uint32_t number) {
+        auto &category = categories_[number % categories_.size()];
         if (!category) category = std::make_unique<std::array<Value, kTypes>>();
-        return (*category)[type % kTypes];
+        return *category;
     }
 
     // Calls visit(type, value) for all types of these categories, in their order.
@@ -26,8 +31,6 @@ public:
     }
 
 private:
-    static constexpr uint32_t kTypes = 1000; // of a category
-
     std::array<std::unique_ptr<std::array<Value, kTypes>>, 256> categories_{};
 };
 

@@ -1,6 +1,14 @@
 #include "counts.hpp"
 
+#include <span>
+
 namespace astdump {
+
+namespace {
+
+constexpr uint32_t kTypes = ByType<uint64_t>::kTypes;
+
+} // namespace
 
 Counts &Counts::operator+=(const Counts &other) {
     blocks += other.blocks;
@@ -18,12 +26,16 @@ void Counter::add(const DecodedBlock &decoded) {
     counts.invalid += decoded.fault ? 1U : 0U;
     counts.records += decoded.shown.count();
     counts.octets += decoded.octets.size();
+    auto &items = items_.of_category(block.category);
     for (uint64_t r = 0; r < block.record_count; ++r) {
         if (!decoded.shown[r]) continue;
         const ast_datarecord_t &record = block.records[r];
         counts.items += record.item_count;
-        for (uint64_t i = 0; i < record.item_count; ++i)
-            if (items_[record.items[i].type]++ == 0) seen_types_.push_back(record.items[i].type);
+        for (const ast_dataitem_t &item : std::span(record.items, record.item_count)) {
+            const ast_dataitem_type_t number = item.type - block.category * kTypes;
+            uint64_t &count = number < kTypes ? items[number] : items_[item.type];
+            if (count++ == 0) seen_types_.push_back(item.type);
+        }
     }
 }
 

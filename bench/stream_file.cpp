@@ -1,5 +1,5 @@
-// Writes the stream that is measured to standard output, so that other programs can read it, or decodes a file of blocks
-// back to back, each into the same block: what a tool that decodes it cannot be faster than.
+// Writes the stream that is measured to standard output, so that other programs can read it, or decodes a file of
+// blocks back to back, each into the same block: what a tool that decodes it cannot be faster than.
 
 #include <cstdio>
 #include <cstdlib>

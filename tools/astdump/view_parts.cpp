@@ -33,7 +33,7 @@ std::span<const ViewPart> ViewReader::read(std::string_view html) {
     target_ = nullptr;
     rest_ = html;
     while (!rest_.empty())
-        if (!tag()) text();
+        if (rest_.front() != '<' || !tag()) text();
     const auto end = parts_.begin() + static_cast<std::ptrdiff_t>(count_);
     const auto empty = std::stable_partition(parts_.begin(), end, [](const ViewPart &part) {
         return part.kind != ViewPart::Kind::paragraph || !part.text.empty();
@@ -41,9 +41,8 @@ std::span<const ViewPart> ViewReader::read(std::string_view html) {
     return {parts_.begin(), empty};
 }
 
-// Takes one tag, if there is one that the library writes.
+// Takes the tag that begins here, if it is one that the library writes.
 bool ViewReader::tag() {
-    if (rest_.front() != '<') return false;
     const uint64_t head = head_of(rest_);
     for (const Tag &tag : kTags) {
         if ((head & tag.mask) != tag.head) continue;

@@ -256,6 +256,11 @@ uint64_t subfield_size(const Compound &compound, const uint8_t *data, uint64_t a
 const char *subfield_id(const Compound &compound, uint32_t number);
 const char *subfield_name(const Compound &compound, uint32_t number);
 
+// A subfield of an item of that kind by its number, as ast_dataitem_subfields_decode has it; not present where the
+// primary subfield does not announce it.
+ast_subfield_t find_announced(const Compound &compound, const ast_dataitem_t &item, const ast_fspec_t &primary,
+                              uint32_t number);
+
 } // namespace ast
 
 // Defines the compound item of a type over its rows, and its exported functions by their full names: the size of the

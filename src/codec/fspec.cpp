@@ -2,22 +2,12 @@
 
 #include <cstring>
 
-namespace {
-
 using namespace ast;
-
-// The presence bit of an FRN inside its octet.
-constexpr uint8_t frn_mask(uint32_t frn) { return static_cast<uint8_t>(0x80 >> ((frn - 1) % kFrnsPerOctet)); }
-
-constexpr uint64_t frn_octet(uint32_t frn) { return (frn - 1) / kFrnsPerOctet; }
-
-} // namespace
 
 ast_fspec_t ast_fspec_decode(const uint8_t *data, uint64_t available) { return decode_fspec(data, available); }
 
 bool ast_fspec_is_set(const ast_fspec_t *fspec, uint32_t frn) {
-    if (!fspec || !fspec->valid || frn == 0 || frn > fspec->frn_count) return false;
-    return (fspec->data[frn_octet(frn)] & frn_mask(frn)) != 0;
+    return fspec && fspec->valid && frn != 0 && announces(*fspec, frn);
 }
 
 bool ast_fspec_set(uint8_t *octets, uint64_t available, uint32_t frn, bool on) {

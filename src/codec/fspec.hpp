@@ -53,6 +53,16 @@ inline FspecWord read_fspec_word(const uint8_t *data, uint64_t available) {
     return {mirror_octets(word & ((end << 8) - 1)) & ~(kFxOfAll << 7), octets};
 }
 
+// The presence bit of an FRN inside its octet.
+constexpr uint8_t frn_mask(uint32_t frn) { return static_cast<uint8_t>(0x80 >> ((frn - 1) % kFrnsPerOctet)); }
+
+constexpr uint64_t frn_octet(uint32_t frn) { return (frn - 1) / kFrnsPerOctet; }
+
+// Whether a valid FSPEC announces an FRN, which counts from 1.
+inline bool announces(const ast_fspec_t &fspec, uint32_t frn) {
+    return frn <= fspec.frn_count && (fspec.data[frn_octet(frn)] & frn_mask(frn)) != 0;
+}
+
 // Visits the FRN of each set presence bit, in order, for as long as the visitor returns true. Tells whether it always
 // did.
 template <typename Visitor>

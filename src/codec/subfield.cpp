@@ -41,6 +41,25 @@ uint64_t compound_size(const Compound &compound, const uint8_t *data, uint64_t a
     return size <= available ? size : 0;
 }
 
+ast_subfield_t find_announced(const Compound &compound, const ast_dataitem_t &item, const ast_fspec_t &primary,
+                              uint32_t number) {
+    ast_subfield_t found{.type = AST_SUBFIELD_TYPE(item.type, number), .valid = true};
+    uint64_t offset = primary.length;
+    each_frn(primary, [&](uint32_t frn) {
+        if (frn > number) return false;
+        const Rest rest = after(item.data, item.size, offset);
+        const SubfieldRow *const row = find_subfield(compound, frn);
+        const uint64_t size = row ? subfield_size(row->size, rest.data, rest.available) : 0;
+        offset += size;
+        if (frn < number) return true;
+        found.present = true;
+        found.data = rest.data;
+        found.size = size <= rest.available ? size : 0;
+        return false;
+    });
+    return found;
+}
+
 uint64_t subfield_size(const Compound &compound, const uint8_t *data, uint64_t available, uint32_t subfield_type) {
     const SubfieldRow *const row = find_subfield(compound, subfield_number(subfield_type));
     if (row) return subfield_size(row->size, data, available);
@@ -104,10 +123,11 @@ uint64_t ast_dataitem_subfields_get_size(const uint8_t *data, uint64_t available
 ast_subfields_t ast_dataitem_subfields_decode(const ast_dataitem_t *item) {
     ast_subfields_t result{};
     if (!is_readable(item)) return result;
-    result.primary = ast_fspec_decode(item->data, item->size);
+    result.primary = decode_fspec(item->data, item->size);
     if (!result.primary.valid) return result;
     result.valid = true;
 
+    const Compound *const compound = find_compound(item->type);
     const uint64_t defined = ast_dataitem_subfields_get_number(item->type);
     const uint64_t listed = std::min({result.primary.frn_count, defined, uint64_t{AST_SUBFIELDS_MAX}});
     uint64_t offset = result.primary.length;
@@ -116,11 +136,11 @@ ast_subfields_t ast_dataitem_subfields_decode(const ast_dataitem_t *item) {
         ast_subfield_t &subfield = result.subfields[result.subfield_count];
         subfield.type = AST_SUBFIELD_TYPE(item->type, number);
         subfield.valid = true;
-        if (!ast_fspec_is_set(&result.primary, number)) continue;
+        if (!announces(result.primary, number)) continue;
         const Rest rest = after(item->data, item->size, offset);
         subfield.present = true;
         subfield.data = rest.data;
-        const uint64_t size = ast_subfield_get_size(rest.data, rest.available, subfield.type);
+        const uint64_t size = subfield_size(compound->rows[number - 1].size, rest.data, rest.available);
         subfield.size = size <= rest.available ? size : 0; // more only where the item's size is not its own rule's
         offset += size;
     }

@@ -1,10 +1,12 @@
 #include "core/text.hpp"
 
 #include <algorithm>
+#include <array>
 #include <climits>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
+#include <iterator>
 
 #include "core/number.hpp"
 
@@ -88,7 +90,48 @@ void append_repeated(TextWriter &out, char character, uint64_t count) {
     }
 }
 
-// A sign and digits, in at least the width of the conversion; `zeros` of them stand before the digits in any case.
+// Pieces of text are short: most are copied faster than they are handed to another function. By words that overlap.
+template <typename Word>
+void copy_ends(char *to, const char *from, size_t count) {
+    Word first;
+    Word last;
+    std::memcpy(&first, from, sizeof first);
+    std::memcpy(&last, from + count - sizeof last, sizeof last);
+    std::memcpy(to, &first, sizeof first);
+    std::memcpy(to + count - sizeof last, &last, sizeof last);
+}
+
+void copy_text(char *to, const char *from, size_t count) {
+    if (count > 2 * sizeof(uint64_t)) {
+        std::memcpy(to, from, count);
+    } else if (count >= sizeof(uint64_t)) {
+        copy_ends<uint64_t>(to, from, count);
+    } else if (count >= sizeof(uint32_t)) {
+        copy_ends<uint32_t>(to, from, count);
+    } else {
+        for (size_t i = 0; i < count; ++i) to[i] = from[i];
+    }
+}
+
+// Most numbers are small: parts of a time, addresses, degrees. Three digits each, and room for four to be read at once.
+constexpr size_t kSmallNumbers = 1000;
+constexpr auto kThreeDigits = [] {
+    std::array<char, 3 * kSmallNumbers + 1> digits{};
+    for (size_t i = 0; i < kSmallNumbers; ++i)
+        for (size_t place = 3, rest = i; place-- > 0; rest /= 10)
+            digits[3 * i + place] = static_cast<char>('0' + rest % 10);
+    return digits;
+}();
+
+// Digits and other characters that append_digits() and append_decimal() fill up to.
+constexpr size_t kLeastDigits = 16;
+
+// A number within these is put together before it is appended, at once.
+constexpr size_t kUsualZeros = 8;
+constexpr size_t kUsualDigits = 24;
+
+// A sign of one character at most and digits, in at least the width of the conversion; `zeros` of them stand before the
+// digits in any case.
 void append_number(TextWriter &out, const Conversion &to, std::string_view sign, uint64_t zeros,
                    std::string_view digits, bool pads_with_zeros) {
     const uint64_t length = sign.size() + zeros + digits.size();
@@ -96,6 +139,13 @@ void append_number(TextWriter &out, const Conversion &to, std::string_view sign,
     if (pads_with_zeros && !to.left) {
         zeros += padding;
         padding = 0;
+    }
+    if (zeros <= kUsualZeros && digits.size() <= kUsualDigits && padding == 0) {
+        char number[1 + kUsualZeros + kUsualDigits];
+        char *end = std::copy(sign.begin(), sign.end(), number);
+        end = std::fill_n(end, zeros, '0');
+        end = std::copy(digits.begin(), digits.end(), end);
+        return out.append({number, static_cast<size_t>(end - number)});
     }
     if (!to.left) append_repeated(out, ' ', padding);
     out.append(sign);
@@ -126,6 +176,7 @@ void append_double(TextWriter &out, const Conversion &to, double value) {
 }
 
 void append_padded(TextWriter &out, const Conversion &to, std::string_view piece) {
+    if (to.width <= piece.size()) return out.append(piece);
     const uint64_t padding = to.width > piece.size() ? to.width - piece.size() : 0;
     if (!to.left) append_repeated(out, ' ', padding);
     out.append(piece);
@@ -184,18 +235,45 @@ void append_conversion(TextWriter &out, const Conversion &to, Arguments &argumen
 
 } // namespace
 
-TextWriter::TextWriter(char *text, uint64_t capacity)
-    : cursor_(capacity ? text : nullptr),
-      room_(cursor_ ? static_cast<size_t>(std::min<uint64_t>(capacity, SIZE_MAX) - 1) : 0) {
-    if (cursor_) *cursor_ = '\0';
-}
-
-void TextWriter::append(std::string_view piece) {
-    if (!room_ || piece.empty()) return;
+void TextWriter::append_any(std::string_view piece) {
     const size_t count = std::min(piece.size(), room_);
-    std::memcpy(cursor_, piece.data(), count);
+    if (count == 0) return;
+    copy_text(cursor_, piece.data(), count);
     advance(count);
     *cursor_ = '\0';
+}
+
+void TextWriter::append_digits(uint32_t number, unsigned least_digits, unsigned base) {
+    if (base == 10 && number < kSmallNumbers && least_digits <= 3 && room_ > 3) {
+        const unsigned count = std::max(number < 10 ? 1U : number < 100 ? 2U : 3U, least_digits);
+        std::memcpy(cursor_, &kThreeDigits[3 * number + 3 - count], 4);
+        advance(count);
+        *cursor_ = '\0';
+        return;
+    }
+    char digits[kLeastDigits + kIntegerChars];
+    char *const end = std::end(digits);
+    char *begin = write_digits_before(end, number, base, true);
+    char *const wanted = end - std::min<size_t>(least_digits, kLeastDigits);
+    while (begin > wanted) *--begin = '0';
+    append({begin, static_cast<size_t>(end - begin)});
+}
+
+void TextWriter::append_decimal(double value, unsigned decimals, unsigned width, bool plus) {
+    const bool is_negative = std::signbit(value);
+    const bool has_sign = is_negative || plus;
+    char number[1 + kLeastDigits + 2 * kIntegerChars];
+    char *const end = std::end(number);
+    char *begin = write_decimals_before(end, std::fabs(value), decimals);
+    if (!begin) {
+        const Conversion to = {
+            .zeros = true, .plus = plus ? '+' : '\0', .width = width, .has_precision = true, .precision = decimals};
+        return append_double(*this, to, value);
+    }
+    const size_t least = std::min<size_t>(width, kLeastDigits);
+    while (static_cast<size_t>(end - begin) + has_sign < least) *--begin = '0';
+    if (has_sign) *--begin = is_negative ? '-' : '+';
+    append({begin, static_cast<size_t>(end - begin)});
 }
 
 void TextWriter::print(const char *format, ...) {
@@ -210,9 +288,9 @@ void TextWriter::print_list(const char *format, va_list list) {
     Arguments arguments;
     va_copy(arguments.list, list);
     while (*format != '\0') {
-        const size_t plain = std::strcspn(format, "%");
-        append({format, plain});
-        format += plain;
+        const char *const plain = format;
+        while (*format != '%' && *format != '\0') ++format;
+        append({plain, static_cast<size_t>(format - plain)});
         if (*format == '\0') break;
         append_conversion(*this, parse(++format), arguments);
     }
@@ -224,12 +302,6 @@ void TextWriter::print_foreign(const char *format, va_list arguments) {
     const size_t window = std::min<size_t>(room_ + 1, INT_MAX);
     const int wanted = std::vsnprintf(cursor_, window, format, arguments);
     if (wanted > 0) advance(std::min(static_cast<size_t>(wanted), window - 1));
-}
-
-void TextWriter::advance(size_t count) {
-    cursor_ += count;
-    room_ -= count;
-    length_ += count;
 }
 
 void append_received(TextWriter &out, std::string_view text) {

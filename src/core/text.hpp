@@ -5,6 +5,7 @@
 #include <cstdarg>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 #include "ast.h"
@@ -19,11 +20,26 @@ namespace ast {
 
 class TextWriter {
 public:
-    TextWriter(char *text, uint64_t capacity);
+    TextWriter(char *text, uint64_t capacity)
+        : cursor_(capacity ? text : nullptr),
+          room_(cursor_ ? static_cast<size_t>(capacity < SIZE_MAX ? capacity : SIZE_MAX) - 1 : 0) {
+        if (cursor_) *cursor_ = '\0';
+    }
     TextWriter(const TextWriter &) = delete;
     TextWriter &operator=(const TextWriter &) = delete;
 
-    void append(std::string_view piece);
+    // Literals need no call.
+    void append(std::string_view piece) {
+        if (!__builtin_constant_p(piece.size()) || piece.empty() || piece.size() > room_) return append_any(piece);
+        std::memcpy(cursor_, piece.data(), piece.size());
+        advance(piece.size());
+        *cursor_ = '\0';
+    }
+
+    // Numbers as print() has them, without a format to be read: what "%.4u", "%.4o" or "%.4X" makes of one, by base,
+    // and what "%+08.3f" does, with or without the plus. At most 16 digits are asked for.
+    void append_digits(uint32_t number, unsigned least_digits, unsigned base = 10);
+    void append_decimal(double value, unsigned decimals, unsigned width, bool plus = false);
 
     // Formats as printf does in the C locale, whatever the host's locale is. Understands the conversions c d f i o s u
     // x X and %, the flags - + 0 and blank, widths, precisions, and the lengths l, ll and z.
@@ -47,7 +63,13 @@ public:
     bool is_full() const { return room_ == 0; }
 
 private:
-    void advance(size_t count);
+    void append_any(std::string_view piece);
+
+    void advance(size_t count) {
+        cursor_ += count;
+        room_ -= count;
+        length_ += count;
+    }
 
     char *cursor_;
     size_t room_; // characters that still fit, the terminator not counted

@@ -17,10 +17,9 @@ constexpr uint64_t kIdentityOctets = kIdentityChars * kIdentityCharBits / 8;
 
 // A code without a character ends the text there, but the characters behind it are kept.
 inline void read_identity(char (&text)[kIdentityChars + 1], const uint8_t *octets) {
-    for (unsigned i = 0; i < kIdentityChars; ++i) {
-        const unsigned first = i * kIdentityCharBits + 1;
-        text[i] = ast_icao_to_ansi(static_cast<uint8_t>(field(octets, first, first + kIdentityCharBits - 1)));
-    }
+    uint64_t packed = uint64_t{read_u16(octets)} << 32 | read_u32(octets + 2);
+    for (unsigned i = kIdentityChars; i-- > 0; packed >>= kIdentityCharBits)
+        text[i] = ast_icao_to_ansi(static_cast<uint8_t>(packed & 0x3F));
     text[kIdentityChars] = '\0';
 }
 

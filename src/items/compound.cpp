@@ -9,18 +9,23 @@ namespace {
 template <typename Visit>
 void with_subfield(const Compound &compound, const ast_dataitem_t *item, uint32_t subfield_type, Visit visit) {
     if (!is_readable(item) || item->type != compound.type) return;
-    const ast_subfields_t subfields = ast_dataitem_subfields_decode(item);
+    const ast_fspec_t primary = decode_fspec(item->data, item->size);
+    if (!primary.valid) return;
     const uint32_t number = subfield_number(subfield_type);
     const SubfieldRow *const row = find_subfield(compound, number);
     const SubfieldHandlers *const handlers = row ? row->handlers : nullptr;
-    const bool is_asked =
-        ast_fspec_is_set(&subfields.primary, number) || (!handlers && compound.summarizes_unknown_subfields);
-    if (!subfields.valid || !is_asked) return;
-    const bool is_listed = number >= 1 && number <= subfields.subfield_count;
-    visit(is_listed ? subfields.subfields[number - 1] : ast_subfield_t{}, handlers);
+    const bool is_announced = number != 0 && announces(primary, number);
+    if (is_announced || (!handlers && compound.summarizes_unknown_subfields))
+        visit(find_announced(compound, *item, primary, number), handlers);
 }
 
 } // namespace
+
+void read_subfield_of(const Compound &compound, const ast_dataitem_t *item, uint32_t number, void *item_value) {
+    with_subfield(compound, item, number, [&](const ast_subfield_t &subfield, const SubfieldHandlers *handlers) {
+        if (handlers && is_whole(subfield)) handlers->read(item_value, subfield);
+    });
+}
 
 void summarize_subfield(const Compound &compound, char *text, uint64_t capacity, const ast_dataitem_t *item,
                         uint32_t subfield_type) {

@@ -101,6 +101,9 @@ constexpr bool fill(const SubfieldRow (&rows)[N]) {
     return true;
 }
 
+// Fills the member of one subfield alone, by its number, where the item has it.
+void read_subfield_of(const Compound &compound, const ast_dataitem_t *item, uint32_t number, void *item_value);
+
 void summarize_subfield(const Compound &compound, char *text, uint64_t capacity, const ast_dataitem_t *item,
                         uint32_t subfield_type);
 void show_subfield(const Compound &compound, char *text, uint64_t capacity, const ast_dataitem_t *item,

@@ -46,12 +46,22 @@ char fold(char character) {
 
 void show_sacsic(TextWriter &out, const ast_datarecord_t *record, uint32_t) {
     const auto source = ast_datarecord_get_sacsic(record);
-    if (source.valid) out.print("%.3u/%.3u", source.sac, source.sic);
+    if (!source.valid) return;
+    out.append_digits(source.sac, 3);
+    out.append("/");
+    out.append_digits(source.sic, 3);
 }
 
 void show_timeofday(TextWriter &out, const ast_datarecord_t *record, uint32_t) {
     const auto time = ast_datarecord_get_timeofday(record);
-    if (time.valid) out.print("%02u:%02u:%02u.%03u", time.hour, time.minute, time.second, time.millisecond);
+    if (!time.valid) return;
+    out.append_digits(time.hour, 2);
+    out.append(":");
+    out.append_digits(time.minute, 2);
+    out.append(":");
+    out.append_digits(time.second, 2);
+    out.append(".");
+    out.append_digits(time.millisecond, 3);
 }
 
 void show_msgtype(TextWriter &out, const ast_datarecord_t *record, uint32_t) {
@@ -60,20 +70,23 @@ void show_msgtype(TextWriter &out, const ast_datarecord_t *record, uint32_t) {
 
 void show_tracknum(TextWriter &out, const ast_datarecord_t *record, uint32_t) {
     const auto number = ast_datarecord_get_tracknum(record);
-    if (number.valid) out.print("%u", number.value);
+    if (number.valid) out.append_digits(number.value, 1);
 }
 
 void show_squawk(TextWriter &out, const ast_datarecord_t *record, uint32_t) {
     const auto squawk = ast_datarecord_get_squawk(record);
     if (!squawk.valid) return;
-    out.print("%.4o", squawk.code);
+    out.append_digits(squawk.code, 4, 8);
     if (squawk.not_validated) out.append("V");
     if (squawk.garbled) out.append("G");
     if (squawk.smoothed) out.append("L");
 }
 
 void show_feet(TextWriter &out, const ast_quantity_t &altitude) {
-    if (altitude.valid) out.print("%.5d", static_cast<int>(altitude.value));
+    if (!altitude.valid) return;
+    const auto feet = static_cast<int64_t>(static_cast<int>(altitude.value));
+    if (feet < 0) out.append("-");
+    out.append_digits(static_cast<uint32_t>(std::abs(feet)), 5);
 }
 
 void show_flightlevel(TextWriter &out, const ast_datarecord_t *record, uint32_t) {
@@ -91,7 +104,7 @@ void show_callsign(TextWriter &out, const ast_datarecord_t *record, uint32_t) {
 
 void show_icaoaddr(TextWriter &out, const ast_datarecord_t *record, uint32_t) {
     const auto aircraft = ast_datarecord_get_icaoaddr(record);
-    if (aircraft.valid) out.print("%.6X", aircraft.address);
+    if (aircraft.valid) out.append_digits(aircraft.address, 6, 16);
 }
 
 void show_wgs84coord(TextWriter &out, const ast_datarecord_t *record, uint32_t position_format) {
@@ -107,7 +120,9 @@ void show_wgs84coord(TextWriter &out, const ast_datarecord_t *record, uint32_t p
         out.append(ast_latlong_to_str_very_high(latitude, longitude));
         break;
     case AST_POSITION_DEGREES:
-        out.print("%09.6f, %010.6f", latitude, longitude);
+        out.append_decimal(latitude, 6, 9);
+        out.append(", ");
+        out.append_decimal(longitude, 6, 10);
         break;
     default:
         out.append(ast_latlong_to_str(latitude, longitude));
@@ -116,30 +131,44 @@ void show_wgs84coord(TextWriter &out, const ast_datarecord_t *record, uint32_t p
 
 void show_polarcoord(TextWriter &out, const ast_datarecord_t *record, uint32_t) {
     const auto position = ast_datarecord_get_polarcoord(record);
-    if (position.valid) out.print("R:%08.4f T:%06.2f", position.rho_nm, position.theta_deg);
+    if (!position.valid) return;
+    out.append("R:");
+    out.append_decimal(position.rho_nm, 4, 8);
+    out.append(" T:");
+    out.append_decimal(position.theta_deg, 2, 6);
 }
 
 void show_speed(TextWriter &out, const ast_datarecord_t *record, uint32_t) {
     const auto speed = ast_datarecord_get_speed(record);
-    if (speed.valid) out.print("%04.2f", speed.value);
+    if (speed.valid) out.append_decimal(speed.value, 2, 4);
 }
 
 void show_heading(TextWriter &out, const ast_datarecord_t *record, uint32_t) {
     const auto heading = ast_datarecord_get_heading(record);
     if (!heading.valid) return;
-    if (heading.magnetic.valid) out.print("M:%06.2f", heading.magnetic.value);
+    if (heading.magnetic.valid) {
+        out.append("M:");
+        out.append_decimal(heading.magnetic.value, 2, 6);
+    }
     if (heading.magnetic.valid && heading.track.valid) out.append(" ");
-    if (heading.track.valid) out.print("T:%06.2f", heading.track.value);
+    if (heading.track.valid) {
+        out.append("T:");
+        out.append_decimal(heading.track.value, 2, 6);
+    }
 }
 
 void show_cartesianvel(TextWriter &out, const ast_datarecord_t *record, uint32_t) {
     const auto velocity = ast_datarecord_get_cartesianvel(record);
-    if (velocity.valid) out.print("VX:%+07.2f VY:%+07.2f", velocity.vx_m_s, velocity.vy_m_s);
+    if (!velocity.valid) return;
+    out.append("VX:");
+    out.append_decimal(velocity.vx_m_s, 2, 7, true);
+    out.append(" VY:");
+    out.append_decimal(velocity.vy_m_s, 2, 7, true);
 }
 
 void show_vrate(TextWriter &out, const ast_datarecord_t *record, uint32_t) {
     const auto rate = ast_datarecord_get_vrate(record);
-    if (rate.valid) out.print("%+08.2f", rate.value);
+    if (rate.valid) out.append_decimal(rate.value, 2, 8, true);
 }
 
 // ---- Which keywords a record can be asked for ----

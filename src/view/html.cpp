@@ -20,6 +20,19 @@ void append_hex(TextWriter &out, uint8_t octet) {
     out.append({text, sizeof text});
 }
 
+// A cell for each of the eight bits.
+void append_bit_cells(TextWriter &out, std::string_view bits) {
+    constexpr std::string_view kCell = "<td>0</td>";
+    constexpr size_t kBitPlace = 4;
+    char cells[kCell.size() * BinaryOctet::kChars];
+    for (size_t i = 0; i < BinaryOctet::kChars; ++i) {
+        char *const cell = cells + i * kCell.size();
+        std::memcpy(cell, kCell.data(), kCell.size());
+        cell[kBitPlace] = bits[i];
+    }
+    out.append({cells, sizeof cells});
+}
+
 } // namespace
 
 namespace ast {
@@ -73,9 +86,15 @@ void HtmlWriter::row_begin(bool is_header) {
 }
 
 void HtmlWriter::cell(bool is_header, std::string_view content) {
-    append(is_header ? "<th>" : "<td>");
-    append(content);
-    append(is_header ? "</th>" : "</td>");
+    if (is_header) {
+        append("<th>");
+        append(content);
+        append("</th>");
+    } else {
+        append("<td>");
+        append(content);
+        append("</td>");
+    }
 }
 
 void HtmlWriter::row_end(bool is_header) {
@@ -110,7 +129,9 @@ void HtmlWriter::bit_table(const uint8_t *octets, uint64_t count) {
     for (uint64_t row = 0; row < count; row += kOctetsPerRow) {
         append("<tr class=\"caption_row\">");
         for (uint64_t i = row; i < row + kOctetsPerRow; ++i) {
-            print("<th colspan=8>Octet %zu - ", static_cast<size_t>(i + 1));
+            append("<th colspan=8>Octet ");
+            append_digits(static_cast<uint32_t>(i + 1), 1);
+            append(" - ");
             if (i < count)
                 append_hex(*this, octets[i]);
             else
@@ -119,8 +140,7 @@ void HtmlWriter::bit_table(const uint8_t *octets, uint64_t count) {
         }
         append("</tr><tr class=\"data_row\">");
         for (uint64_t i = row; i < row + kOctetsPerRow; ++i)
-            for (unsigned bit = 0x80; bit; bit >>= 1)
-                append(i >= count ? "<td>-</td>" : (octets[i] & bit) ? "<td>1</td>" : "<td>0</td>");
+            append_bit_cells(*this, i < count ? std::string_view(BinaryOctet(octets[i])) : "--------");
         append("</tr>");
     }
     append("</table>");

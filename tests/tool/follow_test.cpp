@@ -153,7 +153,7 @@ TEST(Udp, ListsWhatARadarSends) {
     Command command;
     ASSERT_EQ(std::system((simulate + "--output " + command.directory() + "/radar.pcap").c_str()), 0);
     const std::string selection = "--list --category 34,48 --where callsign ";
-    const Result written = command.run(selection + "radar.pcap");
+    const Result written = command.run("--quiet radar.pcap; cat radar.pcap | " ASTDUMP " " + selection + "-");
     Background tool(command, selection + "udp://127.0.0.1:0");
     const std::string address = "udp://127.0.0.1:" + std::to_string(port_of(tool));
     ASSERT_EQ(std::system((simulate + "--speed 60 --send " + address).c_str()), 0);

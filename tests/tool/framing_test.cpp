@@ -124,7 +124,7 @@ TEST(Json, DataOfNoBlockStaysNone) {
     EXPECT_NE(result.err.find("offset 0: category 000: LEN is 1, less than the block header; 3 octets skipped\n"),
               std::string::npos)
         << result.err;
-    EXPECT_NE(result.out.find(" 034 "), std::string::npos) << result.out;
+    EXPECT_NE(result.out.find("\n034 "), std::string::npos) << result.out;
 }
 
 TEST(Json, ABlockThatWouldBeTooLongIsSeveral) {

@@ -108,7 +108,7 @@ TEST(Convert, ThereAndBack) {
     const std::string columns = " --json --category 34 | grep -v octets";
     EXPECT_EQ(command.run("--convert 34,48 old.pcap --write new.pcap").status, 0);
     EXPECT_EQ(command.run("new.pcap" + columns).out, command.run(kCapture + columns).out);
-    const std::string chosen = " --list --where squawk=7700 | cut -c 15-24,40-58";
+    const std::string chosen = " --csv sacsic,track,squawk --where squawk=7700";
     EXPECT_EQ(command.run("new.pcap" + chosen).out, command.run(kCapture + chosen).out);
 }
 

@@ -14,6 +14,7 @@ class DamageLog {
 public:
     // With `each`, reports are shown as they come; else those of one reason are one line, at the end of their file.
     DamageLog(bool color, bool each) : color_(color), each_(each) {}
+    bool shows_each() const { return each_; }
 
     // The file that the reports that follow are about. Of a live one, the first report of each reason is shown at once.
     void set_file(const std::string &name, bool is_live);

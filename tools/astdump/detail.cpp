@@ -12,11 +12,86 @@ constexpr size_t kIndent = 14; // below the names of the items
 constexpr size_t kIndentStep = 2;
 constexpr size_t kGapChars = 2;
 
+// A summary stands behind its length in an octet.
+constexpr size_t kMostSummaryChars = 255;
+
+// As the library cuts them in its tables of subfields. A number of two digits shows its first.
+constexpr size_t kNumberChars = 1;
+constexpr size_t kSizeChars = 3;
+
+std::string_view summary_at(std::string_view text) { return text.substr(1, static_cast<uint8_t>(text.front())); }
+
 } // namespace
 
 void Detail::item(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading) {
+    if (is_compound(item.type) && compound(out, item, reading)) return;
+    fragment(out, views_.detail(item, reading));
+}
+
+bool Detail::is_compound(ast_dataitem_type_t type) {
+    std::optional<bool> &known = compounds_[type];
+    if (!known) known = ast_dataitem_get_func(type).get_detail_html == ast_dataitem_subfields_get_detail_html;
+    return *known;
+}
+
+// Puts together what the library's view of a compound item shows: a table of the subfields that are there, then the
+// fields of each. Many subfields are those of items before, though the items are not. A summary with markup is left to
+// the reader of views.
+bool Detail::compound(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading) {
+    const ast_subfields_t decoded = ast_dataitem_subfields_decode(&item);
+    if (!decoded.valid) return false;
+    texts_.clear();
+    subfields_.clear();
+    for (uint64_t i = 0; i < decoded.subfield_count; ++i) {
+        const ast_subfield_t &present = decoded.subfields[i];
+        if (!present.present) continue;
+        subfields_.push_back({present.type, texts_.size(), std::to_string(i + 1).substr(0, kNumberChars),
+                              std::to_string(present.size).substr(0, kSizeChars)});
+        memo_.put(texts_, present.type, {present.data, present.size}, reading.number,
+                  [&](TextBuffer &to) { subfield(to, item, reading, static_cast<uint32_t>(i + 1)); });
+    }
+
+    overview_.kind = ViewPart::Kind::table;
+    overview_.is_headed = true;
+    overview_.cells.assign({"Subfield", "ID", "Name", "Size", "Existing", "Summary"});
+    overview_.row_begins.assign({0});
+    for (const Subfield &present : subfields_) {
+        const std::string_view summary = summary_at(texts_.text().substr(present.begin));
+        if (summary.find('<') != std::string_view::npos) return false;
+        overview_.row_begins.push_back(overview_.cells.size());
+        overview_.cells.insert(overview_.cells.end(),
+                               {present.number, ast_subfield_get_id(present.type), ast_subfield_get_name(present.type),
+                                present.size, "1", summary});
+    }
+    title(out, "Primary Subfield");
+    table(out, overview_);
+    put_lines(out);
+    return true;
+}
+
+// What stands behind the summaries.
+void Detail::put_lines(TextBuffer &out) const {
+    for (size_t i = 0; i < subfields_.size(); ++i) {
+        const size_t end = i + 1 < subfields_.size() ? subfields_[i + 1].begin : texts_.size();
+        const std::string_view text = texts_.text().substr(subfields_[i].begin, end - subfields_[i].begin);
+        out.put(text.substr(1 + summary_at(text).size()));
+    }
+}
+
+// The summary behind its length in one octet, then the lines.
+void Detail::subfield(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading, uint32_t number) {
+    const std::string summary = views_.subfield_summary(item, reading, number).substr(0, kMostSummaryChars);
+    out.put(static_cast<char>(summary.size()));
+    out.put(summary);
+    html_ = "<h4>Subfield #" + std::to_string(number) + " - " +
+            ast_subfield_get_name(AST_SUBFIELD_TYPE(item.type, number)) + "</h4>";
+    html_ += views_.subfield_detail(item, reading, number);
+    fragment(out, html_);
+}
+
+void Detail::fragment(TextBuffer &out, std::string_view html) {
     below_title_ = false;
-    choose_parts(reader_.read(views_.detail(item, reading)));
+    choose_parts(reader_.read(html));
     for (const ViewPart *const part : parts_) {
         switch (part->kind) {
         case ViewPart::Kind::title:

@@ -1,7 +1,13 @@
 // The detail view of an item as aligned lines of text.
 #pragma once
 
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "by_type.hpp"
 #include "item_views.hpp"
+#include "memo.hpp"
 #include "terminal.hpp"
 #include "text_buffer.hpp"
 #include "view_parts.hpp"
@@ -14,6 +20,11 @@ public:
     void item(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading);
 
 private:
+    bool is_compound(ast_dataitem_type_t type);
+    bool compound(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading);
+    void subfield(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading, uint32_t number);
+    void put_lines(TextBuffer &out) const;
+    void fragment(TextBuffer &out, std::string_view html);
     void choose_parts(std::span<const ViewPart> parts);
     void choose_rows(const ViewPart &table);
     void title(TextBuffer &out, std::string_view text);
@@ -30,6 +41,20 @@ private:
     std::vector<const ViewPart *> parts_;
     std::vector<ViewPart::Row> rows_;
     std::vector<size_t> widths_;
+
+    // Compound items.
+    struct Subfield {
+        uint32_t type;
+        size_t begin; // of its text among the others
+        std::string number;
+        std::string size;
+    };
+    ByType<std::optional<bool>> compounds_;
+    Memo memo_;
+    TextBuffer texts_;
+    std::vector<Subfield> subfields_;
+    ViewPart overview_{};
+    std::string html_;
 };
 
 } // namespace astdump

@@ -18,6 +18,8 @@ constexpr std::string_view kIsThere = "<td>1</td>"; // the cell in front of the 
 constexpr std::string_view kSubfield = "<h4>Subfield #";
 constexpr std::string_view kNoView = "<p></p>";
 
+constexpr size_t kSummaryOctets = 64; // of a subfield, as the library cuts it in its table of them
+
 constexpr std::string_view kSpare = "---"; // the id of subfields that there are not
 
 // The fields that a compound item holds, without those inside them.
@@ -83,6 +85,23 @@ std::string_view ItemViews::detail(const ast_dataitem_t &item, const Reading &re
     complete_table(html.substr(0, table), subject);
     complete_subfields(html.substr(table), subject);
     return text_;
+}
+
+std::string ItemViews::subfield_summary(const ast_dataitem_t &item, const Reading &reading, uint32_t number) {
+    char text[kSummaryOctets];
+    ast_subfield_get_summary(text, sizeof text, &item, AST_SUBFIELD_TYPE(item.type, number));
+    const std::string summary = text;
+    if (!summary.empty() && summary != kNoSummary) return summary;
+    const std::string own = Subject{item, reading, values_}.subfield(number, &ItemValues::summary);
+    return own.empty() ? summary : own;
+}
+
+std::string ItemViews::subfield_detail(const ast_dataitem_t &item, const Reading &reading, uint32_t number) {
+    const auto view = [&](char *to, uint64_t capacity, const ast_dataitem_t *of) {
+        ast_subfield_get_detail_html(to, capacity, of, AST_SUBFIELD_TYPE(of->type, number));
+    };
+    const std::string_view html = views_.show(view, item);
+    return html.empty() ? Subject{item, reading, values_}.subfield(number, &ItemValues::table) : std::string(html);
 }
 
 // Takes the table of subfields, with summaries where those that are there have none. A row stands for each number.

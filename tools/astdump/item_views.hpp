@@ -15,6 +15,10 @@ public:
     }
     std::string_view detail(const ast_dataitem_t &item, const Reading &reading);
 
+    // The same for a subfield of a compound item, without its title and bits.
+    std::string subfield_summary(const ast_dataitem_t &item, const Reading &reading, uint32_t number);
+    std::string subfield_detail(const ast_dataitem_t &item, const Reading &reading, uint32_t number);
+
 private:
     struct Subject; // a compound item, whose values are taken when they are first asked for
 

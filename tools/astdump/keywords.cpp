@@ -1,6 +1,7 @@
 #include "keywords.hpp"
 
 #include <algorithm>
+#include <cstring>
 #include <iterator>
 
 #include "shared_items.hpp"
@@ -17,8 +18,6 @@ constexpr std::string_view kNames[] = {
 };
 static_assert(std::size(kNames) == AST_KEYWORDS);
 
-constexpr size_t kTextOctets = 128; // more than any value takes
-
 } // namespace
 
 std::optional<uint32_t> find_keyword(std::string_view name) {
@@ -33,15 +32,61 @@ std::string keyword_names() {
     return names;
 }
 
+namespace {
+
+// By the items that categories share, for those without accessors.
+size_t write_shared_item(char *text, const ast_datarecord_t &record, uint32_t keyword) {
+    thread_local TextBuffer shared;
+    shared.clear();
+    put_shared_item(shared, record, keyword);
+    return shared.text().copy(text, kKeywordRoom);
+}
+
+} // namespace
+
+size_t write_keyword(char *text, const ast_datarecord_t &record, uint32_t keyword) {
+    ast_datarecord_get_keyword(text, kKeywordRoom, &record, keyword, AST_POSITION_DEGREES);
+    size_t size = std::strlen(text);
+    while (size != 0 && text[size - 1] == ' ') --size;
+    if (size == 0) return write_shared_item(text, record, keyword);
+    if (*text == ' ') {
+        const std::string_view value =
+            std::string_view(text, size).substr(std::string_view(text, size).find_first_not_of(' '));
+        std::memmove(text, value.data(), value.size());
+        size = value.size();
+    }
+    make_printable({text, size});
+    return size;
+}
+
 bool put_keyword(TextBuffer &out, const ast_datarecord_t &record, uint32_t keyword) {
-    char buffer[kTextOctets];
-    ast_datarecord_get_keyword(buffer, sizeof buffer, &record, keyword, AST_POSITION_DEGREES);
-    const char *first = buffer;
-    while (*first == ' ') ++first;
-    const size_t begin = out.size();
-    put_printable(out, first);
-    out.trim(begin);
-    return out.size() > begin || put_shared_item(out, record, keyword);
+    return out.put_with(kKeywordRoom, [&](char *text) { return write_keyword(text, record, keyword); }) != 0;
+}
+
+uint32_t keywords_of(uint32_t category) {
+    const ast_datarecord_func_t functions = ast_datarecord_get_func(category);
+    const bool has_keyword[] = {
+        true, // as far as shared items go
+        true,
+        true,
+        functions.get_tracknum != nullptr,
+        functions.get_squawk != nullptr,
+        functions.get_flightlevel != nullptr,
+        functions.get_selaltitude != nullptr,
+        functions.get_callsign != nullptr,
+        functions.get_icaoaddr != nullptr,
+        functions.get_coordinate != nullptr,
+        functions.get_polarcoord != nullptr,
+        functions.get_speed != nullptr,
+        functions.get_heading != nullptr,
+        functions.get_cartesianvel != nullptr,
+        functions.get_vrate != nullptr,
+    };
+    static_assert(std::size(has_keyword) == AST_KEYWORDS);
+    uint32_t keywords = 0;
+    for (size_t i = 0; i < std::size(has_keyword); ++i)
+        if (has_keyword[i]) keywords |= UINT32_C(1) << i;
+    return keywords;
 }
 
 std::string_view keyword_text(const ast_datarecord_t &record, uint32_t keyword) {

@@ -17,8 +17,15 @@ std::optional<uint32_t> find_keyword(std::string_view name);
 // All names, "sacsic, time, ...".
 std::string keyword_names();
 
+// Those that records of a category can have, each as a bit.
+uint32_t keywords_of(uint32_t category);
+
 // A record's value as text without blanks around it; empty when it has none. Good until the next call of the thread.
 std::string_view keyword_text(const ast_datarecord_t &record, uint32_t keyword);
+
+// The same written where it is wanted, which takes so many characters; returns how many it is.
+constexpr size_t kKeywordRoom = 128; // more than any value takes
+size_t write_keyword(char *text, const ast_datarecord_t &record, uint32_t keyword);
 
 // Puts it, and returns whether there is one.
 bool put_keyword(TextBuffer &out, const ast_datarecord_t &record, uint32_t keyword);

@@ -4,6 +4,7 @@
 #include <csignal>
 #include <cstdio>
 #include <exception>
+#include <limits>
 #include <unistd.h>
 
 #include "csv.hpp"
@@ -37,6 +38,14 @@ std::unique_ptr<Top> make_top(const Options &options, Output &out, const DamageL
     return top;
 }
 
+// What is not shown on a terminal takes lines of any length.
+RecordList::Form list_form(const Options &options) {
+    constexpr size_t kAnyLength = std::numeric_limits<size_t>::max();
+    return {.columns = is_terminal(stdout) ? columns(stdout) : kAnyLength,
+            .color = use_color(options, stdout),
+            .name_files = options.files.size() > 1 && !options.merge};
+}
+
 Sinks make_sinks(const Options &options, Output &out, const DamageLog &damage, Waiting &waiting) {
     Sinks sinks;
     const bool color = use_color(options, stdout);
@@ -49,7 +58,7 @@ Sinks make_sinks(const Options &options, Output &out, const DamageLog &damage, W
     else if (!options.csv.empty())
         sinks.push_back(std::make_unique<Csv>(out, options.csv, options.files.size() > 1, options.merge));
     else if (options.list)
-        sinks.push_back(std::make_unique<RecordList>(out, color, options.files.size() > 1, options.merge));
+        sinks.push_back(std::make_unique<RecordList>(out, list_form(options)));
     else if (!options.quiet && options.html.empty() && options.write.empty())
         sinks.push_back(std::make_unique<Listing>(out, Listing::Form{columns(stdout), color,
                                                                      options.files.size() > 1 && !options.merge,

@@ -1,5 +1,5 @@
-// Texts of items, kept: what a view says of an item depends on its type, its octets and how they are read alone, and
-// many items of a recording say what others have said before.
+// Texts of items and subfields, kept: what a view says of one depends on its type, its octets and how they are read
+// alone, and many of a recording say what others have said before.
 #pragma once
 
 #include <array>
@@ -20,9 +20,16 @@ public:
     // Puts the text of an item, which `write` puts if it is not known. `reading` is the number of its reading.
     template <typename Write>
     void put(TextBuffer &out, const ast_dataitem_t &item, uint32_t reading, Write write) {
-        Use &use = uses_[item.type];
-        if (item.size == 0 || item.size > kMaxOctets || is_video(item) || !use.is_worthwhile()) return write(out);
-        const Key key(item, reading);
+        if (is_video(item)) return write(out);
+        put(out, item.type, {item.data, item.size}, reading, write);
+    }
+
+    // The same for anything that its type and octets tell all about.
+    template <typename Write>
+    void put(TextBuffer &out, uint32_t type, Octets octets, uint32_t reading, Write write) {
+        Use &use = uses_[type];
+        if (octets.empty() || octets.size() > kMaxOctets || !use.is_worthwhile()) return write(out);
+        const Key key(type, octets, reading);
         Entry &entry = entries_[key.hash() % kEntries];
         if (entry.key == key) {
             ++use.found;
@@ -67,17 +74,18 @@ private:
     // The octets are taken by words that overlap, since the size stands beside them, in eight bits.
     struct Key {
         Key() = default;
-        Key(const ast_dataitem_t &item, uint32_t reading)
-            : words{uint64_t{item.type} << 32 | uint64_t{reading} << 8 | item.size} {
-            const uint8_t *const end = item.data + item.size;
-            if (item.size >= 8) {
-                words[1] = load<uint64_t>(item.data);
+        Key(uint32_t type, Octets octets, uint32_t reading)
+            : words{uint64_t{type} << 32 | uint64_t{reading} << 8 | octets.size()} {
+            const uint8_t *const begin = octets.data();
+            const uint8_t *const end = begin + octets.size();
+            if (octets.size() >= 8) {
+                words[1] = load<uint64_t>(begin);
                 words[2] = load<uint64_t>(end - 8);
-                if (item.size > 16) words[3] = load<uint64_t>(item.data + 8);
-            } else if (item.size >= 4) {
-                words[1] = uint64_t{load<uint32_t>(item.data)} << 32 | load<uint32_t>(end - 4);
+                if (octets.size() > 16) words[3] = load<uint64_t>(begin + 8);
+            } else if (octets.size() >= 4) {
+                words[1] = uint64_t{load<uint32_t>(begin)} << 32 | load<uint32_t>(end - 4);
             } else {
-                words[1] = uint64_t{item.data[0]} << 16 | uint64_t{item.data[item.size / 2]} << 8 | end[-1];
+                words[1] = uint64_t{begin[0]} << 16 | uint64_t{begin[octets.size() / 2]} << 8 | end[-1];
             }
         }
 

@@ -1,7 +1,9 @@
 #include "record_list.hpp"
 
 #include <algorithm>
-#include <iterator>
+#include <charconv>
+#include <limits>
+#include <utility>
 
 #include "keywords.hpp"
 #include "text.hpp"
@@ -10,132 +12,236 @@ namespace astdump {
 
 namespace {
 
-constexpr std::string_view kNoValue = "-";
-constexpr std::string_view kGap = "  ";
+// Lines that are held back to see what they hold.
+constexpr size_t kDecidingLines = 1000;
 
-void category(const ast_datarecord_t &record, TextBuffer &out) { out.number(record.category, 3, '0'); }
+// Stands before lines of one layout, with the widths of its columns behind it. No line holds it.
+constexpr char kLayoutMark = '\0';
+constexpr size_t kMarkOctets = 1 + sizeof(ListWidths);
 
-void octets(const ast_datarecord_t &record, TextBuffer &out) { out.number(record.size); }
+constexpr size_t kNoLimit = std::numeric_limits<size_t>::max();
 
-// The first of several quantities that a record has.
-template <uint32_t... keywords>
-void value(const ast_datarecord_t &record, TextBuffer &out) {
-    static_cast<void>((... || put_keyword(out, record, keywords)));
-}
+constexpr uint32_t bit(uint32_t keyword) { return UINT32_C(1) << keyword; }
 
-struct Column {
-    const char *title;
-    size_t width;
-    void (*put)(const ast_datarecord_t &record, TextBuffer &out);
-    bool right_aligned = false;
+// The values of one record after the other.
+class Row {
+public:
+    // The file that the records come from, where several are merged; else null.
+    void set_file(const std::string *file) { file_ = file; }
+
+    // Puts the line of a record, unless it does not fit the layout.
+    bool put(TextBuffer &out, const ListLayout &layout, const ast_datarecord_t &record) {
+        look_at(record);
+        return layout.put(out, kKeywordRoom,
+                          [&](char *text, size_t column) { return kWrite[column](*this, record, text); });
+    }
+
+    // Good until the next call.
+    ListValues read(const ast_datarecord_t &record) {
+        look_at(record);
+        ListValues values;
+        for (size_t i = 0; i < kListColumns; ++i)
+            values[i] = {texts_[i].data(), kWrite[i](*this, record, texts_[i].data())};
+        return values;
+    }
+
+private:
+    void look_at(const ast_datarecord_t &record) {
+        if (record.category == category_) return;
+        category_ = record.category;
+        keywords_ = keywords_of(category_);
+    }
+
+    // The first of several quantities that a record has.
+    template <uint32_t... keywords>
+    static size_t value(const Row &row, const ast_datarecord_t &record, char *text) {
+        size_t size = 0;
+        static_cast<void>(
+            (... || ((row.keywords_ & bit(keywords)) != 0 && (size = write_keyword(text, record, keywords)) != 0)));
+        return size;
+    }
+
+    static size_t category(const Row &, const ast_datarecord_t &record, char *text) {
+        for (uint32_t i = 3, rest = record.category; i-- > 0; rest /= 10) text[i] = static_cast<char>('0' + rest % 10);
+        return 3;
+    }
+
+    static size_t octets(const Row &, const ast_datarecord_t &record, char *text) {
+        return static_cast<size_t>(std::to_chars(text, text + kKeywordRoom, record.size).ptr - text);
+    }
+
+    static size_t file(const Row &row, const ast_datarecord_t &, char *text) {
+        return row.file_ ? readable(*row.file_).copy(text, kKeywordRoom) : 0;
+    }
+
+    // In the order of the columns.
+    static constexpr std::array<size_t (*)(const Row &row, const ast_datarecord_t &record, char *text), kListColumns>
+        kWrite = {
+            value<AST_KEYWORD_TIMEOFDAY>,
+            value<AST_KEYWORD_SACSIC>,
+            category,
+            octets,
+            value<AST_KEYWORD_MSGTYPE>,
+            value<AST_KEYWORD_TRACKNUM>,
+            value<AST_KEYWORD_SQUAWK>,
+            value<AST_KEYWORD_CALLSIGN>,
+            value<AST_KEYWORD_ICAOADDR>,
+            value<AST_KEYWORD_FLIGHTLEVEL>,
+            value<AST_KEYWORD_SELALTITUDE>,
+            value<AST_KEYWORD_WGS84COORD, AST_KEYWORD_POLARCOORD>,
+            value<AST_KEYWORD_SPEED>,
+            value<AST_KEYWORD_HEADING>,
+            value<AST_KEYWORD_VRATE>,
+            value<AST_KEYWORD_CARTESIANVEL>,
+            file,
+    };
+
+    std::array<std::array<char, kKeywordRoom>, kListColumns> texts_{};
+    uint32_t category_ = std::numeric_limits<uint32_t>::max();
+    uint32_t keywords_ = 0;
+    const std::string *file_ = nullptr;
 };
 
-constexpr Column kColumns[] = {
-    {"Time", 12, value<AST_KEYWORD_TIMEOFDAY>},
-    {"SAC/SIC", 7, value<AST_KEYWORD_SACSIC>},
-    {"Cat", 3, category},
-    {"Octets", 6, octets, true},
-    {"Type", 6, value<AST_KEYWORD_MSGTYPE>},
-    {"Track", 5, value<AST_KEYWORD_TRACKNUM>, true},
-    {"Squawk", 6, value<AST_KEYWORD_SQUAWK>},
-    {"Callsign", 8, value<AST_KEYWORD_CALLSIGN>},
-    {"ICAO", 6, value<AST_KEYWORD_ICAOADDR>},
-    {"Height ft", 9, value<AST_KEYWORD_FLIGHTLEVEL>, true},
-    {"Selected ft", 11, value<AST_KEYWORD_SELALTITUDE>, true},
-    {"Position", 21, value<AST_KEYWORD_WGS84COORD, AST_KEYWORD_POLARCOORD>},
-    {"Speed kt", 8, value<AST_KEYWORD_SPEED>, true},
-    {"Heading", 17, value<AST_KEYWORD_HEADING>},
-    {"ft/min", 8, value<AST_KEYWORD_VRATE>, true},
-    {"Velocity m/s", 12, value<AST_KEYWORD_CARTESIANVEL>},
-};
-static_assert(std::size(kColumns) == kRecordListColumns);
-
-// A value stands behind its length in one octet: no value is longer.
-std::string_view take_value(std::string_view &rendered) {
-    const auto length = static_cast<uint8_t>(rendered.front());
-    const std::string_view value = rendered.substr(1, length);
-    rendered.remove_prefix(1 + size_t{length});
-    return value;
+void put_mark(TextBuffer &out, const ListWidths &widths) {
+    out.put(kLayoutMark);
+    out.put({reinterpret_cast<const char *>(widths.data()), widths.size()});
 }
 
 class ListRenderer : public Renderer {
+public:
+    ListRenderer(const RecordList::Expected &expected, size_t limit) : expected_(expected), layout_(limit) {}
+
     void block(const DecodedBlock &decoded, TextBuffer &out) override {
-        for (uint64_t i = 0; i < decoded.block->record_count; ++i)
-            if (decoded.shown[i]) {
-                record(decoded.block->records[i], out);
-                if (decoded.datagram->file) file(*decoded.datagram->file, out);
-            }
-    }
-
-    // As values are: behind its length in one octet.
-    static void file(std::string_view name, TextBuffer &out) {
-        name = name.substr(0, 255);
-        out.put(static_cast<char>(name.size()));
-        put_printable(out, name);
-    }
-
-    static void record(const ast_datarecord_t &record, TextBuffer &out) {
-        for (const Column &column : kColumns) {
-            const size_t place = out.size();
-            out.put('\0');
-            column.put(record, out);
-            if (out.size() == place + 1) out.put(kNoValue);
-            out.set(place, static_cast<char>(out.size() - place - 1));
+        if (out.size() == 0) begin(out, expected_.get());
+        row_.set_file(decoded.datagram->file);
+        for (uint64_t i = 0; i < decoded.block->record_count; ++i) {
+            if (!decoded.shown[i]) continue;
+            const ast_datarecord_t &record = decoded.block->records[i];
+            if (row_.put(out, layout_, record)) continue;
+            layout_.grow(row_.read(record));
+            begin(out, layout_.widths());
+            row_.put(out, layout_, record);
         }
     }
+
+private:
+    void begin(TextBuffer &out, const ListWidths &widths) {
+        layout_.set(widths);
+        put_mark(out, widths);
+    }
+
+    const RecordList::Expected &expected_;
+    ListLayout layout_;
+    Row row_;
 };
 
-void put_cell(TextBuffer &line, std::string_view text, size_t width, bool right_aligned) {
-    if (right_aligned)
-        line.right(text, width);
-    else
-        line.left(text, width);
-    line.put(kGap);
+// Takes the first line, without its end.
+std::string_view take_line(std::string_view &lines) {
+    const size_t size = lines.find('\n');
+    const std::string_view line = lines.substr(0, size);
+    lines.remove_prefix(size + 1);
+    return line;
 }
 
 } // namespace
 
-RecordList::RecordList(Output &out, bool color, bool name_files, bool merged)
-    : out_(out), style_(color), name_files_(name_files && !merged), merged_(merged) {
-    std::ranges::transform(kColumns, widths_.begin(), &Column::width);
-}
+RecordList::RecordList(Output &out, const Form &form)
+    : out_(out),
+      style_(form.color),
+      limit_(form.columns),
+      name_files_(form.name_files),
+      given_(kNoLimit),
+      layout_(form.columns) {}
 
-std::unique_ptr<Renderer> RecordList::renderer() const { return std::make_unique<ListRenderer>(); }
+std::unique_ptr<Renderer> RecordList::renderer() const { return std::make_unique<ListRenderer>(expected_, limit_); }
 
 void RecordList::file(const std::string &name) {
-    if (!name_files_) return;
-    out_.write(std::string(headed_ ? "\n" : "") + style_.on(Color::heading) + "==> " + name + " <==" + style_.off() +
-               '\n');
-    headed_ = false;
+    flush();
+    if (name_files_)
+        out_.write(std::string(written_ ? "\n" : "") + style_.on(Color::heading) + "==> " + name +
+                   " <==" + style_.off() + '\n');
+    written_ = is_decided_ = false;
+    headed_ = widest_ = {};
+    expected_.set(usual_list_widths());
 }
 
-void RecordList::header() {
-    lines_.put(style_.on(Color::heading));
-    const size_t begin = lines_.size();
-    for (size_t i = 0; i < std::size(kColumns); ++i)
-        put_cell(lines_, kColumns[i].title, widths_[i], kColumns[i].right_aligned);
-    if (merged_) lines_.put("File");
-    lines_.trim(begin);
-    lines_.put(style_.off());
-    lines_.put('\n');
-    headed_ = true;
+// What columns will hold cannot be known.
+void RecordList::live() {
+    widest_ = usual_list_widths();
+    decide();
+}
+
+void RecordList::flush() {
+    if (held_lines_ != 0) decide();
 }
 
 void RecordList::take(std::string_view rendered) {
-    lines_.clear();
-    if (!headed_ && !rendered.empty()) header();
     while (!rendered.empty()) {
-        const size_t begin = lines_.size();
-        for (size_t i = 0; i < std::size(kColumns); ++i) {
-            const std::string_view text = take_value(rendered);
-            widths_[i] = std::max(widths_[i], text.size());
-            put_cell(lines_, text, widths_[i], kColumns[i].right_aligned);
+        if (rendered.front() == kLayoutMark) {
+            ListWidths widths;
+            std::copy_n(rendered.begin() + 1, widths.size(), widths.begin());
+            given_.set(widths);
+            rendered.remove_prefix(kMarkOctets);
         }
-        if (merged_) lines_.put(take_value(rendered));
-        lines_.trim(begin);
-        lines_.put('\n');
+        const std::string_view alike = rendered.substr(0, rendered.find(kLayoutMark));
+        rendered.remove_prefix(alike.size());
+        lines(alike);
     }
-    out_.write(lines_.text());
+    expected_.set(is_decided_ ? layout_.widths() : usual_list_widths());
+}
+
+void RecordList::lines(std::string_view lines) {
+    if (!is_decided_) hold(lines);
+    text_.clear();
+    while (!lines.empty() && given_.widths() != layout_.widths()) again(lines);
+    if (!lines.empty()) header();
+    out_.write(text_.text());
+    out_.write(lines);
+}
+
+// Lays a line out again.
+void RecordList::again(std::string_view &lines) {
+    const ListValues values = given_.read(take_line(lines));
+    layout_.grow(values);
+    header();
+    layout_.line(text_, values);
+}
+
+// Takes the lines that are still to be seen; when they have been, the columns are decided.
+void RecordList::hold(std::string_view &lines) {
+    put_mark(held_, given_.widths());
+    while (!lines.empty() && held_lines_ < kDecidingLines) {
+        const std::string_view line = take_line(lines);
+        widen(widest_, given_.read(line));
+        held_.put(line);
+        held_.put('\n');
+        ++held_lines_;
+    }
+    if (held_lines_ == kDecidingLines) decide();
+}
+
+void RecordList::decide() {
+    is_decided_ = true;
+    held_lines_ = 0;
+    layout_.choose(widest_);
+    const ListWidths given = given_.widths();
+    const TextBuffer held = std::exchange(held_, {});
+    take(held.text());
+    given_.set(given);
+}
+
+// Where columns have joined.
+void RecordList::header() {
+    const auto is_there = [](uint8_t width) { return width != 0; };
+    const bool is_headed = std::ranges::equal(headed_, layout_.widths(), {}, is_there, is_there);
+    headed_ = layout_.widths();
+    if (is_headed) return;
+    text_.put(style_.on(Color::heading));
+    layout_.titles(text_);
+    text_.cut(text_.size() - 1);
+    text_.put(style_.off());
+    text_.put('\n');
+    written_ = true;
 }
 
 } // namespace astdump

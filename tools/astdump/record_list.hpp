@@ -1,41 +1,80 @@
 // The list: a line per record with the common quantities in columns.
 #pragma once
 
-#include <array>
+#include <mutex>
 #include <string>
 
+#include "list_layout.hpp"
 #include "output.hpp"
 #include "sink.hpp"
 #include "terminal.hpp"
 
 namespace astdump {
 
-constexpr size_t kRecordListColumns = 16;
-
-// What is rendered are the values alone. The lines are laid out as they are taken: columns grow when a value takes
-// more, so that later lines stay aligned.
+// Lines are laid out where they are rendered, by the layout that the lines before them will most likely have led to.
+// Those of another layout are laid out again as they are taken, so that what is written does not depend on threads and
+// chunks.
+//
+// The first lines of a file are held back: they decide which columns there are, and how wide. A column that is missed
+// later joins below a header of its own, and one grows when a value takes more.
 class RecordList : public Sink {
 public:
-    // Names the files when there are several: above their lines, or, where they are merged, at the end of each.
-    RecordList(Output &out, bool color, bool name_files, bool merged);
+    struct Form {
+        size_t columns; // that lines may take
+        bool color;
+        bool name_files; // above their lines
+    };
+    RecordList(Output &out, const Form &form);
 
     std::unique_ptr<Renderer> renderer() const override;
     size_t chunk_octets() const override { return size_t{64} * 1024; }
     uint64_t shows(const DecodedBlock &decoded) const override { return decoded.shown.count(); }
     void file(const std::string &name) override;
+    void live() override;
     void take(std::string_view rendered) override;
-    void finish(uint64_t) override {}
+    void flush() override;
+    void finish(uint64_t) override { flush(); }
+
+    // What is to be taken next will most likely have this layout.
+    class Expected {
+    public:
+        ListWidths get() const {
+            const std::lock_guard lock(mutex_);
+            return widths_;
+        }
+        void set(const ListWidths &widths) {
+            const std::lock_guard lock(mutex_);
+            widths_ = widths;
+        }
+
+    private:
+        mutable std::mutex mutex_;
+        ListWidths widths_ = usual_list_widths();
+    };
 
 private:
+    void lines(std::string_view lines);
+    void again(std::string_view &lines);
+    void hold(std::string_view &lines);
+    void decide();
     void header();
 
     Output &out_;
     Style style_;
+    size_t limit_;
     bool name_files_;
-    bool merged_;
-    bool headed_ = false;
-    TextBuffer lines_;
-    std::array<size_t, kRecordListColumns> widths_;
+    bool written_ = false; // lines of the file before
+
+    ListLayout given_; // of what is taken
+    ListLayout layout_;
+    ListWidths headed_{}; // the layout of the last header
+    Expected expected_;
+
+    bool is_decided_ = false;
+    TextBuffer held_; // as it was taken
+    size_t held_lines_ = 0;
+    ListWidths widest_{}; // of their values
+    TextBuffer text_;
 };
 
 } // namespace astdump

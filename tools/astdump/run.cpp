@@ -99,6 +99,7 @@ void Run::start_file(const std::string &name, const Input &input) {
     for (const auto &sink : sinks_) {
         sink->file(name);
         sink->framing(input.framing());
+        if (input.is_live()) sink->live();
     }
 }
 
@@ -158,6 +159,7 @@ bool Run::write(Job &job) {
     size_t taken = 0;
     for (const Report &report : rendered.damage.reports()) {
         if (!sinks_.empty()) sinks_.front()->take(rendered.texts.front().text().substr(taken, report.place - taken));
+        if (!sinks_.empty() && damage_.shows_each()) sinks_.front()->flush();
         taken = report.place;
         damage_.show(report);
     }

@@ -1,7 +1,9 @@
 #include "shared_items.hpp"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
+#include <string>
 #include <string_view>
 
 namespace astdump {
@@ -73,18 +75,50 @@ void put_message_type(void *context, const ast_field_value_t *value) {
 constexpr ast_field_value_visitor_t kPut[] = {put_sac_sic, put_time_of_day, put_message_type};
 static_assert(AST_KEYWORD_SACSIC == 0 && AST_KEYWORD_TIMEOFDAY == 1 && AST_KEYWORD_MSGTYPE == 2);
 
+// A record has most of what the last one had.
+struct Last {
+    static constexpr size_t kOctets = 8;
+
+    bool is(const ast_dataitem_t &item, const ast_uap_t &uap) const {
+        return item.type == type && item.size == size && uap.get_dataitem == get_dataitem &&
+               std::equal(item.data, item.data + item.size, octets.begin());
+    }
+
+    void keep(const ast_dataitem_t &item, const ast_uap_t &uap, std::string_view shown) {
+        if (item.size > kOctets) return;
+        type = item.type;
+        size = item.size;
+        get_dataitem = uap.get_dataitem;
+        std::copy_n(item.data, item.size, octets.begin());
+        text = shown;
+    }
+
+    ast_dataitem_type_t type = AST_DATAITEM_NONE;
+    uint64_t size = 0;
+    ast_dataitem_type_t (*get_dataitem)(uint32_t category, uint32_t frn) = nullptr;
+    std::array<uint8_t, kOctets> octets{};
+    std::string text;
+};
+
 } // namespace
 
 bool put_shared_item(TextBuffer &out, const ast_datarecord_t &record, uint32_t keyword) {
     if (keyword >= std::size(kPut)) return false;
     const ast_dataitem_type_t type = AST_DATAITEM_TYPE(record.category, numbers_of(record.category).items[keyword]);
-    for (uint64_t i = 0; i < record.item_count; ++i) {
-        if (record.items[i].type != type) continue;
+    const auto *const end = record.items + record.item_count;
+    const auto *const item = std::find_if(record.items, end, [&](const ast_dataitem_t &i) { return i.type == type; });
+    if (item == end) return false;
+    thread_local std::array<Last, std::size(kPut)> lasts;
+    Last &last = lasts[keyword];
+    const size_t begin = out.size();
+    if (last.is(*item, record.uap)) {
+        out.put(last.text);
+    } else {
         Values values{out};
-        ast_dataitem_walk(&record.items[i], record.uap, 0, kPut[keyword], &values);
-        return values.count != 0;
+        ast_dataitem_walk(item, record.uap, 0, kPut[keyword], &values);
+        last.keep(*item, record.uap, out.text().substr(begin));
     }
-    return false;
+    return out.size() > begin;
 }
 
 } // namespace astdump

@@ -47,9 +47,15 @@ public:
     // Whether it has use for what is counted.
     virtual bool counts() const { return false; }
 
+    // They come as they are sent: none of them waits for those behind it.
+    virtual void live() {}
+
     // What has been rendered, in pieces that end with a block; and what has been counted in a chunk.
     virtual void take(std::string_view rendered) = 0;
     virtual void count(const Tally &) {}
+
+    // Something else is shown next, behind what has been taken.
+    virtual void flush() {}
 
     // No block follows; so many octets have been read.
     virtual void finish(uint64_t octets_read) = 0;

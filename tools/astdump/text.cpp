@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <asio/ip/address_v6.hpp>
+#include <cstring>
 #include <ctime>
 #include <iterator>
 
@@ -85,16 +86,33 @@ namespace {
 
 bool is_foreign(char c) { return c < ' ' || c > '~'; }
 
+// Eight at a time: one that is below a blank borrows, one above a tilde carries or has its highest bit set already, and
+// what that does to its neighbours matters no more.
+bool any_foreign(std::string_view text) {
+    constexpr uint64_t kOnes = 0x0101010101010101;
+    constexpr uint64_t kHighest = 0x80 * kOnes;
+    uint64_t eight;
+    for (; text.size() >= sizeof eight; text.remove_prefix(sizeof eight)) {
+        std::memcpy(&eight, text.data(), sizeof eight);
+        if ((((eight - ' ' * kOnes) | (eight + kOnes) | eight) & kHighest) != 0) return true;
+    }
+    return std::ranges::any_of(text, is_foreign);
+}
+
 } // namespace
+
+void make_printable(std::span<char> text) {
+    if (any_foreign({text.data(), text.size()})) std::ranges::replace_if(text, is_foreign, '.');
+}
 
 std::string printable(std::string_view text) {
     std::string result(text);
-    std::ranges::replace_if(result, is_foreign, '.');
+    make_printable(result);
     return result;
 }
 
 void put_printable(TextBuffer &out, std::string_view text) {
-    if (std::ranges::none_of(text, is_foreign)) return out.put(text);
+    if (!any_foreign(text)) return out.put(text);
     out.put(printable(text));
 }
 

@@ -1,6 +1,7 @@
 // Small texts that several outputs share.
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -30,6 +31,7 @@ void put_counted(TextBuffer &out, uint64_t count, std::string_view noun);
 // Items carry whatever octets were recorded as characters: all but printable ASCII becomes a dot, so that nothing
 // reaches a terminal or a browser that acts on it.
 std::string printable(std::string_view text);
+void make_printable(std::span<char> text);
 void put_printable(TextBuffer &out, std::string_view text);
 
 // Names of files and what messages quote may hold any character of UTF-8; those that a terminal acts on or does not

@@ -39,6 +39,15 @@ public:
     // Overwrites a character.
     void set(size_t place, char character) { characters_[place] = character; }
 
+    // Lets `write` write behind the end, where there are so many characters of room, and return how many it has
+    // written.
+    template <typename Write>
+    size_t put_with(size_t capacity, Write write) {
+        const size_t count = write(room(capacity));
+        size_ += count;
+        return count;
+    }
+
     void pad(size_t count, char character = ' ') {
         if (count == 0) return;
         std::memset(room(count), character, count);

@@ -1,13 +1,29 @@
 #include "view_parts.hpp"
 
 #include <algorithm>
+#include <bit>
+#include <cstring>
 
 namespace astdump {
 
 namespace {
 
 constexpr std::string_view kTableEnd = "</table>";
-constexpr size_t kShortestTag = 3;
+
+// Where the next table ends, these characters are found fastest: few of a table are an a.
+constexpr std::string_view kEndOfTableEnd = "able>";
+
+using Characters = std::array<char, sizeof(uint64_t)>;
+
+// The first characters of a text as one number; zeros behind its end.
+uint64_t head_of(std::string_view text) {
+    Characters head{};
+    if (text.size() >= head.size())
+        std::memcpy(head.data(), text.data(), head.size());
+    else
+        std::ranges::copy(text, head.begin());
+    return std::bit_cast<uint64_t>(head);
+}
 
 } // namespace
 
@@ -17,7 +33,7 @@ std::span<const ViewPart> ViewReader::read(std::string_view html) {
     target_ = nullptr;
     rest_ = html;
     while (!rest_.empty())
-        if (!tag()) text();
+        if (rest_.front() != '<' || !tag()) text();
     const auto end = parts_.begin() + static_cast<std::ptrdiff_t>(count_);
     const auto empty = std::stable_partition(parts_.begin(), end, [](const ViewPart &part) {
         return part.kind != ViewPart::Kind::paragraph || !part.text.empty();
@@ -25,19 +41,23 @@ std::span<const ViewPart> ViewReader::read(std::string_view html) {
     return {parts_.begin(), empty};
 }
 
-// Takes one tag, if there is one that the library writes.
+// Takes the tag that begins here, if it is one that the library writes.
 bool ViewReader::tag() {
-    if (rest_.size() < kShortestTag || rest_.front() != '<') return false;
-    const auto found = std::ranges::find_if(kTags, [&](const Tag &tag) {
-        return tag.start[1] == rest_[1] && tag.start[2] == rest_[2] && rest_.starts_with(tag.start);
-    });
-    if (found == kTags.end()) return false;
-    const size_t end = rest_.find('>', found->start.size() - 1);
-    if (end == std::string_view::npos) return false;
-    attributes_ = rest_.substr(0, end).substr(std::min(end, found->start.size()));
-    rest_.remove_prefix(end + 1);
-    if (found->act) (this->*found->act)();
-    return true;
+    const uint64_t head = head_of(rest_);
+    for (const Tag &tag : kTags) {
+        if ((head & tag.mask) != tag.head) continue;
+        if (tag.start.size() > sizeof head && !rest_.starts_with(tag.start)) continue;
+        size_t end = tag.start.size() - 1;
+        if (!tag.is_whole) {
+            end = rest_.find('>', end);
+            if (end == std::string_view::npos) return false;
+            attributes_ = rest_.substr(0, end).substr(std::min(end, tag.start.size()));
+        }
+        rest_.remove_prefix(end + 1);
+        if (tag.act) (this->*tag.act)();
+        return true;
+    }
+    return false;
 }
 
 // Takes the text up to what may be the next tag.
@@ -75,7 +95,10 @@ void ViewReader::detail_table() {
     close();
 }
 
-void ViewReader::other_table() { rest_.remove_prefix(std::min(rest_.find(kTableEnd), rest_.size())); }
+void ViewReader::other_table() {
+    const size_t end = rest_.find(kEndOfTableEnd);
+    rest_.remove_prefix(end == std::string_view::npos ? rest_.size() : end + kEndOfTableEnd.size());
+}
 
 bool ViewReader::in_table() const { return count_ != 0 && parts_[count_ - 1].kind == ViewPart::Kind::table; }
 
@@ -99,6 +122,18 @@ void ViewReader::link() { address_ = attributes_.substr(0, attributes_.find('"')
 void ViewReader::link_end() {
     append(" ");
     append(address_);
+}
+
+constexpr ViewReader::Tag::Tag(std::string_view tag, void (ViewReader::*action)())
+    : start(tag), act(action), is_whole(tag.back() == '>') {
+    Characters head_characters{};
+    Characters mask_characters{};
+    for (size_t i = 0; i < tag.size() && i < head_characters.size(); ++i) {
+        head_characters[i] = tag[i];
+        mask_characters[i] = static_cast<char>(-1);
+    }
+    head = std::bit_cast<uint64_t>(head_characters);
+    mask = std::bit_cast<uint64_t>(mask_characters);
 }
 
 // The most frequent first.

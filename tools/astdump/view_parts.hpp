@@ -40,8 +40,13 @@ public:
 
 private:
     struct Tag {
+        constexpr Tag(std::string_view tag, void (ViewReader::*action)());
+
         std::string_view start;
         void (ViewReader::*act)();
+        bool is_whole; // has no attributes
+        uint64_t head; // its first characters
+        uint64_t mask; // of as many as it has
     };
     static const std::array<Tag, 16> kTags;
 

@@ -15,8 +15,8 @@ class Views {
 public:
     // What a view of the library writes of a thing; good until the next call. Views cut their text at the capacity, so
     // one that fills it is asked again with more.
-    template <typename Thing>
-    std::string_view show(void (*view)(char *text, uint64_t capacity, const Thing *thing), const Thing &thing) {
+    template <typename View, typename Thing>
+    std::string_view show(View view, const Thing &thing) {
         for (;; buffer_.resize(2 * buffer_.size())) {
             view(buffer_.data(), buffer_.size(), &thing);
             const std::string_view text = buffer_.c_str();

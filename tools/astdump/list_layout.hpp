@@ -1,0 +1,100 @@
+// The columns of the list: which there are, how wide they are, and lines of them.
+#pragma once
+
+#include <array>
+#include <cstring>
+#include <span>
+#include <string_view>
+
+#include "text_buffer.hpp"
+
+namespace astdump {
+
+constexpr size_t kListColumns = 17;
+
+// What a record has, by column; empty where it has nothing.
+using ListValues = std::array<std::string_view, kListColumns>;
+
+// In characters, at most 255.
+using ListWidths = std::array<uint8_t, kListColumns>;
+
+class ListLayout {
+public:
+    // No columns; never wider than so many characters, but for values that are wider than usual.
+    explicit ListLayout(size_t limit) : limit_(limit) { prepare(); }
+
+    // Those of the columns that fit, the most important ones first, for values as wide as these. A column of 0 has
+    // none.
+    void choose(const ListWidths &values);
+
+    // Those of another one, under the limit of this one.
+    void set(const ListWidths &widths);
+
+    // 0 for a column that is left out.
+    const ListWidths &widths() const { return widths_; }
+
+    // Makes room for values: wider columns, and those that fit and have not been there before.
+    void grow(const ListValues &values);
+
+    // Where a column stands in a line; one of no width is left out as long as there are no values for it.
+    struct Cell {
+        uint8_t column;
+        uint8_t width;
+        bool right_aligned;
+        size_t place;
+    };
+    std::span<const Cell> cells() const { return {cells_.data(), cell_count_}; }
+
+    // Lets `write` write the value of each cell, given as (text, column), into a line, with room for so many characters
+    // each; it returns how many it has written. False, and no line, when one does not fit.
+    template <typename Write>
+    bool put(TextBuffer &out, size_t room, Write write) const {
+        const auto write_line = [&](char *line) -> size_t {
+            std::memset(line, ' ', total_);
+            size_t end = 0;
+            for (const Cell &cell : cells()) {
+                char *const text = line + cell.place;
+                size_t size = write(text, cell.column);
+                if (size > cell.width) return 0;
+                std::memcpy(text + size, kBlanks.data(), kBlanks.size()); // the terminator and what may be behind it
+                if (cell.width == 0) continue;
+                if (size == 0) text[size++] = kNoValue;
+                if (cell.right_aligned && size < cell.width) push(text, size, cell.width);
+                end = cell.place + (cell.right_aligned ? cell.width : size);
+            }
+            line[end++] = '\n';
+            return end;
+        };
+        return out.put_with(total_ + room + kBlanks.size(), write_line) != 0;
+    }
+
+    void titles(TextBuffer &out) const;
+    void line(TextBuffer &out, const ListValues &values) const;
+
+    // The values of such a line, without its end.
+    ListValues read(std::string_view line) const;
+
+private:
+    bool has_room_for(size_t column) const;
+    void prepare();
+    static void push(char *text, size_t size, size_t width);
+
+    static constexpr char kNoValue = '-';
+    static constexpr std::string_view kBlanks = "        ";
+
+    size_t limit_;
+    ListWidths widths_{};
+    ListWidths most_{}; // characters of a value that lines hold as they are
+    std::array<size_t, kListColumns> places_{};
+    std::array<Cell, kListColumns> cells_{}; // that values are asked for
+    size_t cell_count_ = 0;
+    size_t total_ = 0; // characters of a line, with a gap behind the last column
+};
+
+// The columns of any recording, as wide as they usually are.
+ListWidths usual_list_widths();
+
+// Makes each as wide as the value, if that is wider.
+void widen(ListWidths &widths, const ListValues &values);
+
+} // namespace astdump

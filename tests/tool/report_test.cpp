@@ -131,7 +131,7 @@ TEST(Reports, SayWhatThereIsNoneOf) {
     } cases[] = {
         {"empty", "empty: holds no octets"},
         {"capture", "capture: holds no packets"},
-        {"other", "other: holds no datagrams in 1 packet"},
+        {"other", "other: holds no blocks in 1 packet"},
         {"--framing json lines", "lines: holds no records"},
         {"--port 1 " SAMPLES "/radar.ast",
          SAMPLES "/radar.ast: what has no addresses is left out by --port and --host"},

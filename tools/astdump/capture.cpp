@@ -43,7 +43,7 @@ bool Capture::fill(Chunk &chunk) {
     return fill_by_libpcap(chunk) || payloads_.tell(chunk.damage());
 }
 
-std::string Capture::nothing() const { return packet_ == 0 ? "packets" : "datagrams in " + counted(packet_, "packet"); }
+std::string Capture::nothing() const { return packet_ == 0 ? "packets" : "blocks in " + counted(packet_, "packet"); }
 
 bool Capture::fill_in_place(Chunk &chunk) {
     if (!dissector_) open(plain_->link_type());

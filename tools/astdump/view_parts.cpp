@@ -8,6 +8,7 @@ namespace astdump {
 
 namespace {
 
+constexpr std::string_view kCellEnd = "</td>";
 constexpr std::string_view kTableEnd = "</table>";
 
 // Where the next table ends, these characters are found fastest: few of a table are an a.
@@ -113,8 +114,15 @@ void ViewReader::header_cell() {
     cell();
 }
 
+// Most cells are one text.
 void ViewReader::cell() {
-    if (in_table() && parts_[count_ - 1].rows() != 0) target_ = &parts_[count_ - 1].cells.emplace_back();
+    if (!in_table() || parts_[count_ - 1].rows() == 0) return;
+    target_ = &parts_[count_ - 1].cells.emplace_back();
+    const size_t end = rest_.find('<');
+    if (end == std::string_view::npos || !rest_.substr(end).starts_with(kCellEnd)) return;
+    *target_ = rest_.substr(0, end);
+    rest_.remove_prefix(end + kCellEnd.size());
+    close();
 }
 
 void ViewReader::link() { address_ = attributes_.substr(0, attributes_.find('"')); }
@@ -139,7 +147,7 @@ constexpr ViewReader::Tag::Tag(std::string_view tag, void (ViewReader::*action)(
 // The most frequent first.
 const std::array<ViewReader::Tag, 16> ViewReader::kTags = {{
     {"<td>", &ViewReader::cell},
-    {"</td>", &ViewReader::close},
+    {kCellEnd, &ViewReader::close},
     {"<tr", &ViewReader::row},
     {"</tr>", nullptr},
     {"<th>", &ViewReader::header_cell},

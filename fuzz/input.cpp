@@ -85,7 +85,8 @@ Outcome read(const std::string &path, const Way &way) {
     const Reports reports;
     astdump::Output out(output.descriptor());
     astdump::Sinks sinks;
-    sinks.push_back(std::make_unique<astdump::RecordList>(out, false, false, false));
+    sinks.push_back(std::make_unique<astdump::RecordList>(
+        out, astdump::RecordList::Form{.columns = 120, .color = false, .name_files = false}));
     sinks.push_back(std::make_unique<astdump::Stats>(out, false));
     astdump::DamageLog damage(false, true);
     const int status = astdump::Run(options, std::move(sinks), out, damage, astdump::Progress(false), nullptr).files();

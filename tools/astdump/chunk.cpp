@@ -46,7 +46,7 @@ void Chunk::add(const Datagram &datagram) {
 }
 
 bool Chunk::is_wanted(const Datagram &datagram) {
-    met_any_ = true;
+    met_any_ = met_any_ || !datagram.octets.empty();
     return !filter_ || filter_->passes(datagram);
 }
 

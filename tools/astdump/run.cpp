@@ -107,6 +107,7 @@ void Run::read_input(Pipeline &pipeline) {
     consumed_ = 0;
     if (!done()) pipeline.run();
     octets_read_ += consumed_;
+    if (!sinks_.empty()) sinks_.front()->flush();
     damage_.end_file();
 }
 

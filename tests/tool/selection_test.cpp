@@ -53,14 +53,17 @@ TEST(List, ShowsTheColumnsThatHoldSomething) {
                                                   "025/012  048       5  Plot        -  -           35000\n");
 }
 
-// Of a report, what stands before it is shown, whatever columns come behind it.
+// Of a report that is shown where it is met, what stands before it is shown, whatever columns come behind it; others are
+// shown behind the list.
 TEST(List, WaitsForNothingBeforeAReport) {
     Command command;
     command.write("b", hex("30 0008 88 190C 0456  30 0006 54 0000  30 0008 84 190C 0578"));
-    const std::string out = command.run("--list b 2>&1").out;
+    const std::string out = command.run("--verbose --list b 2>&1").out;
     const size_t report = out.find("astdump: b: offset 8");
     EXPECT_LT(out.find("2126"), report) << out;
     EXPECT_NE(out.find("Height ft", report), std::string::npos) << out;
+    const std::string grouped = command.run("--list b 2>&1").out;
+    EXPECT_LT(grouped.find("35000"), grouped.find("astdump: b: offset 8")) << grouped;
 }
 
 TEST(List, FitsATerminal) {

@@ -144,7 +144,7 @@ void TcpStreams::make_room(Chunk &chunk) {
 
 void TcpStreams::add(const Transported &segment, uint64_t packet, const Time &time, Chunk &chunk) {
     const Datagram stamp{.octets = {}, .packet = packet, .time = time, .endpoints = segment.endpoints};
-    if (!chunk.is_wanted(stamp)) return;
+    if (!segment.payload.empty() && !chunk.is_wanted(stamp)) return; // connections alone say nothing
     if (segment.tcp->rst) return end_by_reset(*segment.endpoints, chunk);
     Stream *const stream = find_or_open(segment, stamp, chunk);
     if (!stream) return;

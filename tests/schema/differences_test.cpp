@@ -498,7 +498,7 @@ Fields compare_all() {
 
 // What stands in code in the first cell of a row of the document.
 std::set<std::string> documented_differences() {
-    std::ifstream document(std::filesystem::path(__FILE__).parent_path() / "../../docs/differences.md");
+    std::ifstream document(std::filesystem::path(AST_TREE) / "docs/differences.md");
     EXPECT_TRUE(document);
     static const std::regex kCode("`([^`]+)`");
     std::set<std::string> paths;

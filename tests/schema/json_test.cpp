@@ -241,7 +241,7 @@ uint64_t expect_records_back(const std::filesystem::path &path) {
 
 TEST(JsonRoundTrip, EveryRecordOfRecordings) {
     ast_log_handler_reg(nullptr);
-    const std::filesystem::path tree = std::filesystem::path(__FILE__).parent_path() / "../..";
+    const std::filesystem::path tree = AST_TREE;
     const char *const given = std::getenv("AST_RECORDINGS");
     uint64_t records = expect_records_back(tree / "samples/radar.ast");
     EXPECT_GT(records, 5U);

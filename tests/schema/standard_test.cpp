@@ -249,7 +249,7 @@ std::map<std::string, ast_dataitem_type_t> types_by_reference(uint32_t category,
 
 std::filesystem::path folder() {
     if (const char *given = std::getenv("AST_STANDARD")) return given;
-    return std::filesystem::path(__FILE__).parent_path() / "../../../shared/standard";
+    return std::filesystem::path(AST_TREE) / "../shared/standard";
 }
 
 std::vector<int> version(const std::string &text) {

@@ -13,8 +13,8 @@
  * subfield, and take a subfield that they do not know as empty. A reader knows
  *
  * - every category and item of AST_UAP_PUBLISHED and AST_UAP_PUBLISHED_OTHER (schema.h);
- * - items that are not registered, longer chains of octets, new subfields and empty primary subfields, all by their
- *   published size; what neither knows breaks the block;
+ * - items that are not registered or are registered with another layout, longer chains of octets, new subfields and
+ *   empty primary subfields, all by their published size; what neither knows breaks the block;
  * - records of category 001 without I001/020, as the record before them in the block, or else as plots. */
 #ifndef AST_READER_H
 #define AST_READER_H

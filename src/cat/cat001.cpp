@@ -395,12 +395,15 @@ ast_datarecord_t ast_datarecord_001_assemble(uint8_t *buffer, uint64_t length, a
 namespace {
 
 // Whether a record is a plot or a track stands in bit 8 (TYP) of its target report descriptor, I001/020. That octet is
-// taken behind the two of I001/010 whether or not the record has them; senders of mixed blocks do.
+// taken behind the two of I001/010, which senders of mixed blocks have, or where it is.
+template <bool AssumesDataSource>
 const ast_uap_t *plot_or_track(const uint8_t *record, uint64_t available) {
+    constexpr uint32_t kDataSourceFrn = 1;
     constexpr uint32_t kDescriptorFrn = 2;
     constexpr uint64_t kDataSourceOctets = 2;
     const ast_fspec_t fspec = ast_fspec_decode(record, available);
-    const uint64_t descriptor = fspec.length + kDataSourceOctets;
+    const bool has_data_source = AssumesDataSource || ast_fspec_is_set(&fspec, kDataSourceFrn);
+    const uint64_t descriptor = fspec.length + (has_data_source ? kDataSourceOctets : 0);
     if (!ast_fspec_is_set(&fspec, kDescriptorFrn) || descriptor >= available) return nullptr;
     return bit(record[descriptor], 8) ? &AST_UAP_STANDARD : &AST_UAP_CAT001_PLOT;
 }
@@ -447,7 +450,8 @@ constexpr ItemRow kItems[] = {
 } // namespace
 
 AST_DEFINE_CATEGORY(kCategory001, 1, "Unknown CAT001 Dataitem", kItems, ast_dataitem_001_get_name,
-                    .accessors = kAccessors, .choose_profile = plot_or_track)
+                    .accessors = kAccessors, .choose_profile = plot_or_track<true>,
+                    .choose_profile_as_published = plot_or_track<false>)
 
 void ast_datablock_001_mixuap_decode_into(ast_datablock_t *block, const uint8_t *data, uint64_t available) {
     if (block) decode_mixed(*block, data, available, kCategory001);

@@ -198,7 +198,7 @@ constexpr SubfieldRow kConflictCharacteristics[] = {
     {"CN", "Conflict Nature", extended<3>},
     subfield<&Conflict::cc, Classification>("CC", "Conflict Classification", fixed<1>),
     {"CP", "Conflict Probability", fixed<1>},
-    {"CD", "Conflict Duration", fixed<1>}, // one octet, although senders of later editions use three
+    {"CD", "Conflict Duration", disputed(fixed<1>)}, // one octet, although senders of later editions use three
 };
 
 AST_DEFINE_EMPTY_SUBFIELD_VIEW(show_conflict_subfield)

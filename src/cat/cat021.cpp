@@ -997,7 +997,7 @@ constexpr ItemRow kItems[] = {
     {157, "Geometric Vertical Rate", items::vertical_rate},
     own<I021_160>("Ground Vector"),
     {161, "Track Number", items::track_number},
-    {165, "Track Angle Rate", {extended<2>}},
+    {165, "Track Angle Rate", {disputed(extended<2>)}},
     {170, "Target Identification", items::aircraft_id},
     own<I021_200>("Target Status"),
     own<I021_210>("MOPS Version"),

@@ -112,7 +112,7 @@ constexpr ItemRow kItems[] = {
     own<I023_015>("Service Type and Identification"),
     {70, "Time of Day", items::time_of_day},
     own<I023_100>("Ground Station Status"),
-    {101, "Ground Station Configuration", {extended<2>}},
+    {101, "Ground Station Configuration", {disputed(extended<2>)}},
     {110, "Service Status", {extended<1>}},
     {120, "Service Statistics", {repetitive<6>}},
     {200, "Operational Range"}, // known by name only

@@ -198,7 +198,8 @@ namespace {
 
 constexpr SubfieldRow kRadialDopplerSpeed[] = {
     {"CAL", "Calculated Doppler Speed", fixed<2>},
-    {"RDS", "Raw Doppler Speed", fixed<7>}, // a repetition count of 1 and one element, whatever the count says
+    {"RDS", "Raw Doppler Speed",
+     disputed(fixed<7>)}, // a repetition count of 1 and one element, whatever the count says
 };
 
 } // namespace

@@ -37,14 +37,15 @@ inline auto always(const Reading &reading) {
 }
 
 // The choice of a category for each record. One that does not tell is read as the record before it, the first one with
-// `otherwise`, where that is given.
+// `otherwise`, where that is given; then what it tells is read as published.
 class ChosenByRecord {
 public:
     explicit ChosenByRecord(const Category &category, const ast_uap_t *otherwise = nullptr, ItemSizer *sizer = nullptr)
         : category_(category), otherwise_(otherwise), reading_(category.number, AST_UAP_STANDARD, sizer) {}
 
     const Reading *operator()(const uint8_t *record, uint64_t available) {
-        const ast_uap_t *const told = category_.choose_profile(record, available);
+        const auto choose = otherwise_ ? category_.choose_profile_as_published : category_.choose_profile;
+        const ast_uap_t *const told = choose(record, available);
         const ast_uap_t *const uap = told ? told : otherwise_;
         if (!uap) return nullptr;
         if (otherwise_) otherwise_ = uap;

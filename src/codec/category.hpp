@@ -58,7 +58,7 @@ constexpr uint8_t sum_of(const SubfieldRow *rows, size_t count, uint32_t presenc
     uint32_t sum = 1;
     for (unsigned i = 0; i < kFrnsPerOctet; ++i) {
         if (!bit(static_cast<uint8_t>(presence), kFrnsPerOctet - i)) continue;
-        if (i >= count || rows[i].size.kind != SizeRule::Kind::Fixed) return kNoSum;
+        if (i >= count || rows[i].size.kind != SizeRule::Kind::Fixed || rows[i].size.is_disputed) return kNoSum;
         sum += rows[i].size.octets;
     }
     return static_cast<uint8_t>(std::min<uint32_t>(sum, kNoSum));
@@ -182,7 +182,7 @@ constexpr Slot slot_of(const ItemTable<N> &table, uint32_t category, uint16_t nu
     const SizeRule &rule = table.rows[place].handlers.size;
     const bool is_fixed = rule.kind == SizeRule::Kind::Fixed;
     const auto octets = static_cast<int16_t>(is_fixed ? rule.octets : ~rule.octets);
-    return {AST_DATAITEM_TYPE(category, number), octets, rule.kind, place};
+    return {AST_DATAITEM_TYPE(category, number), octets, rule.is_disputed ? SizeRule::Kind::None : rule.kind, place};
 }
 
 // The slots of each edition of a category.
@@ -222,6 +222,7 @@ struct Category {
     bool reports_unknown_names = false; // when asked for the name of one
     ast_datarecord_func_t accessors{};
     ProfileChoice *choose_profile = nullptr; // tried first on a block of unknown origin
+    ProfileChoice *choose_profile_as_published = nullptr;
 };
 
 // By category number; numbers without a category, and the place behind them, have one without items.

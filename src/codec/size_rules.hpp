@@ -22,6 +22,7 @@ struct SizeRule {
     };
     Kind kind = Kind::None;
     uint16_t octets = 0;
+    bool is_disputed = false;         // the document lays it out otherwise
     SizeFunction *function = nullptr; // of the last two kinds alone
 };
 
@@ -92,8 +93,16 @@ constexpr SizeRule repetitive = {SizeRule::Kind::Repetitive, ElementOctets};
 
 constexpr SizeRule explicit_length = {SizeRule::Kind::Explicit};
 
-constexpr SizeRule sized_by_subfields(SizeFunction *function) { return {SizeRule::Kind::Subfields, 0, function}; }
-constexpr SizeRule sized_by(SizeFunction *function) { return {SizeRule::Kind::Own, 0, function}; }
+constexpr SizeRule sized_by_subfields(SizeFunction *function) {
+    return {SizeRule::Kind::Subfields, 0, false, function};
+}
+constexpr SizeRule sized_by(SizeFunction *function) { return {SizeRule::Kind::Own, 0, false, function}; }
+
+// A rule that the document does not agree with: whoever reads by the document has to ask it.
+constexpr SizeRule disputed(SizeRule rule) {
+    rule.is_disputed = true;
+    return rule;
+}
 
 inline uint64_t item_size(const SizeRule &rule, const uint8_t *data, uint64_t available) {
     if (rule.function) return rule.function(data, available);

@@ -61,7 +61,7 @@ inline constexpr Handlers signal_amplitude         = {fixed<1>, AST_SUMMARY(sign
 inline constexpr Handlers modes_mb                 = {repetitive<8>, AST_VIEWS(modes_mb)};
 inline constexpr Handlers reserved_expansion_field = {explicit_length, AST_SUMMARY(reserved_expansion_field), show_nothing};
 inline constexpr Handlers special_purpose_field    = {explicit_length, AST_SUMMARY(special_purpose_field), show_nothing};
-inline constexpr Handlers random_field_sequencing  = {explicit_length, AST_SUMMARY(random_field_sequencing), show_nothing};
+inline constexpr Handlers random_field_sequencing  = {disputed(explicit_length), AST_SUMMARY(random_field_sequencing), show_nothing};
 // clang-format on
 
 // Octets of a size of their own, shown as bits.

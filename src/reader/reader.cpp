@@ -53,13 +53,14 @@ uint64_t published_size(const schema::Field *item, ast_dataitem_type_t type, con
     return goes_on && !ends_without_fx(item) ? 0 : size;
 }
 
-// As registered where that holds, else as published.
+// As registered where that holds and the document does not disagree, else as published.
 uint64_t size_item(const ItemRow &row, ast_dataitem_type_t type, const ast_uap_t &uap, const uint8_t *data,
                    uint64_t left) {
     const SizeRule &rule = row.handlers.size;
     if (type == AST_DATAITEM_NONE || left == 0) return 0;
     const schema::Field *const item = schema::find_item(type, uap);
     if (item && may_be_newer(rule, data, left)) return published_size(item, type, uap, data, left);
+    if (const uint64_t size = item && rule.is_disputed ? published_size(item, type, uap, data, left) : 0) return size;
     const uint64_t size = item_size(rule, data, left);
     if (size != 0 && size <= left) return size;
     return item ? published_size(item, type, uap, data, left) : 0;

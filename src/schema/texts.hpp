@@ -1,6 +1,8 @@
 // The texts of codes, and characters.
 #pragma once
 
+#include <cstring>
+
 #include "schema/field.hpp"
 #include "schema/slice.hpp"
 
@@ -16,8 +18,8 @@ inline std::string_view text_of_code(const char *texts, uint64_t code) {
         const bool is_numbered = text != at && *text == ':';
         if (is_numbered) next = number;
         text = is_numbered ? text + 1 : at;
-        const char *end = text;
-        while (*end != '\0' && *end != '|') ++end;
+        const char *const bar = std::strchr(text, '|');
+        const char *const end = bar ? bar : text + std::strlen(text);
         if (next == code) return {text, static_cast<size_t>(end - text)};
         at = *end == '\0' ? end : end + 1;
     }

@@ -60,6 +60,23 @@ TEST_F(Reader, KnowsWhatTheRegistryLeavesOut) {
     EXPECT_FALSE(result.ambiguous);
 }
 
+// Where the registered layout is another one, or that of an edition before.
+TEST_F(Reader, SizesItemsAsTheirDocumentSays) {
+    EXPECT_TRUE(decode(4, "81 20 19 0C 10 00 01 80")); // I004/120/CD has three octets
+    EXPECT_EQ(items(), "4010+2 4120+4");
+    EXPECT_TRUE(decode(21, "81 01 01 04 19 0C 00 31")); // I021/165, TAR, has two octets, and no FX
+    EXPECT_EQ(items(), "21010+2 21165+2");
+    EXPECT_TRUE(decode(23, "84 19 0C 04 20")); // I023/101, RP and SC, which FX follows
+    EXPECT_EQ(items(), "23010+2 23101+2");
+    EXPECT_TRUE(
+        decode(48, "81 01 04 19 0C 40 02 00 01 02 03 04 05 06 07 08 09 0A 0B")); // I048/120/RDS, two of six octets
+    EXPECT_EQ(items(), "48010+2 48120+14");
+    EXPECT_TRUE(decode(2, "81 02 19 0C 01 03 40")); // RFS: one item, FRN 3 and its octet
+    EXPECT_EQ(items(), "2010+2 2997+3");
+    EXPECT_TRUE(decode(2, "81 02 19 0C 03 40 41")); // no FRNs: octets behind a length
+    EXPECT_EQ(items(), "2010+2 2997+3");
+}
+
 TEST_F(Reader, TellsWhereABlockBreaks) {
     EXPECT_FALSE(decode(34, "80 19 0C 81 40 19 0C 01")); // I034/100 is cut in the second record
     EXPECT_EQ(items(), "34010+2");
@@ -87,6 +104,8 @@ TEST_F(Reader, ReadsPlotsAndTracksAsTheRecordBefore) {
     // I001/010 alone; then with I001/020, TYP track; and, FRN 3, what a plot has and what a track has there
     EXPECT_TRUE(decode(1, "A0 19 0C 00 01 00 02 C0 19 0C 80 A0 19 0C 00 07"));
     EXPECT_EQ(items(), "plot 1010+2 1040+4 | 1010+2 1020+1 | 1010+2 1161+2");
+    EXPECT_TRUE(decode(1, "42 21 A8 F3 96")); // I001/020 without I001/010 before it, TYP plot, and I001/141
+    EXPECT_EQ(items(), "plot 1020+2 1141+2");
     EXPECT_FALSE(result.ambiguous);
 }
 

@@ -156,7 +156,7 @@ TEST(LongBlocks, ShowAllTheirRecords) {
 
 // FRN 1 to 42 of category 021, every one of them as short as it can be; a record of the library holds 32 items.
 TEST(LongBlocks, KeepRecordsOfMoreItemsThanCanBeShown) {
-    const std::string block = hex("15 006C FFFFFFFFFFFE") + std::string(99, '\0');
+    const std::string block = hex("15 006D FFFFFFFFFFFE") + std::string(100, '\0');
     Command command;
     command.write("b", block);
     const Result lines = command.run("--json b");

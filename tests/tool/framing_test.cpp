@@ -140,7 +140,8 @@ TEST(Json, IsReadOnBehindWhatIsWrong) {
     const std::string good = R"({"category":48,"I010":{"SAC":25,"SIC":12}})"
                              "\n";
     Command command;
-    command.write("input", good + "nonsense\n" + R"({"category":48,"I010":{"SAC":25)" + "\n" + good +
+    const std::string mark = "\xEF\xBB\xBF"; // in front of UTF-8
+    command.write("input", mark + good + "nonsense\n" + R"({"category":48,"I010":{"SAC":25)" + "\n" + good +
                                "{\n\"category\":48,\n" + R"("I010":{"SAC":256,"SIC":1}})" + "\n" +
                                R"({"time":"12:00","category":48})" + "\n" + good);
     const Result result = command.run("--stats - < input");

@@ -131,11 +131,13 @@ void FieldPath::resolve(uint32_t category, const ast_uap_t &uap) {
     }
 }
 
-// Most are found to be another one by their first characters.
+// Most are found to be another one by the first characters behind the item, which is the one asked for.
 bool FieldPath::is_exactly(const char *path) const {
-    const char *at = path + kCategoryDigits;
-    for (const char wanted : path_)
-        if (upper(*at++) != wanted) return (at[-1] == '[' || chooses_) && match(path) == Match::exact;
+    const char *at = path + kCategoryDigits + kItemDigits;
+    for (const char wanted : std::string_view(path_).substr(kItemDigits)) {
+        const char found = *at++;
+        if (found != wanted && upper(found) != wanted) return (found == '[' || chooses_) && match(path) == Match::exact;
+    }
     return *at == '\0' || (*at == '[' && match(path) == Match::exact);
 }
 
@@ -165,9 +167,13 @@ FieldPath::Match FieldPath::match(std::string_view path) const {
 void FieldPath::walk(const ast_datarecord_t &record, ast_field_value_visitor_t visit, void *context) const {
     if (!categories_.test(record.category % kCategories)) return;
     const auto [first, last] = types_of(record.category);
-    for (uint64_t i = 0; i < record.item_count; ++i)
-        if (std::ranges::find(first, last, record.items[i].type) != last)
-            ast_dataitem_walk(&record.items[i], record.uap, message_type_of(record), visit, context);
+    const bool is_one_type = last - first == 1; // as a rule, and no record has an item twice
+    for (uint64_t i = 0; i < record.item_count; ++i) {
+        const ast_dataitem_t &item = record.items[i];
+        if (item.type != *first && (is_one_type || std::ranges::find(first, last, item.type) == last)) continue;
+        ast_dataitem_walk(&item, record.uap, message_type_of(record), visit, context);
+        if (is_one_type) return;
+    }
 }
 
 bool FieldPath::is_in(const ast_datarecord_t &record) const {

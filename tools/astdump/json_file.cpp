@@ -8,6 +8,7 @@ namespace astdump {
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n";
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF"; // which some editors put in front of UTF-8
 
 // Of one object: what the JSON of a record as long as a block may take.
 constexpr size_t kMostCharacters = size_t{32} * 1024 * 1024;
@@ -36,8 +37,11 @@ private:
 
 bool begins_json(OctetStream &stream) {
     constexpr size_t kMostBlanks = 4096;
+    const Octets mark = stream.peek(kByteOrderMark.size());
+    const bool is_marked =
+        std::ranges::equal(mark, kByteOrderMark, {}, {}, [](char c) { return static_cast<uint8_t>(c); });
     bool in_object = false;
-    for (size_t i = 0; i < kMostBlanks; ++i) {
+    for (size_t i = is_marked ? kByteOrderMark.size() : 0; i < kMostBlanks; ++i) {
         const Octets head = stream.peek(i + 1);
         if (head.size() <= i) return false;
         const char c = static_cast<char>(head[i]);
@@ -58,7 +62,8 @@ bool JsonFile::fill(Chunk &chunk) {
             close_block(chunk);
             break;
         }
-        take(object, chunk);
+        const bool is_marked = offset_ == 0 && object.starts_with(kByteOrderMark);
+        take(object.substr(is_marked ? kByteOrderMark.size() : 0), chunk);
         line_ += static_cast<uint64_t>(std::ranges::count(object, '\n'));
         offset_ += object.size();
         begin_ += object.size();

@@ -53,8 +53,8 @@ TEST(List, ShowsTheColumnsThatHoldSomething) {
                                                   "025/012  048       5  Plot        -  -           35000\n");
 }
 
-// Of a report that is shown where it is met, what stands before it is shown, whatever columns come behind it; others are
-// shown behind the list.
+// Of a report that is shown where it is met, what stands before it is shown, whatever columns come behind it; others
+// are shown behind the list.
 TEST(List, WaitsForNothingBeforeAReport) {
     Command command;
     command.write("b", hex("30 0008 88 190C 0456  30 0006 54 0000  30 0008 84 190C 0578"));

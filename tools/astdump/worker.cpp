@@ -50,7 +50,7 @@ void Worker::datagram(const Datagram &datagram, uint64_t most, Rendered &rendere
 void Worker::no_block(const Datagram &datagram, uint64_t offset, const Frame &frame, Rendered &rendered) {
     if (!datagram.is_told) rendered.damage.framing(datagram, offset, frame);
     if (!options_.categories.test(datagram.octets[offset])) return;
-    const std::string reason = framing_text(frame, datagram.octets.size() - offset);
+    const std::string reason = framing_text(frame, datagram.octets.subspan(offset));
     for (size_t i = 0; i < renderers_.size(); ++i)
         if (renderers_[i]) renderers_[i]->no_block(datagram, offset, reason, rendered.texts[i]);
     if (!rendered.texts.empty()) rendered.damage.place = rendered.texts.front().size();

@@ -183,7 +183,12 @@ TEST(Compressed, InputIsKeptUpToItsDamage) {
     std::string sectors;
     for (int i = 0; i < 100000; ++i) sectors += kSector;
     command.write("plain", sectors);
+    command.write("capture", pcap(1, std::vector(1000, ethernet(ipv4(udp(kSector))))));
     for (const std::string packer : {"gzip", "zstd"}) {
+        command.run("--quiet plain; " + packer + " -c capture | head -c -40 > packed");
+        EXPECT_EQ(command.run("--quiet packed").err, "astdump: packed: the " + packer +
+                                                         " data end too early\nastdump: lost: 1 input not read to the "
+                                                         "end\n");
         const Result result =
             command.run("--quiet plain; " + packer + " -c plain | head -c -4 | " ASTDUMP " --stats -");
         EXPECT_EQ(result.status, 1);

@@ -39,7 +39,8 @@ void Worker::datagram(const Datagram &datagram, uint64_t most, Rendered &rendere
     for (uint64_t offset = 0; offset < datagram.octets.size() && rendered.shown < most;) {
         const Octets rest = datagram.octets.subspan(offset);
         const Frame frame = frame_block(rest);
-        if (frame.framing != Framing::block || datagram.is_told) return no_block(datagram, offset, frame, rendered);
+        if (frame.framing != Framing::block || !datagram.may_hold_blocks())
+            return no_block(datagram, offset, frame, rendered);
         if (options_.categories.test(frame.category)) block(datagram, offset, rest.first(frame.length), most, rendered);
         ++number_;
         offset += frame.length;

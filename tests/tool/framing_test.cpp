@@ -127,6 +127,10 @@ TEST(Json, LinesOfOneBlockBecomeThatBlockAgain) {
 // Octets that were no block when they were written.
 TEST(Json, DataOfNoBlockStaysNone) {
     Command command;
+    command.write("long", kSector + std::string(100000, '\0') + kSector + kSector);
+    const std::string back = command.run("--json long 2>&- | " ASTDUMP " --quiet -").err;
+    EXPECT_NE(back.find(": 4 places"), std::string::npos) << back;
+    EXPECT_NE(back.find("\nastdump: lost: 100000 octets skipped\n"), std::string::npos) << back;
     command.write("input", R"({"category":0,"error":"why","data":"000001"})"
                            "\n"
                            R"({"block":1,"category":34,"I000":2})");

@@ -82,6 +82,8 @@ TEST(Damage, OfALenIsPassedOverToTheNextBlocks) {
          "offset 11: category 048: LEN is 256, but only 5 octets are left; 5 octets skipped"},
         {"LEN into the next block", hex("22 000E F0 19"),
          "offset 11: category 034: LEN is 14, but only 5 octets are left; 5 octets skipped"},
+        {"no block, and what leads into the midst of some", hex("FF 30 000F 80"),
+         "offset 11: 5 octets that are no blocks; skipped"},
     };
     for (const DamageCase &test : raw) {
         SCOPED_TRACE(test.name);
@@ -101,6 +103,17 @@ TEST(Damage, OfALenIsPassedOverToTheNextBlocks) {
                           "astdump: input: packet 2, octet 11: 1 octet, too few for a block header\n"
                           "astdump: lost: 4 octets skipped\n");
     EXPECT_NE(result.out.find("all               4"), std::string::npos) << result.out;
+}
+
+// The last octet of a block that its records fill and what follows look like another block, which leads to the next.
+TEST(Damage, BehindAWholeBlockLeavesIt) {
+    Command command;
+    command.write("input", hex("22 000B F0 190C 02 546080 30  00 06 40 FF FF") + kSector + kSector);
+    const Result result = command.run("--stats input");
+    EXPECT_EQ(result.err, "astdump: input: offset 11: 5 octets that are no blocks; skipped\n"
+                          "astdump: lost: 5 octets skipped\n");
+    EXPECT_NE(result.out.find("all               3          0           0          3"), std::string::npos)
+        << result.out;
 }
 
 TEST(Damage, OfACaptureKeepsWhatCameBefore) {
@@ -208,8 +221,7 @@ TEST(Damage, OfALargeRawFileIsFoundAtItsOffset) {
     EXPECT_NE(result.out.find("034           54547          1           0      54547       218185        665541"),
               std::string::npos)
         << result.out;
-    EXPECT_NE(result.err.find("offset 665541: 2 octets, too few for a block header; 2 octets skipped"),
-              std::string::npos)
+    EXPECT_NE(result.err.find("offset 665541: 2 octets, too few for a block header; skipped"), std::string::npos)
         << result.err;
 }
 

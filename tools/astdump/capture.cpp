@@ -20,6 +20,10 @@ ssize_t read_stream(void *stream, char *buffer, size_t count) {
     }
 }
 
+// A packet that was about to be written when the user had seen enough is no damage, and a stream that is damaged itself
+// says so.
+bool is_cut_short(const OctetStream &stream) { return !stream.cut_off() && stream.damage().empty(); }
+
 pcap_t *open_capture(OctetStream &stream, Damage &damage) {
     FILE *const file = fopencookie(&stream, "r", {.read = read_stream});
     if (!file) throw std::runtime_error("cannot open a stream");
@@ -27,7 +31,7 @@ pcap_t *open_capture(OctetStream &stream, Damage &damage) {
     pcap_t *const capture = pcap_fopen_offline_with_tstamp_precision(file, PCAP_TSTAMP_PRECISION_NANO, error);
     if (capture) return capture; // which owns the file from now on
     std::fclose(file);
-    if (!stream.cut_off()) damage.input(error);
+    if (is_cut_short(stream)) damage.input(error);
     return nullptr;
 }
 
@@ -96,8 +100,7 @@ void Capture::dissect(const Packet &packet, Chunk &chunk) try {
 }
 
 void Capture::end(int result, Chunk &chunk) {
-    // A packet that was about to be written when the user had seen enough is no damage.
-    if (result == PCAP_ERROR && !stream_.cut_off()) chunk.damage().input(pcap_geterr(capture_.get()));
+    if (result == PCAP_ERROR && is_cut_short(stream_)) chunk.damage().input(pcap_geterr(capture_.get()));
     streams_.end(chunk);
     if (const uint64_t count = dissector_->incomplete()) chunk.damage().incomplete(count);
     ended_ = true;

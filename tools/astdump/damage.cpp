@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "framing/framing.hpp"
 #include "text.hpp"
 
 namespace astdump {
@@ -20,9 +21,17 @@ std::string category_text(uint32_t category) {
     return text;
 }
 
-std::string framing_reason(const Frame &frame) {
+// Octets that no LEN of a block can be read from.
+bool has_length(const Frame &frame, Octets octets) {
+    const bool is_wrong = frame.framing == Framing::short_length || frame.framing == Framing::past_end;
+    return is_wrong && has_published_category(octets) && !is_text(octets);
+}
+
+std::string what_they_are(Octets octets) { return is_text(octets) ? "of text" : "that are no blocks"; }
+
+std::string framing_reason(const Frame &frame, Octets octets) {
     if (frame.framing == Framing::short_header) return "too few octets for a block header";
-    if (frame.framing == Framing::block) return "octets that are no blocks";
+    if (!has_length(frame, octets)) return "octets " + what_they_are(octets);
     return category_text(frame.category) +
            (frame.framing == Framing::short_length ? ": LEN is less than the block header" : ": LEN runs past the end");
 }
@@ -57,19 +66,20 @@ std::string octets_text(Octets octets) {
 
 namespace {
 
-std::string framing_detail(const Frame &frame, uint64_t available) {
-    if (frame.framing == Framing::short_header) return counted(available, "octet") + ", too few for a block header";
-    if (frame.framing == Framing::block) return counted(available, "octet") + " that are no blocks";
+std::string framing_detail(const Frame &frame, Octets octets) {
+    const std::string available = counted(octets.size(), "octet");
+    if (frame.framing == Framing::short_header) return available + ", too few for a block header";
+    if (!has_length(frame, octets)) return available + ' ' + what_they_are(octets);
     const std::string length = "LEN is " + std::to_string(frame.length);
     if (frame.framing == Framing::short_length) return length + ", less than the block header";
-    return length + ", but only " + counted(available, "octet") + " are left";
+    return length + ", but only " + available + " are left";
 }
 
 } // namespace
 
-std::string framing_text(const Frame &frame, uint64_t available) {
-    const std::string detail = framing_detail(frame, available);
-    return frame.framing == Framing::short_header ? detail : category_text(frame.category) + ": " + detail;
+std::string framing_text(const Frame &frame, Octets octets) {
+    const std::string detail = framing_detail(frame, octets);
+    return has_length(frame, octets) ? category_text(frame.category) + ": " + detail : detail;
 }
 
 void Damage::clear() {
@@ -153,14 +163,16 @@ void Damage::foreign_stream(const Endpoints &endpoints) {
 }
 
 void Damage::framing(const Datagram &datagram, uint64_t offset, const Frame &frame) {
-    const uint64_t available = datagram.octets.size() - offset;
-    const uint64_t skipped = datagram.unread.value_or(available);
+    const Octets octets = datagram.octets.subspan(offset);
+    const uint64_t skipped = datagram.unread.value_or(octets.size());
     const std::string where = place_text(datagram, offset) + ": ";
-    const std::string end = datagram.packet == 0 ? "; " + counted(skipped, "octet") + " skipped" : "";
+    std::string end;
+    if (datagram.packet == 0)
+        end = has_length(frame, octets) ? "; " + counted(skipped, "octet") + " skipped" : "; skipped";
     add({.kind = Kind::damaged,
-         .text = where + framing_text(frame, available) + end,
-         .reason = framing_reason(frame),
-         .example = where + framing_detail(frame, available) + end,
+         .text = where + framing_text(frame, octets) + end,
+         .reason = framing_reason(frame, octets),
+         .example = where + framing_detail(frame, octets) + end,
          .noun = "place",
          .losses = {.skipped = skipped},
          .file = datagram.file});

@@ -31,8 +31,8 @@ struct Report {
     const std::string *file = nullptr; // that it is about; null for the one at hand
 };
 
-// Why octets, of which so many are available, do not start a whole block.
-std::string framing_text(const Frame &frame, uint64_t available);
+// Why octets do not start a whole block.
+std::string framing_text(const Frame &frame, Octets octets);
 
 class Damage {
 public:

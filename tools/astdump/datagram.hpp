@@ -48,7 +48,10 @@ struct Datagram {
     std::optional<Time> time;
     std::optional<Endpoints> endpoints;
     bool is_told = false;              // it holds no blocks, which is reported elsewhere
+    bool is_text = false;              // which is no block, whatever its first characters are
     const std::string *file = nullptr; // where several are merged, its name
+
+    bool may_hold_blocks() const { return !is_told && !is_text; }
 };
 
 } // namespace astdump

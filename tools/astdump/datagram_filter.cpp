@@ -95,6 +95,16 @@ bool is_at_either_end(const Endpoints &endpoints, const std::vector<Range> &rang
            });
 }
 
+// Those that are given: " --from --to".
+std::string options_of(const DatagramChoice &choice) {
+    std::string options;
+    if (!choice.ports.empty()) options += " --port";
+    if (!choice.hosts.empty()) options += " --host";
+    if (choice.from) options += " --from";
+    if (choice.to) options += " --to";
+    return options;
+}
+
 Time on_day(int64_t day, const Moment &moment) {
     return {day * kSecondsPerDay + moment.time.seconds, moment.time.nanoseconds};
 }
@@ -138,12 +148,17 @@ bool DatagramFilter::has_endpoint(const Datagram &datagram) {
     return is_at_either_end(*datagram.endpoints, choice_.ports) && is_at_either_end(*datagram.endpoints, choice_.hosts);
 }
 
-bool DatagramFilter::passes(const Datagram &datagram) { return is_in_time(datagram) && has_endpoint(datagram); }
+bool DatagramFilter::passes(const Datagram &datagram) {
+    const bool passes = is_in_time(datagram) && has_endpoint(datagram);
+    (passes ? has_passed_any_ : has_refused_any_) = true;
+    return passes;
+}
 
 std::string DatagramFilter::complaint() const {
     if (lacks_times_) return "what has no time is left out by --from and --to";
     if (lacks_dates_) return "what has times of day without a date is left out by the dates of --from and --to";
     if (lacks_addresses_) return "what has no addresses is left out by --port and --host";
+    if (has_refused_any_ && !has_passed_any_) return "holds nothing that is chosen by" + options_of(choice_);
     return {};
 }
 

@@ -43,7 +43,7 @@ public:
     bool is_idle() const { return choice_.is_all(); }
     bool passes(const Datagram &datagram);
 
-    // Why datagrams were left out that say nothing of what is asked for; empty when there were none.
+    // Why datagrams were left out that say nothing of what is asked for, or that all were; empty else.
     std::string complaint() const;
 
 private:
@@ -55,6 +55,8 @@ private:
     bool has_limits_ = false;
     std::optional<Time> from_; // on the days of this recording
     std::optional<Time> to_;
+    bool has_passed_any_ = false;
+    bool has_refused_any_ = false;
     bool lacks_times_ = false;
     bool lacks_dates_ = false;
     bool lacks_addresses_ = false;

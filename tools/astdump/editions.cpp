@@ -73,7 +73,7 @@ void learn_from(Input &input, Editions &editions) {
     uint64_t blocks = 0;
     while (blocks < kMostBlocks && input.fill(chunk)) {
         for (const Datagram &datagram : chunk.datagrams())
-            if (!datagram.is_told) each_block(datagram.octets, [&](Octets block) { editions.learn(block); });
+            if (datagram.may_hold_blocks()) each_block(datagram.octets, [&](Octets block) { editions.learn(block); });
         blocks = chunk.end_number;
         if (blocks > kBlocksOfSource && editions.have_seen(kBlocksOfSource)) break;
     }

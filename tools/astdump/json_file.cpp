@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <ast.h>
 
+#include "text.hpp"
+
 namespace astdump {
 
 namespace {
@@ -127,7 +129,9 @@ void JsonFile::take(std::string_view object, Chunk &chunk) {
     const Octets octets = Octets(record_).first(result.size);
     if (result.is_data && result.block == 0) {
         close_block(chunk);
-        chunk.add(datagram_of(members, chunk.keep(octets)));
+        Datagram datagram = datagram_of(members, chunk.keep(octets));
+        datagram.is_text = is_text(octets);
+        chunk.add(datagram);
         return;
     }
     const bool goes_on = block_ && result.block != 0 && block_->number == result.block &&

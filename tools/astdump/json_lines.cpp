@@ -1,5 +1,7 @@
 #include "json_lines.hpp"
 
+#include <algorithm>
+
 #include "split.hpp"
 #include "text.hpp"
 
@@ -94,9 +96,13 @@ void JsonRenderer::remainder(const DecodedBlock &decoded, ast_json_line_t line, 
 
 // The number of a block is left out, for it is that of the next one.
 void JsonRenderer::no_block(const Datagram &datagram, uint64_t offset, const std::string &reason, TextBuffer &out) {
+    constexpr uint64_t kMostOctets = 32768; // of a line, so that a reader needs no more room than for a block
     if (!form_.remainders) return;
-    const Octets rest = datagram.octets.subspan(offset);
-    data(rest[0], rest, reason, line(datagram, offset), out);
+    for (; offset < datagram.octets.size(); offset += kMostOctets) {
+        const Octets rest = datagram.octets.subspan(offset);
+        const Octets piece = rest.first(std::min<uint64_t>(rest.size(), kMostOctets));
+        data(piece[0], piece, reason, line(datagram, offset), out);
+    }
 }
 
 void JsonRenderer::data(uint32_t category, Octets octets, const std::string &error, const ast_json_line_t &line,

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <filesystem>
 #include <iostream>
 #include <sched.h>
 #include <sstream>
@@ -12,6 +13,7 @@
 #include "convert.hpp"
 #include "live_url.hpp"
 #include "numbers.hpp"
+#include "terminal.hpp"
 #include "text.hpp"
 #include "write_file.hpp"
 
@@ -21,15 +23,15 @@ namespace {
 
 constexpr const char *kExamples =
     R"(Captures may be pcap or pcapng, of Ethernet with or without VLAN tags, Linux cooked, loopback or raw IP, with UDP
-or TCP over IPv4 or IPv6, or LLC frames; any other file holds blocks, one after the other or as a recorder has wrapped them, or records as
-JSON, an object a line. All of them may be compressed by gzip or zstd. The kind is told by content.
+or TCP over IPv4 or IPv6, or LLC frames; any other file holds blocks, one after the other or as a recorder has wrapped
+them, or records as JSON, an object a line. All of them may be compressed by gzip or zstd. The kind is told by content.
 
 Each item is listed with its type, name, size in octets, summary where there is one, and octets in hexadecimal. Lines
 are laid out for the width of the terminal, or for 120 columns elsewhere: long octets go on in their column, and a long
 summary pushes them to the next line.
 
 Profiles: standard, cat001-plot, cat021-0.23, cat021-0.26, cat021-2.1, cat021-2.4, asr10ss, asr10ss-mk2, thales,
-managair. A block for which a profile has nothing of its own is read by the standard one.
+managair, published, published-other. A block for which a profile has nothing of its own is read by the standard one.
 
 --where knows the names of the columns of --list: sacsic (25/12), time, type, track, squawk (octal), fl (350),
 selalt, callsign, icao (hexadecimal), position, polar, speed, heading, velocity, vrate. Those without a hint are
@@ -172,7 +174,7 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_flag("--texts", options.texts, "In JSON, codes with their texts");
     app.add_option("--csv", texts.csv, "A line per record as comma-separated values: the columns of --list, or PATHS")
         ->type_name("[PATHS]");
-    app.add_flag("--stats", options.stats, "Instead of the listing, count by category and by item");
+    app.add_flag("--stats", options.stats, "Instead of the listing, count by category, by item and by edition");
     app.add_flag("--top", options.top,
                  "Instead of the listing, a table of what each data source sends, drawn anew every second");
     app.add_option("--convert", texts.convert,
@@ -213,7 +215,9 @@ int exit_for(const CLI::App &app, const CLI::ParseError &error) {
     std::ostringstream messages;
     const bool is_clean = app.exit(error, std::cout, messages) == 0;
     std::istringstream lines(messages.str());
-    for (std::string line; std::getline(lines, line);) std::fprintf(stderr, "%s\n", readable(line).c_str());
+    std::string line;
+    if (std::getline(lines, line)) tell(line);
+    while (std::getline(lines, line)) std::fprintf(stderr, "%s\n", readable(line).c_str());
     return is_clean ? kExitClean : kExitUnusable;
 }
 
@@ -229,6 +233,21 @@ Moment read_limit(const char *option, const std::string &text) {
         throw std::invalid_argument(std::string(option) + ": '" + text +
                                     "' is no time such as 12:00, 12:00:00.5 or 2014-02-25T12:43:47Z");
     return *moment;
+}
+
+// Also where it is not there as yet.
+bool is_same_file(const std::string &one, const std::string &other) {
+    std::error_code error;
+    const auto path = [&](const std::string &name) {
+        return std::filesystem::weakly_canonical(std::filesystem::current_path(error) / name, error);
+    };
+    return !other.empty() && path(one) == path(other) && !error;
+}
+
+// Of the forms that take the place of the listing, standard output has room for one.
+void refuse_two_forms(const Options &options) {
+    if (options.list + options.json + options.stats + options.top + !options.csv.empty() > 1)
+        throw std::invalid_argument("--list, --csv, --json, --stats and --top exclude each other");
 }
 
 // Datagrams, and how much of them.
@@ -250,7 +269,10 @@ void complete(Options &options, const Texts &texts) {
     read_choice(options, texts);
     if (!texts.convert.empty()) options.convert = read_convert_targets(texts.convert);
     if (!options.write.empty()) file_kind(options.write);
+    if (!options.write.empty() && is_same_file(options.write, options.html))
+        throw std::invalid_argument("--html and --write are to be different files");
     if (texts.csv) options.csv = read_csv_columns(*texts.csv == kUsualColumns ? "" : *texts.csv);
+    refuse_two_forms(options);
     const bool live = join_live(options.files);
     options.follow = options.follow || live;
     if (options.follow && options.files.size() > 1)
@@ -291,7 +313,7 @@ CommandLine read_command_line(int argc, char **argv) {
     } catch (const CLI::ParseError &error) {
         return {.status = exit_for(app, error)};
     } catch (const std::invalid_argument &error) {
-        std::fprintf(stderr, "%s\n", readable(error.what()).c_str());
+        tell(error.what());
         return {.status = kExitUnusable};
     }
     return {.options = options};

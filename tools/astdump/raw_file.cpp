@@ -4,6 +4,7 @@
 
 #include "framing/framing.hpp"
 #include "split.hpp"
+#include "text.hpp"
 
 namespace astdump {
 
@@ -60,7 +61,8 @@ bool RawFile::is_cut_off(Octets rest) const { return stream_.cut_off() && needs_
 
 // As a datagram of its own, which starts with no whole block.
 void RawFile::add_gap(Chunk &chunk, uint64_t place, uint64_t octets) {
-    chunk.add({.octets = chunk.octets().subspan(place, octets), .offset = offset_ + place, .unread = octets});
+    const Octets unread = chunk.octets().subspan(place, octets);
+    chunk.add({.octets = unread, .offset = offset_ + place, .unread = octets, .is_text = is_text(unread)});
 }
 
 } // namespace astdump

@@ -143,7 +143,7 @@ bool Run::read(Chunk &chunk) {
     chunk.editions = editions_;
     if (!editions_.grows()) return is_filled;
     for (const Datagram &datagram : chunk.datagrams())
-        if (!datagram.is_told)
+        if (datagram.may_hold_blocks())
             each_block(datagram.octets, [&](Octets block) {
                 if (options_.categories.test(block[0])) editions_.learn(block);
             });

@@ -13,7 +13,9 @@ void Stats::count(const Tally &tally) {
     for (const auto &[type, count] : tally.items) items_[type] += count;
 }
 
+// Where nothing could be opened there is nothing to count.
 void Stats::finish(uint64_t) {
+    if (files_.empty()) return;
     categories();
     items();
     profiles();

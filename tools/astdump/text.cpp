@@ -178,4 +178,18 @@ std::string readable(std::string_view text) {
     return result;
 }
 
+bool is_text(std::span<const uint8_t> octets) {
+    constexpr size_t kFewest = 6; // of fewer, a block may consist
+    constexpr size_t kAsciiShare = 8;
+    size_t others = 0;
+    for (const uint8_t octet : octets) {
+        const bool is_white = octet == ' ' || (octet >= '\t' && octet <= '\r');
+        if (octet >= 0x80)
+            ++others;
+        else if (!is_white && (octet < ' ' || octet == 0x7F))
+            return false;
+    }
+    return octets.size() >= kFewest && others <= octets.size() / kAsciiShare;
+}
+
 } // namespace astdump

@@ -38,4 +38,7 @@ void put_printable(TextBuffer &out, std::string_view text);
 // show, and octets that are no character, become dots.
 std::string readable(std::string_view text);
 
+// Whether octets are more likely text than anything else: printable ASCII and white space, with few other characters.
+bool is_text(std::span<const uint8_t> octets);
+
 } // namespace astdump

@@ -39,7 +39,8 @@ void Worker::datagram(const Datagram &datagram, uint64_t most, Rendered &rendere
     for (uint64_t offset = 0; offset < datagram.octets.size() && rendered.shown < most;) {
         const Octets rest = datagram.octets.subspan(offset);
         const Frame frame = frame_block(rest);
-        if (frame.framing != Framing::block || datagram.is_told) return no_block(datagram, offset, frame, rendered);
+        if (frame.framing != Framing::block || !datagram.may_hold_blocks())
+            return no_block(datagram, offset, frame, rendered);
         if (options_.categories.test(frame.category)) block(datagram, offset, rest.first(frame.length), most, rendered);
         ++number_;
         offset += frame.length;
@@ -50,7 +51,7 @@ void Worker::datagram(const Datagram &datagram, uint64_t most, Rendered &rendere
 void Worker::no_block(const Datagram &datagram, uint64_t offset, const Frame &frame, Rendered &rendered) {
     if (!datagram.is_told) rendered.damage.framing(datagram, offset, frame);
     if (!options_.categories.test(datagram.octets[offset])) return;
-    const std::string reason = framing_text(frame, datagram.octets.size() - offset);
+    const std::string reason = framing_text(frame, datagram.octets.subspan(offset));
     for (size_t i = 0; i < renderers_.size(); ++i)
         if (renderers_[i]) renderers_[i]->no_block(datagram, offset, reason, rendered.texts[i]);
     if (!rendered.texts.empty()) rendered.damage.place = rendered.texts.front().size();

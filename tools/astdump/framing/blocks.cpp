@@ -1,8 +1,11 @@
 // What tells blocks from other octets.
 
+#include <algorithm>
 #include <array>
 
 #include "../split.hpp"
+#include "../text.hpp"
+#include "ast.h"
 #include "framing.hpp"
 
 namespace astdump {
@@ -28,10 +31,17 @@ bool has_fspec(Octets records) {
     return false;
 }
 
+// Text whose first characters, a blank is category 032, pass for the header of a block.
+bool is_text_block(Octets block) {
+    constexpr size_t kHeadOctets = 64;
+    return is_text(block.first(std::min(block.size(), kHeadOctets)));
+}
+
 // The length of a block at the beginning of octets, 0 when there is none.
 uint64_t block_at(Octets octets) {
     const Frame frame = frame_block(octets);
     if (frame.framing != Framing::block || !kIsPublished[frame.category]) return 0;
+    if (is_text_block(octets.first(frame.length))) return 0;
     const Octets records = octets.subspan(kBlockHeaderOctets, frame.length - kBlockHeaderOctets);
     return has_fspec(records) ? frame.length : 0;
 }
@@ -63,20 +73,28 @@ struct Search {
     bool is_found = false;
 };
 
-// The first place after `from` at which blocks run again: two of them, or one that ends where the octets do.
+bool is_read_whole(Octets octets) {
+    ast_reader_t reader{};
+    return ast_reader_learn(&reader, octets.data(), octets.size(), nullptr);
+}
+
+// The first place after `from` at which blocks run again: two of them, or one that ends where the octets do. What looks
+// like a block may by chance lead into the midst of true ones: one within it whose records fill it is preferred.
 Search next_blocks(Octets octets, uint64_t from, bool is_end) {
-    for (uint64_t place = from + 1; place < octets.size(); ++place) {
+    Search first;
+    uint64_t end = octets.size(); // of the block that was found first
+    for (uint64_t place = from + 1; place < end; ++place) {
         const Octets rest = octets.subspan(place);
         const uint64_t length = block_at(rest);
-        if (length == 0) {
-            if (!is_end && may_begin_block(rest)) return {.place = place};
-            continue;
-        }
         const Octets behind = rest.subspan(length);
-        if (behind.empty() ? is_end : block_at(behind) != 0) return {.place = place, .is_found = true};
-        if (!is_end && may_begin_block(behind)) return {.place = place};
+        const bool runs_on = length != 0 && (behind.empty() ? is_end : block_at(behind) != 0);
+        if (runs_on && is_read_whole(rest)) return {.place = place, .is_found = true};
+        if (first.is_found) continue;
+        if (!runs_on && !is_end && may_begin_block(behind)) return {.place = place};
+        if (runs_on) first = {.place = place, .is_found = true};
+        if (runs_on) end = place + length;
     }
-    return {.place = octets.size()};
+    return first.is_found ? first : Search{.place = octets.size()};
 }
 
 // Whether a block that is none of the published ones still stands among others.
@@ -94,7 +112,7 @@ Soundness check_blocks(Octets octets, bool is_end) {
         const Frame frame = frame_block(rest);
         if (frame.framing == Framing::block) {
             const Octets behind = rest.subspan(frame.length);
-            if (block_at(rest) != 0 || is_in_line(behind, frame, is_end)) {
+            if (block_at(rest) != 0 || (!is_text_block(rest) && is_in_line(behind, frame, is_end))) {
                 result.last = result.sound;
                 result.sound += frame.length;
                 continue;
@@ -105,7 +123,9 @@ Soundness check_blocks(Octets octets, bool is_end) {
             if (!has_published_category(rest) && rest[0] != octets[result.last]) result.sound = result.last;
             return result;
         }
-        const Search next = next_blocks(octets, result.sound == 0 ? 0 : result.last, is_end);
+        const bool is_sure = result.sound != 0 && is_read_whole(octets.subspan(result.last));
+        const uint64_t from = is_sure ? result.sound - 1 : result.last;
+        const Search next = next_blocks(octets, from, is_end);
         if (next.is_found && next.place < result.sound) result.sound = result.last;
         if (next.is_found || is_end)
             result.gap = next.place - result.sound;

@@ -31,6 +31,7 @@ struct FramingKind {
     uint64_t lead_octets;                                       // before the first frame of a file
     Framed (*find)(Octets rest, std::vector<uint8_t> &storage); // null for what has a reader of its own
     std::optional<uint8_t> idle = {};                           // what may stand behind the last frame
+    bool is_text = false;
 };
 
 // All of them, in the order in which they are tried.
@@ -68,7 +69,8 @@ struct Soundness {
 };
 
 // Looks through octets that are to be blocks back to back. A LEN that is wrong shows where it leads: then the block
-// that has it is no longer sound. Blocks that have no published category are sound where the blocks around them are.
+// that has it is no longer sound, unless its records fill it. Blocks that have no published category are sound where
+// the blocks around them are.
 Soundness check_blocks(Octets octets, bool is_end);
 
 // ---- For framings of their own sources ----

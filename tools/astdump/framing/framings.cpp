@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "../text.hpp"
 #include "framing.hpp"
 
 namespace astdump {
@@ -19,8 +20,8 @@ constexpr FramingKind kFramings[] = {
     {"oradis", "six octets of length and time before the blocks", 0, find_oradis},
     {"hdlc", "HDLC frames between flags 7E", 0, find_hdlc, 0x7E},
     {"mac-llc", "IEEE 802.3 frames with a logical link header", 0, find_mac_llc},
-    {"hex", "hexadecimal text, a block or datagram a line", 0, find_hex},
-    {"json", "records as JSON, an object a line", 0, nullptr},
+    {"hex", "hexadecimal text, a block or datagram a line", 0, find_hex, {}, true},
+    {"json", "records as JSON, an object a line", 0, nullptr, {}, true},
 };
 
 // How far the frames of one framing reach into the beginning of a file, and how many they are.
@@ -33,7 +34,7 @@ struct Reach {
 Reach reach_of(const FramingKind &kind, Octets head, bool is_whole_file) {
     constexpr uint64_t kEnough = 16;
     Reach reach;
-    if (!kind.find || kind.lead_octets >= head.size()) return reach;
+    if (!kind.find || kind.lead_octets >= head.size() || kind.is_text != is_text(head)) return reach;
     std::vector<uint8_t> storage;
     uint64_t place = kind.lead_octets;
     while (reach.frames < kEnough && place < head.size()) {

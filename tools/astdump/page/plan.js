@@ -18,7 +18,11 @@ class Plan {
         this.listen();
         this.layers.show(element.querySelector('.layers'), () => this.changed());
         this.dress();
-        new ResizeObserver(() => this.resize()).observe(this.canvas.parentElement);
+        // A canvas that gets another size is empty, and observers are called after what was asked for before the frame.
+        new ResizeObserver(() => {
+            this.resize();
+            this.draw();
+        }).observe(this.canvas.parentElement);
         this.resize();
         this.fit();
         element.querySelector('.note').textContent = this.plane.note();
@@ -41,9 +45,11 @@ class Plan {
     changed() {
         this.frame ??= requestAnimationFrame(() => {
             this.frame = null;
-            this.drawing.draw(this.view, this.scene, this.covered());
+            this.draw();
         });
     }
+
+    draw() { this.drawing.draw(this.view, this.scene, this.covered()); }
 
     // What stands on the canvas, and hides what is drawn there.
     covered() {

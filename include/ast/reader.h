@@ -84,7 +84,7 @@ AST_API void ast_reader_init(ast_reader_t *reader);
  *  Returns whether the block is valid. A profile is preferred that fits all blocks of the source; among those a
  *  published edition to the layout of a particular radar, then the one with which the first records are most plausible
  *  (I021/010, I021/040 and I021/080 or I021/161 present, time of day below 24 hours, latitude within 90°, levels from
- *  -15 to 1500, characters legal), then the newest. Attempts that fail may log. */
+ *  -15 to 1500, characters legal, I007/410 of that direction), then the newest. Attempts that fail may log. */
 AST_API bool ast_reader_decode(ast_reader_t *reader, ast_datablock_t *block, const uint8_t *data, uint64_t available,
                                ast_reader_result_t *result);
 

@@ -45,10 +45,17 @@ private:
     uint32_t count_ = 0;
 };
 
+// Whether I007/410 is of the other direction than the profile: requests, 5 to 8, go up, all else comes down.
+inline bool is_of_other_direction(const ast_uap_t &uap, uint8_t message) {
+    const bool is_request = message >= 5 && message <= 8;
+    return is_request != (uap.get_dataitem == AST_UAP_PUBLISHED_OTHER.get_dataitem);
+}
+
 // Of one item; one that cannot be read at all is as bad as a value.
 inline uint32_t flaws_of(const ast_uap_t &uap, ast_dataitem_type_t type, const uint8_t *data, uint64_t size) {
     const schema::Field *const field = schema::find_item(type, uap);
     if (!field) return 0;
+    if (type == AST_DATAITEM_TYPE(7, 410)) return is_of_other_direction(uap, data[0]) ? 1 : 0;
     Flaws flaws;
     const schema::Context context{uap, type / kItemNumbers, 0};
     const bool is_read = schema::Walk<Flaws>(schema::BitReader(data, size, 0), flaws, context).field(field);

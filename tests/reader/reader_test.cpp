@@ -60,6 +60,16 @@ TEST_F(Reader, KnowsWhatTheRegistryLeavesOut) {
     EXPECT_FALSE(result.ambiguous);
 }
 
+// FRN 8 of category 007 is I007/161 in a request and I007/070 in what answers it.
+TEST_F(Reader, TellsRequestsFromReportsByTheirMessageType) {
+    EXPECT_TRUE(decode(7, "A1 80 19 0C 05 00 07"));
+    EXPECT_EQ(items(), "7010+2 7410+1 7161+2");
+    EXPECT_FALSE(result.ambiguous);
+    EXPECT_TRUE(decode(7, "A1 80 19 0D 04 00 07"));
+    EXPECT_EQ(items(), "7010+2 7410+1 7070+2");
+    EXPECT_FALSE(result.ambiguous);
+}
+
 // Where the registered layout is another one, or that of an edition before.
 TEST_F(Reader, SizesItemsAsTheirDocumentSays) {
     EXPECT_TRUE(decode(4, "81 20 19 0C 10 00 01 80")); // I004/120/CD has three octets

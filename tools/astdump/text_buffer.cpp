@@ -1,16 +1,19 @@
 #include "text_buffer.hpp"
 
 #include <charconv>
-#include <iterator>
 
 namespace astdump {
 
 void TextBuffer::number(uint64_t value, size_t width, char fill) {
-    char digits[20];
-    const char *const end = std::to_chars(std::begin(digits), std::end(digits), value).ptr;
-    const auto count = static_cast<size_t>(end - digits);
-    if (count < width) pad(width - count, fill);
-    put({digits, count});
+    constexpr size_t kMostDigits = 20;
+    char *const out = room(std::max(width, kMostDigits));
+    auto count = static_cast<size_t>(std::to_chars(out, out + kMostDigits, value).ptr - out);
+    if (count < width) {
+        std::memmove(out + width - count, out, count);
+        std::memset(out, fill, width - count);
+        count = width;
+    }
+    size_ += count;
 }
 
 namespace {

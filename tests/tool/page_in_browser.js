@@ -24,7 +24,7 @@ async function look() {
     await until(() => blocks.every(block => block.querySelector('h3')));
     check('every block opens', blocks.every(block => block.querySelector('h3')));
     check('records have tables', shown('.detail_table').length === all('h3').length);
-    check('the damage is reported', shown('p.fault').length === 1);
+    check('the damage is reported', shown('.block p.fault').length === 1 && shown('.numbers p.fault').length === 1);
     check('items are closed at first', shown('.hex_table').length === 0);
 
     const items = all('.item');

@@ -44,6 +44,13 @@ TEST(Page, HoldsNoMarkupOfOthers) {
     EXPECT_EQ(command.run("--html page '\"<i>&' && grep '<h2>' page").out, "<h2>&quot;&lt;i&gt;&amp;</h2>\n");
 }
 
+TEST(Page, SaysWhatIsNotInIt) {
+    Command command;
+    command.write("input", read_file(kSample) + hex("FA 0006 800102  22 000B F0 190C 02 546080 40  0000"));
+    EXPECT_EQ(command.run("--html page input; grep -A3 '>all<' page | sed -n '/^<p/p'").out,
+              "<p class=\"fault\">Lost: 2 octets skipped</p>\n<p>Not supported: 1 block</p>\n");
+}
+
 TEST(Page, SaysWhenItCannotBeWritten) {
     for (const auto &[page, reason] :
          {std::pair("/nowhere/page", "No such file or directory"), std::pair("/dev/full", "No space left on device")}) {

@@ -37,6 +37,7 @@ void Page::file(const std::string &name) { file_.write("<h2>" + escape(name) + "
 
 void Page::count(const Tally &tally) {
     for (const auto &[category, counts] : tally.categories) counts_[category] += counts;
+    losses_ += tally.losses;
 }
 
 void Page::finish(uint64_t octets_read) {
@@ -58,7 +59,12 @@ void Page::totals() {
         file_.write(totals_row(category_text(category), counts_[category]));
         total += counts_[category];
     }
-    file_.write(totals_row("all", total) + "</table></section>\n</body></html>\n");
+    file_.write(totals_row("all", total) + "</table>\n");
+    if (losses_.any_damage()) file_.write("<p class=\"fault\">Lost: " + losses_.text() + "</p>\n");
+    if (losses_.unsupported != 0) file_.write("<p>Not supported: " + counted(losses_.unsupported, "block") + "</p>\n");
+    if (const std::string foreign = losses_.foreign_text(); !foreign.empty())
+        file_.write("<p>Not ASTERIX: " + foreign + "</p>\n");
+    file_.write("</section>\n</body></html>\n");
 }
 
 void Page::tell_size(uint64_t octets_read) const {

@@ -37,6 +37,7 @@ private:
     std::string path_;
     OutputFile file_;
     std::array<Counts, 256> counts_{}; // by category
+    Losses losses_;
 };
 
 } // namespace astdump

@@ -13,6 +13,8 @@ namespace astdump {
 
 namespace {
 
+constexpr size_t kOctetsAtATime = size_t{64} * 1024; // of compressed files, and of what they hold
+
 [[noreturn]] void fail() { throw std::system_error(errno, std::generic_category()); }
 
 } // namespace
@@ -54,24 +56,35 @@ void OctetStream::take_off_compression() {
 
 size_t OctetStream::read_plain(uint8_t *buffer, size_t count) {
     if (!compression_) return read_file(buffer, count);
+    if (plain_begin_ == plain_.size() && !unpack()) return 0;
+    const Octets plain = Octets(plain_).subspan(plain_begin_);
+    const Octets taken = plain.first(std::min(count, plain.size()));
+    std::ranges::copy(taken, buffer);
+    plain_begin_ += taken.size();
+    return taken.size();
+}
+
+// As much at a time whoever reads it: how far damaged data are read depends on that. False at their end.
+bool OctetStream::unpack() {
     const auto end = [&](std::string what) {
         damage_ = "the " + std::string(compression_->name()) + " data " + std::move(what);
-        return size_t{0};
+        return false;
     };
+    plain_begin_ = 0;
     while (damage_.empty()) {
-        const Octets packed = Octets(packed_).subspan(packed_begin_);
-        const Compression::Step step = compression_->unpack(packed, {buffer, count});
+        plain_.resize(kOctetsAtATime);
+        const Compression::Step step = compression_->unpack(Octets(packed_).subspan(packed_begin_), plain_);
         packed_begin_ += step.taken;
-        if (step.given != 0) return step.given;
+        plain_.resize(step.given);
+        if (step.given != 0) return true;
         if (step.error) return end(std::string("are damaged: ") + step.error);
         if (step.taken != 0 || read_packed()) continue;
-        return compression_->is_whole() || cut_off() ? 0 : end("end too early");
+        return compression_->is_whole() || cut_off() ? false : end("end too early");
     }
-    return 0;
+    return false;
 }
 
 bool OctetStream::read_packed() {
-    constexpr size_t kOctetsAtATime = size_t{64} * 1024;
     packed_.erase(packed_.begin(), packed_.begin() + static_cast<std::ptrdiff_t>(packed_begin_));
     packed_begin_ = 0;
     const size_t had = packed_.size();
@@ -120,7 +133,7 @@ void OctetStream::put_back(Octets octets) {
 }
 
 bool OctetStream::is_ready() const {
-    if (!peeked_.empty() || packed_begin_ < packed_.size()) return true;
+    if (!peeked_.empty() || plain_begin_ < plain_.size() || packed_begin_ < packed_.size()) return true;
     pollfd file{.fd = descriptor_, .events = POLLIN, .revents = 0};
     return !grows_ && ::poll(&file, 1, 0) == 1;
 }

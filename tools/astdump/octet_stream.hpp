@@ -65,6 +65,7 @@ private:
     size_t read_file(uint8_t *buffer, size_t count);
     size_t read_plain(uint8_t *buffer, size_t count);
     bool comes_within(int limit_ms) const;
+    bool unpack();
     bool read_packed();
 
     int descriptor_;
@@ -77,6 +78,8 @@ private:
     std::unique_ptr<Compression> compression_; // null for none
     std::vector<uint8_t> packed_;              // read but not taken, from `packed_begin_` on
     size_t packed_begin_ = 0;
+    std::vector<uint8_t> plain_; // unpacked but not taken, from `plain_begin_` on
+    size_t plain_begin_ = 0;
     std::string damage_;
 };
 

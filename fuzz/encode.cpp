@@ -124,6 +124,14 @@ void check_block(Input input) {
     require(block.valid && block.record_count == source.record_count, "an encoded block does not decode");
 }
 
+// Whether an item announces a subfield that the record is too short for: the octets that come to stand behind it may
+// complete that.
+bool has_cut_subfield(const ast_dataitem_t &item) {
+    const ast_subfields_t decoded = ast_dataitem_subfields_decode(&item);
+    return std::any_of(decoded.subfields, decoded.subfields + decoded.subfield_count,
+                       [](const ast_subfield_t &subfield) { return subfield.present && subfield.size == 0; });
+}
+
 // New values for items that a decoded record may or may not have.
 void check_modified(Input input) {
     const uint32_t category = categories()[input.below(categories().size())];
@@ -138,6 +146,7 @@ void check_modified(Input input) {
     const ast_datarecord_t first = ast_datarecord_decode(octets.data(), octets.size(), category, uap);
     // Without what follows it: an extended item may owe its size to that.
     const ast_datarecord_t record = ast_datarecord_decode(octets.data(), first.size, category, uap);
+    if (std::any_of(record.items, record.items + record.item_count, has_cut_subfield)) return;
     std::vector<uint8_t> buffer = buffer_of(length);
     const ast_datarecord_t modified = ast_datarecord_modify(buffer.data(), length, &record, &replacements);
     if (!modified.valid) return;

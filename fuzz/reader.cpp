@@ -81,11 +81,17 @@ bool is_as_published(const ast_datablock_t &block) {
     return true;
 }
 
+// A reader finds I001/020 where it is; the mixed profile takes it to stand behind I001/010, which has to be there.
+bool has_data_sources(const ast_datablock_t &block) {
+    return std::all_of(block.records, block.records + block.record_count,
+                       [](const ast_datarecord_t &record) { return ast_fspec_is_set(&record.fspec, 1); });
+}
+
 bool is_accepted_by_a_profile(Octets octets) {
     static ast_datablock_t block; // large
     const auto is_accepted = [] { return block.valid && is_as_published(block); };
     ast_datablock_001_mixuap_decode_into(&block, octets.data(), octets.size());
-    if (octets[0] == 1 && is_accepted()) return true;
+    if (octets[0] == 1 && is_accepted() && has_data_sources(block)) return true;
     return std::ranges::any_of(profiles(), [&](const ast_uap_t *uap) {
         ast_datablock_decode_into(&block, octets.data(), octets.size(), *uap);
         return is_accepted();

@@ -101,6 +101,7 @@
 #include "ast/queries.h"
 #include "ast/schema.h"
 #include "ast/reader.h"
+#include "ast/census.h"
 #include "ast/convert.h"
 
 #include "ast/cat001.h"

@@ -43,8 +43,10 @@ inline uint64_t plain_size(const Slot &slot, const Reading &reading, const uint8
     switch (slot.kind) {
     case SizeRule::Kind::Extended:
         return plain_extended_size(data, available, slot.other_octets());
-    case SizeRule::Kind::Subfields:
-        return summed_size(*reading.own->rows[slot.place].compound, data, available);
+    case SizeRule::Kind::Subfields: {
+        const Compound &compound = *reading.own->rows[slot.place].compound;
+        return summed_size(compound.sums, compound.sums_count, data, available);
+    }
     case SizeRule::Kind::Repetitive:
         return 1 + slot.other_octets() * data[0];
     case SizeRule::Kind::Explicit:
@@ -70,6 +72,17 @@ uint64_t reported_size(const Reading &reading, const ItemRow &row, ast_dataitem_
     return 0;
 }
 
+// Sizes an item that is not fixed by its slot, at the bit of an FSPEC that announces it. Returns 0 when the record breaks
+// off.
+template <typename Store>
+uint64_t variable_size(const Reading &reading, unsigned bit, const uint8_t *data, uint64_t left, Store &store) {
+    const Slot &slot = reading.slots->slots[bit];
+    const uint64_t size = plain_size(slot, reading, data, left);
+    if (size - 1 < left) [[likely]] // neither 0 nor more than there is
+        return size;
+    return reported_size(reading, reading.own->rows[slot.place], slot.type, frn_of_bit(bit), data, left, store);
+}
+
 // The items of an FSPEC of which every bit is known, sized without a call wherever that can be done. Returns their end,
 // or null when the record broke off.
 template <typename Store>
@@ -82,13 +95,9 @@ const uint8_t *read_known_items(const Reading &reading, uint64_t announced, cons
         const Slot &slot = slots[bit];
         uint64_t size = slot.fixed_octets();
         if (size > left) {
-            size = plain_size(slot, reading, data, left);
-            if (size - 1 >= left) [[unlikely]] { // 0, or more than there is
-                store.take(next);
-                const ItemRow &row = reading.own->rows[slot.place];
-                size = reported_size(reading, row, slot.type, frn_of_bit(bit), data, left, store);
-                if (size == 0) return nullptr;
-            }
+            store.take(next);
+            size = variable_size(reading, bit, data, left, store);
+            if (size == 0) return nullptr;
         }
         left -= size;
         store.put(next, data, size, slot.type, left);

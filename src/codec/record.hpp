@@ -72,8 +72,8 @@ uint64_t reported_size(const Reading &reading, const ItemRow &row, ast_dataitem_
     return 0;
 }
 
-// Sizes an item that is not fixed by its slot, at the bit of an FSPEC that announces it. Returns 0 when the record breaks
-// off.
+// Sizes an item that is not fixed by its slot, at the bit of an FSPEC that announces it. Returns 0 when the record
+// breaks off.
 template <typename Store>
 uint64_t variable_size(const Reading &reading, unsigned bit, const uint8_t *data, uint64_t left, Store &store) {
     const Slot &slot = reading.slots->slots[bit];

@@ -181,27 +181,13 @@ struct Way {
     Reading reading;            // of a candidate that is not mixed
 };
 
-Way find_way(ast_census_t &census, const Block &block, const Source *known) {
-    static constexpr Source kUnknown{};
-    const auto [tried, is_settled] = first_tried(known ? *known : kUnknown, block.own.candidates, false);
-    const Candidate &candidate = block.own.candidates[static_cast<size_t>(std::countr_zero(tried))];
-    const uint32_t category = block.own.category;
-    const bool is_ambiguous = !std::has_single_bit(tried);
-    return {.category = category,
-            .known = known,
-            .candidate = is_settled ? &candidate : nullptr,
-            .group = is_settled ? find_group(census, category, candidate, is_ambiguous) : nullptr,
-            .reading = reading_of(candidate, category)};
-}
-
 // What the blocks of one call have in common is looked up once.
 class Counter {
 public:
     Counter(const ast_reader_t &reader, ast_census_t &census) : reader_(reader), census_(census) {}
 
-    // Whether a block could be counted; it is all that is available.
-    bool count(const uint8_t *data, uint64_t length) {
-        const Block block{data, length, length, {data[0], {}}};
+    // Whether a block could be counted.
+    bool count(const Block &block) {
         const Way &way = way_of(block);
         if (!way.group) return false;
         if (!way.candidate->is_mixed) return add_block(census_, *way.group, block, way.reading);
@@ -212,13 +198,24 @@ public:
 private:
     static constexpr size_t kWays = 8;
 
+    Way find_way(uint32_t category, const Source *known) const {
+        static constexpr Source kUnknown{};
+        const Candidates candidates = candidates_for(&reader_, category).candidates;
+        const auto [tried, is_settled] = first_tried(known ? *known : kUnknown, candidates, false);
+        const Candidate &candidate = candidates[static_cast<size_t>(std::countr_zero(tried))];
+        const bool is_ambiguous = !std::has_single_bit(tried);
+        return {.category = category,
+                .known = known,
+                .candidate = is_settled ? &candidate : nullptr,
+                .group = is_settled ? find_group(census_, category, candidate, is_ambiguous) : nullptr,
+                .reading = reading_of(candidate, category)};
+    }
+
     const Way &way_of(const Block &block) {
         const Source *const known = find_known(reader_, block);
-        std::optional<Way> &way = ways_[block.own.category % kWays];
-        if (!way || way->category != block.own.category || way->known != known)
-            way.emplace(find_way(
-                census_, {block.data, block.available, block.length, candidates_for(&reader_, block.own.category)},
-                known));
+        std::optional<Way> &way = ways_[block.category() % kWays];
+        if (!way || way->category != block.category() || way->known != known)
+            way.emplace(find_way(block.category(), known));
         return *way;
     }
 
@@ -249,7 +246,7 @@ uint64_t ast_reader_count(const ast_reader_t *reader, ast_census_t *census, cons
     while (available - offset >= kBlockHeaderOctets) {
         const uint64_t length = read_u16(data + offset + 1);
         if (length < kBlockHeaderOctets || length > available - offset) break;
-        if (!counter.count(data + offset, length)) break;
+        if (!counter.count({data + offset, length, length})) break;
         offset += length;
     }
     return offset;

@@ -15,6 +15,10 @@ constexpr uint32_t kJudgedRecords = 1000; // of a new source
 
 // ---- Looking at a block ----
 
+struct CandidateBlock : Block {
+    CategoryCandidates own;
+};
+
 // Why and where reading a block ended.
 struct Place {
     uint32_t reason = AST_SPLIT_WHOLE;
@@ -26,7 +30,7 @@ struct Place {
 // A store of which nothing is left but where it ended and, when somebody asks, how plausible it was.
 class Look {
 public:
-    Look(const Block &block, const ast_uap_t &uap, bool judges) : block_(block), uap_(uap), judges_(judges) {}
+    Look(const CandidateBlock &block, const ast_uap_t &uap, bool judges) : block_(block), uap_(uap), judges_(judges) {}
 
     static uint64_t room() { return UINT32_MAX; }
     static int next() { return 0; }
@@ -66,7 +70,7 @@ public:
 private:
     Place place_;
     uint32_t records_ = 0;
-    const Block &block_;
+    const CandidateBlock &block_;
     const ast_uap_t &uap_;
     bool judges_;
     uint32_t flaws_ = 0;
@@ -74,7 +78,7 @@ private:
 };
 
 template <typename Choose>
-void look_by(Look &look, const Block &block, Choose choose) {
+void look_by(Look &look, const CandidateBlock &block, Choose choose) {
     const auto take = [&](const uint8_t *data, uint64_t left, const Reading &reading) {
         const uint64_t octets = read_record(reading, data, left, look).octets;
         if (octets != 0) look.end_record();
@@ -83,19 +87,19 @@ void look_by(Look &look, const Block &block, Choose choose) {
     look.end_block(walk_records(block.data, block.length, std::min(block.available, kMaxAvailable), choose, take));
 }
 
-Look look_at(const Block &block, const Candidate &by, bool judges = false) {
+Look look_at(const CandidateBlock &block, const Candidate &by, bool judges = false) {
     Look look(block, *by.uap, judges);
-    with_choice(by, block.own.category, [&](const auto &choice) { look_by(look, block, chooser(choice)); });
+    with_choice(by, block.category(), [&](const auto &choice) { look_by(look, block, chooser(choice)); });
     return look;
 }
 
-Mask fitting(const Block &block, Mask among) {
+Mask fitting(const CandidateBlock &block, Mask among) {
     Mask fits = 0;
     each(among, [&](size_t i) { fits |= look_at(block, block.own.candidates[i]).is_whole() ? bit_of(i) : 0; });
     return fits;
 }
 
-size_t furthest(const Block &block, Mask among) {
+size_t furthest(const CandidateBlock &block, Mask among) {
     size_t best = 0;
     uint64_t end = 0;
     each(among, [&](size_t i) {
@@ -117,7 +121,7 @@ Mask lowest_tier(const Candidates &candidates, Mask among) {
 }
 
 // Whether there was something to judge.
-bool judge(Source &source, const Block &block, Mask fits) {
+bool judge(Source &source, const CandidateBlock &block, Mask fits) {
     const Mask rivals = lowest_tier(block.own.candidates, fits);
     if (source.judged >= kJudgedRecords || std::has_single_bit(rivals)) return false;
     uint32_t records = 0;
@@ -131,7 +135,7 @@ bool judge(Source &source, const Block &block, Mask fits) {
 }
 
 // Which candidates fit a block, told to its source.
-Mask learn(Source &source, const Block &block, Mask tried) {
+Mask learn(Source &source, const CandidateBlock &block, Mask tried) {
     const Mask all = all_of(block.own.candidates.size());
     Mask fits = fitting(block, tried);
     if (fits == 0 && tried != all) {
@@ -152,7 +156,7 @@ struct Choice {
     bool is_ambiguous;
 };
 
-Choice choose(const Source &source, const Block &block, Mask fits) {
+Choice choose(const Source &source, const CandidateBlock &block, Mask fits) {
     const Mask all = all_of(block.own.candidates.size());
     if (fits == 0 && source.blocks == 0) return {furthest(block, all), false};
     const Mask leading = leaders(source, block.own.candidates, fits ? fits : all);
@@ -192,7 +196,7 @@ bool read_block(ast_reader_t *reader, bool learns, const uint8_t *data, uint64_t
         return false;
     }
 
-    const Block block{data, available, result.length, candidates_for(reader, result.category)};
+    const CandidateBlock block{{data, available, result.length}, candidates_for(reader, result.category)};
     const Source *const known = reader && !learns ? find_known(*reader, block) : nullptr;
     Source own = known ? *known : Source{};
     Source &source = reader && learns ? find_source(*reader, key_of(block)) : own;
@@ -269,7 +273,8 @@ bool ast_reader_split(ast_reader_t *reader, ast_split_t *split, const uint8_t *d
 bool ast_reader_learn(ast_reader_t *reader, const uint8_t *data, uint64_t available, ast_reader_result_t *result) {
     Answer answer(result);
     return read_block(reader, true, data, available, *answer, [&](const Candidate &candidate, uint32_t category) {
-        const Block block{data, available, (*answer).length, find_candidates(category)};
-        return (*answer).length <= available && look_at(block, candidate).is_whole();
+        const CandidateBlock block{{data, available, (*answer).length}, find_candidates(category)};
+        const bool is_whole = block.length >= kBlockHeaderOctets && block.length <= available;
+        return is_whole && look_at(block, candidate).is_whole();
     });
 }

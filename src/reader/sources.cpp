@@ -23,7 +23,7 @@ uint32_t key_of(const Block &block) {
     constexpr uint32_t kDataSource = 10;
     constexpr uint32_t kKnown = UINT32_C(1) << 31; // so that no key is 0
     constexpr uint32_t kHasSource = UINT32_C(1) << (kSourceBits + kCategoryBits);
-    const uint32_t category = block.own.category;
+    const uint32_t category = block.category();
     const uint32_t key = kKnown | category << kSourceBits;
     uint64_t place = kBlockHeaderOctets;
     if (block.length == place || !bit(block.data[place], 8)) return key;
@@ -57,7 +57,7 @@ const Source *find_known(const ast_reader_t &reader, const Block &block) {
     uint32_t key = 0;
     for (const Source &source : reader.sources) {
         if (source.key == 0) break; // the places are taken in their order
-        if (category_of(source.key) != block.own.category) continue;
+        if (category_of(source.key) != block.category()) continue;
         if (key == 0) key = key_of(block);
         if (source.key == key) return &source;
         if (source.blocks > (known ? known->blocks : 0)) known = &source;

@@ -22,7 +22,8 @@ struct Block {
     const uint8_t *data;
     uint64_t available;
     uint64_t length; // from LEN, at least that of a header and at most what is available
-    CategoryCandidates own;
+
+    uint32_t category() const { return data[0]; }
 };
 
 // The source of a block of its category, as a number that is not 0.

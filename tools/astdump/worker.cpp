@@ -13,8 +13,8 @@ Worker::Worker(const Options &options, const Sinks &sinks) : options_(options), 
         counts_ = counts_ || sink->counts();
     }
     const bool shows_none = std::ranges::none_of(renderers_, [](const auto &renderer) { return renderer != nullptr; });
-    only_counts_ = shows_none && options.categories.all() && options.where.empty() && options.convert.none() &&
-                   !options.count;
+    only_counts_ =
+        shows_none && options.categories.all() && options.where.empty() && options.convert.none() && !options.count;
 }
 
 void Worker::render(const Chunk &chunk, uint64_t most, Rendered &rendered) {

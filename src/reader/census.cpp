@@ -58,7 +58,7 @@ void lay_out(ast_census_t &census, Shape &shape, const Reading &reading, uint64_
 }
 
 // Null for what cannot be a shape, or has no room.
-Shape *add_shape(ast_census_t &census, Shape &shape, const Reading &reading, uint64_t announced) {
+[[gnu::noinline]] Shape *add_shape(ast_census_t &census, Shape &shape, const Reading &reading, uint64_t announced) {
     const bool is_known = announced != 0 && (announced & reading.slots->unknown) == 0;
     if (!is_known || std::popcount(announced) > AST_DATARECORD_MAX_ITEMS) return nullptr;
     if (census.shape_count == kMostShapes || census.step_count + kMostSteps > AST_CENSUS_STEPS) return nullptr;
@@ -84,15 +84,19 @@ struct Nobody {
     static void break_off(uint32_t, const uint8_t *, uint32_t, ast_dataitem_type_t) {}
 };
 
-// What variable_size of the same item is.
-uint64_t size_of(const Step &step, const Reading &reading, const uint8_t *data, uint64_t left) {
+// The two kinds that most items are of whose sizes vary. 0 for any other, and for what is not plain.
+uint64_t plain_size(const Step &step, const uint8_t *data, uint64_t left) {
     const auto kind = static_cast<SizeRule::Kind>(step.kind);
-    uint64_t size = 0;
-    if (kind == SizeRule::Kind::Extended)
-        size = left == 0 ? 0 : plain_extended_size(data, left, step.octets);
-    else if (kind == SizeRule::Kind::Subfields)
-        size = left == 0 ? 0 : summed_size(static_cast<const SubfieldSums *>(step.sums), step.octets, data, left);
-    if (size - 1 < left) [[likely]]
+    if (left == 0) return 0;
+    if (kind == SizeRule::Kind::Extended) return plain_extended_size(data, left, step.octets);
+    if (kind != SizeRule::Kind::Subfields) return 0;
+    return summed_size(static_cast<const SubfieldSums *>(step.sums), step.octets, data, left);
+}
+
+// 0 where the record breaks off.
+uint64_t size_of(const Step &step, const Reading &reading, const uint8_t *data, uint64_t left) {
+    const uint64_t size = plain_size(step, data, left);
+    if (size - 1 < left) [[likely]] // neither 0 nor more than there is
         return size;
     Nobody nobody;
     return variable_size(reading, step.bit, data, left, nobody);

@@ -68,6 +68,7 @@ Blocks Counter::add(const Editions &editions, Octets blocks) {
 }
 
 void Counter::take_census() {
+    if (census_->group_count == 0) return;
     for (const ast_census_group_t &group : std::span(census_->groups, census_->group_count)) {
         if (group.blocks == 0) continue;
         Counts &counts = counts_of(group.category);

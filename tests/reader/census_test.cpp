@@ -122,7 +122,8 @@ TEST_F(Census, IsLeftAloneByAReaderThatStillLearns) {
 
 // Records of category 001 are read each in its own profile, here a plot and a track with the same FSPEC.
 TEST_F(Census, TellsPlotsFromTracks) {
-    const std::vector<uint8_t> block = block_of(1, octets("F0 19 0C 00 01 02 03 04 05 06 F0 19 0C 80 01 02 03 04 05 06"));
+    const std::vector<uint8_t> block =
+        block_of(1, octets("F0 19 0C 00 01 02 03 04 05 06 F0 19 0C 80 01 02 03 04 05 06"));
     ast_reader_learn(reader.get(), block.data(), block.size(), nullptr);
     EXPECT_EQ(count(block), block.size());
     EXPECT_EQ(items(), "1010:2 1020:2 1040:2 1070:1 1161:1");

@@ -37,23 +37,20 @@ struct RecordSize {
     uint64_t fspec_octets = 0;
 };
 
-// The size of an item that is not fixed, where octets alone tell it and there is nothing to report. 0 otherwise.
+// The size of an item that is neither fixed nor compound, where octets alone tell it and there is nothing to report. An
+// octet is available. 0 otherwise.
+inline uint64_t plain_size(SizeRule::Kind kind, uint64_t octets, const uint8_t *data, uint64_t available) {
+    if (kind == SizeRule::Kind::Extended) return plain_extended_size(data, available, octets);
+    if (kind == SizeRule::Kind::Repetitive) return 1 + octets * data[0];
+    return kind == SizeRule::Kind::Explicit ? data[0] : 0;
+}
+
+// The same of any item that is not fixed.
 inline uint64_t plain_size(const Slot &slot, const Reading &reading, const uint8_t *data, uint64_t available) {
     if (available == 0) return 0;
-    switch (slot.kind) {
-    case SizeRule::Kind::Extended:
-        return plain_extended_size(data, available, slot.other_octets());
-    case SizeRule::Kind::Subfields: {
-        const Compound &compound = *reading.own->rows[slot.place].compound;
-        return summed_size(compound.sums, compound.sums_count, data, available);
-    }
-    case SizeRule::Kind::Repetitive:
-        return 1 + slot.other_octets() * data[0];
-    case SizeRule::Kind::Explicit:
-        return data[0];
-    default:
-        return 0;
-    }
+    if (slot.kind != SizeRule::Kind::Subfields) return plain_size(slot.kind, slot.other_octets(), data, available);
+    const Compound &compound = *reading.own->rows[slot.place].compound;
+    return summed_size(compound.sums, compound.sums_count, data, available);
 }
 
 // Why an item of that size, which is 0 or more than there is, breaks a record off.
@@ -72,14 +69,10 @@ uint64_t reported_size(const Reading &reading, const ItemRow &row, ast_dataitem_
     return 0;
 }
 
-// Sizes an item that is not fixed by its slot, at the bit of an FSPEC that announces it. Returns 0 when the record
-// breaks off.
+// The same of an item that the bit of an FspecWord announces.
 template <typename Store>
-uint64_t variable_size(const Reading &reading, unsigned bit, const uint8_t *data, uint64_t left, Store &store) {
+uint64_t reported_size(const Reading &reading, unsigned bit, const uint8_t *data, uint64_t left, Store &store) {
     const Slot &slot = reading.slots->slots[bit];
-    const uint64_t size = plain_size(slot, reading, data, left);
-    if (size - 1 < left) [[likely]] // neither 0 nor more than there is
-        return size;
     return reported_size(reading, reading.own->rows[slot.place], slot.type, frn_of_bit(bit), data, left, store);
 }
 
@@ -95,9 +88,12 @@ const uint8_t *read_known_items(const Reading &reading, uint64_t announced, cons
         const Slot &slot = slots[bit];
         uint64_t size = slot.fixed_octets();
         if (size > left) {
-            store.take(next);
-            size = variable_size(reading, bit, data, left, store);
-            if (size == 0) return nullptr;
+            size = plain_size(slot, reading, data, left);
+            if (size - 1 >= left) [[unlikely]] { // 0, or more than there is
+                store.take(next);
+                size = reported_size(reading, bit, data, left, store);
+                if (size == 0) return nullptr;
+            }
         }
         left -= size;
         store.put(next, data, size, slot.type, left);

@@ -84,13 +84,11 @@ struct Nobody {
     static void break_off(uint32_t, const uint8_t *, uint32_t, ast_dataitem_type_t) {}
 };
 
-// The two kinds that most items are of whose sizes vary. 0 for any other, and for what is not plain.
 uint64_t plain_size(const Step &step, const uint8_t *data, uint64_t left) {
-    const auto kind = static_cast<SizeRule::Kind>(step.kind);
     if (left == 0) return 0;
-    if (kind == SizeRule::Kind::Extended) return plain_extended_size(data, left, step.octets);
-    if (kind != SizeRule::Kind::Subfields) return 0;
-    return summed_size(static_cast<const SubfieldSums *>(step.sums), step.octets, data, left);
+    const auto *const sums = static_cast<const SubfieldSums *>(step.sums);
+    if (sums) return summed_size(sums, step.octets, data, left);
+    return plain_size(static_cast<SizeRule::Kind>(step.kind), step.octets, data, left);
 }
 
 // 0 where the record breaks off.
@@ -99,7 +97,7 @@ uint64_t size_of(const Step &step, const Reading &reading, const uint8_t *data, 
     if (size - 1 < left) [[likely]] // neither 0 nor more than there is
         return size;
     Nobody nobody;
-    return variable_size(reading, step.bit, data, left, nobody);
+    return reported_size(reading, step.bit, data, left, nobody);
 }
 
 // The end of the items of a record, or null when it breaks off.

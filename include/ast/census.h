@@ -39,7 +39,7 @@ typedef struct {
 /** Records whose FSPECs announce the same items of the same layout. The census's own. */
 typedef struct {
     const void *layout; /* null for a place that is empty */
-    uint64_t announced; /* FRN 1 in bit 0, eight bits to an octet of the FSPEC */
+    uint64_t fspec;     /* its octets, the first one lowest */
     uint64_t records;
     uint16_t item_count;
     uint16_t first_step;

@@ -25,9 +25,9 @@ static_assert(size_t{1} << kPlaceBits == AST_CENSUS_SHAPES);
 constexpr size_t kMostShapes = AST_CENSUS_SHAPES * 3 / 4; // so that an empty place is near
 constexpr size_t kMostSteps = AST_DATARECORD_MAX_ITEMS;   // of one shape
 
-size_t place_of(const SlotsByBit &layout, uint64_t announced) {
+size_t place_of(const SlotsByBit &layout, uint64_t fspec) {
     constexpr uint64_t kGoldenRatio = 0x9E3779B97F4A7C15;
-    return static_cast<size_t>((announced ^ reinterpret_cast<uintptr_t>(&layout)) * kGoldenRatio >> (64 - kPlaceBits));
+    return static_cast<size_t>((fspec ^ reinterpret_cast<uintptr_t>(&layout)) * kGoldenRatio >> (64 - kPlaceBits));
 }
 
 Step step_of(const Reading &reading, unsigned bit) {
@@ -40,9 +40,9 @@ Step step_of(const Reading &reading, unsigned bit) {
             .bit = static_cast<uint8_t>(bit)};
 }
 
-void lay_out(ast_census_t &census, Shape &shape, const Reading &reading, uint64_t announced) {
-    shape = {.layout = reading.slots, .announced = announced, .first_step = static_cast<uint16_t>(census.step_count)};
-    for (; announced != 0; announced &= announced - 1) {
+void lay_out(ast_census_t &census, Shape &shape, const Reading &reading, uint64_t fspec) {
+    shape = {.layout = reading.slots, .fspec = fspec, .first_step = static_cast<uint16_t>(census.step_count)};
+    for (uint64_t announced = announced_by(fspec); announced != 0; announced &= announced - 1) {
         const auto bit = static_cast<unsigned>(std::countr_zero(announced));
         const int16_t octets = reading.slots->slots[bit].octets;
         ++shape.item_count;
@@ -58,22 +58,23 @@ void lay_out(ast_census_t &census, Shape &shape, const Reading &reading, uint64_
 }
 
 // Null for what cannot be a shape, or has no room.
-[[gnu::noinline]] Shape *add_shape(ast_census_t &census, Shape &shape, const Reading &reading, uint64_t announced) {
+[[gnu::noinline]] Shape *add_shape(ast_census_t &census, Shape &shape, const Reading &reading, uint64_t fspec) {
+    const uint64_t announced = announced_by(fspec);
     const bool is_known = announced != 0 && (announced & reading.slots->unknown) == 0;
     if (!is_known || std::popcount(announced) > AST_DATARECORD_MAX_ITEMS) return nullptr;
     if (census.shape_count == kMostShapes || census.step_count + kMostSteps > AST_CENSUS_STEPS) return nullptr;
     ++census.shape_count;
-    lay_out(census, shape, reading, announced);
+    lay_out(census, shape, reading, fspec);
     return &shape;
 }
 
 // That of a record, new unless it is known. Null as above.
-Shape *find_shape(ast_census_t &census, const Reading &reading, uint64_t announced) {
-    for (size_t place = place_of(*reading.slots, announced);; ++place) {
+Shape *find_shape(ast_census_t &census, const Reading &reading, uint64_t fspec) {
+    for (size_t place = place_of(*reading.slots, fspec);; ++place) {
         Shape &shape = census.shapes[place % AST_CENSUS_SHAPES];
-        if (shape.announced == announced && shape.layout == reading.slots) [[likely]]
+        if (shape.fspec == fspec && shape.layout == reading.slots) [[likely]]
             return &shape;
-        if (!shape.layout) return add_shape(census, shape, reading, announced);
+        if (!shape.layout) return add_shape(census, shape, reading, fspec);
     }
 }
 
@@ -127,10 +128,10 @@ template <typename Choose>
 uint64_t add_records(ast_census_t &census, const Block &block, uint64_t end, Choose choose, uint64_t by,
                      Counts &counts) {
     const auto take = [&](const uint8_t *data, uint64_t left, const Reading &reading) -> uint64_t {
-        const FspecWord fspec = read_fspec_word(data, left);
-        Shape *const shape = find_shape(census, reading, fspec.announced);
+        const FspecOctets fspec = read_fspec_octets(data, left);
+        Shape *const shape = find_shape(census, reading, fspec.word);
         if (!shape) return 0;
-        const uint8_t *const behind = behind_items(census, *shape, reading, data + fspec.octets, left - fspec.octets);
+        const uint8_t *const behind = behind_items(census, *shape, reading, data + fspec.count, left - fspec.count);
         if (!behind) return 0;
         shape->records += by;
         ++counts.records;
@@ -259,7 +260,7 @@ void ast_census_get_items(const ast_census_t *census, ast_census_visitor_t visit
     for (const Shape &shape : census->shapes) {
         if (shape.records == 0) continue;
         const auto &layout = *static_cast<const SlotsByBit *>(shape.layout);
-        for (uint64_t announced = shape.announced; announced != 0; announced &= announced - 1)
+        for (uint64_t announced = announced_by(shape.fspec); announced != 0; announced &= announced - 1)
             visit(context, layout.slots[static_cast<size_t>(std::countr_zero(announced))].type, shape.records);
     }
 }

@@ -30,7 +30,7 @@ void Detail::item(TextBuffer &out, const ast_dataitem_t &item, const Reading &re
 
 bool Detail::is_compound(ast_dataitem_type_t type) {
     std::optional<bool> &known = compounds_[type];
-    if (!known) known = ast_dataitem_get_func(type).get_detail_html == ast_dataitem_subfields_get_detail_html;
+    if (!known) known = ItemViews::is_compound(type);
     return *known;
 }
 

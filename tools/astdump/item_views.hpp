@@ -8,6 +8,11 @@ namespace astdump {
 
 class ItemViews {
 public:
+    // Whether the library shows items of a type by their subfields: an overview of them, then each by itself.
+    static bool is_compound(ast_dataitem_type_t type) {
+        return ast_dataitem_get_func(type).get_detail_html == ast_dataitem_subfields_get_detail_html;
+    }
+
     // Both are good until the next call, and not made printable yet.
     std::string_view summary(const ast_dataitem_t &item, const Reading &reading) {
         const std::string_view text = views_.summary(item);

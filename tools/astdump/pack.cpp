@@ -8,11 +8,14 @@ namespace astdump {
 
 namespace {
 
+// Of 1 to 9: takes half the time of the usual one, 6, for a tenth more octets.
+constexpr int kLevel = 4;
+
 std::vector<uint8_t> deflate(std::string_view text) {
     uLongf size = compressBound(text.size());
     std::vector<uint8_t> octets(size);
     const auto *const source = reinterpret_cast<const Bytef *>(text.data());
-    if (compress2(octets.data(), &size, source, text.size(), Z_DEFAULT_COMPRESSION) != Z_OK)
+    if (compress2(octets.data(), &size, source, text.size(), kLevel) != Z_OK)
         throw std::runtime_error("cannot compress");
     octets.resize(size);
     return octets;

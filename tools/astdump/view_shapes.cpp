@@ -93,7 +93,7 @@ void ViewShapes::clear() {
 void ViewShapes::put(TextBuffer &lines, TextBuffer &fields, std::string_view html, uint32_t kind) {
     const Shape *&last = last_[kind];
     if (html.empty() || (last && put_fields(fields, html, *last))) return;
-    last = &find_or_put(lines, html);
+    last = &find_or_put(lines, html, kind);
     put_fields(fields, html, *last);
 }
 
@@ -129,8 +129,9 @@ bool ViewShapes::put_fields(TextBuffer &fields, std::string_view html, const Sha
     return true;
 }
 
-const ViewShapes::Shape &ViewShapes::find_or_put(TextBuffer &lines, std::string_view html) {
+const ViewShapes::Shape &ViewShapes::find_or_put(TextBuffer &lines, std::string_view html, uint32_t kind) {
     read(html);
+    markup_.append(reinterpret_cast<const char *>(&kind), sizeof kind);
     const auto [known, is_new] = shapes_.try_emplace(markup_, Shape{shapes_.size(), std::string(html), texts_});
     if (is_new) put_line(lines, known->second);
     return known->second;

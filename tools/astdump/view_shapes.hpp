@@ -10,15 +10,15 @@
 
 namespace astdump {
 
-// Writes views as two fields behind tabs, of which the second may be missing: the number of a shape, and of its texts those that are different, each behind its place.
-// A shape is the first view that had its markup, on a line of its own: markup and text in turn. Texts are escaped; one
-// that begins with a mark is the octets of a table of bits, in hex.
+// Writes views as two fields behind tabs, of which the second may be missing: the number of a shape, and of its texts
+// those that are different, each behind its place. A shape is the first view that had its markup, on a line of its own:
+// markup and text in turn. Texts are escaped; one that begins with a mark is the octets of a table of bits, in hex.
 class ViewShapes {
 public:
     void clear();
 
-    // Puts the fields, none for a view of nothing, and the line of a new shape. Views of a kind, such as those of a type of items, most
-    // likely have the same one.
+    // Puts the fields, none for a view of nothing, and the line of a new shape. Views of a kind, such as those of a
+    // type of items, have shapes of their own, and most likely the same as the one before.
     void put(TextBuffer &lines, TextBuffer &fields, std::string_view html, uint32_t kind);
 
 private:
@@ -38,9 +38,9 @@ private:
     void read(std::string_view html);
     void read_link(std::string_view link, size_t at);
     void add_text(size_t at, size_t size, char mark, bool is_number = false);
-    const Shape &find_or_put(TextBuffer &lines, std::string_view html);
+    const Shape &find_or_put(TextBuffer &lines, std::string_view html, uint32_t kind);
 
-    std::unordered_map<std::string, Shape> shapes_; // by their markup
+    std::unordered_map<std::string, Shape> shapes_;    // by their markup and kind
     std::unordered_map<uint32_t, const Shape *> last_; // by kind
 
     // The view at hand: its markup, with a mark in the place of each text.

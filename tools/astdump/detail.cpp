@@ -25,7 +25,7 @@ std::string_view summary_at(std::string_view text) { return text.substr(1, stati
 
 void Detail::item(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading) {
     if (is_compound(item.type) && compound(out, item, reading)) return;
-    fragment(out, views_.detail(item, reading));
+    fragment(out, views_.detail(item, reading), item.type);
 }
 
 bool Detail::is_compound(ast_dataitem_type_t type) {
@@ -86,10 +86,23 @@ void Detail::subfield(TextBuffer &out, const ast_dataitem_t &item, const Reading
     html_ = "<h4>Subfield #" + std::to_string(number) + " - " +
             ast_subfield_get_name(AST_SUBFIELD_TYPE(item.type, number)) + "</h4>";
     html_ += views_.subfield_detail(item, reading, number);
-    fragment(out, html_);
+    fragment(out, html_, AST_SUBFIELD_TYPE(item.type, number));
 }
 
-void Detail::fragment(TextBuffer &out, std::string_view html) {
+// Most views are nearly those of the last item of the kind.
+void Detail::fragment(TextBuffer &out, std::string_view html, uint32_t kind) {
+    ViewPattern &pattern = patterns_[kind];
+    if (pattern.put(out, html)) return;
+    const size_t begin = out.size();
+    pattern_ = &pattern;
+    pattern_->begin(html, begin);
+    read_fragment(out, html);
+    for (const std::string_view table : reader_.left_out()) pattern_->add(ViewPattern::Kind::table, table, begin);
+    pattern_->end(out.text().substr(begin));
+    pattern_ = nullptr;
+}
+
+void Detail::read_fragment(TextBuffer &out, std::string_view html) {
     below_title_ = false;
     choose_parts(reader_.read(html));
     for (const ViewPart *const part : parts_) {
@@ -100,6 +113,7 @@ void Detail::fragment(TextBuffer &out, std::string_view html) {
         case ViewPart::Kind::paragraph:
             indent(out);
             put_printable(out, part->text);
+            keep(out, part->text);
             out.put('\n');
             break;
         case ViewPart::Kind::table:
@@ -137,6 +151,7 @@ void Detail::title(TextBuffer &out, std::string_view text) {
     indent(out);
     out.put(style_.on(Color::heading));
     put_printable(out, text);
+    keep(out, text);
     out.put(style_.off());
     out.put('\n');
     below_title_ = true;
@@ -165,8 +180,19 @@ void Detail::table(TextBuffer &out, const ViewPart &table) {
     for (const ViewPart::Row cells : rows_) {
         indent(out);
         row(out, cells);
+        if (cells.size() == widths_.size()) keep(out, cells.back());
         out.put('\n');
     }
+}
+
+// Notes that a text has just been put, which may be another one without that anything else changes.
+void Detail::keep(const TextBuffer &out, std::string_view text) {
+    if (!pattern_) return;
+    const std::string_view address = reader_.address_in(text);
+    if (address.empty())
+        pattern_->add(ViewPattern::Kind::text, text, out.size());
+    else
+        pattern_->add(ViewPattern::Kind::address, address, out.size());
 }
 
 // Summaries that the library has not are left blank.

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "by_type.hpp"
@@ -11,6 +12,7 @@
 #include "terminal.hpp"
 #include "text_buffer.hpp"
 #include "view_parts.hpp"
+#include "view_pattern.hpp"
 
 namespace astdump {
 
@@ -24,7 +26,9 @@ private:
     bool compound(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading);
     void subfield(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading, uint32_t number);
     void put_lines(TextBuffer &out) const;
-    void fragment(TextBuffer &out, std::string_view html);
+    void fragment(TextBuffer &out, std::string_view html, uint32_t kind);
+    void read_fragment(TextBuffer &out, std::string_view html);
+    void keep(const TextBuffer &out, std::string_view text);
     void choose_parts(std::span<const ViewPart> parts);
     void choose_rows(const ViewPart &table);
     void title(TextBuffer &out, std::string_view text);
@@ -36,6 +40,8 @@ private:
     ItemViews views_;
     ViewReader reader_;
     bool below_title_ = false;
+    std::unordered_map<uint32_t, ViewPattern> patterns_; // by the type of an item or a subfield
+    ViewPattern *pattern_ = nullptr;                     // of the view at hand, which becomes that of its kind
 
     // What is shown of a view, and of a table in it, and how wide its columns are.
     std::vector<const ViewPart *> parts_;

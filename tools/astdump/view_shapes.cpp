@@ -6,6 +6,7 @@
 
 #include "ast.h"
 #include "markup.hpp"
+#include "view_changes.hpp"
 
 namespace astdump {
 
@@ -70,19 +71,6 @@ void put_piece(TextBuffer &out, std::string_view piece) {
     out.hex_digits(octets_of(piece));
 }
 
-// How many characters two texts begin with in common.
-size_t common_size(std::string_view a, std::string_view b) {
-    const size_t most = std::min(a.size(), b.size());
-    size_t size = 0;
-    for (uint64_t words[2]; size + sizeof words[0] <= most; size += sizeof words[0]) {
-        std::memcpy(&words[0], a.data() + size, sizeof words[0]);
-        std::memcpy(&words[1], b.data() + size, sizeof words[1]);
-        if (words[0] != words[1]) break;
-    }
-    while (size < most && a[size] == b[size]) ++size;
-    return size;
-}
-
 } // namespace
 
 void ViewShapes::clear() {
@@ -103,30 +91,17 @@ bool ViewShapes::put_fields(TextBuffer &fields, std::string_view html, const Sha
     fields.put('\t');
     fields.number(shape.number);
     char before = '\t';
-    size_t at = 0; // in the view, and in the shape
-    size_t known = 0;
-    for (auto text = shape.texts.begin();; ++text) {
-        const size_t same = common_size(html.substr(at), std::string_view(shape.html).substr(known));
-        at += same;
-        known += same;
-        if (at == html.size() && known == shape.html.size()) break;
-        text = std::find_if(text, shape.texts.end(), [&](const Text &t) { return known <= t.end; });
-        const bool is_text = text != shape.texts.end() && text->begin <= known;
-        const size_t start = is_text ? at - (known - text->begin) : at;
-        const std::string_view piece = is_text ? piece_at(html.substr(start), text->is_number) : std::string_view();
-        if (piece.empty()) {
-            fields.cut(begin);
-            return false;
-        }
-        fields.put(before);
-        before = kGap;
-        fields.number(static_cast<size_t>(text - shape.texts.begin()));
-        fields.put(kBehindPlace);
-        put_piece(fields, piece);
-        at = start + piece.size();
-        known = text->end;
-    }
-    return true;
+    const auto piece_of = [](const Text &text, std::string_view rest) { return piece_at(rest, text.is_number); };
+    const bool is_alike =
+        each_change(html, shape.html, shape.texts, piece_of, [&](const Text &text, std::string_view piece) {
+            fields.put(before);
+            before = kGap;
+            fields.number(static_cast<size_t>(&text - shape.texts.data()));
+            fields.put(kBehindPlace);
+            put_piece(fields, piece);
+        });
+    if (!is_alike) fields.cut(begin);
+    return is_alike;
 }
 
 const ViewShapes::Shape &ViewShapes::find_or_put(TextBuffer &lines, std::string_view html, uint32_t kind) {

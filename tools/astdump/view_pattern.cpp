@@ -1,0 +1,63 @@
+#include "view_pattern.hpp"
+
+#include <algorithm>
+
+#include "text.hpp"
+#include "view_changes.hpp"
+#include "view_parts.hpp"
+#include "views.hpp"
+
+namespace astdump {
+
+namespace {
+
+// Whether a text is shown as it is: neither left out nor cut.
+bool is_shown(std::string_view text) { return !text.empty() && text.back() != ' ' && text != kNoSummary; }
+
+} // namespace
+
+bool ViewPattern::put(TextBuffer &out, std::string_view html) const {
+    if (html_.empty()) return false;
+    const std::string_view text = text_;
+    const size_t begin = out.size();
+    size_t shown = 0; // of the text
+    const auto put_piece = [&](const Piece &known, std::string_view piece) {
+        if (known.kind == Kind::table) return;
+        out.put(text.substr(shown, known.shown_at - shown));
+        put_printable(out, piece);
+        shown = known.shown_at + known.end - known.begin;
+    };
+    if (!each_change(html, html_, pieces_, piece_at, put_piece)) {
+        out.cut(begin);
+        return false;
+    }
+    out.put(text.substr(shown));
+    return true;
+}
+
+std::string_view ViewPattern::piece_at(const Piece &known, std::string_view html) {
+    if (known.kind == Kind::table) return html.substr(0, rest_of_table(html));
+    const std::string_view piece = html.substr(0, html.find(known.kind == Kind::text ? '<' : '"'));
+    return is_shown(piece) ? piece : std::string_view();
+}
+
+void ViewPattern::begin(std::string_view html, size_t place) {
+    html_ = html;
+    place_ = place;
+    source_ = html;
+    pieces_.clear();
+}
+
+void ViewPattern::add(Kind kind, std::string_view piece, size_t shown_end) {
+    const auto begin = static_cast<size_t>(piece.data() - source_.data());
+    const bool is_part = !std::less<>()(piece.data(), source_.data()) && begin + piece.size() <= source_.size();
+    if (is_part && (kind == Kind::table || is_shown(piece)))
+        pieces_.push_back({kind, begin, begin + piece.size(), shown_end - place_ - piece.size()});
+}
+
+void ViewPattern::end(std::string_view text) {
+    text_ = text;
+    std::ranges::sort(pieces_, {}, &Piece::begin);
+}
+
+} // namespace astdump

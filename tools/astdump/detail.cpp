@@ -24,20 +24,26 @@ std::string_view summary_at(std::string_view text) { return text.substr(1, stati
 } // namespace
 
 void Detail::item(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading) {
-    if (is_compound(item.type) && compound(out, item, reading)) return;
+    if (const SubfieldNames *const names = names_of(item.type); names && compound(out, item, reading, *names)) return;
     fragment(out, views_.detail(item, reading), item.type);
 }
 
-bool Detail::is_compound(ast_dataitem_type_t type) {
-    std::optional<bool> &known = compounds_[type];
-    if (!known) known = ItemViews::is_compound(type);
-    return *known;
+const Detail::SubfieldNames *Detail::names_of(ast_dataitem_type_t type) {
+    Compound &compound = compounds_[type];
+    if (!compound.is_known) {
+        compound.is_known = true;
+        if (ItemViews::is_compound(type)) compound.names.emplace(ast_dataitem_subfields_get_number(type));
+        for (uint32_t i = 0; compound.names && i < compound.names->size(); ++i)
+            (*compound.names)[i] = {ast_subfield_get_id(AST_SUBFIELD_TYPE(type, i + 1)),
+                                    ast_subfield_get_name(AST_SUBFIELD_TYPE(type, i + 1))};
+    }
+    return compound.names ? &*compound.names : nullptr;
 }
 
 // Puts together what the library's view of a compound item shows: a table of the subfields that are there, then the
 // fields of each. Many subfields are those of items before, though the items are not. A summary with markup is left to
 // the reader of views.
-bool Detail::compound(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading) {
+bool Detail::compound(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading, const SubfieldNames &names) {
     const ast_subfields_t decoded = ast_dataitem_subfields_decode(&item);
     if (!decoded.valid) return false;
     texts_.clear();
@@ -45,28 +51,54 @@ bool Detail::compound(TextBuffer &out, const ast_dataitem_t &item, const Reading
     for (uint64_t i = 0; i < decoded.subfield_count; ++i) {
         const ast_subfield_t &present = decoded.subfields[i];
         if (!present.present) continue;
-        subfields_.push_back({present.type, texts_.size(), std::to_string(i + 1).substr(0, kNumberChars),
-                              std::to_string(present.size).substr(0, kSizeChars)});
+        const size_t begin = texts_.size();
         memo_.put(texts_, present.type, {present.data, present.size}, reading.number,
                   [&](TextBuffer &to) { subfield(to, item, reading, static_cast<uint32_t>(i + 1)); });
-    }
-
-    overview_.kind = ViewPart::Kind::table;
-    overview_.is_headed = true;
-    overview_.cells.assign({"Subfield", "ID", "Name", "Size", "Existing", "Summary"});
-    overview_.row_begins.assign({0});
-    for (const Subfield &present : subfields_) {
-        const std::string_view summary = summary_at(texts_.text().substr(present.begin));
-        if (summary.find('<') != std::string_view::npos) return false;
-        overview_.row_begins.push_back(overview_.cells.size());
-        overview_.cells.insert(overview_.cells.end(),
-                               {present.number, ast_subfield_get_id(present.type), ast_subfield_get_name(present.type),
-                                present.size, "1", summary});
+        if (summary_at(texts_.text().substr(begin)).find('<') != std::string_view::npos) return false;
+        subfields_.push_back({i + 1, present.size, &names[i], begin});
     }
     title(out, "Primary Subfield");
-    table(out, overview_);
+    if (!subfields_.empty()) overview(out);
     put_lines(out);
     return true;
+}
+
+void Detail::overview(TextBuffer &out) const {
+    constexpr std::string_view kNumber = "Subfield";
+    constexpr std::string_view kId = "ID";
+    constexpr std::string_view kName = "Name";
+    constexpr std::string_view kSize = "Size";
+    constexpr std::string_view kExisting = "Existing";
+    size_t id_width = kId.size();
+    size_t name_width = kName.size();
+    for (const Subfield &present : subfields_) {
+        id_width = std::max(id_width, present.name->id.size());
+        name_width = std::max(name_width, present.name->name.size());
+    }
+    const auto put_row = [&](std::string_view number, const SubfieldName &name, std::string_view size,
+                             std::string_view existing) {
+        out.left(number, kNumber.size() + kGapChars);
+        out.left(name.id, id_width + kGapChars);
+        out.left(name.name, name_width + kGapChars);
+        out.left(size, kSize.size() + kGapChars);
+        out.left(existing, kExisting.size() + kGapChars);
+    };
+    indent(out);
+    out.put(style_.on(Color::dim));
+    put_row(kNumber, {kId, kName}, kSize, kExisting);
+    out.put("Summary");
+    out.put(style_.off());
+    out.put('\n');
+    for (const Subfield &present : subfields_) {
+        indent(out);
+        const size_t begin = out.size();
+        put_row(std::to_string(present.number).substr(0, kNumberChars), *present.name,
+                std::to_string(present.size).substr(0, kSizeChars), "1");
+        const std::string_view summary = summary_at(texts_.text().substr(present.begin));
+        if (summary != kNoSummary) put_printable(out, summary);
+        out.trim(begin);
+        out.put('\n');
+    }
 }
 
 // What stands behind the summaries.

@@ -22,8 +22,15 @@ public:
     void item(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading);
 
 private:
-    bool is_compound(ast_dataitem_type_t type);
-    bool compound(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading);
+    struct SubfieldName {
+        std::string_view id;
+        std::string_view name;
+    };
+    using SubfieldNames = std::vector<SubfieldName>; // from the first on
+
+    const SubfieldNames *names_of(ast_dataitem_type_t type);
+    bool compound(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading, const SubfieldNames &names);
+    void overview(TextBuffer &out) const;
     void subfield(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading, uint32_t number);
     void put_lines(TextBuffer &out) const;
     void fragment(TextBuffer &out, std::string_view html, uint32_t kind);
@@ -48,18 +55,22 @@ private:
     std::vector<ViewPart::Row> rows_;
     std::vector<size_t> widths_;
 
-    // Compound items.
-    struct Subfield {
-        uint32_t type;
-        size_t begin; // of its text among the others
-        std::string number;
-        std::string size;
+    struct Compound {
+        bool is_known = false;
+        std::optional<SubfieldNames> names; // nothing for items that are not compound
     };
-    ByType<std::optional<bool>> compounds_;
+    ByType<Compound> compounds_;
+
+    // The subfields of the compound item at hand.
+    struct Subfield {
+        uint64_t number;
+        uint64_t size; // in octets
+        const SubfieldName *name;
+        size_t begin; // of its text among the others
+    };
     Memo memo_;
     TextBuffer texts_;
     std::vector<Subfield> subfields_;
-    ViewPart overview_{};
     std::string html_;
 };
 

@@ -20,20 +20,23 @@ public:
     }
     std::string_view detail(const ast_dataitem_t &item, const Reading &reading);
 
-    // The same for a subfield of a compound item, without its title and bits.
+    // The same for a subfield of a compound item, its detail without its title and bits.
     std::string subfield_summary(const ast_dataitem_t &item, const Reading &reading, uint32_t number);
-    std::string subfield_detail(const ast_dataitem_t &item, const Reading &reading, uint32_t number);
+    std::string_view subfield_detail(const ast_dataitem_t &item, const Reading &reading, uint32_t number);
 
 private:
-    struct Subject; // a compound item, whose values are taken when they are first asked for
+    struct Subject; // a compound item, whose paths are found when they are first asked for
 
     std::string_view value_summary(const ast_dataitem_t &item, const Reading &reading);
+    std::string own_summary(Subject &subject, uint32_t number);
+    void put_own_table(Subject &subject, uint32_t number);
     void complete_table(std::string_view table, Subject &subject);
     void complete_subfields(std::string_view html, Subject &subject);
 
     Views views_;
     ItemValues values_;
-    std::string text_;
+    std::string line_;
+    TextBuffer text_;
 };
 
 } // namespace astdump

@@ -22,8 +22,8 @@ public:
     };
 
     // Take a view in place of the one at hand, then its pieces, and then the text that was made of it. A piece is part
-    // of the HTML, and as long as what it is in the text, which begins at `place` and had come to `shown_end` behind the
-    // piece; others are passed over.
+    // of the HTML, and as long as what it is in the text, which begins at `place` and had come to `shown_end` behind
+    // the piece; others are passed over.
     void begin(std::string_view html, size_t place);
     void add(Kind kind, std::string_view piece, size_t shown_end);
     void end(std::string_view text);

@@ -12,6 +12,9 @@ constexpr size_t kIndent = 14; // below the names of the items
 constexpr size_t kIndentStep = 2;
 constexpr size_t kGapChars = 2;
 
+// The column that tells whether a subfield is there.
+constexpr std::string_view kExisting = "Existing";
+
 // A summary stands behind its length in an octet.
 constexpr size_t kMostSummaryChars = 255;
 
@@ -68,7 +71,6 @@ void Detail::overview(TextBuffer &out) const {
     constexpr std::string_view kId = "ID";
     constexpr std::string_view kName = "Name";
     constexpr std::string_view kSize = "Size";
-    constexpr std::string_view kExisting = "Existing";
     size_t id_width = kId.size();
     size_t name_width = kName.size();
     for (const Subfield &present : subfields_) {
@@ -127,9 +129,10 @@ void Detail::fragment(TextBuffer &out, std::string_view html, uint32_t kind) {
     if (pattern.put(out, html)) return;
     const size_t begin = out.size();
     pattern_ = &pattern;
-    pattern_->begin(html, begin);
+    pattern_->begin(html);
+    pattern_begin_ = begin;
     read_fragment(out, html);
-    for (const std::string_view table : reader_.left_out()) pattern_->add(ViewPattern::Kind::table, table, begin);
+    for (const std::string_view table : reader_.left_out()) pattern_->add(ViewPattern::Kind::table, table, 0);
     pattern_->end(out.text().substr(begin));
     pattern_ = nullptr;
 }
@@ -144,8 +147,7 @@ void Detail::read_fragment(TextBuffer &out, std::string_view html) {
             break;
         case ViewPart::Kind::paragraph:
             indent(out);
-            put_printable(out, part->text);
-            keep(out, part->text);
+            put_kept(out, part->text);
             out.put('\n');
             break;
         case ViewPart::Kind::table:
@@ -170,7 +172,7 @@ void Detail::choose_parts(std::span<const ViewPart> parts) {
 // Subfields that are absent have no value, and rows without cells nothing at all.
 void Detail::choose_rows(const ViewPart &table) {
     const ViewPart::Row header = table.header();
-    const auto existing = static_cast<size_t>(std::ranges::find(header, "Existing") - header.begin());
+    const auto existing = static_cast<size_t>(std::ranges::find(header, kExisting) - header.begin());
     rows_.clear();
     for (size_t i = table.is_headed ? 1 : 0; i < table.rows(); ++i) {
         const ViewPart::Row row = table.row(i);
@@ -182,8 +184,7 @@ void Detail::title(TextBuffer &out, std::string_view text) {
     below_title_ = false;
     indent(out);
     out.put(style_.on(Color::heading));
-    put_printable(out, text);
-    keep(out, text);
+    put_kept(out, text);
     out.put(style_.off());
     out.put('\n');
     below_title_ = true;
@@ -193,6 +194,7 @@ void Detail::title(TextBuffer &out, std::string_view text) {
 void Detail::table(TextBuffer &out, const ViewPart &table) {
     choose_rows(table);
     const ViewPart::Row header = table.header();
+    const bool has_existing = std::ranges::find(header, kExisting) != header.end();
     const bool headed = !header.empty() && header.back() != "Value" && !rows_.empty();
     widths_.clear();
     const auto widen = [&](ViewPart::Row row) {
@@ -211,20 +213,38 @@ void Detail::table(TextBuffer &out, const ViewPart &table) {
     }
     for (const ViewPart::Row cells : rows_) {
         indent(out);
+        const size_t begin = out.size();
         row(out, cells);
-        if (cells.size() == widths_.size()) keep(out, cells.back());
+        if (!has_existing) keep_row(cells, begin, out.size());
         out.put('\n');
     }
 }
 
-// Notes that a text has just been put, which may be another one without that anything else changes.
-void Detail::keep(const TextBuffer &out, std::string_view text) {
+void Detail::put_kept(TextBuffer &out, std::string_view text) {
+    keep(text, out.size(), 0);
+    put_printable(out, text);
+}
+
+// Of a row that was not trimmed. One that ends before the last column is not filled up to it.
+void Detail::keep_row(ViewPart::Row row, size_t begin, size_t end) {
+    size_t at = begin;
+    for (size_t i = 0; i + 1 < row.size(); ++i) at += widths_[i] + kGapChars;
+    if (!pattern_ || at + row.back().size() != end) return;
+    for (size_t i = 0; i < row.size() && (i + 1 < row.size() || row.size() == widths_.size()); ++i) {
+        keep(row[i], begin, i + 1 < widths_.size() ? widths_[i] : 0);
+        begin += widths_[i] + kGapChars;
+    }
+}
+
+// Notes what is put at a place, which may be another text in the next view.
+void Detail::keep(std::string_view text, size_t place, size_t width) {
     if (!pattern_) return;
+    const size_t shown_at = place - pattern_begin_;
     const std::string_view address = reader_.address_in(text);
     if (address.empty())
-        pattern_->add(ViewPattern::Kind::text, text, out.size());
-    else
-        pattern_->add(ViewPattern::Kind::address, address, out.size());
+        pattern_->add(ViewPattern::Kind::text, text, shown_at, width);
+    else if (width == 0)
+        pattern_->add(ViewPattern::Kind::address, address, shown_at + text.size() - address.size());
 }
 
 // Summaries that the library has not are left blank.

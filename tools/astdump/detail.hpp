@@ -35,7 +35,9 @@ private:
     void put_lines(TextBuffer &out) const;
     void fragment(TextBuffer &out, std::string_view html, uint32_t kind);
     void read_fragment(TextBuffer &out, std::string_view html);
-    void keep(const TextBuffer &out, std::string_view text);
+    void put_kept(TextBuffer &out, std::string_view text);
+    void keep_row(ViewPart::Row row, size_t begin, size_t end);
+    void keep(std::string_view text, size_t place, size_t width);
     void choose_parts(std::span<const ViewPart> parts);
     void choose_rows(const ViewPart &table);
     void title(TextBuffer &out, std::string_view text);
@@ -49,6 +51,7 @@ private:
     bool below_title_ = false;
     std::unordered_map<uint32_t, ViewPattern> patterns_; // by the type of an item or a subfield
     ViewPattern *pattern_ = nullptr;                     // of the view at hand, which becomes that of its kind
+    size_t pattern_begin_ = 0;                           // where its text begins
 
     // What is shown of a view, and of a table in it, and how wide its columns are.
     std::vector<const ViewPart *> parts_;

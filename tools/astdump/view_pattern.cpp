@@ -25,7 +25,8 @@ bool ViewPattern::put(TextBuffer &out, std::string_view html) const {
         if (known.kind == Kind::table) return;
         out.put(text.substr(shown, known.shown_at - shown));
         put_printable(out, piece);
-        shown = known.shown_at + known.end - known.begin;
+        out.pad(known.width - std::min(known.width, piece.size()));
+        shown = known.shown_at + std::max(known.width, known.size());
     };
     if (!each_change(html, html_, pieces_, piece_at, put_piece)) {
         out.cut(begin);
@@ -35,24 +36,26 @@ bool ViewPattern::put(TextBuffer &out, std::string_view html) const {
     return true;
 }
 
+// Columns are as wide as the widest of their texts, which has to stay so.
 std::string_view ViewPattern::piece_at(const Piece &known, std::string_view html) {
     if (known.kind == Kind::table) return html.substr(0, rest_of_table(html));
     const std::string_view piece = html.substr(0, html.find(known.kind == Kind::text ? '<' : '"'));
-    return is_shown(piece) ? piece : std::string_view();
+    const bool fits =
+        known.width == 0 || piece.size() == known.size() || (known.size() < known.width && piece.size() <= known.width);
+    return fits && is_shown(piece) ? piece : std::string_view();
 }
 
-void ViewPattern::begin(std::string_view html, size_t place) {
+void ViewPattern::begin(std::string_view html) {
     html_ = html;
-    place_ = place;
     source_ = html;
     pieces_.clear();
 }
 
-void ViewPattern::add(Kind kind, std::string_view piece, size_t shown_end) {
+void ViewPattern::add(Kind kind, std::string_view piece, size_t shown_at, size_t width) {
     const auto begin = static_cast<size_t>(piece.data() - source_.data());
     const bool is_part = !std::less<>()(piece.data(), source_.data()) && begin + piece.size() <= source_.size();
     if (is_part && (kind == Kind::table || is_shown(piece)))
-        pieces_.push_back({kind, begin, begin + piece.size(), shown_end - place_ - piece.size()});
+        pieces_.push_back({kind, begin, begin + piece.size(), shown_at, width});
 }
 
 void ViewPattern::end(std::string_view text) {

@@ -22,10 +22,10 @@ public:
     };
 
     // Take a view in place of the one at hand, then its pieces, and then the text that was made of it. A piece is part
-    // of the HTML, and as long as what it is in the text, which begins at `place` and had come to `shown_end` behind
-    // the piece; others are passed over.
-    void begin(std::string_view html, size_t place);
-    void add(Kind kind, std::string_view piece, size_t shown_end);
+    // of the HTML, and stands as it is `shown_at` in the text: in a column of some width, or where more or fewer
+    // characters may follow. Others are passed over.
+    void begin(std::string_view html);
+    void add(Kind kind, std::string_view piece, size_t shown_at, size_t width = 0);
     void end(std::string_view text);
 
 private:
@@ -34,6 +34,9 @@ private:
         size_t begin; // in the HTML
         size_t end;
         size_t shown_at; // in the text
+        size_t width;
+
+        size_t size() const { return end - begin; }
     };
 
     static std::string_view piece_at(const Piece &known, std::string_view html);
@@ -41,7 +44,6 @@ private:
     std::string html_;
     std::string text_;
     std::string_view source_; // what `html_` is a copy of
-    size_t place_ = 0;
     std::vector<Piece> pieces_;
 };
 

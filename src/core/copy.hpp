@@ -19,7 +19,8 @@ void copy_ends(char *to, const char *from, size_t count) {
     std::memcpy(to + count - sizeof last, &last, sizeof last);
 }
 
-// Copies characters, and returns where the next ones go. Most are copied faster than they are handed to another function.
+// Copies characters, and returns where the next ones go. Most pieces are copied faster than they are handed to another
+// function.
 inline char *copy_text(char *to, const char *from, size_t count) {
     using TwoWords = std::array<uint64_t, 2>;
     if (count > 2 * sizeof(TwoWords)) {

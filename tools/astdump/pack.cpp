@@ -25,11 +25,11 @@ std::string base64(std::vector<uint8_t> octets) {
     constexpr char kDigits[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
     const size_t padding = (3 - octets.size() % 3) % 3;
     octets.resize(octets.size() + padding);
-    std::string text;
-    text.reserve(octets.size() / 3 * 4);
+    std::string text(octets.size() / 3 * 4, '=');
+    char *to = text.data();
     for (size_t i = 0; i < octets.size(); i += 3) {
         const uint32_t group = uint32_t{octets[i]} << 16 | uint32_t{octets[i + 1]} << 8 | octets[i + 2];
-        for (const unsigned shift : {18U, 12U, 6U, 0U}) text += kDigits[group >> shift & 63];
+        for (const unsigned shift : {18U, 12U, 6U, 0U}) *to++ = kDigits[group >> shift & 63];
     }
     return text.replace(text.size() - padding, padding, padding, '=');
 }

@@ -115,7 +115,7 @@ bool ItemTexts::put_compound(TextBuffer &out, const ast_dataitem_t &item, const 
 void ItemTexts::put_subfield(TextBuffer &out, const ast_dataitem_t &item, const ast_subfield_t &subfield,
                              uint32_t number, const Reading &reading) {
     subfield_.clear();
-    shapes_.put(out, subfield_, views_.subfield_detail(item, reading, number), subfield.type);
+    shapes_.put(out, subfield_, views_.subfield_section(item, reading, number), subfield.type);
     out.put("P\t");
     out.number(subfield.size);
     out.put('\t');

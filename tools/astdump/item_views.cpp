@@ -103,6 +103,16 @@ std::string_view ItemViews::subfield_detail(const ast_dataitem_t &item, const Re
     return text_.text();
 }
 
+std::string_view ItemViews::subfield_section(const ast_dataitem_t &item, const Reading &reading, uint32_t number) {
+    const std::string_view html = subfield_detail(item, reading, number);
+    if (!html.ends_with(kNoView)) return html;
+    text_.clear();
+    text_.put(html);
+    Subject subject{item, reading};
+    put_own_table(subject, number);
+    return text_.text();
+}
+
 std::string ItemViews::own_summary(Subject &subject, uint32_t number) {
     const std::string_view path = subject.path(number);
     return path.empty() ? std::string() : values_.summary(subject.item, subject.reading, path);

@@ -24,6 +24,10 @@ public:
     std::string subfield_summary(const ast_dataitem_t &item, const Reading &reading, uint32_t number);
     std::string_view subfield_detail(const ast_dataitem_t &item, const Reading &reading, uint32_t number);
 
+    // As the detail of its item has it: with its published values also where the library's view ends with nothing, such
+    // as a register that it has no fields of.
+    std::string_view subfield_section(const ast_dataitem_t &item, const Reading &reading, uint32_t number);
+
 private:
     struct Subject; // a compound item, whose paths are found when they are first asked for
 

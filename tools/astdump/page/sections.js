@@ -1,6 +1,14 @@
 
 // The list of blocks, by sections that stay packed until they are opened.
 
+// The line of a block that is always shown; fields may be blank.
+const BLOCK_FIELDS = ['number', 'category', 'fault', 'file', 'counts', 'profile', 'received', 'route'];
+
+function blockLine(fields) {
+    const [number, ...others] = fields;
+    return [`#${number}`, ...others].map((field, i) => field && `<span class="${BLOCK_FIELDS[i]}">${field}</span>`).join('');
+}
+
 // The lines of a section by what they begin with. Items are numbered; records hold the items themselves.
 function readSection(text) {
     const types = [], shapes = [], subfields = [], items = [], blocks = [];
@@ -17,9 +25,9 @@ function readSection(text) {
                 [place, subfields[number === '' ? nextSubfield++ : number]]);
             items.push({type: types[type], octets, summary, count: Number(count), subfields: new Map(there)});
         },
-        B: line => blocks.push({line, records: []}),
-        R: (line, numbers) => blocks.at(-1).records.push({
-            line,
+        B: (...fields) => blocks.push({line: blockLine(fields), records: []}),
+        R: (number, note, numbers) => blocks.at(-1).records.push({
+            line: `Record ${number} <small>${note}</small>`,
             items: numbers === '-' ? [] : numbers.split(',').map(number => items[number === '' ? next++ : number]),
         }),
         F: line => { blocks.at(-1).fault = line; },

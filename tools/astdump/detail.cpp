@@ -27,20 +27,21 @@ std::string_view summary_at(std::string_view text) { return text.substr(1, stati
 } // namespace
 
 void Detail::item(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading) {
-    if (const SubfieldNames *const names = names_of(item.type); names && compound(out, item, reading, *names)) return;
+    if (const SubfieldNames &names = names_of(item.type); !names.empty() && compound(out, item, reading, names)) return;
     fragment(out, views_.detail(item, reading), item.type);
 }
 
-const Detail::SubfieldNames *Detail::names_of(ast_dataitem_type_t type) {
+const Detail::SubfieldNames &Detail::names_of(ast_dataitem_type_t type) {
     Compound &compound = compounds_[type];
     if (!compound.is_known) {
         compound.is_known = true;
-        if (ItemViews::is_compound(type)) compound.names.emplace(ast_dataitem_subfields_get_number(type));
-        for (uint32_t i = 0; compound.names && i < compound.names->size(); ++i)
-            (*compound.names)[i] = {ast_subfield_get_id(AST_SUBFIELD_TYPE(type, i + 1)),
-                                    ast_subfield_get_name(AST_SUBFIELD_TYPE(type, i + 1))};
+        const uint64_t count = ItemViews::is_compound(type) ? ast_dataitem_subfields_get_number(type) : 0;
+        for (uint32_t number = 1; number <= count; ++number) {
+            const uint32_t subfield = AST_SUBFIELD_TYPE(type, number);
+            compound.names.push_back({ast_subfield_get_id(subfield), ast_subfield_get_name(subfield)});
+        }
     }
-    return compound.names ? &*compound.names : nullptr;
+    return compound.names;
 }
 
 // Puts together what the library's view of a compound item shows: a table of the subfields that are there, then the

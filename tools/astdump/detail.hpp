@@ -1,7 +1,6 @@
 // The detail view of an item as aligned lines of text.
 #pragma once
 
-#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -28,7 +27,7 @@ private:
     };
     using SubfieldNames = std::vector<SubfieldName>; // from the first on
 
-    const SubfieldNames *names_of(ast_dataitem_type_t type);
+    const SubfieldNames &names_of(ast_dataitem_type_t type);
     bool compound(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading, const SubfieldNames &names);
     void overview(TextBuffer &out) const;
     void subfield(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading, uint32_t number);
@@ -60,7 +59,7 @@ private:
 
     struct Compound {
         bool is_known = false;
-        std::optional<SubfieldNames> names; // nothing for items that are not compound
+        SubfieldNames names; // none for items that are not compound
     };
     ByType<Compound> compounds_;
 

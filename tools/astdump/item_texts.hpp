@@ -13,14 +13,13 @@ namespace astdump {
 
 // Writes lines that begin with their kind and hold fields behind tabs:
 //
-//     T  type  name  subfields                 a type of items; types, shapes, items and subfields are counted from 0
-//                                              each. Of a compound one the ids and names of its subfields in turn
-//     S  pieces                                a shape, as ViewShapes has it
-//     P  octets  summary  shape  changes       a subfield: how many octets it has, and its view
-//     D  type  octets  summary  shape  changes an item
-//     C  type  octets  summary  count  subfields    a compound item: how many subfields it has a bit for, and those
-//     that
-//                                              are there, each as place:number; a blank number is the next that is new
+//     T  type  name  subfields                    a type of items; types, shapes, subfields and items are counted from
+//                                                 0 each. Of a compound one the ids and names of its subfields in turn
+//     S  pieces                                   a shape, as ViewShapes has it
+//     P  octets  summary  shape  changes          a subfield: how many octets it has, and its view
+//     D  type  octets  summary  shape  changes    an item
+//     C  type  octets  summary  count  subfields  a compound item: how many subfields it has a bit for, and each that
+//                                                 is there as place:number; a blank number is the next that is new
 //
 // Texts are escaped.
 class ItemTexts {

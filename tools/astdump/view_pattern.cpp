@@ -1,6 +1,7 @@
 #include "view_pattern.hpp"
 
 #include <algorithm>
+#include <functional>
 
 #include "text.hpp"
 #include "view_changes.hpp"

@@ -1,8 +1,7 @@
 #include "view_shapes.hpp"
 
-#include <algorithm>
 #include <charconv>
-#include <cstring>
+#include <cstdint>
 
 #include "ast.h"
 #include "markup.hpp"

@@ -91,12 +91,16 @@ bool is_foreign(char c) { return c < ' ' || c > '~'; }
 bool any_foreign(std::string_view text) {
     constexpr uint64_t kOnes = 0x0101010101010101;
     constexpr uint64_t kHighest = 0x80 * kOnes;
-    uint64_t eight;
-    for (; text.size() >= sizeof eight; text.remove_prefix(sizeof eight)) {
-        std::memcpy(&eight, text.data(), sizeof eight);
-        if ((((eight - ' ' * kOnes) | (eight + kOnes) | eight) & kHighest) != 0) return true;
-    }
-    return std::ranges::any_of(text, is_foreign);
+    const auto is_any = [](const char *characters) {
+        uint64_t eight;
+        std::memcpy(&eight, characters, sizeof eight);
+        return (((eight - ' ' * kOnes) | (eight + kOnes) | eight) & kHighest) != 0;
+    };
+    if (text.size() < sizeof(uint64_t)) return std::ranges::any_of(text, is_foreign);
+    const char *const last = text.data() + text.size() - sizeof(uint64_t);
+    for (const char *at = text.data(); at < last; at += sizeof(uint64_t))
+        if (is_any(at)) return true;
+    return is_any(last);
 }
 
 } // namespace

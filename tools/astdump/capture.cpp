@@ -86,6 +86,13 @@ void Capture::open(int link_type) try { dissector_.emplace(link_type); } catch (
 
 void Capture::dissect(const Packet &packet, Chunk &chunk) try {
     ++packet_;
+    if (const auto plain = dissector_->find_plain(packet.frame)) {
+        Datagram &datagram = routes_.datagram(plain.route());
+        datagram.octets = plain.payload();
+        datagram.packet = packet_;
+        datagram.time = packet.time;
+        return payloads_.add(chunk, datagram, false);
+    }
     const auto found = dissector_->dissect(packet.frame, packet.time);
     if (!found) return;
     if (found->tcp) return streams_.add(*found, packet_, packet.time, chunk);

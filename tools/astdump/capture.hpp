@@ -34,6 +34,7 @@ private:
     std::optional<PlainCapture> plain_; // until something is left to libpcap
     std::unique_ptr<pcap_t, Close> capture_;
     std::optional<Dissector> dissector_;
+    Routes routes_;
     Payloads payloads_;
     TcpStreams streams_;
     uint64_t packet_ = 0;

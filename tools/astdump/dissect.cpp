@@ -80,6 +80,8 @@ Content strip_link_layer(const LinkLayer &link, Octets frame) {
     return {type, rest};
 }
 
+bool is_ip(uint16_t type) { return type == kEthertypeIpv4 || type == kEthertypeIpv6; }
+
 // Blocks in an LLC frame. Most of these frames are talk among bridges, so that only what begins with a block counts.
 std::optional<Transported> open_llc(const LinkLayer &link, const Content &content) {
     const bool has_length = link.type == DLT_EN10MB && content.type <= kMaxLlcLength;
@@ -166,28 +168,17 @@ std::optional<Piece> find_piece(const Tins::IPv6 &ip, Octets packet) {
     return std::nullopt;
 }
 
-// A UDP datagram in one piece behind an IPv4 header without options, all of whose lengths agree: nothing for any other,
-// which may be in order, too, but is left to libtins.
-std::optional<Transported> open_in_place(Octets packet) {
+PlainDatagram open_in_place(Octets packet) {
     constexpr size_t kHeaderOctets = 20;
     constexpr uint8_t kVersion4WithoutOptions = 0x45;
     constexpr uint16_t kFragmented = 0x3FFF; // an offset, or more to follow
-    constexpr size_t kLength = 2, kFragmentation = 6, kProtocol = 9, kSource = 12, kDestination = 16;
-    if (packet.size() < kHeaderOctets + kUdpHeaderOctets || packet[0] != kVersion4WithoutOptions) return std::nullopt;
+    constexpr size_t kLength = 2, kFragmentation = 6, kProtocol = 9, kAddresses = 12, kUdpLength = 24;
+    if (packet.size() < kHeaderOctets + kUdpHeaderOctets || packet[0] != kVersion4WithoutOptions) return {};
+    if (packet[kProtocol] != kUdp || (read_u16(packet, kFragmentation) & kFragmented) != 0) return {};
     const size_t length = read_u16(packet, kLength);
-    if (length < kHeaderOctets + kUdpHeaderOctets || length > packet.size()) return std::nullopt;
-    if (packet[kProtocol] != kUdp || (read_u16(packet, kFragmentation) & kFragmented) != 0) return std::nullopt;
-    const Octets udp = packet.subspan(kHeaderOctets, length - kHeaderOctets);
-    const size_t udp_length = read_u16(udp, 4);
-    if (udp_length < kUdpHeaderOctets || udp_length > udp.size()) return std::nullopt;
-    Endpoints endpoints{{{}, read_u16(udp, 0)}, {{}, read_u16(udp, 2)}};
-    std::copy_n(&packet[kSource], 4, endpoints.source.address.octets.begin());
-    std::copy_n(&packet[kDestination], 4, endpoints.destination.address.octets.begin());
-    return Transported{.payload = udp.subspan(kUdpHeaderOctets, udp_length - kUdpHeaderOctets),
-                       .truncated = false,
-                       .endpoints = endpoints,
-                       .tcp = std::nullopt,
-                       .rebuilt = {}};
+    const size_t udp_length = read_u16(packet, kUdpLength);
+    if (udp_length < kUdpHeaderOctets || kHeaderOctets + udp_length > length || length > packet.size()) return {};
+    return PlainDatagram(packet.first(kHeaderOctets + udp_length).subspan(kAddresses));
 }
 
 Address to_address(const Tins::IPv4Address &from) {
@@ -262,11 +253,15 @@ std::optional<Transported> open_packet(Octets packet, const Time &time, Reassemb
 
 Dissector::Dissector(int link_type) : link_(find_link_layer(link_type)) {}
 
+PlainDatagram Dissector::find_plain(Octets frame) const {
+    const Content content = strip_link_layer(link_, frame);
+    return is_ip(content.type) ? open_in_place(content.octets) : PlainDatagram();
+}
+
 std::optional<Transported> Dissector::dissect(Octets frame, const Time &time) {
     const Content content = strip_link_layer(link_, frame);
-    if (content.type != kEthertypeIpv4 && content.type != kEthertypeIpv6) return open_llc(link_, content);
+    if (!is_ip(content.type)) return open_llc(link_, content);
     const Octets packet = content.octets;
-    if (auto datagram = open_in_place(packet)) return datagram;
     const int version = packet.empty() ? 0 : packet[0] >> 4;
     if ((version != 4 && version != 6) || !is_worth_dissecting(packet, version)) return std::nullopt;
     try {

@@ -68,7 +68,7 @@ struct Content {
     Octets octets;
 };
 
-Content strip_link_layer(const LinkLayer &link, Octets frame) {
+inline Content strip_link_layer(const LinkLayer &link, Octets frame) {
     Octets rest = behind(frame, link.header_octets);
     if (!link.ethertype_offset) return {kEthertypeIpv4, rest};
     uint16_t type = read_u16(frame, *link.ethertype_offset);

@@ -168,7 +168,7 @@ std::optional<Piece> find_piece(const Tins::IPv6 &ip, Octets packet) {
     return std::nullopt;
 }
 
-PlainDatagram open_in_place(Octets packet) {
+PlainDatagram open_ipv4_in_place(Octets packet) {
     constexpr size_t kHeaderOctets = 20;
     constexpr uint8_t kVersion4WithoutOptions = 0x45;
     constexpr uint16_t kFragmented = 0x3FFF; // an offset, or more to follow
@@ -179,6 +179,25 @@ PlainDatagram open_in_place(Octets packet) {
     const size_t udp_length = read_u16(packet, kUdpLength);
     if (udp_length < kUdpHeaderOctets || kHeaderOctets + udp_length > length || length > packet.size()) return {};
     return PlainDatagram(packet.first(kHeaderOctets + udp_length).subspan(kAddresses));
+}
+
+// The same for IPv6 without extension headers.
+std::optional<Transported> open_ipv6_in_place(Octets packet) {
+    constexpr size_t kLength = 4, kProtocol = 6, kSource = 8, kDestination = 24, kUdpLength = 44;
+    if (packet.size() < kIpv6HeaderOctets + kUdpHeaderOctets || packet[kProtocol] != kUdp) return std::nullopt;
+    const size_t length = read_u16(packet, kLength);
+    const size_t udp_length = read_u16(packet, kUdpLength);
+    const bool is_whole = udp_length <= length && length <= packet.size() - kIpv6HeaderOctets;
+    if (udp_length < kUdpHeaderOctets || !is_whole) return std::nullopt;
+    const Octets udp = packet.subspan(kIpv6HeaderOctets, udp_length);
+    Endpoints endpoints{{{.is_ipv6 = true}, read_u16(udp, 0)}, {{.is_ipv6 = true}, read_u16(udp, 2)}};
+    std::ranges::copy(packet.subspan(kSource, 16), endpoints.source.address.octets.begin());
+    std::ranges::copy(packet.subspan(kDestination, 16), endpoints.destination.address.octets.begin());
+    return Transported{.payload = udp.subspan(kUdpHeaderOctets),
+                       .truncated = false,
+                       .endpoints = endpoints,
+                       .tcp = std::nullopt,
+                       .rebuilt = {}};
 }
 
 Address to_address(const Tins::IPv4Address &from) {
@@ -255,7 +274,7 @@ Dissector::Dissector(int link_type) : link_(find_link_layer(link_type)) {}
 
 PlainDatagram Dissector::find_plain(Octets frame) const {
     const Content content = strip_link_layer(link_, frame);
-    return is_ip(content.type) ? open_in_place(content.octets) : PlainDatagram();
+    return is_ip(content.type) ? open_ipv4_in_place(content.octets) : PlainDatagram();
 }
 
 std::optional<Transported> Dissector::dissect(Octets frame, const Time &time) {
@@ -264,6 +283,8 @@ std::optional<Transported> Dissector::dissect(Octets frame, const Time &time) {
     const Octets packet = content.octets;
     const int version = packet.empty() ? 0 : packet[0] >> 4;
     if ((version != 4 && version != 6) || !is_worth_dissecting(packet, version)) return std::nullopt;
+    if (version == 6)
+        if (auto datagram = open_ipv6_in_place(packet)) return datagram;
     try {
         return version == 4 ? open_packet<Tins::IP>(packet, time, reassembler_)
                             : open_packet<Tins::IPv6>(packet, time, reassembler_);

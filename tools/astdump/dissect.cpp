@@ -38,6 +38,8 @@ constexpr size_t kLlcHeaderOctets = 3;
 constexpr uint8_t kTcp = 6;
 constexpr uint8_t kUdp = 17;
 constexpr size_t kUdpHeaderOctets = 8;
+constexpr size_t kIpv4HeaderOctets = 20;
+constexpr size_t kIpv4RouteOffset = 12; // of the addresses, with the ports behind them
 constexpr size_t kIpv6HeaderOctets = 40;
 constexpr uint64_t kFragmentUnitOctets = 8;
 
@@ -168,20 +170,55 @@ std::optional<Piece> find_piece(const Tins::IPv6 &ip, Octets packet) {
     return std::nullopt;
 }
 
-PlainDatagram open_ipv4_in_place(Octets packet) {
-    constexpr size_t kHeaderOctets = 20;
+// An IPv4 packet without options and in one piece, up to the end that it says; empty for any other.
+Octets plain_ipv4(Octets packet, uint8_t protocol) {
     constexpr uint8_t kVersion4WithoutOptions = 0x45;
     constexpr uint16_t kFragmented = 0x3FFF; // an offset, or more to follow
-    constexpr size_t kLength = 2, kFragmentation = 6, kProtocol = 9, kAddresses = 12, kUdpLength = 24;
-    if (packet.size() < kHeaderOctets + kUdpHeaderOctets || packet[0] != kVersion4WithoutOptions) return {};
-    if (packet[kProtocol] != kUdp || (read_u16(packet, kFragmentation) & kFragmented) != 0) return {};
+    constexpr size_t kLength = 2, kFragmentation = 6, kProtocol = 9;
+    if (packet.size() < kIpv4HeaderOctets || packet[0] != kVersion4WithoutOptions) return {};
+    if (packet[kProtocol] != protocol || (read_u16(packet, kFragmentation) & kFragmented) != 0) return {};
     const size_t length = read_u16(packet, kLength);
-    const size_t udp_length = read_u16(packet, kUdpLength);
-    if (udp_length < kUdpHeaderOctets || kHeaderOctets + udp_length > length || length > packet.size()) return {};
-    return PlainDatagram(packet.first(kHeaderOctets + udp_length).subspan(kAddresses));
+    return length <= packet.size() ? packet.first(length) : Octets();
 }
 
-// The same for IPv6 without extension headers.
+PlainDatagram open_udp_in_place(Octets packet) {
+    constexpr size_t kUdpLength = 24;
+    const Octets whole = plain_ipv4(packet, kUdp);
+    if (whole.size() < kIpv4HeaderOctets + kUdpHeaderOctets) return {};
+    const size_t udp_length = read_u16(whole, kUdpLength);
+    if (udp_length < kUdpHeaderOctets || udp_length > whole.size() - kIpv4HeaderOctets) return {};
+    return PlainDatagram(whole.first(kIpv4HeaderOctets + udp_length).subspan(kIpv4RouteOffset));
+}
+
+// A segment of TCP, too, if it has no options but, as most have, its time.
+std::optional<Transported> open_tcp_in_place(Octets packet) {
+    constexpr size_t kHeaderOctets = 20, kTimeOctets = 12;
+    constexpr size_t kSequence = 4, kHeaderWords = 12, kFlags = 13;
+    constexpr uint8_t kFin = 0x01, kSyn = 0x02, kRst = 0x04;
+    constexpr uint8_t kTime[] = {1, 1, 8, 10}; // two octets that say nothing, and the kind and length of the option
+    const Octets whole = plain_ipv4(packet, kTcp);
+    if (whole.size() < kIpv4HeaderOctets + kHeaderOctets) return std::nullopt;
+    const Octets segment = whole.subspan(kIpv4HeaderOctets);
+    const size_t header_octets = size_t{4} * (segment[kHeaderWords] >> 4);
+    const Octets options = segment.subspan(kHeaderOctets);
+    const bool has_time = header_octets == kHeaderOctets + kTimeOctets && options.size() >= kTimeOctets &&
+                          std::ranges::equal(options.first<4>(), kTime);
+    if (header_octets != kHeaderOctets && !has_time) return std::nullopt;
+    const Octets payload = segment.subspan(header_octets);
+    const uint8_t flags = segment[kFlags];
+    return Transported{.payload = payload,
+                       .truncated = false,
+                       .endpoints = read_endpoints(whole.subspan<kIpv4RouteOffset, kRouteOctets>()),
+                       .tcp = TcpHeader{.sequence = static_cast<uint32_t>(read_u16(segment, kSequence)) << 16 |
+                                                    read_u16(segment, kSequence + 2),
+                                        .length = payload.size(),
+                                        .syn = (flags & kSyn) != 0,
+                                        .fin = (flags & kFin) != 0,
+                                        .rst = (flags & kRst) != 0},
+                       .rebuilt = {}};
+}
+
+// UDP over IPv6 without extension headers.
 std::optional<Transported> open_ipv6_in_place(Octets packet) {
     constexpr size_t kLength = 4, kProtocol = 6, kSource = 8, kDestination = 24, kUdpLength = 44;
     if (packet.size() < kIpv6HeaderOctets + kUdpHeaderOctets || packet[kProtocol] != kUdp) return std::nullopt;
@@ -274,7 +311,7 @@ Dissector::Dissector(int link_type) : link_(find_link_layer(link_type)) {}
 
 PlainDatagram Dissector::find_plain(Octets frame) const {
     const Content content = strip_link_layer(link_, frame);
-    return is_ip(content.type) ? open_ipv4_in_place(content.octets) : PlainDatagram();
+    return is_ip(content.type) ? open_udp_in_place(content.octets) : PlainDatagram();
 }
 
 std::optional<Transported> Dissector::dissect(Octets frame, const Time &time) {
@@ -283,8 +320,7 @@ std::optional<Transported> Dissector::dissect(Octets frame, const Time &time) {
     const Octets packet = content.octets;
     const int version = packet.empty() ? 0 : packet[0] >> 4;
     if ((version != 4 && version != 6) || !is_worth_dissecting(packet, version)) return std::nullopt;
-    if (version == 6)
-        if (auto datagram = open_ipv6_in_place(packet)) return datagram;
+    if (auto plain = version == 4 ? open_tcp_in_place(packet) : open_ipv6_in_place(packet)) return plain;
     try {
         return version == 4 ? open_packet<Tins::IP>(packet, time, reassembler_)
                             : open_packet<Tins::IPv6>(packet, time, reassembler_);

@@ -11,13 +11,6 @@ uint16_t read_u16(RouteOctets octets, size_t offset) {
     return static_cast<uint16_t>(octets[offset] << 8 | octets[offset + 1]);
 }
 
-Endpoints read_endpoints(RouteOctets octets) {
-    Endpoints endpoints{{{}, read_u16(octets, 8)}, {{}, read_u16(octets, 10)}};
-    std::copy_n(&octets[0], 4, endpoints.source.address.octets.begin());
-    std::copy_n(&octets[4], 4, endpoints.destination.address.octets.begin());
-    return endpoints;
-}
-
 // Networks number their hosts and ports one after the other: the last octets differ most.
 size_t hash(RouteOctets octets) {
     constexpr uint32_t kMultiplier = 0x9E3779B1;
@@ -27,6 +20,13 @@ size_t hash(RouteOctets octets) {
 }
 
 } // namespace
+
+Endpoints read_endpoints(RouteOctets octets) {
+    Endpoints endpoints{{{}, read_u16(octets, 8)}, {{}, read_u16(octets, 10)}};
+    std::copy_n(&octets[0], 4, endpoints.source.address.octets.begin());
+    std::copy_n(&octets[4], 4, endpoints.destination.address.octets.begin());
+    return endpoints;
+}
 
 Datagram &Routes::datagram(RouteOctets octets) {
     Known &known = known_[hash(octets) % known_.size()];

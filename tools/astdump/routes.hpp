@@ -5,9 +5,11 @@
 
 namespace astdump {
 
-// Addresses and ports of UDP over IPv4, as they follow each other in a packet without options.
+// Addresses and ports over IPv4, as they follow each other in a packet without options.
 constexpr size_t kRouteOctets = 12;
 using RouteOctets = std::span<const uint8_t, kRouteOctets>;
+
+Endpoints read_endpoints(RouteOctets octets);
 
 class Routes {
 public:

@@ -60,10 +60,6 @@ Octets behind(Octets octets, size_t count) {
     return octets.subspan(count);
 }
 
-uint16_t read_u16(Octets octets, size_t offset) {
-    return static_cast<uint16_t>(octets[offset] << 8 | octets[offset + 1]);
-}
-
 // What a frame carries behind its link layer.
 struct Content {
     uint16_t type; // or length, as Ethernet has it

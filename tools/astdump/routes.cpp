@@ -7,16 +7,14 @@ namespace astdump {
 
 namespace {
 
-uint16_t read_u16(RouteOctets octets, size_t offset) {
-    return static_cast<uint16_t>(octets[offset] << 8 | octets[offset + 1]);
-}
-
-// Networks number their hosts and ports one after the other: the last octets differ most.
+// Networks number their hosts and ports one after the other, so that few octets differ: the highest bits of a product
+// depend on all of them.
 size_t hash(RouteOctets octets) {
     constexpr uint32_t kMultiplier = 0x9E3779B1;
+    constexpr uint32_t kOtherBits = 26;
     uint32_t words[3];
     std::memcpy(words, octets.data(), sizeof words);
-    return ((words[0] * 5 ^ words[1] * 3 ^ words[2]) * kMultiplier) >> 26;
+    return ((words[0] * 5 ^ words[1] * 3 ^ words[2]) * kMultiplier) >> kOtherBits;
 }
 
 } // namespace

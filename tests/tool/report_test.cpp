@@ -75,21 +75,21 @@ TEST(Reports, OfLiveInputDoNotWait) {
 // Name servers answer to a port each; what is sent to 1900 is known as other traffic when its time comes.
 TEST(Reports, TellOtherTrafficFromDamage) {
     std::vector<std::string> frames;
-    for (size_t i = 0; i < 20; ++i) {
+    for (size_t i = 0; i < 100; ++i) {
         frames.push_back(frame(kSector));
-        frames.push_back(frame(kAnswer, 40000 + i));
+        frames.push_back(frame(kAnswer, 8601 + i));
         frames.push_back(frame("NOTIFY * HTTP/1.1", 1900));
     }
     Command command;
     command.write("healthy", pcap(1, frames));
     const Result healthy = command.run("--stats healthy");
     EXPECT_EQ(healthy.status, 0);
-    EXPECT_EQ(healthy.err, "astdump: healthy: not ASTERIX: other traffic: 40 datagrams, the first at packet 2: "
-                           "10.0.0.1:4000 > 239.1.1.1:40000, 17 octets 30 01 81 80 00 01 00 01 ...\n"
-                           "astdump: not ASTERIX: 40 datagrams\n");
-    EXPECT_NE(healthy.out.find("all              20"), std::string::npos) << healthy.out;
-    EXPECT_NE(healthy.out.find("\nNot ASTERIX: 40 datagrams\n"), std::string::npos) << healthy.out;
-    EXPECT_EQ(command.run("--json healthy | grep -c error").out, "40\n");
+    EXPECT_EQ(healthy.err, "astdump: healthy: not ASTERIX: other traffic: 200 datagrams, the first at packet 2: "
+                           "10.0.0.1:4000 > 239.1.1.1:8601, 17 octets 30 01 81 80 00 01 00 01 ...\n"
+                           "astdump: not ASTERIX: 200 datagrams\n");
+    EXPECT_NE(healthy.out.find("all             100"), std::string::npos) << healthy.out;
+    EXPECT_NE(healthy.out.find("\nNot ASTERIX: 200 datagrams\n"), std::string::npos) << healthy.out;
+    EXPECT_EQ(command.run("--json healthy | grep -c error").out, "200\n");
 
     // The same octets are damage where blocks are sent to, also before the first of them.
     command.write("damaged", pcap(1, {frame(kAnswer), frame(kSector), frame("NOTIFY * HTTP/1.1")}));

@@ -193,6 +193,21 @@ TEST(Capture, FindsBlocksBelowEveryLinkLayer) {
     }
 }
 
+TEST(Capture, GivesEveryDatagramItsRoute) {
+    std::vector<std::string> frames;
+    std::string routes;
+    for (size_t i = 0; i < 400; ++i) {
+        std::string packet = ipv4(udp(kSector));
+        packet.replace(14, 2, be16(i % 200));
+        packet.replace(22, 2, be16(8600 + i % 7));
+        frames.push_back(ethernet(packet));
+        routes += "10.0.0." + std::to_string(i % 200) + ":4000 > 239.1.1.1:" + std::to_string(8600 + i % 7) + '\n';
+    }
+    Command command;
+    command.write("capture", pcap(1, frames));
+    expect(command.run("capture | grep -o '10[^ ]* > [^ ]*'"), 0, routes);
+}
+
 TEST(Capture, PassesOverOtherTraffic) {
     Command command;
     std::string tcp = ipv4(udp(kSector));

@@ -24,9 +24,15 @@ ssize_t read_stream(void *stream, char *buffer, size_t count) {
 // says so.
 bool is_cut_short(const OctetStream &stream) { return !stream.cut_off() && stream.damage().empty(); }
 
-pcap_t *open_capture(OctetStream &stream, Damage &damage) {
+// Of what is at rest, much is read at a time.
+pcap_t *open_capture(OctetStream &stream, std::vector<char> &buffer, Damage &damage) {
+    constexpr size_t kOctetsAtATime = size_t{64} * 1024;
     FILE *const file = fopencookie(&stream, "r", {.read = read_stream});
     if (!file) throw std::runtime_error("cannot open a stream");
+    if (stream.is_at_rest()) {
+        buffer.resize(kOctetsAtATime);
+        std::setvbuf(file, buffer.data(), _IOFBF, buffer.size());
+    }
     char error[PCAP_ERRBUF_SIZE] = "";
     pcap_t *const capture = pcap_fopen_offline_with_tstamp_precision(file, PCAP_TSTAMP_PRECISION_NANO, error);
     if (capture) return capture; // which owns the file from now on
@@ -59,7 +65,7 @@ bool Capture::fill_in_place(Chunk &chunk) {
 
 bool Capture::fill_by_libpcap(Chunk &chunk) {
     if (!ended_ && !capture_) {
-        capture_.reset(open_capture(stream_, chunk.damage()));
+        capture_.reset(open_capture(stream_, buffer_, chunk.damage()));
         ended_ = !capture_;
         if (capture_ && !dissector_) open(pcap_datalink(capture_.get()));
     }
@@ -74,7 +80,7 @@ bool Capture::fill_by_libpcap(Chunk &chunk) {
         // With nanosecond precision, tv_usec counts nanoseconds. libpcap uses its buffer again.
         const Time time{header->ts.tv_sec, static_cast<uint32_t>(header->ts.tv_usec)};
         dissect({time, chunk.keep({octets, header->caplen})}, chunk);
-        if (!stream_.is_ready()) break;
+        if (!stream_.is_at_rest() && !stream_.is_ready()) break;
     }
     return !ended_ || !chunk.datagrams().empty() || !chunk.damage().reports().empty();
 }
@@ -86,6 +92,13 @@ void Capture::open(int link_type) try { dissector_.emplace(link_type); } catch (
 
 void Capture::dissect(const Packet &packet, Chunk &chunk) try {
     ++packet_;
+    if (const auto plain = dissector_->find_plain(packet.frame)) {
+        Datagram &datagram = routes_.datagram(plain.route());
+        datagram.octets = plain.payload();
+        datagram.packet = packet_;
+        datagram.time = packet.time;
+        return payloads_.add(chunk, datagram, false);
+    }
     const auto found = dissector_->dissect(packet.frame, packet.time);
     if (!found) return;
     if (found->tcp) return streams_.add(*found, packet_, packet.time, chunk);

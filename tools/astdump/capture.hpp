@@ -32,8 +32,10 @@ private:
 
     OctetStream &stream_;
     std::optional<PlainCapture> plain_; // until something is left to libpcap
+    std::vector<char> buffer_;          // that libpcap reads through
     std::unique_ptr<pcap_t, Close> capture_;
     std::optional<Dissector> dissector_;
+    Routes routes_;
     Payloads payloads_;
     TcpStreams streams_;
     uint64_t packet_ = 0;

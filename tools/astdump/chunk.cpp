@@ -39,17 +39,6 @@ Octets Chunk::keep_apart(Octets octets) {
     return kept_.back();
 }
 
-void Chunk::add(const Datagram &datagram) {
-    met_any_ = true;
-    datagrams_.push_back(datagram);
-    damage_.place = datagrams_.size();
-}
-
-bool Chunk::is_wanted(const Datagram &datagram) {
-    met_any_ = met_any_ || !datagram.octets.empty();
-    return !filter_ || filter_->passes(datagram);
-}
-
 // Reports stay between the datagrams that they stood between.
 void Chunk::leave_out() {
     if (!filter_) return;

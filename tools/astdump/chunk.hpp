@@ -30,7 +30,11 @@ public:
     // The same, apart from the octets that are read in their order.
     Octets keep_apart(Octets octets);
 
-    void add(const Datagram &datagram);
+    void add(const Datagram &datagram) {
+        met_any_ = true;
+        datagrams_.push_back(datagram);
+        damage_.place = datagrams_.size();
+    }
     const std::vector<Datagram> &datagrams() const { return datagrams_; }
 
     // Gives all datagrams the time and route of what brought them.
@@ -39,7 +43,10 @@ public:
     // What is read from now on passes through a filter, which may be null. A source that asks it saves itself the work
     // on what is left out; whatever else is left out goes when the chunk has been filled.
     void set_filter(DatagramFilter *filter) { filter_ = filter; }
-    bool is_wanted(const Datagram &datagram);
+    bool is_wanted(const Datagram &datagram) {
+        met_any_ = met_any_ || !datagram.octets.empty();
+        return !filter_ || filter_->passes(datagram);
+    }
     void leave_out();
 
     // Whether there has been anything before the filter.

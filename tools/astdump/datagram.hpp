@@ -12,6 +12,11 @@ namespace astdump {
 
 using Octets = std::span<const uint8_t>;
 
+// As packets have numbers, with the most significant octet first.
+inline uint16_t read_u16(Octets octets, size_t offset) {
+    return static_cast<uint16_t>(octets[offset] << 8 | octets[offset + 1]);
+}
+
 struct Time {
     int64_t seconds; // since 1970-01-01 00:00 UTC
     uint32_t nanoseconds;

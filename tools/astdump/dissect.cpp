@@ -38,6 +38,8 @@ constexpr size_t kLlcHeaderOctets = 3;
 constexpr uint8_t kTcp = 6;
 constexpr uint8_t kUdp = 17;
 constexpr size_t kUdpHeaderOctets = 8;
+constexpr size_t kIpv4HeaderOctets = 20;
+constexpr size_t kIpv4RouteOffset = 12; // of the addresses, with the ports behind them
 constexpr size_t kIpv6HeaderOctets = 40;
 constexpr uint64_t kFragmentUnitOctets = 8;
 
@@ -58,17 +60,13 @@ Octets behind(Octets octets, size_t count) {
     return octets.subspan(count);
 }
 
-uint16_t read_u16(Octets octets, size_t offset) {
-    return static_cast<uint16_t>(octets[offset] << 8 | octets[offset + 1]);
-}
-
 // What a frame carries behind its link layer.
 struct Content {
     uint16_t type; // or length, as Ethernet has it
     Octets octets;
 };
 
-Content strip_link_layer(const LinkLayer &link, Octets frame) {
+inline Content strip_link_layer(const LinkLayer &link, Octets frame) {
     Octets rest = behind(frame, link.header_octets);
     if (!link.ethertype_offset) return {kEthertypeIpv4, rest};
     uint16_t type = read_u16(frame, *link.ethertype_offset);
@@ -79,6 +77,8 @@ Content strip_link_layer(const LinkLayer &link, Octets frame) {
     }
     return {type, rest};
 }
+
+bool is_ip(uint16_t type) { return type == kEthertypeIpv4 || type == kEthertypeIpv6; }
 
 // Blocks in an LLC frame. Most of these frames are talk among bridges, so that only what begins with a block counts.
 std::optional<Transported> open_llc(const LinkLayer &link, const Content &content) {
@@ -166,24 +166,67 @@ std::optional<Piece> find_piece(const Tins::IPv6 &ip, Octets packet) {
     return std::nullopt;
 }
 
-// A UDP datagram in one piece behind an IPv4 header without options, all of whose lengths agree: nothing for any other,
-// which may be in order, too, but is left to libtins.
-std::optional<Transported> open_in_place(Octets packet) {
-    constexpr size_t kHeaderOctets = 20;
+// An IPv4 packet without options and in one piece, up to the end that it says; empty for any other.
+Octets plain_ipv4(Octets packet, uint8_t protocol) {
     constexpr uint8_t kVersion4WithoutOptions = 0x45;
     constexpr uint16_t kFragmented = 0x3FFF; // an offset, or more to follow
-    constexpr size_t kLength = 2, kFragmentation = 6, kProtocol = 9, kSource = 12, kDestination = 16;
-    if (packet.size() < kHeaderOctets + kUdpHeaderOctets || packet[0] != kVersion4WithoutOptions) return std::nullopt;
+    constexpr size_t kLength = 2, kFragmentation = 6, kProtocol = 9;
+    if (packet.size() < kIpv4HeaderOctets || packet[0] != kVersion4WithoutOptions) return {};
+    if (packet[kProtocol] != protocol || (read_u16(packet, kFragmentation) & kFragmented) != 0) return {};
     const size_t length = read_u16(packet, kLength);
-    if (length < kHeaderOctets + kUdpHeaderOctets || length > packet.size()) return std::nullopt;
-    if (packet[kProtocol] != kUdp || (read_u16(packet, kFragmentation) & kFragmented) != 0) return std::nullopt;
-    const Octets udp = packet.subspan(kHeaderOctets, length - kHeaderOctets);
-    const size_t udp_length = read_u16(udp, 4);
-    if (udp_length < kUdpHeaderOctets || udp_length > udp.size()) return std::nullopt;
-    Endpoints endpoints{{{}, read_u16(udp, 0)}, {{}, read_u16(udp, 2)}};
-    std::copy_n(&packet[kSource], 4, endpoints.source.address.octets.begin());
-    std::copy_n(&packet[kDestination], 4, endpoints.destination.address.octets.begin());
-    return Transported{.payload = udp.subspan(kUdpHeaderOctets, udp_length - kUdpHeaderOctets),
+    return length <= packet.size() ? packet.first(length) : Octets();
+}
+
+PlainDatagram open_udp_in_place(Octets packet) {
+    constexpr size_t kUdpLength = 24;
+    const Octets whole = plain_ipv4(packet, kUdp);
+    if (whole.size() < kIpv4HeaderOctets + kUdpHeaderOctets) return {};
+    const size_t udp_length = read_u16(whole, kUdpLength);
+    if (udp_length < kUdpHeaderOctets || udp_length > whole.size() - kIpv4HeaderOctets) return {};
+    return PlainDatagram(whole.first(kIpv4HeaderOctets + udp_length).subspan(kIpv4RouteOffset));
+}
+
+// A segment of TCP, too, if it has no options but, as most have, its time.
+std::optional<Transported> open_tcp_in_place(Octets packet) {
+    constexpr size_t kHeaderOctets = 20, kTimeOctets = 12;
+    constexpr size_t kSequence = 4, kHeaderWords = 12, kFlags = 13;
+    constexpr uint8_t kFin = 0x01, kSyn = 0x02, kRst = 0x04;
+    constexpr uint8_t kTime[] = {1, 1, 8, 10}; // two octets that say nothing, and the kind and length of the option
+    const Octets whole = plain_ipv4(packet, kTcp);
+    if (whole.size() < kIpv4HeaderOctets + kHeaderOctets) return std::nullopt;
+    const Octets segment = whole.subspan(kIpv4HeaderOctets);
+    const size_t header_octets = size_t{4} * (segment[kHeaderWords] >> 4);
+    const Octets options = segment.subspan(kHeaderOctets);
+    const bool has_time = header_octets == kHeaderOctets + kTimeOctets && options.size() >= kTimeOctets &&
+                          std::ranges::equal(options.first<4>(), kTime);
+    if (header_octets != kHeaderOctets && !has_time) return std::nullopt;
+    const Octets payload = segment.subspan(header_octets);
+    const uint8_t flags = segment[kFlags];
+    return Transported{.payload = payload,
+                       .truncated = false,
+                       .endpoints = read_endpoints(whole.subspan<kIpv4RouteOffset, kRouteOctets>()),
+                       .tcp = TcpHeader{.sequence = static_cast<uint32_t>(read_u16(segment, kSequence)) << 16 |
+                                                    read_u16(segment, kSequence + 2),
+                                        .length = payload.size(),
+                                        .syn = (flags & kSyn) != 0,
+                                        .fin = (flags & kFin) != 0,
+                                        .rst = (flags & kRst) != 0},
+                       .rebuilt = {}};
+}
+
+// UDP over IPv6 without extension headers.
+std::optional<Transported> open_ipv6_in_place(Octets packet) {
+    constexpr size_t kLength = 4, kProtocol = 6, kSource = 8, kDestination = 24, kUdpLength = 44;
+    if (packet.size() < kIpv6HeaderOctets + kUdpHeaderOctets || packet[kProtocol] != kUdp) return std::nullopt;
+    const size_t length = read_u16(packet, kLength);
+    const size_t udp_length = read_u16(packet, kUdpLength);
+    const bool is_whole = udp_length <= length && length <= packet.size() - kIpv6HeaderOctets;
+    if (udp_length < kUdpHeaderOctets || !is_whole) return std::nullopt;
+    const Octets udp = packet.subspan(kIpv6HeaderOctets, udp_length);
+    Endpoints endpoints{{{.is_ipv6 = true}, read_u16(udp, 0)}, {{.is_ipv6 = true}, read_u16(udp, 2)}};
+    std::ranges::copy(packet.subspan(kSource, 16), endpoints.source.address.octets.begin());
+    std::ranges::copy(packet.subspan(kDestination, 16), endpoints.destination.address.octets.begin());
+    return Transported{.payload = udp.subspan(kUdpHeaderOctets),
                        .truncated = false,
                        .endpoints = endpoints,
                        .tcp = std::nullopt,
@@ -262,13 +305,18 @@ std::optional<Transported> open_packet(Octets packet, const Time &time, Reassemb
 
 Dissector::Dissector(int link_type) : link_(find_link_layer(link_type)) {}
 
+PlainDatagram Dissector::find_plain(Octets frame) const {
+    const Content content = strip_link_layer(link_, frame);
+    return is_ip(content.type) ? open_udp_in_place(content.octets) : PlainDatagram();
+}
+
 std::optional<Transported> Dissector::dissect(Octets frame, const Time &time) {
     const Content content = strip_link_layer(link_, frame);
-    if (content.type != kEthertypeIpv4 && content.type != kEthertypeIpv6) return open_llc(link_, content);
+    if (!is_ip(content.type)) return open_llc(link_, content);
     const Octets packet = content.octets;
-    if (auto datagram = open_in_place(packet)) return datagram;
     const int version = packet.empty() ? 0 : packet[0] >> 4;
     if ((version != 4 && version != 6) || !is_worth_dissecting(packet, version)) return std::nullopt;
+    if (auto plain = version == 4 ? open_tcp_in_place(packet) : open_ipv6_in_place(packet)) return plain;
     try {
         return version == 4 ? open_packet<Tins::IP>(packet, time, reassembler_)
                             : open_packet<Tins::IPv6>(packet, time, reassembler_);

@@ -6,6 +6,7 @@
 
 #include "datagram.hpp"
 #include "reassembly.hpp"
+#include "routes.hpp"
 
 namespace astdump {
 
@@ -26,12 +27,31 @@ struct Transported {
     std::vector<uint8_t> rebuilt; // from several frames, or by libtins
 };
 
+// A UDP datagram in one piece behind an IPv4 header without options, all of whose lengths agree.
+class PlainDatagram {
+public:
+    PlainDatagram() = default;
+    explicit PlainDatagram(Octets octets) : octets_(octets) {}
+
+    explicit operator bool() const { return !octets_.empty(); } // whether it is one
+    RouteOctets route() const { return octets_.first<kRouteOctets>(); }
+    Octets payload() const { return octets_.subspan(kRouteOctets + kLengthAndChecksumOctets); }
+
+private:
+    static constexpr size_t kLengthAndChecksumOctets = 4;
+
+    Octets octets_; // of the packet, from the addresses on
+};
+
 struct LinkLayer;
 
 class Dissector {
 public:
     // Takes a link type as libpcap numbers them. Throws std::runtime_error for one that cannot be dissected.
     explicit Dissector(int link_type);
+
+    // Nothing for a frame that carries any other, which may be in order, too, but is left to dissect(). Throws as that.
+    PlainDatagram find_plain(Octets frame) const;
 
     // Nothing for a frame that carries anything else or a fragment that does not complete its datagram. The time is
     // that of the frame. Throws std::runtime_error for a frame whose headers are cut short or contradict themselves;

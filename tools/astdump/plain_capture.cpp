@@ -8,20 +8,12 @@ namespace astdump {
 namespace {
 
 constexpr size_t kFileHeaderOctets = 24;
-constexpr size_t kPacketHeaderOctets = 16;
 constexpr uint32_t kMicroseconds = 0xA1B2C3D4;
 constexpr uint32_t kNanoseconds = 0xA1B23C4D;
 constexpr uint32_t kVersion = 2 << 16 | 4; // in the order of a file with the most significant octet first
 constexpr uint32_t kLinkTypes[] = {DLT_EN10MB, DLT_LINUX_SLL, DLT_LINUX_SLL2}; // in files as for libpcap itself
-constexpr uint32_t kMaxSeconds = 0x7FFFFFFF;
 constexpr uint32_t kNanosecondsPerSecond = 1000000000;
 constexpr uint32_t kMaxFrameOctets = 65536 + 128; // of IP with its link layer
-
-uint32_t read_u32(const uint8_t *octets, bool little_endian) {
-    uint32_t number = 0;
-    for (size_t i = 0; i < 4; ++i) number = number << 8 | octets[little_endian ? 3 - i : i];
-    return number;
-}
 
 } // namespace
 
@@ -35,16 +27,15 @@ std::optional<PlainCapture> PlainCapture::open(OctetStream &stream) {
     return capture;
 }
 
-uint32_t PlainCapture::number(const uint8_t *octets) const { return read_u32(octets, little_endian_); }
-
 // Whether the header is of the usual kind.
 bool PlainCapture::read_header() {
     if (header_.size() < kFileHeaderOctets) return false;
     const uint8_t *const header = header_.data();
-    const uint32_t magic = read_u32(header, false);
-    little_endian_ = magic != kMicroseconds && magic != kNanoseconds;
+    const auto has_magic = [&] { return number(header) == kMicroseconds || number(header) == kNanoseconds; };
+    little_endian_ = !has_magic();
+    if (!has_magic()) return false;
     nanoseconds_ = number(header) == kMicroseconds ? 1000 : 1;
-    if (number(header) != kMicroseconds && number(header) != kNanoseconds) return false;
+    fractions_ = kNanosecondsPerSecond / nanoseconds_;
     const uint32_t version = number(header + 4);
     if ((little_endian_ ? version << 16 | version >> 16 : version) != kVersion) return false;
     max_octets_ = std::min(number(header + 16), kMaxFrameOctets);
@@ -64,22 +55,6 @@ bool PlainCapture::open(Chunk &chunk) {
         return false;
     }
     return true;
-}
-
-std::optional<Packet> PlainCapture::next(const Chunk &chunk) {
-    auto found = packet(chunk.octets().subspan(position_));
-    if (found) position_ += kPacketHeaderOctets + found->frame.size();
-    return found;
-}
-
-std::optional<Packet> PlainCapture::packet(Octets rest) const {
-    if (rest.size() < kPacketHeaderOctets) return std::nullopt;
-    const uint32_t seconds = number(rest.data());
-    const uint32_t fraction = number(rest.data() + 4);
-    const uint32_t octets = number(rest.data() + 8);
-    const bool odd = octets > max_octets_ || seconds > kMaxSeconds || fraction >= kNanosecondsPerSecond / nanoseconds_;
-    if (odd || octets > rest.size() - kPacketHeaderOctets) return std::nullopt;
-    return Packet{{seconds, fraction * nanoseconds_}, rest.subspan(kPacketHeaderOctets, octets)};
 }
 
 void PlainCapture::give_up(OctetStream &stream) const {

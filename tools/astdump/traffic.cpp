@@ -53,23 +53,31 @@ void Traffic::Destination::judge(Damage &damage) {
 }
 
 // Forgets everything when there is too much of it.
-Traffic::Destination &Traffic::find(const Datagram &datagram, Damage &damage) {
-    const Endpoint to = datagram.endpoints ? datagram.endpoints->destination : Endpoint{};
-    if (last_destination_ && last_ == to) return *last_destination_;
+Traffic::Destination &Traffic::open(const Endpoint &to, Damage &damage) {
     const Key key{to.address.is_ipv6, to.address.octets, to.port};
     if (destinations_.size() == kMostDestinations && !destinations_.contains(key)) {
         tell(damage);
         destinations_.clear();
+        recent_.fill({});
     }
-    last_ = to;
-    last_destination_ = &destinations_[key];
-    return *last_destination_;
+    return destinations_[key];
+}
+
+Traffic::Destination &Traffic::find(const Datagram &datagram, Damage &damage) {
+    static constexpr Endpoint kNowhere{};
+    const Endpoint &to = datagram.endpoints ? datagram.endpoints->destination : kNowhere;
+    Recent &recent = recent_[(to.port + to.address.octets[3]) % recent_.size()];
+    if (!recent.destination || recent.to != to) {
+        Destination &destination = open(to, damage);
+        recent = {to, &destination};
+    }
+    return *recent.destination;
 }
 
 void Traffic::blocks(const Datagram &datagram, Damage &damage) {
     Destination &destination = find(datagram, damage);
     ++destination.with;
-    if (destination.has_blocks()) destination.settle(true, damage);
+    if (destination.is_open() && destination.has_blocks()) destination.settle(true, damage);
 }
 
 bool Traffic::no_blocks(const Datagram &datagram, Damage &damage) {

@@ -1,6 +1,7 @@
 // Which datagrams of a capture are other traffic, told by what else is sent to their destination.
 #pragma once
 
+#include <array>
 #include <map>
 #include <tuple>
 
@@ -35,16 +36,21 @@ private:
         Damage as_other;
 
         bool has_blocks() const;
+        bool is_open() const { return is_other || !as_other.reports().empty(); } // to be judged again
         void settle(bool as_blocks, Damage &damage);
         void judge(Damage &damage);
+    };
+    struct Recent {
+        Endpoint to{};
+        Destination *destination = nullptr;
     };
     using Key = std::tuple<bool, std::array<uint8_t, 16>, uint16_t>; // is_ipv6, address and port
 
     Destination &find(const Datagram &datagram, Damage &damage);
+    Destination &open(const Endpoint &to, Damage &damage);
 
     std::map<Key, Destination> destinations_;
-    Endpoint last_{};
-    Destination *last_destination_ = nullptr; // of the datagram before, which mostly is that of the next one
+    std::array<Recent, 64> recent_; // each in the one place that its port and address give it
 };
 
 } // namespace astdump

@@ -41,7 +41,8 @@ bool has_fspec(Octets records) {
     return false;
 }
 
-// Text whose first characters, a blank is category 032, pass for the header of a block. LEN is then that of a long one.
+// Text whose first characters, a blank is category 032, pass for the header of a block. No text has a control character
+// where most blocks have the higher octet of their LEN.
 bool is_text_block(Octets block) {
     constexpr size_t kHeadOctets = 64;
     return block[1] >= '\t' && is_text(block.first(std::min(block.size(), kHeadOctets)));

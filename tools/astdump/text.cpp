@@ -91,12 +91,16 @@ bool is_foreign(char c) { return c < ' ' || c > '~'; }
 bool any_foreign(std::string_view text) {
     constexpr uint64_t kOnes = 0x0101010101010101;
     constexpr uint64_t kHighest = 0x80 * kOnes;
-    uint64_t eight;
-    for (; text.size() >= sizeof eight; text.remove_prefix(sizeof eight)) {
-        std::memcpy(&eight, text.data(), sizeof eight);
-        if ((((eight - ' ' * kOnes) | (eight + kOnes) | eight) & kHighest) != 0) return true;
-    }
-    return std::ranges::any_of(text, is_foreign);
+    const auto is_any_of_eight = [](const char *characters) {
+        uint64_t eight;
+        std::memcpy(&eight, characters, sizeof eight);
+        return (((eight - ' ' * kOnes) | (eight + kOnes) | eight) & kHighest) != 0;
+    };
+    constexpr size_t kEight = sizeof(uint64_t);
+    if (text.size() < kEight) return std::ranges::any_of(text, is_foreign);
+    for (size_t i = 0; i + kEight < text.size(); i += kEight)
+        if (is_any_of_eight(text.data() + i)) return true;
+    return is_any_of_eight(text.data() + text.size() - kEight);
 }
 
 } // namespace

@@ -51,9 +51,7 @@ size_t write_octets(char *text, const Subject &subject) {
     return static_cast<size_t>(std::to_chars(text, text + kKeywordRoom, subject.record.size).ptr - text);
 }
 
-size_t write_file(char *text, const Subject &subject) {
-    return subject.file ? readable(*subject.file).copy(text, kKeywordRoom) : 0;
-}
+size_t write_file(char *text, const Subject &subject) { return readable(*subject.file).copy(text, kKeywordRoom); }
 
 // What the values of a column are, and the keywords that they are of, if they are of any.
 struct Source {
@@ -84,6 +82,7 @@ constexpr std::array<Source, kListColumns> kSources = {{
     kFirst<AST_KEYWORD_CARTESIANVEL>,
     {write_file},
 }};
+constexpr uint32_t kFileColumn = kListColumns - 1;
 
 // What records of a category may have, each as a bit.
 struct Possible {
@@ -107,6 +106,7 @@ public:
         Possible &possible = by_category_[category % by_category_.size()];
         if (possible.columns == 0) possible = Possible(category);
         possible_ = possible;
+        if (!file_) possible_.columns &= ~bit(kFileColumn);
     }
 
     // Puts the line of a record, unless it does not fit the layout.

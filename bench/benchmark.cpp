@@ -7,7 +7,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 #include <new>
+#include <span>
 #include <string>
 #include <unistd.h>
 #include <vector>
@@ -164,6 +166,25 @@ uint64_t split(const uint8_t *data, uint64_t length) {
     return split.record_count;
 }
 
+// With a reader that has learnt from the stream before.
+void count_stream(benchmark::State &state, const std::vector<uint8_t> &stream) {
+    const auto reader = std::make_unique<ast_reader_t>();
+    each_block(stream, [&](const uint8_t *block, size_t available) {
+        ast_reader_learn(reader.get(), block, available, nullptr);
+    });
+    reader->frozen = true;
+    const auto census = std::make_unique<ast_census_t>();
+    for ([[maybe_unused]] const auto _ : state) {
+        ast_census_clear(census.get());
+        if (ast_reader_count(reader.get(), census.get(), stream.data(), stream.size()) != stream.size())
+            state.SkipWithError("blocks are left out");
+    }
+    uint64_t records = 0;
+    for (const ast_census_group_t &group : std::span(census->groups, census->group_count)) records += group.records;
+    state.SetItemsProcessed(state.iterations() * static_cast<int64_t>(records));
+    state.SetBytesProcessed(state.iterations() * static_cast<int64_t>(stream.size()));
+}
+
 void add_stream(const std::vector<uint8_t> &stream) {
     benchmark::RegisterBenchmark("stream: copy the octets", copy_stream, stream);
     const auto add = [&](const char *name, uint64_t (*read)(const uint8_t *, uint64_t)) {
@@ -173,6 +194,7 @@ void add_stream(const std::vector<uint8_t> &stream) {
     add("stream: walk the blocks by LEN", walk_length);
     add("stream: decode blocks into one", decode_into);
     add("stream: split blocks", split);
+    benchmark::RegisterBenchmark("stream: count what blocks are made of", count_stream, stream);
 }
 
 // The whole way from octets to lines.

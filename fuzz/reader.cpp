@@ -1,5 +1,7 @@
-// Readers of the library over blocks of unknown edition: what one of them decodes, splits and learns is the same, and
-// it accepts what a profile accepts. The input is blocks one after the other.
+// Readers of the library over blocks of unknown edition: what one of them decodes, splits, counts and learns is the
+// same, and it accepts what a profile accepts. The input is blocks one after the other.
+
+#include <map>
 
 #include "harness.hpp"
 #include "records.hpp"
@@ -25,6 +27,44 @@ void check_result(const ast_reader_result_t &result, Octets octets) {
     require(result.uap && result.profile && result.edition, "a result lacks a text or a profile");
 }
 
+using Counts = std::map<ast_dataitem_type_t, uint64_t>; // of items
+
+Counts items_of(const ast_census_t &census) {
+    Counts counts;
+    ast_census_get_items(
+        &census,
+        [](void *all, ast_dataitem_type_t type, uint64_t records) { (*static_cast<Counts *>(all))[type] += records; },
+        &counts);
+    return counts;
+}
+
+Counts items_of(const ast_split_t &split) {
+    Counts counts;
+    for (uint64_t i = 0; i < split.item_count; ++i) ++counts[split.items[i].type];
+    return counts;
+}
+
+// A frozen reader counts of a block what it splits it into, or nothing.
+void check_census(ast_reader_t reader, Octets octets) {
+    static ast_census_t census;
+    static Split split;
+    ast_reader_result_t result;
+    reader.frozen = true;
+    ast_census_clear(&census);
+    const uint64_t counted = ast_reader_count(&reader, &census, octets.data(), octets.size());
+    ast_reader_split(&reader, split.fresh(), octets.data(), octets.size(), &result);
+    if (counted == 0) return require(items_of(census).empty(), "what is not counted leaves something behind");
+    require(result.valid && counted == result.length, "a block is counted that is not valid");
+    require(items_of(census) == items_of(split.split), "a block is counted otherwise than it is split");
+    const ast_census_group_t &group = census.groups[0];
+    require(group.blocks == 1 && group.records == split.split.record_count && group.items == split.split.item_count &&
+                group.octets == counted,
+            "a census counts wrongly");
+    require(group.category == result.category && group.uap == result.uap && group.profile == result.profile &&
+                group.edition == result.edition && group.ambiguous == result.ambiguous,
+            "a census takes a block for one of another profile");
+}
+
 // Three readers in step, each asked in its own way.
 class Readers {
 public:
@@ -41,6 +81,7 @@ public:
         ast_reader_split(&splitting_, split.fresh(), octets.data(), octets.size(), &splitted);
         ast_reader_learn(&learning_, octets.data(), octets.size(), &learned);
         for (const ast_reader_result_t *const result : {&decoded, &splitted, &learned}) check_result(*result, octets);
+        check_census(learning_, octets);
 
         check_records(block, octets);
         require(block.valid == decoded.valid && split.split.valid == splitted.valid,

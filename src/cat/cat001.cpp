@@ -403,13 +403,14 @@ namespace {
 // taken behind the two of I001/010, which senders of mixed blocks have, or where it is.
 template <bool AssumesDataSource>
 const ast_uap_t *plot_or_track(const uint8_t *record, uint64_t available) {
-    constexpr uint32_t kDataSourceFrn = 1;
-    constexpr uint32_t kDescriptorFrn = 2;
+    constexpr unsigned kDataSourceBit = 8; // of the first octet of the FSPEC: FRN 1
+    constexpr unsigned kDescriptorBit = 7; // FRN 2
     constexpr uint64_t kDataSourceOctets = 2;
-    const ast_fspec_t fspec = ast_fspec_decode(record, available);
-    const bool has_data_source = AssumesDataSource || ast_fspec_is_set(&fspec, kDataSourceFrn);
-    const uint64_t descriptor = fspec.length + (has_data_source ? kDataSourceOctets : 0);
-    if (!ast_fspec_is_set(&fspec, kDescriptorFrn) || descriptor >= available) return nullptr;
+    if (available == 0 || !bit(record[0], kDescriptorBit)) return nullptr;
+    const uint64_t fspec_octets = plain_extended_size(record, available, available);
+    const bool has_data_source = AssumesDataSource || bit(record[0], kDataSourceBit);
+    const uint64_t descriptor = fspec_octets + (has_data_source ? kDataSourceOctets : 0);
+    if (fspec_octets == 0 || descriptor >= available) return nullptr;
     return bit(record[descriptor], 8) ? &AST_UAP_STANDARD : &AST_UAP_CAT001_PLOT;
 }
 

@@ -49,7 +49,7 @@ public:
         const ast_uap_t *const uap = told ? told : otherwise_;
         if (!uap) return nullptr;
         if (otherwise_) otherwise_ = uap;
-        reading_ = Reading(category_.number, *uap, reading_.size_item);
+        if (uap != reading_.uap) reading_ = Reading(category_.number, *uap, reading_.size_item);
         return &reading_;
     }
 

@@ -96,14 +96,14 @@ constexpr const SubfieldRow *find_subfield(const Compound &compound, uint32_t nu
     return number >= 1 && number <= compound.count ? &compound.rows[number - 1] : nullptr;
 }
 
-// The size of a compound item all of whose subfields are of fixed sizes, given that an octet is available. 0 for any
-// other, and where the octets do not hold the primary subfield.
-inline uint64_t summed_size(const Compound &compound, const uint8_t *data, uint64_t available) {
-    const uint64_t limit = std::min<uint64_t>(available, compound.sums_count);
+// The size of a compound item all of whose subfields are of fixed sizes, by its sums for so many octets of the primary
+// subfield, given that an octet is available. 0 for any other, and where the octets do not hold the primary subfield.
+inline uint64_t summed_size(const SubfieldSums *sums, uint64_t count, const uint8_t *data, uint64_t available) {
+    const uint64_t limit = std::min<uint64_t>(available, count);
     uint64_t size = 0;
     uint64_t i = 0;
     do {
-        const uint8_t sum = compound.sums[i][bits(data[i], 8, 2)];
+        const uint8_t sum = sums[i][bits(data[i], 8, 2)];
         if (sum == kNoSum) return 0;
         size += sum;
         if (!has_fx(data[i++])) return size > i ? size : 0; // nothing announced is not for here to judge

@@ -50,14 +50,28 @@ constexpr unsigned kFspecWordFrns = 8 * kFrnsPerOctet;
 constexpr unsigned bit_of_frn(uint32_t frn) { return frn - 1 + (frn - 1) / kFrnsPerOctet; }
 constexpr uint32_t frn_of_bit(unsigned bit) { return bit + 1 - bit / 8; }
 
-inline FspecWord read_fspec_word(const uint8_t *data, uint64_t available) {
-    constexpr uint64_t kFxOfAll = 0x0101010101010101;
+// The octets of such an FSPEC as they stand, the first one lowest.
+struct FspecOctets {
+    uint64_t word = 0;
+    uint64_t count = 0;
+};
+
+constexpr uint64_t kFxOfAll = 0x0101010101010101;
+
+inline FspecOctets read_fspec_octets(const uint8_t *data, uint64_t available) {
     const uint64_t word = read_first_lowest(data, available);
     const uint64_t ends = ~word & kFxOfAll;
     const uint64_t end = ends & (0 - ends); // the FX bit of the last octet
-    const uint64_t octets = static_cast<uint64_t>(std::countr_zero(end)) / 8 + 1;
-    if (end == 0 || octets > available) return {};
-    return {mirror_octets(word & ((end << 8) - 1)) & ~(kFxOfAll << 7), octets};
+    const uint64_t count = static_cast<uint64_t>(std::countr_zero(end)) / 8 + 1;
+    if (end == 0 || count > available) return {};
+    return {word & ((end << 8) - 1), count};
+}
+
+constexpr uint64_t announced_by(uint64_t fspec_octets) { return mirror_octets(fspec_octets) & ~(kFxOfAll << 7); }
+
+inline FspecWord read_fspec_word(const uint8_t *data, uint64_t available) {
+    const FspecOctets fspec = read_fspec_octets(data, available);
+    return {announced_by(fspec.word), fspec.count};
 }
 
 // The presence bit of an FRN inside its octet.

@@ -37,21 +37,20 @@ struct RecordSize {
     uint64_t fspec_octets = 0;
 };
 
-// The size of an item that is not fixed, where octets alone tell it and there is nothing to report. 0 otherwise.
+// The size of an item that is neither fixed nor compound, where octets alone tell it and there is nothing to report. An
+// octet is available. 0 otherwise.
+inline uint64_t plain_size(SizeRule::Kind kind, uint64_t octets, const uint8_t *data, uint64_t available) {
+    if (kind == SizeRule::Kind::Extended) return plain_extended_size(data, available, octets);
+    if (kind == SizeRule::Kind::Repetitive) return 1 + octets * data[0];
+    return kind == SizeRule::Kind::Explicit ? data[0] : 0;
+}
+
+// The same of any item that is not fixed.
 inline uint64_t plain_size(const Slot &slot, const Reading &reading, const uint8_t *data, uint64_t available) {
     if (available == 0) return 0;
-    switch (slot.kind) {
-    case SizeRule::Kind::Extended:
-        return plain_extended_size(data, available, slot.other_octets());
-    case SizeRule::Kind::Subfields:
-        return summed_size(*reading.own->rows[slot.place].compound, data, available);
-    case SizeRule::Kind::Repetitive:
-        return 1 + slot.other_octets() * data[0];
-    case SizeRule::Kind::Explicit:
-        return data[0];
-    default:
-        return 0;
-    }
+    if (slot.kind != SizeRule::Kind::Subfields) return plain_size(slot.kind, slot.other_octets(), data, available);
+    const Compound &compound = *reading.own->rows[slot.place].compound;
+    return summed_size(compound.sums, compound.sums_count, data, available);
 }
 
 // Why an item of that size, which is 0 or more than there is, breaks a record off.
@@ -70,6 +69,13 @@ uint64_t reported_size(const Reading &reading, const ItemRow &row, ast_dataitem_
     return 0;
 }
 
+// The same of an item that the bit of an FspecWord announces.
+template <typename Store>
+uint64_t reported_size(const Reading &reading, unsigned bit, const uint8_t *data, uint64_t left, Store &store) {
+    const Slot &slot = reading.slots->slots[bit];
+    return reported_size(reading, reading.own->rows[slot.place], slot.type, frn_of_bit(bit), data, left, store);
+}
+
 // The items of an FSPEC of which every bit is known, sized without a call wherever that can be done. Returns their end,
 // or null when the record broke off.
 template <typename Store>
@@ -85,8 +91,7 @@ const uint8_t *read_known_items(const Reading &reading, uint64_t announced, cons
             size = plain_size(slot, reading, data, left);
             if (size - 1 >= left) [[unlikely]] { // 0, or more than there is
                 store.take(next);
-                const ItemRow &row = reading.own->rows[slot.place];
-                size = reported_size(reading, row, slot.type, frn_of_bit(bit), data, left, store);
+                size = reported_size(reading, bit, data, left, store);
                 if (size == 0) return nullptr;
             }
         }

@@ -8,6 +8,7 @@
 #include <cstring>
 #include <iterator>
 
+#include "core/copy.hpp"
 #include "core/digits.hpp"
 #include "core/number.hpp"
 
@@ -88,29 +89,6 @@ void append_repeated(TextWriter &out, char character, uint64_t count) {
         count -= now;
         // What does not fit is cut, and need not be written to be cut.
         if (count > 0 && out.is_full()) return;
-    }
-}
-
-// Pieces of text are short: most are copied faster than they are handed to another function. By words that overlap.
-template <typename Word>
-void copy_ends(char *to, const char *from, size_t count) {
-    Word first;
-    Word last;
-    std::memcpy(&first, from, sizeof first);
-    std::memcpy(&last, from + count - sizeof last, sizeof last);
-    std::memcpy(to, &first, sizeof first);
-    std::memcpy(to + count - sizeof last, &last, sizeof last);
-}
-
-void copy_text(char *to, const char *from, size_t count) {
-    if (count > 2 * sizeof(uint64_t)) {
-        std::memcpy(to, from, count);
-    } else if (count >= sizeof(uint64_t)) {
-        copy_ends<uint64_t>(to, from, count);
-    } else if (count >= sizeof(uint32_t)) {
-        copy_ends<uint32_t>(to, from, count);
-    } else {
-        for (size_t i = 0; i < count; ++i) to[i] = from[i];
     }
 }
 

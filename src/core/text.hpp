@@ -94,6 +94,16 @@ public:
         advance(std::string_view(cursor_).size());
     }
 
+    // Lets `write` put a piece of at most so many characters at the text that it is given, and return where it ends;
+    // false, and nothing done, where there is less room.
+    template <typename Write>
+    bool append_at_once(size_t most, Write write) {
+        if (room_ < most) return false;
+        advance(static_cast<size_t>(write(cursor_) - cursor_));
+        *cursor_ = '\0';
+        return true;
+    }
+
     // Characters written so far, the terminator not counted.
     size_t length() const { return length_; }
     bool is_full() const { return room_ == 0; }

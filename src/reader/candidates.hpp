@@ -73,4 +73,11 @@ inline Candidates forced(const CategoryCandidates &own, const ast_uap_t &uap) {
     return own.candidates;
 }
 
+// Those of a category that a reader chooses from.
+inline CategoryCandidates candidates_for(const ast_reader_t *reader, uint32_t category) {
+    CategoryCandidates own = find_candidates(category);
+    if (reader && reader->forced) own.candidates = forced(own, *reader->forced);
+    return own;
+}
+
 } // namespace ast::reader

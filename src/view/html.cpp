@@ -1,6 +1,9 @@
 #include "view/html.hpp"
 
+#include <array>
 #include <atomic>
+
+#include "core/copy.hpp"
 
 namespace {
 
@@ -14,23 +17,53 @@ std::atomic<uint32_t> flavor{0};
 // it.
 thread_local bool next_row_is_even = false;
 
+constexpr std::string_view kRowEnd = "</tr>";
+constexpr std::string_view kOddRow = "<tr>";
+constexpr std::string_view kEvenRow = "<tr class=\"even_row\">";
+
+struct CellTags {
+    std::string_view begin;
+    std::string_view end;
+};
+constexpr CellTags kHeaderCell = {"<th>", "</th>"};
+constexpr CellTags kDataCell = {"<td>", "</td>"};
+[[gnu::always_inline]] inline char *put(char *to, std::string_view piece) {
+    return copy_text(to, piece.data(), piece.size());
+}
+
+constexpr char kHexDigits[] = "0123456789ABCDEF";
+
 void append_hex(TextWriter &out, uint8_t octet) {
-    constexpr char kDigits[] = "0123456789ABCDEF";
-    const char text[] = {kDigits[octet >> 4], kDigits[octet & 0x0F]};
+    const char text[] = {kHexDigits[octet >> 4], kHexDigits[octet & 0x0F]};
     out.append({text, sizeof text});
 }
 
-// A cell for each of the eight bits.
-void append_bit_cells(TextWriter &out, std::string_view bits) {
-    constexpr std::string_view kCell = "<td>0</td>";
-    constexpr size_t kBitPlace = 4;
-    char cells[kCell.size() * BinaryOctet::kChars];
-    for (size_t i = 0; i < BinaryOctet::kChars; ++i) {
-        char *const cell = cells + i * kCell.size();
-        std::memcpy(cell, kCell.data(), kCell.size());
-        cell[kBitPlace] = bits[i];
-    }
-    out.append({cells, sizeof cells});
+// What is to be filled in: the octet behind its number in a caption, and the bits of the octets of a row.
+constexpr std::string_view kCaptionEnd = " - --</th>";
+constexpr size_t kOctetPlace = 3;
+constexpr std::string_view kBitCell = "<td>-</td>";
+constexpr size_t kBitPlace = 4;
+constexpr uint64_t kOctetsPerBitRow = 4;
+constexpr auto kBitCells = [] {
+    std::array<char, kOctetsPerBitRow * BinaryOctet::kChars * kBitCell.size()> cells{};
+    for (size_t i = 0; i < cells.size(); ++i) cells[i] = kBitCell[i % kBitCell.size()];
+    return cells;
+}();
+
+void append_caption_end(TextWriter &out, uint8_t octet) {
+    char end[kCaptionEnd.size()];
+    std::memcpy(end, kCaptionEnd.data(), sizeof end);
+    end[kOctetPlace] = kHexDigits[octet >> 4];
+    end[kOctetPlace + 1] = kHexDigits[octet & 0x0F];
+    out.append({end, sizeof end});
+}
+
+// A cell for each bit of the octets, as many as there are of a row.
+void append_bit_cells(TextWriter &out, const uint8_t *octets, uint64_t count) {
+    auto cells = kBitCells;
+    for (size_t bit = 0; bit < std::min(count, kOctetsPerBitRow) * 8; ++bit)
+        cells[bit * kBitCell.size() + kBitPlace] = (octets[bit / 8] << bit % 8 & 0x80) != 0 ? '1' : '0';
+    out.append({cells.data(), cells.size()});
 }
 
 } // namespace
@@ -68,37 +101,41 @@ void HtmlWriter::table_begin() {
 
 void HtmlWriter::table_end() { append("</table><br/>"); }
 
-void HtmlWriter::header_row(std::initializer_list<std::string_view> cells) {
-    row_begin(true);
-    for (const std::string_view content : cells) cell(true, content);
-    row_end(true);
-}
+void HtmlWriter::header_row(std::initializer_list<std::string_view> cells) { whole_row<true>(cells); }
+void HtmlWriter::row(std::initializer_list<std::string_view> cells) { whole_row<false>(cells); }
 
-void HtmlWriter::row(std::initializer_list<std::string_view> cells) {
-    row_begin(false);
-    for (const std::string_view content : cells) cell(false, content);
-    row_end(false);
+// Most rows fit, and are written without that there is asked for room for each piece.
+template <bool is_header>
+void HtmlWriter::whole_row(std::initializer_list<std::string_view> cells) {
+    constexpr CellTags kTags = is_header ? kHeaderCell : kDataCell;
+    size_t most = kEvenRow.size() + kRowEnd.size();
+    for (const std::string_view content : cells) most += kTags.begin.size() + content.size() + kTags.end.size();
+    const auto put_row = [&](char *to) {
+        to = put(to, !is_header && next_row_is_even ? kEvenRow : kOddRow);
+        for (const std::string_view content : cells) to = put(put(put(to, kTags.begin), content), kTags.end);
+        return put(to, kRowEnd);
+    };
+    if (append_at_once(most, put_row)) {
+        next_row_is_even = !is_header && !next_row_is_even;
+    } else {
+        row_begin(is_header);
+        for (const std::string_view content : cells) cell(is_header, content);
+        row_end(is_header);
+    }
 }
 
 void HtmlWriter::row_begin(bool is_header) {
     if (is_header) next_row_is_even = false;
-    append(next_row_is_even ? "<tr class=\"even_row\">" : "<tr>");
+    append(next_row_is_even ? kEvenRow : kOddRow);
 }
 
 void HtmlWriter::cell(bool is_header, std::string_view content) {
-    if (is_header) {
-        append("<th>");
-        append(content);
-        append("</th>");
-    } else {
-        append("<td>");
-        append(content);
-        append("</td>");
-    }
+    const CellTags &tags = is_header ? kHeaderCell : kDataCell;
+    for (const std::string_view piece : {tags.begin, content, tags.end}) append(piece);
 }
 
 void HtmlWriter::row_end(bool is_header) {
-    append("</tr>");
+    append(kRowEnd);
     if (!is_header) next_row_is_even = !next_row_is_even;
 }
 
@@ -123,24 +160,20 @@ void HtmlWriter::hex_table(const uint8_t *octets, uint64_t count) {
 }
 
 void HtmlWriter::bit_table(const uint8_t *octets, uint64_t count) {
-    constexpr uint64_t kOctetsPerRow = 4;
     if (!octets || count == 0) return;
     open_table("bin_table");
-    for (uint64_t row = 0; row < count; row += kOctetsPerRow) {
+    for (uint64_t row = 0; row < count; row += kOctetsPerBitRow) {
         append("<tr class=\"caption_row\">");
-        for (uint64_t i = row; i < row + kOctetsPerRow; ++i) {
+        for (uint64_t i = row; i < row + kOctetsPerBitRow; ++i) {
             append("<th colspan=8>Octet ");
             append_digits(static_cast<uint32_t>(i + 1), 1);
-            append(" - ");
             if (i < count)
-                append_hex(*this, octets[i]);
+                append_caption_end(*this, octets[i]);
             else
-                append("--");
-            append("</th>");
+                append(kCaptionEnd);
         }
         append("</tr><tr class=\"data_row\">");
-        for (uint64_t i = row; i < row + kOctetsPerRow; ++i)
-            append_bit_cells(*this, i < count ? std::string_view(BinaryOctet(octets[i])) : "--------");
+        append_bit_cells(*this, octets + row, count - row);
         append("</tr>");
     }
     append("</table>");

@@ -32,6 +32,8 @@ public:
 
 private:
     void open_table(std::string_view css_class);
+    template <bool is_header>
+    void whole_row(std::initializer_list<std::string_view> cells);
 };
 
 // A detail view's table: begins with its header row, takes data rows, and ends with its life.

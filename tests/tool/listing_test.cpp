@@ -57,6 +57,21 @@ TEST(Listing, ShowsLongDetailsToTheirEnd) {
               "1                 MCP/FCU Selected Altitude    16 FT    valid\n");
 }
 
+// Altitudes of other lengths, which make their column narrower and wider again, and change within it.
+TEST(Listing, ShowsAnItemAlikeWhateverCameBefore) {
+    Command command;
+    std::string all;
+    std::string each;
+    for (const char *const altitude : {"C460", "C468", "8008", "8010", "C460"}) {
+        const std::string block = hex("30 000E 01 20 01" + std::string(altitude) + "0000000000 40");
+        command.write("one", block);
+        each += command.run("--detail one | grep -v '^#'").out;
+        all += block;
+    }
+    command.write("all", all);
+    EXPECT_EQ(command.run("--detail all | grep -v '^#'").out, each);
+}
+
 // Items that the library has no views of, I021/165 twice with the same octets: turn indicator and rate of turn in
 // edition 0.26, 10 bits of track angle rate since 2.1. Behind it stand I021/148 and I021/016.
 const std::string kUnread = hex("15 0010 810130 190C 0128 000000000000 15 000F 810101050A 190C 0128 2578 00");

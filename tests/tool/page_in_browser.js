@@ -14,7 +14,7 @@ async function look() {
     check('sections are packed', all('.section').every(section => section.dataset.packed !== undefined || section.open));
     await until(() => all('.block').length > 0);
     const blocks = all('.block');
-    check('all blocks are there', blocks.length === 12);
+    check('all blocks are there', blocks.length === 13);
     check('a closed block is empty', all('.item').length === 0);
     check('the numbers stand on top', shown('.numbers')[0].getBoundingClientRect().bottom <
           shown('main')[0].getBoundingClientRect().top);
@@ -35,10 +35,21 @@ async function look() {
     check('ampersands are kept', items.some(item => item.textContent.includes('Configuration & Status')));
     check('values are shown', all('td').some(cell => cell.textContent === 'MODE-S ROLL CALL'));
 
+    const texts = (type, selector) =>
+        [...items.find(item => item.textContent.startsWith(type)).querySelectorAll(selector)].map(e => e.textContent);
+    check('a compound item has an overview', texts('I048/130', 'tr').includes('3SAMAmplitude of (M)SSR Reply11-186 LSB=DBM') &&
+          texts('I048/130', 'tr').includes('1SRLSSR Plot Runlength00'));
+    check('and its subfields', texts('I048/130', 'h4').includes('Subfield #3 - Amplitude of (M)SSR Reply') &&
+          texts('I048/130', 'th').includes('Octet 1 - BA') && texts('I048/130', 'td').includes('-70 dBm'));
+    check('registers have bits', texts('I048/250', 'th').includes('Octet 1 - C4'));
+
     await lookAtPlan();
 
     const links = all('a');
     check('there are links to maps', links.length > 0);
+    // 9320676, 2656393 and 9274072, 2796203 in units of 180 / 2^25 degrees.
+    for (const place of ['50.000002,14.250003', '49.749999,15.000002'])
+        check(`a link to ${place}`, links.some(link => link.href === `https://www.google.com/maps/place/${place}`));
     check('links open apart', links.every(link => link.rel === 'noopener' && document.querySelector('base').target === '_blank'));
     check('nothing is left over', all('.section').every(section => section.dataset.packed === undefined));
 }
@@ -48,7 +59,7 @@ async function lookAtPlan() {
     await until(() => document.documentElement.dataset.ready);
     const {records, plan, clock} = window.astdump;
     check('the plan is shown', shown('.plan canvas').length === 1);
-    check('all positions have a place', plan.points.count === 6);
+    check('all positions have a place', plan.points.count === 7);
     check('the plan says where it lies', all('.note')[0].textContent.includes('49.7500° N 15.0000° E'));
     check('a block shows what it is about', all('.names').some(line => line.textContent.includes('DLH4AB 3C4A12 2345 #420')));
     check('a block shows its time', all('.block .time')[1].textContent === '12:00:01.500');

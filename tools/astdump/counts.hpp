@@ -2,12 +2,14 @@
 #pragma once
 
 #include <array>
+#include <memory>
 #include <utility>
 #include <vector>
 
 #include "by_type.hpp"
 #include "decode.hpp"
 #include "losses.hpp"
+#include "split.hpp"
 
 namespace astdump {
 
@@ -34,13 +36,23 @@ struct Tally {
 // Counts blocks, with those of their records that are asked for. Of a damaged one, the records before the fault count.
 class Counter {
 public:
+    Counter() : census_(std::make_unique<ast_census_t>()) {}
+
     void add(const DecodedBlock &decoded);
+
+    // Adds blocks all of whose records are asked for, up to one that has to be split to be counted.
+    Blocks add(const Editions &editions, Octets blocks);
 
     // What has been counted since the last time.
     Tally take();
 
 private:
+    Counts &counts_of(uint32_t category);
     void add(uint32_t category, std::span<const ast_split_item_t> items);
+    void add(ast_dataitem_type_t type, uint64_t count);
+    void take_census();
+
+    std::unique_ptr<ast_census_t> census_;
 
     std::array<Counts, 256> categories_{};
     ByType<uint64_t> items_;

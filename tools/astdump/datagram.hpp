@@ -42,6 +42,7 @@ struct Endpoints {
 
 struct Datagram {
     Octets octets;                  // good as long as the chunk that it lies in
+    std::optional<uint64_t> blocks; // whole ones at their start, where they have been counted
     uint64_t packet = 0;            // number in its capture, counted from 1; 0 where there are no packets
     uint64_t offset = 0;            // of the first octet in its file, where there are no packets
     std::optional<uint64_t> unread; // octets of the file, from the first of these on, when no block can follow them

@@ -24,6 +24,8 @@ public:
     // What is known in front of the next block.
     void set_editions(const Editions &editions) { editions_ = editions; }
 
+    const Editions &editions() const { return editions_; }
+
     // The result is good until the next call; which records are asked for is left to the caller. The octets are one
     // whole block.
     DecodedBlock &decode(const Datagram &datagram, uint64_t number, uint64_t offset, Octets octets) {

@@ -96,6 +96,10 @@ bool Editions::split(ast_split_t &split, Octets block, ast_reader_result_t &resu
     return ast_reader_split(&reader_, &split, block.data(), block.size(), &result);
 }
 
+uint64_t Editions::count(ast_census_t &census, Octets blocks) const {
+    return grows_ ? 0 : ast_reader_count(&reader_, &census, blocks.data(), blocks.size());
+}
+
 bool Editions::have_seen(uint64_t blocks) const {
     return std::ranges::all_of(
         reader_.sources, [&](const ast_reader_source_t &source) { return source.key == 0 || source.blocks >= blocks; });

@@ -27,6 +27,9 @@ public:
     // Unless they are frozen, the block itself counts.
     bool split(ast_split_t &split, Octets block, ast_reader_result_t &result);
 
+    // Adds blocks to a census, up to one that has to be split to be counted, and returns their octets.
+    uint64_t count(ast_census_t &census, Octets blocks) const;
+
     // Whether so many blocks have been seen of every source of which any was.
     bool have_seen(uint64_t blocks) const;
 

@@ -144,7 +144,8 @@ bool Input::fill(Chunk &chunk) {
     if (!filled) filled = !std::exchange(is_read_, true) && tell_end(chunk);
     chunk.first_number = next_number_;
     for (const Datagram &datagram : chunk.datagrams())
-        if (datagram.may_hold_blocks()) next_number_ += count_blocks(datagram.octets).count;
+        if (datagram.may_hold_blocks())
+            next_number_ += datagram.blocks ? *datagram.blocks : count_blocks(datagram.octets).count;
     chunk.end_number = next_number_;
     if (stream_) chunk.consumed = stream_->consumed();
     return filled;

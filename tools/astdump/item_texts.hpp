@@ -4,21 +4,22 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
-#include <vector>
 
 #include "item_views.hpp"
 #include "text_buffer.hpp"
+#include "view_shapes.hpp"
 
 namespace astdump {
 
 // Writes lines that begin with their kind and hold fields behind tabs:
 //
-//     T  type  name                              a type of items; types, shapes and items are counted from 0 each
-//     S  pieces                                  a shape: the detail view of the first item that had it, as markup and
-//                                                text in turn
-//     D  type  octets  summary  shape  changes   an item; of the texts of its shape those that are different, each
-//     behind
-//                                                its place
+//     T  type  name  subfields                    a type of items; types, shapes, subfields and items are counted from
+//                                                 0 each. Of a compound one the ids and names of its subfields in turn
+//     S  pieces                                   a shape, as ViewShapes has it
+//     P  octets  summary  shape  changes          a subfield: how many octets it has, and its view
+//     D  type  octets  summary  shape  changes    an item
+//     C  type  octets  summary  count  subfields  a compound item: how many subfields it has a bit for, and each that
+//                                                 is there as place:number; a blank number is the next that is new
 //
 // Texts are escaped.
 class ItemTexts {
@@ -29,24 +30,42 @@ public:
     std::optional<size_t> find_or_put(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading);
 
 private:
-    struct Shape {
+    // Of what has the same type and octets, and is read alike, each has the same number.
+    class Numbers {
+    public:
+        void clear();
+
+        struct Entry {
+            size_t number;
+            bool is_new;
+        };
+        Entry enter(uint32_t type, Octets octets, uint32_t reading);
+
+        // One that nothing else has.
+        size_t add() { return count_++; }
+
+    private:
+        std::unordered_map<std::string, size_t> known_;
+        std::string key_;
+        size_t count_ = 0;
+    };
+    struct Type {
         size_t number;
-        std::vector<std::string> texts;
+        bool is_compound;
     };
 
-    size_t type(TextBuffer &out, ast_dataitem_type_t type, const ast_uap_t &uap);
-    const Shape &shape(TextBuffer &out);
-    void read_detail(const ast_dataitem_t &item, const Reading &reading);
-    void put_changes(TextBuffer &out, const Shape &shape) const;
+    const Type &find_or_put_type(TextBuffer &out, ast_dataitem_type_t type, const ast_uap_t &uap);
+    bool put_compound(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading);
+    void put_subfield(TextBuffer &out, const ast_dataitem_t &item, const ast_subfield_t &subfield, uint32_t number,
+                      const Reading &reading);
 
-    std::unordered_map<std::string, size_t> items_; // by type, reading and octets
-    std::unordered_map<ast_dataitem_type_t, size_t> types_;
-    std::unordered_map<std::string, Shape> shapes_; // by their markup
+    Numbers items_;
+    Numbers subfields_;
+    std::unordered_map<ast_dataitem_type_t, Type> types_;
+    ViewShapes shapes_;
     ItemViews views_;
-
-    // The detail view at hand: its markup, with a mark in the place of each text.
-    std::string markup_;
-    std::vector<std::string> texts_;
+    TextBuffer fields_;   // of the item at hand, before whose line those of what is in it stand
+    TextBuffer subfield_; // the same of a subfield
 };
 
 } // namespace astdump

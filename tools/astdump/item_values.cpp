@@ -19,28 +19,17 @@ char capital(char c) {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
 
-// "45.5", and codes as their text where that is short: "SINGLE_TARGET".
-std::string brief_text(const ast_field_value_t &value, size_t most) {
-    TextBuffer out;
-    const std::string_view text = value.text;
-    const bool is_named = value.field->kind == AST_FIELD_CODE && !text.empty() && text.size() <= most;
-    if (is_named)
-        put_plain(out, text);
-    else
-        put_value(out, value);
-    std::string result(out.text());
-    if (is_named) std::ranges::transform(result, result.begin(), capital);
-    return cut(result, kMaxLoneText);
-}
-
 // With its unit, or with what the code stands for.
-std::string whole_text(const ast_field_value_t &value) {
-    TextBuffer out;
+void put_whole(TextBuffer &out, const ast_field_value_t &value) {
     put_value(out, value);
     const std::string_view behind = value.field->kind == AST_FIELD_CODE ? value.text : value.field->unit;
     if (!behind.empty()) out.put(' ');
     put_plain(out, behind);
-    return std::string(out.text());
+}
+
+// A flag that is not set.
+bool is_clear(const ast_field_value_t &value) {
+    return value.field->kind == AST_FIELD_CODE && value.field->bits == 1 && value.raw == 0;
 }
 
 bool is_below(std::string_view path, std::string_view above) {
@@ -57,72 +46,82 @@ std::string_view last_name(std::string_view path) {
 }
 
 // As options take it: "I040/RHO" of "I048/040/RHO".
-std::string option_path(std::string_view path) {
+void put_option_path(TextBuffer &out, std::string_view path) {
     constexpr size_t kCategory = std::string_view("I048/").size();
     path.remove_prefix(std::min(kCategory, path.size()));
-    const bool is_number = !path.empty() && path[0] >= '0' && path[0] <= '9';
-    return (is_number ? "I" : "") + std::string(path);
+    if (!path.empty() && path[0] >= '0' && path[0] <= '9') out.put('I');
+    out.put(path);
+}
+
+// Calls visit(value) for the values of an item below a path.
+template <typename Visit>
+void each_value(const ast_dataitem_t &item, const Reading &reading, std::string_view below, Visit visit) {
+    auto visit_below = [&](const ast_field_value_t &value) {
+        if (is_below(value.field->path, below)) visit(value);
+    };
+    const auto take = [](void *context, const ast_field_value_t *value) {
+        (*static_cast<decltype(visit_below) *>(context))(*value);
+    };
+    ast_dataitem_walk(&item, reading.uap, reading.message_type, take, &visit_below);
 }
 
 // What the library calls an item of a category that it does not know, and one of a category that it does.
 bool is_no_name(std::string_view name) { return name == "UNKNOWN NAME" || name.starts_with("Unknown CAT"); }
 
-std::string row(std::string_view kind, std::string_view cell, std::initializer_list<std::string_view> cells) {
-    std::string html(kind);
-    for (const std::string_view text : cells)
-        html.append("<").append(cell).append(">").append(text).append("</").append(cell).append(">");
-    return html + "</tr>";
-}
-
 } // namespace
 
-void ItemValues::read(const ast_dataitem_t &item, const Reading &reading) {
-    values_.clear();
-    ast_dataitem_walk(&item, reading.uap, reading.message_type, take, this);
+// "45.5", and codes as their text where that is short: "SINGLE_TARGET".
+std::string ItemValues::brief_text(const ast_field_value_t &value, size_t most) {
+    scratch_.clear();
+    const std::string_view text = value.text;
+    const bool is_named = value.field->kind == AST_FIELD_CODE && !text.empty() && text.size() <= most;
+    if (is_named)
+        put_plain(scratch_, text);
+    else
+        put_value(scratch_, value);
+    std::string result(scratch_.text());
+    if (is_named) std::ranges::transform(result, result.begin(), capital);
+    return cut(result, kMaxLoneText);
 }
 
-void ItemValues::take(void *context, const ast_field_value_t *value) {
-    const ast_field_t &field = *value->field;
-    const bool is_code = field.kind == AST_FIELD_CODE;
-    const std::string whole = whole_text(*value);
-    TextBuffer title;
-    put_plain(title, field.title);
-    static_cast<ItemValues *>(context)->values_.push_back(
-        {.path = field.path,
-         .title = std::string(title.text()),
-         .text = whole,
-         .brief = brief_text(*value, kMaxBriefText),
-         .alone = is_code ? brief_text(*value, kMaxLoneText) : cut(whole, kMaxSummary),
-         .is_clear = is_code && field.bits == 1 && value->raw == 0});
+// "SPD:450", and "450 kt" without a name.
+std::string ItemValues::word(const ast_field_value_t &value, std::string_view name) {
+    if (!name.empty()) return std::string(name) + ':' + brief_text(value, kMaxBriefText);
+    if (value.field->kind == AST_FIELD_CODE) return brief_text(value, kMaxLoneText);
+    scratch_.clear();
+    put_whole(scratch_, value);
+    return cut(std::string(scratch_.text()), kMaxSummary);
 }
 
-std::string ItemValues::summary(std::string_view below) const {
-    const bool all_clear = std::ranges::all_of(
-        values_, [&](const Value &value) { return value.is_clear || !is_below(value.path, below); });
+std::string ItemValues::summary(const ast_dataitem_t &item, const Reading &reading, std::string_view below) {
+    bool all_clear = true;
+    each_value(item, reading, below, [&](const ast_field_value_t &value) { all_clear = all_clear && is_clear(value); });
     std::string line;
-    for (const Value &value : values_) {
-        if (!is_below(value.path, below) || (value.is_clear && !all_clear)) continue;
-        const std::string_view name = last_name(std::string_view(value.path).substr(below.size()));
-        const std::string word = name.empty() ? value.alone : std::string(name) + ':' + value.brief;
-        if (!line.empty() && line.size() + 1 + word.size() + kOmission.size() > kMaxSummary)
-            return line.append(kOmission);
-        if (!line.empty()) line += ' ';
-        line += word;
-    }
+    bool is_full = false;
+    each_value(item, reading, below, [&](const ast_field_value_t &value) {
+        if (is_full || (is_clear(value) && !all_clear)) return;
+        const std::string next = word(value, last_name(std::string_view(value.field->path).substr(below.size())));
+        is_full = !line.empty() && line.size() + 1 + next.size() + kOmission.size() > kMaxSummary;
+        if (!line.empty() && !is_full) line += ' ';
+        line += is_full ? kOmission : next;
+    });
     return line;
 }
 
-std::string ItemValues::table(std::string_view below) const {
-    std::string rows;
-    bool is_even = false;
-    for (const Value &value : values_) {
-        if (!is_below(value.path, below)) continue;
-        rows +=
-            row(is_even ? "<tr class=\"even_row\">" : "<tr>", "td", {option_path(value.path), value.title, value.text});
-        is_even = !is_even;
-    }
-    if (rows.empty()) return rows;
-    return "<table class=\"detail_table\">" + row("<tr>", "th", {"Field", "Item", "Value"}) + rows + "</table><br/>";
+void ItemValues::put_table(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading,
+                           std::string_view below) {
+    size_t rows = 0;
+    each_value(item, reading, below, [&](const ast_field_value_t &value) {
+        if (rows == 0) out.put("<table class=\"detail_table\"><tr><th>Field</th><th>Item</th><th>Value</th></tr>");
+        out.put(rows++ % 2 == 0 ? "<tr><td>" : "<tr class=\"even_row\"><td>");
+        put_option_path(out, value.field->path);
+        out.put("</td><td>");
+        put_plain(out, value.field->title);
+        out.put("</td><td>");
+        put_whole(out, value);
+        out.put("</td></tr>");
+    });
+    if (rows != 0) out.put("</table><br/>");
 }
 
 std::string item_name(ast_dataitem_type_t type, const ast_uap_t &uap) {

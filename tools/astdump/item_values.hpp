@@ -2,38 +2,27 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "reading.hpp"
 #include "text_buffer.hpp"
 
 namespace astdump {
 
+// Both views are of the values below a path such as "I048/130/SRL", which is that of the item or begins with it, and
+// empty where no document describes any.
 class ItemValues {
 public:
-    // Takes the values of an item; none where no document describes it.
-    void read(const ast_dataitem_t &item, const Reading &reading);
+    // One line, "SPD:450 HDG:290". Flags that are clear are left out, and what would make the line too long.
+    std::string summary(const ast_dataitem_t &item, const Reading &reading, std::string_view below);
 
-    // Of the values below a path such as "I048/130/SRL", which is that of the item or begins with it: one line,
-    // "SPD:450 HDG:290". Flags that are clear are left out, and what would make the line too long.
-    std::string summary(std::string_view below) const;
-
-    // The same as a table in the library's markup; empty without values.
-    std::string table(std::string_view below) const;
+    // Puts a table in the library's markup.
+    static void put_table(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading, std::string_view below);
 
 private:
-    struct Value {
-        std::string path;  // as the library writes it
-        std::string title; // in the document's words
-        std::string text;  // "45.5 NM", "5 Single ModeS Roll-Call"
-        std::string brief; // "45.5", "5", behind its name
-        std::string alone; // "45.5 NM", without one
-        bool is_clear;     // a flag that is not set
-    };
+    std::string word(const ast_field_value_t &value, std::string_view name);
+    std::string brief_text(const ast_field_value_t &value, size_t most);
 
-    static void take(void *context, const ast_field_value_t *value);
-
-    std::vector<Value> values_;
+    TextBuffer scratch_;
 };
 
 // The name of an item type: where the library knows none, the title that a document gives it.

@@ -52,39 +52,33 @@ std::vector<std::string> subfield_paths(ast_dataitem_type_t type, const ast_uap_
 struct ItemViews::Subject {
     const ast_dataitem_t &item;
     const Reading &reading;
-    ItemValues &values;
     std::vector<std::string> paths{}; // of subfields, as soon as one of them is asked for
 
-    // Either view of a subfield; empty for one that no document describes.
-    std::string subfield(uint32_t number, std::string (ItemValues::*view)(std::string_view) const) {
-        if (paths.empty()) {
-            paths = subfield_paths(item.type, reading.uap);
-            values.read(item, reading);
-        }
-        return number >= paths.size() || paths[number].empty() ? std::string() : (values.*view)(paths[number]);
+    // Empty for a subfield that no document describes.
+    std::string_view path(uint32_t number) {
+        if (paths.empty()) paths = subfield_paths(item.type, reading.uap);
+        return number < paths.size() ? paths[number] : std::string_view();
     }
 };
 
 std::string_view ItemViews::value_summary(const ast_dataitem_t &item, const Reading &reading) {
-    values_.read(item, reading);
-    text_ = values_.summary(ast_dataitem_type_to_str(item.type));
-    return text_;
+    line_ = values_.summary(item, reading, ast_dataitem_type_to_str(item.type));
+    return line_;
 }
 
 std::string_view ItemViews::detail(const ast_dataitem_t &item, const Reading &reading) {
     std::string_view html = views_.show(ast_dataitem_get_detail_html, item);
-    if (html.empty()) {
-        values_.read(item, reading);
-        text_ = values_.table(ast_dataitem_type_to_str(item.type));
-        return text_;
-    }
-    if (!html.starts_with(kCompound)) return html;
-    Subject subject{item, reading, values_};
+    if (!html.empty() && !html.starts_with(kCompound)) return html;
     text_.clear();
-    const size_t table = std::min(html.find(kTableEnd), html.size());
-    complete_table(html.substr(0, table), subject);
-    complete_subfields(html.substr(table), subject);
-    return text_;
+    if (html.empty()) {
+        ItemValues::put_table(text_, item, reading, ast_dataitem_type_to_str(item.type));
+    } else {
+        Subject subject{item, reading};
+        const size_t table = std::min(html.find(kTableEnd), html.size());
+        complete_table(html.substr(0, table), subject);
+        complete_subfields(html.substr(table), subject);
+    }
+    return text_.text();
 }
 
 std::string ItemViews::subfield_summary(const ast_dataitem_t &item, const Reading &reading, uint32_t number) {
@@ -92,16 +86,41 @@ std::string ItemViews::subfield_summary(const ast_dataitem_t &item, const Readin
     ast_subfield_get_summary(text, sizeof text, &item, AST_SUBFIELD_TYPE(item.type, number));
     const std::string summary = text;
     if (!summary.empty() && summary != kNoSummary) return summary;
-    const std::string own = Subject{item, reading, values_}.subfield(number, &ItemValues::summary);
+    Subject subject{item, reading};
+    const std::string own = own_summary(subject, number);
     return own.empty() ? summary : own;
 }
 
-std::string ItemViews::subfield_detail(const ast_dataitem_t &item, const Reading &reading, uint32_t number) {
+std::string_view ItemViews::subfield_detail(const ast_dataitem_t &item, const Reading &reading, uint32_t number) {
     const auto view = [&](char *to, uint64_t capacity, const ast_dataitem_t *of) {
         ast_subfield_get_detail_html(to, capacity, of, AST_SUBFIELD_TYPE(of->type, number));
     };
     const std::string_view html = views_.show(view, item);
-    return html.empty() ? Subject{item, reading, values_}.subfield(number, &ItemValues::table) : std::string(html);
+    if (!html.empty()) return html;
+    text_.clear();
+    Subject subject{item, reading};
+    put_own_table(subject, number);
+    return text_.text();
+}
+
+std::string_view ItemViews::subfield_section(const ast_dataitem_t &item, const Reading &reading, uint32_t number) {
+    const std::string_view html = subfield_detail(item, reading, number);
+    if (!html.ends_with(kNoView)) return html;
+    text_.clear();
+    text_.put(html);
+    Subject subject{item, reading};
+    put_own_table(subject, number);
+    return text_.text();
+}
+
+std::string ItemViews::own_summary(Subject &subject, uint32_t number) {
+    const std::string_view path = subject.path(number);
+    return path.empty() ? std::string() : values_.summary(subject.item, subject.reading, path);
+}
+
+void ItemViews::put_own_table(Subject &subject, uint32_t number) {
+    const std::string_view path = subject.path(number);
+    if (!path.empty()) ItemValues::put_table(text_, subject.item, subject.reading, path);
 }
 
 // Takes the table of subfields, with summaries where those that are there have none. A row stands for each number.
@@ -112,23 +131,24 @@ void ItemViews::complete_table(std::string_view table, Subject &subject) {
         const std::string_view cells = table.substr(0, table.rfind(kCell, end));
         const std::string_view summary = table.substr(cells.size(), end - cells.size()).substr(kCell.size());
         const bool is_missing = cells.ends_with(kIsThere) && (summary.empty() || summary == kNoSummary);
-        const std::string own = is_missing ? subject.subfield(number, &ItemValues::summary) : std::string();
-        text_.append(cells).append(kCell).append(own.empty() ? summary : own).append(kRowEnd);
+        const std::string own = is_missing ? own_summary(subject, number) : std::string();
+        for (const std::string_view piece : {cells, kCell, own.empty() ? summary : std::string_view(own), kRowEnd})
+            text_.put(piece);
         table.remove_prefix(end + kRowEnd.size());
     }
-    text_.append(table);
+    text_.put(table);
 }
 
 // Takes the views of the subfields that are there, with tables behind those that are empty.
 void ItemViews::complete_subfields(std::string_view html, Subject &subject) {
     while (!html.empty()) {
         const std::string_view section = html.substr(0, html.find(kSubfield, 1));
-        text_.append(section);
+        text_.put(section);
         html.remove_prefix(section.size());
         if (!section.starts_with(kSubfield) || !section.ends_with(kNoView)) continue;
         const std::string_view title = section.substr(kSubfield.size());
         const auto number = read_number<uint32_t>(title.substr(0, title.find(' ')));
-        text_.append(subject.subfield(number.value_or(0), &ItemValues::table));
+        put_own_table(subject, number.value_or(0));
     }
 }
 

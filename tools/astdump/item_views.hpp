@@ -8,6 +8,11 @@ namespace astdump {
 
 class ItemViews {
 public:
+    // Whether the library shows items of a type by their subfields: an overview of them, then each by itself.
+    static bool is_compound(ast_dataitem_type_t type) {
+        return ast_dataitem_get_func(type).get_detail_html == ast_dataitem_subfields_get_detail_html;
+    }
+
     // Both are good until the next call, and not made printable yet.
     std::string_view summary(const ast_dataitem_t &item, const Reading &reading) {
         const std::string_view text = views_.summary(item);
@@ -15,20 +20,27 @@ public:
     }
     std::string_view detail(const ast_dataitem_t &item, const Reading &reading);
 
-    // The same for a subfield of a compound item, without its title and bits.
+    // The same for a subfield of a compound item, its detail without its title and bits.
     std::string subfield_summary(const ast_dataitem_t &item, const Reading &reading, uint32_t number);
-    std::string subfield_detail(const ast_dataitem_t &item, const Reading &reading, uint32_t number);
+    std::string_view subfield_detail(const ast_dataitem_t &item, const Reading &reading, uint32_t number);
+
+    // As the detail of its item has it: with its published values also where the library's view ends with nothing, such
+    // as a register that it has no fields of.
+    std::string_view subfield_section(const ast_dataitem_t &item, const Reading &reading, uint32_t number);
 
 private:
-    struct Subject; // a compound item, whose values are taken when they are first asked for
+    struct Subject; // a compound item, whose paths are found when they are first asked for
 
     std::string_view value_summary(const ast_dataitem_t &item, const Reading &reading);
+    std::string own_summary(Subject &subject, uint32_t number);
+    void put_own_table(Subject &subject, uint32_t number);
     void complete_table(std::string_view table, Subject &subject);
     void complete_subfields(std::string_view html, Subject &subject);
 
     Views views_;
     ItemValues values_;
-    std::string text_;
+    std::string line_;
+    TextBuffer text_;
 };
 
 } // namespace astdump

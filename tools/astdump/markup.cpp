@@ -2,6 +2,10 @@
 
 #include <algorithm>
 #include <iterator>
+
+#include "text.hpp"
+#include "views.hpp"
+
 namespace astdump {
 
 namespace {
@@ -46,6 +50,8 @@ std::string_view link_tag(std::string_view html) {
     return html.substr(0, kStart.size() + address.size() + kEnd.size());
 }
 
+bool has_meaning(char c) { return c == '<' || c == '>' || c == '&' || c == '"'; }
+
 void append_escaped(std::string &html, char c) {
     if (c == '<')
         html += "&lt;";
@@ -74,6 +80,25 @@ std::string escape(std::string_view text) {
     std::string html;
     for (const char c : text) append_escaped(html, c);
     return html;
+}
+
+void put_shown(TextBuffer &out, std::string_view text) {
+    if (text == kNoSummary) return;
+    if (std::ranges::none_of(text, has_meaning)) return put_printable(out, text);
+    out.put(escape(printable(text)));
+}
+
+void put_shown_markup(TextBuffer &out, std::string_view html) {
+    while (!html.empty()) {
+        std::string_view piece = markup_at(html);
+        if (!piece.empty()) {
+            out.put(piece);
+        } else {
+            piece = html.substr(0, html.find('<', 1));
+            put_shown(out, piece);
+        }
+        html.remove_prefix(piece.size());
+    }
 }
 
 } // namespace astdump

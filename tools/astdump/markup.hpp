@@ -4,8 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "text.hpp"
-#include "views.hpp"
+#include "text_buffer.hpp"
 
 namespace astdump {
 
@@ -16,20 +15,10 @@ std::string escape(std::string_view text);
 // anything else. What items carried as characters the library writes without escaping, so that all else is text.
 std::string_view markup_at(std::string_view html);
 
-// Reads a view of the library as pieces of markup, and printable texts between them. Summaries that the library has not
-// are left out.
-template <typename OnMarkup, typename OnText>
-void read_fragment(std::string_view html, OnMarkup on_markup, OnText on_text) {
-    while (!html.empty()) {
-        std::string_view piece = markup_at(html);
-        if (!piece.empty()) {
-            on_markup(piece);
-        } else {
-            piece = html.substr(0, html.find('<', 1));
-            on_text(piece == kNoSummary ? std::string() : printable(piece));
-        }
-        html.remove_prefix(piece.size());
-    }
-}
+// A text of a view of the library as HTML shows it: printable, and nothing for a summary that the library has not.
+void put_shown(TextBuffer &out, std::string_view text);
+
+// The same for what may hold markup of the library.
+void put_shown_markup(TextBuffer &out, std::string_view html);
 
 } // namespace astdump

@@ -16,40 +16,39 @@ void put_span(TextBuffer &out, std::string_view css_class, Put put) {
     out.put("</span>");
 }
 
-// The line of a block that is always shown.
-void put_block_line(TextBuffer &out, const DecodedBlock &decoded) {
+// Puts a field, which is blank where there is nothing to be put.
+template <typename Put>
+void put_field(TextBuffer &out, bool is_there, Put put) {
+    out.put('\t');
+    if (is_there) put();
+}
+
+// What is always shown of a block.
+void put_block_fields(TextBuffer &out, const DecodedBlock &decoded) {
     const Datagram &datagram = *decoded.datagram;
     const Block &block = *decoded.block;
-    put_span(out, "number", [&] {
-        out.put('#');
-        out.number(decoded.number);
-    });
-    put_span(out, "category", [&] { out.number(block.category, 3, '0'); });
-    if (decoded.fault) put_span(out, "fault", [&] { out.put(fault_word(decoded.fault->kind)); });
-    if (datagram.file) put_span(out, "file", [&] { out.put(escape(*datagram.file)); });
-    put_span(out, "counts", [&] {
+    put_field(out, true, [&] { out.number(decoded.number); });
+    put_field(out, true, [&] { out.number(block.category, 3, '0'); });
+    put_field(out, decoded.fault.has_value(), [&] { out.put(fault_word(decoded.fault->kind)); });
+    put_field(out, datagram.file, [&] { out.put(escape(readable(*datagram.file))); });
+    put_field(out, true, [&] {
         put_counted(out, block.record_count, "record");
         out.put(", ");
         put_counted(out, decoded.octets.size(), "octet");
     });
-    put_span(out, "profile", [&] { put_profile(out, block.profile); });
-    if (datagram.time) put_span(out, "received", [&] { put_time(out, *datagram.time); });
-    if (datagram.endpoints)
-        put_span(out, "route", [&] {
-            TextBuffer route;
-            put_route(route, *datagram.endpoints);
-            out.put(escape(route.text()));
-        });
+    put_field(out, true, [&] { put_profile(out, block.profile); });
+    put_field(out, datagram.time.has_value(), [&] { put_time(out, *datagram.time); });
+    put_field(out, datagram.endpoints.has_value(), [&] {
+        TextBuffer route;
+        put_route(route, *datagram.endpoints);
+        out.put(escape(route.text()));
+    });
 }
 
 std::string record_note(const ast_datarecord_t &record, const ast_uap_t &block_uap) {
     const std::string octets = counted(record.size, "octet");
     if (record.uap.get_dataitem == block_uap.get_dataitem) return octets;
     return octets + ", " + std::string(profile_name(record.uap, record.category));
-}
-
-std::string record_line(uint64_t number, const std::string &note) {
-    return "Record " + std::to_string(number) + " <small>" + note + "</small>";
 }
 
 } // namespace
@@ -59,24 +58,27 @@ void PageChunk::block(const DecodedBlock &decoded, TextBuffer &) {
     if (blocks_++ == 0) first_number_ = decoded.number;
     last_number_ = decoded.number;
     octets_ += decoded.octets.size();
-    lines_.put("B\t");
-    put_block_line(lines_, decoded);
+    lines_.put('B');
+    put_block_fields(lines_, decoded);
     lines_.put('\n');
     for (uint64_t i = 0; i < block.record_count; ++i)
-        if (decoded.shown[i]) record(record_line(i + 1, record_note(block.records[i], *block.uap)), block.records[i]);
+        if (decoded.shown[i]) record(i + 1, record_note(block.records[i], *block.uap), block.records[i]);
     if (decoded.fault) fault(decoded);
     columns_.block(decoded);
 }
 
-void PageChunk::record(const std::string &line, const ast_datarecord_t &record) {
+void PageChunk::record(uint64_t number, const std::string &note, const ast_datarecord_t &record) {
     items_.clear();
     const Reading reading = readings_.of(record);
     for (uint64_t i = 0; i < record.item_count; ++i) {
         if (i != 0) items_.put(',');
-        if (const auto number = texts_.find_or_put(lines_, record.items[i], reading)) items_.number(*number);
+        if (const auto known = texts_.find_or_put(lines_, record.items[i], reading)) items_.number(*known);
     }
-    for (const std::string_view piece : {std::string_view("R\t"), std::string_view(line), std::string_view("\t")})
-        lines_.put(piece);
+    lines_.put("R\t");
+    lines_.number(number);
+    lines_.put('\t');
+    lines_.put(note);
+    lines_.put('\t');
     if (record.item_count == 0) items_.put('-');
     lines_.put(items_.text());
     lines_.put('\n');
@@ -85,7 +87,7 @@ void PageChunk::record(const std::string &line, const ast_datarecord_t &record) 
 void PageChunk::fault(const DecodedBlock &decoded) {
     const Fault &fault = *decoded.fault;
     damaged_ = damaged_ || fault.kind == FaultKind::damaged;
-    record(record_line(decoded.block->record_count + 1, fault_word(fault.kind)), fault.record);
+    record(decoded.block->record_count + 1, fault_word(fault.kind), fault.record);
     lines_.put("F\tOctet ");
     lines_.number(fault.octets);
     lines_.put(" of the block: ");

@@ -9,16 +9,16 @@ namespace astdump {
 
 // A section of the page, packed until it is opened. Beside the lines of ItemTexts it holds
 //
-//     B  line           a block: what is always shown of it, as HTML
-//     R  line  items    a record of it, and its items by their numbers; a blank one is the next that is new
-//     F  line           what is wrong with it
+//     B  fields               a block: what is always shown of it, as BLOCK_FIELDS in sections.js names it
+//     R  number  note  items  a record of it, and its items by their numbers; a blank one is the next that is new
+//     F  line                 what is wrong with it
 class PageChunk : public Renderer {
 public:
     void block(const DecodedBlock &decoded, TextBuffer &out) override;
     void end(TextBuffer &out) override;
 
 private:
-    void record(const std::string &line, const ast_datarecord_t &record);
+    void record(uint64_t number, const std::string &note, const ast_datarecord_t &record);
     void fault(const DecodedBlock &decoded);
     void heading(TextBuffer &out) const;
 

@@ -25,7 +25,8 @@ bool RawFile::fill(Chunk &chunk) {
     while (soundness.sound == 0 && !soundness.gap && read(chunk)) soundness = look(chunk);
     if (soundness.sound == 0 && !soundness.gap) soundness = is_read_ ? look(chunk) : give_up(chunk);
     const Octets octets = chunk.octets();
-    if (soundness.sound != 0) chunk.add({.octets = octets.first(soundness.sound), .offset = offset_});
+    if (soundness.sound != 0)
+        chunk.add({.octets = octets.first(soundness.sound), .blocks = soundness.blocks, .offset = offset_});
     uint64_t taken = soundness.sound;
     if (soundness.gap && !is_cut_off(octets.subspan(taken))) add_gap(chunk, taken, *soundness.gap);
     taken += soundness.gap.value_or(0);
@@ -38,8 +39,7 @@ bool RawFile::fill(Chunk &chunk) {
 // sent.
 Soundness RawFile::look(const Chunk &chunk) const {
     Soundness soundness = check_blocks(chunk.octets(), is_read_);
-    if (!is_read_ && !soundness.gap && stream_.is_at_rest())
-        soundness.sound = std::min(soundness.sound, soundness.last);
+    if (!is_read_ && !soundness.gap && stream_.is_at_rest()) soundness.take_back_last();
     return soundness;
 }
 

@@ -91,16 +91,16 @@ bool is_foreign(char c) { return c < ' ' || c > '~'; }
 bool any_foreign(std::string_view text) {
     constexpr uint64_t kOnes = 0x0101010101010101;
     constexpr uint64_t kHighest = 0x80 * kOnes;
-    const auto is_any_of_eight = [](const char *characters) {
+    const auto is_any = [](const char *characters) {
         uint64_t eight;
         std::memcpy(&eight, characters, sizeof eight);
         return (((eight - ' ' * kOnes) | (eight + kOnes) | eight) & kHighest) != 0;
     };
-    constexpr size_t kEight = sizeof(uint64_t);
-    if (text.size() < kEight) return std::ranges::any_of(text, is_foreign);
-    for (size_t i = 0; i + kEight < text.size(); i += kEight)
-        if (is_any_of_eight(text.data() + i)) return true;
-    return is_any_of_eight(text.data() + text.size() - kEight);
+    if (text.size() < sizeof(uint64_t)) return std::ranges::any_of(text, is_foreign);
+    const char *const last = text.data() + text.size() - sizeof(uint64_t);
+    for (const char *at = text.data(); at < last; at += sizeof(uint64_t))
+        if (is_any(at)) return true;
+    return is_any(last);
 }
 
 } // namespace

@@ -28,9 +28,16 @@ uint64_t head_of(std::string_view text) {
 
 } // namespace
 
+size_t rest_of_table(std::string_view html) {
+    const size_t end = html.find(kEndOfTableEnd);
+    return end == std::string_view::npos ? html.size() : end + kEndOfTableEnd.size();
+}
+
 std::span<const ViewPart> ViewReader::read(std::string_view html) {
     count_ = 0;
     joined_.clear();
+    left_out_.clear();
+    links_.clear();
     target_ = nullptr;
     rest_ = html;
     while (!rest_.empty())
@@ -97,8 +104,8 @@ void ViewReader::detail_table() {
 }
 
 void ViewReader::other_table() {
-    const size_t end = rest_.find(kEndOfTableEnd);
-    rest_.remove_prefix(end == std::string_view::npos ? rest_.size() : end + kEndOfTableEnd.size());
+    left_out_.push_back(rest_.substr(0, rest_of_table(rest_)));
+    rest_.remove_prefix(left_out_.back().size());
 }
 
 bool ViewReader::in_table() const { return count_ != 0 && parts_[count_ - 1].kind == ViewPart::Kind::table; }
@@ -130,6 +137,12 @@ void ViewReader::link() { address_ = attributes_.substr(0, attributes_.find('"')
 void ViewReader::link_end() {
     append(" ");
     append(address_);
+    if (target_) links_.push_back({target_->data(), address_});
+}
+
+std::string_view ViewReader::address_in(std::string_view text) const {
+    const auto link = std::ranges::find(links_, text.data(), &Link::text);
+    return link == links_.end() ? std::string_view() : link->address;
 }
 
 constexpr ViewReader::Tag::Tag(std::string_view tag, void (ViewReader::*action)())

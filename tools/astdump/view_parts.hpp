@@ -31,12 +31,19 @@ struct ViewPart {
     bool is_headed = false;
 };
 
+// How many characters of a table, or of what is left of one, come first.
+size_t rest_of_table(std::string_view html);
+
 // The titles, the paragraphs that are not empty, and the detail tables of a view, in order; bit and hex tables are left
 // out. A link reads as its text and its address. Markup of any other kind is taken as text.
 class ViewReader {
 public:
     // Good until the next call, and as long as the text.
     std::span<const ViewPart> read(std::string_view html);
+
+    // Of what was read last: the tables that are left out, but for their start, and the address that a text ends with.
+    std::span<const std::string_view> left_out() const { return left_out_; }
+    std::string_view address_in(std::string_view text) const;
 
 private:
     struct Tag {
@@ -69,6 +76,12 @@ private:
     std::vector<ViewPart> parts_; // the first so many are in use, the others keep their room
     size_t count_ = 0;
     std::deque<std::string> joined_; // texts of several pieces
+    std::vector<std::string_view> left_out_;
+    struct Link {
+        const char *text; // where it begins
+        std::string_view address;
+    };
+    std::vector<Link> links_;
     std::string_view rest_;
     std::string_view attributes_;        // of the last tag
     std::string_view address_;           // of the last link

@@ -1,5 +1,7 @@
 #include "worker.hpp"
 
+#include <algorithm>
+
 #include "video.hpp"
 
 namespace astdump {
@@ -10,6 +12,9 @@ Worker::Worker(const Options &options, const Sinks &sinks) : options_(options), 
         renderers_.push_back(sink->renderer());
         counts_ = counts_ || sink->counts();
     }
+    const bool shows_none = std::ranges::none_of(renderers_, [](const auto &renderer) { return renderer != nullptr; });
+    only_counts_ =
+        shows_none && options.categories.all() && options.where.empty() && options.convert.none() && !options.count;
 }
 
 void Worker::render(const Chunk &chunk, uint64_t most, Rendered &rendered) {
@@ -36,7 +41,10 @@ void Worker::render(const Chunk &chunk, uint64_t most, Rendered &rendered) {
 }
 
 void Worker::datagram(const Datagram &datagram, uint64_t most, Rendered &rendered) {
-    for (uint64_t offset = 0; offset < datagram.octets.size() && rendered.shown < most;) {
+    uint64_t offset = 0;
+    while (offset < datagram.octets.size() && rendered.shown < most) {
+        if (only_counts_ && datagram.may_hold_blocks()) offset += count(datagram.octets.subspan(offset), rendered);
+        if (offset == datagram.octets.size()) break;
         const Octets rest = datagram.octets.subspan(offset);
         const Frame frame = frame_block(rest);
         if (frame.framing != Framing::block || !datagram.may_hold_blocks())
@@ -45,6 +53,14 @@ void Worker::datagram(const Datagram &datagram, uint64_t most, Rendered &rendere
         ++number_;
         offset += frame.length;
     }
+}
+
+// As many blocks as there is no need to take apart; returns their octets.
+uint64_t Worker::count(Octets blocks, Rendered &rendered) {
+    const Blocks counted = counter_.add(decoder_.editions(), blocks);
+    number_ += counted.count;
+    rendered.shown += counted.count;
+    return counted.octets;
 }
 
 // Octets that are no block are of the category that they begin with.

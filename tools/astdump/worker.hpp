@@ -19,6 +19,7 @@ public:
     void render(const Chunk &chunk, uint64_t most, Rendered &rendered);
 
 private:
+    uint64_t count(Octets blocks, Rendered &rendered);
     void datagram(const Datagram &datagram, uint64_t most, Rendered &rendered);
     void no_block(const Datagram &datagram, uint64_t offset, const Frame &frame, Rendered &rendered);
     void block(const Datagram &datagram, uint64_t offset, Octets octets, uint64_t most, Rendered &rendered);
@@ -33,6 +34,7 @@ private:
     Asked asked_;                                      // of all that has been decoded here
     const Sink *first_ = nullptr;                      // whose count counts
     bool counts_ = false;                              // whether any sink wants that
+    bool only_counts_ = false;                         // whether that is all that becomes of a block without a fault
     std::vector<std::unique_ptr<Renderer>> renderers_; // null for a sink without one
     uint64_t number_ = 0;                              // of the next block in its file
 };

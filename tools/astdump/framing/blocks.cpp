@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 
 #include "../split.hpp"
 #include "../text.hpp"
@@ -20,9 +21,18 @@ constexpr auto kIsPublished = [] {
     return is_published;
 }();
 
+// Whether an octet without FX is among the first eight, which are there.
+bool ends_soon(const uint8_t *fspec) {
+    constexpr uint64_t kFxOfAll = 0x0101010101010101;
+    uint64_t octets;
+    std::memcpy(&octets, fspec, sizeof octets);
+    return (octets & kFxOfAll) != kFxOfAll;
+}
+
 // Whether a block's first FSPEC announces something and ends within it.
 bool has_fspec(Octets records) {
     constexpr uint8_t kFx = 0x01;
+    if (records.size() >= sizeof(uint64_t) && (records[0] & ~kFx) != 0 && ends_soon(records.data())) return true;
     bool announces = false;
     for (const uint8_t octet : records) {
         announces = announces || (octet & ~kFx) != 0;
@@ -31,10 +41,10 @@ bool has_fspec(Octets records) {
     return false;
 }
 
-// Text whose first characters, a blank is category 032, pass for the header of a block.
+// Text whose first characters, a blank is category 032, pass for the header of a block. LEN is then that of a long one.
 bool is_text_block(Octets block) {
     constexpr size_t kHeadOctets = 64;
-    return is_text(block.first(std::min(block.size(), kHeadOctets)));
+    return block[1] >= '\t' && is_text(block.first(std::min(block.size(), kHeadOctets)));
 }
 
 // The length of a block at the beginning of octets, 0 when there is none.
@@ -113,6 +123,7 @@ Soundness check_blocks(Octets octets, bool is_end) {
         if (frame.framing == Framing::block) {
             const Octets behind = rest.subspan(frame.length);
             if (block_at(rest) != 0 || (!is_text_block(rest) && is_in_line(behind, frame, is_end))) {
+                ++result.blocks;
                 result.last = result.sound;
                 result.sound += frame.length;
                 continue;
@@ -120,13 +131,13 @@ Soundness check_blocks(Octets octets, bool is_end) {
             if (!is_end && may_begin_block(behind)) return result;
         } else if (frame.framing != Framing::short_length && !is_end) {
             // What is no beginning of a block, either, may be where a wrong LEN has led.
-            if (!has_published_category(rest) && rest[0] != octets[result.last]) result.sound = result.last;
+            if (!has_published_category(rest) && rest[0] != octets[result.last]) result.take_back_last();
             return result;
         }
         const bool is_sure = result.sound != 0 && is_read_whole(octets.subspan(result.last));
         const uint64_t from = is_sure ? result.sound - 1 : result.last;
         const Search next = next_blocks(octets, from, is_end);
-        if (next.is_found && next.place < result.sound) result.sound = result.last;
+        if (next.is_found && next.place < result.sound) result.take_back_last();
         if (next.is_found || is_end)
             result.gap = next.place - result.sound;
         else if (next.place > result.sound)

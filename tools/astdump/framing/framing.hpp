@@ -63,9 +63,16 @@ bool may_begin_block(Octets octets);
 // How much of octets hangs together as blocks, and what lies behind that before blocks run again.
 struct Soundness {
     uint64_t sound = 0;          // octets of blocks
+    uint64_t blocks = 0;         // that they are
     uint64_t last = 0;           // where the last of these begins
     std::optional<uint64_t> gap; // octets behind them that are none; nothing where there are too few to tell
     uint64_t no_blocks = 0;      // of those too few, how many begin none, whatever follows
+
+    // Where it is sound after all only up to the last block.
+    void take_back_last() {
+        blocks -= sound > last;
+        sound = last;
+    }
 };
 
 // Looks through octets that are to be blocks back to back. A LEN that is wrong shows where it leads: then the block

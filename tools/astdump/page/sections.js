@@ -1,18 +1,33 @@
 
 // The list of blocks, by sections that stay packed until they are opened.
 
+// The line of a block that is always shown; fields may be blank.
+const BLOCK_FIELDS = ['number', 'category', 'fault', 'file', 'counts', 'profile', 'received', 'route'];
+
+function blockLine(fields) {
+    const [number, ...others] = fields;
+    return [`#${number}`, ...others].map((field, i) => field && `<span class="${BLOCK_FIELDS[i]}">${field}</span>`).join('');
+}
+
 // The lines of a section by what they begin with. Items are numbered; records hold the items themselves.
 function readSection(text) {
-    const types = [], shapes = [], items = [], blocks = [];
-    let next = 0;
+    const types = [], shapes = [], subfields = [], items = [], blocks = [];
+    let next = 0, nextSubfield = 0;
     const take = {
-        T: (id, name) => types.push({id, name}),
+        T: (id, name, names) => types.push({id, name, names: names?.split('\x01')}),
         S: pieces => shapes.push(pieces.split('\x01')),
+        P: (size, summary, shape, changes) =>
+            subfields.push({size: Number(size), summary, shape: shapes[shape], changes}),
         D: (type, octets, summary, shape, changes) =>
             items.push({type: types[type], octets, summary, shape: shapes[shape], changes}),
-        B: line => blocks.push({line, records: []}),
-        R: (line, numbers) => blocks.at(-1).records.push({
-            line,
+        C: (type, octets, summary, count, parts = '') => {
+            const there = parts.split(',').filter(Boolean).map(part => part.split(':')).map(([place, number]) =>
+                [place, subfields[number === '' ? nextSubfield++ : number]]);
+            items.push({type: types[type], octets, summary, count: Number(count), subfields: new Map(there)});
+        },
+        B: (...fields) => blocks.push({line: blockLine(fields), records: []}),
+        R: (number, note, numbers) => blocks.at(-1).records.push({
+            line: `Record ${number} <small>${note}</small>`,
             items: numbers === '-' ? [] : numbers.split(',').map(number => items[number === '' ? next++ : number]),
         }),
         F: line => { blocks.at(-1).fault = line; },
@@ -24,16 +39,7 @@ function readSection(text) {
     return blocks;
 }
 
-// Texts stand at the odd places of a shape.
-function detail({shape, changes}) {
-    if (!shape) return '';
-    const pieces = [...shape];
-    for (const change of changes ? changes.split('\x01') : []) {
-        const [place, text] = change.split('\x02');
-        pieces[2 * place + 1] = text;
-    }
-    return pieces.join('');
-}
+const octetsOf = digits => digits.toUpperCase().match(/../g) ?? [];
 
 const rowsOf = (cells, count, absent) =>
     Array.from({length: Math.ceil(cells.length / count)}, (_, row) =>
@@ -54,9 +60,45 @@ function bitTable(octets) {
     return `<table class="bin_table">${rows.join('')}</table>`;
 }
 
+// Texts stand at the odd places of a shape; one that begins with a mark is a table of bits.
+function viewHtml({shape, changes}) {
+    if (!shape) return '';
+    const pieces = [...shape];
+    for (const change of changes ? changes.split('\x01') : []) {
+        const [place, text] = change.split('\x02');
+        pieces[2 * place + 1] = text;
+    }
+    return pieces.map(piece => piece[0] === '\x03' ? bitTable(octetsOf(piece.slice(1))) : piece).join('');
+}
+
+// A number of two digits shows its first, and of one that is long three are shown.
+function overviewHtml({type, count, subfields}) {
+    const rows = Array.from({length: count}, (_, i) => {
+        const subfield = subfields.get(`${i + 1}`);
+        const cells = [`${i + 1}`.slice(0, 1), type.names[2 * i], type.names[2 * i + 1],
+                       `${subfield?.size ?? 0}`.slice(0, 3), subfield ? 1 : 0, subfield?.summary ?? ''];
+        return `<tr${i % 2 ? ' class="even_row"' : ''}><td>${cells.join('</td><td>')}</td></tr>`;
+    });
+    return '<h4>Primary Subfield</h4><table class="detail_table"><tr><th>Subfield</th><th>ID</th><th>Name</th>' +
+        `<th>Size</th><th>Existing</th><th>Summary</th></tr>${rows.join('')}</table><br/>`;
+}
+
+// The subfields are the last octets of their item, one behind the other.
+function compoundHtml(item) {
+    const octets = octetsOf(item.octets);
+    let at = octets.length - [...item.subfields.values()].reduce((sum, {size}) => sum + size, 0);
+    const views = [...item.subfields].map(([place, subfield]) => {
+        const own = octets.slice(at, at += subfield.size);
+        return `<h4>Subfield #${place} - ${item.type.names[2 * place - 1]}</h4>${bitTable(own)}<p></p>` +
+            viewHtml(subfield);
+    });
+    return overviewHtml(item) + views.join('');
+}
+
 function itemHtml(item) {
-    const octets = item.octets.toUpperCase().match(/../g) ?? [];
-    return `<details class="item"><summary><b>${item.type.id}</b> ${item.type.name}</summary><div>${detail(item)}` +
+    const octets = octetsOf(item.octets);
+    const view = item.subfields ? compoundHtml(item) : viewHtml(item);
+    return `<details class="item"><summary><b>${item.type.id}</b> ${item.type.name}</summary><div>${view}` +
         `<h4>Octets</h4>${hexTable(octets)}${bitTable(octets)}</div></details>`;
 }
 

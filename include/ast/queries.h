@@ -185,6 +185,11 @@ AST_API bool ast_datarecord_match_keyword(const ast_datarecord_t *record, uint32
 AST_API void ast_datarecord_get_keyword(char *text, uint64_t capacity, const ast_datarecord_t *record, uint32_t keyword,
                                         uint32_t position_format);
 
+/** The same, and returns of how many characters the text is, the terminator not counted: for those who lay it out and
+ *  need not measure it. */
+AST_API uint64_t ast_datarecord_write_keyword(char *text, uint64_t capacity, const ast_datarecord_t *record,
+                                              uint32_t keyword, uint32_t position_format);
+
 AST_END_DECLARATIONS
 
 #endif

@@ -143,7 +143,8 @@ constexpr unsigned kCartesianUnitsPerNm = 64;
 
 struct I001_042 : ScaledPairItem<1042, FieldScale{2, true, 1, kCartesianUnitsPerNm}> {
     static void summarize(TextWriter &out, const Value &position) {
-        out.print("X:%.1f Y:%.1f LSB:M", position.value_1 * kMetresPerNm, position.value_2 * kMetresPerNm);
+        append_pair<1>(out, "X:", position.value_1 * kMetresPerNm, " Y:", position.value_2 * kMetresPerNm);
+        out.append(" LSB:M");
     }
     static void show(HtmlWriter &html, const Value &position) {
         DetailTable table(html, "Bit", "Item", "Value");
@@ -197,7 +198,11 @@ AST_DEFINE_ENCODE(I001_131, ast_dataitem_001_131_encode)
 // ---- I001/141 Truncated Time of Day ----
 
 struct I001_141 : ScaledItem<1141, FieldScale{2, false, 1, 128}> {
-    static void summarize(TextWriter &out, const Value &time) { out.print("TRUNC_TOD:%.3fS", time.value); }
+    static void summarize(TextWriter &out, const Value &time) {
+        out.append("TRUNC_TOD:");
+        out.append_decimal<3>(time.value);
+        out.append("S");
+    }
     static void show(HtmlWriter &html, const Value &time) {
         DetailTable table(html, "Name", "Value");
         table.row("TIME LSB=1/128S", Cell<10>("%d", time.raw));

@@ -7,6 +7,7 @@
 #include "items/compound.hpp"
 #include "items/items.hpp"
 #include "items/radar_position.hpp"
+#include "items/register.hpp"
 #include "items/report_type.hpp"
 #include "items/transponder.hpp"
 #include "items/units.hpp"
@@ -126,8 +127,9 @@ struct I048_042 : Item<48042, ast_dataitem_048_042_t, fixed<4>> {
     }
 
     static void summarize(TextWriter &out, const Value &position) {
-        out.print("X:%.1f Y:%.1f LSB:M", position.x_raw * kLsbNm * kMetresPerNm,
-                  position.y_raw * kLsbNm * kMetresPerNm);
+        append_pair<1>(out, "X:", position.x_raw * kLsbNm * kMetresPerNm,
+                       " Y:", position.y_raw * kLsbNm * kMetresPerNm);
+        out.append(" LSB:M");
     }
 
     static void show(HtmlWriter &html, const Value &position) {
@@ -372,10 +374,11 @@ namespace {
 // Visits the registers of the record's Mode S MB data, in order, until the visitor returns false.
 template <typename Visitor>
 void each_register(const ast_datarecord_t *record, Visitor visit) {
-    const auto data = ast_dataitem_modes_mb_decode(first_item(record, 48250));
-    const uint64_t held = std::min<uint64_t>(data.count, std::size(data.registers));
+    const ast_dataitem_t *const item = first_item(record, 48250);
+    if (!is_readable(item) || !holds_registers(*item)) return;
+    const uint64_t held = std::min<uint64_t>(item->data[0], AST_MODES_MB_MAX_REGISTERS);
     for (uint64_t i = 0; i < held; ++i)
-        if (!visit(data.registers[i])) return;
+        if (!visit(register_at(item->data + 1, i))) return;
 }
 
 } // namespace
@@ -383,6 +386,7 @@ void each_register(const ast_datarecord_t *record, Visitor visit) {
 ast_quantity_t ast_datarecord_048_get_selaltitude(const ast_datarecord_t *record) {
     ast_quantity_t selected{};
     each_register(record, [&](const ast_bds_t &bds) {
+        if (bds.bds != 0x40) return true;
         const auto intention = ast_bds_40_decode(&bds);
         if (!intention.valid) return true;
         if (intention.fms_status)
@@ -402,10 +406,13 @@ ast_polar_coordinate_t ast_datarecord_048_get_polarcoord(const ast_datarecord_t 
 ast_heading_t ast_datarecord_048_get_heading(const ast_datarecord_t *record) {
     ast_heading_t heading = kNoHeading;
     each_register(record, [&](const ast_bds_t &bds) {
-        const auto speed = ast_bds_60_decode(&bds);
-        if (speed.heading_status) heading.magnetic = {.valid = true, .value = speed.magnetic_heading_deg};
-        const auto turn = ast_bds_50_decode(&bds);
-        if (turn.track_status) heading.track = {.valid = true, .value = turn.true_track_deg};
+        if (bds.bds == 0x60) {
+            const auto speed = ast_bds_60_decode(&bds);
+            if (speed.heading_status) heading.magnetic = {.valid = true, .value = speed.magnetic_heading_deg};
+        } else if (bds.bds == 0x50) {
+            const auto turn = ast_bds_50_decode(&bds);
+            if (turn.track_status) heading.track = {.valid = true, .value = turn.true_track_deg};
+        }
         return true;
     });
     heading.valid = heading.magnetic.valid || heading.track.valid;

@@ -718,12 +718,14 @@ constexpr uint32_t kGsp = 18;
 
 // One of them alone, being asked for often: the whole item has 28, in 3,000 octets.
 template <auto Member>
-auto derived(const ast_datarecord_t *record, uint32_t number) {
+auto derived(const ast_dataitem_t *item, uint32_t number) {
     AircraftDerived value;
     value.*Member = {};
-    read_subfield_of(cat062::kAircraftDerivedData, first_item(record, 62380), number, &value);
+    if (item) read_subfield_of(cat062::kAircraftDerivedData, item, number, &value);
     return value.*Member;
 }
+
+const ast_dataitem_t *derived_data(const ast_datarecord_t *record) { return first_item(record, 62380); }
 
 ast_quantity_t quantity(double value) { return {.valid = true, .value = value}; }
 
@@ -741,14 +743,14 @@ ast_squawk_t ast_datarecord_062_get_squawk(const ast_datarecord_t *record) { ret
 
 ast_aircraft_id_t ast_datarecord_062_get_callsign(const ast_datarecord_t *record) {
     ast_aircraft_id_t callsign{};
-    const auto id = derived<&AircraftDerived::id>(record, kId);
+    const auto id = derived<&AircraftDerived::id>(derived_data(record), kId);
     callsign.valid = id.present;
     std::memcpy(callsign.text, id.text, sizeof callsign.text);
     return callsign;
 }
 
 ast_icao_address_t ast_datarecord_062_get_icaoaddr(const ast_datarecord_t *record) {
-    const auto target = derived<&AircraftDerived::adr>(record, kAdr);
+    const auto target = derived<&AircraftDerived::adr>(derived_data(record), kAdr);
     return {.valid = target.present, .address = target.present ? target.address : UINT32_MAX};
 }
 
@@ -764,15 +766,17 @@ ast_quantity_t ast_datarecord_062_get_flightlevel(const ast_datarecord_t *record
 }
 
 ast_quantity_t ast_datarecord_062_get_selaltitude(const ast_datarecord_t *record) {
-    if (const auto sal = derived<&AircraftDerived::sal>(record, kSal); sal.present) return quantity(sal.altitude_ft);
-    if (const auto fss = derived<&AircraftDerived::fss>(record, kFss); fss.present) return quantity(fss.altitude_ft);
+    const ast_dataitem_t *const item = derived_data(record);
+    if (const auto sal = derived<&AircraftDerived::sal>(item, kSal); sal.present) return quantity(sal.altitude_ft);
+    if (const auto fss = derived<&AircraftDerived::fss>(item, kFss); fss.present) return quantity(fss.altitude_ft);
     return {};
 }
 
 ast_heading_t ast_datarecord_062_get_heading(const ast_datarecord_t *record) {
+    const ast_dataitem_t *const item = derived_data(record);
     ast_heading_t heading = kNoHeading;
-    const auto magnetic = derived<&AircraftDerived::mhg>(record, kMhg);
-    const auto track = derived<&AircraftDerived::tan>(record, kTan);
+    const auto magnetic = derived<&AircraftDerived::mhg>(item, kMhg);
+    const auto track = derived<&AircraftDerived::tan>(item, kTan);
     if (magnetic.present) heading.magnetic = quantity(magnetic.angle_deg);
     if (track.present) heading.track = quantity(track.angle_deg);
     heading.valid = heading.magnetic.valid || heading.track.valid;
@@ -780,9 +784,10 @@ ast_heading_t ast_datarecord_062_get_heading(const ast_datarecord_t *record) {
 }
 
 ast_quantity_t ast_datarecord_062_get_speed(const ast_datarecord_t *record) {
-    if (const auto gsp = derived<&AircraftDerived::gsp>(record, kGsp); gsp.present) return quantity(gsp.speed_kt);
-    if (const auto tas = derived<&AircraftDerived::tas>(record, kTas); tas.present) return quantity(tas.airspeed_kt);
-    const auto ias = derived<&AircraftDerived::ias>(record, kIas);
+    const ast_dataitem_t *const item = derived_data(record);
+    if (const auto gsp = derived<&AircraftDerived::gsp>(item, kGsp); gsp.present) return quantity(gsp.speed_kt);
+    if (const auto tas = derived<&AircraftDerived::tas>(item, kTas); tas.present) return quantity(tas.airspeed_kt);
+    const auto ias = derived<&AircraftDerived::ias>(item, kIas);
     if (ias.present && !ias.im) return quantity(ias.airspeed_kt);
     return {};
 }

@@ -262,6 +262,12 @@ const char *subfield_name(const Compound &compound, uint32_t number);
 ast_subfield_t find_announced(const Compound &compound, const ast_dataitem_t &item, const ast_fspec_t &primary,
                               uint32_t number);
 
+// Where the subfield of a number begins, when all that an item announces before it is of fixed sizes; else 0.
+uint64_t summed_offset(const Compound &compound, const ast_fspec_t &primary, uint32_t number);
+
+// How many subfields, from the first on, a list of them has, whether they are present or not.
+uint64_t listed_subfields(const ast_dataitem_t &item, const ast_fspec_t &primary);
+
 } // namespace ast
 
 // Defines the compound item of a type over its rows, and its exported functions by their full names: the size of the

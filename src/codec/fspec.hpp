@@ -30,6 +30,13 @@ inline ast_fspec_t decode_fspec(const uint8_t *data, uint64_t available) {
     return fspec;
 }
 
+// How many octets of these are an FSPEC; 0 when its end is not among them.
+inline uint64_t fspec_length(const uint8_t *data, uint64_t available) {
+    for (uint64_t length = 0; length < available;)
+        if (!has_fx(data[length++])) return length;
+    return 0;
+}
+
 // An FSPEC of at most eight octets as one word: FRN 1 at bit 0 and eight bits to an octet, of which the highest, where
 // FX was, is always 0. No octets: it is longer than that, or than what is available.
 struct FspecWord {

@@ -24,6 +24,19 @@ Rest after(const uint8_t *data, uint64_t available, uint64_t offset) {
 
 namespace ast {
 
+uint64_t summed_offset(const Compound &compound, const ast_fspec_t &primary, uint32_t number) {
+    const uint64_t last = frn_octet(number);
+    if (last >= compound.sums_count) return 0;
+    uint64_t offset = primary.length - last - 1; // a sum holds the octet of the primary subfield that it is for
+    for (uint64_t i = 0; i <= last; ++i) {
+        const uint32_t before = i < last ? UINT32_MAX : ~(2U * frn_mask(number) - 1);
+        const uint8_t sum = compound.sums[i][bits(primary.data[i] & before, 8, 2)];
+        if (sum == kNoSum) return 0;
+        offset += sum;
+    }
+    return offset;
+}
+
 uint64_t compound_size(const Compound &compound, const uint8_t *data, uint64_t available) {
     const ast_fspec_t primary = decode_fspec(data, available);
     if (!primary.valid) return 0;
@@ -44,20 +57,31 @@ uint64_t compound_size(const Compound &compound, const uint8_t *data, uint64_t a
 ast_subfield_t find_announced(const Compound &compound, const ast_dataitem_t &item, const ast_fspec_t &primary,
                               uint32_t number) {
     ast_subfield_t found{.type = AST_SUBFIELD_TYPE(item.type, number), .valid = true};
-    uint64_t offset = primary.length;
-    each_frn(primary, [&](uint32_t frn) {
-        if (frn > number) return false;
-        const Rest rest = after(item.data, item.size, offset);
+    if (number == 0 || !announces(primary, number)) return found;
+    const auto size_at = [&](uint32_t frn, const Rest &rest) {
         const SubfieldRow *const row = find_subfield(compound, frn);
-        const uint64_t size = row ? subfield_size(row->size, rest.data, rest.available) : 0;
-        offset += size;
-        if (frn < number) return true;
-        found.present = true;
-        found.data = rest.data;
-        found.size = size <= rest.available ? size : 0;
-        return false;
-    });
+        return row ? subfield_size(row->size, rest.data, rest.available) : 0;
+    };
+    uint64_t offset = summed_offset(compound, primary, number);
+    if (offset == 0) {
+        offset = primary.length;
+        each_frn(primary, [&](uint32_t frn) {
+            if (frn >= number) return false;
+            offset += size_at(frn, after(item.data, item.size, offset));
+            return true;
+        });
+    }
+    const Rest rest = after(item.data, item.size, offset);
+    const uint64_t size = size_at(number, rest);
+    found.present = true;
+    found.data = rest.data;
+    found.size = size <= rest.available ? size : 0;
     return found;
+}
+
+uint64_t listed_subfields(const ast_dataitem_t &item, const ast_fspec_t &primary) {
+    const uint64_t defined = ast_dataitem_subfields_get_number(item.type);
+    return std::min({primary.frn_count, defined, uint64_t{AST_SUBFIELDS_MAX}});
 }
 
 uint64_t subfield_size(const Compound &compound, const uint8_t *data, uint64_t available, uint32_t subfield_type) {
@@ -128,8 +152,7 @@ ast_subfields_t ast_dataitem_subfields_decode(const ast_dataitem_t *item) {
     result.valid = true;
 
     const Compound *const compound = find_compound(item->type);
-    const uint64_t defined = ast_dataitem_subfields_get_number(item->type);
-    const uint64_t listed = std::min({result.primary.frn_count, defined, uint64_t{AST_SUBFIELDS_MAX}});
+    const uint64_t listed = listed_subfields(*item, result.primary);
     uint64_t offset = result.primary.length;
     for (; result.subfield_count < listed; ++result.subfield_count) {
         const auto number = static_cast<uint32_t>(result.subfield_count + 1);

@@ -67,6 +67,13 @@ const char *print_decimal_seconds(char *text, uint64_t capacity, const char *for
     return text;
 }
 
+void append_angle(TextWriter &out, const Sexagesimal &angle, unsigned degree_digits, char direction) {
+    out.append_digits(static_cast<uint32_t>(angle.degrees), degree_digits);
+    out.append_digits(static_cast<uint32_t>(angle.minutes), 2);
+    out.append_digits(static_cast<uint32_t>(std::round(angle.seconds)), 2);
+    out.append({&direction, 1});
+}
+
 // Big-endian; of more than four octets the low 32 bits stay.
 uint32_t assemble(const uint8_t *octets, uint32_t count, uint8_t first_mask) {
     uint32_t value = octets[0] & first_mask;
@@ -133,14 +140,15 @@ int32_t ast_memset(void *destination, uint64_t, int32_t value, uint64_t count) {
     return 0;
 }
 
+void ast::append_latlong(TextWriter &out, double latitude, double longitude) {
+    append_angle(out, split(latitude), 2, north_or_south(latitude));
+    append_angle(out, split(longitude), 3, east_or_west(longitude));
+}
+
 const char *ast_latlong_to_str(double latitude, double longitude) {
     thread_local char text[20];
-    const Sexagesimal lat = split(latitude);
-    const Sexagesimal lon = split(longitude);
-    TextWriter(text, sizeof text)
-        .print("%02d%02d%02d%c%03d%02d%02d%c", lat.degrees, lat.minutes, static_cast<int>(std::round(lat.seconds)),
-               north_or_south(latitude), lon.degrees, lon.minutes, static_cast<int>(std::round(lon.seconds)),
-               east_or_west(longitude));
+    TextWriter out(text, sizeof text);
+    append_latlong(out, latitude, longitude);
     return text;
 }
 

@@ -6,28 +6,12 @@
 #include <cmath>
 #include <cstring>
 #include <iterator>
-#include <limits>
+
+#include "core/digits.hpp"
 
 namespace ast {
 
 namespace {
-
-// A double as mantissa / 2^scale, when the fraction of that leaves room for a digit above it in 64 bits.
-constexpr int kMantissaBits = 53;
-constexpr int kMaxScale = 60;
-
-static_assert(std::numeric_limits<double>::is_iec559);
-
-// False for numbers without a leading bit, too: zero, those next to it, infinity and NaN.
-bool as_fraction(double magnitude, uint64_t &mantissa, int &scale) {
-    constexpr int kStoredBits = kMantissaBits - 1;
-    constexpr int kExponentOfOne = 1023;
-    const auto octets = std::bit_cast<uint64_t>(magnitude);
-    const auto exponent = static_cast<int>(octets >> kStoredBits);
-    mantissa = (octets & ((UINT64_C(1) << kStoredBits) - 1)) | UINT64_C(1) << kStoredBits;
-    scale = kExponentOfOne + kStoredBits - exponent;
-    return scale >= 0 && scale <= kMaxScale;
-}
 
 // Adds one to the last place of a number of digits with at most one point; the text has room for one digit more.
 size_t round_up(char *text, size_t count) {
@@ -46,16 +30,14 @@ size_t round_up(char *text, size_t count) {
     return count + 1;
 }
 
-// The compiler divides by a constant without dividing, faster still in 32 bits.
-template <unsigned Base>
-char *write_before(char *end, uint64_t number, const char *symbols) {
-    for (; number > UINT32_MAX; number /= Base) *--end = symbols[number % Base];
-    auto rest = static_cast<uint32_t>(number);
-    do {
-        *--end = symbols[rest % Base];
-        rest /= Base;
-    } while (rest != 0);
-    return end;
+// In base 10, of a number that takes more than 32 bits.
+size_t write_long(char *text, uint64_t number, size_t least_digits) {
+    constexpr uint32_t kHalf = kPowers[kMostDecimals];
+    constexpr size_t kHalfDigits = kMostDecimals;
+    const size_t above =
+        write_digits(text, number / kHalf, 10, false, least_digits > kHalfDigits ? least_digits - kHalfDigits : 1);
+    fill_digits(text + above, text + above + kHalfDigits, static_cast<uint32_t>(number % kHalf));
+    return above + kHalfDigits;
 }
 
 constexpr bool is_digit(char character) { return character >= '0' && character <= '9'; }
@@ -90,51 +72,29 @@ int parse_exponent(const char *&text) {
 
 } // namespace
 
-char *write_decimals_before(char *end, double magnitude, unsigned decimals) {
-    static constexpr uint32_t kPowers[] = {1, 10, 100, 1000, 10'000, 100'000, 1'000'000};
-    uint64_t mantissa = 0;
-    int scale = 0;
-    if (magnitude != 0 && !as_fraction(magnitude, mantissa, scale)) return nullptr;
-    uint64_t whole = mantissa >> scale;
-    uint64_t fraction = mantissa & ((UINT64_C(1) << scale) - 1);
-    if (decimals == 0 || decimals >= std::size(kPowers) || fraction > UINT64_MAX / kPowers[decimals]) return nullptr;
-
-    const uint64_t product = fraction * kPowers[decimals];
-    fraction = product >> scale;
-    const uint64_t rest = product & ((UINT64_C(1) << scale) - 1);
-    const uint64_t half = scale ? UINT64_C(1) << (scale - 1) : UINT64_MAX;
-    if (rest > half || (rest == half && fraction % 2 != 0)) ++fraction;
-    if (fraction == kPowers[decimals]) {
-        fraction = 0;
-        ++whole;
+size_t write_digits(char *text, uint64_t number, unsigned base, bool upper_case, size_t least_digits) {
+    if (base == 10) {
+        if (number > UINT32_MAX) return write_long(text, number, least_digits);
+        const auto shorter = static_cast<uint32_t>(number);
+        const size_t count = std::max<size_t>({count_digits(shorter), least_digits, 1});
+        fill_digits(text, text + count, shorter);
+        return count;
     }
-    auto digits = static_cast<uint32_t>(fraction);
-    for (unsigned i = 0; i < decimals; ++i, digits /= 10) *--end = static_cast<char>('0' + digits % 10);
-    *--end = '.';
-    return write_digits_before(end, whole, 10, false);
+    const size_t count = std::max<size_t>({base == 8 ? count_bits<3>(number) : count_bits<4>(number), least_digits, 1});
+    if (base == 8)
+        fill_bits<3>(text, text + count, number, upper_case);
+    else
+        fill_bits<4>(text, text + count, number, upper_case);
+    return count;
 }
 
-char *write_digits_before(char *end, uint64_t number, unsigned base, bool upper_case) {
-    const char *const symbols = upper_case ? "0123456789ABCDEF" : "0123456789abcdef";
-    if (base == 10) return write_before<10>(end, number, symbols);
-    return base == 8 ? write_before<8>(end, number, symbols) : write_before<16>(end, number, symbols);
-}
-
-size_t write_digits(char *text, uint64_t number, unsigned base, bool upper_case) {
-    char digits[kIntegerChars];
-    char *const end = std::end(digits);
-    const char *const begin = write_digits_before(end, number, base, upper_case);
-    std::copy(begin, static_cast<const char *>(end), text);
-    return static_cast<size_t>(end - begin);
-}
-
-// Most numbers are of moderate size, and their digits come one by one from exact integers; the rest is for the library.
+// Most numbers are of usual size, the digits of others come one by one from exact integers; the rest is for the
+// library.
 size_t write_decimals(char *text, double magnitude, uint64_t decimals) {
     decimals = std::min(decimals, kMaxDecimals);
-    char usual[2 * kIntegerChars];
-    if (const char *const begin = write_decimals_before(std::end(usual), magnitude, static_cast<unsigned>(decimals))) {
-        const auto count = static_cast<size_t>(std::end(usual) - begin);
-        std::memcpy(text, begin, count);
+    if (Decimal usual; as_decimal(magnitude, static_cast<unsigned>(decimals), usual)) {
+        const size_t count = usual.size();
+        usual.write(text, text + count);
         return count;
     }
     uint64_t mantissa = 0;

@@ -9,6 +9,7 @@
 #include <iterator>
 
 #include "core/copy.hpp"
+#include "core/digits.hpp"
 #include "core/number.hpp"
 
 namespace ast {
@@ -17,22 +18,22 @@ namespace {
 
 // One conversion of a format, such as %03.2f.
 struct Conversion {
+    char kind = '\0';
     bool left = false;
     bool zeros = false;
     char plus = '\0'; // stands before what is not negative
-    uint64_t width = 0;
-    bool has_precision = false;
-    uint64_t precision = 0;
-    unsigned longs = 0;
     bool is_size = false;
-    char kind = '\0';
+    bool has_precision = false;
+    uint32_t width = 0;
+    uint32_t precision = 0;
+    uint32_t longs = 0;
 };
 
-uint64_t parse_count(const char *&format) {
+uint32_t parse_count(const char *&format) {
     uint64_t count = 0;
     for (; *format >= '0' && *format <= '9'; ++format)
         count = std::min<uint64_t>(count * 10 + static_cast<uint64_t>(*format - '0'), INT_MAX);
-    return count;
+    return static_cast<uint32_t>(count);
 }
 
 bool parse_flag(char character, Conversion &to) {
@@ -91,22 +92,11 @@ void append_repeated(TextWriter &out, char character, uint64_t count) {
     }
 }
 
-// Most numbers are small: parts of a time, addresses, degrees. Three digits each, and room for four to be read at once.
-constexpr size_t kSmallNumbers = 1000;
-constexpr auto kThreeDigits = [] {
-    std::array<char, 3 * kSmallNumbers + 1> digits{};
-    for (size_t i = 0; i < kSmallNumbers; ++i)
-        for (size_t place = 3, rest = i; place-- > 0; rest /= 10)
-            digits[3 * i + place] = static_cast<char>('0' + rest % 10);
-    return digits;
-}();
+// Digits and other characters that a number which is written at once fills up to; others are put together from pieces.
+constexpr uint32_t kLeastDigits = 16;
+static_assert(1 + kIntegerChars <= TextWriter::kPieceChars && 1 + kLeastDigits <= TextWriter::kPieceChars);
 
-// Digits and other characters that append_digits() and append_decimal() fill up to.
-constexpr size_t kLeastDigits = 16;
-
-// A number within these is put together before it is appended, at once.
-constexpr size_t kUsualZeros = 8;
-constexpr size_t kUsualDigits = 24;
+bool is_usual(const Conversion &to) { return !to.left && to.width <= (to.zeros ? kLeastDigits : 0); }
 
 // A sign of one character at most and digits, in at least the width of the conversion; `zeros` of them stand before the
 // digits in any case.
@@ -118,13 +108,6 @@ void append_number(TextWriter &out, const Conversion &to, std::string_view sign,
         zeros += padding;
         padding = 0;
     }
-    if (zeros <= kUsualZeros && digits.size() <= kUsualDigits && padding == 0) {
-        char number[1 + kUsualZeros + kUsualDigits];
-        char *end = std::copy(sign.begin(), sign.end(), number);
-        end = std::fill_n(end, zeros, '0');
-        end = std::copy(digits.begin(), digits.end(), end);
-        return out.append({number, static_cast<size_t>(end - number)});
-    }
     if (!to.left) append_repeated(out, ' ', padding);
     out.append(sign);
     append_repeated(out, '0', zeros);
@@ -132,25 +115,48 @@ void append_number(TextWriter &out, const Conversion &to, std::string_view sign,
     if (to.left) append_repeated(out, ' ', padding);
 }
 
-std::string_view sign_of(bool is_negative, const Conversion &to) {
-    if (is_negative) return "-";
-    return {&to.plus, to.plus == '\0' ? 0U : 1U};
+// None is '\0'.
+char sign_of(bool is_negative, const Conversion &to) { return is_negative ? '-' : to.plus; }
+
+std::string_view as_text(const char &sign) { return {&sign, sign == '\0' ? 0U : 1U}; }
+
+// Writes a sign and, by write(digits, least), no fewer digits than the width leaves.
+template <typename Write>
+void append_usual(TextWriter &out, const Conversion &to, char sign, Write write) {
+    out.append_piece([&](char *text) {
+        const size_t signs = sign == '\0' ? 0 : 1;
+        *text = sign;
+        return signs + write(text + signs, to.width - std::min<size_t>(to.width, signs));
+    });
 }
 
-void append_integer(TextWriter &out, const Conversion &to, std::string_view sign, uint64_t magnitude, unsigned base) {
+void append_integer(TextWriter &out, const Conversion &to, char sign, uint64_t magnitude, unsigned base) {
+    const bool is_upper_case = to.kind == 'X';
+    const bool has_least = to.precision - 1 < kLeastDigits; // a precision of 0 leaves the digits of 0 out
+    if (is_usual(to) && (!to.has_precision || (has_least && to.width == 0)))
+        return append_usual(out, to, sign, [&](char *digits, size_t least) {
+            return write_digits(digits, magnitude, base, is_upper_case, to.has_precision ? to.precision : least);
+        });
     char digits[kNumberChars];
-    // A precision of 0 leaves the digits of 0 out.
     const bool is_shown = magnitude != 0 || !to.has_precision || to.precision != 0;
-    const size_t count = is_shown ? write_digits(digits, magnitude, base, to.kind == 'X') : 0;
+    const size_t count = is_shown ? write_digits(digits, magnitude, base, is_upper_case) : 0;
     const uint64_t zeros = to.precision > count ? to.precision - count : 0;
-    append_number(out, to, sign, zeros, {digits, count}, to.zeros && !to.has_precision);
+    append_number(out, to, as_text(sign), zeros, {digits, count}, to.zeros && !to.has_precision);
 }
 
 void append_double(TextWriter &out, const Conversion &to, double value) {
-    constexpr uint64_t kUsualDecimals = 6;
+    constexpr uint32_t kUsualDecimals = 6;
+    const uint32_t decimals = to.has_precision ? to.precision : kUsualDecimals;
+    const char sign = sign_of(std::signbit(value), to);
+    if (Decimal decimal; is_usual(to) && as_decimal(std::fabs(value), decimals, decimal))
+        return append_usual(out, to, sign, [&](char *digits, size_t least) {
+            const size_t count = std::max(decimal.size(), least);
+            decimal.write(digits, digits + count);
+            return count;
+        });
     char digits[kNumberChars];
-    const size_t count = write_decimals(digits, std::fabs(value), to.has_precision ? to.precision : kUsualDecimals);
-    append_number(out, to, sign_of(std::signbit(value), to), 0, {digits, count}, to.zeros && std::isfinite(value));
+    const size_t count = write_decimals(digits, std::fabs(value), decimals);
+    append_number(out, to, as_text(sign), 0, {digits, count}, to.zeros && std::isfinite(value));
 }
 
 void append_padded(TextWriter &out, const Conversion &to, std::string_view piece) {
@@ -194,14 +200,14 @@ void append_conversion(TextWriter &out, const Conversion &to, Arguments &argumen
         break;
     }
     case 'u':
-        append_integer(out, to, "", arguments.next_unsigned(to), 10);
+        append_integer(out, to, '\0', arguments.next_unsigned(to), 10);
         break;
     case 'o':
-        append_integer(out, to, "", arguments.next_unsigned(to), 8);
+        append_integer(out, to, '\0', arguments.next_unsigned(to), 8);
         break;
     case 'x':
     case 'X':
-        append_integer(out, to, "", arguments.next_unsigned(to), 16);
+        append_integer(out, to, '\0', arguments.next_unsigned(to), 16);
         break;
     case 'f':
         append_double(out, to, va_arg(arguments.list, double));
@@ -221,38 +227,34 @@ void TextWriter::append_any(std::string_view piece) {
     *cursor_ = '\0';
 }
 
-void TextWriter::append_digits(uint32_t number, unsigned least_digits, unsigned base) {
-    if (base == 10 && number < kSmallNumbers && least_digits <= 3 && room_ > 3) {
-        const unsigned count = std::max(number < 10 ? 1U : number < 100 ? 2U : 3U, least_digits);
-        std::memcpy(cursor_, &kThreeDigits[3 * number + 3 - count], 4);
-        advance(count);
-        *cursor_ = '\0';
-        return;
-    }
-    char digits[kLeastDigits + kIntegerChars];
-    char *const end = std::end(digits);
-    char *begin = write_digits_before(end, number, base, true);
-    char *const wanted = end - std::min<size_t>(least_digits, kLeastDigits);
-    while (begin > wanted) *--begin = '0';
-    append({begin, static_cast<size_t>(end - begin)});
+void TextWriter::append_any_digits(uint32_t number, unsigned least_digits, unsigned base) {
+    append_piece(
+        [&](char *text) { return write_digits(text, number, base, true, std::min(least_digits, kLeastDigits)); });
 }
 
-void TextWriter::append_decimal(double value, unsigned decimals, unsigned width, bool plus) {
-    const bool is_negative = std::signbit(value);
-    const bool has_sign = is_negative || plus;
-    char number[1 + kLeastDigits + 2 * kIntegerChars];
-    char *const end = std::end(number);
-    char *begin = write_decimals_before(end, std::fabs(value), decimals);
-    if (!begin) {
-        const Conversion to = {
-            .zeros = true, .plus = plus ? '+' : '\0', .width = width, .has_precision = true, .precision = decimals};
-        return append_double(*this, to, value);
+template <unsigned Decimals>
+void TextWriter::append_decimal(double value, unsigned width, bool plus) {
+    width = std::min(width, kLeastDigits);
+    Decimal decimal;
+    if (room_ < kPieceChars || !as_decimal(std::fabs(value), Decimals, decimal)) [[unlikely]] {
+        const char sign = plus ? '+' : '\0';
+        return append_double(
+            *this, {.zeros = true, .plus = sign, .has_precision = true, .width = width, .precision = Decimals}, value);
     }
-    const size_t least = std::min<size_t>(width, kLeastDigits);
-    while (static_cast<size_t>(end - begin) + has_sign < least) *--begin = '0';
-    if (has_sign) *--begin = is_negative ? '-' : '+';
-    append({begin, static_cast<size_t>(end - begin)});
+    const bool is_negative = std::signbit(value);
+    const size_t signs = is_negative || plus ? 1 : 0;
+    *cursor_ = is_negative ? '-' : '+';
+    const size_t count = std::max<size_t>(signs + decimal.size(), width);
+    decimal.write(cursor_ + signs, cursor_ + count);
+    advance(count);
+    *cursor_ = '\0';
 }
+
+template void TextWriter::append_decimal<1>(double value, unsigned width, bool plus);
+template void TextWriter::append_decimal<2>(double value, unsigned width, bool plus);
+template void TextWriter::append_decimal<3>(double value, unsigned width, bool plus);
+template void TextWriter::append_decimal<4>(double value, unsigned width, bool plus);
+template void TextWriter::append_decimal<6>(double value, unsigned width, bool plus);
 
 void TextWriter::print(const char *format, ...) {
     va_list arguments;
@@ -265,14 +267,21 @@ void TextWriter::print_list(const char *format, va_list list) {
     if (!room_) return;
     Arguments arguments;
     va_copy(arguments.list, list);
-    while (*format != '\0') {
-        const char *const plain = format;
-        while (*format != '%' && *format != '\0') ++format;
-        append({plain, static_cast<size_t>(format - plain)});
-        if (*format == '\0') break;
+    while (true) {
+        format = append_plain(format);
+        if (*format != '%' || is_full()) break;
         append_conversion(*this, parse(++format), arguments);
     }
     va_end(arguments.list);
+}
+
+const char *TextWriter::append_plain(const char *format) {
+    char *to = cursor_;
+    const char *const end = cursor_ + room_;
+    while (*format != '%' && *format != '\0' && to != end) *to++ = *format++;
+    advance(static_cast<size_t>(to - cursor_));
+    *cursor_ = '\0';
+    return format;
 }
 
 void TextWriter::print_foreign(const char *format, va_list arguments) {
@@ -280,6 +289,26 @@ void TextWriter::print_foreign(const char *format, va_list arguments) {
     const size_t window = std::min<size_t>(room_ + 1, INT_MAX);
     const int wanted = std::vsnprintf(cursor_, window, format, arguments);
     if (wanted > 0) advance(std::min(static_cast<size_t>(wanted), window - 1));
+}
+
+void append_time(TextWriter &out, uint32_t hour, uint32_t minute, uint32_t second, uint32_t millisecond) {
+    constexpr char kTime[] = "00:00:00.000";
+    if (hour < 100 && minute < 100 && second < 100 && millisecond < 1000) [[likely]]
+        return out.append_piece([&](char *text) {
+            std::memcpy(text, kTime, sizeof kTime - 1);
+            fill_digits(text, text + 2, hour);
+            fill_digits(text + 3, text + 5, minute);
+            fill_digits(text + 6, text + 8, second);
+            fill_digits(text + 9, text + 12, millisecond);
+            return sizeof kTime - 1;
+        });
+    out.append_digits(hour, 2);
+    out.append(":");
+    out.append_digits(minute, 2);
+    out.append(":");
+    out.append_digits(second, 2);
+    out.append(".");
+    out.append_digits(millisecond, 3);
 }
 
 void append_received(TextWriter &out, std::string_view text) {

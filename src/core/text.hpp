@@ -2,6 +2,8 @@
 // written. It always terminates, cuts silently, and takes a null buffer or capacity 0 without harm.
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <cstdarg>
 #include <cstddef>
 #include <cstdint>
@@ -18,6 +20,16 @@
 
 namespace ast {
 
+// Most numbers are small: parts of a time, addresses, degrees. Three digits each, and room for four to be read at once.
+constexpr size_t kSmallNumbers = 1000;
+inline constexpr auto kThreeDigits = [] {
+    std::array<char, 3 * kSmallNumbers + 1> digits{};
+    for (size_t i = 0; i < kSmallNumbers; ++i)
+        for (size_t place = 3, rest = i; place-- > 0; rest /= 10)
+            digits[3 * i + place] = static_cast<char>('0' + rest % 10);
+    return digits;
+}();
+
 class TextWriter {
 public:
     TextWriter(char *text, uint64_t capacity)
@@ -28,18 +40,42 @@ public:
     TextWriter(const TextWriter &) = delete;
     TextWriter &operator=(const TextWriter &) = delete;
 
-    // Literals need no call.
-    void append(std::string_view piece) {
-        if (!__builtin_constant_p(piece.size()) || piece.empty() || piece.size() > room_) return append_any(piece);
-        std::memcpy(cursor_, piece.data(), piece.size());
-        advance(piece.size());
+    void append(std::string_view piece) { append_any(piece); }
+
+    // Literals need no call. The compiler knows their length here, but no more once it stands in a std::string_view.
+    [[gnu::always_inline]] void append(const char *text) {
+        const size_t size = __builtin_strlen(text);
+        if (!__builtin_constant_p(size) || size == 0 || size > room_) return append_any({text, size});
+        std::memcpy(cursor_, text, size);
+        advance(size);
         *cursor_ = '\0';
     }
 
     // Numbers as print() has them, without a format to be read: what "%.4u", "%.4o" or "%.4X" makes of one, by base,
     // and what "%+08.3f" does, with or without the plus. At most 16 digits are asked for.
-    void append_digits(uint32_t number, unsigned least_digits, unsigned base = 10);
-    void append_decimal(double value, unsigned decimals, unsigned width, bool plus = false);
+    [[gnu::always_inline]] void append_digits(uint32_t number, unsigned least_digits, unsigned base = 10) {
+        if (base != 10 || number >= kSmallNumbers || least_digits > 3 || room_ <= 3)
+            return append_any_digits(number, least_digits, base);
+        const unsigned count = std::max(number < 10 ? 1U : number < 100 ? 2U : 3U, least_digits);
+        std::memcpy(cursor_, &kThreeDigits[3 * number + 3 - count], 4);
+        advance(count);
+        *cursor_ = '\0';
+    }
+    template <unsigned Decimals> // 1 to 4, or 6
+    void append_decimal(double value, unsigned width = 0, bool plus = false);
+
+    // Lets `write` write a piece of up to so many characters at the text that it is given, and return how many it is.
+    static constexpr size_t kPieceChars = 24;
+    template <typename Write>
+    void append_piece(Write write) {
+        if (room_ >= kPieceChars) [[likely]] {
+            advance(write(cursor_));
+            *cursor_ = '\0';
+        } else {
+            char piece[kPieceChars];
+            append_any({piece, write(piece)});
+        }
+    }
 
     // Formats as printf does in the C locale, whatever the host's locale is. Understands the conversions c d f i o s u
     // x X and %, the flags - + 0 and blank, widths, precisions, and the lengths l, ll and z.
@@ -74,6 +110,10 @@ public:
 
 private:
     void append_any(std::string_view piece);
+    void append_any_digits(uint32_t number, unsigned least_digits, unsigned base);
+
+    // The plain text of a format up to where it stops: at a conversion, at the end or for want of room.
+    const char *append_plain(const char *format);
 
     void advance(size_t count) {
         cursor_ += count;
@@ -85,6 +125,22 @@ private:
     size_t room_; // characters that still fit, the terminator not counted
     size_t length_ = 0;
 };
+
+// Two numbers behind their labels, "X:1.5 Y:-0.5".
+template <unsigned Decimals>
+[[gnu::always_inline]] inline void append_pair(TextWriter &out, const char *label_1, double value_1,
+                                               const char *label_2, double value_2) {
+    out.append(label_1);
+    out.append_decimal<Decimals>(value_1);
+    out.append(label_2);
+    out.append_decimal<Decimals>(value_2);
+}
+
+// A position as ast_latlong_to_str has it.
+void append_latlong(TextWriter &out, double latitude, double longitude);
+
+// "07:08:09.012".
+void append_time(TextWriter &out, uint32_t hour, uint32_t minute, uint32_t second, uint32_t millisecond);
 
 // A small text of its own, formatted once. The capacity includes the terminator: a Cell<20> holds 19 characters.
 template <uint64_t Capacity>

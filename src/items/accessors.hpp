@@ -30,17 +30,20 @@ inline ast_uint_value_t tracknum_of(const ast_datarecord_t *record, ast_dataitem
     return number.valid ? number : ast_uint_value_t{.valid = false, .value = UINT32_MAX};
 }
 
-// The not-validated flag is each category's to fill in.
-inline ast_squawk_t squawk_of(const ast_datarecord_t *record, ast_dataitem_type_t type) {
+inline ast_squawk_t whole_squawk_of(const ast_datarecord_t *record, ast_dataitem_type_t type) {
     const auto code = ast_dataitem_mode_3a_code_decode(first_item(record, type));
     if (!code.valid) return {.valid = false, .code = UINT32_MAX};
-    return {.valid = true, .code = code.code, .garbled = code.garbled, .smoothed = code.smoothed};
+    return {.valid = true,
+            .code = code.code,
+            .not_validated = code.not_validated,
+            .garbled = code.garbled,
+            .smoothed = code.smoothed};
 }
 
-// The same with the not-validated flag of the code.
-inline ast_squawk_t whole_squawk_of(const ast_datarecord_t *record, ast_dataitem_type_t type) {
-    ast_squawk_t squawk = squawk_of(record, type);
-    squawk.not_validated = ast_dataitem_mode_3a_code_decode(first_item(record, type)).not_validated;
+// The same without the not-validated flag, which is each category's to fill in.
+inline ast_squawk_t squawk_of(const ast_datarecord_t *record, ast_dataitem_type_t type) {
+    ast_squawk_t squawk = whole_squawk_of(record, type);
+    squawk.not_validated = false;
     return squawk;
 }
 

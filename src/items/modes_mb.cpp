@@ -9,8 +9,7 @@ namespace {
 
 struct ModesMb : SharedLayout<ast_modes_mb_t, items::modes_mb.size> {
     static bool read(Value &data, const ast_dataitem_t &item) {
-        const uint64_t size = 1 + kRegisterElementOctets * item.data[0];
-        if (item.data[0] == 0 || item.size != size) return false;
+        if (!holds_registers(item)) return false;
         data.count = item.data[0];
         read_registers(data.registers, data.count, item.data + 1);
         return true;

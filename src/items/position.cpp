@@ -27,7 +27,7 @@ template <SizeRule Rule>
 struct Wgs84 : SharedLayout<ast_value_pair_t, Rule> {
     static void summarize(TextWriter &out, const ast_value_pair_t &position) {
         out.append("WGS84:");
-        out.append(ast_latlong_to_str(position.value_1, position.value_2));
+        append_latlong(out, position.value_1, position.value_2);
     }
 };
 
@@ -134,7 +134,8 @@ struct CartesianPosition : SharedLayout<ast_value_pair_t, items::position_cartes
         position = scaled_pair(read_i24(octets), read_i24(octets + 3), kLsbM);
     }
     static void summarize(TextWriter &out, const Value &position) {
-        out.print("X:%.1f Y:%.1f LSB:M", position.value_1, position.value_2);
+        append_pair<1>(out, "X:", position.value_1, " Y:", position.value_2);
+        out.append(" LSB:M");
     }
 };
 
@@ -144,7 +145,8 @@ struct CartesianVelocity : SharedLayout<ast_value_pair_t, items::velocity_cartes
         velocity = scaled_pair(read_i16(octets), read_i16(octets + 2), kLsbMPerS);
     }
     static void summarize(TextWriter &out, const Value &velocity) {
-        out.print("VX:%.2f VY:%.2f LSB:M/S", velocity.value_1, velocity.value_2);
+        append_pair<2>(out, "VX:", velocity.value_1, " VY:", velocity.value_2);
+        out.append(" LSB:M/S");
     }
 };
 
@@ -172,7 +174,7 @@ struct PolarVelocity : SharedLayout<ast_value_pair_t, items::velocity_polar.size
     }
 
     static void summarize(TextWriter &out, const Value &velocity) {
-        out.print("SPD:%.2f HDG:%.2f", velocity.value_1, velocity.value_2);
+        append_pair<2>(out, "SPD:", velocity.value_1, " HDG:", velocity.value_2);
     }
 
     static void show(HtmlWriter &html, const Value &velocity) {

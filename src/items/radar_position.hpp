@@ -21,7 +21,7 @@ struct PolarPosition : Item<Type, ItemValue, fixed<4>> {
     }
 
     static void summarize(TextWriter &out, const ItemValue &position) {
-        out.print("RHO:%.1f THETA:%.1f", position.*Rho, position.theta_deg);
+        append_pair<1>(out, "RHO:", position.*Rho, " THETA:", position.theta_deg);
     }
 
     static void show_as(HtmlWriter &html, const ItemValue &position, const char *rho_item, const char *theta_octets) {

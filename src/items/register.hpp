@@ -38,12 +38,19 @@ uint64_t held_registers(const ast_bds_t (&)[N], uint64_t count) {
     return std::min<uint64_t>(count, N);
 }
 
+inline ast_bds_t register_at(const uint8_t *elements, uint64_t place) {
+    const uint8_t *const element = elements + place * kRegisterElementOctets;
+    return ast_bds_decode(element, kRegisterOctets, element[kRegisterOctets]);
+}
+
 template <size_t N>
 void read_registers(ast_bds_t (&registers)[N], uint64_t count, const uint8_t *elements) {
-    for (uint64_t i = 0; i < held_registers(registers, count); ++i) {
-        const uint8_t *const element = elements + i * kRegisterElementOctets;
-        registers[i] = ast_bds_decode(element, kRegisterOctets, element[kRegisterOctets]);
-    }
+    for (uint64_t i = 0; i < held_registers(registers, count); ++i) registers[i] = register_at(elements, i);
+}
+
+// Whether an item of REP and elements, which is readable, has as many as it says, and any.
+inline bool holds_registers(const ast_dataitem_t &item) {
+    return item.size != 0 && item.data[0] != 0 && item.size == 1 + kRegisterElementOctets * item.data[0];
 }
 
 } // namespace ast

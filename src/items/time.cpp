@@ -34,7 +34,8 @@ struct TimeOfDay : SharedLayout<ast_time_of_day_t, items::time_of_day.size> {
     }
 
     static void summarize(TextWriter &out, const Value &time) {
-        out.print("TOD:%02u:%02u:%02u.%03u", time.hour, time.minute, time.second, time.millisecond);
+        out.append("TOD:");
+        append_time(out, time.hour, time.minute, time.second, time.millisecond);
     }
 
     static void show(HtmlWriter &html, const Value &time) {

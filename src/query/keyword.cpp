@@ -54,14 +54,7 @@ void show_sacsic(TextWriter &out, const ast_datarecord_t *record, uint32_t) {
 
 void show_timeofday(TextWriter &out, const ast_datarecord_t *record, uint32_t) {
     const auto time = ast_datarecord_get_timeofday(record);
-    if (!time.valid) return;
-    out.append_digits(time.hour, 2);
-    out.append(":");
-    out.append_digits(time.minute, 2);
-    out.append(":");
-    out.append_digits(time.second, 2);
-    out.append(".");
-    out.append_digits(time.millisecond, 3);
+    if (time.valid) append_time(out, time.hour, time.minute, time.second, time.millisecond);
 }
 
 void show_msgtype(TextWriter &out, const ast_datarecord_t *record, uint32_t) {
@@ -120,9 +113,9 @@ void show_wgs84coord(TextWriter &out, const ast_datarecord_t *record, uint32_t p
         out.append(ast_latlong_to_str_very_high(latitude, longitude));
         break;
     case AST_POSITION_DEGREES:
-        out.append_decimal(latitude, 6, 9);
+        out.append_decimal<6>(latitude, 9);
         out.append(", ");
-        out.append_decimal(longitude, 6, 10);
+        out.append_decimal<6>(longitude, 10);
         break;
     default:
         out.append(ast_latlong_to_str(latitude, longitude));
@@ -133,14 +126,14 @@ void show_polarcoord(TextWriter &out, const ast_datarecord_t *record, uint32_t) 
     const auto position = ast_datarecord_get_polarcoord(record);
     if (!position.valid) return;
     out.append("R:");
-    out.append_decimal(position.rho_nm, 4, 8);
+    out.append_decimal<4>(position.rho_nm, 8);
     out.append(" T:");
-    out.append_decimal(position.theta_deg, 2, 6);
+    out.append_decimal<2>(position.theta_deg, 6);
 }
 
 void show_speed(TextWriter &out, const ast_datarecord_t *record, uint32_t) {
     const auto speed = ast_datarecord_get_speed(record);
-    if (speed.valid) out.append_decimal(speed.value, 2, 4);
+    if (speed.valid) out.append_decimal<2>(speed.value, 4);
 }
 
 void show_heading(TextWriter &out, const ast_datarecord_t *record, uint32_t) {
@@ -148,12 +141,12 @@ void show_heading(TextWriter &out, const ast_datarecord_t *record, uint32_t) {
     if (!heading.valid) return;
     if (heading.magnetic.valid) {
         out.append("M:");
-        out.append_decimal(heading.magnetic.value, 2, 6);
+        out.append_decimal<2>(heading.magnetic.value, 6);
     }
     if (heading.magnetic.valid && heading.track.valid) out.append(" ");
     if (heading.track.valid) {
         out.append("T:");
-        out.append_decimal(heading.track.value, 2, 6);
+        out.append_decimal<2>(heading.track.value, 6);
     }
 }
 
@@ -161,14 +154,14 @@ void show_cartesianvel(TextWriter &out, const ast_datarecord_t *record, uint32_t
     const auto velocity = ast_datarecord_get_cartesianvel(record);
     if (!velocity.valid) return;
     out.append("VX:");
-    out.append_decimal(velocity.vx_m_s, 2, 7, true);
+    out.append_decimal<2>(velocity.vx_m_s, 7, true);
     out.append(" VY:");
-    out.append_decimal(velocity.vy_m_s, 2, 7, true);
+    out.append_decimal<2>(velocity.vy_m_s, 7, true);
 }
 
 void show_vrate(TextWriter &out, const ast_datarecord_t *record, uint32_t) {
     const auto rate = ast_datarecord_get_vrate(record);
-    if (rate.valid) out.append_decimal(rate.value, 2, 8, true);
+    if (rate.valid) out.append_decimal<2>(rate.value, 8, true);
 }
 
 // ---- Which keywords a record can be asked for ----
@@ -282,8 +275,14 @@ bool ast_datarecord_match_keyword(const ast_datarecord_t *record, uint32_t keywo
     return pattern && found && found->matches && found->matches(record, pattern, case_sensitive);
 }
 
-void ast_datarecord_get_keyword(char *text, uint64_t capacity, const ast_datarecord_t *record, uint32_t keyword,
-                                uint32_t position_format) {
+uint64_t ast_datarecord_write_keyword(char *text, uint64_t capacity, const ast_datarecord_t *record, uint32_t keyword,
+                                      uint32_t position_format) {
     TextWriter out(text, capacity);
     if (const Keyword *const found = find_keyword(keyword)) found->show(out, record, position_format);
+    return out.length();
+}
+
+void ast_datarecord_get_keyword(char *text, uint64_t capacity, const ast_datarecord_t *record, uint32_t keyword,
+                                uint32_t position_format) {
+    ast_datarecord_write_keyword(text, capacity, record, keyword, position_format);
 }

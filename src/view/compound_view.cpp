@@ -1,6 +1,7 @@
 // Compound items as a list of their subfields, and each present subfield as its handlers show it.
 
 #include "codec/category.hpp"
+#include "codec/fspec.hpp"
 #include "codec/item.hpp"
 #include "view/html.hpp"
 
@@ -41,11 +42,16 @@ void write_subfield(HtmlWriter &html, const ast_dataitem_t *item, const ast_subf
 
 void ast_dataitem_subfields_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item) {
     TextWriter out(text, capacity);
-    const ast_subfields_t decoded = ast_dataitem_subfields_decode(item);
-    if (!decoded.valid) return;
-    unsigned present = 0;
-    for (const ast_subfield_t &subfield : decoded.subfields) present += subfield.present;
-    out.print("SUBFIELDS:%02u/%02u", present, static_cast<unsigned>(decoded.subfield_count));
+    if (!is_readable(item)) return;
+    const ast_fspec_t primary = decode_fspec(item->data, item->size);
+    if (!primary.valid) return;
+    const uint64_t listed = listed_subfields(*item, primary);
+    uint32_t present = 0;
+    each_frn(primary, [&](uint32_t number) { return number <= listed && ++present != 0; });
+    out.append("SUBFIELDS:");
+    out.append_digits(present, 2);
+    out.append("/");
+    out.append_digits(static_cast<uint32_t>(listed), 2);
 }
 
 void ast_dataitem_subfields_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item) {

@@ -279,6 +279,33 @@ TEST(Cat062Accessors, AircraftDerivedDataHaveAnOrder) {
     EXPECT_FALSE(ast_datarecord_062_get_callsign(Record(62, {{62380, "20 40 00"}})).valid);
 }
 
+// One subfield alone is found in another way than all of them, wherever the item ends.
+TEST(Cat062Accessors, ReadOneSubfieldAsAllAreRead) {
+    uint64_t state = 1;
+    const auto next = [&] {
+        state = state * 6364136223846793005U + 1442695040888963407U;
+        return static_cast<uint8_t>(state >> 56);
+    };
+    unsigned found = 0;
+    for (int i = 0; i < 20000; ++i) {
+        std::vector<uint8_t> octets(1 + next() % 60);
+        for (uint8_t &octet : octets) octet = next();
+        Record record(62, {{}});
+        record->items[0] = {.data = octets.data(), .size = octets.size(), .type = 62380, .valid = true};
+        const auto all = ast_dataitem_062_380_decode(record->items);
+        const auto aircraft = ast_datarecord_062_get_icaoaddr(record);
+        const auto heading = ast_datarecord_062_get_heading(record);
+        ASSERT_EQ(aircraft.valid ? aircraft.address : 0, all.adr.address);
+        ASSERT_STREQ(ast_datarecord_062_get_callsign(record).text, all.id.text);
+        ASSERT_EQ(heading.magnetic.valid ? heading.magnetic.value : 0, all.mhg.angle_deg);
+        ASSERT_EQ(heading.track.valid ? heading.track.value : 0, all.tan.angle_deg);
+        if (!all.gsp.present) continue;
+        ASSERT_EQ(ast_datarecord_062_get_speed(record).value, all.gsp.speed_kt);
+        ++found;
+    }
+    EXPECT_GT(found, 100U);
+}
+
 TEST(Cat062Accessors, DispatchersFindThem) {
     const Record record(62, {{62010, "19 64"},
                              {62105, "00 80 00 00 01 00 00 00"},

@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <cstdio>
+
 #include "support/records.hpp"
 #include "support/text.hpp"
 
@@ -116,6 +119,10 @@ TEST(Keyword, TextOfEveryValue) {
     not_valid.valid = false;
     for (uint32_t keyword = 0; keyword <= kNoKeyword; ++keyword) {
         EXPECT_EQ(value_of(track(), keyword), texts.at(keyword)) << keyword;
+        char text[8];
+        EXPECT_EQ(ast_datarecord_write_keyword(text, sizeof text, track(), keyword, AST_POSITION_DMS),
+                  std::min(texts.at(keyword).size(), sizeof text - 1));
+        EXPECT_EQ(text, texts.at(keyword).substr(0, sizeof text - 1));
         EXPECT_EQ(value_of(&not_valid, keyword), "") << keyword;
         EXPECT_EQ(value_of(nullptr, keyword), "") << keyword;
         EXPECT_EQ(value_of(Record(48, {}), keyword), keyword == 2 ? "Plot" : "") << keyword;
@@ -145,6 +152,19 @@ TEST(Keyword, TextOfValuesAtTheirEnds) {
     expect_values(8, 48220, "00 00 01 = 000001");
     expect_values(10, 48040, "FF FF FF FF = R:255.9961 T:359.99; 00 00 00 00 = R:000.0000 T:000.00");
     expect_values(12, 48250, "01 E0 00 00 00 00 00 00 60 = M:270.00; 01 00 1A 00 00 00 00 00 50 = T:315.00");
+}
+
+TEST(Keyword, PositionsAreRoundedAsPrintfDoes) {
+    Record record(48, {{48040, "00 00 00 00"}});
+    for (uint32_t raw = 0; raw <= UINT16_MAX; ++raw) {
+        const auto high = static_cast<uint8_t>(raw >> 8);
+        const auto low = static_cast<uint8_t>(raw);
+        const uint8_t octets[] = {high, low, high, low};
+        record->items[0].data = octets;
+        char expected[32];
+        std::snprintf(expected, sizeof expected, "R:%08.4f T:%06.2f", raw / 256.0, raw * 360 / 65536.0);
+        ASSERT_EQ(value_of(record, AST_KEYWORD_POLARCOORD), expected);
+    }
 }
 
 } // namespace

@@ -28,6 +28,8 @@ size_t share(unsigned columns) { return (columns - kFixedWidth) * kShareOfTen / 
 
 ItemLines::ItemLines(unsigned columns, Style style, bool detail)
     : style_(style),
+      dim_(style.on(Color::dim)),
+      off_(style.off()),
       octets_per_line_(std::clamp((share(columns) + 1) / kHexWidth, kMinOctetsPerLine, kMaxOctetsPerLine)),
       summary_width_(share(columns)),
       name_width_(std::min(columns - kFixedWidth - 2 * share(columns), kMaxNameWidth)),
@@ -67,9 +69,9 @@ void ItemLines::write(TextBuffer &out, const ast_dataitem_t &item, const Reading
 void ItemLines::octets(TextBuffer &out, Octets octets, size_t indent) const {
     for (size_t at = 0; at < octets.size(); at += octets_per_line_) {
         out.pad(at == 0 ? indent : hex_column_);
-        out.put(style_.on(Color::dim));
+        out.put(dim_);
         out.hex(octets.subspan(at, std::min(octets_per_line_, octets.size() - at)));
-        out.put(style_.off());
+        out.put(off_);
         out.put('\n');
     }
 }

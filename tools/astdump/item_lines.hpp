@@ -27,6 +27,8 @@ private:
     void octets(TextBuffer &out, Octets octets, size_t indent) const;
 
     Style style_;
+    std::string_view dim_; // what octets stand between, in colours
+    std::string_view off_;
     size_t octets_per_line_;
     size_t summary_width_;
     size_t name_width_;

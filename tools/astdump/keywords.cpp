@@ -4,7 +4,6 @@
 #include <cstring>
 #include <iterator>
 
-#include "shared_items.hpp"
 #include "text.hpp"
 
 namespace astdump {
@@ -32,29 +31,18 @@ std::string keyword_names() {
     return names;
 }
 
-namespace {
-
-// By the items that categories share, for those without accessors.
-size_t write_shared_item(char *text, const ast_datarecord_t &record, uint32_t keyword) {
+size_t write_shared_keyword(char *text, const ast_datarecord_t &record, uint32_t keyword) {
     thread_local TextBuffer shared;
     shared.clear();
     put_shared_item(shared, record, keyword);
     return shared.text().copy(text, kKeywordRoom);
 }
 
-} // namespace
-
-size_t write_keyword(char *text, const ast_datarecord_t &record, uint32_t keyword) {
-    ast_datarecord_get_keyword(text, kKeywordRoom, &record, keyword, AST_POSITION_DEGREES);
-    size_t size = std::strlen(text);
+size_t tidy_keyword(char *text, size_t size) {
     while (size != 0 && text[size - 1] == ' ') --size;
-    if (size == 0) return write_shared_item(text, record, keyword);
-    if (*text == ' ') {
-        const std::string_view value =
-            std::string_view(text, size).substr(std::string_view(text, size).find_first_not_of(' '));
-        std::memmove(text, value.data(), value.size());
-        size = value.size();
-    }
+    size_t blanks = 0;
+    while (blanks != size && text[blanks] == ' ') ++blanks;
+    if (blanks != 0) std::memmove(text, text + blanks, size -= blanks);
     make_printable({text, size});
     return size;
 }

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "ast.h"
+#include "shared_items.hpp"
 #include "text_buffer.hpp"
 
 namespace astdump {
@@ -25,7 +26,18 @@ std::string_view keyword_text(const ast_datarecord_t &record, uint32_t keyword);
 
 // The same written where it is wanted, which takes so many characters; returns how many it is.
 constexpr size_t kKeywordRoom = 128; // more than any value takes
-size_t write_keyword(char *text, const ast_datarecord_t &record, uint32_t keyword);
+
+// Without blanks around it, and printable: a callsign is what an aircraft has sent.
+size_t tidy_keyword(char *text, size_t size);
+
+// By the items that categories share, for those without accessors.
+size_t write_shared_keyword(char *text, const ast_datarecord_t &record, uint32_t keyword);
+
+inline size_t write_keyword(char *text, const ast_datarecord_t &record, uint32_t keyword) {
+    const size_t size = ast_datarecord_write_keyword(text, kKeywordRoom, &record, keyword, AST_POSITION_DEGREES);
+    if (keyword == AST_KEYWORD_CALLSIGN) return tidy_keyword(text, size);
+    return size == 0 && is_shared(keyword) ? write_shared_keyword(text, record, keyword) : size;
+}
 
 // Puts it, and returns whether there is one.
 bool put_keyword(TextBuffer &out, const ast_datarecord_t &record, uint32_t keyword);

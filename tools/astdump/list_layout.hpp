@@ -11,6 +11,7 @@
 namespace astdump {
 
 constexpr size_t kListColumns = 17;
+constexpr uint32_t kAllColumns = (UINT32_C(1) << kListColumns) - 1;
 
 // What a record has, by column; empty where it has nothing.
 using ListValues = std::array<std::string_view, kListColumns>;
@@ -46,21 +47,30 @@ public:
     std::span<const Cell> cells() const { return {cells_.data(), cell_count_}; }
 
     // Lets `write` write the value of each cell, given as (text, column), into a line, with room for so many characters
-    // each; it returns how many it has written. False, and no line, when one does not fit.
+    // each; it returns how many it has written. Only those of some columns are asked for, each of them a bit. False,
+    // and no line, when one does not fit.
     template <typename Write>
-    bool put(TextBuffer &out, size_t room, Write write) const {
+    bool put(TextBuffer &out, size_t room, uint32_t columns, Write write) const {
         const auto write_line = [&](char *line) -> size_t {
             std::memset(line, ' ', total_);
             size_t end = 0;
             for (const Cell &cell : cells()) {
                 char *const text = line + cell.place;
-                size_t size = write(text, cell.column);
-                if (size > cell.width) return 0;
-                std::memcpy(text + size, kBlanks.data(), kBlanks.size()); // the terminator and what may be behind it
+                size_t size = 0;
+                if ((columns >> cell.column & 1) != 0) {
+                    size = write(text, cell.column);
+                    if (size > cell.width) return 0;
+                    std::memcpy(text + size, kBlanks.data(), kBlanks.size()); // over the terminator and what is behind
+                }
                 if (cell.width == 0) continue;
-                if (size == 0) text[size++] = kNoValue;
-                if (cell.right_aligned && size < cell.width) push(text, size, cell.width);
-                end = cell.place + (cell.right_aligned ? cell.width : size);
+                if (size == 0) {
+                    size = cell.right_aligned ? cell.width : 1;
+                    text[size - 1] = kNoValue;
+                } else if (cell.right_aligned && size < cell.width) {
+                    push(text, size, cell.width);
+                    size = cell.width;
+                }
+                end = cell.place + size;
             }
             line[end++] = '\n';
             return end;
@@ -77,10 +87,19 @@ public:
 private:
     bool has_room_for(size_t column) const;
     void prepare();
-    static void push(char *text, size_t size, size_t width);
+
+    // To the right end of its column, behind which there are blanks yet.
+    static void push(char *text, size_t size, size_t width) {
+        char value[kBlanks.size()];
+        if (width > sizeof value) return push_far(text, size, width);
+        std::memcpy(value, text, sizeof value);
+        std::memcpy(text, kBlanks.data(), sizeof value);
+        std::memcpy(text + width - size, value, sizeof value);
+    }
+    static void push_far(char *text, size_t size, size_t width);
 
     static constexpr char kNoValue = '-';
-    static constexpr std::string_view kBlanks = "        ";
+    static constexpr std::string_view kBlanks = "                ";
 
     size_t limit_;
     ListWidths widths_{};

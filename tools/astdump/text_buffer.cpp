@@ -1,18 +1,19 @@
 #include "text_buffer.hpp"
 
-#include <charconv>
+#include <array>
 
 namespace astdump {
 
+// Most numbers here are small, and most widths.
 void TextBuffer::number(uint64_t value, size_t width, char fill) {
-    constexpr size_t kMostDigits = 20;
-    char *const out = room(std::max(width, kMostDigits));
-    auto count = static_cast<size_t>(std::to_chars(out, out + kMostDigits, value).ptr - out);
-    if (count < width) {
-        std::memmove(out + width - count, out, count);
-        std::memset(out, fill, width - count);
-        count = width;
-    }
+    size_t count = 1;
+    for (uint64_t rest = value; rest >= 10; rest /= 10) ++count;
+    const size_t digits = count;
+    count = std::max(digits, width);
+    char *const begin = room(count);
+    char *at = begin + count;
+    for (char *const first = at - digits; at != first; value /= 10) *--at = static_cast<char>('0' + value % 10);
+    while (at != begin) *--at = fill;
     size_ += count;
 }
 
@@ -20,16 +21,22 @@ namespace {
 
 constexpr char kDigits[] = "0123456789abcdef";
 
+// Of each octet, and the blank behind it; four characters that are copied at once.
+constexpr auto kHex = [] {
+    std::array<std::array<char, 4>, 256> texts{};
+    for (size_t i = 0; i < texts.size(); ++i) texts[i] = {kDigits[i >> 4], kDigits[i & 15], ' ', ' '};
+    return texts;
+}();
+
 } // namespace
 
 void TextBuffer::hex(Octets octets) {
     constexpr size_t kCharacters = 3; // of one octet and the blank behind it
     if (octets.empty()) return;
-    char *out = room(octets.size() * kCharacters);
+    char *out = room(octets.size() * kCharacters + 1);
     for (const uint8_t octet : octets) {
-        *out++ = kDigits[octet >> 4];
-        *out++ = kDigits[octet & 15];
-        *out++ = ' ';
+        std::memcpy(out, kHex[octet].data(), kHex[octet].size());
+        out += kCharacters;
     }
     size_ += octets.size() * kCharacters - 1;
 }

@@ -140,15 +140,11 @@ int32_t ast_memset(void *destination, uint64_t, int32_t value, uint64_t count) {
     return 0;
 }
 
-void ast::append_latlong(TextWriter &out, double latitude, double longitude) {
-    append_angle(out, split(latitude), 2, north_or_south(latitude));
-    append_angle(out, split(longitude), 3, east_or_west(longitude));
-}
-
 const char *ast_latlong_to_str(double latitude, double longitude) {
     thread_local char text[20];
     TextWriter out(text, sizeof text);
-    append_latlong(out, latitude, longitude);
+    append_angle(out, split(latitude), 2, north_or_south(latitude));
+    append_angle(out, split(longitude), 3, east_or_west(longitude));
     return text;
 }
 

@@ -136,9 +136,6 @@ template <unsigned Decimals>
     out.append_decimal<Decimals>(value_2);
 }
 
-// A position as ast_latlong_to_str has it.
-void append_latlong(TextWriter &out, double latitude, double longitude);
-
 // "07:08:09.012".
 void append_time(TextWriter &out, uint32_t hour, uint32_t minute, uint32_t second, uint32_t millisecond);
 

@@ -27,7 +27,7 @@ template <SizeRule Rule>
 struct Wgs84 : SharedLayout<ast_value_pair_t, Rule> {
     static void summarize(TextWriter &out, const ast_value_pair_t &position) {
         out.append("WGS84:");
-        append_latlong(out, position.value_1, position.value_2);
+        out.append(ast_latlong_to_str(position.value_1, position.value_2)); // which cuts absurd ones
     }
 };
 

@@ -63,6 +63,8 @@ TEST(Position, UnitsDependOnTheItem) {
     for (const ast_dataitem_type_t type : {20041U, 21902U, 62105U}) // 180/2^25: 22.5 degrees
         EXPECT_EQ(summary_of(type, kOctets), "WGS84:223000N0223000W") << type;
     expect_summaries(10041, "40 00 00 00 80 00 00 00 = WGS84:900000N1800000W");
+    // 19 characters of a position, where a latitude takes three digits of degrees
+    expect_summaries(62105, "90 22 C6 9C 7C 8A 1A 02 = WGS84:100674627S112083305");
 }
 
 TEST(Position, OptionTurnsLongitudesOfTracksToTheEast) {

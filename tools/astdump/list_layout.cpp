@@ -58,8 +58,7 @@ void widen(ListWidths &widths, const ListValues &values) {
 }
 
 void ListLayout::choose(const ListWidths &values) {
-    widths_ = {};
-    prepare();
+    set({});
     for (const uint8_t i : kByImportance) {
         if (values[i] == 0 || !has_room_for(i)) continue;
         widths_[i] = std::max(values[i], kColumns[i].width);
@@ -67,8 +66,9 @@ void ListLayout::choose(const ListWidths &values) {
     }
 }
 
-void ListLayout::set(const ListWidths &widths) {
-    widths_ = widths;
+void ListLayout::set(const ListColumns &columns) {
+    widths_ = columns.widths;
+    left_out_ = columns.left_out;
     prepare();
 }
 
@@ -82,9 +82,10 @@ void ListLayout::prepare() {
     }
     cell_count_ = 0;
     for (uint8_t i = 0; i < kListColumns; ++i) {
-        most_[i] = widths_[i] != 0 ? widths_[i] : has_room_for(i) ? 0 : kAnyWidth;
-        if (widths_[i] != 0 || most_[i] == 0)
-            cells_[cell_count_++] = {i, widths_[i], kColumns[i].right_aligned, places_[i]};
+        if (widths_[i] == 0 && !has_room_for(i)) left_out_ |= UINT32_C(1) << i;
+        const bool is_left_out = (left_out_ >> i & 1) != 0;
+        most_[i] = is_left_out ? kAnyWidth : widths_[i];
+        if (!is_left_out) cells_[cell_count_++] = {i, widths_[i], kColumns[i].right_aligned, places_[i]};
     }
 }
 

@@ -19,6 +19,12 @@ using ListValues = std::array<std::string_view, kListColumns>;
 // In characters, at most 255.
 using ListWidths = std::array<uint8_t, kListColumns>;
 
+// The columns that there are, and those, a bit each, that will not join them any more.
+struct ListColumns {
+    ListWidths widths;
+    uint32_t left_out = 0;
+};
+
 class ListLayout {
 public:
     // No columns; never wider than so many characters, but for values that are wider than usual.
@@ -29,12 +35,15 @@ public:
     void choose(const ListWidths &values);
 
     // Those of another one, under the limit of this one.
-    void set(const ListWidths &widths);
+    void set(const ListColumns &columns);
 
-    // 0 for a column that is left out.
+    // 0 for a column that is not there.
     const ListWidths &widths() const { return widths_; }
 
-    // Makes room for values: wider columns, and those that fit and have not been there before.
+    // With those that there is no room for. As columns only join and widen, there will be none later, either.
+    ListColumns columns() const { return {widths_, left_out_}; }
+
+    // Makes room for values: wider columns, and those that fit, are not left out and have not been there before.
     void grow(const ListValues &values);
 
     // Where a column stands in a line; one of no width is left out as long as there are no values for it.
@@ -103,6 +112,7 @@ private:
 
     size_t limit_;
     ListWidths widths_{};
+    uint32_t left_out_ = 0;
     ListWidths most_{}; // characters of a value that lines hold as they are
     std::array<size_t, kListColumns> places_{};
     std::array<Cell, kListColumns> cells_{}; // that values are asked for

@@ -140,7 +140,7 @@ void put_mark(TextBuffer &out, const ListWidths &widths) {
 
 class ListRenderer : public Renderer {
 public:
-    ListRenderer(const RecordList::Expected &expected, size_t limit) : expected_(expected), layout_(limit) {}
+    explicit ListRenderer(const RecordList::Expected &expected) : expected_(expected), layout_(kNoLimit) {}
 
     void block(const DecodedBlock &decoded, TextBuffer &out) override {
         if (out.size() == 0) begin(out, expected_.get());
@@ -150,15 +150,15 @@ public:
             const ast_datarecord_t &record = decoded.block->records[i];
             if (row_.put(out, layout_, record)) continue;
             layout_.grow(row_.read(record));
-            begin(out, layout_.widths());
+            begin(out, layout_.columns());
             row_.put(out, layout_, record);
         }
     }
 
 private:
-    void begin(TextBuffer &out, const ListWidths &widths) {
-        layout_.set(widths);
-        put_mark(out, widths);
+    void begin(TextBuffer &out, const ListColumns &columns) {
+        layout_.set(columns);
+        put_mark(out, columns.widths);
     }
 
     const RecordList::Expected &expected_;
@@ -177,14 +177,9 @@ std::string_view take_line(std::string_view &lines) {
 } // namespace
 
 RecordList::RecordList(Output &out, const Form &form)
-    : out_(out),
-      style_(form.color),
-      limit_(form.columns),
-      name_files_(form.name_files),
-      given_(kNoLimit),
-      layout_(form.columns) {}
+    : out_(out), style_(form.color), name_files_(form.name_files), given_(kNoLimit), layout_(form.columns) {}
 
-std::unique_ptr<Renderer> RecordList::renderer() const { return std::make_unique<ListRenderer>(expected_, limit_); }
+std::unique_ptr<Renderer> RecordList::renderer() const { return std::make_unique<ListRenderer>(expected_); }
 
 void RecordList::file(const std::string &name) {
     flush();
@@ -193,7 +188,7 @@ void RecordList::file(const std::string &name) {
                    " <==" + style_.off() + '\n');
     written_ = is_decided_ = false;
     headed_ = widest_ = {};
-    expected_.set(usual_list_widths());
+    expected_.set({usual_list_widths()});
 }
 
 // What columns will hold cannot be known.
@@ -211,14 +206,14 @@ void RecordList::take(std::string_view rendered) {
         if (rendered.front() == kLayoutMark) {
             ListWidths widths;
             std::copy_n(rendered.begin() + 1, widths.size(), widths.begin());
-            given_.set(widths);
+            given_.set({widths});
             rendered.remove_prefix(kMarkOctets);
         }
         const std::string_view alike = rendered.substr(0, rendered.find(kLayoutMark));
         rendered.remove_prefix(alike.size());
         lines(alike);
     }
-    expected_.set(is_decided_ ? layout_.widths() : usual_list_widths());
+    expected_.set(is_decided_ ? layout_.columns() : ListColumns{usual_list_widths()});
 }
 
 void RecordList::lines(std::string_view lines) {
@@ -258,7 +253,7 @@ void RecordList::decide() {
     const ListWidths given = given_.widths();
     const TextBuffer held = std::exchange(held_, {});
     take(held.text());
-    given_.set(given);
+    given_.set({given});
 }
 
 // Where columns have joined.

@@ -13,7 +13,7 @@ namespace astdump {
 
 // Lines are laid out where they are rendered, by the layout that the lines before them will most likely have led to.
 // Those of another layout are laid out again as they are taken, so that what is written does not depend on threads and
-// chunks.
+// chunks. For that they hold all values but those that there is no room for in any case, however wide this makes them.
 //
 // The first lines of a file are held back: they decide which columns there are, and how wide. A column that is missed
 // later joins below a header of its own, and one grows when a value takes more.
@@ -38,18 +38,18 @@ public:
     // What is to be taken next will most likely have this layout.
     class Expected {
     public:
-        ListWidths get() const {
+        ListColumns get() const {
             const std::lock_guard lock(mutex_);
-            return widths_;
+            return columns_;
         }
-        void set(const ListWidths &widths) {
+        void set(const ListColumns &columns) {
             const std::lock_guard lock(mutex_);
-            widths_ = widths;
+            columns_ = columns;
         }
 
     private:
         mutable std::mutex mutex_;
-        ListWidths widths_ = usual_list_widths();
+        ListColumns columns_{usual_list_widths()};
     };
 
 private:
@@ -61,7 +61,6 @@ private:
 
     Output &out_;
     Style style_;
-    size_t limit_;
     bool name_files_;
     bool written_ = false; // lines of the file before
 

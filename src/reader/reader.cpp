@@ -211,7 +211,10 @@ bool read_block(ast_reader_t *reader, bool learns, const uint8_t *data, uint64_t
         return result.valid;
     };
     const Choice first{static_cast<size_t>(std::countr_zero(tried)), !std::has_single_bit(tried)};
-    if (is_settled && is_read_with(first)) return true;
+    if (is_settled && is_read_with(first)) {
+        ++source.blocks;
+        return true;
+    }
 
     const Mask fits = learn(source, block, tried);
     const Choice choice = choose(source, block, fits);

@@ -1,4 +1,4 @@
-/* Counting what blocks are made of, several times as fast as taking their records apart.
+/* Counting what blocks are made of, without taking their records apart.
  *
  *     static ast_census_t census; // all zero is an empty one
  *     while (octets < end) {
@@ -19,7 +19,7 @@ AST_BEGIN_DECLARATIONS
 /** The most groups of a census. */
 #define AST_CENSUS_GROUPS 64
 
-/** Shapes that a census has room for, and items of them whose sizes vary. */
+/** Places for shapes, up to three quarters of which are taken, and for items of them whose sizes vary. */
 #define AST_CENSUS_SHAPES 1024
 #define AST_CENSUS_STEPS 4096
 
@@ -56,7 +56,7 @@ typedef struct {
     uint8_t bit; /* that announces it */
 } ast_census_step_t;
 
-/** A census, about 110 KB, the caller's. All zero is an empty one. */
+/** A census, about 100 KB, the caller's. All zero is an empty one. */
 typedef struct {
     uint64_t group_count;
     ast_census_group_t groups[AST_CENSUS_GROUPS]; /* as they were met */

@@ -71,6 +71,7 @@ void check_record(const Check &check, Input input) {
     const Octets octets = input.rest();
     const ast_datarecord_t record = ast_datarecord_decode(octets.data(), octets.size(), category, uap);
     check([&](char *text, uint64_t capacity) { ast_datarecord_get_hex_html(text, capacity, &record); });
+    ast_datarecord_get_detail_html(nullptr, 0, &record); // radar video is shown by what was shown before it
     check([&](char *text, uint64_t capacity) { ast_datarecord_get_detail_html(text, capacity, &record); });
     check([&](char *text, uint64_t capacity) { ast_datarecord_get_keyword(text, capacity, &record, keyword, format); });
     check([&](char *text, uint64_t capacity) { ast_keyword_name(text, capacity, keyword); });

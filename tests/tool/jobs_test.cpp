@@ -76,6 +76,43 @@ TEST(Jobs, ChangeNothing) {
     EXPECT_TRUE(read_file(command.directory() + "/one") == read_file(command.directory() + "/three"));
 }
 
+// Blocks are counted without taking them apart, unless there is a limit that may cut one.
+TEST(Jobs, CountTheSameByTheBlockAndByTheItem) {
+    Command command;
+    command.write("a", joined(mixed_blocks(3000)) + hex("22 0002") + kSector);
+    const Result counted = command.run("--stats a");
+    const Result split = command.run("--stats --count 1000000 a");
+    EXPECT_NE(counted.out.find("I001/020"), std::string::npos) << counted.out;
+    EXPECT_EQ(counted.out, split.out);
+    EXPECT_EQ(counted.err, split.err);
+    EXPECT_EQ(counted.status, split.status);
+}
+
+// On a terminal of 72 columns a position leaves room for a track number alone; a callsign, a height and a code, which
+// come in the next chunk before that, would leave none.
+TEST(Jobs, LoseNoValueOfAListOnATerminal) {
+    constexpr size_t kChunkOctets = size_t{64} * 1024;
+    const auto sectors_up_to = [](std::string &file, size_t octets) {
+        while (file.size() < octets) file += kSector;
+    };
+    std::string file;
+    sectors_up_to(file, kChunkOctets + kChunkOctets / 2);
+    file += hex("30 000D D0 190C 546080 40001000");
+    sectors_up_to(file, 2 * kChunkOctets + kChunkOctets / 8);
+    file += hex("30 0010 C140 190C 546080 10C234042820  30 000B C4 190C 546080 0578");
+    file += hex("30 000B C8 190C 546080 0A40  30 000C C110 190C 546080 01A4");
+    Command command;
+    command.write("a", file);
+    const auto shown = [&](const std::string &jobs) {
+        const std::string list = "stty cols 72; " ASTDUMP " --list --color never --jobs " + jobs + " a";
+        return command.run("--quiet /dev/null; script -qec '" + list + "' /dev/null").out;
+    };
+    const std::string one = shown("1");
+    EXPECT_NE(one.find("Track     420"), std::string::npos)
+        << one.substr(one.size() - std::min<size_t>(one.size(), 400));
+    EXPECT_TRUE(one == shown("3"));
+}
+
 TEST(Jobs, EndWhenNobodyReads) {
     Command command;
     command.write("raw", joined(mixed_blocks(12000)));

@@ -9,9 +9,8 @@ namespace astdump {
 // Whether a keyword is one of AST_KEYWORD_SACSIC, _TIMEOFDAY and _MSGTYPE.
 constexpr bool is_shared(uint32_t keyword) { return keyword <= AST_KEYWORD_MSGTYPE; }
 
-// Puts the value of such a keyword as the published reading of the
-// record's items has it, and returns whether there is one. For categories whose records the library has no accessors
-// for.
+// Puts the value of such a keyword as the published reading of the record's items has it, and returns whether there is
+// one. For categories whose records the library has no accessors for.
 bool put_shared_item(TextBuffer &out, const ast_datarecord_t &record, uint32_t keyword);
 
 } // namespace astdump

@@ -7,15 +7,18 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-#include "damage_log.hpp"
 #include "harness.hpp"
-#include "record_list.hpp"
-#include "run.hpp"
-#include "stats.hpp"
+#include "run/run.hpp"
+#include "show/damage_log.hpp"
+#include "show/record_list.hpp"
+#include "show/stats.hpp"
 
 namespace ast_fuzz {
 
 namespace {
+
+namespace recording = ast::recording;
+namespace astdump = ast::recording::astdump;
 
 // A file in memory.
 class File {
@@ -69,7 +72,7 @@ struct Outcome {
 };
 
 struct Way {
-    const astdump::FramingKind *framing; // null: found out
+    const recording::FramingKind *framing; // null: found out
     size_t jobs;
     size_t chunk_octets;
 };
@@ -83,7 +86,7 @@ Outcome read(const std::string &path, const Way &way) {
     options.chunk_octets = way.chunk_octets;
     const File output;
     const Reports reports;
-    astdump::Output out(output.descriptor());
+    recording::Output out(output.descriptor());
     astdump::Sinks sinks;
     sinks.push_back(std::make_unique<astdump::RecordList>(
         out, astdump::RecordList::Form{.columns = 120, .color = false, .name_files = false}));
@@ -109,8 +112,8 @@ void run(Input input) {
     const Octets octets = input.rest();
     const size_t chunk_octets = octets.empty() ? 1 : octets.back() + size_t{1};
     const size_t choice = octets.size() < 2 ? 0xFF : octets[octets.size() - 2];
-    const auto framings = astdump::framings();
-    const astdump::FramingKind *const framing = choice < framings.size() ? &framings[choice] : nullptr;
+    const auto framings = recording::framings();
+    const recording::FramingKind *const framing = choice < framings.size() ? &framings[choice] : nullptr;
     const File file(octets);
     const Outcome serial = read(file.path(), {framing, 1, kAll});
     require(serial == read(file.path(), {framing, 1, chunk_octets}),

@@ -7,20 +7,21 @@
 #include <limits>
 #include <unistd.h>
 
-#include "csv.hpp"
-#include "json_lines.hpp"
-#include "listing.hpp"
-#include "options.hpp"
-#include "page.hpp"
-#include "record_list.hpp"
-#include "run.hpp"
-#include "stats.hpp"
-#include "top.hpp"
-#include "write_file.hpp"
+#include "page/page.hpp"
+#include "run/options.hpp"
+#include "run/run.hpp"
+#include "run/signals.hpp"
+#include "show/csv.hpp"
+#include "show/json_lines.hpp"
+#include "show/listing.hpp"
+#include "show/record_list.hpp"
+#include "show/stats.hpp"
+#include "show/top.hpp"
+#include "show/write_file.hpp"
+
+namespace ast::recording::astdump {
 
 namespace {
-
-using namespace astdump;
 
 bool use_color(const Options &options, std::FILE *file) {
     return options.color == "always" || (options.color == "auto" && takes_color(file));
@@ -30,11 +31,12 @@ JsonForm json_form(const Options &options) {
     return {.texts = options.texts, .name_files = options.files.size() > 1, .remainders = options.where.empty()};
 }
 
-std::unique_ptr<Top> make_top(const Options &options, Output &out, const DamageLog &damage, Waiting &waiting) {
+std::unique_ptr<Top> make_top(const Options &options, Output &out, const DamageLog &damage,
+                              Interruption &interruption) {
     const Top::Form form{
         .color = use_color(options, stdout), .is_drawn = has_cursor(stdout), .is_live = options.follow};
     auto top = std::make_unique<Top>(out, form, damage);
-    waiting.meanwhile([&top = *top] { top.refresh(); });
+    interruption.meanwhile([&top = *top] { top.refresh(); });
     return top;
 }
 
@@ -46,11 +48,11 @@ RecordList::Form list_form(const Options &options) {
             .name_files = options.files.size() > 1 && !options.merge};
 }
 
-Sinks make_sinks(const Options &options, Output &out, const DamageLog &damage, Waiting &waiting) {
+Sinks make_sinks(const Options &options, Output &out, const DamageLog &damage, Interruption &interruption) {
     Sinks sinks;
     const bool color = use_color(options, stdout);
     if (options.top)
-        sinks.push_back(make_top(options, out, damage, waiting));
+        sinks.push_back(make_top(options, out, damage, interruption));
     else if (options.stats)
         sinks.push_back(std::make_unique<Stats>(out, color));
     else if (options.json)
@@ -85,25 +87,29 @@ int check_output(int error, int status) {
 }
 
 int run(const Options &options) {
-    Waiting waiting;
+    Interruption interruption;
+    const Signals signals(interruption);
     Output out(STDOUT_FILENO);
     DamageLog damage(use_color(options, stderr), options.verbose);
-    Run run(options, make_sinks(options, out, damage, waiting), out, damage, Progress(wants_progress(options)),
-            &waiting);
+    Run run(options, make_sinks(options, out, damage, interruption), out, damage, Progress(wants_progress(options)),
+            &interruption);
     const int status = run.files();
-    if (waiting.ended() && !options.follow) waiting.pass_on();
+    if (interruption.ended() && !options.follow) signals.pass_on();
     return check_output(out.error(), status);
 }
 
 } // namespace
 
+} // namespace ast::recording::astdump
+
 int main(int argc, char **argv) try {
+    using namespace ast::recording::astdump;
     // Writing to a pipe that nobody reads any more then fails instead of ending the process.
     std::signal(SIGPIPE, SIG_IGN);
     const CommandLine command_line = read_command_line(argc, argv);
     if (command_line.options) return run(*command_line.options);
     return check_output(std::fflush(stdout) == 0 ? 0 : errno, command_line.status);
 } catch (const std::exception &error) {
-    tell(error.what());
-    return kExitUnusable;
+    ast::recording::astdump::tell(error.what());
+    return ast::recording::astdump::kExitUnusable;
 }

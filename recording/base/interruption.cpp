@@ -1,0 +1,84 @@
+#include "base/interruption.hpp"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdint>
+#include <sys/eventfd.h>
+#include <system_error>
+#include <unistd.h>
+#include <vector>
+
+namespace ast::recording {
+
+namespace {
+
+constexpr int kGrowthInterval_ms = 100;
+constexpr int kMeanwhileInterval_ms = 200;
+constexpr int kNoLimit = -1;
+constexpr int kNoDescriptor = -1; // which poll passes over
+
+} // namespace
+
+Interruption::Interruption() : event_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
+    if (event_ < 0) throw std::system_error(errno, std::generic_category());
+}
+
+Interruption::~Interruption() { close(event_); }
+
+void Interruption::interrupt() noexcept {
+    const int error = errno;
+    ended_ = true;
+    constexpr uint64_t kOnce = 1;
+    [[maybe_unused]] const ssize_t written = write(event_, &kOnce, sizeof kOnce);
+    errno = error;
+}
+
+// Whether one of the descriptors is ready, waiting for that up to a limit, or for a while at least. The first of them
+// is that of the end.
+bool Interruption::is_ready(std::span<pollfd> files, int limit_ms) {
+    files.front() = {.fd = event_, .events = POLLIN, .revents = 0};
+    const bool is_endless = limit_ms == kNoLimit;
+    if (poll(files.data(), files.size(), meanwhile_ && is_endless ? kMeanwhileInterval_ms : limit_ms) < 0) return false;
+    if (meanwhile_ && limit_ms != 0) meanwhile_();
+    return std::ranges::any_of(files.subspan(1), [](const pollfd &file) { return file.revents != 0; });
+}
+
+bool Interruption::is_ready(int descriptor, short event, int limit_ms) {
+    pollfd files[] = {{}, {.fd = descriptor, .events = event, .revents = 0}};
+    return is_ready(files, limit_ms);
+}
+
+bool Interruption::for_input(int descriptor) {
+    if (is_ready(descriptor, POLLIN, 0)) return !ended();
+    while (!ended() && !is_ready(descriptor, POLLIN, kNoLimit)) {
+    }
+    return !ended();
+}
+
+bool Interruption::for_output(int descriptor) {
+    while (!ended() && !is_ready(descriptor, POLLOUT, kNoLimit)) {
+    }
+    return !ended();
+}
+
+std::optional<size_t> Interruption::for_any_input(std::span<const int> descriptors, size_t first) {
+    std::vector<pollfd> files(1);
+    for (const int descriptor : descriptors) files.push_back({.fd = descriptor, .events = POLLIN, .revents = 0});
+    while (!ended()) {
+        if (!is_ready(files, kNoLimit)) continue;
+        for (size_t i = 0; i < descriptors.size() && !ended(); ++i) {
+            const size_t place = (first + i) % descriptors.size();
+            if (files[place + 1].revents != 0) return place;
+        }
+    }
+    return std::nullopt;
+}
+
+bool Interruption::has_input(int descriptor, int limit_ms) { return is_ready(descriptor, POLLIN, limit_ms); }
+
+bool Interruption::for_growth() {
+    is_ready(kNoDescriptor, POLLIN, kGrowthInterval_ms);
+    return !ended();
+}
+
+} // namespace ast::recording

@@ -1,0 +1,48 @@
+// Waiting for what has yet to arrive, until someone ends that.
+#pragma once
+
+#include <atomic>
+#include <functional>
+#include <optional>
+#include <poll.h>
+#include <span>
+
+namespace ast::recording {
+
+class Interruption {
+public:
+    Interruption();
+    ~Interruption();
+    Interruption(const Interruption &) = delete;
+    Interruption &operator=(const Interruption &) = delete;
+
+    // Ends all waiting, from now on. From any thread, and from a signal handler.
+    void interrupt() noexcept;
+    bool ended() const { return ended_.load(std::memory_order_relaxed); }
+
+    // Each waits, and returns false when the waiting has been ended: until a descriptor can be read or written, and for
+    // a moment, in which a file may grow.
+    bool for_input(int descriptor);
+    bool for_output(int descriptor);
+    bool for_growth();
+
+    // The place of a descriptor that can be read, the one at `first` before others; nothing when the waiting has been
+    // ended.
+    std::optional<size_t> for_any_input(std::span<const int> descriptors, size_t first);
+
+    // Whether a descriptor can be read within a time. At once, when the waiting has been ended.
+    bool has_input(int descriptor, int limit_ms);
+
+    // Has something done now and then while it waits.
+    void meanwhile(std::function<void()> what) { meanwhile_ = std::move(what); }
+
+private:
+    bool is_ready(std::span<pollfd> files, int limit_ms);
+    bool is_ready(int descriptor, short event, int limit_ms);
+
+    int event_;                       // can be read as soon as the waiting has been ended
+    std::function<void()> meanwhile_; // empty for nothing
+    std::atomic<bool> ended_ = false;
+};
+
+} // namespace ast::recording

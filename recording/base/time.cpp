@@ -1,0 +1,107 @@
+#include "base/time.hpp"
+
+#include <algorithm>
+#include <chrono>
+#include <ctime>
+#include <string>
+
+#include "base/numbers.hpp"
+
+namespace ast::recording {
+
+namespace {
+
+constexpr size_t kDateCharacters = 10;
+
+// A number of so many digits at a place, if that is what stands there.
+std::optional<int> digits_at(std::string_view text, size_t place, size_t digits) {
+    if (text.size() < place + digits) return std::nullopt;
+    return read_number<uint16_t>(text.substr(place, digits));
+}
+
+// "2014-02-25"
+std::optional<int64_t> read_day(std::string_view text) {
+    using namespace std::chrono;
+    const auto y = digits_at(text, 0, 4), m = digits_at(text, 5, 2), d = digits_at(text, 8, 2);
+    if (!y || !m || !d || text[4] != '-' || text[7] != '-') return std::nullopt;
+    const year_month_day date(year(*y), month(static_cast<unsigned>(*m)), day(static_cast<unsigned>(*d)));
+    if (!date.ok()) return std::nullopt;
+    return sys_days(date).time_since_epoch().count();
+}
+
+// ".401501" of a second, or nothing at all.
+std::optional<uint32_t> read_fraction(std::string_view text) {
+    constexpr size_t kMostDigits = 9;
+    if (text.empty()) return 0;
+    const std::string_view digits = text.substr(1);
+    if (text[0] != '.' || digits.empty() || digits.size() > kMostDigits) return std::nullopt;
+    auto number = read_number<uint32_t>(digits);
+    for (size_t i = digits.size(); number && i < kMostDigits; ++i) *number *= 10;
+    return number;
+}
+
+// "12:43" or "12:43:47.401501"
+std::optional<Time> read_time_of_day(std::string_view text) {
+    constexpr size_t kMinuteEnd = 5, kSecondEnd = 8;
+    const auto hour = digits_at(text, 0, 2), minute = digits_at(text, 3, 2);
+    if (!hour || !minute || text[2] != ':') return std::nullopt;
+    const bool has_seconds = text.size() > kMinuteEnd;
+    const auto second = has_seconds ? digits_at(text, kMinuteEnd + 1, 2) : std::optional(0);
+    if (!second || (has_seconds && text[kMinuteEnd] != ':')) return std::nullopt;
+    const auto nanoseconds = read_fraction(text.substr(std::min(kSecondEnd, text.size())));
+    if (!nanoseconds || *hour > 23 || *minute > 59 || *second > 60) return std::nullopt;
+    return Time{(int64_t{*hour} * 60 + *minute) * 60 + *second, *nanoseconds};
+}
+
+} // namespace
+
+std::optional<Moment> read_moment(std::string_view text) {
+    if (text.ends_with('Z')) text.remove_suffix(1);
+    Moment moment{};
+    if (text.size() > kDateCharacters && (text[kDateCharacters] == 'T' || text[kDateCharacters] == ' ')) {
+        moment.day = read_day(text);
+        if (!moment.day) return std::nullopt;
+        text.remove_prefix(kDateCharacters + 1);
+    }
+    const auto time = read_time_of_day(text);
+    if (!time) return std::nullopt;
+    moment.time = *time;
+    return moment;
+}
+
+std::optional<Time> read_time(std::string_view text) {
+    constexpr size_t kFewestCharacters = 20;
+    if (text.size() < kFewestCharacters || text[kDateCharacters] != 'T' || !text.ends_with('Z')) return std::nullopt;
+    const auto moment = read_moment(text);
+    if (!moment || !moment->day) return std::nullopt;
+    return Time{*moment->day * kSecondsPerDay + moment->time.seconds, moment->time.nanoseconds};
+}
+
+Time now() {
+    using namespace std::chrono;
+    const auto since_1970 = system_clock::now().time_since_epoch();
+    const auto whole = duration_cast<seconds>(since_1970);
+    return {whole.count(), static_cast<uint32_t>(duration_cast<nanoseconds>(since_1970 - whole).count())};
+}
+
+void put_time(TextBuffer &out, const Time &time) {
+    const std::time_t seconds = time.seconds;
+    // Datagrams come in their order: most share their second with the one before.
+    thread_local std::time_t last_seconds = -1;
+    thread_local std::string last;
+    if (seconds != last_seconds) {
+        std::tm utc{};
+        gmtime_r(&seconds, &utc);
+        char text[32];
+        last.assign(text, std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &utc));
+        last_seconds = seconds;
+    }
+    out.put(last);
+    out.put('.');
+    if (time.nanoseconds % 1000 == 0)
+        out.number(time.nanoseconds / 1000, 6, '0');
+    else
+        out.number(time.nanoseconds, 9, '0');
+}
+
+} // namespace ast::recording

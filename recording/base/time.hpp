@@ -1,0 +1,43 @@
+// Times, by the clock of whoever recorded them, and as users and files write them.
+#pragma once
+
+#include <compare>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+#include "base/text_buffer.hpp"
+
+namespace ast::recording {
+
+struct Time {
+    int64_t seconds; // since 1970-01-01 00:00 UTC
+    uint32_t nanoseconds;
+
+    auto operator<=>(const Time &other) const = default;
+};
+
+// By the clock of this host.
+Time now();
+
+constexpr int64_t kSecondsPerDay = 86400;
+
+// Recorders that give times of day but no date begin at 1970-01-01 here, and go on from there.
+constexpr bool has_date(const Time &time) { return time.seconds >= 365 * kSecondsPerDay; }
+
+struct Moment {
+    std::optional<int64_t> day; // since 1970-01-01; nothing for a time of any day
+    Time time;                  // since midnight
+};
+
+// "2014-02-25T12:43:47.401501Z", with a blank in place of the T, without the Z, the fraction and the seconds, and
+// without the date; in UTC.
+std::optional<Moment> read_moment(std::string_view text);
+
+// The same with date, T, seconds and Z: the form that JSON has.
+std::optional<Time> read_time(std::string_view text);
+
+// "2024-05-06 07:08:09.000012", in UTC.
+void put_time(TextBuffer &out, const Time &time);
+
+} // namespace ast::recording

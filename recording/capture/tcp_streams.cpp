@@ -1,0 +1,162 @@
+#include "capture/tcp_streams.hpp"
+
+#include <algorithm>
+#include <utility>
+
+namespace ast::recording {
+
+namespace {
+
+// Of all connections together, with what it takes to know them.
+constexpr size_t kMostHeldOctets = size_t{32} * 1024 * 1024;
+constexpr size_t kStreamOctets = 512;
+constexpr size_t kSegmentOctets = 64;
+
+// A segment that is missing is waited for until so much stands behind it, or for so long.
+constexpr size_t kMostUnorderedOctets = size_t{1} * 1024 * 1024;
+constexpr int64_t kPatience_s = 10;
+
+// No window is so large: a segment further away shows that most of a stream is missing, or that another one has begun.
+constexpr int32_t kFarthestOctets = 1 << 26;
+
+// A SYN counts as an octet.
+uint32_t first_sequence(const TcpHeader &header) { return header.sequence + (header.syn ? 1 : 0); }
+
+// From one sequence number to another; they start again behind the last one.
+int32_t distance(uint32_t from, uint32_t to) { return static_cast<int32_t>(to - from); }
+
+void put_endpoint_key(const Endpoint &endpoint, uint8_t *key) {
+    std::ranges::copy(endpoint.address.octets, key);
+    key[16] = static_cast<uint8_t>(endpoint.port >> 8);
+    key[17] = static_cast<uint8_t>(endpoint.port);
+}
+
+} // namespace
+
+TcpStreams::Stream::Stream(const Datagram &first_stamp, uint32_t sequence, bool is_from_start)
+    : stamp(first_stamp), first(sequence), order(sequence), blocks(is_from_start) {}
+
+size_t TcpStreams::Stream::octets() const {
+    return kStreamOctets + order.total_buffered_bytes() + order.buffered_payload().size() * kSegmentOctets +
+           blocks.held_octets();
+}
+
+void TcpStreams::Stream::deliver(Chunk &chunk) {
+    blocks.add(order.payload(), stamp, chunk);
+    order.payload() = {};
+}
+
+void TcpStreams::Stream::skip_to(uint32_t sequence, Chunk &chunk) {
+    blocks.skip(sequence - order.sequence_number(), stamp, chunk);
+    order.advance_sequence(sequence);
+}
+
+// To the next segment that is there, which is kept apart: the one at its end is not what libtins keeps.
+void TcpStreams::Stream::skip_gap(Chunk &chunk) {
+    auto &waiting = order.buffered_payload();
+    const uint32_t here = order.sequence_number();
+    const auto nearest =
+        std::ranges::min_element(waiting, {}, [here](const auto &segment) { return distance(here, segment.first); });
+    const uint32_t next = nearest->first;
+    auto octets = nearest->second;
+    skip_to(next, chunk);
+    order.process_payload(next, std::move(octets));
+    deliver(chunk);
+}
+
+void TcpStreams::Stream::take(const TcpHeader &header, Octets octets, Chunk &chunk) {
+    if (has_ended || blocks.is_other()) return;
+    const uint32_t begin = first_sequence(header);
+    const uint32_t before = order.sequence_number();
+    const bool was_in_order = order.buffered_payload().empty();
+    if (distance(before, begin) > kFarthestOctets) {
+        while (!order.buffered_payload().empty()) skip_gap(chunk);
+        skip_to(begin, chunk);
+    }
+    if (!octets.empty()) order.process_payload(begin, {octets.begin(), octets.end()});
+    deliver(chunk);
+    const uint32_t behind = begin + static_cast<uint32_t>(header.length);
+    const uint32_t captured = begin + static_cast<uint32_t>(octets.size());
+    if (captured != behind && order.sequence_number() == captured) skip_to(behind, chunk);
+    if (was_in_order || order.sequence_number() != before) gap_since = *stamp.time;
+    while (has_waited_enough()) skip_gap(chunk);
+    if (header.fin) fin = behind;
+    if (fin == order.sequence_number()) end(false, chunk);
+}
+
+bool TcpStreams::Stream::has_waited_enough() const {
+    const size_t waiting = order.buffered_payload().size();
+    return waiting != 0 && (order.total_buffered_bytes() + waiting * kSegmentOctets > kMostUnorderedOctets ||
+                            stamp.time->seconds - gap_since.seconds > kPatience_s);
+}
+
+void TcpStreams::Stream::end(bool is_cut, Chunk &chunk) {
+    if (has_ended) return;
+    has_ended = true;
+    while (!order.buffered_payload().empty()) skip_gap(chunk);
+    blocks.end(is_cut, stamp, chunk);
+}
+
+TcpStreams::Key TcpStreams::key_of(const Endpoints &endpoints) {
+    Key key{};
+    put_endpoint_key(endpoints.source, key.data());
+    put_endpoint_key(endpoints.destination, key.data() + key.size() / 2);
+    return key;
+}
+
+void TcpStreams::close(Streams::iterator place, bool is_cut, Chunk &chunk) {
+    place->end(is_cut, chunk);
+    if (place->blocks.is_other()) chunk.reports().foreign_stream(*place->stamp.endpoints);
+    held_octets_ -= place->held_octets;
+    places_.erase(key_of(*place->stamp.endpoints));
+    streams_.erase(place);
+}
+
+// Null for a segment that begins nothing.
+TcpStreams::Stream *TcpStreams::find_or_open(const Transported &segment, const Datagram &stamp, Chunk &chunk) {
+    const TcpHeader &header = *segment.tcp;
+    const uint32_t begin = first_sequence(header);
+    const Key key = key_of(*segment.endpoints);
+    if (const auto found = places_.find(key); found != places_.end()) {
+        Stream &stream = *found->second;
+        const bool is_far_back = distance(stream.order.sequence_number(), begin) < -kFarthestOctets;
+        if (!is_far_back && (!header.syn || stream.first == begin)) {
+            streams_.splice(streams_.end(), streams_, found->second);
+            stream.stamp = stamp;
+            return &stream;
+        }
+        close(found->second, false, chunk);
+    }
+    if (segment.payload.empty() && !header.syn) return nullptr;
+    places_.emplace(key, streams_.emplace(streams_.end(), stamp, begin, header.syn));
+    return &streams_.back();
+}
+
+// Neither side sends any more.
+void TcpStreams::end_by_reset(const Endpoints &endpoints, Chunk &chunk) {
+    for (const Endpoints &route : {endpoints, Endpoints{endpoints.destination, endpoints.source}})
+        if (const auto found = places_.find(key_of(route)); found != places_.end()) found->second->end(false, chunk);
+}
+
+void TcpStreams::make_room(Chunk &chunk) {
+    while (held_octets_ > kMostHeldOctets && streams_.size() > 1) close(streams_.begin(), false, chunk);
+}
+
+void TcpStreams::add(const Transported &segment, uint64_t packet, const Time &time, Chunk &chunk) {
+    Datagram stamp{.octets = segment.payload, .packet = packet, .time = time, .endpoints = segment.endpoints};
+    if (!chunk.is_wanted(stamp)) return;
+    stamp.octets = {};
+    if (segment.tcp->rst) return end_by_reset(*segment.endpoints, chunk);
+    Stream *const stream = find_or_open(segment, stamp, chunk);
+    if (!stream) return;
+    stream->take(*segment.tcp, segment.payload, chunk);
+    held_octets_ += stream->octets() - stream->held_octets;
+    stream->held_octets = stream->octets();
+    make_room(chunk);
+}
+
+void TcpStreams::end(Chunk &chunk) {
+    while (!streams_.empty()) close(streams_.begin(), true, chunk);
+}
+
+} // namespace ast::recording

@@ -1,0 +1,29 @@
+// What every source yields: octets that hold blocks back to back, and where they come from.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "base/endpoint.hpp"
+#include "base/octets.hpp"
+#include "base/printable.hpp"
+#include "base/time.hpp"
+
+namespace ast::recording {
+
+struct Datagram {
+    Octets octets;                  // good as long as the chunk that it lies in
+    std::optional<uint64_t> blocks; // whole ones at their start, where they have been counted
+    uint64_t packet = 0;            // number in its capture, counted from 1; 0 where there are no packets
+    uint64_t offset = 0;            // of the first octet in its file, where there are no packets
+    std::optional<uint64_t> unread; // octets of the file, from the first of these on, when no block can follow them
+    std::optional<Time> time;
+    std::optional<Endpoints> endpoints;
+    bool is_told = false;              // it holds no blocks, which is reported elsewhere
+    bool is_text = false;              // which is no block, whatever its first characters are
+    const std::string *file = nullptr; // where several are merged, its name
+
+    bool may_hold_blocks() const { return !is_told && !is_text; }
+};
+
+} // namespace ast::recording

@@ -1,0 +1,29 @@
+// What datagrams come from.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+#include "datagram/chunk.hpp"
+
+namespace ast::recording {
+
+// An input of a kind that cannot be read; what() says why.
+class UnreadableInput : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+class DatagramSource {
+public:
+    virtual ~DatagramSource() = default;
+
+    // Fills an empty chunk with what comes next, without waiting for more once there is something in it; false at the
+    // end. What cannot be read is told to the reports of the chunk; reading goes on behind it where it can.
+    virtual bool fill(Chunk &chunk) = 0;
+
+    // What there is none of where it has yielded nothing.
+    virtual std::string nothing() const { return "blocks"; }
+};
+
+} // namespace ast::recording

@@ -1,0 +1,98 @@
+#include "source/framed_file.hpp"
+
+#include <algorithm>
+
+#include "base/time.hpp"
+#include "framing/block_header.hpp"
+
+namespace ast::recording {
+
+namespace {
+
+constexpr size_t kMostFrameOctets = 2 * (kMaxBlockOctets + 1);
+constexpr uint32_t kCentisecondsPerSecond = 100;
+constexpr uint32_t kNanosecondsPerCentisecond = 10'000'000;
+
+} // namespace
+
+// What follows may still have a say in it only as long as that is not too much to wait for.
+Framed FramedFile::frame_at(Octets rest) {
+    const Framed framed = kind_.find(rest, storage_);
+    if (framed.octets > kMostFrameOctets) return {};
+    const bool is_open = framed.state == Framed::State::incomplete || framed.may_go_on;
+    if (!is_open || is_read_) return framed;
+    return rest.size() < kMostFrameOctets ? incomplete_frame() : Framed{};
+}
+
+bool FramedFile::read(Chunk &chunk) {
+    if (!is_read_ && window_.read(chunk)) return true;
+    is_read_ = true;
+    return false;
+}
+
+// A time that falls back by more than half a day is one of the next day.
+Time FramedFile::time_of(uint32_t centiseconds) {
+    constexpr uint32_t kHalfDay = 12 * 60 * 60 * kCentisecondsPerSecond;
+    if (centiseconds + kHalfDay < last_centiseconds_) ++days_;
+    last_centiseconds_ = centiseconds;
+    return {days_ * kSecondsPerDay + centiseconds / kCentisecondsPerSecond,
+            centiseconds % kCentisecondsPerSecond * kNanosecondsPerCentisecond};
+}
+
+void FramedFile::add(Chunk &chunk, const Framed &framed) {
+    if (framed.blocks.empty()) return;
+    const bool is_unpacked =
+        framed.blocks.data() >= storage_.data() && framed.blocks.data() < storage_.data() + storage_.size();
+    Datagram datagram{.octets = is_unpacked ? chunk.keep_apart(framed.blocks) : framed.blocks,
+                      .offset = offset_ + place_};
+    if (!is_unpacked) datagram.offset = offset_ + static_cast<uint64_t>(framed.blocks.data() - chunk.octets().data());
+    if (const auto time = framed.centiseconds) datagram.time = time_of(*time);
+    chunk.add(datagram);
+}
+
+void FramedFile::end_gap(Chunk &chunk) {
+    if (gap_) chunk.reports().skipped(*gap_, offset_ + place_ - *gap_, kind_.name);
+    gap_.reset();
+}
+
+// False when the octets at hand do not tell what stands at the place.
+bool FramedFile::step(Chunk &chunk) {
+    const Octets rest = chunk.octets().subspan(place_);
+    if (rest.empty()) return false;
+    const Framed framed = frame_at(rest);
+    if (framed.state == Framed::State::incomplete && !is_read_) return false;
+    if (framed.state == Framed::State::frame) {
+        if (!framed.blocks.empty()) end_gap(chunk);
+        add(chunk, framed);
+        place_ += framed.octets;
+    } else if (is_read_ && is_idle(kind_, rest)) {
+        end_gap(chunk);
+        place_ = chunk.octets().size();
+    } else {
+        if (!gap_) gap_ = offset_ + place_;
+        place_ += std::clamp<size_t>(framed.octets, 1, rest.size());
+    }
+    return true;
+}
+
+bool FramedFile::fill(Chunk &chunk) {
+    window_.open(chunk);
+    place_ = 0;
+    if (offset_ == 0) {
+        while (chunk.octets().size() <= kind_.lead_octets && read(chunk)) continue;
+        place_ = std::min<size_t>(kind_.lead_octets, chunk.octets().size());
+    }
+    while (step(chunk)) continue;
+    // What is left over goes to the next chunk, where it has more room.
+    while (place_ == 0 && !is_read_) {
+        read(chunk);
+        while (step(chunk)) continue;
+    }
+    // What was about to be written when the user had seen enough is no damage.
+    if (is_read_ && !stream_.cut_off()) end_gap(chunk);
+    window_.leave(chunk, place_);
+    offset_ += place_;
+    return !is_read_ || !chunk.datagrams().empty() || !chunk.reports().empty();
+}
+
+} // namespace ast::recording

@@ -1,0 +1,37 @@
+// Files whose blocks a recorder has wrapped.
+#pragma once
+
+#include "datagram/window.hpp"
+#include "framing/framing.hpp"
+#include "source/input.hpp"
+
+namespace ast::recording {
+
+class FramedFile : public DatagramSource {
+public:
+    FramedFile(OctetStream &stream, const FramingKind &kind) : stream_(stream), kind_(kind), window_(stream) {}
+
+    // The blocks of each frame as a datagram.
+    bool fill(Chunk &chunk) override;
+
+private:
+    Framed frame_at(Octets rest);
+    bool read(Chunk &chunk);
+    bool step(Chunk &chunk);
+    Time time_of(uint32_t centiseconds);
+    void add(Chunk &chunk, const Framed &framed);
+    void end_gap(Chunk &chunk);
+
+    OctetStream &stream_;
+    const FramingKind &kind_;
+    Window window_;
+    std::vector<uint8_t> storage_;
+    uint64_t offset_ = 0; // of the next chunk in the file
+    size_t place_ = 0;    // in the chunk
+    bool is_read_ = false;
+    std::optional<uint64_t> gap_; // where octets began that are no frame
+    uint32_t last_centiseconds_ = 0;
+    int64_t days_ = 0; // since the first frame
+};
+
+} // namespace ast::recording

@@ -1,0 +1,157 @@
+#include "source/input.hpp"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "capture/capture.hpp"
+#include "framing/block_header.hpp"
+#include "source/framed_file.hpp"
+#include "source/json_file.hpp"
+#include "source/raw_file.hpp"
+#include "source/tcp_source.hpp"
+#include "source/udp_source.hpp"
+
+namespace ast::recording {
+
+namespace {
+
+using Magic = std::array<uint8_t, 4>;
+
+// pcap in either byte order: microseconds, nanoseconds, and with extended packet headers.
+constexpr Magic kPcapMagics[] = {
+    {0xA1, 0xB2, 0xC3, 0xD4}, {0xD4, 0xC3, 0xB2, 0xA1}, {0xA1, 0xB2, 0x3C, 0x4D},
+    {0x4D, 0x3C, 0xB2, 0xA1}, {0xA1, 0xB2, 0xCD, 0x34}, {0x34, 0xCD, 0xB2, 0xA1},
+};
+
+// pcapng: the type of the section header block, and after its length the byte-order magic. The type alone could be
+// a category 010 block of 3341 octets.
+constexpr Magic kSectionHeader = {0x0A, 0x0D, 0x0D, 0x0A};
+constexpr Magic kByteOrders[] = {{0x1A, 0x2B, 0x3C, 0x4D}, {0x4D, 0x3C, 0x2B, 0x1A}};
+constexpr size_t kByteOrderOffset = 8;
+
+bool has_magic(Octets head, size_t offset, const Magic &magic) {
+    return head.size() >= offset + magic.size() && std::ranges::equal(head.subspan(offset, magic.size()), magic);
+}
+
+bool is_capture(Octets head) {
+    const auto one_of = [&](size_t offset, const auto &magics) {
+        return std::ranges::any_of(magics, [&](const Magic &magic) { return has_magic(head, offset, magic); });
+    };
+    return one_of(0, kPcapMagics) || (has_magic(head, 0, kSectionHeader) && one_of(kByteOrderOffset, kByteOrders));
+}
+
+// How much of a file is looked at to tell its framing.
+constexpr size_t kHeadOctets = size_t{64} * 1024;
+
+const FramingKind *framing_of_recording(OctetStream &stream) {
+    const Octets head = stream.peek(kHeadOctets + 1);
+    return recognise_framing(head.first(std::min(head.size(), kHeadOctets)), head.size() <= kHeadOctets);
+}
+
+// Of a pipe or a file that grows, so much is looked at as it takes to find a frame; what stands there after a moment of
+// silence, and may not be the beginning of one, is left to the reader of raw blocks.
+const FramingKind *framing_of_live(OctetStream &stream) {
+    constexpr int kMoment_ms = 300;
+    for (bool is_end = false;;) {
+        while (stream.peeked().size() < kHeadOctets && stream.peek_on(kHeadOctets, 0) == OctetStream::Peek::more)
+            continue;
+        const Octets head = stream.peeked();
+        const FramingKind *const framing = recognise_framing(head.first(std::min(head.size(), kHeadOctets)), is_end);
+        if (framing || is_end || head.size() >= kHeadOctets || stream.cut_off()) return framing;
+        const OctetStream::Peek came = stream.peek_on(kHeadOctets, kMoment_ms);
+        const Framing first = frame_block(head).framing;
+        const bool is_block = first == Framing::block || first == Framing::short_length;
+        if (came == OctetStream::Peek::quiet && is_block) return nullptr;
+        is_end = came == OctetStream::Peek::end;
+    }
+}
+
+// Tells captures by their magic numbers, and looks no further than these need. Sets the name of what it has found.
+std::unique_ptr<DatagramSource> open_source(OctetStream &stream, const FramingKind *framing, std::string &name) {
+    if (!framing) {
+        Octets head = stream.peek(sizeof(Magic));
+        if (has_magic(head, 0, kSectionHeader)) head = stream.peek(kByteOrderOffset + sizeof(Magic));
+        if (is_capture(head)) {
+            name = has_magic(head, 0, kSectionHeader) ? "pcapng" : "pcap";
+            return std::make_unique<Capture>(stream);
+        }
+        framing = begins_json(stream)   ? find_framing("json")
+                  : stream.is_at_rest() ? framing_of_recording(stream)
+                                        : framing_of_live(stream);
+    }
+    if (!framing) framing = find_framing("raw");
+    name = framing->name;
+    if (name == "raw") return std::make_unique<RawFile>(stream);
+    if (name == "json") return std::make_unique<JsonFile>(stream);
+    return std::make_unique<FramedFile>(stream, *framing);
+}
+
+} // namespace
+
+Input::Input(const Origin &origin, const ReadOptions &options, Interruption *interruption, const Announce &announce)
+    : filter_(options.datagrams) {
+    const std::vector<LiveUrl> urls = origin.octets ? std::vector<LiveUrl>() : read_live_urls(origin.path);
+    if (origin.octets) {
+        stream_ = std::make_unique<OctetStream>(*origin.octets, interruption);
+        open(options.framing);
+    } else if (urls.empty()) {
+        stream_ = std::make_unique<OctetStream>(origin.path, interruption, options.follow);
+        open(options.framing);
+    } else if (urls.front().is_tcp) {
+        connect(urls.front(), *interruption, options.framing, announce);
+    } else {
+        framing_ = "udp";
+        source_ = std::make_unique<UdpSource>(urls, options.interface, *interruption, announce);
+    }
+}
+
+void Input::open(const FramingKind *framing) {
+    stream_->take_off_compression();
+    source_ = open_source(*stream_, framing, framing_);
+    if (!stream_->compression().empty()) framing_.append(", ").append(stream_->compression());
+}
+
+Input::Input(std::unique_ptr<DatagramSource> source, const DatagramChoice &choice)
+    : source_(std::move(source)), filter_(choice) {}
+
+void Input::connect(const LiveUrl &url, Interruption &interruption, const FramingKind *framing,
+                    const Announce &announce) {
+    const auto connection = connect_tcp(url, interruption, announce);
+    is_read_ = !connection;
+    if (!connection) return;
+    stream_ = std::make_unique<OctetStream>(connection->descriptor, &interruption);
+    open(framing);
+    framing_.append(", tcp");
+    source_ = std::make_unique<TcpSource>(std::move(source_), *stream_, connection->endpoints);
+}
+
+// What is to be said behind the last datagram; false when that is nothing.
+bool Input::tell_end(Chunk &chunk) {
+    Reports &reports = chunk.reports();
+    if (!filter_.complaint().empty()) reports.note(filter_.complaint());
+    if (!stream_) return !reports.empty();
+    if (!stream_->damage().empty())
+        reports.unfinished(stream_->damage());
+    else if (!has_any_ && !stream_->cut_off())
+        reports.note("holds no " + (stream_->consumed() == 0 ? "octets" : source_->nothing()));
+    return !reports.empty();
+}
+
+bool Input::fill(Chunk &chunk) {
+    chunk.clear();
+    if (!filter_.is_idle()) chunk.set_filter(&filter_);
+    bool filled = !is_read_ && source_->fill(chunk);
+    has_any_ = has_any_ || chunk.has_met_any() || !chunk.reports().empty();
+    chunk.leave_out();
+    if (!filled) filled = !std::exchange(is_read_, true) && tell_end(chunk);
+    chunk.first_number = next_number_;
+    for (const Datagram &datagram : chunk.datagrams())
+        if (datagram.may_hold_blocks())
+            next_number_ += datagram.blocks ? *datagram.blocks : count_blocks(datagram.octets).count;
+    chunk.end_number = next_number_;
+    if (stream_) chunk.consumed = stream_->consumed();
+    return filled;
+}
+
+} // namespace ast::recording

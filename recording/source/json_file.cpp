@@ -1,0 +1,176 @@
+#include "source/json_file.hpp"
+
+#include <algorithm>
+#include <ast.h>
+
+#include "base/printable.hpp"
+
+namespace ast::recording {
+
+namespace {
+
+constexpr std::string_view kBlanks = " \t\r\n";
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF"; // which some editors put in front of UTF-8
+
+// Of one object: what the JSON of a record as long as a block may take.
+constexpr size_t kMostCharacters = size_t{32} * 1024 * 1024;
+
+// Follows the braces of an object from line to line. No string goes on behind its line.
+class Nesting {
+public:
+    void follow(std::string_view line) {
+        bool in_string = false;
+        for (size_t i = 0; i < line.size(); ++i) {
+            const char c = line[i];
+            if (c == '"') in_string = !in_string;
+            if (in_string && c == '\\') ++i;
+            if (in_string) continue;
+            if (c == '{') ++depth_;
+            if (c == '}' && depth_ != 0) --depth_;
+        }
+    }
+    bool is_open() const { return depth_ != 0; }
+
+private:
+    size_t depth_ = 0;
+};
+
+} // namespace
+
+bool begins_json(OctetStream &stream) {
+    constexpr size_t kMostBlanks = 4096;
+    const Octets mark = stream.peek(kByteOrderMark.size());
+    const bool is_marked =
+        std::ranges::equal(mark, kByteOrderMark, {}, {}, [](char c) { return static_cast<uint8_t>(c); });
+    bool in_object = false;
+    for (size_t i = is_marked ? kByteOrderMark.size() : 0; i < kMostBlanks; ++i) {
+        const Octets head = stream.peek(i + 1);
+        if (head.size() <= i) return false;
+        const char c = static_cast<char>(head[i]);
+        if (kBlanks.find(c) != std::string_view::npos) continue;
+        if (in_object) return c == '"' || c == '}';
+        if (c != '{') return false;
+        in_object = true;
+    }
+    return false;
+}
+
+bool JsonFile::fill(Chunk &chunk) {
+    const auto is_empty = [&] { return chunk.datagrams().empty() && chunk.reports().empty(); };
+    const uint64_t begin = offset_;
+    while (!chunk.is_full() && (is_empty() || offset_ - begin < chunk.limit())) {
+        const std::string_view object = next_object();
+        if (object.empty()) {
+            close_block(chunk);
+            break;
+        }
+        const bool is_marked = offset_ == 0 && object.starts_with(kByteOrderMark);
+        take(object.substr(is_marked ? kByteOrderMark.size() : 0), chunk);
+        line_ += static_cast<uint64_t>(std::ranges::count(object, '\n'));
+        offset_ += object.size();
+        begin_ += object.size();
+        if (!is_empty() && !has_line() && !stream_.is_ready()) break;
+    }
+    return !is_empty();
+}
+
+// To the end of the line that closes it, or to a line that begins another: a brace that is missing costs no more than
+// its own object. Empty at the end of the input.
+std::string_view JsonFile::next_object() {
+    Nesting nesting;
+    size_t size = 0;
+    do {
+        const size_t begin = size;
+        size = end_of_line(begin);
+        if (size == begin) break;
+        if (begin != 0 && text_[begin_ + begin] == '{') {
+            size = begin;
+            break;
+        }
+        nesting.follow(std::string_view(text_).substr(begin_ + begin, size - begin));
+    } while (nesting.is_open() && size < kMostCharacters);
+    return std::string_view(text_).substr(begin_, size);
+}
+
+// Behind the line that begins `from` characters behind what has been taken; `from` at the end.
+size_t JsonFile::end_of_line(size_t from) {
+    for (size_t searched = from;;) {
+        const size_t feed = text_.find('\n', begin_ + searched);
+        if (feed != std::string::npos) return feed + 1 - begin_;
+        searched = text_.size() - begin_;
+        if (searched >= kMostCharacters || !read()) return searched;
+    }
+}
+
+bool JsonFile::read() {
+    constexpr size_t kOctetsAtATime = size_t{64} * 1024;
+    text_.erase(0, begin_);
+    begin_ = 0;
+    const size_t had = text_.size();
+    text_.resize(had + kOctetsAtATime);
+    const size_t count = stream_.read(reinterpret_cast<uint8_t *>(text_.data()) + had, kOctetsAtATime);
+    text_.resize(had + count);
+    return count != 0;
+}
+
+void JsonFile::take(std::string_view object, Chunk &chunk) {
+    const bool is_line = object.ends_with('\n');
+    object = object.substr(0, object.find_last_not_of(kBlanks) + 1);
+    if (object.empty()) return;
+    const ast_json_result_t result =
+        ast_datarecord_from_json(record_.data(), record_.size(), object.data(), object.size());
+    // What was about to be written when the user had seen enough is no damage.
+    if (!result.valid && stream_.cut_off() && !is_line) return;
+    if (!result.valid)
+        return report(object, result.position, result.path,
+                      result.error ? result.error : "is more than a block can hold", chunk);
+    const JsonMembers members = read_members(object);
+    if (members.error) return report(object, members.position, members.wrong_path, members.error, chunk);
+    const Octets octets = Octets(record_).first(result.size);
+    if (result.is_data && result.block == 0) {
+        close_block(chunk);
+        Datagram datagram = datagram_of(members, chunk.keep(octets));
+        datagram.is_text = is_text(octets);
+        chunk.add(datagram);
+        return;
+    }
+    const bool goes_on = block_ && result.block != 0 && block_->number == result.block &&
+                         block_->octets[0] == result.category && block_->file == members.file &&
+                         block_->octets.size() + result.size <= kMaxBlockOctets;
+    if (!goes_on) {
+        close_block(chunk);
+        block_.emplace(Block{.number = result.block,
+                             .file = std::string(members.file),
+                             .octets = {static_cast<uint8_t>(result.category), 0, 0},
+                             .datagram = datagram_of(members, {})});
+    }
+    block_->octets.insert(block_->octets.end(), octets.begin(), octets.end());
+    if (result.block == 0) close_block(chunk); // nothing that follows belongs to it
+}
+
+Datagram JsonFile::datagram_of(const JsonMembers &members, Octets octets) const {
+    Datagram datagram{.octets = octets, .offset = offset_, .time = members.time};
+    if (members.source && members.destination) datagram.endpoints = Endpoints{*members.source, *members.destination};
+    return datagram;
+}
+
+void JsonFile::report(std::string_view object, uint64_t position, std::string_view path, const char *error,
+                      Chunk &chunk) {
+    const std::string_view before = object.substr(0, position);
+    const auto lines = static_cast<uint64_t>(std::ranges::count(before, '\n'));
+    const size_t feed = before.rfind('\n');
+    chunk.reports().line(line_ + lines, feed == std::string_view::npos ? before.size() + 1 : before.size() - feed, path,
+                         error);
+}
+
+void JsonFile::close_block(Chunk &chunk) {
+    if (!block_) return;
+    std::vector<uint8_t> &octets = block_->octets;
+    octets[1] = static_cast<uint8_t>(octets.size() >> 8);
+    octets[2] = static_cast<uint8_t>(octets.size());
+    block_->datagram.octets = chunk.keep(octets);
+    chunk.add(block_->datagram);
+    block_.reset();
+}
+
+} // namespace ast::recording

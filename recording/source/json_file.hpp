@@ -1,0 +1,55 @@
+// Records as JSON, as --json writes them and docs/json.md explains them.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "framing/block_header.hpp"
+#include "source/input.hpp"
+#include "source/json_members.hpp"
+
+namespace ast::recording {
+
+// Whether the beginning of an input is that of an object. Takes no more of it than that needs.
+bool begins_json(OctetStream &stream);
+
+class JsonFile : public DatagramSource {
+public:
+    explicit JsonFile(OctetStream &stream) : stream_(stream), record_(kMostOctets) {}
+
+    // A block for the records that share its number, its category and its file and follow each other, and one for each
+    // record without a number; of more octets than a block holds, several. Octets in "data" stand in their block, or,
+    // without a number, by themselves.
+    bool fill(Chunk &chunk) override;
+    std::string nothing() const override { return "records"; }
+
+private:
+    static constexpr uint64_t kMostOctets = kMaxBlockOctets - kBlockHeaderOctets;
+
+    // The block that the next record may belong to.
+    struct Block {
+        uint64_t number = 0;
+        std::string file;
+        std::vector<uint8_t> octets;
+        Datagram datagram;
+    };
+
+    std::string_view next_object();
+    size_t end_of_line(size_t from);
+    bool read();
+    bool has_line() const { return text_.find('\n', begin_) != std::string::npos; }
+    void take(std::string_view object, Chunk &chunk);
+    void report(std::string_view object, uint64_t position, std::string_view path, const char *error, Chunk &chunk);
+    Datagram datagram_of(const JsonMembers &members, Octets octets) const;
+    void close_block(Chunk &chunk);
+
+    OctetStream &stream_;
+    std::string text_; // read but not taken, from `begin_` on
+    size_t begin_ = 0;
+    uint64_t offset_ = 0; // of the next object, in characters of the input
+    uint64_t line_ = 1;   // where it begins
+    std::vector<uint8_t> record_;
+    std::optional<Block> block_;
+};
+
+} // namespace ast::recording

@@ -1,0 +1,26 @@
+// What a line of JSON says of its record beside the items.
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "datagram/datagram.hpp"
+
+namespace ast::recording {
+
+struct JsonMembers {
+    std::string_view file; // as it stands, in quotes
+    std::optional<Time> time;
+    std::optional<Endpoint> source;
+    std::optional<Endpoint> destination;
+
+    // What has no meaning, if anything has none; constant.
+    std::string_view wrong_path;
+    const char *error = nullptr;
+    uint64_t position = 0; // of it, in characters from the first
+};
+
+// Of an object that is well formed.
+JsonMembers read_members(std::string_view object);
+
+} // namespace ast::recording

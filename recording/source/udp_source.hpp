@@ -1,0 +1,46 @@
+// Live datagrams from one or more sockets.
+#pragma once
+
+#include <asio/io_context.hpp>
+#include <asio/ip/udp.hpp>
+#include <sys/socket.h>
+#include <vector>
+
+#include "source/input.hpp"
+#include "source/live_url.hpp"
+
+namespace ast::recording {
+
+class UdpSource : public DatagramSource {
+public:
+    // Listens to addresses of this host and to multicast groups, on one interface or, if that is empty, on those that
+    // the system chooses, and announces that. Throws std::system_error.
+    UdpSource(const std::vector<LiveUrl> &urls, const std::string &interface, Interruption &interruption,
+              const Announce &announce);
+
+    // Waits for a datagram; the end is that of the interruption.
+    bool fill(Chunk &chunk) override;
+
+private:
+    struct Socket {
+        asio::ip::udp::socket socket;
+        asio::ip::udp::endpoint local;
+        uint32_t dropped = 0; // as the system counts
+    };
+
+    void listen(const LiveUrl &url, unsigned interface);
+    void listen(asio::ip::udp::endpoint endpoint, unsigned interface);
+    std::optional<size_t> receive(Socket &socket, Reports &reports);
+    void check(Socket &socket, const msghdr &message, Reports &reports);
+
+    Interruption &interruption_;
+    asio::io_context context_;
+    std::vector<Socket> sockets_;
+    std::vector<int> descriptors_; // of these
+    size_t next_ = 0;              // socket to look at, so that a busy one leaves the others their turn
+    asio::ip::udp::endpoint sender_;
+    std::vector<uint8_t> buffer_;
+    uint64_t packet_ = 0;
+};
+
+} // namespace ast::recording

@@ -1,0 +1,301 @@
+#include "run/options.hpp"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <filesystem>
+#include <iostream>
+#include <sched.h>
+#include <sstream>
+#include <stdexcept>
+#include <string_view>
+#include <thread>
+
+#include "base/numbers.hpp"
+#include "show/terminal.hpp"
+#include "show/write_file.hpp"
+#include "source/live_url.hpp"
+#include "write/block_conversion.hpp"
+
+namespace ast::recording::astdump {
+
+namespace {
+
+constexpr const char *kExamples =
+    R"(Captures may be pcap or pcapng, of Ethernet with or without VLAN tags, Linux cooked, loopback or raw IP, with UDP
+or TCP over IPv4 or IPv6, or LLC frames; any other file holds blocks, one after the other or as a recorder has wrapped
+them, or records as JSON, an object a line. All of them may be compressed by gzip or zstd. The kind is told by content.
+
+Each item is listed with its type, name, size in octets, summary where there is one, and octets in hexadecimal. Lines
+are laid out for the width of the terminal, or for 120 columns elsewhere: long octets go on in their column, and a long
+summary pushes them to the next line.
+
+Profiles: standard, cat001-plot, cat021-0.23, cat021-0.26, cat021-2.1, cat021-2.4, asr10ss, asr10ss-mk2, thales,
+managair, published, published-other. A block for which a profile has nothing of its own is read by the standard one.
+
+--where knows the names of the columns of --list: sacsic (25/12), time, type, track, squawk (octal), fl (350),
+selalt, callsign, icao (hexadecimal), position, polar, speed, heading, velocity, vrate. Those without a hint are
+compared with the text that --list shows, * and ? standing for any characters. It knows every published field, too, by
+its path (I070/MODE3A, 048/I070/MODE3A, I250/MCP_ALT), in published units, and items (I240). Operators are = != < <= >
+>=. Blocks without a record that is asked for are left out.
+
+Exit status: 0 when all is well, 1 when a block or the input is damaged, 2 for a mistake on the command line or a file
+that cannot be read.
+
+Examples:
+  astdump recording.pcap                     list all blocks
+  astdump --category 34,48 --count 10 a.pcap the first ten blocks of a radar
+  astdump --stats recording.pcapng           count blocks, records and items
+  astdump --port 8600 --from 12:00 --to 12:05 a.pcap
+                                             five minutes of one stream
+  astdump --list --merge a.pcap b.pcap       two recordings as one, in the order of time
+  astdump --detail --count 1 a.pcap          the value of every field of the first block
+  astdump --html a.html a.pcap               a page to click through, with the bits of every item
+  astdump --quiet *.ast || echo damaged      check files in a script
+  astdump --uap cat021-2.1 adsb.pcap         read category 021 as edition 2.1
+  astdump --list recording.pcap | less -S    one line per record
+  astdump --json recording.pcap | jq .I140   every value of every record, a line of JSON each
+  astdump a.pcap --where track=42 --write b.pcap
+                                             the reports of one track as a capture of their own
+  astdump a.pcap --convert 1,2 --write b.pcap
+                                             a recording of a modern radar for an old display
+  astdump --list --where squawk=7700 a.pcap  who is in distress
+  astdump --where track --where fl=350 a.pcap tracks at flight level 350
+  astdump --where 'I070/MODE3A>=7500' a.pcap  by a published field
+  astdump --list udp://239.1.1.1:8600        join a multicast group and list what comes; several at once
+  astdump --list tcp://radar.example:8600    connect to a server and list what it sends
+  astdump --top udp://239.1.1.1:8600         watch who sends how much
+  astdump --follow --quiet growing.pcap      watch a recording for damage while it is made
+  tcpdump -i eth0 -w - | astdump -           look at live traffic of any kind)";
+
+std::vector<std::string> profile_names() {
+    std::vector<std::string> names = {"auto"};
+    for (const ast_uap_info_t &profile : profiles()) names.emplace_back(profile.name);
+    return names;
+}
+
+std::vector<std::string> framing_names() {
+    std::vector<std::string> names = {"auto"};
+    for (const FramingKind &framing : framings()) names.emplace_back(framing.name);
+    return names;
+}
+
+struct Texts {
+    std::string profile = "auto";
+    std::string framing = "auto";
+    std::string categories = "0-255";
+    std::vector<std::string> conditions;
+    std::string convert;
+    std::optional<std::string> csv; // its columns
+    std::optional<std::string> count;
+    std::optional<std::string> ports;
+    std::optional<std::string> hosts;
+    std::optional<std::string> from;
+    std::optional<std::string> to;
+};
+
+constexpr size_t kMaxJobs = 256;
+constexpr const char *kUsualColumns = "-";
+
+// The parser takes whatever stands behind --csv for its columns; what is none, such as a file, is set apart from it.
+// Last first, as the parser wants them.
+std::vector<std::string> arguments(int argc, char **argv) {
+    std::vector<std::string> arguments;
+    for (int i = 1; i < argc; ++i) {
+        arguments.emplace_back(argv[i]);
+        const bool has_columns = i + 1 < argc && is_csv_columns(argv[i + 1]);
+        if (arguments.back() == "--csv" && !has_columns) arguments.emplace_back(kUsualColumns);
+    }
+    std::ranges::reverse(arguments);
+    return arguments;
+}
+
+void describe_live(CLI::App &app, Options &options) {
+    app.add_flag("--follow", options.follow, "Wait for more at the end; SIGINT (Ctrl-C) ends it and shows --stats");
+    app.add_option("--interface", options.interface, "Network interface to listen on, by name or address")
+        ->type_name("NAME");
+}
+
+void describe_datagrams(CLI::App &app, Options &options, Texts &texts) {
+    app.add_option("--port", texts.ports, "Read only datagrams from or to ports such as 8600 or 8600-8620,9000")
+        ->type_name("LIST");
+    app.add_option("--host", texts.hosts,
+                   "Read only datagrams from or to addresses such as 10.1.2.3, 10.1.0.0/16 or 10.1.2.3-10.1.2.9")
+        ->type_name("LIST");
+    app.add_option("--from", texts.from, "Read only what came at this time or later: 12:00 or 2014-02-25T12:43:47, UTC")
+        ->type_name("TIME");
+    app.add_option("--to", texts.to, "Read only what came at this time or before")->type_name("TIME");
+    app.add_flag("--merge", options.merge, "Read several files as one, by the times of their datagrams");
+}
+
+void describe(CLI::App &app, Options &options, Texts &texts) {
+    app.add_option("FILE", options.files,
+                   "Captures and files of blocks, - for standard input, udp://HOST:PORT or tcp://HOST:PORT")
+        ->required()
+        ->type_name("");
+    describe_live(app, options);
+    app.add_option("--uap", texts.profile,
+                   "Profile to read with what it lays out, see below; auto, if not given, what fits each source")
+        ->check(CLI::IsMember(profile_names()).description(""))
+        ->type_name("NAME");
+    app.add_option(
+           "--framing", texts.framing,
+           "How the blocks of a file are wrapped: raw, final, gps, oradis, hdlc, mac-llc, hex or json; auto, if not "
+           "given, finds out")
+        ->check(CLI::IsMember(framing_names()).description(""))
+        ->type_name("NAME");
+    app.add_option("--category", texts.categories, "Categories to show, such as 34,48 or 1-21")
+        ->check([](const std::string &list) {
+            return read_categories(list) ? std::string() : "'" + list + "' is not a list of categories";
+        })
+        ->type_name("LIST");
+    app.add_option("--where", texts.conditions,
+                   "Show only records with NAME, or that VALUE (= != < <= > >=) for it; repeated, all must hold")
+        ->take_all()
+        ->allow_extra_args(false)
+        ->type_name("NAME[=VALUE]");
+    app.add_option("--count", texts.count, "Stop after N blocks, or N records where these are the lines")
+        ->type_name("N");
+    describe_datagrams(app, options, texts);
+    app.add_flag("--detail", options.detail, "Below each item of the listing, the value of every field");
+    app.add_option("--html", options.html, "Instead of the listing, write a page for web browsers")->type_name("PAGE");
+    app.add_flag("--list", options.list, "A line per record with the common quantities in columns");
+    app.add_flag("--json", options.json, "Instead of the listing, a line of JSON per record with all its values");
+    app.add_flag("--texts", options.texts, "In JSON, codes with their texts");
+    app.add_option("--csv", texts.csv, "A line per record as comma-separated values: the columns of --list, or PATHS")
+        ->type_name("[PATHS]");
+    app.add_flag("--stats", options.stats, "Instead of the listing, count by category, by item and by edition");
+    app.add_flag("--top", options.top,
+                 "Instead of the listing, a table of what each data source sends, drawn anew every second");
+    app.add_option("--convert", texts.convert,
+                   "Turn records into those of categories that say the same: 1 from 48, 2 from 34, and back")
+        ->type_name("LIST");
+    app.add_option("--write", options.write, "Write what is chosen to a .pcap, .ast or .json file instead")
+        ->type_name("NEWFILE");
+    app.add_flag("--quiet", options.quiet, "No listing, only reports of damage");
+    app.add_flag("--verbose", options.verbose, "Report everything that is damaged, not a line for each reason");
+    app.add_option("--jobs", options.jobs,
+                   "Threads, as many as there are processors if not given; the output is the same")
+        ->check(CLI::Range(size_t{1}, kMaxJobs).description(""))
+        ->type_name("N");
+    app.add_option("--color", options.color, "Colours: always, never, or auto, if not given, on terminals")
+        ->check(CLI::IsMember({"auto", "always", "never"}).description(""))
+        ->type_name("WHEN");
+    app.set_version_flag("--version", std::string("astdump ") + ast_library_version());
+    app.footer(kExamples);
+}
+
+// Addresses to listen to are read at once, as if they were one file. Whether there are any.
+bool join_live(std::vector<std::string> &files) {
+    const auto live = std::ranges::count_if(files, is_live);
+    if (live == 0) return false;
+    std::string all;
+    for (const std::string &file : files) all.append(all.empty() ? "" : " ").append(file);
+    const bool is_tcp = std::ranges::any_of(files, [](const auto &file) { return file.starts_with("tcp://"); });
+    if (static_cast<size_t>(live) != files.size() || (is_tcp && files.size() > 1))
+        throw std::invalid_argument("udp:// takes no FILE but other udp:// beside it, and tcp:// none at all");
+    read_live_urls(all);
+    files = {all};
+    return true;
+}
+
+// Shows the help that was asked for, or what is wrong, which may quote names of files that a pattern of the shell
+// found.
+int exit_for(const CLI::App &app, const CLI::ParseError &error) {
+    std::ostringstream messages;
+    const bool is_clean = app.exit(error, std::cout, messages) == 0;
+    std::istringstream lines(messages.str());
+    std::string line;
+    if (std::getline(lines, line)) tell(line);
+    while (std::getline(lines, line)) std::fprintf(stderr, "%s\n", readable(line).c_str());
+    return is_clean ? kExitClean : kExitUnusable;
+}
+
+uint64_t read_count(const std::string &text) {
+    const auto count = read_number<uint64_t>(text);
+    if (!count || *count == 0) throw std::invalid_argument("--count: '" + text + "' is no number of 1 or more");
+    return *count;
+}
+
+Moment read_limit(const char *option, const std::string &text) {
+    const auto moment = read_moment(text);
+    if (!moment)
+        throw std::invalid_argument(std::string(option) + ": '" + text +
+                                    "' is no time such as 12:00, 12:00:00.5 or 2014-02-25T12:43:47Z");
+    return *moment;
+}
+
+// Also where it is not there as yet.
+bool is_same_file(const std::string &one, const std::string &other) {
+    std::error_code error;
+    const auto path = [&](const std::string &name) {
+        return std::filesystem::weakly_canonical(std::filesystem::current_path(error) / name, error);
+    };
+    return !other.empty() && path(one) == path(other) && !error;
+}
+
+// Of the forms that take the place of the listing, standard output has room for one.
+void refuse_two_forms(const Options &options) {
+    if (options.list + options.json + options.stats + options.top + !options.csv.empty() > 1)
+        throw std::invalid_argument("--list, --csv, --json, --stats and --top exclude each other");
+}
+
+// Datagrams, and how much of them.
+void read_choice(Options &options, const Texts &texts) {
+    DatagramChoice &datagrams = options.datagrams;
+    if (texts.count) options.count = read_count(*texts.count);
+    if (texts.ports) datagrams.ports = read_ports(*texts.ports);
+    if (texts.hosts) datagrams.hosts = read_hosts(*texts.hosts);
+    if (texts.from) datagrams.from = read_limit("--from", *texts.from);
+    if (texts.to) datagrams.to = read_limit("--to", *texts.to);
+}
+
+// What the parser cannot tell. Throws std::invalid_argument for a mistake.
+void complete(Options &options, const Texts &texts) {
+    options.profile = find_profile(texts.profile);
+    options.framing = find_framing(texts.framing);
+    options.categories = *read_categories(texts.categories);
+    for (const std::string &condition : texts.conditions) options.where.push_back(read_condition(condition));
+    read_choice(options, texts);
+    if (!texts.convert.empty()) options.convert = read_convert_targets(texts.convert);
+    if (!options.write.empty()) file_kind(options.write);
+    if (!options.write.empty() && is_same_file(options.write, options.html))
+        throw std::invalid_argument("--html and --write are to be different files");
+    if (texts.csv) options.csv = read_csv_columns(*texts.csv == kUsualColumns ? "" : *texts.csv);
+    refuse_two_forms(options);
+    const bool live = join_live(options.files);
+    options.follow = options.follow || live;
+    if (options.follow && options.files.size() > 1)
+        throw std::invalid_argument("--follow takes one FILE, since it has no end");
+    options.merge = options.merge && options.files.size() > 1;
+    if (options.merge && options.follow) throw std::invalid_argument("--merge is for files that have an end");
+    if (!options.interface.empty() && !live) throw std::invalid_argument("--interface is for udp://HOST:PORT");
+}
+
+} // namespace
+
+size_t processors() {
+    cpu_set_t set;
+    CPU_ZERO(&set);
+    if (sched_getaffinity(0, sizeof set, &set) == 0) return static_cast<size_t>(CPU_COUNT(&set));
+    return std::max(std::thread::hardware_concurrency(), 1U);
+}
+
+CommandLine read_command_line(int argc, char **argv) {
+    CLI::App app("Shows the ASTERIX surveillance data in captures and recordings.", "astdump");
+    Options options;
+    options.jobs = std::min(processors(), kMaxJobs);
+    Texts texts;
+    describe(app, options, texts);
+    try {
+        app.parse(arguments(argc, argv));
+        complete(options, texts);
+    } catch (const CLI::ParseError &error) {
+        return {.status = exit_for(app, error)};
+    } catch (const std::invalid_argument &error) {
+        tell(error.what());
+        return {.status = kExitUnusable};
+    }
+    return {.options = options};
+}
+
+} // namespace ast::recording::astdump

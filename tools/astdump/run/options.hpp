@@ -1,0 +1,53 @@
+// The command line.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "ask/filter.hpp"
+#include "show/csv.hpp"
+#include "source/read_options.hpp"
+
+namespace ast::recording::astdump {
+
+struct Options : ReadOptions {
+    std::vector<std::string> files;
+    CategorySet convert;           // to these, what converts to them
+    std::vector<Condition> where;  // that records must meet to be shown
+    std::optional<uint64_t> count; // of what is to be shown: blocks, or lines of records
+    bool list = false;
+    bool json = false;
+    bool texts = false;         // of codes, in JSON
+    std::vector<CsvColumn> csv; // none: no comma-separated values
+    bool detail = false;        // in the listing
+    std::string html;           // the page to write; empty for none
+    std::string write;          // the file of what is chosen; empty for none
+    bool stats = false;
+    bool top = false;
+    bool quiet = false;
+    bool verbose = false; // each report by itself
+    std::string color = "auto";
+    size_t jobs = 1;                    // threads
+    std::optional<size_t> chunk_octets; // read at a time; nothing: what suits the output
+
+    bool writes_files() const { return !html.empty() || !write.empty(); }
+};
+
+constexpr int kExitClean = 0;
+constexpr int kExitDamaged = 1;
+constexpr int kExitUnusable = 2;
+
+// Reads the command line. When there is nothing left to do, after --help or for a mistake that has been reported,
+// gives the exit status instead of options.
+struct CommandLine {
+    std::optional<Options> options;
+    int status = kExitClean;
+};
+CommandLine read_command_line(int argc, char **argv);
+
+// The processors that this process may use.
+size_t processors();
+
+} // namespace ast::recording::astdump

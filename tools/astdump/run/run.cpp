@@ -1,0 +1,132 @@
+#include "run/run.hpp"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/counted.hpp"
+#include "base/printable.hpp"
+
+namespace ast::recording::astdump {
+
+namespace {
+
+struct RenderJob : Job {
+    using Job::Job;
+    Rendered rendered;
+};
+
+// What comes bit by bit is shown bit by bit, blocks are counted one after the other, and a table is drawn anew between
+// them.
+size_t threads_of(const Options &options) { return options.follow || options.count || options.top ? 1 : options.jobs; }
+
+size_t chunk_octets_of(const Options &options, const Sinks &sinks) {
+    if (options.chunk_octets) return *options.chunk_octets;
+    size_t octets = size_t{256} * 1024;
+    for (const auto &sink : sinks) octets = std::min(octets, sink->chunk_octets());
+    return octets;
+}
+
+// What files are shown as.
+std::vector<Origin> origins_of(const Options &options) {
+    std::vector<Origin> origins;
+    for (const std::string &path : options.files)
+        origins.push_back({.path = path, .name = path == "-" ? "standard input" : readable(path), .octets = {}});
+    return origins;
+}
+
+} // namespace
+
+Run::Run(const Options &options, Sinks sinks, const Output &out, DamageLog &damage, Progress progress,
+         Interruption *interruption)
+    : options_(options),
+      sinks_(std::move(sinks)),
+      out_(out),
+      damage_(damage),
+      progress_(progress),
+      interruption_(interruption),
+      inputs_(origins_of(options), options, interruption, *this),
+      workers_(threads_of(options)) {
+    ast_log_handler_reg(nullptr); // attempts with a profile that does not fit write messages, too
+}
+
+Worker &Run::worker(size_t number) {
+    auto &worker = workers_[number];
+    if (!worker) worker.emplace(options_, sinks_);
+    return *worker;
+}
+
+int Run::files() {
+    Pipeline pipeline(*this, threads_of(options_), chunk_octets_of(options_, sinks_));
+    while (!done() && inputs_.open_next()) inputs_.attempt([&] { read_input(pipeline); });
+    inputs_.close();
+    clear_line();
+    finish();
+    if (unreadable_) return kExitUnusable;
+    return damage_.any_damage() ? kExitDamaged : kExitClean;
+}
+
+// What is not read is left out; the rest of the run goes on.
+void Run::failed(const InputFailure &failure) {
+    damage_.end_file();
+    tell((failure.path.empty() ? "--merge" : failure.path) + ": " + failure.reason);
+    unreadable_ = true;
+}
+
+void Run::opened(const std::string &name, const Input &input) {
+    for (const auto &sink : sinks_) {
+        sink->file(name);
+        sink->framing(input.framing());
+        if (input.is_live()) sink->live();
+    }
+}
+
+void Run::read_input(Pipeline &pipeline) {
+    damage_.set_file(inputs_.name(), inputs_.input().is_live() && !options_.merge);
+    consumed_ = 0;
+    if (!done()) pipeline.run();
+    octets_read_ += consumed_;
+    if (!sinks_.empty()) sinks_.front()->flush();
+    damage_.end_file();
+}
+
+void Run::finish() {
+    for (const auto &sink : sinks_)
+        if (unreadable_)
+            sink->give_up();
+        else
+            sink->finish(octets_read_);
+    tell_what_is_left_out();
+    damage_.summary();
+}
+
+void Run::tell_what_is_left_out() const {
+    if (unconverted_ != 0) tell(counted(unconverted_, "record") + " that cannot be converted left out");
+    for (const std::string &complaint : asked_.complaints(options_.where)) tell(complaint);
+}
+
+std::unique_ptr<Job> Run::make_job(size_t chunk_octets) { return std::make_unique<RenderJob>(chunk_octets); }
+
+void Run::work(Job &job, size_t number) { worker(number).render(job, most(), static_cast<RenderJob &>(job).rendered); }
+
+bool Run::take(Job &job) {
+    const Rendered &rendered = static_cast<const RenderJob &>(job).rendered;
+    unconverted_ += rendered.unconverted;
+    shown_ += rendered.shown;
+    asked_ |= rendered.asked;
+    size_t taken = 0;
+    for (const Report &report : rendered.reports.list()) {
+        if (!sinks_.empty()) sinks_.front()->take(rendered.texts.front().text().substr(taken, report.place - taken));
+        if (!sinks_.empty() && damage_.shows_each()) sinks_.front()->flush();
+        taken = report.place;
+        damage_.show(report);
+    }
+    for (size_t i = 0; i < sinks_.size(); ++i) {
+        sinks_[i]->take(rendered.texts[i].text().substr(i == 0 ? taken : 0));
+        sinks_[i]->count(rendered.tally);
+    }
+    consumed_ = job.chunk.consumed;
+    progress_.update(inputs_.name(), consumed_, inputs_.input().size(), job.chunk.end_number - 1);
+    return !has_enough(); // an input that the user has ended has still to say what it holds back
+}
+
+} // namespace ast::recording::astdump

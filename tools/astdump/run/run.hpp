@@ -1,0 +1,63 @@
+// From files to sinks.
+#pragma once
+
+#include <limits>
+#include <optional>
+
+#include "run/options.hpp"
+#include "run/worker.hpp"
+#include "show/damage_log.hpp"
+#include "show/terminal.hpp"
+#include "source/input_sequence.hpp"
+#include "write/output.hpp"
+
+namespace ast::recording::astdump {
+
+class Run : private Steps, private InputObserver {
+public:
+    // `interruption` is null where no user can end the run.
+    Run(const Options &options, Sinks sinks, const Output &out, DamageLog &damage, Progress progress,
+        Interruption *interruption);
+
+    // Reads all files and returns the exit status.
+    int files();
+
+private:
+    // What may still be shown: blocks, or lines of records.
+    uint64_t most() const { return options_.count ? *options_.count - shown_ : std::numeric_limits<uint64_t>::max(); }
+
+    // Nobody has to see what is written to files.
+    bool is_unseen() const { return out_.error() != 0 && !options_.writes_files(); }
+    bool has_enough() const { return most() == 0 || is_unseen(); }
+    bool done() const { return has_enough() || (interruption_ && interruption_->ended()); }
+    void read_input(Pipeline &pipeline);
+    void finish();
+    void tell_what_is_left_out() const;
+
+    std::unique_ptr<Job> make_job(size_t chunk_octets) override;
+    bool read(Job &job) override { return inputs_.fill(job); }
+    void work(Job &job, size_t worker) override;
+    bool take(Job &job) override;
+    Worker &worker(size_t number);
+
+    void opened(const std::string &name, const Input &input) override;
+    void failed(const InputFailure &failure) override;
+    void announced(const std::string &what) override { tell(what); }
+
+    const Options &options_;
+    Sinks sinks_;
+    const Output &out_;
+    DamageLog &damage_;
+    Progress progress_;
+    Interruption *interruption_;
+    InputSequence inputs_;
+    std::vector<std::optional<Worker>> workers_; // made when their threads have something to do
+    uint64_t shown_ = 0;                         // as the first sink counts
+    Asked asked_;
+    uint64_t unconverted_ = 0; // records
+    uint64_t octets_read_ = 0; // of the files before this one
+    uint64_t consumed_ = 0;    // of this one
+    bool unreadable_ = false;
+};
+
+} // namespace ast::recording::astdump

@@ -1,0 +1,117 @@
+#include "run/worker.hpp"
+
+#include <algorithm>
+
+#include "datagram/report_words.hpp"
+#include "show/video.hpp"
+
+namespace ast::recording::astdump {
+
+Worker::Worker(const Options &options, const Sinks &sinks) : options_(options), converter_(options.convert) {
+    if (!sinks.empty()) first_ = sinks.front().get();
+    for (const auto &sink : sinks) {
+        renderers_.push_back(sink->renderer());
+        counts_ = counts_ || sink->counts();
+    }
+    const bool shows_none = std::ranges::none_of(renderers_, [](const auto &renderer) { return renderer != nullptr; });
+    only_counts_ =
+        shows_none && options.categories.all() && options.where.empty() && options.convert.none() && !options.count;
+}
+
+void Worker::render(const Job &job, uint64_t most, Rendered &rendered) {
+    const Chunk &chunk = job.chunk;
+    rendered.texts.resize(renderers_.size());
+    for (TextBuffer &text : rendered.texts) text.clear();
+    rendered.reports.clear();
+    rendered.shown = 0;
+    rendered.unconverted = 0;
+    decoder_.set_editions(job.editions);
+    number_ = chunk.first_number;
+
+    const std::vector<Report> &reports = chunk.reports().list();
+    auto report = reports.begin();
+    for (size_t i = 0; rendered.shown < most; ++i) {
+        for (; report != reports.end() && report->place <= i; ++report) rendered.reports.add(*report);
+        if (i == chunk.datagrams().size()) break;
+        datagram(chunk.datagrams()[i], most, rendered);
+    }
+    for (size_t i = 0; i < renderers_.size(); ++i)
+        if (renderers_[i]) renderers_[i]->end(rendered.texts[i]);
+    rendered.tally = counter_.take();
+    for (const Report &made : rendered.reports.list()) rendered.tally.losses.add(made);
+    rendered.asked = asked_;
+}
+
+void Worker::datagram(const Datagram &datagram, uint64_t most, Rendered &rendered) {
+    uint64_t offset = 0;
+    while (offset < datagram.octets.size() && rendered.shown < most) {
+        if (only_counts_ && datagram.may_hold_blocks()) offset += count(datagram.octets.subspan(offset), rendered);
+        if (offset == datagram.octets.size()) break;
+        const Octets rest = datagram.octets.subspan(offset);
+        const Frame frame = frame_block(rest);
+        if (frame.framing != Framing::block || !datagram.may_hold_blocks())
+            return no_block(datagram, offset, frame, rendered);
+        if (options_.categories.test(frame.category)) block(datagram, offset, rest.first(frame.length), most, rendered);
+        ++number_;
+        offset += frame.length;
+    }
+}
+
+// As many blocks as there is no need to take apart; returns their octets.
+uint64_t Worker::count(Octets blocks, Rendered &rendered) {
+    const Blocks counted = counter_.add(decoder_.editions(), blocks);
+    number_ += counted.count;
+    rendered.shown += counted.count;
+    return counted.octets;
+}
+
+// Octets that are no block are of the category that they begin with.
+void Worker::no_block(const Datagram &datagram, uint64_t offset, const Frame &frame, Rendered &rendered) {
+    const Report report = framing_report(datagram, offset, frame);
+    if (!datagram.is_told) rendered.reports.add(report);
+    if (!options_.categories.test(datagram.octets[offset])) return;
+    const std::string reason = framing_text(report.facts());
+    for (size_t i = 0; i < renderers_.size(); ++i)
+        if (renderers_[i]) renderers_[i]->no_block(datagram, offset, reason, rendered.texts[i]);
+    if (!rendered.texts.empty()) rendered.reports.place = rendered.texts.front().size();
+}
+
+void Worker::block(const Datagram &datagram, uint64_t offset, Octets octets, uint64_t most, Rendered &rendered) {
+    DecodedBlock &decoded = decoder_.decode(datagram, number_, offset, octets);
+    select_records(decoded.shown, *decoded.block, options_.where);
+    if (!options_.where.empty()) asked_.look(*decoded.block, options_.where);
+    const bool is_wanted = options_.where.empty() || decoded.shown.any();
+    if (is_wanted && options_.convert.any())
+        show_converted(decoded, most, rendered);
+    else if (is_wanted)
+        show(decoded, most, rendered);
+    if (decoded.fault) rendered.reports.add(fault_report(*decoded.fault, *decoded.block, datagram, offset));
+}
+
+// How much of a block is shown, as the first sink counts it: no more than so much.
+uint64_t Worker::cut(DecodedBlock &decoded, uint64_t most) const {
+    const uint64_t count = first_ ? first_->shows(decoded) : 1;
+    if (count <= most) return count;
+    decoded.shown.keep_first(most);
+    decoded.is_cut = true;
+    return most;
+}
+
+// As what it converts to, if it does; a block of which nothing is left is not shown.
+void Worker::show_converted(DecodedBlock decoded, uint64_t most, Rendered &rendered) {
+    const auto left_out = converter_.convert(decoded);
+    rendered.unconverted += left_out.value_or(0);
+    if (!left_out || decoded.shown.any()) show(decoded, most, rendered);
+}
+
+void Worker::show(DecodedBlock &decoded, uint64_t most, Rendered &rendered) {
+    rendered.shown += cut(decoded, most - rendered.shown);
+    if (counts_) counter_.add(decoded);
+    for (size_t i = 0; i < renderers_.size(); ++i) {
+        const VideoTurn turn(decoded.block->category);
+        if (renderers_[i]) renderers_[i]->block(decoded, rendered.texts[i]);
+    }
+    if (!rendered.texts.empty()) rendered.reports.place = rendered.texts.front().size();
+}
+
+} // namespace ast::recording::astdump

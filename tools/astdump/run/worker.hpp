@@ -1,0 +1,43 @@
+// What one thread needs to render chunks.
+#pragma once
+
+#include "run/options.hpp"
+#include "run/rendered.hpp"
+#include "show/sink.hpp"
+#include "source/pipeline.hpp"
+#include "write/block_conversion.hpp"
+
+namespace ast::recording::astdump {
+
+using Sinks = std::vector<std::unique_ptr<Sink>>;
+
+class Worker {
+public:
+    Worker(const Options &options, const Sinks &sinks);
+
+    // Decodes the blocks of a chunk and lets the sinks show those that are asked for, at most so many of what the first
+    // one shows.
+    void render(const Job &job, uint64_t most, Rendered &rendered);
+
+private:
+    uint64_t count(Octets blocks, Rendered &rendered);
+    void datagram(const Datagram &datagram, uint64_t most, Rendered &rendered);
+    void no_block(const Datagram &datagram, uint64_t offset, const Frame &frame, Rendered &rendered);
+    void block(const Datagram &datagram, uint64_t offset, Octets octets, uint64_t most, Rendered &rendered);
+    uint64_t cut(DecodedBlock &decoded, uint64_t most) const;
+    void show_converted(DecodedBlock decoded, uint64_t most, Rendered &rendered);
+    void show(DecodedBlock &decoded, uint64_t most, Rendered &rendered);
+
+    const Options &options_;
+    Decoder decoder_;
+    BlockConverter converter_;
+    Counter counter_;
+    Asked asked_;                                      // of all that has been decoded here
+    const Sink *first_ = nullptr;                      // whose count counts
+    bool counts_ = false;                              // whether any sink wants that
+    bool only_counts_ = false;                         // whether that is all that becomes of a block without a fault
+    std::vector<std::unique_ptr<Renderer>> renderers_; // null for a sink without one
+    uint64_t number_ = 0;                              // of the next block in its file
+};
+
+} // namespace ast::recording::astdump

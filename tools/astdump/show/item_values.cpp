@@ -1,0 +1,141 @@
+#include "show/item_values.hpp"
+#include "show/terminal.hpp"
+
+#include <algorithm>
+
+#include "show/field_text.hpp"
+
+namespace ast::recording::astdump {
+
+namespace {
+
+constexpr size_t kMaxSummary = 64;   // characters
+constexpr size_t kMaxBriefText = 16; // of a code behind a name, longer ones are numbers
+constexpr size_t kMaxLoneText = 40;  // of one without
+constexpr std::string_view kOmission = " ...";
+
+char capital(char c) {
+    if (c == ' ') return '_';
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+// With its unit, or with what the code stands for.
+void put_whole(TextBuffer &out, const ast_field_value_t &value) {
+    put_value(out, value);
+    const std::string_view behind = value.field->kind == AST_FIELD_CODE ? value.text : value.field->unit;
+    if (!behind.empty()) out.put(' ');
+    put_plain(out, behind);
+}
+
+// A flag that is not set.
+bool is_clear(const ast_field_value_t &value) {
+    return value.field->kind == AST_FIELD_CODE && value.field->bits == 1 && value.raw == 0;
+}
+
+bool is_below(std::string_view path, std::string_view above) {
+    return path.starts_with(above) &&
+           (path.size() == above.size() || path[above.size()] == '/' || path[above.size()] == '[');
+}
+
+// The last name of a path, "MCP_ALT" of "[1]/MCP_ALT"; an element of a list has none.
+std::string_view last_name(std::string_view path) {
+    const size_t slash = path.rfind('/');
+    if (slash == std::string_view::npos) return {};
+    path.remove_prefix(slash + 1);
+    return path.substr(0, path.find('['));
+}
+
+// As options take it: "I040/RHO" of "I048/040/RHO".
+void put_option_path(TextBuffer &out, std::string_view path) {
+    constexpr size_t kCategory = std::string_view("I048/").size();
+    path.remove_prefix(std::min(kCategory, path.size()));
+    if (!path.empty() && path[0] >= '0' && path[0] <= '9') out.put('I');
+    out.put(path);
+}
+
+// Calls visit(value) for the values of an item below a path.
+template <typename Visit>
+void each_value(const ast_dataitem_t &item, const Reading &reading, std::string_view below, Visit visit) {
+    auto visit_below = [&](const ast_field_value_t &value) {
+        if (is_below(value.field->path, below)) visit(value);
+    };
+    const auto take = [](void *context, const ast_field_value_t *value) {
+        (*static_cast<decltype(visit_below) *>(context))(*value);
+    };
+    ast_dataitem_walk(&item, reading.uap, reading.message_type, take, &visit_below);
+}
+
+// What the library calls an item of a category that it does not know, and one of a category that it does.
+bool is_no_name(std::string_view name) { return name == "UNKNOWN NAME" || name.starts_with("Unknown CAT"); }
+
+} // namespace
+
+// "45.5", and codes as their text where that is short: "SINGLE_TARGET".
+std::string ItemValues::brief_text(const ast_field_value_t &value, size_t most) {
+    scratch_.clear();
+    const std::string_view text = value.text;
+    const bool is_named = value.field->kind == AST_FIELD_CODE && !text.empty() && text.size() <= most;
+    if (is_named)
+        put_plain(scratch_, text);
+    else
+        put_value(scratch_, value);
+    std::string result(scratch_.text());
+    if (is_named) std::ranges::transform(result, result.begin(), capital);
+    return cut(result, kMaxLoneText);
+}
+
+// "SPD:450", and "450 kt" without a name.
+std::string ItemValues::word(const ast_field_value_t &value, std::string_view name) {
+    if (!name.empty()) return std::string(name) + ':' + brief_text(value, kMaxBriefText);
+    if (value.field->kind == AST_FIELD_CODE) return brief_text(value, kMaxLoneText);
+    scratch_.clear();
+    put_whole(scratch_, value);
+    return cut(std::string(scratch_.text()), kMaxSummary);
+}
+
+std::string ItemValues::summary(const ast_dataitem_t &item, const Reading &reading, std::string_view below) {
+    bool all_clear = true;
+    each_value(item, reading, below, [&](const ast_field_value_t &value) { all_clear = all_clear && is_clear(value); });
+    std::string line;
+    bool is_full = false;
+    each_value(item, reading, below, [&](const ast_field_value_t &value) {
+        if (is_full || (is_clear(value) && !all_clear)) return;
+        const std::string next = word(value, last_name(std::string_view(value.field->path).substr(below.size())));
+        is_full = !line.empty() && line.size() + 1 + next.size() + kOmission.size() > kMaxSummary;
+        if (!line.empty() && !is_full) line += ' ';
+        line += is_full ? kOmission : next;
+    });
+    return line;
+}
+
+void ItemValues::put_table(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading,
+                           std::string_view below) {
+    size_t rows = 0;
+    each_value(item, reading, below, [&](const ast_field_value_t &value) {
+        if (rows == 0) out.put("<table class=\"detail_table\"><tr><th>Field</th><th>Item</th><th>Value</th></tr>");
+        out.put(rows++ % 2 == 0 ? "<tr><td>" : "<tr class=\"even_row\"><td>");
+        put_option_path(out, value.field->path);
+        out.put("</td><td>");
+        put_plain(out, value.field->title);
+        out.put("</td><td>");
+        put_whole(out, value);
+        out.put("</td></tr>");
+    });
+    if (rows != 0) out.put("</table><br/>");
+}
+
+std::string item_name(ast_dataitem_type_t type, const ast_uap_t &uap) {
+    const std::string_view known = ast_dataitem_get_name(type);
+    TextBuffer title;
+    if (is_no_name(known))
+        ast_dataitem_describe(
+            type, uap,
+            [](void *context, const ast_field_t *field) {
+                auto &out = *static_cast<TextBuffer *>(context);
+                if (out.size() == 0) put_plain(out, field->title);
+            },
+            &title);
+    return std::string(title.size() != 0 ? title.text() : known);
+}
+
+} // namespace ast::recording::astdump

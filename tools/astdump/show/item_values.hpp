@@ -1,0 +1,31 @@
+// The published values of an item as texts, for what the library has no view of.
+#pragma once
+
+#include <string>
+
+#include "ask/published_reading.hpp"
+#include "base/text_buffer.hpp"
+
+namespace ast::recording::astdump {
+
+// Both views are of the values below a path such as "I048/130/SRL", which is that of the item or begins with it, and
+// empty where no document describes any.
+class ItemValues {
+public:
+    // One line, "SPD:450 HDG:290". Flags that are clear are left out, and what would make the line too long.
+    std::string summary(const ast_dataitem_t &item, const Reading &reading, std::string_view below);
+
+    // Puts a table in the library's markup.
+    static void put_table(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading, std::string_view below);
+
+private:
+    std::string word(const ast_field_value_t &value, std::string_view name);
+    std::string brief_text(const ast_field_value_t &value, size_t most);
+
+    TextBuffer scratch_;
+};
+
+// The name of an item type: where the library knows none, the title that a document gives it.
+std::string item_name(ast_dataitem_type_t type, const ast_uap_t &uap);
+
+} // namespace ast::recording::astdump

@@ -18,9 +18,9 @@
  *
  * - A recording belongs to one thread at a time, but for ast_recording_interrupt. Any number of them may be open in a
  *   process, also of the same file; they share nothing.
- * - What is damaged, not supported or left out never ends the reading: it goes to the caller's report function, as data,
- *   between the blocks that it stands between, and reading goes on behind it. Nothing is written to a standard stream.
- *   ast_library's log stays the caller's: reading tries profiles that do not fit, which log; silence it with
+ * - What is damaged, not supported or left out never ends the reading: it goes to the caller's report function, as
+ * data, between the blocks that it stands between, and reading goes on behind it. Nothing is written to a standard
+ * stream. ast_library's log stays the caller's: reading tries profiles that do not fit, which log; silence it with
  *   ast_log_handler_reg(NULL) where that disturbs.
  * - Unlike the first library, this one allocates, and it starts threads where that is said. Without memory, opening
  *   fails and reading ends, with AST_RECORDING_FAILED.
@@ -44,7 +44,8 @@ AST_BEGIN_DECLARATIONS
 /** An open recording. */
 typedef struct ast_recording ast_recording_t;
 
-/* ------------------------------------------------------------------------------------------------ times and addresses --
+/* ------------------------------------------------------------------------------------------------ times and addresses
+ * --
  */
 
 /** A time of which nothing is known. */
@@ -76,24 +77,25 @@ AST_RECORDING_API uint64_t ast_time_to_text(char *text, uint64_t capacity, int64
 #define AST_REPORT_NOTE UINT32_C(3)          /* worth knowing; nothing is lost */
 
 /* Why something is reported. In brackets, what members of the report are set beside kind, reason, file and count. */
-#define AST_REASON_NOTE UINT32_C(0)           /* what detail says */
-#define AST_REASON_UNREADABLE UINT32_C(1)     /* an input cannot be opened or read: detail says why */
-#define AST_REASON_UNFINISHED UINT32_C(2)     /* an input is not read to its end: detail says why */
-#define AST_REASON_FRAGMENTS UINT32_C(3)      /* of so many datagrams (count), fragments are missing */
-#define AST_REASON_DROPPED UINT32_C(4)        /* so many datagrams (count) came faster than they were taken */
-#define AST_REASON_TRUNCATED UINT32_C(5)      /* only the first octets of a datagram were captured (packet, octets) */
-#define AST_REASON_UNDISSECTED UINT32_C(6)    /* headers of a packet contradict themselves (packet): detail says how */
-#define AST_REASON_STREAM_GAP UINT32_C(7)     /* octets of a TCP stream are missing (packet, sender, receiver, octets) */
-#define AST_REASON_STREAM_REST UINT32_C(8)    /* behind these, octets that begin no block (as above) */
-#define AST_REASON_SHORT_HEADER UINT32_C(9)   /* too few octets for CAT and LEN (packet, offset, available, octets) */
-#define AST_REASON_SHORT_LENGTH UINT32_C(10)  /* LEN is less than 3 (the same, category, length) */
-#define AST_REASON_PAST_END UINT32_C(11)      /* LEN is more than there is (the same) */
-#define AST_REASON_TEXT UINT32_C(12)          /* octets of text (packet, offset, available, octets) */
-#define AST_REASON_NO_BLOCKS UINT32_C(13)     /* octets that are no blocks (the same) */
-#define AST_REASON_NO_FRAME UINT32_C(14)      /* octets that are no frame of the framing in detail (offset, octets) */
-#define AST_REASON_LINE UINT32_C(15)          /* a line that is no record (line, character, path): detail says why */
-#define AST_REASON_BLOCK UINT32_C(16)         /* a block breaks off (packet, offset, category, length, and those of the
-                                                 block): detail says why */
+#define AST_REASON_NOTE UINT32_C(0)          /* what detail says */
+#define AST_REASON_UNREADABLE UINT32_C(1)    /* an input cannot be opened or read: detail says why */
+#define AST_REASON_UNFINISHED UINT32_C(2)    /* an input is not read to its end: detail says why */
+#define AST_REASON_FRAGMENTS UINT32_C(3)     /* of so many datagrams (count), fragments are missing */
+#define AST_REASON_DROPPED UINT32_C(4)       /* so many datagrams (count) came faster than they were taken */
+#define AST_REASON_TRUNCATED UINT32_C(5)     /* only the first octets of a datagram were captured (packet, octets) */
+#define AST_REASON_UNDISSECTED UINT32_C(6)   /* headers of a packet contradict themselves (packet): detail says how */
+#define AST_REASON_STREAM_GAP UINT32_C(7)    /* octets of a TCP stream are missing (packet, sender, receiver, octets) */
+#define AST_REASON_STREAM_REST UINT32_C(8)   /* behind these, octets that begin no block (as above) */
+#define AST_REASON_SHORT_HEADER UINT32_C(9)  /* too few octets for CAT and LEN (packet, offset, available, octets) */
+#define AST_REASON_SHORT_LENGTH UINT32_C(10) /* LEN is less than 3 (the same, category, length) */
+#define AST_REASON_PAST_END UINT32_C(11)     /* LEN is more than there is (the same) */
+#define AST_REASON_TEXT UINT32_C(12)         /* octets of text (packet, offset, available, octets) */
+#define AST_REASON_NO_BLOCKS UINT32_C(13)    /* octets that are no blocks (the same) */
+#define AST_REASON_NO_FRAME UINT32_C(14)     /* octets that are no frame of the framing in detail (offset, octets) */
+#define AST_REASON_LINE UINT32_C(15)         /* a line that is no record (line, character, path): detail says why */
+#define AST_REASON_BLOCK                                                                                               \
+    UINT32_C(16) /* a block breaks off (packet, offset, category, length, and those of the                             \
+                    block): detail says why */
 #define AST_REASON_OTHER_DATAGRAM UINT32_C(17) /* (packet, sender, receiver, octets), the first of them in detail */
 #define AST_REASON_OTHER_STREAM UINT32_C(18)   /* of TCP (sender, receiver) */
 
@@ -136,8 +138,9 @@ typedef struct {
  *  ast_recording_interrupt. */
 typedef void (*ast_recording_report_function_t)(void *context, const ast_recording_report_t *report);
 
-/** Writes the whole sentence about a report, without the name of its file: "offset 12: category 048: LEN is 2, less than
- *  the block header; 9 octets skipped". Cut at the capacity, and terminated. Returns the length of the whole text. */
+/** Writes the whole sentence about a report, without the name of its file: "offset 12: category 048: LEN is 2, less
+ * than the block header; 9 octets skipped". Cut at the capacity, and terminated. Returns the length of the whole text.
+ */
 AST_RECORDING_API uint64_t ast_recording_report_to_text(char *text, uint64_t capacity,
                                                         const ast_recording_report_t *report);
 
@@ -176,11 +179,11 @@ typedef struct {
 
 /* Why a recording cannot be opened, or read any further. */
 #define AST_RECORDING_OK UINT32_C(0)
-#define AST_RECORDING_BAD_OPTION UINT32_C(1)  /* an option, or a URL, says nothing that has a meaning */
-#define AST_RECORDING_NOT_FOUND UINT32_C(2)   /* there is no such file, host or interface */
-#define AST_RECORDING_NO_ACCESS UINT32_C(3)   /* the system does not allow it */
+#define AST_RECORDING_BAD_OPTION UINT32_C(1)    /* an option, or a URL, says nothing that has a meaning */
+#define AST_RECORDING_NOT_FOUND UINT32_C(2)     /* there is no such file, host or interface */
+#define AST_RECORDING_NO_ACCESS UINT32_C(3)     /* the system does not allow it */
 #define AST_RECORDING_NO_CONNECTION UINT32_C(4) /* the other side refuses, or cannot be reached */
-#define AST_RECORDING_UNREADABLE UINT32_C(5)  /* the input is of a kind that cannot be read, or reading it fails */
+#define AST_RECORDING_UNREADABLE UINT32_C(5)    /* the input is of a kind that cannot be read, or reading it fails */
 #define AST_RECORDING_NO_MEMORY UINT32_C(6)
 
 /** What went wrong: a code and a sentence. */
@@ -260,12 +263,12 @@ AST_RECORDING_API bool ast_recording_decode(ast_recording_t *recording, ast_data
 
 /** How far a recording has got. */
 typedef struct {
-    uint32_t phase;         /* AST_RECORDING_READING to AST_RECORDING_FAILED */
-    const char *file;       /* that is read, null before the first; good until the next call */
-    const char *framing;    /* how its blocks are wrapped and how it is compressed: "raw", "pcap, gzip"; null likewise */
-    uint64_t octets_read;   /* of all files, as they are without compression */
-    uint64_t file_octets;   /* of the file that is read; 0 where that is not known */
-    uint64_t blocks;        /* handed over */
+    uint32_t phase;       /* AST_RECORDING_READING to AST_RECORDING_FAILED */
+    const char *file;     /* that is read, null before the first; good until the next call */
+    const char *framing;  /* how its blocks are wrapped and how it is compressed: "raw", "pcap, gzip"; null likewise */
+    uint64_t octets_read; /* of all files, as they are without compression */
+    uint64_t file_octets; /* of the file that is read; 0 where that is not known */
+    uint64_t blocks;      /* handed over */
     ast_recording_error_t error; /* with AST_RECORDING_FAILED, the first that there was */
 } ast_recording_state_t;
 

@@ -5,11 +5,12 @@
 #include <optional>
 #include <pcap/pcap.h>
 
+#include "base/octet_stream.hpp"
 #include "capture/dissect.hpp"
 #include "capture/plain_capture.hpp"
 #include "capture/tcp_streams.hpp"
+#include "datagram/datagram_source.hpp"
 #include "datagram/payload.hpp"
-#include "source/input.hpp"
 
 namespace ast::recording {
 

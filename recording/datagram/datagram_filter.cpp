@@ -22,16 +22,15 @@ std::vector<Range> read_list(std::string_view list, Read read) {
     return ranges;
 }
 
-[[noreturn]] void refuse(const char *option, std::string_view entry, const char *what) {
-    throw std::invalid_argument(std::string(option) + ": '" + std::string(entry) + "' is no " + what);
+[[noreturn]] void refuse(std::string_view entry, const char *what) {
+    throw std::invalid_argument("'" + std::string(entry) + "' is no " + what);
 }
 
 PortRange read_port_range(std::string_view entry) {
     const size_t dash = entry.find('-');
     const auto first = read_number<uint16_t>(entry.substr(0, dash));
     const auto last = dash == std::string_view::npos ? first : read_number<uint16_t>(entry.substr(dash + 1));
-    if (!first || !last || *first > *last)
-        refuse("--port", entry, "port, such as 8600, nor a range, such as 8600-8620");
+    if (!first || !last || *first > *last) refuse(entry, "port, such as 8600, nor a range, such as 8600-8620");
     return {*first, *last};
 }
 
@@ -65,8 +64,7 @@ std::optional<HostRange> read_any_hosts(std::string_view entry) {
 
 HostRange read_host_range(std::string_view entry) {
     const auto range = read_any_hosts(entry);
-    if (!range)
-        refuse("--host", entry, "address, such as 10.1.2.3, nor a range, such as 10.1.0.0/16 or 10.1.2.3-10.1.2.9");
+    if (!range) refuse(entry, "address, such as 10.1.2.3, nor a range, such as 10.1.0.0/16 or 10.1.2.3-10.1.2.9");
     return *range;
 }
 

@@ -67,7 +67,9 @@ ReportWords framing(const Facts &facts) {
 
 // ---- The others ----
 
-ReportWords told(const Facts &facts) { return {.text = facts.detail, .cause = facts.detail, .example = {}, .noun = {}}; }
+ReportWords told(const Facts &facts) {
+    return {.text = facts.detail, .cause = facts.detail, .example = {}, .noun = {}};
+}
 
 ReportWords fragments(const Facts &facts) {
     return {.text = "fragments are missing of " + counted(facts.count, "datagram"),
@@ -98,8 +100,7 @@ ReportWords undissected(const Facts &facts) {
 ReportWords stream(const Facts &facts) {
     const std::string example =
         packet_text(facts) + ": TCP " + route_text(facts) + ": " + counted(facts.octets, "octet");
-    const std::string what =
-        facts.reason == AST_REASON_STREAM_GAP ? " missing" : " before the next block; skipped";
+    const std::string what = facts.reason == AST_REASON_STREAM_GAP ? " missing" : " before the next block; skipped";
     return {.text = example + what,
             .cause = "octets of a TCP stream" + what,
             .example = example,
@@ -151,9 +152,9 @@ ReportWords block(const Facts &facts) {
 using Say = ReportWords (*)(const Facts &facts);
 
 // By reason.
-constexpr Say kWords[] = {told,      told,      told,    fragments, dropped, truncated, undissected,
-                          stream,    stream,    framing, framing,   framing, framing,   framing,
-                          no_frame,  line,      block,   other_datagram, other_stream};
+constexpr Say kWords[] = {told,     told,   told,    fragments,      dropped,     truncated, undissected,
+                          stream,   stream, framing, framing,        framing,     framing,   framing,
+                          no_frame, line,   block,   other_datagram, other_stream};
 static_assert(std::size(kWords) == AST_REASON_OTHER_STREAM + 1);
 
 constexpr const char *kKinds[] = {"damaged", "not supported", "not ASTERIX", "note"};

@@ -1,21 +1,16 @@
 // Opens whatever a file holds as a source of datagrams.
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 
 #include "base/octet_stream.hpp"
 #include "datagram/datagram_source.hpp"
+#include "source/live_url.hpp"
 #include "source/read_options.hpp"
 
 namespace ast::recording {
-
-struct LiveUrl;
-
-// Is told what a user waits for: "listening on 0.0.0.0:8600".
-using Announce = std::function<void(const std::string &what)>;
 
 // A file, standard input or a connection, or several addresses to listen to.
 class Input {

@@ -36,8 +36,8 @@ public:
     InputSequence(std::vector<Origin> origins, const ReadOptions &options, Interruption *interruption,
                   InputObserver &observer);
 
-    // Opens the next input, or, to be merged, all of them; those that cannot be opened are left out. False when there is
-    // none.
+    // Opens the next input, or, to be merged, all of them; those that cannot be opened are left out. False when there
+    // is none.
     bool open_next();
 
     // Fills a job with what comes next of the input at hand; false at its end. Throws what attempt() catches.
@@ -80,7 +80,7 @@ private:
     size_t next_ = 0; // origin
     std::unique_ptr<Input> input_;
     std::string name_;
-    std::string path_; // empty for several
+    std::string path_;       // empty for several
     EditionMemory editions_; // in front of what is read next
 };
 

@@ -4,8 +4,9 @@
 #include <string>
 #include <string_view>
 
+#include "base/octet_stream.hpp"
+#include "datagram/datagram_source.hpp"
 #include "framing/block_header.hpp"
-#include "source/input.hpp"
 #include "source/json_members.hpp"
 
 namespace ast::recording {

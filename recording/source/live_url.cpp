@@ -1,6 +1,7 @@
 #include "source/live_url.hpp"
 
 #include <algorithm>
+#include <asio/ip/address.hpp>
 #include <sstream>
 #include <stdexcept>
 #include <string_view>
@@ -53,6 +54,19 @@ std::vector<LiveUrl> read_live_urls(const std::string &text) {
     std::istringstream words(text);
     for (std::string word; words >> word;) urls.push_back(read_live_url(word));
     return urls;
+}
+
+bool join_live(std::vector<std::string> &inputs) {
+    const auto live = std::ranges::count_if(inputs, is_live);
+    if (live == 0) return false;
+    std::string all;
+    for (const std::string &input : inputs) all.append(all.empty() ? "" : " ").append(input);
+    const bool is_tcp = std::ranges::any_of(inputs, [](const auto &input) { return input.starts_with("tcp://"); });
+    if (static_cast<size_t>(live) != inputs.size() || (is_tcp && inputs.size() > 1))
+        throw std::invalid_argument("udp:// takes no FILE but other udp:// beside it, and tcp:// none at all");
+    read_live_urls(all);
+    inputs = {all};
+    return true;
 }
 
 } // namespace ast::recording

@@ -1,8 +1,8 @@
 // Where live data come from, as users write it.
 #pragma once
 
-#include <asio/ip/address.hpp>
-#include <asio/ip/basic_resolver.hpp>
+#include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -16,22 +16,16 @@ struct LiveUrl {
     std::string text; // as it was written
 };
 
+// Is told what a user waits for: "listening on 0.0.0.0:8600".
+using Announce = std::function<void(const std::string &what)>;
+
 bool is_live(const std::string &text);
 
 // Several are set apart by blanks. Throws std::invalid_argument for what is_live, but none.
 std::vector<LiveUrl> read_live_urls(const std::string &text);
 
-// Asks for all addresses of a host where it is a name. Throws std::system_error when it has none.
-template <typename Protocol>
-std::vector<typename Protocol::endpoint> resolve(const LiveUrl &url, asio::io_context &context) {
-    std::error_code no_address;
-    const auto address = asio::ip::make_address(url.host, no_address);
-    if (!no_address) return {typename Protocol::endpoint(address, url.port)};
-    asio::ip::basic_resolver<Protocol> resolver(context);
-    std::vector<typename Protocol::endpoint> endpoints;
-    for (const auto &entry : resolver.resolve(url.host, std::to_string(url.port)))
-        endpoints.push_back(entry.endpoint());
-    return endpoints;
-}
+// Makes one of addresses to listen to, which are read at once, as if they were one file. Whether there are any. Throws
+// std::invalid_argument for what cannot be read together.
+bool join_live(std::vector<std::string> &inputs);
 
 } // namespace ast::recording

@@ -1,9 +1,10 @@
 // Raw concatenated blocks.
 #pragma once
 
+#include "base/octet_stream.hpp"
+#include "datagram/datagram_source.hpp"
 #include "datagram/window.hpp"
 #include "framing/framing.hpp"
-#include "source/input.hpp"
 
 namespace ast::recording {
 

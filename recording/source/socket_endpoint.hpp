@@ -2,9 +2,14 @@
 #pragma once
 
 #include <algorithm>
+#include <asio/io_context.hpp>
 #include <asio/ip/address.hpp>
+#include <asio/ip/basic_resolver.hpp>
+#include <string>
+#include <vector>
 
 #include "base/endpoint.hpp"
+#include "source/live_url.hpp"
 
 namespace ast::recording {
 
@@ -20,6 +25,19 @@ Endpoint to_endpoint(const SocketEndpoint &endpoint) {
         std::ranges::copy(address.to_v4().to_bytes(), to.address.octets.begin());
     }
     return to;
+}
+
+// Asks for all addresses of a host where it is a name. Throws std::system_error when it has none.
+template <typename Protocol>
+std::vector<typename Protocol::endpoint> resolve(const LiveUrl &url, asio::io_context &context) {
+    std::error_code no_address;
+    const auto address = asio::ip::make_address(url.host, no_address);
+    if (!no_address) return {typename Protocol::endpoint(address, url.port)};
+    asio::ip::basic_resolver<Protocol> resolver(context);
+    std::vector<typename Protocol::endpoint> endpoints;
+    for (const auto &entry : resolver.resolve(url.host, std::to_string(url.port)))
+        endpoints.push_back(entry.endpoint());
+    return endpoints;
 }
 
 } // namespace ast::recording

@@ -4,7 +4,8 @@
 #include <memory>
 #include <optional>
 
-#include "source/input.hpp"
+#include "base/octet_stream.hpp"
+#include "datagram/datagram_source.hpp"
 #include "source/live_url.hpp"
 
 namespace ast::recording {

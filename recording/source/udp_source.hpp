@@ -6,7 +6,8 @@
 #include <sys/socket.h>
 #include <vector>
 
-#include "source/input.hpp"
+#include "base/octet_stream.hpp"
+#include "datagram/datagram_source.hpp"
 #include "source/live_url.hpp"
 
 namespace ast::recording {

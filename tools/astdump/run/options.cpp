@@ -184,20 +184,6 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.footer(kExamples);
 }
 
-// Addresses to listen to are read at once, as if they were one file. Whether there are any.
-bool join_live(std::vector<std::string> &files) {
-    const auto live = std::ranges::count_if(files, is_live);
-    if (live == 0) return false;
-    std::string all;
-    for (const std::string &file : files) all.append(all.empty() ? "" : " ").append(file);
-    const bool is_tcp = std::ranges::any_of(files, [](const auto &file) { return file.starts_with("tcp://"); });
-    if (static_cast<size_t>(live) != files.size() || (is_tcp && files.size() > 1))
-        throw std::invalid_argument("udp:// takes no FILE but other udp:// beside it, and tcp:// none at all");
-    read_live_urls(all);
-    files = {all};
-    return true;
-}
-
 // Shows the help that was asked for, or what is wrong, which may quote names of files that a pattern of the shell
 // found.
 int exit_for(const CLI::App &app, const CLI::ParseError &error) {
@@ -239,12 +225,21 @@ void refuse_two_forms(const Options &options) {
         throw std::invalid_argument("--list, --csv, --json, --stats and --top exclude each other");
 }
 
+// What is wrong with a list is said of its option.
+template <typename Range>
+std::vector<Range> read_for(const char *option, std::string_view list,
+                            std::vector<Range> (*read)(std::string_view)) try {
+    return read(list);
+} catch (const std::invalid_argument &error) {
+    throw std::invalid_argument(std::string(option) + ": " + error.what());
+}
+
 // Datagrams, and how much of them.
 void read_choice(Options &options, const Texts &texts) {
     DatagramChoice &datagrams = options.datagrams;
     if (texts.count) options.count = read_count(*texts.count);
-    if (texts.ports) datagrams.ports = read_ports(*texts.ports);
-    if (texts.hosts) datagrams.hosts = read_hosts(*texts.hosts);
+    if (texts.ports) datagrams.ports = read_for("--port", *texts.ports, read_ports);
+    if (texts.hosts) datagrams.hosts = read_for("--host", *texts.hosts, read_hosts);
     if (texts.from) datagrams.from = read_limit("--from", *texts.from);
     if (texts.to) datagrams.to = read_limit("--to", *texts.to);
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "datagram/report_words.hpp"
+#include "datagram/walk_chunk.hpp"
 #include "show/video.hpp"
 
 namespace ast::recording::astdump {
@@ -18,23 +19,32 @@ Worker::Worker(const Options &options, const Sinks &sinks) : options_(options), 
         shows_none && options.categories.all() && options.where.empty() && options.convert.none() && !options.count;
 }
 
+// What becomes of a chunk, piece by piece.
+struct Worker::Walk {
+    Worker &worker;
+    uint64_t most;
+    Rendered &rendered;
+
+    bool has_enough() const { return rendered.shown >= most; }
+    void report(const Report &report) { rendered.reports.add(report); }
+    Blocks skip(Octets blocks) { return worker.only_counts_ ? worker.count(blocks, rendered) : Blocks{0, 0}; }
+    void no_block(const Datagram &datagram, uint64_t offset, const Frame &frame) {
+        worker.no_block(datagram, offset, frame, rendered);
+    }
+    void block(const Datagram &datagram, uint64_t number, uint64_t offset, Octets octets) {
+        if (worker.options_.categories.test(octets[0])) worker.block(datagram, number, offset, octets, most, rendered);
+    }
+};
+
 void Worker::render(const Job &job, uint64_t most, Rendered &rendered) {
-    const Chunk &chunk = job.chunk;
     rendered.texts.resize(renderers_.size());
     for (TextBuffer &text : rendered.texts) text.clear();
     rendered.reports.clear();
     rendered.shown = 0;
     rendered.unconverted = 0;
     decoder_.set_editions(job.editions);
-    number_ = chunk.first_number;
-
-    const std::vector<Report> &reports = chunk.reports().list();
-    auto report = reports.begin();
-    for (size_t i = 0; rendered.shown < most; ++i) {
-        for (; report != reports.end() && report->place <= i; ++report) rendered.reports.add(*report);
-        if (i == chunk.datagrams().size()) break;
-        datagram(chunk.datagrams()[i], most, rendered);
-    }
+    Walk walk{*this, most, rendered};
+    walk_chunk(job.chunk, walk);
     for (size_t i = 0; i < renderers_.size(); ++i)
         if (renderers_[i]) renderers_[i]->end(rendered.texts[i]);
     rendered.tally = counter_.take();
@@ -42,27 +52,11 @@ void Worker::render(const Job &job, uint64_t most, Rendered &rendered) {
     rendered.asked = asked_;
 }
 
-void Worker::datagram(const Datagram &datagram, uint64_t most, Rendered &rendered) {
-    uint64_t offset = 0;
-    while (offset < datagram.octets.size() && rendered.shown < most) {
-        if (only_counts_ && datagram.may_hold_blocks()) offset += count(datagram.octets.subspan(offset), rendered);
-        if (offset == datagram.octets.size()) break;
-        const Octets rest = datagram.octets.subspan(offset);
-        const Frame frame = frame_block(rest);
-        if (frame.framing != Framing::block || !datagram.may_hold_blocks())
-            return no_block(datagram, offset, frame, rendered);
-        if (options_.categories.test(frame.category)) block(datagram, offset, rest.first(frame.length), most, rendered);
-        ++number_;
-        offset += frame.length;
-    }
-}
-
-// As many blocks as there is no need to take apart; returns their octets.
-uint64_t Worker::count(Octets blocks, Rendered &rendered) {
+// As many blocks as there is no need to take apart.
+Blocks Worker::count(Octets blocks, Rendered &rendered) {
     const Blocks counted = counter_.add(decoder_.editions(), blocks);
-    number_ += counted.count;
     rendered.shown += counted.count;
-    return counted.octets;
+    return counted;
 }
 
 // Octets that are no block are of the category that they begin with.
@@ -76,8 +70,9 @@ void Worker::no_block(const Datagram &datagram, uint64_t offset, const Frame &fr
     if (!rendered.texts.empty()) rendered.reports.place = rendered.texts.front().size();
 }
 
-void Worker::block(const Datagram &datagram, uint64_t offset, Octets octets, uint64_t most, Rendered &rendered) {
-    DecodedBlock &decoded = decoder_.decode(datagram, number_, offset, octets);
+void Worker::block(const Datagram &datagram, uint64_t number, uint64_t offset, Octets octets, uint64_t most,
+                   Rendered &rendered) {
+    DecodedBlock &decoded = decoder_.decode(datagram, number, offset, octets);
     select_records(decoded.shown, *decoded.block, options_.where);
     if (!options_.where.empty()) asked_.look(*decoded.block, options_.where);
     const bool is_wanted = options_.where.empty() || decoded.shown.any();

@@ -20,10 +20,12 @@ public:
     void render(const Job &job, uint64_t most, Rendered &rendered);
 
 private:
-    uint64_t count(Octets blocks, Rendered &rendered);
-    void datagram(const Datagram &datagram, uint64_t most, Rendered &rendered);
+    struct Walk;
+
+    Blocks count(Octets blocks, Rendered &rendered);
     void no_block(const Datagram &datagram, uint64_t offset, const Frame &frame, Rendered &rendered);
-    void block(const Datagram &datagram, uint64_t offset, Octets octets, uint64_t most, Rendered &rendered);
+    void block(const Datagram &datagram, uint64_t number, uint64_t offset, Octets octets, uint64_t most,
+               Rendered &rendered);
     uint64_t cut(DecodedBlock &decoded, uint64_t most) const;
     void show_converted(DecodedBlock decoded, uint64_t most, Rendered &rendered);
     void show(DecodedBlock &decoded, uint64_t most, Rendered &rendered);
@@ -37,7 +39,6 @@ private:
     bool counts_ = false;                              // whether any sink wants that
     bool only_counts_ = false;                         // whether that is all that becomes of a block without a fault
     std::vector<std::unique_ptr<Renderer>> renderers_; // null for a sink without one
-    uint64_t number_ = 0;                              // of the next block in its file
 };
 
 } // namespace ast::recording::astdump

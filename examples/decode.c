@@ -7,6 +7,7 @@ int main(void) {
     static const uint8_t octets[] = {48,   0,    23,   0xCD, 0xC0, 0x19, 0x0C, 0x35, 0x2A, 0x80, 0x0A, 0x53,
                                      0x05, 0x78, 0x4B, 0xA9, 0xD1, 0x50, 0x86, 0x71, 0x04, 0x28, 0x20};
     static ast_datablock_t block; /* 54 KB, all zero; used for one block after the other */
+    ast_log_handler_reg(NULL);    /* or reports, even of editions tried in vain, are printed */
     ast_datablock_smart_decode_into(&block, octets, sizeof octets);
     for (uint64_t r = 0; r < block.record_count; ++r) {
         const ast_datarecord_t *record = &block.records[r];

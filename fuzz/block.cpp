@@ -20,8 +20,24 @@ void check_modified(const ast_datablock_t &block) {
     require(!modified.valid, "a modified block fits a buffer too small for it");
 }
 
+// Whatever the octets are, a record is appended to what they say is a block, or nothing is changed.
+void check_appending(Octets octets) {
+    const std::vector<uint8_t> before(octets.begin(), octets.end());
+    std::vector<uint8_t> buffer = before;
+    const uint64_t size = buffer.size() / 2;
+    const uint64_t length = ast_datablock_append(buffer.data(), buffer.size(), before.data(), size);
+    if (length == 0) {
+        require(buffer == before, "a block is changed though nothing is appended");
+        return;
+    }
+    require(size > 0 && length <= buffer.size() && length == (uint64_t{buffer[1]} << 8 | buffer[2]),
+            "LEN is not what a block with an appended record has");
+    require(same_octets(buffer.data() + length - size, before.data(), size), "another record is appended");
+}
+
 void check_block(const ast_datablock_t &block, Octets octets) {
     check_records(block, octets);
+    if (block.valid) check_joining(block);
     if (block.valid && block.record_count > 0) check_modified(block);
 }
 
@@ -58,6 +74,7 @@ void check_every_profile(Octets octets) {
 } // namespace
 
 void run(Input input) {
+    check_appending(input.rest());
     check_every_profile(input.rest());
     ast_library_set_option(AST_OPTION_ALLOW_EMPTY_FSPEC | AST_OPTION_INVERT_062_LONGITUDE);
     check_every_profile(input.rest());

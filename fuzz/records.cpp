@@ -52,6 +52,23 @@ void check_records(const ast_datablock_t &block, Octets octets) {
     require(next == octets.data() + block.length, "a valid block is not filled by its records");
 }
 
+void check_joining(const ast_datablock_t &block) {
+    std::vector<uint8_t> buffer = buffer_of(block.length + 1);
+    uint64_t length = ast_datablock_begin(buffer.data(), buffer.size(), block.category);
+    require(length == 3, "a block does not begin");
+    for (uint64_t i = 0; i < block.record_count; ++i) {
+        const ast_datarecord_t &record = block.records[i];
+        require(ast_datablock_append(buffer.data(), length + record.size - 1, record.data, record.size) == 0,
+                "an appended record fits a buffer too small for it");
+        const uint64_t longer = ast_datablock_append(buffer.data(), buffer.size(), record.data, record.size);
+        require(longer == length + record.size, "a record is not appended");
+        length = longer;
+    }
+    require(length == block.length && same_octets(buffer.data(), block.data, length),
+            "the records of a block are put together as another one");
+    require_untouched_behind(buffer, length);
+}
+
 void check_rewriting(const ast_datarecord_t &record) {
     constexpr ast_dataitem_src_list_t kNothing{};
     for (const uint64_t length : {record.size, record.size + 9}) {

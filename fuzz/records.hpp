@@ -13,6 +13,9 @@ void check_record(const ast_datarecord_t &record, uint64_t available);
 // The same for the records of a block, which follow one another and fill it when it is valid.
 void check_records(const ast_datablock_t &block, Octets octets);
 
+// The records of a block, put together, are its octets again, and fit no buffer that is shorter.
+void check_joining(const ast_datablock_t &block);
+
 // Copies and modifies nothing in a valid record: both give its octets.
 void check_rewriting(const ast_datarecord_t &record);
 

@@ -33,7 +33,7 @@
  *     conversions.h   numbers, codes and positions as ASTERIX carries them
  *     lookups.h       what the application knows about sites, sensors and countries; links to maps
  *     records.h       what decoded blocks, records and items look like, and what an encoder is given
- *     blocks.h        decode, encode, copy and modify blocks and records
+ *     blocks.h        decode, encode, copy and modify blocks and records, and put them together
  *     fspec.h         the bits that announce a record's items, by themselves
  *     items.h         one item: its name, size, octets, summary and details; size rules
  *     compounds.h     compound items and their subfields

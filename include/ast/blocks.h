@@ -1,4 +1,4 @@
-/* Blocks and records: decoding, encoding, copying and modifying them. */
+/* Blocks and records: decoding, encoding, copying and modifying them, splitting and putting together blocks. */
 #ifndef AST_BLOCKS_H
 #define AST_BLOCKS_H
 
@@ -142,6 +142,33 @@ AST_API bool ast_datablock_split(ast_split_t *split, const uint8_t *data, uint64
 /** An item of a split block by its place, those of the record at fault included, as decoding gives it. Not valid beyond
  *  them. */
 AST_API ast_dataitem_t ast_split_get_item(const ast_split_t *split, uint64_t place);
+
+/* ------------------------------------------------------------------------------------------------- putting together --
+ * An extension: a block of records that are encoded already, such as those of a decoded block, and what encoding,
+ * modifying, converting or JSON gives. As many as LEN can say; what the buffer holds is a whole block at any time.
+ *
+ *     uint64_t length = ast_datablock_begin(buffer, sizeof buffer, block.category);
+ *     for (uint64_t r = 0; length && r < block.record_count; ++r)
+ *         length = ast_datablock_append(buffer, sizeof buffer, block.records[r].data, block.records[r].size);
+ */
+
+/** Begins a block without records in buffer: CAT and LEN.
+ *  Returns its octets, 3; or 0, and nothing is written, when the buffer is missing or shorter, or for a category above
+ *  255. */
+AST_API uint64_t ast_datablock_begin(uint8_t *buffer, uint64_t length, uint32_t category);
+
+/** Appends an encoded record to the block in buffer, whose LEN grows by its size.
+ *  buffer  begins with the block, as ast_datablock_begin or this function left it, or as it was encoded or received
+ *  length  of the buffer, in octets
+ *  record  the first octet of its FSPEC; it is not looked at whether the octets are a record of that category. They are
+ *          copied as they stand before the call, wherever that is: a record that was written into the buffer right
+ *          behind the block, at buffer + LEN, stays there. A record that is to be appended later must not stand where
+ *          an earlier one is copied to.
+ *  size    FSPEC and items, in octets
+ *  Returns the octets of the block, LEN; or 0, and the buffer is left as it is, when buffer or record is missing, when
+ *  size is 0, as that of a record that is not valid is, when the LEN in the buffer is less than 3 or more than length,
+ *  or when the block would be longer than the buffer or than 65535 octets. */
+AST_API uint64_t ast_datablock_append(uint8_t *buffer, uint64_t length, const uint8_t *record, uint64_t size);
 
 AST_END_DECLARATIONS
 

@@ -206,3 +206,19 @@ ast_datablock_t ast_datablock_modify(uint8_t *buffer, uint64_t length, const ast
     if (!block.valid) block.length = kBlockHeaderOctets;
     return block;
 }
+
+uint64_t ast_datablock_begin(uint8_t *buffer, uint64_t length, uint32_t category) {
+    if (!buffer || length < kBlockHeaderOctets || category > UINT8_MAX) return 0;
+    write_header(buffer, category, kBlockHeaderOctets);
+    return kBlockHeaderOctets;
+}
+
+uint64_t ast_datablock_append(uint8_t *buffer, uint64_t length, const uint8_t *record, uint64_t size) {
+    if (!buffer || length < kBlockHeaderOctets || !record || size == 0) return 0;
+    const uint64_t begun = read_u16(buffer + 1);
+    const uint64_t limit = std::min(length, kMaxBlockOctets);
+    if (begun < kBlockHeaderOctets || begun > limit || size > limit - begun) return 0;
+    std::memmove(buffer + begun, record, size); // the record may stand in the buffer
+    write_u16(buffer + 1, static_cast<uint32_t>(begun + size));
+    return begun + size;
+}

@@ -7,8 +7,6 @@
 
 namespace ast {
 
-constexpr uint64_t kMaxBlockOctets = 65535;
-
 // CAT, then LEN in two octets; LEN counts the whole block.
 constexpr uint64_t kBlockHeaderOctets = 3;
 

@@ -5,7 +5,6 @@
 #include <cstring>
 #include <iterator>
 
-#include "codec/block.hpp"
 #include "codec/fspec.hpp"
 #include "codec/item.hpp"
 

@@ -11,6 +11,9 @@
 
 namespace ast {
 
+// LEN of a block has two octets, so no record is longer either.
+constexpr uint64_t kMaxBlockOctets = 65535;
+
 // Sizes an item that its slot does not, in place of its row; 0 when the octets do not hold all of it.
 using ItemSizer = uint64_t(const ItemRow &row, ast_dataitem_type_t type, const ast_uap_t &uap, const uint8_t *data,
                            uint64_t left);

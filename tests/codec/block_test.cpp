@@ -293,4 +293,93 @@ TEST(Block, ModifyStopsAtWhatLenCanSay) {
     }
 }
 
+TEST(Append, PutsRecordsTogether) {
+    std::vector<uint8_t> buffer(10, 0xEE);
+    EXPECT_EQ(ast_datablock_begin(buffer.data(), buffer.size(), 48), 3U);
+    EXPECT_EQ(buffer, octets("30 00 03 EE EE EE EE EE EE EE"));
+    const auto first = octets("80 19 0C");
+    const auto second = octets("40 54 60 C0");
+    EXPECT_EQ(ast_datablock_append(buffer.data(), buffer.size(), first.data(), 3), 6U);
+    EXPECT_EQ(buffer, octets("30 00 06 80 19 0C EE EE EE EE"));
+    EXPECT_EQ(ast_datablock_append(buffer.data(), buffer.size(), second.data(), 4), 10U);
+    EXPECT_EQ(buffer, octets("30 00 0A 80 19 0C 40 54 60 C0"));
+    EXPECT_EQ(ast_datablock_append(buffer.data(), buffer.size(), first.data(), 1), 0U) << "the buffer is full";
+    EXPECT_EQ(buffer, octets("30 00 0A 80 19 0C 40 54 60 C0"));
+}
+
+TEST(Append, TakesMoreRecordsThanABlockDecodesInto) {
+    std::vector<uint8_t> buffer(3 + 3 * 65);
+    const auto record = octets("80 19 0C");
+    ast_datablock_begin(buffer.data(), buffer.size(), 48);
+    for (int i = 0; i < 65; ++i) ast_datablock_append(buffer.data(), buffer.size(), record.data(), record.size());
+    EXPECT_EQ(buffer, block_of(48, repeated("80 19 0C", 65)));
+}
+
+TEST(Append, PutsAChangedRecordBetweenTheOthers) {
+    const auto data = octets("30 00 0C 80 01 02 80 03 04 80 05 06");
+    const Block block = decode(data);
+    ast_dataitem_src_list_t list{};
+    list.items[0] = {48010, &radar};
+    list.item_count = 1;
+    uint8_t scratch[3];
+    block->records[1] = ast_datarecord_modify(scratch, sizeof scratch, &block->records[1], &list);
+    std::vector<uint8_t> buffer(12);
+    ast_datablock_begin(buffer.data(), buffer.size(), 48);
+    for (uint64_t i = 0; i < block->record_count; ++i)
+        ast_datablock_append(buffer.data(), buffer.size(), block->records[i].data, block->records[i].size);
+    EXPECT_EQ(buffer, octets("30 00 0C 80 01 02 80 19 0C 80 05 06"));
+}
+
+// The record stands in the buffer at `from`, before the call.
+TEST(Append, TakesARecordFromAnywhereInTheBuffer) {
+    const struct {
+        const char *name;
+        uint64_t from, size;
+        const char *expected;
+    } kCases[] = {
+        {"right behind the block", 6, 3, "30 00 09 A0 A1 A2 B0 B1 B2 C0"},
+        {"one octet further on", 7, 3, "30 00 09 A0 A1 A2 B1 B2 C0 C0"},
+        {"in the block", 3, 3, "30 00 09 A0 A1 A2 A0 A1 A2 C0"},
+        {"reaching out of the block", 4, 4, "30 00 0A A0 A1 A2 A1 A2 B0 B1"},
+        {"from the header on", 0, 4, "30 00 0A A0 A1 A2 30 00 06 A0"},
+    };
+    for (const auto &c : kCases) {
+        auto buffer = octets("30 00 06 A0 A1 A2 B0 B1 B2 C0");
+        EXPECT_EQ(ast_datablock_append(buffer.data(), buffer.size(), buffer.data() + c.from, c.size), 6 + c.size);
+        EXPECT_EQ(buffer, octets(c.expected)) << c.name;
+    }
+}
+
+TEST(Append, StopsAtWhatLenCanSay) {
+    std::vector<uint8_t> buffer(70000, 0xEE);
+    const std::vector<uint8_t> record(65533, 0x01);
+    ast_datablock_begin(buffer.data(), buffer.size(), 255);
+    for (const uint64_t size : {UINT64_C(65533), UINT64_MAX, UINT64_MAX - 2})
+        EXPECT_EQ(ast_datablock_append(buffer.data(), buffer.size(), record.data(), size), 0U) << size;
+    EXPECT_EQ(ast_datablock_append(buffer.data(), UINT64_MAX, record.data(), 65533), 0U);
+    EXPECT_EQ(ast_datablock_append(buffer.data(), buffer.size(), record.data(), 65532), 65535U);
+    EXPECT_EQ(buffer[0], 255);
+    EXPECT_TRUE(buffer[1] == 0xFF && buffer[2] == 0xFF && buffer[65534] == 0x01 && buffer[65535] == 0xEE);
+    EXPECT_EQ(ast_datablock_append(buffer.data(), buffer.size(), record.data(), 1), 0U);
+}
+
+TEST(Append, LeavesTheBufferAsItIsWhenItFails) {
+    const auto record = octets("80 19 0C");
+    // Buffers without a header, with a LEN that is none, and without room for all of the record.
+    for (const char *const before : {"", "30", "30 00", "30 00 02 EE EE EE EE EE", "30 00 09 EE EE EE EE EE",
+                                     "30 FF FF EE EE EE EE EE", "30 00 06 80 01 02 EE EE"}) {
+        auto buffer = octets(before);
+        EXPECT_EQ(ast_datablock_append(buffer.data(), buffer.size(), record.data(), 3), 0U) << before;
+        EXPECT_EQ(buffer, octets(before));
+    }
+    auto buffer = octets("30 00 03 EE EE EE");
+    EXPECT_EQ(ast_datablock_append(buffer.data(), buffer.size(), record.data(), 0), 0U);
+    EXPECT_EQ(ast_datablock_append(buffer.data(), buffer.size(), nullptr, 3), 0U);
+    EXPECT_EQ(ast_datablock_append(nullptr, 6, record.data(), 3), 0U);
+    EXPECT_EQ(ast_datablock_begin(buffer.data(), 2, 48), 0U);
+    EXPECT_EQ(ast_datablock_begin(buffer.data(), buffer.size(), 256), 0U);
+    EXPECT_EQ(ast_datablock_begin(nullptr, 3, 48), 0U);
+    EXPECT_EQ(buffer, octets("30 00 03 EE EE EE"));
+}
+
 } // namespace

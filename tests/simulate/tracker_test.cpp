@@ -8,7 +8,7 @@
 
 #include "ast.h"
 #include "common/traffic.hpp"
-#include "simulate_tracker/tracker.hpp"
+#include "tracker/tracker.hpp"
 
 namespace {
 

@@ -13,7 +13,8 @@ install(
 install(
   DIRECTORY ${PROJECT_SOURCE_DIR}/include/
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
-  COMPONENT libast-dev)
+  COMPONENT libast-dev
+  PATTERN ast_recording.h EXCLUDE)
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 # The CMake package: find_package(ast), then ast::ast.
@@ -34,7 +35,7 @@ install(
   DESTINATION ${AST_CMAKE_DIR}
   COMPONENT libast-dev)
 
-# ast.pc finds its prefix from where it lies itself, so that an installed tree can be moved.
+# The .pc files find their prefix from where it lies itself, so that an installed tree can be moved.
 cmake_path(
   RELATIVE_PATH
   CMAKE_INSTALL_PREFIX
@@ -54,6 +55,34 @@ install(
   FILES ${PROJECT_BINARY_DIR}/ast.pc
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
   COMPONENT libast-dev)
+
+if(AST_BUILD_RECORDING)
+  # Both libraries stand in one folder.
+  set_target_properties(ast_recording PROPERTIES INSTALL_RPATH $ORIGIN)
+  install(
+    TARGETS ast_recording
+    EXPORT ast-recording
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+            COMPONENT libast-recording
+            NAMELINK_COMPONENT libast-recording-dev
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT libast-recording-dev)
+  install(
+    FILES ${PROJECT_SOURCE_DIR}/include/ast_recording.h
+    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+    COMPONENT libast-recording-dev)
+  # A part of the CMake package ast, which finds it where it is installed.
+  install(
+    EXPORT ast-recording
+    NAMESPACE ast::
+    FILE ast-recording-targets.cmake
+    DESTINATION ${AST_CMAKE_DIR}
+    COMPONENT libast-recording-dev)
+  configure_file(${CMAKE_CURRENT_LIST_DIR}/ast-recording.pc.in ${PROJECT_BINARY_DIR}/ast-recording.pc @ONLY)
+  install(
+    FILES ${PROJECT_BINARY_DIR}/ast-recording.pc
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
+    COMPONENT libast-recording-dev)
+endif()
 
 if(AST_BUILD_TOOLS)
   # The tool finds the library in its own tree, wherever that is.

@@ -1,4 +1,5 @@
-# Debian packages, made by cpack: libast1 (the library), libast-dev (what a program is built with) and astdump.
+# Debian packages, made by cpack: libast1 and libast-recording1 (the libraries), libast-dev and libast-recording-dev (what
+# programs are built with) and astdump.
 # scripts/test-packages builds and tries them.
 
 set(CPACK_GENERATOR DEB)
@@ -9,6 +10,9 @@ set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/compress_manual.cmake)
 set(CPACK_COMPONENTS_ALL libast libast-dev)
+if(AST_BUILD_RECORDING)
+  list(APPEND CPACK_COMPONENTS_ALL libast-recording libast-recording-dev)
+endif()
 if(AST_BUILD_TOOLS)
   list(APPEND CPACK_COMPONENTS_ALL astdump)
 endif()
@@ -60,6 +64,25 @@ debian_package(
 The header, the CMake package and the pkg-config file that programs are built
 with which decode or encode ASTERIX surveillance data."
   "${AST_DEBIAN_LIBRARY} (= ${AST_DEBIAN_VERSION})")
+set(AST_DEBIAN_RECORDING libast-recording${PROJECT_VERSION_MAJOR})
+debian_package(
+  libast-recording
+  ${AST_DEBIAN_RECORDING}
+  libs
+  "ASTERIX surveillance data library - recordings
+Opens captures, recordings and live streams of the surveillance data that
+radars, multilateration systems and ADS-B stations send to air traffic
+control, and hands over their blocks one by one."
+  "${AST_DEBIAN_LIBRARY} (>= ${PROJECT_VERSION})")
+debian_package(
+  libast-recording-dev
+  libast-recording-dev
+  libdevel
+  "ASTERIX surveillance data library - development files for recordings
+The header and the pkg-config file that programs are built with which read
+recordings of ASTERIX surveillance data."
+  "${AST_DEBIAN_RECORDING} (= ${AST_DEBIAN_VERSION})"
+  "libast-dev (= ${AST_DEBIAN_VERSION})")
 debian_package(
   astdump
   astdump

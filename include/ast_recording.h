@@ -27,7 +27,7 @@
  * - Structs that the caller fills in are all zero for the defaults: use = {0}. Their last member is room for what
  *   later versions add.
  *
- * Link with -last_recording -last, by pkg-config ast-recording or by the target ast::recording. */
+ * Link with -last-recording -last, by pkg-config ast-recording or by the target ast::recording. */
 #ifndef AST_RECORDING_H
 #define AST_RECORDING_H
 

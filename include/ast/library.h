@@ -64,6 +64,10 @@ typedef int32_t ast_log_handler_t(uint32_t level, const char *message);
 /** Replaces the log sink, `ast_log_stdout` at start. Null turns all logging off, at the cost of one test per report. */
 AST_API void ast_log_handler_reg(ast_log_handler_t *handler);
 
+/** Turns the log off for the calling thread alone, or on again; it is on at first. For those who try what may fail.
+ *  Returns whether it was off. */
+AST_API bool ast_log_silence(bool silent);
+
 /** Formats one line, at most 511 characters of it, and hands it to the sink. */
 AST_API void ast_log(uint32_t level, const char *format, ...) AST_PRINTF(2, 3);
 

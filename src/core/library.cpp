@@ -3,6 +3,7 @@
 #include <atomic>
 #include <cstdio>
 #include <iterator>
+#include <utility>
 
 #include "core/text.hpp"
 
@@ -19,6 +20,7 @@ constexpr uint64_t kLogLineCapacity = 512;
 
 std::atomic<uint32_t> options{0};
 std::atomic<ast_log_handler_t *> sink{ast_log_stdout};
+thread_local bool is_silent = false;
 
 } // namespace
 
@@ -58,9 +60,11 @@ bool ast_library_test_option(uint32_t bits) {
 
 void ast_log_handler_reg(ast_log_handler_t *handler) { sink.store(handler, std::memory_order_relaxed); }
 
+bool ast_log_silence(bool silent) { return std::exchange(is_silent, silent); }
+
 void ast_log(uint32_t level, const char *format, ...) {
     ast_log_handler_t *const handler = sink.load(std::memory_order_relaxed);
-    if (!handler || !format) return;
+    if (!handler || !format || is_silent) return;
     char line[kLogLineCapacity];
     va_list arguments;
     va_start(arguments, format);

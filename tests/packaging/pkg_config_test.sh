@@ -1,6 +1,7 @@
 #!/bin/sh
 # Whether programs in C11 and C++17 build and run with what pkg-config says of the installed library.
 # usage: pkg_config_test.sh CC CXX PREFIX LIBRARY_DIRECTORY CONSUMERS
+# Where the library of recordings is installed, too, a program with that.
 set -eu
 cc=$1 cxx=$2 prefix=$3 library=$3/$4 consumers=$5
 work=$(mktemp -d)
@@ -16,6 +17,11 @@ export PKG_CONFIG_PATH LD_LIBRARY_PATH
 }
 "$work/c"
 "$work/cpp"
+if pkg-config --exists ast-recording; then
+    # shellcheck disable=SC2046
+    "$cc" -std=c11 "$consumers/recording.c" -o "$work/recording" $(pkg-config --cflags --libs ast-recording)
+    "$work/recording"
+fi
 
 # Nothing of another installation can have helped.
 pkg-config --cflags ast | grep -F "$prefix" >/dev/null

@@ -1,0 +1,48 @@
+// What becomes of a chunk for a program that takes its blocks one by one.
+#pragma once
+
+#include <ast_recording.h>
+#include <vector>
+
+#include "base/category_set.hpp"
+#include "block/split_block.hpp"
+#include "source/pipeline.hpp"
+
+namespace ast::recording {
+
+struct HandedBlock {
+    const Datagram *datagram;
+    uint64_t datagram_number; // in its input, from 1, as is the next
+    uint64_t number;
+    uint64_t offset;          // in its datagram
+    Octets octets;
+    ast_reader_result_t read;
+};
+
+struct BlockJob : Job {
+    using Job::Job;
+
+    // Numbers the datagrams of the chunk from `next` on, those that came in one packet alike. Returns the number of the
+    // one behind the last.
+    uint64_t number_datagrams(uint64_t next);
+
+    std::vector<uint64_t> datagram_numbers; // in the order of the chunk
+    std::vector<HandedBlock> blocks;
+    Reports reports; // the place of one is the number of blocks in front of it
+};
+
+// Splits the blocks of the categories that are asked for, and keeps how that went.
+class BlockReader {
+public:
+    explicit BlockReader(const CategorySet &categories) : categories_(categories) {}
+    void read(BlockJob &job);
+
+private:
+    struct Walk;
+
+    const CategorySet &categories_;
+    EditionMemory editions_;
+    SplitBlock block_;
+};
+
+} // namespace ast::recording

@@ -1,0 +1,58 @@
+#include "api/handover.hpp"
+
+#include <cerrno>
+#include <chrono>
+#include <cstdint>
+#include <sys/eventfd.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace ast::recording {
+
+Handover::Handover() : event_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
+    if (event_ < 0) throw std::system_error(errno, std::generic_category());
+}
+
+Handover::~Handover() { ::close(event_); }
+
+bool Handover::give(const Piece &piece) {
+    std::unique_lock lock(mutex_);
+    if (is_closed_) return false;
+    piece_ = &piece;
+    constexpr uint64_t kOnce = 1;
+    [[maybe_unused]] const ssize_t written = write(event_, &kOnce, sizeof kOnce);
+    changed_.wait(lock, [&] { return !piece_ || is_closed_; });
+    return !is_closed_;
+}
+
+// Not by the condition, which no signal handler may announce.
+const Piece *Handover::take(int limit_ms, Interruption &interruption) {
+    using Clock = std::chrono::steady_clock;
+    const auto end = Clock::now() + std::chrono::milliseconds(limit_ms);
+    for (int left_ms = limit_ms; !interruption.ended();) {
+        if (interruption.has_input(event_, left_ms)) {
+            const std::lock_guard lock(mutex_);
+            return piece_;
+        }
+        if (limit_ms < 0) continue;
+        left_ms = static_cast<int>(std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now()).count());
+        if (left_ms <= 0) break;
+    }
+    return nullptr;
+}
+
+void Handover::done() {
+    const std::lock_guard lock(mutex_);
+    uint64_t taken = 0;
+    [[maybe_unused]] const ssize_t got = read(event_, &taken, sizeof taken);
+    piece_ = nullptr;
+    changed_.notify_all();
+}
+
+void Handover::close() {
+    const std::lock_guard lock(mutex_);
+    is_closed_ = true;
+    changed_.notify_all();
+}
+
+} // namespace ast::recording

@@ -1,0 +1,39 @@
+// What a thread that reads hands over, a piece at a time, to a caller who can be interrupted.
+#pragma once
+
+#include <condition_variable>
+#include <mutex>
+
+#include "api/piece.hpp"
+#include "base/interruption.hpp"
+
+namespace ast::recording {
+
+class Handover {
+public:
+    Handover();
+    ~Handover();
+    Handover(const Handover &) = delete;
+    Handover &operator=(const Handover &) = delete;
+
+    // For the thread that reads: offers a piece, and returns when the caller is done with it; false when he wants no
+    // more.
+    bool give(const Piece &piece);
+
+    // For the caller: the piece that is offered; null when there is none after a time, which may be negative for no
+    // limit, and after an interruption. It is the caller's until he is done with it.
+    const Piece *take(int limit_ms, Interruption &interruption);
+    void done();
+
+    // For the caller, who wants no more.
+    void close();
+
+private:
+    int event_; // can be read as long as a piece is offered
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    const Piece *piece_ = nullptr;
+    bool is_closed_ = false;
+};
+
+} // namespace ast::recording

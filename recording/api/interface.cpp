@@ -1,0 +1,125 @@
+// The exported functions. None lets an exception out.
+
+#include <algorithm>
+#include <limits>
+#include <new>
+
+#include "api/failure.hpp"
+#include "api/recording.hpp"
+#include "datagram/report_words.hpp"
+
+struct ast_recording : ast::recording::Recording {
+    using Recording::Recording;
+};
+
+namespace {
+
+using namespace ast::recording;
+
+// What is opened by `make(options)`; null with the reason where it cannot be.
+template <typename Make>
+ast_recording_t *open(const ast_recording_options_t *options, ast_recording_error_t *error, Make make) {
+    ast_recording_error_t ignored;
+    ast_recording_error_t &why = error ? *error : ignored;
+    why = {};
+    try {
+        static constexpr ast_recording_options_t kDefaults{};
+        return make(options ? *options : kDefaults);
+    } catch (const CannotOpen &failure) {
+        set_error(why, failure.code(), failure.what());
+    } catch (const std::bad_alloc &) {
+        set_error(why, AST_RECORDING_NO_MEMORY, "no memory");
+    } catch (const std::system_error &failure) {
+        set_error(why, code_of(failure.code()), failure.what());
+    } catch (const std::exception &failure) {
+        set_error(why, AST_RECORDING_UNREADABLE, failure.what());
+    }
+    return nullptr;
+}
+
+// A text that `make()` makes, for a caller; "" without memory for it.
+template <typename Make>
+uint64_t write(char *text, uint64_t capacity, Make make) {
+    try {
+        return give_text(text, capacity, make());
+    } catch (const std::exception &) {
+        return give_text(text, capacity, "");
+    }
+}
+
+} // namespace
+
+ast_recording_t *ast_recording_open(const char *const *inputs, uint64_t count, const ast_recording_options_t *options,
+                                    ast_recording_error_t *error) {
+    return open(options, error, [&](const ast_recording_options_t &chosen) {
+        const ReadOptions read = read_open_options(chosen);
+        return new ast_recording(origins_of({inputs, inputs ? count : 0}, read), read, chosen);
+    });
+}
+
+ast_recording_t *ast_recording_open_octets(const uint8_t *octets, uint64_t count, const char *name,
+                                           const ast_recording_options_t *options, ast_recording_error_t *error) {
+    return open(options, error, [&](const ast_recording_options_t &chosen) {
+        ReadOptions read = read_open_options(chosen);
+        read.follow = read.merge = false;
+        Origin origin{.path = name ? name : "memory", .name = name ? name : "memory", .octets = {{octets, octets ? count : 0}}};
+        return new ast_recording({std::move(origin)}, read, chosen);
+    });
+}
+
+void ast_recording_close(ast_recording_t *recording) { delete recording; }
+
+bool ast_recording_next(ast_recording_t *recording, ast_recording_block_t *block) {
+    constexpr int kNoLimit = -1;
+    ast_recording_block_t ignored;
+    return recording && recording->next(block ? *block : ignored, kNoLimit);
+}
+
+bool ast_recording_next_within(ast_recording_t *recording, ast_recording_block_t *block, uint32_t timeout_ms) {
+    ast_recording_block_t ignored;
+    const auto limit_ms = static_cast<int>(std::min<uint32_t>(timeout_ms, std::numeric_limits<int>::max()));
+    return recording && recording->next(block ? *block : ignored, limit_ms);
+}
+
+bool ast_recording_decode(ast_recording_t *recording, ast_datablock_t *block) {
+    return recording && block && recording->decode(*block);
+}
+
+uint32_t ast_recording_get_state(const ast_recording_t *recording, ast_recording_state_t *state) {
+    ast_recording_state_t ignored;
+    ast_recording_state_t &to = state ? *state : ignored;
+    to = {};
+    to.phase = AST_RECORDING_FAILED;
+    return recording ? recording->get_state(to) : to.phase;
+}
+
+void ast_recording_interrupt(ast_recording_t *recording) {
+    if (recording) recording->interrupt();
+}
+
+uint64_t ast_recording_report_to_text(char *text, uint64_t capacity, const ast_recording_report_t *report) {
+    return write(text, capacity, [&] { return report ? words_of(*report).text : std::string(); });
+}
+
+uint64_t ast_recording_report_get_cause(char *text, uint64_t capacity, const ast_recording_report_t *report) {
+    return write(text, capacity, [&] { return report ? words_of(*report).cause : std::string(); });
+}
+
+const char *ast_recording_report_kind_to_str(uint32_t kind) { return kind_word(kind); }
+
+uint64_t ast_endpoint_to_text(char *text, uint64_t capacity, const ast_endpoint_t *endpoint) {
+    return write(text, capacity, [&] {
+        return endpoint && endpoint->family != 0 ? endpoint_text(to_internal(*endpoint)) : std::string();
+    });
+}
+
+uint64_t ast_time_to_text(char *text, uint64_t capacity, int64_t time_ns) {
+    return write(text, capacity, [&] {
+        if (time_ns == AST_TIME_UNKNOWN) return std::string();
+        constexpr int64_t kNanosecondsPerSecond = 1'000'000'000;
+        const int64_t fraction = (time_ns % kNanosecondsPerSecond + kNanosecondsPerSecond) % kNanosecondsPerSecond;
+        TextBuffer out;
+        put_time(out, {(time_ns - fraction) / kNanosecondsPerSecond, static_cast<uint32_t>(fraction)});
+        return std::string(out.text());
+    });
+}

@@ -1,0 +1,34 @@
+// What is read, piece by piece, for a program.
+#pragma once
+
+#include <string>
+#include <variant>
+
+#include "api/block_job.hpp"
+
+namespace ast::recording {
+
+// An input begins.
+struct Opened {
+    std::string name;
+    std::string framing;
+    uint64_t octets = 0; // 0 where that is not known
+};
+
+// Something is told that stands beside the octets.
+struct Told {
+    Report report;
+    std::string file;
+    uint32_t code = AST_RECORDING_OK; // of a failure
+};
+
+// Some blocks, and what is reported between them.
+struct Filled {
+    const BlockJob *job;
+};
+
+struct End {};
+
+using Piece = std::variant<Opened, Told, Filled, End>;
+
+} // namespace ast::recording

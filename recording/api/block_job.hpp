@@ -14,7 +14,7 @@ struct HandedBlock {
     const Datagram *datagram;
     uint64_t datagram_number; // in its input, from 1, as is the next
     uint64_t number;
-    uint64_t offset;          // in its datagram
+    uint64_t offset; // in its datagram
     Octets octets;
     ast_reader_result_t read;
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <asio/error.hpp>
+#include <cerrno>
 #include <iterator>
 
 namespace ast::recording {
@@ -9,32 +10,33 @@ namespace ast::recording {
 namespace {
 
 struct Meaning {
-    std::errc error;
+    int error; // as errno numbers it
     uint32_t code;
 };
 
 constexpr Meaning kMeanings[] = {
-    {std::errc::no_such_file_or_directory, AST_RECORDING_NOT_FOUND},
-    {std::errc::not_a_directory, AST_RECORDING_NOT_FOUND},
-    {std::errc::no_such_device, AST_RECORDING_NOT_FOUND},
-    {std::errc::permission_denied, AST_RECORDING_NO_ACCESS},
-    {std::errc::operation_not_permitted, AST_RECORDING_NO_ACCESS},
-    {std::errc::address_in_use, AST_RECORDING_NO_ACCESS},
-    {std::errc::address_not_available, AST_RECORDING_NOT_FOUND},
-    {std::errc::connection_refused, AST_RECORDING_NO_CONNECTION},
-    {std::errc::connection_reset, AST_RECORDING_NO_CONNECTION},
-    {std::errc::timed_out, AST_RECORDING_NO_CONNECTION},
-    {std::errc::host_unreachable, AST_RECORDING_NO_CONNECTION},
-    {std::errc::network_unreachable, AST_RECORDING_NO_CONNECTION},
-    {std::errc::not_enough_memory, AST_RECORDING_NO_MEMORY},
+    {ENOENT, AST_RECORDING_NOT_FOUND},
+    {ENOTDIR, AST_RECORDING_NOT_FOUND},
+    {ENODEV, AST_RECORDING_NOT_FOUND},
+    {EACCES, AST_RECORDING_NO_ACCESS},
+    {EPERM, AST_RECORDING_NO_ACCESS},
+    {EADDRINUSE, AST_RECORDING_NO_ACCESS},
+    {EADDRNOTAVAIL, AST_RECORDING_NOT_FOUND},
+    {ECONNREFUSED, AST_RECORDING_NO_CONNECTION},
+    {ECONNRESET, AST_RECORDING_NO_CONNECTION},
+    {ETIMEDOUT, AST_RECORDING_NO_CONNECTION},
+    {EHOSTUNREACH, AST_RECORDING_NO_CONNECTION},
+    {ENETUNREACH, AST_RECORDING_NO_CONNECTION},
+    {ENOMEM, AST_RECORDING_NO_MEMORY},
 };
 
 } // namespace
 
 uint32_t code_of(const std::error_code &error) {
-    if (error.category() == asio::error::get_netdb_category() || error.category() == asio::error::get_addrinfo_category())
+    if (error.category() == asio::error::get_netdb_category() ||
+        error.category() == asio::error::get_addrinfo_category())
         return AST_RECORDING_NOT_FOUND;
-    const auto found = std::ranges::find_if(kMeanings, [&](const Meaning &meaning) { return error == meaning.error; });
+    const auto found = std::ranges::find(kMeanings, error.value(), &Meaning::error);
     return found == std::end(kMeanings) ? AST_RECORDING_UNREADABLE : found->code;
 }
 

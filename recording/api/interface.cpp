@@ -62,7 +62,8 @@ ast_recording_t *ast_recording_open_octets(const uint8_t *octets, uint64_t count
     return open(options, error, [&](const ast_recording_options_t &chosen) {
         ReadOptions read = read_open_options(chosen);
         read.follow = read.merge = false;
-        Origin origin{.path = name ? name : "memory", .name = name ? name : "memory", .octets = {{octets, octets ? count : 0}}};
+        Origin origin{
+            .path = name ? name : "memory", .name = name ? name : "memory", .octets = {{octets, octets ? count : 0}}};
         return new ast_recording({std::move(origin)}, read, chosen);
     });
 }

@@ -79,8 +79,7 @@ std::vector<Origin> origins_of(std::span<const char *const> inputs, const ReadOp
     if (std::ranges::count(inputs, nullptr) != 0) refuse("an input is null");
     std::vector<std::string> paths(inputs.begin(), inputs.end());
     const bool is_live = join_live(paths);
-    if ((is_live || options.follow) && (paths.size() > 1 || options.merge))
-        refuse("what has no end is read by itself");
+    if ((is_live || options.follow) && (paths.size() > 1 || options.merge)) refuse("what has no end is read by itself");
     if (!options.interface.empty() && !is_live) refuse("interface", "is for udp:// alone");
     std::vector<Origin> origins;
     for (const std::string &path : paths) origins.push_back({.path = path, .name = path, .octets = {}});

@@ -33,7 +33,9 @@ bool is_regular_file(const std::string &path) {
 }
 
 // Whether the caller would have to wait for what comes.
-bool is_waited_for(const Origin &origin) { return !origin.octets && (origin.path == "-" || !is_regular_file(origin.path)); }
+bool is_waited_for(const Origin &origin) {
+    return !origin.octets && (origin.path == "-" || !is_regular_file(origin.path));
+}
 
 bool is_udp(const std::vector<Origin> &origins) { return origins.front().path.starts_with("udp://"); }
 
@@ -175,6 +177,7 @@ void Recording::receive(const Filled &filled) {
 }
 
 void Recording::receive(const End &) {
+    if (interruption_.ended()) return static_cast<void>(end(AST_RECORDING_INTERRUPTED));
     end(error_.code == AST_RECORDING_OK ? AST_RECORDING_ENDED : AST_RECORDING_FAILED);
 }
 

@@ -60,7 +60,7 @@ private:
     std::unique_ptr<BlockJob> own_job_;                 // where the caller reads
     bool is_open_ = false;                              // an input, where the caller reads
     bool is_threaded_;
-    bool has_thread_ = false; // which runs
+    bool has_thread_ = false;    // which runs
     uint64_t next_datagram_ = 1; // of the input at hand
 
     // What the caller has been given.

@@ -5,7 +5,8 @@
 set -eu
 cc=$1 include=$2
 
-awk -v RS= '/AST_API [a-z]/ && !/^\/\*/ { print FILENAME ": " $0 "\n"; ++bare } END { exit bare > 0 }' "$include"/ast/*.h ||
+awk -v RS= '/AST_(RECORDING_)?API [a-z]/ && !/^\/\*/ { print FILENAME ": " $0 "\n"; ++bare } END { exit bare > 0 }' \
+    "$include"/ast/*.h "$include/ast_recording.h" ||
     { echo "have no comment"; exit 1; }
 for header in "$include"/ast/*.h; do
     "$cc" -std=c11 -Wall -Wextra -pedantic -Werror -fsyntax-only -x c "$header"

@@ -1,0 +1,239 @@
+// Blocks as they come from files and from memory.
+
+#include <algorithm>
+#include <cstring>
+
+#include "recording/recorded.hpp"
+
+namespace ast_test {
+
+namespace {
+
+constexpr const char *kSamples[] = {"adsb.pcap",  "categories.ast", "categories.json", "radar.ast",
+                                    "radar.pcap", "tracks.pcap",    "weather.ast"};
+
+// A pattern that no reading of one file may disturb in that of another.
+std::vector<std::vector<uint8_t>> octets_of(const std::vector<ReadBlock> &blocks) {
+    std::vector<std::vector<uint8_t>> octets;
+    for (const ReadBlock &block : blocks) octets.push_back(block.octets);
+    return octets;
+}
+
+TEST(Reading, IsTheSameFromFileMemoryAndThreads) {
+    for (const char *const name : kSamples) {
+        const std::string path = sample(name);
+        const std::vector<ReadBlock> blocks = read_all(open({path}).get());
+        EXPECT_FALSE(blocks.empty()) << name;
+        EXPECT_TRUE(std::ranges::all_of(blocks, &ReadBlock::valid)) << name;
+        EXPECT_EQ(blocks, read_all(open(contents(path), {}, path.c_str()).get())) << name;
+        for (const uint32_t threads : {1U, 4U})
+            EXPECT_EQ(blocks, read_all(open({path}, {.threads = threads}).get())) << name;
+    }
+}
+
+TEST(Reading, GivesEveryOctetOfAFileOfBlocksOnce) {
+    const std::vector<uint8_t> file = contents(sample("categories.ast"));
+    std::vector<uint8_t> read;
+    for (const ReadBlock &block : read_all(open(file).get())) {
+        EXPECT_EQ(block.offset, read.size());
+        EXPECT_EQ(block.file, "memory");
+        EXPECT_EQ(block.time + block.route, "");
+        EXPECT_EQ(block.packet, 0U);
+        read.insert(read.end(), block.octets.begin(), block.octets.end());
+    }
+    EXPECT_EQ(read, file);
+}
+
+TEST(Reading, TellsWhereBlocksOfACaptureCameFrom) {
+    const std::string path = sample("tracks.pcap");
+    const std::vector<ReadBlock> blocks = read_all(open({path}).get());
+    ASSERT_GT(blocks.size(), 2U);
+    for (size_t i = 0; i < 2; ++i) {
+        EXPECT_EQ(blocks[i].number, i + 1);
+        EXPECT_EQ(blocks[i].packet, 1U);
+        EXPECT_EQ(blocks[i].datagram, 1U);
+        EXPECT_EQ(blocks[i].file, path);
+        EXPECT_EQ(blocks[i].time, "2024-06-01 12:00:00.219999");
+        EXPECT_EQ(blocks[i].route, "192.0.2.10:8600 > 239.192.25.10:8600");
+    }
+    EXPECT_EQ(blocks[0].offset, 0U);
+    EXPECT_EQ(blocks[1].offset, blocks[0].octets.size());
+    EXPECT_EQ(blocks[2].packet, 2U);
+    EXPECT_EQ(blocks[2].datagram, 2U);
+    EXPECT_EQ(blocks[0].profile, "standard");
+    EXPECT_EQ(blocks[0].edition, "1.21");
+}
+
+TEST(Reading, LearnsTheEditionFromTheBeginningOfFiles) {
+    const auto recording = open({sample("adsb.pcap")});
+    for (const ReadBlock &block : read_all(recording.get()))
+        EXPECT_EQ(block.edition, block.octets[0] == 21 ? "2.7" : block.edition);
+}
+
+TEST(Reading, DecodesTheBlockThatWasHandedOver) {
+    static ast_datablock_t block;
+    ast_recording_block_t read;
+    for (const char *const name : kSamples) {
+        const auto recording = open({sample(name)});
+        EXPECT_FALSE(ast_recording_decode(recording.get(), &block));
+        while (ast_recording_next(recording.get(), &read)) {
+            EXPECT_TRUE(ast_recording_decode(recording.get(), &block));
+            EXPECT_EQ(block.records[0].data, read.octets + 3);
+            const ast_datarecord_t &last = block.records[block.record_count - 1];
+            EXPECT_EQ(last.data + last.size, read.octets + read.length);
+        }
+        EXPECT_FALSE(ast_recording_decode(recording.get(), &block));
+    }
+}
+
+// Of the second record, I034/020 and all behind it is cut off.
+TEST(Reading, KeepsTheRecordsInFrontOfAFault) {
+    std::vector<uint8_t> octets = north_marker();
+    octets.insert(octets.end(), {0xF0, 25, 12, 1, 0x54});
+    octets[2] = static_cast<uint8_t>(octets.size());
+    const auto recording = open(octets);
+    ast_recording_block_t read;
+    static ast_datablock_t block;
+    ASSERT_TRUE(ast_recording_next(recording.get(), &read));
+    EXPECT_FALSE(read.read.valid);
+    EXPECT_EQ(read.length, octets.size());
+    EXPECT_FALSE(ast_recording_decode(recording.get(), &block));
+    EXPECT_EQ(block.record_count, 1U);
+    EXPECT_EQ(block.records[0].item_count, 4U);
+}
+
+TEST(Reading, OfTwoRecordingsAtOnceDisturbsNeither) {
+    const std::string path = sample("radar.pcap");
+    const std::vector<ReadBlock> blocks = read_all(open({path}).get());
+    const auto one = open({path}), other = open({path}, {.threads = 2});
+    std::vector<ReadBlock> read, also_read;
+    ast_recording_block_t block;
+    while (ast_recording_next(one.get(), &block)) {
+        read.push_back(copy_of(block));
+        ast_recording_block_t same;
+        ASSERT_TRUE(ast_recording_next(other.get(), &same));
+        EXPECT_EQ(copy_of(block), read.back()) << "what one has handed over is good until its own next call";
+        also_read.push_back(copy_of(same));
+    }
+    EXPECT_EQ(read, blocks);
+    EXPECT_EQ(also_read, blocks);
+}
+
+TEST(Reading, GoesOnFromOneFileToTheNext) {
+    const auto recording = open({sample("radar.ast"), sample("categories.ast")});
+    const std::vector<ReadBlock> blocks = read_all(recording.get());
+    const std::vector<ReadBlock> first = read_all(open({sample("radar.ast")}).get());
+    const std::vector<ReadBlock> second = read_all(open({sample("categories.ast")}).get());
+    std::vector<ReadBlock> both = first;
+    both.insert(both.end(), second.begin(), second.end());
+    EXPECT_EQ(blocks, both);
+    const ast_recording_state_t state = state_of(recording.get());
+    EXPECT_EQ(state.phase, AST_RECORDING_ENDED);
+    EXPECT_EQ(state.blocks, both.size());
+    EXPECT_EQ(state.octets_read, 291U + 1243U);
+    EXPECT_STREQ(state.framing, "raw");
+    EXPECT_EQ(state.file, sample("categories.ast"));
+    EXPECT_EQ(state.file_octets, 1243U);
+}
+
+TEST(Reading, MergesByTime) {
+    const std::string radar = sample("radar.pcap"), tracks = sample("tracks.pcap");
+    const std::vector<ReadBlock> merged = read_all(open({radar, tracks}, {.merge = true}).get());
+    std::vector<ReadBlock> all = read_all(open({radar}).get());
+    const std::vector<ReadBlock> others = read_all(open({tracks}).get());
+    all.insert(all.end(), others.begin(), others.end());
+    std::ranges::stable_sort(all, {}, &ReadBlock::time);
+    EXPECT_EQ(octets_of(merged), octets_of(all));
+    EXPECT_TRUE(std::ranges::equal(merged, all, {}, &ReadBlock::file, &ReadBlock::file));
+}
+
+TEST(Reading, TakesOnlyWhatIsChosen) {
+    const std::string path = sample("tracks.pcap");
+    const auto count = [&](const ast_recording_options_t &options) { return read_all(open({path}, options).get()).size(); };
+    const std::vector<ReadBlock> all = read_all(open({path}).get());
+    const auto services = static_cast<size_t>(
+        std::ranges::count_if(all, [](const ReadBlock &block) { return block.octets[0] == 65; }));
+    EXPECT_GT(services, 0U);
+    EXPECT_EQ(count({.categories = "65"}), services);
+    EXPECT_EQ(count({.categories = "1-64,66-255"}), all.size() - services);
+    EXPECT_EQ(count({.ports = "8600"}), all.size());
+    EXPECT_EQ(count({.ports = "1-8599"}), 0U);
+    EXPECT_EQ(count({.hosts = "192.0.2.0/24"}), all.size());
+    EXPECT_EQ(count({.hosts = "192.0.2.11"}), 0U);
+    EXPECT_EQ(count({.to = "2024-06-01T12:00:00.3Z"}), 2U);
+    EXPECT_EQ(count({.from = "12:00:00.3"}), all.size() - 2);
+}
+
+TEST(Reading, WritesNothingByItself) {
+    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
+    read_all(open({sample("adsb.pcap")}, {.threads = 2}).get());
+    read_all(open(std::vector<uint8_t>{21, 0, 9, 1, 2, 3}).get());
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+TEST(Reading, LeavesTheLogOfTheProgramOn) {
+    static int lines;
+    lines = 0;
+    ast_log_handler_reg([](uint32_t, const char *) -> int32_t { return ++lines; });
+    read_all(open({sample("adsb.pcap")}).get());
+    EXPECT_EQ(lines, 0);
+    ast_log(AST_LOG_INFO, "by the program");
+    EXPECT_EQ(lines, 1);
+    ast_log_handler_reg(ast_log_stdout);
+}
+
+TEST(Reading, OfNothingIsTheEnd) {
+    const auto empty = open(std::vector<uint8_t>{});
+    ast_recording_block_t block;
+    std::memset(&block, 0xFF, sizeof block);
+    EXPECT_FALSE(ast_recording_next(empty.get(), &block));
+    EXPECT_EQ(block.octets, nullptr);
+    EXPECT_EQ(state_of(empty.get()).phase, AST_RECORDING_ENDED);
+    EXPECT_FALSE(ast_recording_next(empty.get(), &block));
+
+    EXPECT_FALSE(ast_recording_next(nullptr, &block));
+    EXPECT_FALSE(ast_recording_decode(nullptr, nullptr));
+    EXPECT_EQ(ast_recording_get_state(nullptr, nullptr), AST_RECORDING_FAILED);
+    ast_recording_interrupt(nullptr);
+    ast_recording_close(nullptr);
+}
+
+// ---- Texts ----
+
+TEST(RecordingText, OfTimesAndEndpoints) {
+    const struct {
+        int64_t time_ns;
+        const char *text;
+    } times[] = {
+        {0, "1970-01-01 00:00:00.000000"},
+        {1393331827401501000, "2014-02-25 12:37:07.401501"},
+        {1393331827401501001, "2014-02-25 12:37:07.401501001"},
+        {-1000, "1969-12-31 23:59:59.999999"},
+        {AST_TIME_UNKNOWN, ""},
+    };
+    char text[64];
+    for (const auto &time : times) {
+        EXPECT_EQ(ast_time_to_text(text, sizeof text, time.time_ns), std::strlen(time.text));
+        EXPECT_STREQ(text, time.text);
+    }
+    const ast_endpoint_t v4{.family = 4, .octets = {10, 0, 0, 1}, .port = 8600, .scope = 0};
+    const ast_endpoint_t v6{.family = 6, .octets = {0x20, 0x01, 0x0D, 0xB8, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1}, .port = 1, .scope = 0};
+    const ast_endpoint_t none{};
+    EXPECT_EQ(ast_endpoint_to_text(text, sizeof text, &v4), 13U);
+    EXPECT_STREQ(text, "10.0.0.1:8600");
+    ast_endpoint_to_text(text, sizeof text, &v6);
+    EXPECT_STREQ(text, "[2001:db8::1]:1");
+    EXPECT_EQ(ast_endpoint_to_text(text, sizeof text, &none), 0U);
+    EXPECT_STREQ(text, "");
+    for (size_t capacity = 1; capacity < 16; ++capacity) {
+        EXPECT_EQ(ast_endpoint_to_text(text, capacity, &v4), 13U);
+        EXPECT_EQ(text, std::string("10.0.0.1:8600").substr(0, capacity - 1));
+    }
+    EXPECT_EQ(ast_endpoint_to_text(nullptr, 9, &v4), 13U);
+}
+
+} // namespace
+
+} // namespace ast_test

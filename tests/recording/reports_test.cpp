@@ -1,0 +1,138 @@
+// What is not read is told as data, where it stands.
+
+#include "recording/recorded.hpp"
+#include "support/octets.hpp"
+
+namespace ast_test {
+
+namespace {
+
+struct Case {
+    const char *what;
+    const char *hex;
+    uint32_t kind;
+    uint32_t reason;
+    uint64_t offset;
+    uint64_t octets;
+    uint32_t category;
+    const char *text;
+    const char *cause;
+};
+
+// Of a north marker, 22 00 0B F0 19 0C 01 54 60 00 00, and what is wrong with others.
+constexpr Case kCases[] = {
+    {"a LEN below its own header, and a whole block",
+     "22 00 02 22 00 0B F0 19 0C 01 54 60 00 00 22 00 0B F0 19 0C 01 54 60 00 00", AST_REPORT_DAMAGED,
+     AST_REASON_SHORT_LENGTH, 0, 3, 34, "offset 0: category 034: LEN is 2, less than the block header; 3 octets skipped",
+     "category 034: LEN is less than the block header"},
+    {"a block that is cut short", "22 00 0B F0 19 0C 01 54 60 00 00 22 00 0B F0 19", AST_REPORT_DAMAGED,
+     AST_REASON_PAST_END, 11, 5, 34, "offset 11: category 034: LEN is 11, but only 5 octets are left; 5 octets skipped",
+     "category 034: LEN runs past the end"},
+    {"two octets", "22 00 0B F0 19 0C 01 54 60 00 00 22 00", AST_REPORT_DAMAGED, AST_REASON_SHORT_HEADER, 11, 2, 0,
+     "offset 11: 2 octets, too few for a block header; skipped", "too few octets for a block header"},
+    {"text", "22 00 0B F0 19 0C 01 54 60 00 00 68 65 6C 6C 6F 21 0A", AST_REPORT_DAMAGED, AST_REASON_TEXT, 11, 7, 0,
+     "offset 11: 7 octets of text; skipped", "octets of text"},
+    {"an item that is cut short", "22 00 08 F0 19 0C 01 54", AST_REPORT_DAMAGED, AST_REASON_BLOCK, 0, 1, 34,
+     "offset 0: category 034: damaged in record 1 after 2 items, at octet 7 of 8: I034/030 runs past the end of the "
+     "block",
+     "category 034: I034/030 runs past the end of the block"},
+    {"a category that nobody has published", "63 00 04 80", AST_REPORT_UNSUPPORTED, AST_REASON_BLOCK, 0, 0, 99,
+     "offset 0: category 099: not supported in record 1 after 0 items, at octet 4 of 4: nothing is known of category 99",
+     "nothing is known of category 99"},
+    {"a line that is no record", "7B 22 61 22 3A 31 7D", AST_REPORT_DAMAGED, AST_REASON_LINE, AST_OFFSET_NONE, 0, 0,
+     "line 1, character 1: category: is missing", "is missing"},
+    {"nothing at all", "", AST_REPORT_NOTE, AST_REASON_NOTE, AST_OFFSET_NONE, 0, 0, "holds no octets", "holds no octets"},
+};
+
+TEST(Report, SaysWhatAndWhere) {
+    for (const Case &each : kCases) {
+        Reports reports;
+        read_all(open(octets(each.hex), reports.with(), "a.ast").get());
+        ASSERT_EQ(reports.told.size(), 1U) << each.what;
+        const Told &told = reports.told[0];
+        EXPECT_EQ(told.data.kind, each.kind) << each.what;
+        EXPECT_EQ(told.data.reason, each.reason) << each.what;
+        EXPECT_EQ(told.data.offset, each.offset) << each.what;
+        EXPECT_EQ(told.data.octets, each.octets) << each.what;
+        EXPECT_EQ(told.data.category, each.category) << each.what;
+        EXPECT_EQ(told.data.count, 1U) << each.what;
+        EXPECT_EQ(told.file, "a.ast") << each.what;
+        EXPECT_EQ(told.text, each.text) << each.what;
+        EXPECT_EQ(told.cause, each.cause) << each.what;
+    }
+}
+
+TEST(Report, NamesTheItemAtFault) {
+    Reports reports;
+    read_all(open(octets("22 00 08 F0 19 0C 01 54"), reports.with()).get());
+    ASSERT_EQ(reports.told.size(), 1U);
+    const ast_recording_report_t &data = reports.told[0].data;
+    EXPECT_EQ(data.split_reason, AST_SPLIT_ITEM_CUT);
+    EXPECT_EQ(data.item, AST_DATAITEM_TYPE(34, 30));
+    EXPECT_EQ(data.frn, 3U);
+    EXPECT_EQ(data.record, 1U);
+    EXPECT_EQ(data.items, 2U);
+    EXPECT_EQ(data.fault, 7U);
+    EXPECT_EQ(data.length, 8U);
+}
+
+// One that is damaged between two that are not, in each file.
+TEST(Report, ComesBetweenTheBlocksThatItStandsBetween) {
+    std::vector<uint8_t> file = north_marker();
+    const std::vector<uint8_t> cut = octets("22 00 08 F0 19 0C 01 54");
+    file.insert(file.end(), cut.begin(), cut.end());
+    const std::vector<uint8_t> last = north_marker();
+    file.insert(file.end(), last.begin(), last.end());
+    const TemporaryFile one(file), other(file);
+    for (const uint32_t threads : {0U, 3U}) {
+        Reports reports;
+        const auto recording = open({one.path(), other.path()}, reports.with({.threads = threads}));
+        ast_recording_block_t block;
+        for (uint64_t read = 1; ast_recording_next(recording.get(), &block); ++read) {
+            const uint64_t in_file = (read - 1) % 3 + 1;
+            EXPECT_EQ(block.number, in_file);
+            EXPECT_EQ(reports.told.size(), (read - 1) / 3 + (in_file == 3 ? 1 : 0));
+        }
+        ASSERT_EQ(reports.told.size(), 2U);
+        EXPECT_EQ(reports.told[0].file, one.path());
+        EXPECT_EQ(reports.told[1].file, other.path());
+    }
+}
+
+TEST(Report, OfACaptureNamesThePacket) {
+    std::vector<uint8_t> capture = contents(sample("tracks.pcap"));
+    // Behind the headers of the file, the packet, Ethernet, IP and UDP stands the CAT octet, and behind that LEN.
+    constexpr size_t kLen = 24 + 16 + 14 + 20 + 8 + 1;
+    capture[kLen] = 0x7F;
+    Reports reports;
+    read_all(open(capture, reports.with()).get());
+    ASSERT_EQ(reports.told.size(), 1U);
+    EXPECT_EQ(reports.told[0].data.packet, 1U);
+    EXPECT_EQ(reports.told[0].data.offset, 0U);
+    EXPECT_EQ(reports.told[0].data.reason, AST_REASON_PAST_END);
+    EXPECT_EQ(reports.told[0].data.length, 0x7FA8U);
+}
+
+TEST(Report, TextsAreCutAndTerminated) {
+    Reports reports;
+    read_all(open(octets("22 00"), reports.with()).get());
+    ASSERT_EQ(reports.told.size(), 1U);
+    ast_recording_report_t data = reports.told[0].data;
+    data.detail = data.path = "";
+    const std::string whole = reports.told[0].text;
+    for (size_t capacity = 1; capacity <= whole.size() + 1; ++capacity) {
+        std::vector<char> text(capacity, 'x');
+        EXPECT_EQ(ast_recording_report_to_text(text.data(), capacity, &data), whole.size());
+        EXPECT_EQ(text.data(), whole.substr(0, capacity - 1));
+    }
+    EXPECT_EQ(ast_recording_report_to_text(nullptr, 0, &data), whole.size());
+    EXPECT_EQ(ast_recording_report_to_text(nullptr, 0, nullptr), 0U);
+    data.reason = 1000;
+    EXPECT_EQ(ast_recording_report_to_text(nullptr, 0, &data), 0U);
+    EXPECT_STREQ(ast_recording_report_kind_to_str(AST_REPORT_UNSUPPORTED), "not supported");
+    EXPECT_STREQ(ast_recording_report_kind_to_str(4), "");
+}
+
+} // namespace
+
+} // namespace ast_test

@@ -9,8 +9,8 @@
 
 #include "harness.hpp"
 #include "run/run.hpp"
-#include "show/damage_log.hpp"
 #include "show/record_list.hpp"
+#include "show/report_log.hpp"
 #include "show/stats.hpp"
 
 namespace ast_fuzz {
@@ -91,8 +91,8 @@ Outcome read(const std::string &path, const Way &way) {
     sinks.push_back(std::make_unique<astdump::RecordList>(
         out, astdump::RecordList::Form{.columns = 120, .color = false, .name_files = false}));
     sinks.push_back(std::make_unique<astdump::Stats>(out, false));
-    astdump::DamageLog damage(false, true);
-    const int status = astdump::Run(options, std::move(sinks), out, damage, astdump::Progress(false), nullptr).files();
+    astdump::ReportLog log(false, true);
+    const int status = astdump::Run(options, std::move(sinks), out, log, astdump::Progress(false), nullptr).files();
     return {status, output.contents(), reports.contents()};
 }
 

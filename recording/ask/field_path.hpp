@@ -2,14 +2,13 @@
 #pragma once
 
 #include <array>
+#include <ast.h>
 #include <bitset>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
-
-#include <ast.h>
 
 namespace ast::recording {
 

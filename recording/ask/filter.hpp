@@ -1,7 +1,8 @@
-// Which records of a block are wanted.
+// Which records of a block are wanted, and which conditions no record of a category can meet.
 #pragma once
 
 #include <algorithm>
+#include <bitset>
 #include <string>
 #include <variant>
 #include <vector>
@@ -33,5 +34,24 @@ bool names_category(const Condition &condition);
 
 // Sets the records that meet all conditions; all records when there is none.
 void select_records(RecordSet &selected, const SplitBlock &block, const std::vector<Condition> &conditions);
+
+// Which categories have what conditions ask for, so that a condition that none of their records can meet is told.
+class ConditionCoverage {
+public:
+    // Looks at the records of a block, until its category has shown everything.
+    void look(const SplitBlock &block, const std::vector<Condition> &conditions);
+
+    ConditionCoverage &operator|=(const ConditionCoverage &other);
+
+    // "--where squawk=7700: no record of category 034 has squawk"; a line for each condition that leaves out whole
+    // categories.
+    std::vector<std::string> complaints(const std::vector<Condition> &conditions) const;
+
+private:
+    using Categories = std::bitset<256>;
+
+    Categories seen_;
+    std::vector<Categories> found_; // by condition
+};
 
 } // namespace ast::recording

@@ -1,6 +1,7 @@
 // The common quantities of records, under the names that the command line knows them by.
 #pragma once
 
+#include <ast.h>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -8,7 +9,6 @@
 
 #include "ask/shared_items.hpp"
 #include "base/text_buffer.hpp"
-#include <ast.h>
 
 namespace ast::recording {
 

@@ -1,9 +1,8 @@
 // What the published reading of an item depends on beside its octets.
 #pragma once
 
-#include <vector>
-
 #include <ast.h>
+#include <vector>
 
 namespace ast::recording {
 

@@ -1,8 +1,9 @@
 // Data source, time and message type of a record by the items that nearly all categories share.
 #pragma once
 
-#include "base/text_buffer.hpp"
 #include <ast.h>
+
+#include "base/text_buffer.hpp"
 
 namespace ast::recording {
 

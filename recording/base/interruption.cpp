@@ -34,7 +34,7 @@ void Interruption::interrupt() noexcept {
 }
 
 // Whether one of the descriptors is ready, waiting for that up to a limit, or for a while at least. The first of them
-// is that of the end.
+// is that of the interruption.
 bool Interruption::is_ready(std::span<pollfd> files, int limit_ms) {
     files.front() = {.fd = event_, .events = POLLIN, .revents = 0};
     const bool is_endless = limit_ms == kNoLimit;

@@ -1,4 +1,4 @@
-// Waiting for what has yet to arrive, until someone ends that.
+// Ends, from elsewhere, the waiting for what has yet to arrive.
 #pragma once
 
 #include <atomic>
@@ -9,6 +9,7 @@
 
 namespace ast::recording {
 
+// Whoever has to wait waits by it, so that all waiting ends when somebody interrupts.
 class Interruption {
 public:
     Interruption();
@@ -16,21 +17,21 @@ public:
     Interruption(const Interruption &) = delete;
     Interruption &operator=(const Interruption &) = delete;
 
-    // Ends all waiting, from now on. From any thread, and from a signal handler.
+    // Ends all waiting, now and later. From any thread, and from a signal handler.
     void interrupt() noexcept;
     bool ended() const { return ended_.load(std::memory_order_relaxed); }
 
-    // Each waits, and returns false when the waiting has been ended: until a descriptor can be read or written, and for
+    // Each waits, and returns false when it has been interrupted: until a descriptor can be read or written, and for
     // a moment, in which a file may grow.
     bool for_input(int descriptor);
     bool for_output(int descriptor);
     bool for_growth();
 
-    // The place of a descriptor that can be read, the one at `first` before others; nothing when the waiting has been
-    // ended.
+    // The place of a descriptor that can be read, the one at `first` before others; nothing when it has been
+    // interrupted.
     std::optional<size_t> for_any_input(std::span<const int> descriptors, size_t first);
 
-    // Whether a descriptor can be read within a time. At once, when the waiting has been ended.
+    // Whether a descriptor can be read within a time. At once, when it has been interrupted.
     bool has_input(int descriptor, int limit_ms);
 
     // Has something done now and then while it waits.
@@ -40,7 +41,7 @@ private:
     bool is_ready(std::span<pollfd> files, int limit_ms);
     bool is_ready(int descriptor, short event, int limit_ms);
 
-    int event_;                       // can be read as soon as the waiting has been ended
+    int event_;                       // can be read as soon as it has been interrupted
     std::function<void()> meanwhile_; // empty for nothing
     std::atomic<bool> ended_ = false;
 };

@@ -14,7 +14,7 @@ namespace ast::recording {
 
 class OctetStream {
 public:
-    // "-" is standard input. With `interruption`, waiting for it can be ended; with `follow`, a file has no end before
+    // "-" is standard input. With an interruption, waiting for it can be ended; with `follow`, a file has no end before
     // that: it may grow. Throws std::system_error when the file cannot be opened.
     OctetStream(const std::string &path, Interruption *interruption, bool follow);
 
@@ -56,7 +56,7 @@ public:
 
     uint64_t consumed() const { return consumed_; }
 
-    // Whether the end came because the user wanted it.
+    // Whether the end came by the interruption.
     bool cut_off() const { return interruption_ && interruption_->ended(); }
 
     // Whether it has been recorded before, so that there is no need to wait for any of it.

@@ -1,7 +1,7 @@
 #include "block/fault.hpp"
 
 #include "framing/block_header.hpp"
-#include "framing/framing.hpp"
+#include "framing/soundness.hpp"
 
 namespace ast::recording {
 

@@ -1,12 +1,12 @@
 // The library's profiles under the names that the command line knows them by.
 #pragma once
 
+#include <ast.h>
 #include <span>
 #include <string>
 #include <string_view>
 
 #include "base/text_buffer.hpp"
-#include <ast.h>
 
 namespace ast::recording {
 

@@ -11,7 +11,7 @@
 #include <tins/tcp.h>
 #include <tins/udp.h>
 
-#include "framing/framing.hpp"
+#include "framing/soundness.hpp"
 
 namespace ast::recording {
 

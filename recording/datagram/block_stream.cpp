@@ -6,7 +6,6 @@
 #include "base/counted.hpp"
 #include "base/endpoint.hpp"
 #include "framing/block_header.hpp"
-#include "framing/framing.hpp"
 
 namespace ast::recording {
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "datagram/chunk.hpp"
-#include "framing/framing.hpp"
+#include "framing/soundness.hpp"
 
 namespace ast::recording {
 
@@ -33,7 +33,7 @@ private:
         unknown,
         blocks,
         searching, // for blocks, behind a gap
-        other,     // traffic
+        other,     // than a stream of blocks
     };
 
     void flush(bool is_end, const Datagram &stamp, Chunk &chunk);

@@ -69,9 +69,9 @@ Losses &Losses::operator+=(const Losses &other) {
 }
 
 bool Losses::any_damage() const {
-    Losses damage = *this;
-    damage.unsupported = damage.foreign = damage.foreign_streams = 0;
-    return !(damage == Losses{});
+    Losses losses = *this;
+    losses.unsupported = losses.foreign = losses.foreign_streams = 0;
+    return !(losses == Losses{});
 }
 
 std::string Losses::text() const {

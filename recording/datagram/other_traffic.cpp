@@ -1,6 +1,6 @@
 #include "datagram/other_traffic.hpp"
 
-#include "framing/framing.hpp"
+#include "framing/soundness.hpp"
 
 namespace ast::recording {
 

@@ -3,6 +3,7 @@
 #include "base/counted.hpp"
 #include "framing/block_header.hpp"
 #include "framing/framing.hpp"
+#include "framing/soundness.hpp"
 
 namespace ast::recording {
 
@@ -45,11 +46,11 @@ bool is_filled_by_blocks(Octets payload) { return count_blocks(payload).octets =
 bool Payloads::is_foreign(Chunk &chunk, const Datagram &datagram) {
     Reports &reports = chunk.reports();
     if (has_block(datagram.octets)) {
-        traffic_.blocks(datagram, reports);
+        other_traffic_.blocks(datagram, reports);
         return false;
     }
-    if (is_filled_by_blocks(datagram.octets) && !traffic_.is_other(datagram, reports)) return false;
-    if (!traffic_.no_blocks(datagram, reports)) return false;
+    if (is_filled_by_blocks(datagram.octets) && !other_traffic_.is_other(datagram, reports)) return false;
+    if (!other_traffic_.no_blocks(datagram, reports)) return false;
     Datagram other = datagram;
     other.is_told = true;
     chunk.add(other);
@@ -59,7 +60,7 @@ bool Payloads::is_foreign(Chunk &chunk, const Datagram &datagram) {
 void Payloads::add(Chunk &chunk, const Datagram &datagram, bool is_truncated) {
     if (!chunk.is_wanted(datagram)) return;
     const bool is_chain = chain_of_blocks(datagram.octets) == datagram.octets.size();
-    if (is_chain && !datagram.octets.empty()) traffic_.blocks(datagram, chunk.reports());
+    if (is_chain && !datagram.octets.empty()) other_traffic_.blocks(datagram, chunk.reports());
     if (!is_chain && is_foreign(chunk, datagram)) return;
     if (is_truncated) chunk.reports().truncated(datagram.packet, datagram.octets.size());
     if (is_chain) return chunk.add(datagram);
@@ -98,7 +99,7 @@ void Payloads::count_trailer(uint64_t octets) {
 }
 
 bool Payloads::tell(Reports &reports) {
-    const bool has_told = traffic_.tell(reports);
+    const bool has_told = other_traffic_.tell(reports);
     if (trailers_ == 0) return has_told;
     reports.note(counted(trailers_, "datagram") + " with octets behind the last block, " +
                  counted(trailer_octets_, "octet") + " in all; passed over");

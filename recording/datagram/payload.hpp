@@ -21,7 +21,7 @@ private:
     static bool is_trailer(Octets payload, uint64_t place, uint64_t octets);
     void count_trailer(uint64_t octets);
 
-    OtherTraffic traffic_;
+    OtherTraffic other_traffic_;
     uint64_t trailers_ = 0; // datagrams
     uint64_t trailer_octets_ = 0;
 };

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "base/printable.hpp"
-#include "framing/framing.hpp"
+#include "framing/soundness.hpp"
 
 namespace ast::recording {
 

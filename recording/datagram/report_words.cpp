@@ -6,7 +6,7 @@
 #include "base/counted.hpp"
 #include "base/endpoint.hpp"
 #include "datagram/report.hpp"
-#include "framing/framing.hpp"
+#include "framing/soundness.hpp"
 
 namespace ast::recording {
 

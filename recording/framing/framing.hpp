@@ -50,40 +50,6 @@ const FramingKind *recognise_framing(Octets head, bool is_whole_file);
 // The same for the octets of one datagram.
 const FramingKind *recognise_wrapper(Octets datagram);
 
-// ---- Blocks ----
-
-// The octets of blocks back to back at the beginning of others: each with a LEN that fits, a published category, and an
-// FSPEC that ends within it.
-uint64_t chain_of_blocks(Octets octets);
-
-bool has_published_category(Octets block);
-
-// Whether any edition of a category can be read.
-bool is_known_category(uint32_t category);
-
-// Whether octets, none included, may turn out to be a block once more of them are there.
-bool may_begin_block(Octets octets);
-
-// How much of octets hangs together as blocks, and what lies behind that before blocks run again.
-struct Soundness {
-    uint64_t sound = 0;          // octets of blocks
-    uint64_t blocks = 0;         // that they are
-    uint64_t last = 0;           // where the last of these begins
-    std::optional<uint64_t> gap; // octets behind them that are none; nothing where there are too few to tell
-    uint64_t no_blocks = 0;      // of those too few, how many begin none, whatever follows
-
-    // Where it is sound after all only up to the last block.
-    void take_back_last() {
-        blocks -= sound > last;
-        sound = last;
-    }
-};
-
-// Looks through octets that are to be blocks back to back. A LEN that is wrong shows where it leads: then the block
-// that has it is no longer sound, unless its records fill it. Blocks that have no published category are sound where
-// the blocks around them are.
-Soundness check_blocks(Octets octets, bool is_end);
-
 // ---- For framings of their own sources ----
 
 inline Framed incomplete_frame() {

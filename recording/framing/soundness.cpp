@@ -1,13 +1,12 @@
-// What tells blocks from other octets.
+#include "framing/soundness.hpp"
 
 #include <algorithm>
 #include <array>
+#include <ast.h>
 #include <cstring>
 
 #include "base/printable.hpp"
 #include "framing/block_header.hpp"
-#include "framing/framing.hpp"
-#include <ast.h>
 
 namespace ast::recording {
 
@@ -57,32 +56,6 @@ uint64_t block_at(Octets octets) {
     return has_fspec(records) ? frame.length : 0;
 }
 
-} // namespace
-
-uint64_t chain_of_blocks(Octets octets) {
-    uint64_t place = 0;
-    while (place < octets.size()) {
-        const uint64_t length = block_at(octets.subspan(place));
-        if (length == 0) break;
-        place += length;
-    }
-    return place;
-}
-
-bool has_published_category(Octets block) { return !block.empty() && kIsPublished[block[0]]; }
-
-bool is_known_category(uint32_t category) {
-    return ast_uap_max_frn_published(category) != 0 || ast_uap_max_frn_standard(category) != 0;
-}
-
-bool may_begin_block(Octets octets) {
-    const Framing framing = frame_block(octets).framing;
-    return octets.empty() ||
-           (kIsPublished[octets[0]] && (framing == Framing::short_header || framing == Framing::past_end));
-}
-
-namespace {
-
 struct Search {
     uint64_t place = 0; // where blocks run again, or, if that is not found, up to where they do not
     bool is_found = false;
@@ -120,6 +93,28 @@ bool is_in_line(Octets behind, const Frame &frame, bool is_end) {
 
 } // namespace
 
+uint64_t chain_of_blocks(Octets octets) {
+    uint64_t place = 0;
+    while (place < octets.size()) {
+        const uint64_t length = block_at(octets.subspan(place));
+        if (length == 0) break;
+        place += length;
+    }
+    return place;
+}
+
+bool has_published_category(Octets block) { return !block.empty() && kIsPublished[block[0]]; }
+
+bool is_known_category(uint32_t category) {
+    return ast_uap_max_frn_published(category) != 0 || ast_uap_max_frn_standard(category) != 0;
+}
+
+bool may_begin_block(Octets octets) {
+    const Framing framing = frame_block(octets).framing;
+    return octets.empty() ||
+           (kIsPublished[octets[0]] && (framing == Framing::short_header || framing == Framing::past_end));
+}
+
 Soundness check_blocks(Octets octets, bool is_end) {
     Soundness result;
     while (result.sound < octets.size()) {
@@ -150,20 +145,6 @@ Soundness check_blocks(Octets octets, bool is_end) {
         return result;
     }
     return result;
-}
-
-Framed frame_of(uint64_t octets, Octets blocks, std::optional<uint32_t> centiseconds) {
-    if (blocks.empty() || chain_of_blocks(blocks) != blocks.size()) return {};
-    return {.state = Framed::State::frame, .octets = octets, .blocks = blocks, .centiseconds = centiseconds};
-}
-
-// ---- Blocks back to back: every block is a frame ----
-
-Framed find_raw(Octets rest, std::vector<uint8_t> &) {
-    const Frame frame = frame_block(rest);
-    if (frame.framing == Framing::short_length) return {};
-    if (frame.framing != Framing::block) return rest.empty() || kIsPublished[rest[0]] ? incomplete_frame() : Framed{};
-    return frame_of(frame.length, rest.first(frame.length));
 }
 
 } // namespace ast::recording

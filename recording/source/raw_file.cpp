@@ -4,7 +4,6 @@
 
 #include "base/printable.hpp"
 #include "framing/block_header.hpp"
-#include "framing/framing.hpp"
 
 namespace ast::recording {
 

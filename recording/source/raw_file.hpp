@@ -4,7 +4,7 @@
 #include "base/octet_stream.hpp"
 #include "datagram/datagram_source.hpp"
 #include "datagram/window.hpp"
-#include "framing/framing.hpp"
+#include "framing/soundness.hpp"
 
 namespace ast::recording {
 

@@ -31,11 +31,11 @@ JsonForm json_form(const Options &options) {
     return {.texts = options.texts, .name_files = options.files.size() > 1, .remainders = options.where.empty()};
 }
 
-std::unique_ptr<Top> make_top(const Options &options, Output &out, const DamageLog &damage,
+std::unique_ptr<Top> make_top(const Options &options, Output &out, const ReportLog &reports,
                               Interruption &interruption) {
     const Top::Form form{
         .color = use_color(options, stdout), .is_drawn = has_cursor(stdout), .is_live = options.follow};
-    auto top = std::make_unique<Top>(out, form, damage);
+    auto top = std::make_unique<Top>(out, form, reports);
     interruption.meanwhile([&top = *top] { top.refresh(); });
     return top;
 }
@@ -48,11 +48,11 @@ RecordList::Form list_form(const Options &options) {
             .name_files = options.files.size() > 1 && !options.merge};
 }
 
-Sinks make_sinks(const Options &options, Output &out, const DamageLog &damage, Interruption &interruption) {
+Sinks make_sinks(const Options &options, Output &out, const ReportLog &reports, Interruption &interruption) {
     Sinks sinks;
     const bool color = use_color(options, stdout);
     if (options.top)
-        sinks.push_back(make_top(options, out, damage, interruption));
+        sinks.push_back(make_top(options, out, reports, interruption));
     else if (options.stats)
         sinks.push_back(std::make_unique<Stats>(out, color));
     else if (options.json)
@@ -90,8 +90,8 @@ int run(const Options &options) {
     Interruption interruption;
     const Signals signals(interruption);
     Output out(STDOUT_FILENO);
-    DamageLog damage(use_color(options, stderr), options.verbose);
-    Run run(options, make_sinks(options, out, damage, interruption), out, damage, Progress(wants_progress(options)),
+    ReportLog reports(use_color(options, stderr), options.verbose);
+    Run run(options, make_sinks(options, out, reports, interruption), out, reports, Progress(wants_progress(options)),
             &interruption);
     const int status = run.files();
     if (interruption.ended() && !options.follow) signals.pass_on();

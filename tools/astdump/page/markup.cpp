@@ -4,7 +4,7 @@
 #include <iterator>
 
 #include "base/printable.hpp"
-#include "show/views.hpp"
+#include "show/item_views.hpp"
 
 namespace ast::recording::astdump {
 

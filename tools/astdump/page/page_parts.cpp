@@ -1,7 +1,6 @@
 #include "page/page_parts.hpp"
 
 #include "page/pack.hpp"
-#include "page/page_files.hpp"
 
 namespace ast::recording::astdump {
 

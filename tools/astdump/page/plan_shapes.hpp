@@ -1,10 +1,9 @@
 // Weather and radar video on the plan of the page.
 #pragma once
 
+#include <ast.h>
 #include <cstdint>
 #include <vector>
-
-#include <ast.h>
 
 namespace ast::recording::astdump {
 

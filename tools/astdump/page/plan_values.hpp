@@ -1,11 +1,10 @@
 // What the plan of the page shows of a record, by the published reading of its items, whatever its category.
 #pragma once
 
+#include <ast.h>
 #include <cstdint>
 #include <optional>
 #include <string>
-
-#include <ast.h>
 
 namespace ast::recording::astdump {
 

@@ -1,11 +1,11 @@
 #include "page/view_shapes.hpp"
 
+#include <ast.h>
 #include <charconv>
 #include <cstdint>
 
 #include "page/markup.hpp"
-#include "show/view_changes.hpp"
-#include <ast.h>
+#include "show/view_pattern.hpp"
 
 namespace ast::recording::astdump {
 

@@ -14,7 +14,7 @@
 #include "show/terminal.hpp"
 #include "show/write_file.hpp"
 #include "source/live_url.hpp"
-#include "write/block_conversion.hpp"
+#include "write/block_converter.hpp"
 
 namespace ast::recording::astdump {
 

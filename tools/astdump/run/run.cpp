@@ -15,8 +15,8 @@ struct RenderJob : Job {
     Rendered rendered;
 };
 
-// What comes bit by bit is shown bit by bit, blocks are counted one after the other, and a table is drawn anew between
-// them.
+// --follow, --count and --top take one thread: what they show must appear as its blocks arrive, blocks that count are
+// counted one after the other, and the table is drawn anew between them.
 size_t threads_of(const Options &options) { return options.follow || options.count || options.top ? 1 : options.jobs; }
 
 size_t chunk_octets_of(const Options &options, const Sinks &sinks) {
@@ -36,12 +36,12 @@ std::vector<Origin> origins_of(const Options &options) {
 
 } // namespace
 
-Run::Run(const Options &options, Sinks sinks, const Output &out, DamageLog &damage, Progress progress,
+Run::Run(const Options &options, Sinks sinks, const Output &out, ReportLog &reports, Progress progress,
          Interruption *interruption)
     : options_(options),
       sinks_(std::move(sinks)),
       out_(out),
-      damage_(damage),
+      reports_(reports),
       progress_(progress),
       interruption_(interruption),
       inputs_(origins_of(options), options, interruption, *this),
@@ -62,12 +62,12 @@ int Run::files() {
     clear_line();
     finish();
     if (unreadable_) return kExitUnusable;
-    return damage_.any_damage() ? kExitDamaged : kExitClean;
+    return reports_.any_damage() ? kExitDamaged : kExitClean;
 }
 
 // What is not read is left out; the rest of the run goes on.
 void Run::failed(const InputFailure &failure) {
-    damage_.end_file();
+    reports_.end_file();
     tell((failure.path.empty() ? "--merge" : failure.path) + ": " + failure.reason);
     unreadable_ = true;
 }
@@ -81,12 +81,12 @@ void Run::opened(const std::string &name, const Input &input) {
 }
 
 void Run::read_input(Pipeline &pipeline) {
-    damage_.set_file(inputs_.name(), inputs_.input().is_live() && !options_.merge);
+    reports_.set_file(inputs_.name(), inputs_.input().is_live() && !options_.merge);
     consumed_ = 0;
     if (!done()) pipeline.run();
     octets_read_ += consumed_;
     if (!sinks_.empty()) sinks_.front()->flush();
-    damage_.end_file();
+    reports_.end_file();
 }
 
 void Run::finish() {
@@ -96,12 +96,12 @@ void Run::finish() {
         else
             sink->finish(octets_read_);
     tell_what_is_left_out();
-    damage_.summary();
+    reports_.summary();
 }
 
 void Run::tell_what_is_left_out() const {
     if (unconverted_ != 0) tell(counted(unconverted_, "record") + " that cannot be converted left out");
-    for (const std::string &complaint : asked_.complaints(options_.where)) tell(complaint);
+    for (const std::string &complaint : coverage_.complaints(options_.where)) tell(complaint);
 }
 
 std::unique_ptr<Job> Run::make_job(size_t chunk_octets) { return std::make_unique<RenderJob>(chunk_octets); }
@@ -112,13 +112,13 @@ bool Run::take(Job &job) {
     const Rendered &rendered = static_cast<const RenderJob &>(job).rendered;
     unconverted_ += rendered.unconverted;
     shown_ += rendered.shown;
-    asked_ |= rendered.asked;
+    coverage_ |= rendered.coverage;
     size_t taken = 0;
     for (const Report &report : rendered.reports.list()) {
         if (!sinks_.empty()) sinks_.front()->take(rendered.texts.front().text().substr(taken, report.place - taken));
-        if (!sinks_.empty() && damage_.shows_each()) sinks_.front()->flush();
+        if (!sinks_.empty() && reports_.shows_each()) sinks_.front()->flush();
         taken = report.place;
-        damage_.show(report);
+        reports_.show(report);
     }
     for (size_t i = 0; i < sinks_.size(); ++i) {
         sinks_[i]->take(rendered.texts[i].text().substr(i == 0 ? taken : 0));

@@ -6,7 +6,7 @@
 
 #include "run/options.hpp"
 #include "run/worker.hpp"
-#include "show/damage_log.hpp"
+#include "show/report_log.hpp"
 #include "show/terminal.hpp"
 #include "source/input_sequence.hpp"
 #include "write/output.hpp"
@@ -16,7 +16,7 @@ namespace ast::recording::astdump {
 class Run : private Steps, private InputObserver {
 public:
     // `interruption` is null where no user can end the run.
-    Run(const Options &options, Sinks sinks, const Output &out, DamageLog &damage, Progress progress,
+    Run(const Options &options, Sinks sinks, const Output &out, ReportLog &reports, Progress progress,
         Interruption *interruption);
 
     // Reads all files and returns the exit status.
@@ -47,13 +47,13 @@ private:
     const Options &options_;
     Sinks sinks_;
     const Output &out_;
-    DamageLog &damage_;
+    ReportLog &reports_;
     Progress progress_;
     Interruption *interruption_;
     InputSequence inputs_;
     std::vector<std::optional<Worker>> workers_; // made when their threads have something to do
     uint64_t shown_ = 0;                         // as the first sink counts
-    Asked asked_;
+    ConditionCoverage coverage_;
     uint64_t unconverted_ = 0; // records
     uint64_t octets_read_ = 0; // of the files before this one
     uint64_t consumed_ = 0;    // of this one

@@ -49,7 +49,7 @@ void Worker::render(const Job &job, uint64_t most, Rendered &rendered) {
         if (renderers_[i]) renderers_[i]->end(rendered.texts[i]);
     rendered.tally = counter_.take();
     for (const Report &made : rendered.reports.list()) rendered.tally.losses.add(made);
-    rendered.asked = asked_;
+    rendered.coverage = coverage_;
 }
 
 // As many blocks as there is no need to take apart.
@@ -74,7 +74,7 @@ void Worker::block(const Datagram &datagram, uint64_t number, uint64_t offset, O
                    Rendered &rendered) {
     DecodedBlock &decoded = decoder_.decode(datagram, number, offset, octets);
     select_records(decoded.shown, *decoded.block, options_.where);
-    if (!options_.where.empty()) asked_.look(*decoded.block, options_.where);
+    if (!options_.where.empty()) coverage_.look(*decoded.block, options_.where);
     const bool is_wanted = options_.where.empty() || decoded.shown.any();
     if (is_wanted && options_.convert.any())
         show_converted(decoded, most, rendered);

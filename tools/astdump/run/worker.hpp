@@ -1,15 +1,31 @@
-// What one thread needs to render chunks.
+// What one thread needs to render chunks, and what becomes of them.
 #pragma once
 
+#include <memory>
+#include <vector>
+
+#include "ask/filter.hpp"
+#include "base/text_buffer.hpp"
+#include "datagram/report.hpp"
 #include "run/options.hpp"
-#include "run/rendered.hpp"
+#include "show/counts.hpp"
 #include "show/sink.hpp"
 #include "source/pipeline.hpp"
-#include "write/block_conversion.hpp"
+#include "write/block_converter.hpp"
 
 namespace ast::recording::astdump {
 
 using Sinks = std::vector<std::unique_ptr<Sink>>;
+
+// What becomes of a chunk.
+struct Rendered {
+    std::vector<TextBuffer> texts; // by sink
+    Reports reports;               // the place of a report is in the text of the first sink
+    Tally tally;
+    uint64_t unconverted = 0; // records that are left out
+    uint64_t shown = 0;       // as the first sink counts
+    ConditionCoverage coverage;
+};
 
 class Worker {
 public:
@@ -34,7 +50,7 @@ private:
     Decoder decoder_;
     BlockConverter converter_;
     Counter counter_;
-    Asked asked_;                                      // of all that has been decoded here
+    ConditionCoverage coverage_;                       // of all that has been decoded here
     const Sink *first_ = nullptr;                      // whose count counts
     bool counts_ = false;                              // whether any sink wants that
     bool only_counts_ = false;                         // whether that is all that becomes of a block without a fault

@@ -2,9 +2,8 @@
 #pragma once
 
 #include <array>
-#include <memory>
-
 #include <ast.h>
+#include <memory>
 
 namespace ast::recording::astdump {
 

@@ -1,7 +1,8 @@
 #include "show/counts.hpp"
-#include "base/counted.hpp"
 
 #include <algorithm>
+
+#include "base/counted.hpp"
 
 namespace ast::recording::astdump {
 

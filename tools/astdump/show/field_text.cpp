@@ -1,10 +1,11 @@
 #include "show/field_text.hpp"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
+#include <numeric>
 
 #include "base/printable.hpp"
-#include "show/quantity.hpp"
 
 namespace ast::recording::astdump {
 
@@ -17,7 +18,65 @@ constexpr struct {
     {"°", "deg"}, {"²", "2"}, {"µ", "u"}, {"≤", "<="}, {"–", "-"}, {"’", "'"}, {"“", "\""}, {"”", "\""},
 };
 
+// Of a step: how many decimals are shown, and what a raw number is multiplied with and divided by to count the last
+// one.
+struct Scale {
+    uint64_t numerator = 0;
+    uint64_t denominator = 0;
+    unsigned decimals = 0;
+    uint64_t one = 1; // in units of the last decimal
+    uint64_t factor = 1;
+    uint64_t divisor = 1;
+};
+
+Scale scale_of(uint64_t numerator, uint64_t denominator) {
+    Scale scale{.numerator = numerator, .denominator = denominator};
+    const auto is_exact = [&](uint64_t times) { return numerator * scale.one * times % denominator == 0; };
+    const auto more = [&] {
+        scale.one *= 10;
+        ++scale.decimals;
+    };
+    while (numerator * scale.one < 2 * denominator && !is_exact(1)) more();
+    if (is_exact(100))
+        while (!is_exact(1)) more();
+    const uint64_t common = std::gcd(numerator * scale.one, denominator);
+    scale.factor = numerator * scale.one / common;
+    scale.divisor = denominator / common;
+    return scale;
+}
+
+// A recording has few steps, and finding the decimals takes long.
+const Scale &known_scale(const ast_field_t &field) {
+    thread_local std::array<Scale, 64> known;
+    Scale &scale = known[(field.numerator * 31 + field.denominator % 61) % known.size()];
+    if (scale.numerator != field.numerator || scale.denominator != field.denominator)
+        scale = scale_of(field.numerator, field.denominator);
+    return scale;
+}
+
+void put_decimals(TextBuffer &out, uint64_t fraction, unsigned decimals) {
+    if (fraction == 0) return;
+    for (; fraction % 10 == 0; --decimals) fraction /= 10;
+    out.put('.');
+    out.number(fraction, decimals, '0');
+}
+
 } // namespace
+
+void put_quantity(TextBuffer &out, const ast_field_value_t &value) {
+    static constexpr Scale kWhole;
+    const ast_field_t &field = *value.field;
+    const Scale &scale = field.numerator != 0 ? known_scale(field) : kWhole;
+    const bool is_negative = field.kind == AST_FIELD_SIGNED && (value.raw >> (field.bits - 1) & 1) != 0;
+    const uint64_t steps = is_negative ? (uint64_t{1} << field.bits) - value.raw : value.raw;
+    const auto size = static_cast<int64_t>((steps * scale.factor + scale.divisor / 2) / scale.divisor);
+    const int64_t sum = (is_negative ? -size : size) + field.offset * static_cast<int64_t>(scale.one);
+    const auto shown = static_cast<uint64_t>(sum < 0 ? -sum : sum);
+    if (sum < 0) out.put('-');
+    if (scale.decimals == 0) return out.number(shown);
+    out.number(shown / scale.one);
+    put_decimals(out, shown % scale.one, scale.decimals);
+}
 
 void put_value(TextBuffer &out, const ast_field_value_t &value) {
     const ast_field_t &field = *value.field;

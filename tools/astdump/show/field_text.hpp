@@ -1,10 +1,15 @@
 // Values of published fields as text.
 #pragma once
 
-#include "base/text_buffer.hpp"
 #include <ast.h>
 
+#include "base/text_buffer.hpp"
+
 namespace ast::recording::astdump {
+
+// A value that has a number, with the decimals that the JSON of a record has: as many as tell each step from the next,
+// exactly where two more decimals make it exact; halves are rounded away from zero.
+void put_quantity(TextBuffer &out, const ast_field_value_t &value);
 
 // As in the JSON of a record, characters without the blanks at their end; codes are numbers.
 void put_value(TextBuffer &out, const ast_field_value_t &value);

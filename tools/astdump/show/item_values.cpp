@@ -1,9 +1,9 @@
 #include "show/item_values.hpp"
-#include "show/terminal.hpp"
 
 #include <algorithm>
 
 #include "show/field_text.hpp"
+#include "show/terminal.hpp"
 
 namespace ast::recording::astdump {
 

@@ -49,6 +49,12 @@ std::vector<std::string> subfield_paths(ast_dataitem_type_t type, const ast_uap_
 
 } // namespace
 
+std::string_view Views::summary(const ast_dataitem_t &item) {
+    const std::string_view text = show(ast_dataitem_get_summary, item);
+    if (text == kNoSummary) return {};
+    return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
 struct ItemViews::Subject {
     const ast_dataitem_t &item;
     const Reading &reading;

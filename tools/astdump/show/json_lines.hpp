@@ -14,10 +14,10 @@ struct JsonForm {
     bool remainders; // what cannot be decoded, too: nothing is chosen by what records hold
 };
 
-// `file` is the name of the file at hand, wherever it changes to.
 // The lines of a block: its records, and what is none.
 uint64_t json_lines_of(const DecodedBlock &decoded, const JsonForm &form);
 
+// `file` is the name of the file at hand, wherever it changes to.
 std::unique_ptr<Renderer> make_json_renderer(const JsonForm &form, const std::string &file);
 
 class JsonLines : public Sink {

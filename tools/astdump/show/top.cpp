@@ -18,7 +18,7 @@ constexpr auto kDrawInterval = std::chrono::seconds(1);
 constexpr auto kPrintInterval = std::chrono::seconds(10);
 constexpr size_t kDrawLooks = 5; // rates are those of five seconds, on which radars have something to say
 
-constexpr Table::Column kColumns[] = {
+constexpr TextTable::Column kColumns[] = {
     {.title = "Source"},
     {.title = "Cat"},
     {.title = "Profile", .spare = 1},
@@ -84,8 +84,8 @@ std::optional<Rate> RecentRates::rate(const SourceKey &key, const SourceCounts &
                 static_cast<double>(counts.records - before.records) / seconds};
 }
 
-Top::Top(Output &out, const Form &form, const DamageLog &damage)
-    : out_(out), form_(form), damage_(damage), drawing_(out), rates_(form.is_drawn ? kDrawLooks : 1) {}
+Top::Top(Output &out, const Form &form, const ReportLog &reports)
+    : out_(out), form_(form), reports_(reports), drawing_(out), rates_(form.is_drawn ? kDrawLooks : 1) {}
 
 void Top::file(const std::string &name) {
     name_ = files_++ == 0 ? name : name + " and " + counted(files_ - 1, "input") + " before it";
@@ -125,10 +125,10 @@ void Top::show() {
 }
 
 std::string Top::lines(size_t columns, size_t most_rows) const {
-    const std::vector<std::string> totals = damage_.totals();
+    const std::vector<std::string> totals = reports_.totals();
     const size_t other_rows = 4 + totals.size(); // the title, the headings, the sum, and what is left out
     const std::vector<SourceKey> shown = busiest(most_rows > other_rows ? most_rows - other_rows : 0);
-    Table table(kColumns);
+    TextTable table(kColumns);
     for (const SourceKey &key : shown) table.row(cells(key, sources_.at(key), rate(key)));
     const auto [all, all_rate] = sum();
     table.row(cells({"all", 0}, all, all_rate));

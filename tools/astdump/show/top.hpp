@@ -4,9 +4,9 @@
 #include <chrono>
 #include <deque>
 
-#include "show/damage_log.hpp"
+#include "show/report_log.hpp"
 #include "show/source_counts.hpp"
-#include "show/table.hpp"
+#include "show/text_table.hpp"
 #include "write/output.hpp"
 
 namespace ast::recording::astdump {
@@ -47,7 +47,7 @@ public:
         bool is_live;  // rates are those of the last seconds, not of the recording
     };
     // The totals of what is damaged so far, and so on, stand below the table.
-    Top(Output &out, const Form &form, const DamageLog &damage);
+    Top(Output &out, const Form &form, const ReportLog &reports);
 
     // To be called again and again while nothing comes.
     void refresh();
@@ -70,7 +70,7 @@ private:
 
     Output &out_;
     Form form_;
-    const DamageLog &damage_;
+    const ReportLog &reports_;
     Drawing drawing_;
     std::string name_; // of the file at hand
     uint64_t files_ = 0;

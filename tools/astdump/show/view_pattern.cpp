@@ -4,9 +4,8 @@
 #include <functional>
 
 #include "base/printable.hpp"
-#include "show/view_changes.hpp"
+#include "show/item_views.hpp"
 #include "show/view_parts.hpp"
-#include "show/views.hpp"
 
 namespace ast::recording::astdump {
 

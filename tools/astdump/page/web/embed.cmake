@@ -78,5 +78,5 @@ policy_hash(boot_hash "${BOOT}")
 policy_hash(script_hash ${SCRIPTS})
 file(
   WRITE "${OUTPUT}"
-  "#include \"page/page_files.hpp\"\n\nnamespace ast::recording::astdump {\n\n${style}${boot}${script}"
+  "#include \"page/page_parts.hpp\"\n\nnamespace ast::recording::astdump {\n\n${style}${boot}${script}"
   "std::string_view page_script_hashes() { return \"'${boot_hash}' '${script_hash}'\"; }\n\n} // namespace ast::recording::astdump\n")

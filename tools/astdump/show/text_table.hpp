@@ -12,7 +12,7 @@
 
 namespace ast::recording::astdump {
 
-class Table {
+class TextTable {
 public:
     struct Column {
         std::string_view title;
@@ -20,7 +20,7 @@ public:
         unsigned spare = 0;              // where room is scarce, the columns with the highest go first; 0 stays
         std::optional<Color> color = {}; // of its cells
     };
-    explicit Table(std::span<const Column> columns) : columns_(columns) {}
+    explicit TextTable(std::span<const Column> columns) : columns_(columns) {}
 
     // As many cells as there are columns.
     void row(std::vector<std::string> cells) { rows_.push_back(std::move(cells)); }

@@ -1,4 +1,4 @@
-#include "show/damage_log.hpp"
+#include "show/report_log.hpp"
 
 #include <algorithm>
 
@@ -8,7 +8,7 @@
 namespace ast::recording::astdump {
 
 // What has happened once is told as it is.
-std::string DamageLog::text_of(const Group &group) {
+std::string ReportLog::text_of(const Group &group) {
     const ReportWords &first = group.first;
     if (group.reports == 1) return first.text;
     std::string text = std::string(kind_word(group.kind)) + ": " + first.cause;
@@ -17,13 +17,13 @@ std::string DamageLog::text_of(const Group &group) {
     return text;
 }
 
-void DamageLog::set_file(const std::string &name, bool is_live) {
+void ReportLog::set_file(const std::string &name, bool is_live) {
     file_ = name;
     is_live_ = is_live;
 }
 
 // Datagrams are dropped when there is no time to spare, so that this is left to the summary.
-void DamageLog::show(const Report &report) {
+void ReportLog::show(const Report &report) {
     losses_.add(report);
     if (report.data.reason == AST_REASON_DROPPED) return;
     if (each_ || report.data.kind == AST_REPORT_NOTE)
@@ -32,7 +32,7 @@ void DamageLog::show(const Report &report) {
         collect(report);
 }
 
-void DamageLog::collect(const Report &report) {
+void ReportLog::collect(const Report &report) {
     const std::string &file = report.file ? *report.file : file_;
     const bool is_ordered = report.data.reason != AST_REASON_OTHER_DATAGRAM;
     const uint64_t packet = is_ordered ? 0 : report.data.packet;
@@ -52,7 +52,7 @@ void DamageLog::collect(const Report &report) {
 }
 
 // What was shown at once is shown again only where there is more of it.
-void DamageLog::end_file() {
+void ReportLog::end_file() {
     std::ranges::stable_sort(groups_, {}, [](const Group &group) { return std::tie(group.file, group.kind); });
     for (const Group &group : groups_)
         if (!is_live_ || group.reports > 1) line(group.file, text_of(group));
@@ -60,11 +60,11 @@ void DamageLog::end_file() {
     places_.clear();
 }
 
-void DamageLog::line(const std::string &file, const std::string &text) const {
+void ReportLog::line(const std::string &file, const std::string &text) const {
     tell(file + ": " + text, Style(color_));
 }
 
-std::vector<std::string> DamageLog::totals() const {
+std::vector<std::string> ReportLog::totals() const {
     std::vector<std::string> totals;
     if (any_damage()) totals.push_back("lost: " + losses_.text());
     if (losses_.unsupported != 0) totals.push_back("not supported: " + counted(losses_.unsupported, "block"));
@@ -73,7 +73,7 @@ std::vector<std::string> DamageLog::totals() const {
     return totals;
 }
 
-void DamageLog::summary() const {
+void ReportLog::summary() const {
     for (const std::string &total : totals()) tell(total, Style(color_));
 }
 

@@ -11,10 +11,10 @@
 
 namespace ast::recording::astdump {
 
-class DamageLog {
+class ReportLog {
 public:
     // With `each`, reports are shown as they come; else those of one reason are one line, at the end of their file.
-    DamageLog(bool color, bool each) : color_(color), each_(each) {}
+    ReportLog(bool color, bool each) : color_(color), each_(each) {}
     bool shows_each() const { return each_; }
 
     // The file that the reports that follow are about. Of a live one, the first report of each reason is shown at once.

@@ -1,9 +1,10 @@
-// The list of framings, and how one is recognised.
+#include "framing/framing.hpp"
 
 #include <algorithm>
+#include <iterator>
 
 #include "base/printable.hpp"
-#include "framing/framing.hpp"
+#include "framing/soundness.hpp"
 
 namespace ast::recording {
 
@@ -79,6 +80,11 @@ const FramingKind *recognise_wrapper(Octets datagram) {
     const FramingKind *const oradis = find_framing("oradis");
     const Framed found = oradis->find(datagram, storage);
     return found.state == Framed::State::frame ? oradis : nullptr;
+}
+
+Framed frame_of(uint64_t octets, Octets blocks, std::optional<uint32_t> centiseconds) {
+    if (blocks.empty() || chain_of_blocks(blocks) != blocks.size()) return {};
+    return {.state = Framed::State::frame, .octets = octets, .blocks = blocks, .centiseconds = centiseconds};
 }
 
 } // namespace ast::recording

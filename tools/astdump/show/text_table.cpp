@@ -1,4 +1,4 @@
-#include "show/table.hpp"
+#include "show/text_table.hpp"
 
 #include <algorithm>
 #include <numeric>
@@ -19,7 +19,7 @@ size_t width_of(const std::vector<size_t> &widths) {
 } // namespace
 
 // Of each column, 0 for those that are left out.
-std::vector<size_t> Table::widths(size_t width) const {
+std::vector<size_t> TextTable::widths(size_t width) const {
     std::vector<size_t> widths(columns_.size());
     for (const auto &row : rows_)
         for (size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], row[i].size());
@@ -35,7 +35,7 @@ std::vector<size_t> Table::widths(size_t width) const {
     return widths;
 }
 
-void Table::put(TextBuffer &out, Style style, size_t width) const {
+void TextTable::put(TextBuffer &out, Style style, size_t width) const {
     const std::vector<size_t> widths = this->widths(width);
     const auto line = [&](const auto &text_of, const auto &color_of) {
         size_t room = width;

@@ -1,4 +1,4 @@
-#include "write/block_conversion.hpp"
+#include "write/block_converter.hpp"
 
 #include <algorithm>
 #include <iterator>

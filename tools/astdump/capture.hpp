@@ -1,45 +1,42 @@
 // pcap and pcapng captures: the UDP datagrams and TCP streams in their packets.
 #pragma once
 
-#include <memory>
 #include <optional>
-#include <pcap/pcap.h>
+#include <string>
+#include <variant>
 
 #include "dissect.hpp"
 #include "input.hpp"
 #include "payload.hpp"
-#include "plain_capture.hpp"
+#include "pcap.hpp"
+#include "pcapng.hpp"
+#include "routes.hpp"
 #include "tcp_streams.hpp"
 
 namespace astdump {
 
 class Capture : public Source {
 public:
-    explicit Capture(OctetStream &stream) : stream_(stream), plain_(PlainCapture::open(stream)) {}
+    explicit Capture(OctetStream &stream) : stream_(stream) {}
     bool fill(Chunk &chunk) override;
     std::string nothing() const override;
 
 private:
-    struct Close {
-        void operator()(pcap_t *capture) const { pcap_close(capture); }
-    };
-
-    bool fill_in_place(Chunk &chunk);
-    bool fill_by_libpcap(Chunk &chunk);
-    void open(int link_type);
+    void open(Chunk &chunk);
+    void open_pcap(Octets header);
+    template <typename Form>
+    void fill_from(PacketReader<Form> &packets, Chunk &chunk);
     void dissect(const Packet &packet, Chunk &chunk);
-    void end(int result, Chunk &chunk);
+    void end(Chunk &chunk);
 
     OctetStream &stream_;
-    std::optional<PlainCapture> plain_; // until something is left to libpcap
-    std::vector<char> buffer_;          // that libpcap reads through
-    std::unique_ptr<pcap_t, Close> capture_;
-    std::optional<Dissector> dissector_;
+    std::variant<std::monostate, PacketReader<Pcap>, PacketReader<Pcapng>> packets_;
+    Dissector dissector_;
     Routes routes_;
     Payloads payloads_;
     TcpStreams streams_;
     uint64_t packet_ = 0;
-    bool ended_ = false;
+    bool has_ended_ = false;
 };
 
 } // namespace astdump

@@ -7,6 +7,13 @@
 
 namespace astdump {
 
+const char *Capture::form_of(OctetStream &stream) {
+    const Octets head = stream.peek(Pcap::kMagicOctets);
+    if (Pcap::begins(head)) return Pcap::kFraming;
+    const bool may_be_pcapng = Pcapng::may_begin(head);
+    return may_be_pcapng && Pcapng::begins(stream.peek(Pcapng::kMagicOctets)) ? Pcapng::kFraming : nullptr;
+}
+
 bool Capture::fill(Chunk &chunk) {
     if (has_ended_) return false;
     if (packets_.index() == 0) open(chunk);

@@ -17,6 +17,9 @@ namespace astdump {
 
 class Capture : public Source {
 public:
+    // What a stream that begins as captures do is called; null for any other. Looks no further than that needs.
+    static const char *form_of(OctetStream &stream);
+
     explicit Capture(OctetStream &stream) : stream_(stream) {}
     bool fill(Chunk &chunk) override;
     std::string nothing() const override;

@@ -10,7 +10,7 @@
 namespace astdump {
 
 struct LinkLayer {
-    uint16_t type;
+    uint32_t type;
     size_t header_octets;
     size_t ethertype_offset; // kNone where an IP header must follow
 };
@@ -32,7 +32,7 @@ struct IpContent {
 namespace {
 
 constexpr size_t kNone = SIZE_MAX;
-constexpr uint16_t kEthernet = 1;
+constexpr uint32_t kEthernet = 1;
 constexpr LinkLayer kLinkLayers[] = {
     {kEthernet, 14, 12}, // then Linux cooked, of either version, which has a type like Ethernet
     {113, 16, 14},       {276, 20, 0},
@@ -43,7 +43,7 @@ constexpr LinkLayer kLinkLayers[] = {
 
 // Others that are met with, as tcpdump calls them.
 struct LinkTypeName {
-    uint16_t type;
+    uint32_t type;
     const char *name;
 };
 constexpr LinkTypeName kLinkTypeNames[] = {
@@ -102,7 +102,7 @@ constexpr ExtensionHeader kIpv6Extensions[] = {
     {60, 8}, // destination options
 };
 
-const LinkLayer *find_link_layer(uint16_t type) {
+const LinkLayer *find_link_layer(uint32_t type) {
     const auto found = std::ranges::find(kLinkLayers, type, &LinkLayer::type);
     return found == std::end(kLinkLayers) ? nullptr : found;
 }
@@ -298,7 +298,7 @@ PlainDatagram open_udp_in_place(Octets packet) {
 
 } // namespace
 
-std::string link_type_complaint(uint16_t link_type) {
+std::string link_type_complaint(uint32_t link_type) {
     if (find_link_layer(link_type)) return {};
     const auto found = std::ranges::find(kLinkTypeNames, link_type, &LinkTypeName::type);
     const std::string name = found == std::end(kLinkTypeNames) ? std::to_string(link_type) : found->name;
@@ -307,7 +307,7 @@ std::string link_type_complaint(uint16_t link_type) {
 
 Dissector::Dissector() : link_(kLinkLayers), link_type_(link_->type) {}
 
-void Dissector::change_link_type(uint16_t link_type) {
+void Dissector::change_link_type(uint32_t link_type) {
     const LinkLayer *const link = find_link_layer(link_type);
     if (!link) throw Undissected("frames of " + link_type_complaint(link_type));
     link_ = link;

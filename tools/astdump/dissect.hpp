@@ -52,7 +52,7 @@ private:
 
 // Why frames of a link type, as capture files number them, cannot be dissected, behind "captures of"; empty if they
 // can.
-std::string link_type_complaint(uint16_t link_type);
+std::string link_type_complaint(uint32_t link_type);
 
 struct LinkLayer;
 struct IpContent;
@@ -62,7 +62,7 @@ public:
     Dissector();
 
     // Of which link type frames are from now on. This and the others throw Undissected.
-    void set_link_type(uint16_t link_type) {
+    void set_link_type(uint32_t link_type) {
         if (link_type != link_type_) change_link_type(link_type);
     }
 
@@ -76,12 +76,12 @@ public:
     uint64_t incomplete() const { return reassembler_.incomplete(); }
 
 private:
-    void change_link_type(uint16_t link_type);
+    void change_link_type(uint32_t link_type);
     std::optional<Transported> open_packet(IpContent content, const Time &time);
     bool reassemble(IpContent &content, const Time &time);
 
     const LinkLayer *link_;
-    uint16_t link_type_;
+    uint32_t link_type_;
     Reassembler reassembler_;
     std::vector<uint8_t> rebuilt_;
 };

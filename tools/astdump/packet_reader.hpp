@@ -5,13 +5,14 @@
 #include <string>
 #include <utility>
 
+#include "text.hpp"
 #include "window.hpp"
 
 namespace astdump {
 
 struct Packet {
     Time time{};
-    uint16_t link_type = 0; // as capture files number them
+    uint32_t link_type = 0; // as capture files number them
     Octets frame;
     const char *fault = nullptr; // why it cannot be read; null if it can
 };
@@ -130,7 +131,8 @@ private:
         if (!complaint_.empty())
             chunk.damage().input(complaint_ + ", and nothing behind it can be read");
         else if (rest != 0 || left_to_skip_ != 0)
-            chunk.damage().input("the last " + std::string(Form::kPiece) + " is cut off");
+            chunk.damage().input("the last " + std::string(Form::kPiece) + " is cut off" +
+                                 (rest != 0 ? " after " + counted(rest, "octet") : ""));
     }
 
     uint64_t offset(const Chunk &chunk) const { return stream_->consumed() - (chunk.octets().size() - position_); }
@@ -138,7 +140,7 @@ private:
     OctetStream *stream_;
     Window window_;
     Form form_;
-    Piece piece_; // the last one
+    Piece piece_;               // the last one
     size_t position_ = 0;       // in the chunk
     uint64_t left_to_skip_ = 0; // behind it
     bool is_at_end_ = false;

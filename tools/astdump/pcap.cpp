@@ -19,6 +19,7 @@ constexpr Variant kVariants[] = {{0xA1B2C3D4, 1000, 16}, {0xA1B23C4D, 1, 16}, {0
 
 constexpr uint32_t kNanosecondsPerSecond = 1000000000;
 constexpr size_t kMajor = 4, kMinor = 6, kLinkType = 20; // in the header of a file
+constexpr uint32_t kLinkTypeBits = 0x03FFFFFF;           // the others say what checksum ends the frames
 constexpr uint16_t kMajorVersion = 2;
 constexpr uint16_t kMinorVersion = 4;
 constexpr uint16_t kFirstUnswapped = 4; // minor version
@@ -52,7 +53,15 @@ Pcap::Pcap(Octets header) : order_(order_of(header)) {
     fractions_ = kNanosecondsPerSecond / nanoseconds_;
     may_be_swapped_ = order_.u16(&header[kMinor]) < kFirstUnswapped;
     if (may_be_swapped_) most_usual_octets_ = 0;
-    link_type_ = static_cast<uint16_t>(order_.u32(&header[kLinkType])); // what stands above it says how frames end
+    link_type_ = order_.u32(&header[kLinkType]) & kLinkTypeBits;
+}
+
+// A fraction of more than a second may have been reckoned so; one of many seconds is damaged, and the second may be
+// right.
+void Pcap::carry(Time &time) const {
+    const bool is_reckoned = time.nanoseconds - fractions_ < fractions_;
+    time.nanoseconds = is_reckoned ? time.nanoseconds - fractions_ : 0;
+    if (is_reckoned) ++time.seconds;
 }
 
 size_t Pcap::captured_octets(Octets rest) const {

@@ -12,6 +12,7 @@ public:
     static constexpr const char *kPiece = "packet";
     static constexpr size_t kAlignment = 1;
     static constexpr size_t kDoubtOctets = 2048;
+    static constexpr size_t kMagicOctets = 4;
     static constexpr size_t kFileHeaderOctets = 24;
 
     // Whether a capture begins so: in either byte order, with times in microseconds or nanoseconds.
@@ -23,7 +24,7 @@ public:
     // Takes the header of a file.
     explicit Pcap(Octets header);
 
-    uint16_t link_type() const { return link_type_; }
+    uint32_t link_type() const { return link_type_; }
 
     Piece::Kind read(Octets rest, Piece &piece) const {
         if (rest.size() < header_octets_) return Piece::Kind::part;
@@ -53,17 +54,15 @@ private:
     Piece::Kind read_unusual(Octets rest, Piece &piece) const;
     size_t captured_octets(Octets rest) const;
 
-    // Fractions of more than a second are the fault of whoever wrote them, but tell the time nevertheless.
     Time time(const uint8_t *header) const {
         Time time{order_.u32(header), order_.u32(header + kFraction)};
-        if (time.nanoseconds >= fractions_) [[unlikely]] {
-            time.seconds += time.nanoseconds / fractions_;
-            time.nanoseconds %= fractions_;
-        }
+        if (time.nanoseconds >= fractions_) [[unlikely]]
+            carry(time);
         time.nanoseconds *= nanoseconds_;
         return time;
     }
 
+    void carry(Time &time) const;
     static ByteOrder order_of(Octets header);
     bool is_likely_header(Octets rest) const;
 
@@ -73,7 +72,7 @@ private:
     uint32_t fractions_ = 0;      // in a second
     bool may_be_swapped_ = false; // the octets that are captured of a packet, and those that it had
     size_t most_usual_octets_ = kMostFrameOctets;
-    uint16_t link_type_ = 0;
+    uint32_t link_type_ = 0;
 };
 
 } // namespace astdump

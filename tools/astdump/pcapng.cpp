@@ -69,15 +69,16 @@ uint64_t power(uint64_t base, unsigned exponent) {
 
 } // namespace
 
-bool Pcapng::begins(Octets head) {
-    const ByteOrder any;
-    return head.size() >= kLeastOctets && any.u32(head.data()) == kSection && order_of_section(head);
+bool Pcapng::may_begin(Octets head) {
+    return head.size() >= sizeof(uint32_t) && ByteOrder().u32(head.data()) == kSection;
 }
 
+bool Pcapng::begins(Octets head) { return head.size() >= kLeastOctets && may_begin(head) && order_of_section(head); }
+
 // There are as many octets as a block has at least.
-Pcapng::Block Pcapng::block_at(Octets rest) const {
-    Block block{order_, order_.u32(rest.data()), 0};
-    if (block.type == kSection) block.order = order_of_section(rest).value_or(order_);
+Pcapng::Block Pcapng::block_at(Octets rest, ByteOrder order) {
+    Block block{order, order.u32(rest.data()), 0};
+    if (block.type == kSection) block.order = order_of_section(rest).value_or(order);
     block.octets = block.order.u32(&rest[kLengthOctets]);
     return block;
 }
@@ -93,25 +94,27 @@ Pcapng::Fault Pcapng::check(const Block &block, Octets rest) {
 }
 
 std::string Pcapng::complaint(Octets rest) const {
-    const Block block = block_at(rest);
+    const Block block = block_at(rest, order_);
     const std::string claim = "a block claims " + counted(block.octets, "octet");
     switch (check(block, rest)) {
-    case Fault::byte_order: return "a section does not tell its byte order";
+    case Fault::byte_order:
+        return "a section does not tell its byte order";
     case Fault::version:
         return "a section of pcapng version " + std::to_string(block.order.u16(&rest[kMajorVersionOffset])) +
                " is not supported";
     case Fault::second_length:
         return claim + ", and " + std::to_string(block.order.u32(&rest[block.octets - kLengthOctets])) + " at its end";
-    default: return claim;
+    default:
+        return claim;
     }
 }
 
 Piece::Kind Pcapng::read(Octets rest, Piece &piece) const {
     if (rest.size() < kLeastOctets) return Piece::Kind::part;
-    const Block block = block_at(rest);
+    const Block block = block_at(rest, order_);
     const Fault fault = check(block, rest);
     if (fault == Fault::part) return Piece::Kind::part;
-    if (fault != Fault::none) return Piece::Kind::damaged;
+    if (fault != Fault::none && !(fault == Fault::second_length && leads_on(block, rest))) return Piece::Kind::damaged;
     piece.octets = block.octets;
     if (block.type == kEnhancedPacket || block.type == kOldPacket)
         piece.packet = read_packet(block, rest);
@@ -123,15 +126,18 @@ Piece::Kind Pcapng::read(Octets rest, Piece &piece) const {
 }
 
 // A block of a kind that is known, the same length at its either end.
-bool Pcapng::is_sound(Octets rest) const {
+bool Pcapng::is_sound(Octets rest, ByteOrder order) {
     if (rest.size() < kLeastOctets) return false;
-    const Block block = block_at(rest);
+    const Block block = block_at(rest, order);
     return find_kind(block.type) && !is_too_short(block.type, block.octets) && block.octets <= kMostOctetsAtHand &&
            check(block, rest) == Fault::none;
 }
 
+// Whether another block shows that the first length of a block is right, whatever the second is.
+bool Pcapng::leads_on(const Block &block, Octets rest) { return is_sound(rest.subspan(block.octets), block.order); }
+
 void Pcapng::take(Octets octets) {
-    const Block block = block_at(octets);
+    const Block block = block_at(octets, order_);
     if (block.type == kInterface) describe_interface(octets.first(octets.size() - kLengthOctets));
     if (block.type != kSection) return;
     order_ = block.order;
@@ -192,8 +198,8 @@ Packet Pcapng::read_packet(const Block &block, Octets rest) const {
     constexpr size_t kInterfaceNumber = 8, kTime = 12, kCaptured = 20, kFrame = 28;
     if (is_too_short(block.type, block.octets)) return {.fault = kTooShort};
     const uint8_t *const octets = rest.data();
-    const size_t number = block.type == kOldPacket ? order_.u16(octets + kInterfaceNumber)
-                                                   : order_.u32(octets + kInterfaceNumber);
+    const size_t number =
+        block.type == kOldPacket ? order_.u16(octets + kInterfaceNumber) : order_.u32(octets + kInterfaceNumber);
     if (number >= interfaces_.size()) return {.fault = kUndescribed};
     const Interface &interface = interfaces_[number];
     const size_t captured = order_.u32(octets + kCaptured);

@@ -19,13 +19,15 @@ public:
 
     static constexpr size_t kMagicOctets = 12;
 
-    // Whether a capture begins so. The type of its first block alone could be a block of category 010.
+    // Whether a capture begins so. The type of its first block, its first four octets, could be a block of category
+    // 010.
+    static bool may_begin(Octets head);
     static bool begins(Octets head);
 
     Piece::Kind read(Octets rest, Piece &piece) const;
     void take(Octets block);
     std::string complaint(Octets rest) const;
-    bool is_sound(Octets rest) const;
+    bool is_sound(Octets rest) const { return is_sound(rest, order_); }
 
 private:
     struct Interface {
@@ -48,8 +50,10 @@ private:
     // What is wrong with a block, or that it is not whole.
     enum class Fault : uint8_t { none, part, byte_order, length, version, second_length };
 
-    Block block_at(Octets rest) const;
+    static Block block_at(Octets rest, ByteOrder order);
     static Fault check(const Block &block, Octets rest);
+    static bool leads_on(const Block &block, Octets rest);
+    static bool is_sound(Octets rest, ByteOrder order);
     void describe_interface(Octets block);
     void set_option(Interface &interface, uint16_t code, Octets value) const;
     static void set_resolution(Interface &interface, uint8_t resolution);

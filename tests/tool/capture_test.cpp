@@ -46,8 +46,7 @@ TEST(Captures, OfPcapTellTheirTimesInManyForms) {
         {"microseconds", hex("A1B2C3D4 0002 0004") + rest + hex("663881D9 0000000C") + lengths + kFrame, kFirst},
         {"microseconds, the other byte order",
          hex("D4C3B2A1 0200 0400") + rest_reversed + hex("D9813866 0C000000") + lengths_reversed + kFrame, kFirst},
-        {"nanoseconds", hex("A1B23C4D 0002 0004") + rest + hex("663881D9 00003039") + lengths + kFrame,
-         nanoseconds},
+        {"nanoseconds", hex("A1B23C4D 0002 0004") + rest + hex("663881D9 00003039") + lengths + kFrame, nanoseconds},
         {"nanoseconds, the other byte order",
          hex("4D3CB2A1 0200 0400") + rest_reversed + hex("D9813866 39300000") + lengths_reversed + kFrame, nanoseconds},
         {"longer packet headers",
@@ -136,8 +135,8 @@ TEST(Captures, HoldIpHeadersOfAnyLength) {
     // Destination options before the fragment header, and again within the datagram.
     const std::string whole = hex("1100 010400000000") + udp(kSector);
     const auto fragment = [&](size_t from, size_t to, const std::string &place) {
-        std::string packet = ipv6(hex("2C00 010400000000 3C00") + hex(place) + hex("00000063") +
-                                  whole.substr(from, to - from));
+        std::string packet =
+            ipv6(hex("2C00 010400000000 3C00") + hex(place) + hex("00000063") + whole.substr(from, to - from));
         packet[6] = 60;
         return packet;
     };
@@ -146,8 +145,8 @@ TEST(Captures, HoldIpHeadersOfAnyLength) {
         {"no length of IPv4", pcap(101, {segmented}), kFirst},
         {"no length of IPv6", pcap(101, {jumbo}), at("07:08:09.000012", kRoute6)},
         {"four extension headers", pcap(101, {chain}), at("07:08:09.000012", kRoute6)},
-        {"extension headers around fragments",
-         pcap(101, {fragment(8, 27, "0008"), fragment(0, 8, "0001")}), at("07:08:10.000012", kRoute6)},
+        {"extension headers around fragments", pcap(101, {fragment(8, 27, "0008"), fragment(0, 8, "0001")}),
+         at("07:08:10.000012", kRoute6)},
         {"a header length of IPv4 that is too short", pcap(101, {hex("44") + kIp.substr(1)}), "",
          "astdump: c: packet 1: not dissected: IPv4 header of 16 octets\nastdump: lost: 1 packet not dissected\n"},
         {"an extension header that is cut short", pcap(101, {chain.substr(0, 55)}), "",
@@ -198,7 +197,8 @@ TEST(Captures, FindTheirPlaceAgainFarBehindDamage) {
         state = state * 1664525 + 1013904223;
         octet = static_cast<char>(state >> 24 | 0x80);
     }
-    expect({"pcap", good + noise + packet + packet, kFirst + at("07:08:10.000012") + at("07:08:11.000012") + kFirst + kFirst,
+    expect({"pcap", good + noise + packet + packet,
+            kFirst + at("07:08:10.000012") + at("07:08:11.000012") + kFirst + kFirst,
             "astdump: c: offset 231: 700001 octets that are no pcap frame; skipped\n"
             "astdump: lost: 700001 octets skipped\n"});
 }

@@ -9,6 +9,9 @@
 
 namespace astdump {
 
+constexpr size_t kIpv4AddressOctets = 4;
+constexpr size_t kIpv6AddressOctets = 16;
+
 struct LinkLayer {
     uint32_t type;
     size_t header_octets;
@@ -22,11 +25,14 @@ struct IpContent {
         uint64_t offset;
         bool more;
     };
-    Endpoints endpoints; // with ports once these are known
+    Octets source; // addresses
+    Octets destination;
     uint8_t protocol;
     Octets octets;              // as many as are captured
     size_t length;              // as many as there were
     std::optional<Piece> piece; // nothing for all of it
+
+    bool is_ipv6() const { return source.size() == kIpv6AddressOctets; }
 };
 
 namespace {
@@ -184,8 +190,8 @@ IpContent read_ipv4(Octets packet) {
     if (header_octets < kIpv4HeaderOctets)
         throw Undissected("IPv4 header of " + std::to_string(header_octets) + " octets");
     IpContent content{};
-    std::ranges::copy(packet.subspan<kSource, 4>(), content.endpoints.source.address.octets.begin());
-    std::ranges::copy(packet.subspan<kDestination, 4>(), content.endpoints.destination.address.octets.begin());
+    content.source = packet.subspan(kSource, kIpv4AddressOctets);
+    content.destination = packet.subspan(kDestination, kIpv4AddressOctets);
     content.protocol = packet[kProtocol];
     const size_t length = read_u16(packet, kLength);
     set_content(content, packet.subspan(header_octets),
@@ -225,37 +231,47 @@ IpContent read_ipv6(Octets packet) {
     constexpr size_t kLength = 4, kProtocol = 6, kSource = 8, kDestination = 24;
     if (packet.size() < kIpv6HeaderOctets) throw Undissected("IPv6 header cut short");
     IpContent content{};
-    auto &[source, destination] = content.endpoints;
-    source.address.is_ipv6 = destination.address.is_ipv6 = true;
-    std::ranges::copy(packet.subspan<kSource, 16>(), source.address.octets.begin());
-    std::ranges::copy(packet.subspan<kDestination, 16>(), destination.address.octets.begin());
+    content.source = packet.subspan(kSource, kIpv6AddressOctets);
+    content.destination = packet.subspan(kDestination, kIpv6AddressOctets);
     content.protocol = packet[kProtocol];
     const size_t length = read_u16(packet, kLength);
     set_content(content, packet.subspan(kIpv6HeaderOctets), length == 0 ? packet.size() - kIpv6HeaderOctets : length);
+    if (is_transport(content.protocol)) return content;
     pass_extensions(content);
     if (content.protocol == kIpv6Fragment) pass_fragment_header(content);
     return content;
 }
 
-// `length` octets of the payload are said to be there.
-Transported transported(IpContent &content, size_t header_octets, size_t length) {
-    content.endpoints.source.port = read_u16(content.octets, 0);
-    content.endpoints.destination.port = read_u16(content.octets, 2);
-    const Octets captured = content.octets.subspan(header_octets);
-    return {.payload = captured.first(std::min(length, captured.size())),
-            .is_truncated = captured.size() < length,
-            .endpoints = content.endpoints,
-            .tcp = std::nullopt};
+void set(Endpoint &endpoint, Octets address, uint16_t port) {
+    const auto begin = endpoint.address.octets.begin();
+    endpoint.address.is_ipv6 = address.size() == kIpv6AddressOctets;
+    if (endpoint.address.is_ipv6)
+        std::copy_n(address.data(), kIpv6AddressOctets, begin);
+    else
+        std::copy_n(address.data(), kIpv4AddressOctets, begin);
+    endpoint.port = port;
 }
 
-Transported read_udp(IpContent &content) {
+// `length` octets of the payload are said to be there. What is returned is made where the caller wants it: it is large.
+std::optional<Transported> transported(const IpContent &content, size_t header_octets, size_t length) {
+    const Octets captured = content.octets.subspan(header_octets);
+    std::optional<Transported> found(std::in_place);
+    found->payload = captured.first(std::min(length, captured.size()));
+    found->is_truncated = captured.size() < length;
+    Endpoints &endpoints = found->endpoints.emplace();
+    set(endpoints.source, content.source, read_u16(content.octets, 0));
+    set(endpoints.destination, content.destination, read_u16(content.octets, 2));
+    return found;
+}
+
+std::optional<Transported> read_udp(const IpContent &content) {
     constexpr size_t kLength = 4;
     if (content.octets.size() < kUdpHeaderOctets) throw Undissected("UDP header cut short");
     const size_t length = std::max<size_t>(read_u16(content.octets, kLength), kUdpHeaderOctets);
     return transported(content, kUdpHeaderOctets, length - kUdpHeaderOctets);
 }
 
-std::optional<Transported> read_tcp(IpContent &content) {
+std::optional<Transported> read_tcp(const IpContent &content) {
     constexpr size_t kSequence = 4, kHeaderWords = 12, kFlags = 13;
     constexpr uint8_t kFin = 0x01, kSyn = 0x02, kRst = 0x04;
     const Octets segment = content.octets;
@@ -264,21 +280,25 @@ std::optional<Transported> read_tcp(IpContent &content) {
     if (header_octets < kTcpHeaderOctets || header_octets > segment.size()) return std::nullopt;
     const size_t length = content.length - header_octets;
     const uint8_t flags = segment[kFlags];
-    Transported found = transported(content, header_octets, length);
-    found.tcp = TcpHeader{.sequence = read_u32(segment, kSequence),
-                          .length = length,
-                          .syn = (flags & kSyn) != 0,
-                          .fin = (flags & kFin) != 0,
-                          .rst = (flags & kRst) != 0};
+    auto found = transported(content, header_octets, length);
+    found->tcp = TcpHeader{.sequence = read_u32(segment, kSequence),
+                           .length = length,
+                           .syn = (flags & kSyn) != 0,
+                           .fin = (flags & kFin) != 0,
+                           .rst = (flags & kRst) != 0};
     return found;
+}
+
+std::optional<Transported> read_transport(const IpContent &content) {
+    if (content.protocol == kUdp) return read_udp(content);
+    if (content.protocol == kTcp) return read_tcp(content);
+    return std::nullopt;
 }
 
 // What the fragments of one datagram share, of either version.
 std::string fragment_key(const IpContent &content) {
     std::string key;
-    for (const Endpoint &endpoint : {content.endpoints.source, content.endpoints.destination})
-        key.append(endpoint.address.octets.begin(), endpoint.address.octets.end());
-    key += static_cast<char>(content.endpoints.source.address.is_ipv6);
+    for (const Octets address : {content.source, content.destination}) key.append(address.begin(), address.end());
     key += static_cast<char>(content.protocol);
     return key + std::to_string(content.piece->id);
 }
@@ -329,26 +349,24 @@ std::optional<Transported> Dissector::dissect(Octets frame, const Time &time) {
     const auto protocol = first_protocol(packet, is_ipv6);
     if (protocol && !leads_to_transport(*protocol, is_ipv6)) return std::nullopt;
     try {
-        return open_packet(is_ipv6 ? read_ipv6(packet) : read_ipv4(packet), time);
+        IpContent packet_content = is_ipv6 ? read_ipv6(packet) : read_ipv4(packet);
+        return packet_content.piece ? open_piece(packet_content, time) : read_transport(packet_content);
     } catch (const Undissected &) {
         if (protocol == kTcp) return std::nullopt;
         throw;
     }
 }
 
-std::optional<Transported> Dissector::open_packet(IpContent content, const Time &time) {
-    const bool is_piece = content.piece.has_value();
-    if (is_piece && !reassemble(content, time)) return std::nullopt;
-    std::optional<Transported> found;
-    if (content.protocol == kUdp) found = read_udp(content);
-    if (content.protocol == kTcp) found = read_tcp(content);
-    if (found) found->is_rebuilt = is_piece;
+std::optional<Transported> Dissector::open_piece(IpContent &content, const Time &time) {
+    if (!reassemble(content, time)) return std::nullopt;
+    auto found = read_transport(content);
+    if (found) found->is_rebuilt = true;
     return found;
 }
 
 // False until the piece completes the datagram.
 bool Dissector::reassemble(IpContent &content, const Time &time) {
-    const bool is_ipv6 = content.endpoints.source.address.is_ipv6;
+    const bool is_ipv6 = content.is_ipv6();
     if (!leads_to_transport(content.protocol, is_ipv6)) return false;
     auto whole = reassembler_.add({.key = fragment_key(content),
                                    .offset = content.piece->offset,

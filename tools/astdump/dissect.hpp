@@ -27,9 +27,9 @@ struct TcpHeader {
 };
 
 struct Transported {
-    Octets payload;          // in the frame, or what is rebuilt
-    bool is_truncated;       // the payload is shorter than the header says
-    bool is_rebuilt = false; // from several frames, so that the payload is good until the next one only
+    Octets payload;            // in the frame, or what is rebuilt
+    bool is_truncated = false; // the payload is shorter than the header says
+    bool is_rebuilt = false;   // from several frames, so that the payload is good until the next one only
     std::optional<Endpoints> endpoints;
     std::optional<TcpHeader> tcp;
 };
@@ -77,7 +77,7 @@ public:
 
 private:
     void change_link_type(uint32_t link_type);
-    std::optional<Transported> open_packet(IpContent content, const Time &time);
+    std::optional<Transported> open_piece(IpContent &content, const Time &time);
     bool reassemble(IpContent &content, const Time &time);
 
     const LinkLayer *link_;

@@ -34,6 +34,8 @@ struct Kind {
 constexpr Kind kKinds[] = {{kInterface, 8}, {kOldPacket, 20},      {kSimplePacket, 4}, {4, 0},
                            {5, 12},         {kEnhancedPacket, 20}, {kSection, 16}};
 
+constexpr size_t kMostInterfaces = 65536; // no host has more, whatever a damaged capture says
+
 constexpr uint32_t kByteOrderMagic = 0x1A2B3C4D;
 constexpr uint16_t kMajorVersion = 1;
 constexpr size_t kMajorVersionOffset = 12;
@@ -147,6 +149,7 @@ void Pcapng::take(Octets octets) {
 // It has its number by its place, so that one that tells too little counts, too.
 void Pcapng::describe_interface(Octets block) {
     constexpr size_t kLinkType = 8, kMostPacketOctets = 12, kOptions = 16, kOptionHeaderOctets = 4;
+    if (interfaces_.size() == kMostInterfaces) return;
     Interface &interface = interfaces_.emplace_back();
     if (block.size() < kOptions) {
         interface.fault = kUndescribed;

@@ -15,7 +15,10 @@ Octets SegmentOrder::add(uint32_t sequence, Octets octets) {
     if (begin >= octets.size()) return {};
     const Octets ready = octets.subspan(begin);
     next_ += static_cast<uint32_t>(ready.size());
-    if (waiting_.empty()) return ready;
+    if (waiting_.empty()) {
+        if (ready_.capacity() != 0) ready_ = {};
+        return ready;
+    }
     ready_.assign(ready.begin(), ready.end());
     release();
     return ready_;

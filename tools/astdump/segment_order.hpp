@@ -29,6 +29,7 @@ public:
     uint32_t first_waiting() const { return waiting_.begin()->first; }
     size_t waiting_segments() const { return waiting_.size(); }
     size_t waiting_octets() const { return waiting_octets_; }
+    size_t held_octets() const { return waiting_octets_ + ready_.capacity(); }
 
 private:
     struct Before {

@@ -34,7 +34,7 @@ TcpStreams::Stream::Stream(const Datagram &first_stamp, uint32_t sequence, bool 
     : stamp(first_stamp), first(sequence), order(sequence), blocks(is_from_start) {}
 
 size_t TcpStreams::Stream::octets() const {
-    return kStreamOctets + order.waiting_octets() + order.waiting_segments() * kSegmentOctets + blocks.held_octets();
+    return kStreamOctets + order.held_octets() + order.waiting_segments() * kSegmentOctets + blocks.held_octets();
 }
 
 void TcpStreams::Stream::skip_to(uint32_t sequence, Chunk &chunk) {

@@ -22,7 +22,11 @@ constexpr size_t kMajor = 4, kMinor = 6, kLinkType = 20; // in the header of a f
 constexpr uint32_t kLinkTypeBits = 0x03FFFFFF;           // the others say what checksum ends the frames
 constexpr uint16_t kMajorVersion = 2;
 constexpr uint16_t kMinorVersion = 4;
-constexpr uint16_t kFirstUnswapped = 4; // minor version
+
+// Before these minor versions, the octets that a packet had always stand before those that are captured of it, and in
+// some captures.
+constexpr uint16_t kFirstSometimesSwapped = 3;
+constexpr uint16_t kFirstUnswapped = 4;
 
 const Variant *find_variant(Octets head, const ByteOrder &order) {
     if (head.size() < sizeof(uint32_t)) return nullptr;
@@ -51,8 +55,8 @@ Pcap::Pcap(Octets header) : order_(order_of(header)) {
     header_octets_ = variant.header_octets;
     nanoseconds_ = variant.nanoseconds;
     fractions_ = kNanosecondsPerSecond / nanoseconds_;
-    may_be_swapped_ = order_.u16(&header[kMinor]) < kFirstUnswapped;
-    if (may_be_swapped_) most_usual_octets_ = 0;
+    minor_version_ = order_.u16(&header[kMinor]);
+    if (minor_version_ < kFirstUnswapped) least_unusual_octets_ = 0;
     link_type_ = order_.u32(&header[kLinkType]) & kLinkTypeBits;
 }
 
@@ -65,8 +69,10 @@ void Pcap::carry(Time &time) const {
 }
 
 size_t Pcap::captured_octets(Octets rest) const {
-    const uint32_t captured = order_.u32(rest.data() + kCaptured);
-    return may_be_swapped_ ? std::min(captured, order_.u32(rest.data() + kOnTheWire)) : captured;
+    const uint32_t first = order_.u32(rest.data() + kCaptured);
+    const uint32_t second = order_.u32(rest.data() + kOnTheWire);
+    if (minor_version_ < kFirstSometimesSwapped) return second;
+    return minor_version_ < kFirstUnswapped ? std::min(first, second) : first;
 }
 
 Piece::Kind Pcap::read_unusual(Octets rest, Piece &piece) const {
@@ -83,9 +89,10 @@ std::string Pcap::complaint(Octets rest) const {
 
 bool Pcap::is_likely_header(Octets rest) const {
     if (rest.size() < header_octets_) return false;
-    const size_t captured = captured_octets(rest);
-    return captured <= kMaxCapturedOctets && captured <= order_.u32(rest.data() + kOnTheWire) &&
-           order_.u32(rest.data() + kFraction) < fractions_;
+    const uint32_t first = order_.u32(rest.data() + kCaptured);
+    const uint32_t second = order_.u32(rest.data() + kOnTheWire);
+    const bool is_part = minor_version_ < kFirstUnswapped || first <= second;
+    return is_part && captured_octets(rest) <= kMaxCapturedOctets && order_.u32(rest.data() + kFraction) < fractions_;
 }
 
 // A packet leads to another one less than an hour later, or to the end.

@@ -29,7 +29,7 @@ public:
     Piece::Kind read(Octets rest, Piece &piece) const {
         if (rest.size() < header_octets_) return Piece::Kind::part;
         const size_t captured = order_.u32(rest.data() + kCaptured);
-        if (captured > most_usual_octets_) [[unlikely]]
+        if (captured >= least_unusual_octets_) [[unlikely]]
             return read_unusual(rest, piece);
         return read(rest, captured, captured, piece);
     }
@@ -70,8 +70,8 @@ private:
     uint32_t header_octets_ = 16; // of a packet
     uint32_t nanoseconds_ = 1000; // that a fraction of a second counts
     uint32_t fractions_ = 0;      // in a second
-    bool may_be_swapped_ = false; // the octets that are captured of a packet, and those that it had
-    size_t most_usual_octets_ = kMostFrameOctets;
+    uint16_t minor_version_ = 0;
+    size_t least_unusual_octets_ = kMostFrameOctets + 1; // of a packet, read with more care
     uint32_t link_type_ = 0;
 };
 

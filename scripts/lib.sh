@@ -6,7 +6,7 @@ readonly root
 readonly jobs=2
 
 readonly build_packages=(cmake ninja-build g++ ccache)
-readonly tool_packages=(pkg-config libtins-dev libpcap-dev libcli11-dev zlib1g-dev libzstd-dev libasio-dev)
+readonly tool_packages=(pkg-config libcli11-dev zlib1g-dev libzstd-dev libasio-dev)
 readonly test_packages=(libgtest-dev chromium locales-all zstd)
 readonly bench_packages=(libbenchmark-dev)
 

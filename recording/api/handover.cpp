@@ -15,24 +15,24 @@ Handover::Handover() : event_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
 
 Handover::~Handover() { ::close(event_); }
 
-bool Handover::give(const Piece &piece) {
+bool Handover::give(const Delivery &delivery) {
     std::unique_lock lock(mutex_);
     if (is_closed_) return false;
-    piece_ = &piece;
+    delivery_ = &delivery;
     constexpr uint64_t kOnce = 1;
     [[maybe_unused]] const ssize_t written = write(event_, &kOnce, sizeof kOnce);
-    changed_.wait(lock, [&] { return !piece_ || is_closed_; });
+    changed_.wait(lock, [&] { return !delivery_ || is_closed_; });
     return !is_closed_;
 }
 
 // Not by the condition, which no signal handler may announce.
-const Piece *Handover::take(int limit_ms, Interruption &interruption) {
+const Delivery *Handover::take(int limit_ms, Interruption &interruption) {
     using Clock = std::chrono::steady_clock;
     const auto end = Clock::now() + std::chrono::milliseconds(limit_ms);
     for (int left_ms = limit_ms; !interruption.ended();) {
         if (interruption.has_input(event_, left_ms)) {
             const std::lock_guard lock(mutex_);
-            return piece_;
+            return delivery_;
         }
         if (limit_ms < 0) continue;
         left_ms = static_cast<int>(std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now()).count());
@@ -45,7 +45,7 @@ void Handover::done() {
     const std::lock_guard lock(mutex_);
     uint64_t taken = 0;
     [[maybe_unused]] const ssize_t got = read(event_, &taken, sizeof taken);
-    piece_ = nullptr;
+    delivery_ = nullptr;
     changed_.notify_all();
 }
 

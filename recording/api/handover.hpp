@@ -4,7 +4,7 @@
 #include <condition_variable>
 #include <mutex>
 
-#include "api/piece.hpp"
+#include "api/delivery.hpp"
 #include "base/interruption.hpp"
 
 namespace ast::recording {
@@ -18,11 +18,11 @@ public:
 
     // For the thread that reads: offers a piece, and returns when the caller is done with it; false when he wants no
     // more.
-    bool give(const Piece &piece);
+    bool give(const Delivery &delivery);
 
     // For the caller: the piece that is offered; null when there is none after a time, which may be negative for no
     // limit, and after an interruption. It is the caller's until he is done with it.
-    const Piece *take(int limit_ms, Interruption &interruption);
+    const Delivery *take(int limit_ms, Interruption &interruption);
     void done();
 
     // For the caller, who wants no more.
@@ -32,7 +32,7 @@ private:
     int event_; // can be read as long as a piece is offered
     std::mutex mutex_;
     std::condition_variable changed_;
-    const Piece *piece_ = nullptr;
+    const Delivery *delivery_ = nullptr;
     bool is_closed_ = false;
 };
 

@@ -118,9 +118,9 @@ void Recording::work(Job &job, size_t worker) {
 
 bool Recording::take(Job &job) { return hand(Filled{&static_cast<BlockJob &>(job)}) && !interruption_.ended(); }
 
-bool Recording::hand(const Piece &piece) {
-    if (has_thread_) return handover_.give(piece);
-    std::visit([this](const auto &any) { receive(any); }, piece);
+bool Recording::hand(const Delivery &delivery) {
+    if (has_thread_) return handover_.give(delivery);
+    std::visit([this](const auto &any) { receive(any); }, delivery);
     return true;
 }
 
@@ -151,10 +151,10 @@ bool Recording::read_on(int limit_ms) {
         pull();
         return true;
     }
-    const Piece *const piece = handover_.take(limit_ms, interruption_);
-    if (!piece) return false;
-    holds_piece_ = true;
-    std::visit([this](const auto &any) { receive(any); }, *piece);
+    const Delivery *const delivery = handover_.take(limit_ms, interruption_);
+    if (!delivery) return false;
+    holds_delivery_ = true;
+    std::visit([this](const auto &any) { receive(any); }, *delivery);
     if (!job_) end_job();
     return true;
 }
@@ -213,7 +213,7 @@ void Recording::end_job() {
     if (job_) consumed_ = job_->chunk.consumed;
     job_ = nullptr;
     last_ = nullptr;
-    if (std::exchange(holds_piece_, false)) handover_.done();
+    if (std::exchange(holds_delivery_, false)) handover_.done();
 }
 
 bool Recording::next(ast_recording_block_t &block, int limit_ms) try {

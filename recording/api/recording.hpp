@@ -28,7 +28,7 @@ private:
     void read_all();
     bool read_on(int limit_ms);
     void pull();
-    bool hand(const Piece &piece);
+    bool hand(const Delivery &delivery);
 
     // On the caller's side.
     void receive(const Opened &opened);
@@ -65,7 +65,7 @@ private:
 
     // What the caller has been given.
     const BlockJob *job_ = nullptr; // that he is in
-    bool holds_piece_ = false;      // which belongs to the thread
+    bool holds_delivery_ = false;   // which belongs to the thread
     size_t next_block_ = 0;
     size_t next_report_ = 0;
     const HandedBlock *last_ = nullptr;

@@ -1,31 +1,81 @@
 #include "capture/dissect.hpp"
 
 #include <algorithm>
-#include <cstring>
 #include <iterator>
-#include <pcap/pcap.h>
-#include <stdexcept>
-#include <tins/ip.h>
-#include <tins/ipv6.h>
-#include <tins/rawpdu.h>
-#include <tins/tcp.h>
-#include <tins/udp.h>
+#include <string>
+#include <utility>
 
 #include "framing/soundness.hpp"
 
 namespace ast::recording {
 
+constexpr size_t kIpv4AddressOctets = 4;
+constexpr size_t kIpv6AddressOctets = 16;
+
 struct LinkLayer {
-    int type;
+    uint32_t type;
     size_t header_octets;
-    std::optional<size_t> ethertype_offset; // nothing where an IP header must follow
+    size_t ethertype_offset; // kNone where an IP header must follow
+};
+
+// What IP headers say of what is behind them.
+struct IpContent {
+    struct Piece {
+        uint32_t id;
+        uint64_t offset;
+        bool more;
+    };
+    Octets source; // addresses
+    Octets destination;
+    uint8_t protocol;
+    Octets octets;              // as many as are captured
+    size_t length;              // as many as there were
+    std::optional<Piece> piece; // nothing for all of it
+
+    bool is_ipv6() const { return source.size() == kIpv6AddressOctets; }
 };
 
 namespace {
 
+constexpr size_t kNone = SIZE_MAX;
+constexpr uint32_t kEthernet = 1;
 constexpr LinkLayer kLinkLayers[] = {
-    {DLT_EN10MB, 14, 12},        {DLT_LINUX_SLL, 16, 14},    {DLT_LINUX_SLL2, 20, 0},     {DLT_NULL, 4, std::nullopt},
-    {DLT_LOOP, 4, std::nullopt}, {DLT_RAW, 0, std::nullopt}, {DLT_IPV4, 0, std::nullopt}, {DLT_IPV6, 0, std::nullopt},
+    {kEthernet, 14, 12}, // then Linux cooked, of either version, which has a type like Ethernet
+    {113, 16, 14},       {276, 20, 0},
+    {0, 4, kNone},       {108, 4, kNone}, // loopback: the family of addresses, as the system numbers it
+    {12, 0, kNone},      {101, 0, kNone}, // IP of any version
+    {228, 0, kNone},     {229, 0, kNone}, // and of one
+};
+
+// Others that are met with, as tcpdump calls them.
+struct LinkTypeName {
+    uint32_t type;
+    const char *name;
+};
+constexpr LinkTypeName kLinkTypeNames[] = {
+    {6, "IEEE802"},
+    {8, "SLIP"},
+    {9, "PPP"},
+    {10, "FDDI"},
+    {50, "PPP_SERIAL"},
+    {51, "PPP_ETHER"},
+    {100, "ATM_RFC1483"},
+    {104, "C_HDLC"},
+    {105, "IEEE802_11"},
+    {107, "FRELAY"},
+    {117, "PFLOG"},
+    {119, "PRISM_HEADER"},
+    {127, "IEEE802_11_RADIO"},
+    {187, "BLUETOOTH_HCI_H4"},
+    {189, "USB_LINUX"},
+    {192, "PPI"},
+    {195, "IEEE802_15_4"},
+    {219, "MPLS"},
+    {220, "USB_LINUX_MMAPPED"},
+    {227, "CAN_SOCKETCAN"},
+    {239, "NFLOG"},
+    {249, "USBPCAP"},
+    {253, "NETLINK"},
 };
 
 constexpr uint16_t kEthertypeIpv4 = 0x0800;
@@ -38,25 +88,38 @@ constexpr size_t kLlcHeaderOctets = 3;
 constexpr uint8_t kTcp = 6;
 constexpr uint8_t kUdp = 17;
 constexpr size_t kUdpHeaderOctets = 8;
+constexpr size_t kTcpHeaderOctets = 20;
 constexpr size_t kIpv4HeaderOctets = 20;
 constexpr size_t kIpv4RouteOffset = 12; // of the addresses, with the ports behind them
 constexpr size_t kIpv6HeaderOctets = 40;
 constexpr uint64_t kFragmentUnitOctets = 8;
+constexpr uint8_t kIpv6Fragment = 44;
+constexpr size_t kIpv6FragmentOctets = 8;
 
-std::string link_type_name(int type) {
-    const char *const name = pcap_datalink_val_to_name(type);
-    return name ? name : std::to_string(type);
+// The second octet tells how many units follow the first eight octets.
+struct ExtensionHeader {
+    uint8_t protocol;
+    size_t unit_octets;
+};
+constexpr ExtensionHeader kIpv6Extensions[] = {
+    {0, 8},  // hop-by-hop options
+    {43, 8}, // routing
+    {51, 4}, // authentication
+    {60, 8}, // destination options
+};
+
+const LinkLayer *find_link_layer(uint32_t type) {
+    const auto found = std::ranges::find(kLinkLayers, type, &LinkLayer::type);
+    return found == std::end(kLinkLayers) ? nullptr : found;
 }
 
-const LinkLayer &find_link_layer(int type) {
-    const auto found = std::ranges::find(kLinkLayers, type, &LinkLayer::type);
-    if (found == std::end(kLinkLayers))
-        throw std::runtime_error("captures of link type " + link_type_name(type) + " are not supported");
-    return *found;
+const ExtensionHeader *find_extension(uint8_t protocol) {
+    const auto found = std::ranges::find(kIpv6Extensions, protocol, &ExtensionHeader::protocol);
+    return found == std::end(kIpv6Extensions) ? nullptr : found;
 }
 
 Octets behind(Octets octets, size_t count) {
-    if (octets.size() < count) throw std::runtime_error("link header cut short");
+    if (octets.size() < count) throw Undissected("link header cut short");
     return octets.subspan(count);
 }
 
@@ -68,9 +131,9 @@ struct Content {
 
 inline Content strip_link_layer(const LinkLayer &link, Octets frame) {
     Octets rest = behind(frame, link.header_octets);
-    if (!link.ethertype_offset) return {kEthertypeIpv4, rest};
-    uint16_t type = read_u16(frame, *link.ethertype_offset);
-    while (std::ranges::count(kVlanTags, type)) {
+    if (link.ethertype_offset == kNone) return {kEthertypeIpv4, rest};
+    uint16_t type = read_u16(frame, link.ethertype_offset);
+    while (type != kEthertypeIpv4 && std::ranges::count(kVlanTags, type) != 0) {
         const Octets tag = rest;
         rest = behind(rest, kVlanTagOctets);
         type = read_u16(tag, 2);
@@ -82,248 +145,240 @@ bool is_ip(uint16_t type) { return type == kEthertypeIpv4 || type == kEthertypeI
 
 // Blocks in an LLC frame. Most of these frames are talk among bridges, so that only what begins with a block counts.
 std::optional<Transported> open_llc(const LinkLayer &link, const Content &content) {
-    const bool has_length = link.type == DLT_EN10MB && content.type <= kMaxLlcLength;
-    if (!has_length && (link.type == DLT_EN10MB || content.type != kCookedLlc)) return std::nullopt;
+    const bool has_length = link.type == kEthernet && content.type <= kMaxLlcLength;
+    if (!has_length && (link.type == kEthernet || content.type != kCookedLlc)) return std::nullopt;
     const size_t length = has_length ? content.type : content.octets.size();
     const Octets captured = content.octets.first(std::min(length, content.octets.size()));
     if (captured.size() <= kLlcHeaderOctets) return std::nullopt;
     const Octets payload = captured.subspan(kLlcHeaderOctets);
     if (chain_of_blocks(payload) == 0) return std::nullopt;
-    return Transported{.payload = payload,
-                       .truncated = captured.size() < length,
-                       .endpoints = std::nullopt,
-                       .tcp = std::nullopt,
-                       .rebuilt = {}};
+    return Transported{
+        .payload = payload, .is_truncated = captured.size() < length, .endpoints = std::nullopt, .tcp = std::nullopt};
+}
+
+uint32_t read_u32(Octets octets, size_t offset) {
+    return static_cast<uint32_t>(read_u16(octets, offset)) << 16 | read_u16(octets, offset + 2);
 }
 
 bool is_transport(uint8_t protocol) { return protocol == kUdp || protocol == kTcp; }
 
+// Whether UDP or TCP may follow, directly or behind IPv6 extension headers. What else there is, is not worth
+// dissecting, nor reporting when that fails.
+bool leads_to_transport(uint8_t protocol, bool is_ipv6) {
+    return is_transport(protocol) || (is_ipv6 && (protocol == kIpv6Fragment || find_extension(protocol)));
+}
+
 // What follows the first IP header; nothing when that is cut short.
-std::optional<uint8_t> first_protocol(Octets packet, int version) {
-    const size_t offset = version == 4 ? 9 : 6;
+std::optional<uint8_t> first_protocol(Octets packet, bool is_ipv6) {
+    const size_t offset = is_ipv6 ? 6 : 9;
     if (packet.size() <= offset) return std::nullopt;
     return packet[offset];
 }
 
-// Whether a packet may hold UDP or TCP, directly or behind IPv6 extension headers. Others are not worth dissecting, nor
-// reporting when that fails.
-bool is_worth_dissecting(Octets packet, int version) {
-    constexpr uint8_t kIpv6Before[] = {Tins::IPv6::HOP_BY_HOP, Tins::IPv6::DESTINATION_ROUTING_OPTIONS,
-                                       Tins::IPv6::ROUTING, Tins::IPv6::FRAGMENT};
-    const auto protocol = first_protocol(packet, version);
-    return !protocol || is_transport(*protocol) || (version == 6 && std::ranges::count(kIpv6Before, *protocol));
+// Of `length` octets, which are to be there, those that are.
+void set_content(IpContent &content, Octets captured, size_t length) {
+    content.length = length;
+    content.octets = captured.first(std::min(length, captured.size()));
 }
 
-// The octets of a layer that libtins did not parse further.
-Octets raw_octets(const Tins::PDU &layer) {
-    const auto *const raw = layer.find_pdu<Tins::RawPDU>();
-    return raw ? Octets(raw->payload()) : Octets();
+// Network cards that cut large packets into segments themselves are given them without a length.
+IpContent read_ipv4(Octets packet) {
+    constexpr size_t kLength = 2, kId = 4, kFragmentation = 6, kProtocol = 9, kSource = 12, kDestination = 16;
+    constexpr uint16_t kMore = 0x2000, kOffset = 0x1FFF;
+    const size_t header_octets = packet.empty() ? 0 : size_t{4} * (packet[0] & 0x0F);
+    if (packet.size() < std::max(header_octets, kIpv4HeaderOctets)) throw Undissected("IPv4 header cut short");
+    if (header_octets < kIpv4HeaderOctets)
+        throw Undissected("IPv4 header of " + std::to_string(header_octets) + " octets");
+    IpContent content{};
+    content.source = packet.subspan(kSource, kIpv4AddressOctets);
+    content.destination = packet.subspan(kDestination, kIpv4AddressOctets);
+    content.protocol = packet[kProtocol];
+    const size_t length = read_u16(packet, kLength);
+    set_content(content, packet.subspan(header_octets),
+                (length < header_octets ? packet.size() : length) - header_octets);
+    const uint16_t fragmentation = read_u16(packet, kFragmentation);
+    if ((fragmentation & (kMore | kOffset)) != 0)
+        content.piece = {read_u16(packet, kId), (fragmentation & kOffset) * kFragmentUnitOctets,
+                         (fragmentation & kMore) != 0};
+    return content;
 }
 
-std::string fragment_key(const std::string &source, const std::string &destination, uint8_t protocol, uint32_t id) {
-    return source + ' ' + destination + ' ' + std::to_string(protocol) + ' ' + std::to_string(id);
+// Goes behind a header among those that IPv6 chains; the first octet of each tells the next.
+void pass_header(IpContent &content, size_t octets) {
+    if (content.octets.size() < octets) throw Undissected("IPv6 extension header cut short");
+    content.protocol = content.octets[0];
+    content.octets = content.octets.subspan(octets);
+    content.length -= octets;
 }
 
-// A fragment, and the protocol that the whole datagram has.
-struct Piece {
-    Fragment fragment;
-    uint8_t protocol;
-};
-
-std::optional<Piece> find_piece(const Tins::IP &ip, Octets) {
-    if (!ip.is_fragmented() || !is_transport(ip.protocol())) return std::nullopt;
-    const std::string key = fragment_key(ip.src_addr().to_string(), ip.dst_addr().to_string(), ip.protocol(), ip.id());
-    return Piece{{.key = key,
-                  .offset = ip.fragment_offset() * kFragmentUnitOctets,
-                  .more = (ip.flags() & Tins::IP::MORE_FRAGMENTS) != 0,
-                  .octets = raw_octets(ip)},
-                 ip.protocol()};
-}
-
-// The fragment header is an extension header; libtins gives its octets from the third on, so that the protocol, its
-// first octet, is looked up in the packet.
-std::optional<Piece> find_piece(const Tins::IPv6 &ip, Octets packet) {
-    constexpr size_t kOmittedOctets = 2;
-    constexpr size_t kFragmentHeaderOctets = 8;
-    size_t position = kIpv6HeaderOctets;
-    for (const auto &header : ip.headers()) {
-        const Octets octets(header.data_ptr(), header.data_size());
-        if (header.option() != Tins::IPv6::FRAGMENT) {
-            position += octets.size() + kOmittedOctets;
-            continue;
-        }
-        const uint8_t protocol = packet[position];
-        if (octets.size() + kOmittedOctets != kFragmentHeaderOctets || !is_transport(protocol)) return std::nullopt;
-        const uint16_t place = read_u16(octets, 0); // offset in bits 16-4, bit 1 for more to follow
-        const uint32_t id = static_cast<uint32_t>(read_u16(octets, 2)) << 16 | read_u16(octets, 4);
-        const std::string key = fragment_key(ip.src_addr().to_string(), ip.dst_addr().to_string(), protocol, id);
-        return Piece{{.key = key,
-                      .offset = (place >> 3) * kFragmentUnitOctets,
-                      .more = (place & 1) != 0,
-                      .octets = raw_octets(ip)},
-                     protocol};
+void pass_extensions(IpContent &content) {
+    constexpr size_t kFirstOctets = 8;
+    while (const ExtensionHeader *const header = find_extension(content.protocol)) {
+        const size_t units = content.octets.size() < kFirstOctets ? 0 : content.octets[1];
+        pass_header(content, kFirstOctets + units * header->unit_octets);
     }
+}
+
+void pass_fragment_header(IpContent &content) {
+    constexpr size_t kPlace = 2, kId = 4; // the offset in bits 16-4 of the place, bit 1 for more to follow
+    const Octets header = content.octets;
+    pass_header(content, kIpv6FragmentOctets);
+    const uint16_t place = read_u16(header, kPlace);
+    content.piece = {read_u32(header, kId), (place >> 3) * kFragmentUnitOctets, (place & 1) != 0};
+}
+
+IpContent read_ipv6(Octets packet) {
+    constexpr size_t kLength = 4, kProtocol = 6, kSource = 8, kDestination = 24;
+    if (packet.size() < kIpv6HeaderOctets) throw Undissected("IPv6 header cut short");
+    IpContent content{};
+    content.source = packet.subspan(kSource, kIpv6AddressOctets);
+    content.destination = packet.subspan(kDestination, kIpv6AddressOctets);
+    content.protocol = packet[kProtocol];
+    const size_t length = read_u16(packet, kLength);
+    set_content(content, packet.subspan(kIpv6HeaderOctets), length == 0 ? packet.size() - kIpv6HeaderOctets : length);
+    if (is_transport(content.protocol)) return content;
+    pass_extensions(content);
+    if (content.protocol == kIpv6Fragment) pass_fragment_header(content);
+    return content;
+}
+
+void set(Endpoint &endpoint, Octets address, uint16_t port) {
+    const auto begin = endpoint.address.octets.begin();
+    endpoint.address.is_ipv6 = address.size() == kIpv6AddressOctets;
+    if (endpoint.address.is_ipv6)
+        std::copy_n(address.data(), kIpv6AddressOctets, begin);
+    else
+        std::copy_n(address.data(), kIpv4AddressOctets, begin);
+    endpoint.port = port;
+}
+
+// `length` octets of the payload are said to be there. What is returned is made where the caller wants it: it is large.
+std::optional<Transported> transported(const IpContent &content, size_t header_octets, size_t length) {
+    const Octets captured = content.octets.subspan(header_octets);
+    std::optional<Transported> found(std::in_place);
+    found->payload = captured.first(std::min(length, captured.size()));
+    found->is_truncated = captured.size() < length;
+    Endpoints &endpoints = found->endpoints.emplace();
+    set(endpoints.source, content.source, read_u16(content.octets, 0));
+    set(endpoints.destination, content.destination, read_u16(content.octets, 2));
+    return found;
+}
+
+std::optional<Transported> read_udp(const IpContent &content) {
+    constexpr size_t kLength = 4;
+    if (content.octets.size() < kUdpHeaderOctets) throw Undissected("UDP header cut short");
+    const size_t length = std::max<size_t>(read_u16(content.octets, kLength), kUdpHeaderOctets);
+    return transported(content, kUdpHeaderOctets, length - kUdpHeaderOctets);
+}
+
+std::optional<Transported> read_tcp(const IpContent &content) {
+    constexpr size_t kSequence = 4, kHeaderWords = 12, kFlags = 13;
+    constexpr uint8_t kFin = 0x01, kSyn = 0x02, kRst = 0x04;
+    const Octets segment = content.octets;
+    if (segment.size() < kTcpHeaderOctets) return std::nullopt;
+    const size_t header_octets = size_t{4} * (segment[kHeaderWords] >> 4);
+    if (header_octets < kTcpHeaderOctets || header_octets > segment.size()) return std::nullopt;
+    const size_t length = content.length - header_octets;
+    const uint8_t flags = segment[kFlags];
+    auto found = transported(content, header_octets, length);
+    found->tcp = TcpHeader{.sequence = read_u32(segment, kSequence),
+                           .length = length,
+                           .syn = (flags & kSyn) != 0,
+                           .fin = (flags & kFin) != 0,
+                           .rst = (flags & kRst) != 0};
+    return found;
+}
+
+std::optional<Transported> read_transport(const IpContent &content) {
+    if (content.protocol == kUdp) return read_udp(content);
+    if (content.protocol == kTcp) return read_tcp(content);
     return std::nullopt;
 }
 
-// An IPv4 packet without options and in one piece, up to the end that it says; empty for any other.
-Octets plain_ipv4(Octets packet, uint8_t protocol) {
-    constexpr uint8_t kVersion4WithoutOptions = 0x45;
-    constexpr uint16_t kFragmented = 0x3FFF; // an offset, or more to follow
-    constexpr size_t kLength = 2, kFragmentation = 6, kProtocol = 9;
-    if (packet.size() < kIpv4HeaderOctets || packet[0] != kVersion4WithoutOptions) return {};
-    if (packet[kProtocol] != protocol || (read_u16(packet, kFragmentation) & kFragmented) != 0) return {};
-    const size_t length = read_u16(packet, kLength);
-    return length <= packet.size() ? packet.first(length) : Octets();
+// What the fragments of one datagram share, of either version.
+std::string fragment_key(const IpContent &content) {
+    std::string key;
+    for (const Octets address : {content.source, content.destination}) key.append(address.begin(), address.end());
+    key += static_cast<char>(content.protocol);
+    return key + std::to_string(content.piece->id);
 }
 
 PlainDatagram open_udp_in_place(Octets packet) {
-    constexpr size_t kUdpLength = 24;
-    const Octets whole = plain_ipv4(packet, kUdp);
-    if (whole.size() < kIpv4HeaderOctets + kUdpHeaderOctets) return {};
-    const size_t udp_length = read_u16(whole, kUdpLength);
-    if (udp_length < kUdpHeaderOctets || udp_length > whole.size() - kIpv4HeaderOctets) return {};
-    return PlainDatagram(whole.first(kIpv4HeaderOctets + udp_length).subspan(kIpv4RouteOffset));
-}
-
-// A segment of TCP, too, if it has no options but, as most have, its time.
-std::optional<Transported> open_tcp_in_place(Octets packet) {
-    constexpr size_t kHeaderOctets = 20, kTimeOctets = 12;
-    constexpr size_t kSequence = 4, kHeaderWords = 12, kFlags = 13;
-    constexpr uint8_t kFin = 0x01, kSyn = 0x02, kRst = 0x04;
-    constexpr uint8_t kTime[] = {1, 1, 8, 10}; // two octets that say nothing, and the kind and length of the option
-    const Octets whole = plain_ipv4(packet, kTcp);
-    if (whole.size() < kIpv4HeaderOctets + kHeaderOctets) return std::nullopt;
-    const Octets segment = whole.subspan(kIpv4HeaderOctets);
-    const size_t header_octets = size_t{4} * (segment[kHeaderWords] >> 4);
-    const Octets options = segment.subspan(kHeaderOctets);
-    const bool has_time = header_octets == kHeaderOctets + kTimeOctets && options.size() >= kTimeOctets &&
-                          std::ranges::equal(options.first<4>(), kTime);
-    if (header_octets != kHeaderOctets && !has_time) return std::nullopt;
-    const Octets payload = segment.subspan(header_octets);
-    const uint8_t flags = segment[kFlags];
-    return Transported{.payload = payload,
-                       .truncated = false,
-                       .endpoints = read_endpoints(whole.subspan<kIpv4RouteOffset, kRouteOctets>()),
-                       .tcp = TcpHeader{.sequence = static_cast<uint32_t>(read_u16(segment, kSequence)) << 16 |
-                                                    read_u16(segment, kSequence + 2),
-                                        .length = payload.size(),
-                                        .syn = (flags & kSyn) != 0,
-                                        .fin = (flags & kFin) != 0,
-                                        .rst = (flags & kRst) != 0},
-                       .rebuilt = {}};
-}
-
-// UDP over IPv6 without extension headers.
-std::optional<Transported> open_ipv6_in_place(Octets packet) {
-    constexpr size_t kLength = 4, kProtocol = 6, kSource = 8, kDestination = 24, kUdpLength = 44;
-    if (packet.size() < kIpv6HeaderOctets + kUdpHeaderOctets || packet[kProtocol] != kUdp) return std::nullopt;
+    constexpr uint8_t kVersion4WithoutOptions = 0x45;
+    constexpr uint16_t kFragmented = 0x3FFF; // an offset, or more to follow
+    constexpr size_t kLength = 2, kFragmentation = 6, kProtocol = 9, kUdpLength = 24;
+    if (packet.size() < kIpv4HeaderOctets + kUdpHeaderOctets || packet[0] != kVersion4WithoutOptions) return {};
+    if (packet[kProtocol] != kUdp || (read_u16(packet, kFragmentation) & kFragmented) != 0) return {};
     const size_t length = read_u16(packet, kLength);
     const size_t udp_length = read_u16(packet, kUdpLength);
-    const bool is_whole = udp_length <= length && length <= packet.size() - kIpv6HeaderOctets;
-    if (udp_length < kUdpHeaderOctets || !is_whole) return std::nullopt;
-    const Octets udp = packet.subspan(kIpv6HeaderOctets, udp_length);
-    Endpoints endpoints{{{.is_ipv6 = true}, read_u16(udp, 0)}, {{.is_ipv6 = true}, read_u16(udp, 2)}};
-    std::ranges::copy(packet.subspan(kSource, 16), endpoints.source.address.octets.begin());
-    std::ranges::copy(packet.subspan(kDestination, 16), endpoints.destination.address.octets.begin());
-    return Transported{.payload = udp.subspan(kUdpHeaderOctets),
-                       .truncated = false,
-                       .endpoints = endpoints,
-                       .tcp = std::nullopt,
-                       .rebuilt = {}};
-}
-
-Address to_address(const Tins::IPv4Address &from) {
-    Address address;
-    const uint32_t octets = from; // as in the packet
-    std::memcpy(address.octets.data(), &octets, sizeof octets);
-    return address;
-}
-
-Address to_address(const Tins::IPv6Address &from) {
-    Address address{.is_ipv6 = true};
-    std::copy(from.begin(), from.end(), address.octets.begin());
-    return address;
-}
-
-// What is captured of a payload, `length` octets of which are said to be there.
-template <typename Ip, typename Layer>
-Transported read_transport(const Ip &ip, const Layer &layer, size_t length) {
-    const Octets captured = raw_octets(layer);
-    const Octets payload = captured.first(std::min(length, captured.size()));
-    Transported transported{
-        .payload = {},
-        .truncated = payload.size() < length,
-        .endpoints = Endpoints{{to_address(ip.src_addr()), layer.sport()}, {to_address(ip.dst_addr()), layer.dport()}},
-        .tcp = std::nullopt,
-        .rebuilt = {payload.begin(), payload.end()}};
-    transported.payload = transported.rebuilt;
-    return transported;
-}
-
-template <typename Ip>
-Transported read_udp(const Ip &ip, const Tins::UDP &udp) {
-    return read_transport(ip, udp, std::max<size_t>(udp.length(), kUdpHeaderOctets) - kUdpHeaderOctets);
-}
-
-// `octets` are those of the segment with its header, as IP says; 0 where a network card has left that open.
-template <typename Ip>
-Transported read_tcp(const Ip &ip, const Tins::TCP &tcp, size_t octets) {
-    const size_t length = octets == 0 ? raw_octets(tcp).size() : octets - std::min<size_t>(tcp.header_size(), octets);
-    Transported transported = read_transport(ip, tcp, length);
-    transported.tcp = TcpHeader{.sequence = tcp.seq(),
-                                .length = length,
-                                .syn = (tcp.flags() & Tins::TCP::SYN) != 0,
-                                .fin = (tcp.flags() & Tins::TCP::FIN) != 0,
-                                .rst = (tcp.flags() & Tins::TCP::RST) != 0};
-    return transported;
-}
-
-// Octets behind the IP headers, as they say; 0 where they leave it open.
-size_t content_octets(const Tins::IP &ip) { return ip.tot_len() - std::min<size_t>(ip.header_size(), ip.tot_len()); }
-
-size_t content_octets(const Tins::IPv6 &ip) {
-    const size_t extensions = ip.header_size() - kIpv6HeaderOctets;
-    return ip.payload_length() - std::min<size_t>(extensions, ip.payload_length());
-}
-
-template <typename Ip>
-std::optional<Transported> open_packet(Octets packet, const Time &time, Reassembler &reassembler) {
-    const Ip ip(packet.data(), static_cast<uint32_t>(packet.size()));
-    if (const auto *const udp = ip.template find_pdu<Tins::UDP>()) return read_udp(ip, *udp);
-    if (const auto *const tcp = ip.template find_pdu<Tins::TCP>()) return read_tcp(ip, *tcp, content_octets(ip));
-    const auto piece = find_piece(ip, packet);
-    if (!piece) return std::nullopt;
-    const auto whole = reassembler.add(piece->fragment, time);
-    if (!whole) return std::nullopt;
-    const auto octets = static_cast<uint32_t>(whole->size());
-    if (piece->protocol == kTcp) return read_tcp(ip, Tins::TCP(whole->data(), octets), octets);
-    return read_udp(ip, Tins::UDP(whole->data(), octets));
+    const bool is_whole = length <= packet.size() && udp_length + kIpv4HeaderOctets <= length;
+    if (udp_length < kUdpHeaderOctets || !is_whole) return {};
+    return PlainDatagram(packet.first(kIpv4HeaderOctets + udp_length).subspan(kIpv4RouteOffset));
 }
 
 } // namespace
 
-Dissector::Dissector(int link_type) : link_(find_link_layer(link_type)) {}
+std::string link_type_complaint(uint32_t link_type) {
+    if (find_link_layer(link_type)) return {};
+    const auto found = std::ranges::find(kLinkTypeNames, link_type, &LinkTypeName::type);
+    const std::string name = found == std::end(kLinkTypeNames) ? std::to_string(link_type) : found->name;
+    return "link type " + name + " are not supported";
+}
+
+Dissector::Dissector() : link_(kLinkLayers), link_type_(link_->type) {}
+
+void Dissector::change_link_type(uint32_t link_type) {
+    const LinkLayer *const link = find_link_layer(link_type);
+    if (!link) throw Undissected("frames of " + link_type_complaint(link_type));
+    link_ = link;
+    link_type_ = link_type;
+}
 
 PlainDatagram Dissector::find_plain(Octets frame) const {
-    const Content content = strip_link_layer(link_, frame);
-    return is_ip(content.type) ? open_udp_in_place(content.octets) : PlainDatagram();
+    const Content content = strip_link_layer(*link_, frame);
+    return content.type == kEthertypeIpv4 ? open_udp_in_place(content.octets) : PlainDatagram();
 }
 
 std::optional<Transported> Dissector::dissect(Octets frame, const Time &time) {
-    const Content content = strip_link_layer(link_, frame);
-    if (!is_ip(content.type)) return open_llc(link_, content);
+    const Content content = strip_link_layer(*link_, frame);
+    if (!is_ip(content.type)) return open_llc(*link_, content);
     const Octets packet = content.octets;
     const int version = packet.empty() ? 0 : packet[0] >> 4;
-    if ((version != 4 && version != 6) || !is_worth_dissecting(packet, version)) return std::nullopt;
-    if (auto plain = version == 4 ? open_tcp_in_place(packet) : open_ipv6_in_place(packet)) return plain;
+    if (version != 4 && version != 6) return std::nullopt;
+    const bool is_ipv6 = version == 6;
+    const auto protocol = first_protocol(packet, is_ipv6);
+    if (protocol && !leads_to_transport(*protocol, is_ipv6)) return std::nullopt;
     try {
-        return version == 4 ? open_packet<Tins::IP>(packet, time, reassembler_)
-                            : open_packet<Tins::IPv6>(packet, time, reassembler_);
-    } catch (const std::runtime_error &) {
-        if (first_protocol(packet, version) == kTcp) return std::nullopt;
+        IpContent packet_content = is_ipv6 ? read_ipv6(packet) : read_ipv4(packet);
+        return packet_content.piece ? open_piece(packet_content, time) : read_transport(packet_content);
+    } catch (const Undissected &) {
+        if (protocol == kTcp) return std::nullopt;
         throw;
     }
+}
+
+std::optional<Transported> Dissector::open_piece(IpContent &content, const Time &time) {
+    if (!reassemble(content, time)) return std::nullopt;
+    auto found = read_transport(content);
+    if (found) found->is_rebuilt = true;
+    return found;
+}
+
+// False until the piece completes the datagram.
+bool Dissector::reassemble(IpContent &content, const Time &time) {
+    const bool is_ipv6 = content.is_ipv6();
+    if (!leads_to_transport(content.protocol, is_ipv6)) return false;
+    auto whole = reassembler_.add({.key = fragment_key(content),
+                                   .offset = content.piece->offset,
+                                   .more = content.piece->more,
+                                   .octets = content.octets},
+                                  time);
+    if (!whole) return false;
+    rebuilt_ = std::move(*whole);
+    content.octets = rebuilt_;
+    content.length = rebuilt_.size();
+    if (is_ipv6) pass_extensions(content);
+    return true;
 }
 
 } // namespace ast::recording

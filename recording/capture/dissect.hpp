@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <stdexcept>
 #include <vector>
 
 #include "capture/reassembly.hpp"
@@ -9,6 +10,12 @@
 #include "datagram/datagram.hpp"
 
 namespace ast::recording {
+
+// A frame whose headers are cut short or contradict themselves, or one of an unknown kind; what() says which.
+class Undissected : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
 
 // Where a segment stands in its stream.
 struct TcpHeader {
@@ -20,11 +27,11 @@ struct TcpHeader {
 };
 
 struct Transported {
-    Octets payload; // in the frame, or what is rebuilt
-    bool truncated; // the payload is shorter than the header says
+    Octets payload;            // in the frame, or what is rebuilt
+    bool is_truncated = false; // the payload is shorter than the header says
+    bool is_rebuilt = false;   // from several frames, so that the payload is good until the next one only
     std::optional<Endpoints> endpoints;
     std::optional<TcpHeader> tcp;
-    std::vector<uint8_t> rebuilt; // from several frames, or by libtins
 };
 
 // A UDP datagram in one piece behind an IPv4 header without options, all of whose lengths agree.
@@ -43,26 +50,40 @@ private:
     Octets octets_; // of the packet, from the addresses on
 };
 
+// Why frames of a link type, as capture files number them, cannot be dissected, behind "captures of"; empty if they
+// can.
+std::string link_type_complaint(uint32_t link_type);
+
 struct LinkLayer;
+struct IpContent;
 
 class Dissector {
 public:
-    // Takes a link type as libpcap numbers them. Throws std::runtime_error for one that cannot be dissected.
-    explicit Dissector(int link_type);
+    Dissector();
 
-    // Nothing for a frame that carries any other, which may be in order, too, but is left to dissect(). Throws as that.
+    // Of which link type frames are from now on. This and the others throw Undissected.
+    void set_link_type(uint32_t link_type) {
+        if (link_type != link_type_) change_link_type(link_type);
+    }
+
+    // Nothing for a frame that carries any other, which may be in order, too, but is left to dissect().
     PlainDatagram find_plain(Octets frame) const;
 
     // Nothing for a frame that carries anything else or a fragment that does not complete its datagram. The time is
-    // that of the frame. Throws std::runtime_error for a frame whose headers are cut short or contradict themselves;
-    // but of TCP, most of which is other traffic, what is lost is missing in its stream.
+    // that of the frame. Of TCP, most of which is other traffic, what is lost is missing in its stream.
     std::optional<Transported> dissect(Octets frame, const Time &time);
 
     uint64_t incomplete() const { return reassembler_.incomplete(); }
 
 private:
-    const LinkLayer &link_;
+    void change_link_type(uint32_t link_type);
+    std::optional<Transported> open_piece(IpContent &content, const Time &time);
+    bool reassemble(IpContent &content, const Time &time);
+
+    const LinkLayer *link_;
+    uint32_t link_type_;
     Reassembler reassembler_;
+    std::vector<uint8_t> rebuilt_;
 };
 
 } // namespace ast::recording

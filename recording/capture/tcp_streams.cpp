@@ -22,9 +22,6 @@ constexpr int32_t kFarthestOctets = 1 << 26;
 // A SYN counts as an octet.
 uint32_t first_sequence(const TcpHeader &header) { return header.sequence + (header.syn ? 1 : 0); }
 
-// From one sequence number to another; they start again behind the last one.
-int32_t distance(uint32_t from, uint32_t to) { return static_cast<int32_t>(to - from); }
-
 void put_endpoint_key(const Endpoint &endpoint, uint8_t *key) {
     std::ranges::copy(endpoint.address.octets, key);
     key[16] = static_cast<uint8_t>(endpoint.port >> 8);
@@ -37,63 +34,47 @@ TcpStreams::Stream::Stream(const Datagram &first_stamp, uint32_t sequence, bool 
     : stamp(first_stamp), first(sequence), order(sequence), blocks(is_from_start) {}
 
 size_t TcpStreams::Stream::octets() const {
-    return kStreamOctets + order.total_buffered_bytes() + order.buffered_payload().size() * kSegmentOctets +
-           blocks.held_octets();
-}
-
-void TcpStreams::Stream::deliver(Chunk &chunk) {
-    blocks.add(order.payload(), stamp, chunk);
-    order.payload() = {};
+    return kStreamOctets + order.held_octets() + order.waiting_segments() * kSegmentOctets + blocks.held_octets();
 }
 
 void TcpStreams::Stream::skip_to(uint32_t sequence, Chunk &chunk) {
-    blocks.skip(sequence - order.sequence_number(), stamp, chunk);
-    order.advance_sequence(sequence);
-}
-
-// To the next segment that is there, which is kept apart: the one at its end is not what libtins keeps.
-void TcpStreams::Stream::skip_gap(Chunk &chunk) {
-    auto &waiting = order.buffered_payload();
-    const uint32_t here = order.sequence_number();
-    const auto nearest =
-        std::ranges::min_element(waiting, {}, [here](const auto &segment) { return distance(here, segment.first); });
-    const uint32_t next = nearest->first;
-    auto octets = nearest->second;
-    skip_to(next, chunk);
-    order.process_payload(next, std::move(octets));
-    deliver(chunk);
+    blocks.skip(sequence - order.next(), stamp, chunk);
+    blocks.add(order.skip_to(sequence), stamp, chunk);
 }
 
 void TcpStreams::Stream::take(const TcpHeader &header, Octets octets, Chunk &chunk) {
     if (has_ended || blocks.is_other()) return;
     const uint32_t begin = first_sequence(header);
-    const uint32_t before = order.sequence_number();
-    const bool was_in_order = order.buffered_payload().empty();
+    const uint32_t before = order.next();
+    const bool was_in_order = !order.is_waiting();
     if (distance(before, begin) > kFarthestOctets) {
-        while (!order.buffered_payload().empty()) skip_gap(chunk);
+        skip_gaps(chunk);
         skip_to(begin, chunk);
     }
-    if (!octets.empty()) order.process_payload(begin, {octets.begin(), octets.end()});
-    deliver(chunk);
+    blocks.add(order.add(begin, octets), stamp, chunk);
     const uint32_t behind = begin + static_cast<uint32_t>(header.length);
     const uint32_t captured = begin + static_cast<uint32_t>(octets.size());
-    if (captured != behind && order.sequence_number() == captured) skip_to(behind, chunk);
-    if (was_in_order || order.sequence_number() != before) gap_since = *stamp.time;
-    while (has_waited_enough()) skip_gap(chunk);
+    if (captured != behind && order.next() == captured) skip_to(behind, chunk);
+    if (was_in_order || order.next() != before) gap_since = *stamp.time;
+    while (has_waited_enough()) skip_to(order.first_waiting(), chunk);
     if (header.fin) fin = behind;
-    if (fin == order.sequence_number()) end(false, chunk);
+    if (fin == order.next()) end(false, chunk);
+}
+
+void TcpStreams::Stream::skip_gaps(Chunk &chunk) {
+    while (order.is_waiting()) skip_to(order.first_waiting(), chunk);
 }
 
 bool TcpStreams::Stream::has_waited_enough() const {
-    const size_t waiting = order.buffered_payload().size();
-    return waiting != 0 && (order.total_buffered_bytes() + waiting * kSegmentOctets > kMostUnorderedOctets ||
-                            stamp.time->seconds - gap_since.seconds > kPatience_s);
+    return order.is_waiting() &&
+           (order.waiting_octets() + order.waiting_segments() * kSegmentOctets > kMostUnorderedOctets ||
+            stamp.time->seconds - gap_since.seconds > kPatience_s);
 }
 
 void TcpStreams::Stream::end(bool is_cut, Chunk &chunk) {
     if (has_ended) return;
     has_ended = true;
-    while (!order.buffered_payload().empty()) skip_gap(chunk);
+    skip_gaps(chunk);
     blocks.end(is_cut, stamp, chunk);
 }
 
@@ -119,7 +100,7 @@ TcpStreams::Stream *TcpStreams::find_or_open(const Transported &segment, const D
     const Key key = key_of(*segment.endpoints);
     if (const auto found = places_.find(key); found != places_.end()) {
         Stream &stream = *found->second;
-        const bool is_far_back = distance(stream.order.sequence_number(), begin) < -kFarthestOctets;
+        const bool is_far_back = distance(stream.order.next(), begin) < -kFarthestOctets;
         if (!is_far_back && (!header.syn || stream.first == begin)) {
             streams_.splice(streams_.end(), streams_, found->second);
             stream.stamp = stamp;

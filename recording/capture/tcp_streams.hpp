@@ -3,15 +3,13 @@
 
 #include <list>
 #include <map>
-#include <tins/tcp_ip/data_tracker.h>
 
 #include "capture/dissect.hpp"
+#include "capture/segment_order.hpp"
 #include "datagram/block_stream.hpp"
 
 namespace ast::recording {
 
-// libtins orders the segments. Its stream follower is not made for this: it gives a connection up in silence when too
-// much is out of order, and neither tells the octets that are missing nor bounds how many connections it keeps.
 class TcpStreams {
 public:
     // Adds the blocks that a segment completes to a chunk, with the packet and time of the segment.
@@ -27,7 +25,7 @@ private:
 
         Datagram stamp; // what its blocks are given: route, packet and time
         uint32_t first; // sequence number
-        Tins::TCPIP::DataTracker order;
+        SegmentOrder order;
         BlockStream blocks;
         std::optional<uint32_t> fin; // sequence number behind the last octet
         bool has_ended = false;
@@ -35,9 +33,8 @@ private:
         size_t held_octets = 0;
 
         void take(const TcpHeader &header, Octets octets, Chunk &chunk);
-        void deliver(Chunk &chunk);
         void skip_to(uint32_t sequence, Chunk &chunk);
-        void skip_gap(Chunk &chunk);
+        void skip_gaps(Chunk &chunk);
         bool has_waited_enough() const;
         void end(bool is_cut, Chunk &chunk);
         size_t octets() const;

@@ -1,7 +1,6 @@
 #include "source/input.hpp"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "capture/capture.hpp"
@@ -15,31 +14,6 @@
 namespace ast::recording {
 
 namespace {
-
-using Magic = std::array<uint8_t, 4>;
-
-// pcap in either byte order: microseconds, nanoseconds, and with extended packet headers.
-constexpr Magic kPcapMagics[] = {
-    {0xA1, 0xB2, 0xC3, 0xD4}, {0xD4, 0xC3, 0xB2, 0xA1}, {0xA1, 0xB2, 0x3C, 0x4D},
-    {0x4D, 0x3C, 0xB2, 0xA1}, {0xA1, 0xB2, 0xCD, 0x34}, {0x34, 0xCD, 0xB2, 0xA1},
-};
-
-// pcapng: the type of the section header block, and after its length the byte-order magic. The type alone could be
-// a category 010 block of 3341 octets.
-constexpr Magic kSectionHeader = {0x0A, 0x0D, 0x0D, 0x0A};
-constexpr Magic kByteOrders[] = {{0x1A, 0x2B, 0x3C, 0x4D}, {0x4D, 0x3C, 0x2B, 0x1A}};
-constexpr size_t kByteOrderOffset = 8;
-
-bool has_magic(Octets head, size_t offset, const Magic &magic) {
-    return head.size() >= offset + magic.size() && std::ranges::equal(head.subspan(offset, magic.size()), magic);
-}
-
-bool is_capture(Octets head) {
-    const auto one_of = [&](size_t offset, const auto &magics) {
-        return std::ranges::any_of(magics, [&](const Magic &magic) { return has_magic(head, offset, magic); });
-    };
-    return one_of(0, kPcapMagics) || (has_magic(head, 0, kSectionHeader) && one_of(kByteOrderOffset, kByteOrders));
-}
 
 // How much of a file is looked at to tell its framing.
 constexpr size_t kHeadOctets = size_t{64} * 1024;
@@ -70,10 +44,8 @@ const FramingKind *framing_of_live(OctetStream &stream) {
 // Tells captures by their magic numbers, and looks no further than these need. Sets the name of what it has found.
 std::unique_ptr<DatagramSource> open_source(OctetStream &stream, const FramingKind *framing, std::string &name) {
     if (!framing) {
-        Octets head = stream.peek(sizeof(Magic));
-        if (has_magic(head, 0, kSectionHeader)) head = stream.peek(kByteOrderOffset + sizeof(Magic));
-        if (is_capture(head)) {
-            name = has_magic(head, 0, kSectionHeader) ? "pcapng" : "pcap";
+        if (const char *const form = Capture::form_of(stream)) {
+            name = form;
             return std::make_unique<Capture>(stream);
         }
         framing = begins_json(stream)   ? find_framing("json")

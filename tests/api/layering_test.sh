@@ -12,7 +12,7 @@ floors='
 src: core codec view schema(core) query items cat reader
 recording: base framing datagram capture block source ask write api
 tools/astdump > recording: show page run
-tools/simulate: common radar(common) adsb(common) tracker(common)
+tools/simulate > recording: common radar(common) adsb(common) tracker(common)
 examples:
 fuzz > recording tools/astdump:
 bench:

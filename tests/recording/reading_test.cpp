@@ -149,10 +149,12 @@ TEST(Reading, MergesByTime) {
 
 TEST(Reading, TakesOnlyWhatIsChosen) {
     const std::string path = sample("tracks.pcap");
-    const auto count = [&](const ast_recording_options_t &options) { return read_all(open({path}, options).get()).size(); };
+    const auto count = [&](const ast_recording_options_t &options) {
+        return read_all(open({path}, options).get()).size();
+    };
     const std::vector<ReadBlock> all = read_all(open({path}).get());
-    const auto services = static_cast<size_t>(
-        std::ranges::count_if(all, [](const ReadBlock &block) { return block.octets[0] == 65; }));
+    const auto services =
+        static_cast<size_t>(std::ranges::count_if(all, [](const ReadBlock &block) { return block.octets[0] == 65; }));
     EXPECT_GT(services, 0U);
     EXPECT_EQ(count({.categories = "65"}), services);
     EXPECT_EQ(count({.categories = "1-64,66-255"}), all.size() - services);
@@ -219,7 +221,8 @@ TEST(RecordingText, OfTimesAndEndpoints) {
         EXPECT_STREQ(text, time.text);
     }
     const ast_endpoint_t v4{.family = 4, .octets = {10, 0, 0, 1}, .port = 8600, .scope = 0};
-    const ast_endpoint_t v6{.family = 6, .octets = {0x20, 0x01, 0x0D, 0xB8, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1}, .port = 1, .scope = 0};
+    const ast_endpoint_t v6{
+        .family = 6, .octets = {0x20, 0x01, 0x0D, 0xB8, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1}, .port = 1, .scope = 0};
     const ast_endpoint_t none{};
     EXPECT_EQ(ast_endpoint_to_text(text, sizeof text, &v4), 13U);
     EXPECT_STREQ(text, "10.0.0.1:8600");

@@ -23,7 +23,8 @@ struct Case {
 constexpr Case kCases[] = {
     {"a LEN below its own header, and a whole block",
      "22 00 02 22 00 0B F0 19 0C 01 54 60 00 00 22 00 0B F0 19 0C 01 54 60 00 00", AST_REPORT_DAMAGED,
-     AST_REASON_SHORT_LENGTH, 0, 3, 34, "offset 0: category 034: LEN is 2, less than the block header; 3 octets skipped",
+     AST_REASON_SHORT_LENGTH, 0, 3, 34,
+     "offset 0: category 034: LEN is 2, less than the block header; 3 octets skipped",
      "category 034: LEN is less than the block header"},
     {"a block that is cut short", "22 00 0B F0 19 0C 01 54 60 00 00 22 00 0B F0 19", AST_REPORT_DAMAGED,
      AST_REASON_PAST_END, 11, 5, 34, "offset 11: category 034: LEN is 11, but only 5 octets are left; 5 octets skipped",
@@ -37,11 +38,13 @@ constexpr Case kCases[] = {
      "block",
      "category 034: I034/030 runs past the end of the block"},
     {"a category that nobody has published", "63 00 04 80", AST_REPORT_UNSUPPORTED, AST_REASON_BLOCK, 0, 0, 99,
-     "offset 0: category 099: not supported in record 1 after 0 items, at octet 4 of 4: nothing is known of category 99",
+     "offset 0: category 099: not supported in record 1 after 0 items, at octet 4 of 4: nothing is known of category "
+     "99",
      "nothing is known of category 99"},
     {"a line that is no record", "7B 22 61 22 3A 31 7D", AST_REPORT_DAMAGED, AST_REASON_LINE, AST_OFFSET_NONE, 0, 0,
      "line 1, character 1: category: is missing", "is missing"},
-    {"nothing at all", "", AST_REPORT_NOTE, AST_REASON_NOTE, AST_OFFSET_NONE, 0, 0, "holds no octets", "holds no octets"},
+    {"nothing at all", "", AST_REPORT_NOTE, AST_REASON_NOTE, AST_OFFSET_NONE, 0, 0, "holds no octets",
+     "holds no octets"},
 };
 
 TEST(Report, SaysWhatAndWhere) {

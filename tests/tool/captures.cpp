@@ -7,10 +7,7 @@ namespace {
 constexpr size_t kFirstSecond = 1714979289;
 constexpr size_t kMicroseconds = 12;
 
-std::string le32(size_t value) {
-    const std::string big = be32(value);
-    return {big.rbegin(), big.rend()};
-}
+std::string reversed(const std::string &octets) { return {octets.rbegin(), octets.rend()}; }
 
 std::string padded(std::string octets) {
     octets.resize((octets.size() + 3) / 4 * 4);
@@ -22,12 +19,6 @@ std::string ethertype(const std::string &ip) { return hex(ip[0] == 0x45 ? "0800"
 std::string ipv6_header(size_t length, const std::string &next_header) {
     return hex("60000000") + be16(length) + next_header + hex("40") + hex("20010DB8 00000000 00000000 00000001") +
            hex("FF020000 00000000 00000000 00000001");
-}
-
-// A pcapng block: its type, and its length before and behind what it holds.
-std::string section(size_t type, const std::string &body) {
-    const std::string length = le32(body.size() + 12);
-    return le32(type) + length + body + length;
 }
 
 } // namespace
@@ -79,12 +70,52 @@ std::string pcap(unsigned link_type, const std::vector<std::string> &frames, boo
 }
 
 std::string pcapng(unsigned link_type, const std::vector<std::string> &frames) {
-    std::string file = section(0x0A0D0D0A, le32(0x1A2B3C4D) + le32(1) + std::string(8, '\xFF'));
-    file += section(1, le32(link_type) + le32(0));
-    for (size_t i = 0; i < frames.size(); ++i) {
-        const size_t microseconds = (kFirstSecond + i) * 1000000 + kMicroseconds;
-        file += section(6, le32(0) + le32(microseconds >> 32) + le32(microseconds & 0xFFFFFFFF) +
-                               le32(frames[i].size()) + le32(frames[i].size()) + padded(frames[i]));
-    }
-    return file;
+    Pcapng file;
+    file.section(false).interface(link_type);
+    for (size_t i = 0; i < frames.size(); ++i) file.packet(0, (kFirstSecond + i) * 1000000 + kMicroseconds, frames[i]);
+    return file.octets;
+}
+
+std::string Pcapng::u16(size_t value) const { return is_big_endian_ ? be16(value) : reversed(be16(value)); }
+
+std::string Pcapng::u32(size_t value) const { return is_big_endian_ ? be32(value) : reversed(be32(value)); }
+
+// The type, and the length before and behind what the block holds.
+Pcapng &Pcapng::block(size_t type, std::string body) {
+    body = padded(std::move(body));
+    const std::string length = u32(body.size() + 12);
+    octets += u32(type) + length + body + length;
+    return *this;
+}
+
+Pcapng &Pcapng::section(bool is_big_endian) {
+    is_big_endian_ = is_big_endian;
+    return block(0x0A0D0D0A, u32(0x1A2B3C4D) + u16(1) + u16(0) + std::string(8, '\xFF'));
+}
+
+Pcapng &Pcapng::interface(unsigned link_type, const std::string &options, size_t most_octets) {
+    return block(1, u16(link_type) + u16(0) + u32(most_octets) + options);
+}
+
+std::string Pcapng::header(uint64_t time, const std::string &frame) const {
+    return u32(time >> 32) + u32(time & 0xFFFFFFFF) + u32(frame.size()) + u32(frame.size());
+}
+
+Pcapng &Pcapng::packet(size_t interface, uint64_t time, const std::string &frame) {
+    return block(6, u32(interface) + header(time, frame) + padded(frame));
+}
+
+Pcapng &Pcapng::old_packet(size_t interface, uint64_t time, const std::string &frame) {
+    return block(2, u16(interface) + u16(0xFFFF) + header(time, frame) + padded(frame));
+}
+
+Pcapng &Pcapng::simple_packet(const std::string &frame, size_t length) { return block(3, u32(length) + frame); }
+
+std::string Pcapng::resolution(bool is_big_endian, unsigned value) {
+    return hex(is_big_endian ? "0009 0001" : "0900 0100") + padded(std::string(1, static_cast<char>(value)));
+}
+
+std::string Pcapng::offset(bool is_big_endian, uint64_t seconds) {
+    const std::string value = be32(seconds >> 32) + be32(seconds & 0xFFFFFFFF);
+    return hex(is_big_endian ? "000E 0008" : "0E00 0800") + (is_big_endian ? value : reversed(value));
 }

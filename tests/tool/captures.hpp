@@ -1,6 +1,7 @@
 // Writes frames and captures, octet by octet.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -28,3 +29,27 @@ std::string ethernet(const std::string &ip, const std::string &tags = "");
 // A capture with a packet every second from 2024-05-06 07:08:09.000012 on, or with all of them then.
 std::string pcap(unsigned link_type, const std::vector<std::string> &frames, bool at_once = false);
 std::string pcapng(unsigned link_type, const std::vector<std::string> &frames);
+
+// A pcapng capture block by block, each in the byte order of its section.
+class Pcapng {
+public:
+    Pcapng &section(bool is_big_endian);
+    Pcapng &interface(unsigned link_type, const std::string &options = "", size_t most_octets = 0);
+    Pcapng &packet(size_t interface, uint64_t time, const std::string &frame);
+    Pcapng &old_packet(size_t interface, uint64_t time, const std::string &frame);
+    Pcapng &simple_packet(const std::string &frame, size_t length);
+    Pcapng &block(size_t type, std::string body);
+
+    // Of an interface; the value in the byte order of its section.
+    static std::string resolution(bool is_big_endian, unsigned value);
+    static std::string offset(bool is_big_endian, uint64_t seconds);
+
+    std::string octets;
+
+private:
+    std::string u16(size_t value) const;
+    std::string u32(size_t value) const;
+    std::string header(uint64_t time, const std::string &frame) const;
+
+    bool is_big_endian_ = false;
+};

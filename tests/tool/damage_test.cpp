@@ -125,14 +125,14 @@ TEST(Damage, OfACaptureKeepsWhatCameBefore) {
         const char *blocks;
         const char *report;
     } cases[] = {
-        {"cut in the file header", two.substr(0, 20), "all               0", "truncated dump file"},
+        {"cut in the file header", two.substr(0, 20), "all               0",
+         "the header of the capture is cut off after 20 octets"},
         {"cut in a packet header", two.substr(0, two.size() - frame.size() - 4), "all               1",
-         "truncated dump file"},
-        {"cut in a packet", two.substr(0, two.size() - 1), "all               1", "truncated dump file"},
-        {"cut in pcapng", pcapng(1, {frame, frame}).substr(0, 200), "all               1",
-         "truncated pcapng dump file"},
+         "the last packet is cut off"},
+        {"cut in a packet", two.substr(0, two.size() - 1), "all               1", "the last packet is cut off"},
+        {"cut in pcapng", pcapng(1, {frame, frame}).substr(0, 200), "all               1", "the last block is cut off"},
         {"headers cut short", pcap(1, {frame.substr(0, 20), frame}), "all               1",
-         "packet 1: not dissected: Malformed packet"},
+         "packet 1: not dissected: IPv4 header cut short"},
         {"link header cut short", pcap(1, {frame.substr(0, 13), frame}), "all               1",
          "packet 1: not dissected: link header cut short"},
         {"a payload cut short", pcap(1, {frame, frame.substr(0, frame.size() - 1)}), "all               1",

@@ -101,6 +101,17 @@ TEST(Tcp, WhatIsMissingIsTold) {
              route +
              "5 octets before the next block; skipped\n"
              "astdump: lost: 20 octets missing in TCP streams, 13 octets skipped\n"},
+        {"the rest of a segment, behind which another one waits",
+         {kBegin, part(50, 88), truncated},
+         "5",
+         "astdump: c: packet 3, octet 22: category 034: LEN is 11, but only 8 octets are left\n"
+         "astdump: c: packet 3: " +
+             route +
+             "20 octets missing\n"
+             "astdump: c: packet 3: " +
+             route +
+             "5 octets before the next block; skipped\n"
+             "astdump: lost: 20 octets missing in TCP streams, 13 octets skipped\n"},
         {"the end of a connection",
          {kBegin, part(0, 30), part(30, 30, kFin)},
          "2",

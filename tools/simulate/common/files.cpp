@@ -3,14 +3,10 @@
 #include <cerrno>
 #include <cmath>
 #include <cstdio>
-#include <pcap/pcap.h>
 #include <system_error>
-#include <tins/ethernetII.h>
-#include <tins/ip.h>
-#include <tins/rawpdu.h>
-#include <tins/udp.h>
 
 #include "output.hpp"
+#include "write/packets.hpp"
 
 namespace simulation {
 
@@ -24,64 +20,45 @@ std::FILE *open_file(const std::string &path) {
     return file;
 }
 
-// The datagram in a multicast packet, from an address to a group that both end in the number of the station; libtins
-// computes lengths and checksums.
-Octets frame(const Datagram &datagram, uint8_t station, uint16_t packet_number) {
-    constexpr uint16_t kPort = 8600;
-    constexpr uint8_t kHops = 16;
-    const uint8_t source_mac[] = {0x02, 0x00, 0x00, 0x00, 0x19, station}; // locally administered
-    const uint8_t group_mac[] = {0x01, 0x00, 0x5e, 0x40, 0x19, station};  // the low 23 bits of the group address
-    const std::string number = std::to_string(station);
-    Tins::IP ip("239.192.25." + number, "192.0.2." + number);
-    ip.ttl(kHops);
-    ip.id(packet_number);
-    auto packet = Tins::EthernetII(Tins::HWAddress<6>(group_mac), Tins::HWAddress<6>(source_mac)) / ip /
-                  Tins::UDP(kPort, kPort) / Tins::RawPDU(datagram.blocks.begin(), datagram.blocks.end());
-    return packet.serialize();
-}
-
+// A multicast packet each, from an address to a group that both end in the number of the station.
 class Capture final : public Output {
 public:
-    Capture(const std::string &path, uint8_t station)
-        : station_(station),
-          pcap_(pcap_open_dead(DLT_EN10MB, kSnapshotOctets), pcap_close),
-          dumper_(pcap_dump_fopen(pcap_.get(), open_file(path)), pcap_dump_close) {
-        if (!dumper_) throw std::runtime_error(pcap_geterr(pcap_.get()));
-        count(kFileHeaderOctets);
+    Capture(const std::string &path, uint8_t station) : file_(open_file(path), std::fclose) {
+        constexpr uint16_t kPort = 8600;
+        packet_.endpoints = {{{.octets = {192, 0, 2, station}}, kPort}, {{.octets = {239, 192, 25, station}}, kPort}};
+        put(ast::recording::pcap_header());
     }
 
     void write(const Datagram &datagram) override {
-        const Octets octets = frame(datagram, station_, ++packets_);
-        pcap_pkthdr header{};
-        header.ts = timestamp(datagram.time_s);
-        header.caplen = header.len = static_cast<bpf_u_int32>(octets.size());
-        pcap_dump(reinterpret_cast<u_char *>(dumper_.get()), &header, octets.data());
-        if (std::ferror(pcap_dump_file(dumper_.get()))) fail("capture");
-        count(kPacketHeaderOctets + octets.size());
+        packet_.time = time_of(datagram.time_s);
+        text_.clear();
+        ast::recording::put_packet(text_, packet_, datagram.blocks);
+        put(text_.text());
     }
 
     void finish() override {
-        if (pcap_dump_flush(dumper_.get()) != 0) fail("capture");
+        if (std::fflush(file_.get()) != 0) fail("capture");
     }
 
 private:
-    static constexpr int kSnapshotOctets = 65535;
-    static constexpr uint64_t kFileHeaderOctets = 24;
-    static constexpr uint64_t kPacketHeaderOctets = 16;
-
     // The recording begins on 1 June 2024.
-    static timeval timestamp(double time_s) {
-        constexpr time_t kFirstDay = 1717200000;
+    static ast::recording::Time time_of(double time_s) {
+        constexpr int64_t kFirstDay_s = 1717200000;
         constexpr double kMicrosecondsPerS = 1e6;
+        constexpr uint32_t kNanosecondsPerMicrosecond = 1000;
         const double whole_s = std::floor(time_s);
-        return {.tv_sec = kFirstDay + static_cast<time_t>(whole_s),
-                .tv_usec = static_cast<suseconds_t>((time_s - whole_s) * kMicrosecondsPerS)};
+        const auto microseconds = static_cast<uint32_t>((time_s - whole_s) * kMicrosecondsPerS);
+        return {kFirstDay_s + static_cast<int64_t>(whole_s), microseconds * kNanosecondsPerMicrosecond};
     }
 
-    uint8_t station_;
-    std::unique_ptr<pcap_t, decltype(&pcap_close)> pcap_;
-    std::unique_ptr<pcap_dumper_t, decltype(&pcap_dump_close)> dumper_;
-    uint16_t packets_ = 0;
+    void put(std::string_view octets) {
+        if (std::fwrite(octets.data(), 1, octets.size(), file_.get()) != octets.size()) fail("capture");
+        count(octets.size());
+    }
+
+    std::unique_ptr<std::FILE, int (*)(std::FILE *)> file_;
+    ast::recording::Datagram packet_;
+    ast::recording::TextBuffer text_;
 };
 
 class RawFile final : public Output {

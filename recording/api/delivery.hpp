@@ -29,6 +29,6 @@ struct Filled {
 
 struct End {};
 
-using Piece = std::variant<Opened, Told, Filled, End>;
+using Delivery = std::variant<Opened, Told, Filled, End>;
 
 } // namespace ast::recording

@@ -6,12 +6,24 @@
  * captures (pcap and pcapng, of UDP, TCP and LLC frames), in files of blocks back to back or as recorders wrap them, in
  * records as JSON, all of them also in gzip or zstd, on standard input, in memory, and on the network as they come.
  *
+ *     static void tell(void *context, const ast_recording_report_t *report) {
+ *         char text[500];
+ *         ast_recording_report_to_text(text, sizeof text, report);
+ *         fprintf(stderr, "%s: %s\n", report->file, text);
+ *     }
+ *
+ *     const char *inputs[] = {"radar.pcap"};
+ *     const ast_recording_options_t options = {.report = tell};
  *     ast_recording_error_t error;
- *     const char *path = "radar.pcap";
- *     ast_recording_t *recording = ast_recording_open(&path, 1, NULL, &error);
+ *     ast_recording_t *recording = ast_recording_open(inputs, 1, &options, &error);
  *     if (!recording) return fprintf(stderr, "%s\n", error.text), 2;
  *     ast_recording_block_t block;
- *     while (ast_recording_next(recording, &block)) printf("%u %s\n", block.octets[0], block.read.edition);
+ *     ast_datarecord_t record;
+ *     while (ast_recording_next(recording, &block))
+ *         for (uint64_t r = 0; ast_recording_get_record(recording, r, &record); ++r)
+ *             printf("%06X\n", ast_datarecord_get_icaoaddr(&record).value);
+ *     ast_recording_state_t state;
+ *     if (ast_recording_get_state(recording, &state) != AST_RECORDING_ENDED) fprintf(stderr, "%s\n", state.error.text);
  *     ast_recording_close(recording);
  *
  * What holds everywhere:
@@ -19,15 +31,13 @@
  * - A recording belongs to one thread at a time, but for ast_recording_interrupt. Any number of them may be open in a
  *   process, also of the same file; they share nothing.
  * - What is damaged, not supported or left out never ends the reading: it goes to the caller's report function, as
- * data, between the blocks that it stands between, and reading goes on behind it. Nothing is written to a standard
- * stream. ast_library's log stays the caller's: reading tries profiles that do not fit, which log; silence it with
- *   ast_log_handler_reg(NULL) where that disturbs.
- * - Unlike the first library, this one allocates, and it starts threads where that is said. Without memory, opening
- *   fails and reading ends, with AST_RECORDING_FAILED.
- * - Structs that the caller fills in are all zero for the defaults: use = {0}. Their last member is room for what
- *   later versions add.
+ * data, and reading goes on behind it. Nothing is written to a standard stream, nor to the log of ast.h.
+ * - What is handed over, a block with its octets and texts, is the recording's own and good until the next call of
+ *   ast_recording_next, ast_recording_next_within or ast_recording_close with it.
+ * - Unlike the first library, this one allocates, and it starts threads where that is said. They block all signals.
+ * - Structs that the caller fills in are all zero for the defaults: use = {0}. Texts in them may be null or empty.
  *
- * Link with -last-recording -last, by pkg-config ast-recording or by the target ast::recording. */
+ * Link with -last-recording -last, by pkg-config ast-recording or by the CMake target ast::recording. */
 #ifndef AST_RECORDING_H
 #define AST_RECORDING_H
 
@@ -44,12 +54,14 @@ AST_BEGIN_DECLARATIONS
 /** An open recording. */
 typedef struct ast_recording ast_recording_t;
 
-/* ------------------------------------------------------------------------------------------------ times and addresses
- * --
- */
+/* ------------------------------------------------------------------------------------------- times and addresses -- */
 
 /** A time of which nothing is known. */
 #define AST_TIME_UNKNOWN INT64_MIN
+
+/** Room for any text of a time, and of an endpoint, in octets. */
+#define AST_TIME_TEXT_OCTETS 40
+#define AST_ENDPOINT_TEXT_OCTETS 80
 
 /** One end of the way that a datagram or a stream took. */
 typedef struct {
@@ -67,146 +79,174 @@ AST_RECORDING_API uint64_t ast_endpoint_to_text(char *text, uint64_t capacity, c
  *  all; nothing for AST_TIME_UNKNOWN. Otherwise as above. */
 AST_RECORDING_API uint64_t ast_time_to_text(char *text, uint64_t capacity, int64_t time_ns);
 
-/* ---------------------------------------------------------------------------------------------------------- reports --
- */
+/* ------------------------------------------------------------------------------------------------------- reports -- */
 
 /* What a report means. */
-#define AST_REPORT_DAMAGED UINT32_C(0)       /* something is lost */
-#define AST_REPORT_UNSUPPORTED UINT32_C(1)   /* in order, as far as can be told, but of no known category or edition */
+#define AST_REPORT_DAMAGED UINT32_C(0) /* something is lost */
+#define AST_REPORT_UNSUPPORTED                                                                                         \
+    UINT32_C(1)                              /* in order, as far as can be told, but of no known category, edition or  \
+                                                item */
 #define AST_REPORT_OTHER_TRAFFIC UINT32_C(2) /* a capture has something else beside ASTERIX */
 #define AST_REPORT_NOTE UINT32_C(3)          /* worth knowing; nothing is lost */
+#define AST_REPORT_UNREADABLE UINT32_C(4)    /* an input cannot be opened, or read any further */
+#define AST_REPORT_KINDS 5
 
-/* Why something is reported. In brackets, what members of the report are set beside kind, reason, file and count. */
-#define AST_REASON_NOTE UINT32_C(0)          /* what detail says */
-#define AST_REASON_UNREADABLE UINT32_C(1)    /* an input cannot be opened or read: detail says why */
-#define AST_REASON_UNFINISHED UINT32_C(2)    /* an input is not read to its end: detail says why */
+/* Why something is reported, with the kind that it has, DAMAGED unless another one is named. In brackets, the members
+ * that are set beside kind, reason, file and count. */
+#define AST_REASON_NOTE UINT32_C(0)          /* NOTE: what detail says */
+#define AST_REASON_UNREADABLE UINT32_C(1)    /* UNREADABLE: detail says why */
+#define AST_REASON_UNFINISHED UINT32_C(2)    /* what is packed or captured is not whole: detail says why */
 #define AST_REASON_FRAGMENTS UINT32_C(3)     /* of so many datagrams (count), fragments are missing */
 #define AST_REASON_DROPPED UINT32_C(4)       /* so many datagrams (count) came faster than they were taken */
-#define AST_REASON_TRUNCATED UINT32_C(5)     /* only the first octets of a datagram were captured (packet, octets) */
-#define AST_REASON_UNDISSECTED UINT32_C(6)   /* headers of a packet contradict themselves (packet): detail says how */
+#define AST_REASON_TRUNCATED UINT32_C(5)     /* a datagram of which the rest was not captured (its place, available) */
+#define AST_REASON_UNDISSECTED UINT32_C(6)   /* the headers of a packet make no sense (packet): detail says why */
 #define AST_REASON_STREAM_GAP UINT32_C(7)    /* octets of a TCP stream are missing (packet, sender, receiver, octets) */
-#define AST_REASON_STREAM_REST UINT32_C(8)   /* behind these, octets that begin no block (as above) */
-#define AST_REASON_SHORT_HEADER UINT32_C(9)  /* too few octets for CAT and LEN (packet, offset, available, octets) */
+#define AST_REASON_STREAM_REST UINT32_C(8)   /* behind these, octets that begin no block (the same) */
+#define AST_REASON_SHORT_HEADER UINT32_C(9)  /* too few octets for CAT and LEN (its place, available, octets) */
 #define AST_REASON_SHORT_LENGTH UINT32_C(10) /* LEN is less than 3 (the same, category, length) */
-#define AST_REASON_PAST_END UINT32_C(11)     /* LEN is more than there is (the same) */
-#define AST_REASON_TEXT UINT32_C(12)         /* octets of text (packet, offset, available, octets) */
+#define AST_REASON_PAST_END UINT32_C(11)     /* LEN is more than there is up to the next block (the same) */
+#define AST_REASON_TEXT UINT32_C(12)         /* octets of text (its place, available, octets) */
 #define AST_REASON_NO_BLOCKS UINT32_C(13)    /* octets that are no blocks (the same) */
 #define AST_REASON_NO_FRAME UINT32_C(14)     /* octets that are no frame of the framing in detail (offset, octets) */
 #define AST_REASON_LINE UINT32_C(15)         /* a line that is no record (line, character, path): detail says why */
-#define AST_REASON_BLOCK                                                                                               \
-    UINT32_C(16) /* a block breaks off (packet, offset, category, length, and those of the                             \
-                    block): detail says why */
-#define AST_REASON_OTHER_DATAGRAM UINT32_C(17) /* (packet, sender, receiver, octets), the first of them in detail */
-#define AST_REASON_OTHER_STREAM UINT32_C(18)   /* of TCP (sender, receiver) */
+#define AST_REASON_BLOCK UINT32_C(16)        /* DAMAGED, UNSUPPORTED or OTHER_TRAFFIC: a block breaks off, see below */
+#define AST_REASON_OTHER_DATAGRAM UINT32_C(17) /* OTHER_TRAFFIC (its place, available): detail has the first octets */
+#define AST_REASON_OTHER_STREAM UINT32_C(18)   /* OTHER_TRAFFIC, of TCP (sender, receiver) */
+#define AST_REASON_TRAILERS UINT32_C(19)       /* NOTE: octets (available) behind the blocks of datagrams (count) */
 
 /** An offset where there is none. */
 #define AST_OFFSET_NONE UINT64_MAX
 
-/** One thing that was not read, or that is worth knowing. Texts are good until the report function returns. */
+/** One thing that was not read, or that is worth knowing. Texts are good until the report function returns. Where a
+ *  datagram or packet is at hand, its place is packet, offset, sender and receiver; else it is the offset. */
 typedef struct {
-    uint32_t kind;     /* AST_REPORT_... */
-    uint32_t reason;   /* AST_REASON_... */
-    const char *file;  /* the input that it is about, as ast_recording_open was given it */
-    uint64_t packet;   /* its number in the capture, from 1; 0 where it is about none */
-    uint64_t offset;   /* of the first octet: in the file as it is without compression, or, with a packet, in the octets
-                          that this transports; AST_OFFSET_NONE where there is none */
-    uint64_t octets;   /* that are lost, or what the reason says; 0 where that is not known */
-    uint64_t count;    /* of what is reported at once, 1 as a rule */
-    uint32_t category; /* of the block; 0 where it is about none */
-    uint32_t available; /* octets that were there of the block */
+    uint32_t kind;    /* AST_REPORT_... */
+    uint32_t reason;  /* AST_REASON_... */
+    const char *file; /* the input that it is about, as ast_recording_open was given it; "" where it is about several;
+                         never null */
+    uint64_t count;   /* of what is reported at once, 1 as a rule */
+    uint64_t packet;  /* its number in the capture, or of the datagram on the network, from 1; 0 where there is none */
+    uint64_t offset;  /* of the first octet: in the file as it is without compression; of a datagram, in its octets; of
+                         TCP in a capture, in the stream. AST_OFFSET_NONE where there is none */
+    uint64_t octets;  /* that are lost; 0 where that is not known or there are none: a sum of these is what is known to
+                         be lost */
+    uint64_t available; /* octets that are there of what it is about */
     uint64_t length;    /* LEN of the block */
-    const char *detail; /* what the reason cannot say; never null */
+    uint32_t category;  /* of the block; 0 where it is about none */
     ast_endpoint_t sender;
     ast_endpoint_t receiver;
+    const char *detail; /* what the reason cannot say; never null */
 
     /* Of AST_REASON_LINE. */
     uint64_t line;      /* from 1 */
     uint64_t character; /* from 1 */
     const char *path;   /* of the member that is wrong, "" where that is not known; never null */
 
-    /* Of AST_REASON_BLOCK. */
-    uint32_t split_reason;    /* AST_SPLIT_... */
-    uint32_t frn;             /* of the item at fault; 0 for none */
-    ast_dataitem_type_t item; /* that this announces */
-    uint32_t record;          /* in which it lies, from 1; those before it were read */
-    uint32_t items;           /* of that record, before it */
-    uint64_t fault;           /* where it is, in octets of the block */
+    /* Of AST_REASON_BLOCK, which sets its place, category, length and octets, too: detail says why it breaks off. It
+     * is told behind its block, by the call that follows; the names are those of ast_reader_result_t. */
+    uint64_t block;                  /* its number */
+    uint64_t record;                 /* that breaks off, from 1; those before it were read */
+    uint64_t items;                  /* that were read of that record */
+    uint32_t split_reason;           /* why, AST_SPLIT_... */
+    uint64_t end;                    /* where, in octets from the CAT octet */
+    uint32_t broken_frn;             /* the FRN of the item at fault, 0 for none */
+    ast_dataitem_type_t broken_type; /* what that FRN announces */
 } ast_recording_report_t;
 
-/** Is told each thing as it is met, within ast_recording_open, ast_recording_next and its companion, on the thread that
- *  calls these. The report and its texts are good until it returns. It must not call back into the recording, but for
- *  ast_recording_interrupt. */
+/** Is told each thing as it is met, on the thread that calls ast_recording_open, ast_recording_next or
+ *  ast_recording_next_within, in the order of the recording as far as that can be; what only the rest of a recording
+ *  tells, such as other traffic and missing fragments, comes at its end. It must not call functions that take the
+ *  recording, but for ast_recording_interrupt; those that take the report are meant for it. Blocks that options leave
+ * out are not reported on, nor is why ast_recording_open returns null. */
 typedef void (*ast_recording_report_function_t)(void *context, const ast_recording_report_t *report);
 
-/** Writes the whole sentence about a report, without the name of its file: "offset 12: category 048: LEN is 2, less
- * than the block header; 9 octets skipped". Cut at the capacity, and terminated. Returns the length of the whole text.
- */
+/** Writes the whole sentence about a report, place included, without the name of its file: "offset 12: category 048:
+ * LEN is 2, less than the block header; 9 octets skipped". Cut at the capacity, and terminated; 500 octets do as a
+ * rule. Returns the length of the whole text. */
 AST_RECORDING_API uint64_t ast_recording_report_to_text(char *text, uint64_t capacity,
                                                         const ast_recording_report_t *report);
+
+/** Writes its place alone: "offset 12", "packet 5, octet 0" (the offset in its octets), "line 3, character 1", or
+ * nothing where it has none. Otherwise as above. */
+AST_RECORDING_API uint64_t ast_recording_report_get_place(char *text, uint64_t capacity,
+                                                          const ast_recording_report_t *report);
 
 /** Writes what reports of the same cause have in common, to count them by: "category 048: LEN is less than the block
  *  header". Otherwise as above. */
 AST_RECORDING_API uint64_t ast_recording_report_get_cause(char *text, uint64_t capacity,
                                                           const ast_recording_report_t *report);
 
-/** "damaged", "not supported", "not ASTERIX" or "note"; constant. "" for a number that is none of AST_REPORT_... */
+/** "damaged", "not supported", "not ASTERIX", "note" or "not readable"; constant. "" for a number that is none of
+ *  AST_REPORT_... */
 AST_RECORDING_API const char *ast_recording_report_kind_to_str(uint32_t kind);
 
-/* ---------------------------------------------------------------------------------------------------------- opening --
- */
+/* ------------------------------------------------------------------------------------------------------- opening -- */
 
-/** What may be asked of a recording; all zero for what astdump does without options. Texts are copied. */
+/** What may be asked of a recording. Texts are copied. */
 typedef struct {
     const char *framing;    /* how the blocks of files are wrapped: "raw", "final", "gps", "oradis", "hdlc", "mac-llc",
                                "hex" or "json"; null or "auto" where the content is to tell */
     const char *profile;    /* that is read with, as far as it lays out a category: "cat021-2.1"; null or "auto" for the
-                               one that fits each data source, learnt from the beginning of files */
-    const char *categories; /* of the blocks that are handed over: "34,48" or "1-21"; null for all */
-    const char *ports;      /* that datagrams come from or go to: "8600-8620,9000"; null for all */
-    const char *hosts;      /* the same: "10.1.0.0/16,10.2.3.4-10.2.3.9", also IPv6; null for all */
-    const char *from;       /* what came at this time or later: "12:00", "2014-02-25T12:43:47Z"; null for all */
-    const char *to;         /* or at this one or before */
-    const char *interface;  /* that udp:// listens on, by name or address; null for the system's choice */
-    bool merge;             /* several inputs as one, by the times of their datagrams, not one after the other */
-    bool follow;            /* wait for more at the end of a file that grows; of one input */
-    uint32_t threads;       /* that read and split ahead of the caller, at most 256; blocks come in the same order. 0
-                               reads within ast_recording_next, but for what comes over the network, for which, as for
-                               standard input and files that grow, one thread is started in any case */
+                               one that fits each data source, learnt from the beginning of files before they are read,
+                               and on the network from what has come */
+    const char *categories; /* of the blocks that are handed over: "34,48" or "1-21"; null for all. Others keep their
+                               numbers */
+    const char *ports;      /* that datagrams come from or go to: "8600-8620,9000"; null for all. Blocks of others are
+                               not counted */
+    const char *hosts;      /* the same: "10.1.0.0/16,10.2.3.4-10.2.3.9", also IPv6 */
+    const char *from;       /* what was received at this time or later, in UTC: "2014-02-25T12:43:47.5Z", also with a
+                               blank for the T, and without the Z, the fraction or the seconds; or "12:43:47", without
+                               the date: then on the day of the first datagram, or on the next day, where that is nearer.
+                               Without a time of its own, or without a date where one is asked for, nothing is chosen */
+    const char *to;         /* what was received at this time or before. Without a date, the first such time behind the
+                               beginning, or, if that is later, behind `from` */
+    const char *network_interface; /* that udp:// listens on, by name or address; null for the system's choice */
+    bool merge;  /* several inputs as one, by the times of their datagrams, of equal ones by the order of the inputs.
+                    Each  keeps its own order. Times without a date are put on the day that brings them nearest to the
+                    first  datagram of the first input that has one, but are handed over as they are. An input without
+                    times  ends the reading */
+    bool follow; /* wait for more at the end of a file that grows; of one input */
+    uint32_t threads; /* that read and split ahead of the caller, at most 256; blocks come in the same order. 0: they
+                         are read within ast_recording_next; but what has to be waited for, from the network, standard
+                         input, a pipe or a file that grows, is always read by a thread */
     ast_recording_report_function_t report; /* null drops what is reported */
     void *context;                          /* its first argument */
     const void *reserved[8];                /* null */
 } ast_recording_options_t;
 
-/* Why a recording cannot be opened, or read any further. */
-#define AST_RECORDING_OK UINT32_C(0)
-#define AST_RECORDING_BAD_OPTION UINT32_C(1)    /* an option, or a URL, says nothing that has a meaning */
-#define AST_RECORDING_NOT_FOUND UINT32_C(2)     /* there is no such file, host or interface */
-#define AST_RECORDING_NO_ACCESS UINT32_C(3)     /* the system does not allow it */
-#define AST_RECORDING_NO_CONNECTION UINT32_C(4) /* the other side refuses, or cannot be reached */
-#define AST_RECORDING_UNREADABLE UINT32_C(5)    /* the input is of a kind that cannot be read, or reading it fails */
-#define AST_RECORDING_NO_MEMORY UINT32_C(6)
+/* Why a recording cannot be opened, or an input not read. */
+#define AST_RECORDING_ERROR_NONE UINT32_C(0)
+#define AST_RECORDING_ERROR_OPTION UINT32_C(1)     /* an option, or a URL, has no meaning */
+#define AST_RECORDING_ERROR_NOT_FOUND UINT32_C(2)  /* there is no such file, host, address or interface */
+#define AST_RECORDING_ERROR_NO_ACCESS UINT32_C(3)  /* the system does not allow it */
+#define AST_RECORDING_ERROR_IN_USE UINT32_C(4)     /* another program listens to that port */
+#define AST_RECORDING_ERROR_CONNECTION UINT32_C(5) /* the other side refuses, or cannot be reached */
+#define AST_RECORDING_ERROR_INPUT UINT32_C(6)      /* it is of a kind that cannot be read, or reading it fails */
+#define AST_RECORDING_ERROR_MEMORY UINT32_C(7)
 
-/** What went wrong: a code and a sentence. */
+/** What went wrong: a code, and a sentence with the name of the input. */
 typedef struct {
-    uint32_t code; /* AST_RECORDING_... */
+    uint32_t code; /* AST_RECORDING_ERROR_... */
     char text[500];
 } ast_recording_error_t;
 
 /** Opens inputs, to be read one after the other or merged.
- *  inputs   paths, "-" for standard input, udp://HOST:PORT (several are listened to at once), or one tcp://HOST:PORT;
- *           copied
- *  count    how many; 0 is AST_RECORDING_BAD_OPTION
+ *  inputs   paths, "-" for standard input, udp://HOST:PORT (several are listened to at once, as one input), or one
+ *           tcp://HOST:PORT; copied
+ *  count    how many, at least 1
  *  options  null for the defaults
  *  error    is set whatever comes; null when nobody asks
- *  Returns null when an option is wrong, a file is not there, or an address cannot be listened to. A connection is made
- *  by the first ast_recording_next, which can be interrupted. */
+ *  Returns null when an option has no meaning, a file is not there or may not be read, or an address cannot be listened
+ *  to. All else shows when it is read: that a file is a directory, or no capture after all, is reported, and the inputs
+ *  behind it are read. A connection is made by the first ast_recording_next, so that it can be interrupted. */
 AST_RECORDING_API ast_recording_t *ast_recording_open(const char *const *inputs, uint64_t count,
                                                       const ast_recording_options_t *options,
                                                       ast_recording_error_t *error);
 
 /** Opens what a file would hold, in memory: a capture, blocks, whatever it is.
- *  octets  borrowed until the recording is closed; may be null where count is 0
- *  name    stands for the file in blocks and reports; copied; null for "memory" */
+ *  octets  borrowed until the recording is closed; null only where count is 0
+ *  name    stands for the file in blocks and reports; copied; null for "memory"
+ *  Options for several inputs and for what grows have no meaning here. Otherwise as above. */
 AST_RECORDING_API ast_recording_t *ast_recording_open_octets(const uint8_t *octets, uint64_t count, const char *name,
                                                              const ast_recording_options_t *options,
                                                              ast_recording_error_t *error);
@@ -214,69 +254,86 @@ AST_RECORDING_API ast_recording_t *ast_recording_open_octets(const uint8_t *octe
 /** Closes a recording, ends its threads, and frees all that it handed out. Null is none. */
 AST_RECORDING_API void ast_recording_close(ast_recording_t *recording);
 
-/* ---------------------------------------------------------------------------------------------------------- reading --
- */
+/* ------------------------------------------------------------------------------------------------------- reading -- */
 
-/** One block as it came: whole by its LEN, whether its records can be read or not. What it points to is good until the
- *  next call with its recording. */
+/* What a block turns out to be. */
+#define AST_BLOCK_WHOLE UINT32_C(0)         /* its records fill it */
+#define AST_BLOCK_DAMAGED UINT32_C(1)       /* its octets contradict themselves */
+#define AST_BLOCK_UNSUPPORTED UINT32_C(2)   /* it is of no known category or edition, or has more than a record holds */
+#define AST_BLOCK_OTHER_TRAFFIC UINT32_C(3) /* it only begins like one */
+
+/** One block as it came: whole by its LEN, whether its records can be read or not. */
 typedef struct {
     const uint8_t *octets; /* from the CAT octet on */
     uint64_t length;       /* LEN */
-    uint64_t number;       /* in its file, from 1 */
-    uint64_t datagram;     /* that it came in, in its file, from 1: blocks of one datagram or frame share it. Blocks
-                              back to back, in a file or a stream, are of one as far as they were read together */
-    uint64_t packet;       /* of a capture, from 1; 0 where there are none */
-    uint64_t offset;       /* of the CAT octet: in the file as it is without compression, or, with a packet, in the
-                              octets that this transports. Of JSON, that of the line of its first record */
-    const char *file;      /* as ast_recording_open was given it */
-    int64_t time_ns;       /* when it was recorded, since 1970-01-01 UTC, or within the first day of 1970 where the
-                              recorder knows no date; AST_TIME_UNKNOWN */
+    uint64_t records;      /* that can be read; of a block that breaks off, those before that */
+    uint64_t input;        /* place of its input among those of ast_recording_open, from 0 */
+    const char *file;  /* the name of that, as it was given; of several addresses, all of them set apart by blanks */
+    uint64_t number;   /* of the block in its input, from 1; where inputs are merged, in all of them together */
+    uint64_t datagram; /* blocks of one datagram or frame share this number, counted likewise. A file of blocks back
+                          to back has no datagrams; what is read of it at a time counts as one */
+    uint64_t packet;   /* in a capture, or of the datagram on the network, from 1; 0 where there are none */
+    uint64_t offset;   /* of the CAT octet: in the file as it is without compression; of a datagram, in its octets; of
+                          TCP in a capture, in the stream. Of JSON, that of the line of its first record */
+    int64_t time_ns;   /* when it was received, since 1970-01-01 UTC, by the clock of the recorder, or of this host
+                          when it was taken from the network. Of a recorder that knows no date, since the beginning of
+                          its first day, as if that were 1970-01-01. AST_TIME_UNKNOWN where there is none */
     ast_endpoint_t sender;
     ast_endpoint_t receiver;
-    ast_reader_result_t read; /* whether its records fill it, by which profile and edition, and where it breaks off */
+    ast_reader_result_t read; /* whether its records fill it, by which profile and edition, and where it breaks off;
+                                 category and length are the block's */
+    uint32_t state;           /* AST_BLOCK_..., which says what is reported on it, if anything */
 } ast_recording_block_t;
 
 /** The next block that was asked for; waits for it as long as that takes.
- *  Returns false at the end, after an interruption, and where nothing more can be read; ast_recording_get_state tells
- *  which, and then it stays false. The block is then all zero. */
+ *  Returns false, and sets the block to zero, at the end, after an interruption, and where nothing more can be read;
+ *  ast_recording_get_state tells which, and it stays so. */
 AST_RECORDING_API bool ast_recording_next(ast_recording_t *recording, ast_recording_block_t *block);
 
-/** The same, but waits no longer than so many milliseconds: then it returns false with AST_RECORDING_QUIET, and may be
- *  called again. Only for recordings with a thread of their own (options.threads, or an input that gets one in any
- *  case); others never wait. */
+/** The same, but returns false with AST_RECORDING_QUIET when there is no block within so many milliseconds, whatever
+ * else comes, and may be called again then. Of a recording without a thread of its own (options.threads), which never
+ * waits for anything, it is as ast_recording_next. */
 AST_RECORDING_API bool ast_recording_next_within(ast_recording_t *recording, ast_recording_block_t *block,
                                                  uint32_t timeout_ms);
 
-/** Decodes the block that was handed over last, with the profile that it was read with.
- *  block  the caller's, 54 KB: static or heap storage; its records point into the octets of the block that was handed
- *         over and are good for as long
- *  Returns whether it is valid; what was read before a fault is kept, up to the records and items that a decoded block
- *  has room for. False, and leaves the block alone, before the first one. */
+/** A record of the block that the last call handed over, read with the profile of that block.
+ *  index   from 0
+ *  record  the caller's; its octets are those of the block
+ *  Returns false, and leaves the record alone, from block.records on. There is no limit on the records of a block. */
+AST_RECORDING_API bool ast_recording_get_record(ast_recording_t *recording, uint64_t index, ast_datarecord_t *record);
+
+/** Decodes that block into one of the caller's, as ast_reader_decode does, for those who need it whole.
+ *  block  54 KB: static or heap storage; its octets are those of the block that was handed over. It has room for
+ *         AST_DATABLOCK_MAX_RECORDS records; further ones are left out, and it is not valid then
+ *  Returns whether it is valid. False, and leaves the block alone, when the last call handed over none. */
 AST_RECORDING_API bool ast_recording_decode(ast_recording_t *recording, ast_datablock_t *block);
 
 /* What a recording is about to do. */
 #define AST_RECORDING_READING UINT32_C(0)     /* more may come */
-#define AST_RECORDING_QUIET UINT32_C(1)       /* nothing came in the time that was given */
-#define AST_RECORDING_ENDED UINT32_C(2)       /* all is read */
+#define AST_RECORDING_QUIET UINT32_C(1)       /* no block came in the time that was given; more may come */
+#define AST_RECORDING_ENDED UINT32_C(2)       /* all is read, damaged or not */
 #define AST_RECORDING_INTERRUPTED UINT32_C(3) /* by ast_recording_interrupt */
-#define AST_RECORDING_FAILED UINT32_C(4)      /* all is read but at least one input, which could not be, or not whole */
+#define AST_RECORDING_FAILED UINT32_C(4)      /* there is nothing left to read, and an input could not be: see error */
 
 /** How far a recording has got. */
 typedef struct {
     uint32_t phase;       /* AST_RECORDING_READING to AST_RECORDING_FAILED */
-    const char *file;     /* that is read, null before the first; good until the next call */
-    const char *framing;  /* how its blocks are wrapped and how it is compressed: "raw", "pcap, gzip"; null likewise */
-    uint64_t octets_read; /* of all files, as they are without compression */
+    const char *file;     /* the input that is read, as it was given; null before the first. This and the next are good
+                             until the next call for a block */
+    const char *framing;  /* how its blocks are wrapped and how it is compressed: "raw", "pcap, gzip", "udp" */
+    uint64_t octets_read; /* of files, as they are without compression, and of datagrams from the network */
     uint64_t file_octets; /* of the file that is read; 0 where that is not known */
     uint64_t blocks;      /* handed over */
-    ast_recording_error_t error; /* with AST_RECORDING_FAILED, the first that there was */
+    uint64_t reports[AST_REPORT_KINDS]; /* by kind, that there were, told or dropped: a recording without damage has
+                                           none of AST_REPORT_DAMAGED and _UNREADABLE */
+    ast_recording_error_t error;        /* with AST_RECORDING_FAILED, the first that there was */
 } ast_recording_state_t;
 
 /** Writes how far it is. Returns its phase. */
 AST_RECORDING_API uint32_t ast_recording_get_state(const ast_recording_t *recording, ast_recording_state_t *state);
 
-/** Ends any wait and any search within a tenth of a second, and all that follow. From any thread, and from a signal
- *  handler, as long as the recording is not closed. Null is none. */
+/** Ends any wait and any search within a tenth of a second; no call hands over a block from then on. From any thread,
+ * and from a signal handler, as long as the recording is not closed. Null is none. */
 AST_RECORDING_API void ast_recording_interrupt(ast_recording_t *recording);
 
 AST_END_DECLARATIONS

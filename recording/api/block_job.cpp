@@ -1,5 +1,7 @@
 #include "api/block_job.hpp"
 
+#include <utility>
+
 #include "block/fault.hpp"
 #include "datagram/walk_chunk.hpp"
 
@@ -9,6 +11,11 @@ namespace {
 
 bool is_same_datagram(const Datagram &one, const Datagram &other) {
     return one.packet != 0 && one.packet == other.packet && one.file == other.file;
+}
+
+uint32_t state_of(uint32_t report_kind) {
+    if (report_kind == AST_REPORT_OTHER_TRAFFIC) return AST_BLOCK_OTHER_TRAFFIC;
+    return report_kind == AST_REPORT_UNSUPPORTED ? AST_BLOCK_UNSUPPORTED : AST_BLOCK_DAMAGED;
 }
 
 } // namespace
@@ -45,8 +52,19 @@ struct BlockReader::Walk {
         SplitBlock &block = reader.block_;
         block.read(reader.editions_, octets);
         const auto place = static_cast<size_t>(&datagram - job.chunk.datagrams().data());
-        job.blocks.push_back({&datagram, job.datagram_numbers[place], number, offset, octets, block.result});
-        if (!block.valid) add(fault_report(find_fault(block, datagram), block, datagram, offset));
+        HandedBlock &handed = job.blocks.emplace_back(HandedBlock{.datagram = &datagram,
+                                                                  .datagram_number = job.datagram_numbers[place],
+                                                                  .number = number,
+                                                                  .offset = offset,
+                                                                  .octets = octets,
+                                                                  .records = block.record_count,
+                                                                  .read = block.result,
+                                                                  .state = AST_BLOCK_WHOLE});
+        if (block.valid) return;
+        Report report = fault_report(find_fault(block, datagram), block, datagram, offset);
+        report.data.block = number;
+        handed.state = state_of(report.data.kind);
+        add(std::move(report));
     }
 };
 

@@ -16,7 +16,9 @@ struct HandedBlock {
     uint64_t number;
     uint64_t offset; // in its datagram
     Octets octets;
+    uint64_t records;
     ast_reader_result_t read;
+    uint32_t state; // AST_BLOCK_...
 };
 
 struct BlockJob : Job {

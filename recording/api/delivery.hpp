@@ -10,6 +10,7 @@ namespace ast::recording {
 
 // An input begins.
 struct Opened {
+    uint64_t place = 0; // among the inputs; of those that are merged, of the last one
     std::string name;
     std::string framing;
     uint64_t octets = 0; // 0 where that is not known
@@ -19,7 +20,7 @@ struct Opened {
 struct Told {
     Report report;
     std::string file;
-    uint32_t code = AST_RECORDING_OK; // of a failure
+    uint32_t code = AST_RECORDING_ERROR_NONE; // of a failure
 };
 
 // Some blocks, and what is reported between them.

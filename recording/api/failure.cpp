@@ -15,19 +15,13 @@ struct Meaning {
 };
 
 constexpr Meaning kMeanings[] = {
-    {ENOENT, AST_RECORDING_NOT_FOUND},
-    {ENOTDIR, AST_RECORDING_NOT_FOUND},
-    {ENODEV, AST_RECORDING_NOT_FOUND},
-    {EACCES, AST_RECORDING_NO_ACCESS},
-    {EPERM, AST_RECORDING_NO_ACCESS},
-    {EADDRINUSE, AST_RECORDING_NO_ACCESS},
-    {EADDRNOTAVAIL, AST_RECORDING_NOT_FOUND},
-    {ECONNREFUSED, AST_RECORDING_NO_CONNECTION},
-    {ECONNRESET, AST_RECORDING_NO_CONNECTION},
-    {ETIMEDOUT, AST_RECORDING_NO_CONNECTION},
-    {EHOSTUNREACH, AST_RECORDING_NO_CONNECTION},
-    {ENETUNREACH, AST_RECORDING_NO_CONNECTION},
-    {ENOMEM, AST_RECORDING_NO_MEMORY},
+    {ENOENT, AST_RECORDING_ERROR_NOT_FOUND},        {ENOTDIR, AST_RECORDING_ERROR_NOT_FOUND},
+    {ENODEV, AST_RECORDING_ERROR_NOT_FOUND},        {EACCES, AST_RECORDING_ERROR_NO_ACCESS},
+    {EPERM, AST_RECORDING_ERROR_NO_ACCESS},         {EADDRINUSE, AST_RECORDING_ERROR_IN_USE},
+    {EADDRNOTAVAIL, AST_RECORDING_ERROR_NOT_FOUND}, {ECONNREFUSED, AST_RECORDING_ERROR_CONNECTION},
+    {ECONNRESET, AST_RECORDING_ERROR_CONNECTION},   {ETIMEDOUT, AST_RECORDING_ERROR_CONNECTION},
+    {EHOSTUNREACH, AST_RECORDING_ERROR_CONNECTION}, {ENETUNREACH, AST_RECORDING_ERROR_CONNECTION},
+    {ENOMEM, AST_RECORDING_ERROR_MEMORY},
 };
 
 } // namespace
@@ -35,9 +29,9 @@ constexpr Meaning kMeanings[] = {
 uint32_t code_of(const std::error_code &error) {
     if (error.category() == asio::error::get_netdb_category() ||
         error.category() == asio::error::get_addrinfo_category())
-        return AST_RECORDING_NOT_FOUND;
+        return AST_RECORDING_ERROR_NOT_FOUND;
     const auto found = std::ranges::find(kMeanings, error.value(), &Meaning::error);
-    return found == std::end(kMeanings) ? AST_RECORDING_UNREADABLE : found->code;
+    return found == std::end(kMeanings) ? AST_RECORDING_ERROR_INPUT : found->code;
 }
 
 void set_error(ast_recording_error_t &error, uint32_t code, std::string_view text) {

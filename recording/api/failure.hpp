@@ -7,8 +7,8 @@
 
 namespace ast::recording {
 
-// AST_RECORDING_... of an error of the system, of a look-up of names, or of none, which is that of an input of a kind
-// that cannot be read.
+// AST_RECORDING_ERROR_... of an error of the system, of a look-up of names, or of none, which is that of an input of a
+// kind that cannot be read.
 uint32_t code_of(const std::error_code &error);
 
 // Cut where it is too long.

@@ -8,8 +8,8 @@
 #include "api/recording.hpp"
 #include "datagram/report_words.hpp"
 
-struct ast_recording : ast::recording::Recording {
-    using Recording::Recording;
+struct ast_recording {
+    ast::recording::Recording recording;
 };
 
 namespace {
@@ -28,11 +28,11 @@ ast_recording_t *open(const ast_recording_options_t *options, ast_recording_erro
     } catch (const CannotOpen &failure) {
         set_error(why, failure.code(), failure.what());
     } catch (const std::bad_alloc &) {
-        set_error(why, AST_RECORDING_NO_MEMORY, "no memory");
+        set_error(why, AST_RECORDING_ERROR_MEMORY, "no memory");
     } catch (const std::system_error &failure) {
         set_error(why, code_of(failure.code()), failure.what());
     } catch (const std::exception &failure) {
-        set_error(why, AST_RECORDING_UNREADABLE, failure.what());
+        set_error(why, AST_RECORDING_ERROR_INPUT, failure.what());
     }
     return nullptr;
 }
@@ -52,19 +52,22 @@ uint64_t write(char *text, uint64_t capacity, Make make) {
 ast_recording_t *ast_recording_open(const char *const *inputs, uint64_t count, const ast_recording_options_t *options,
                                     ast_recording_error_t *error) {
     return open(options, error, [&](const ast_recording_options_t &chosen) {
-        const ReadOptions read = read_open_options(chosen);
-        return new ast_recording(origins_of({inputs, inputs ? count : 0}, read), read, chosen);
+        ReadOptions read = read_open_options(chosen);
+        std::vector<Origin> origins = origins_of({inputs, inputs ? count : 0}, read);
+        read.merge = read.merge && origins.size() > 1;
+        return new ast_recording{{std::move(origins), read, chosen}};
     });
 }
 
 ast_recording_t *ast_recording_open_octets(const uint8_t *octets, uint64_t count, const char *name,
                                            const ast_recording_options_t *options, ast_recording_error_t *error) {
     return open(options, error, [&](const ast_recording_options_t &chosen) {
+        if (!octets && count != 0) throw CannotOpen(AST_RECORDING_ERROR_OPTION, "there are no octets");
         ReadOptions read = read_open_options(chosen);
         read.follow = read.merge = false;
         Origin origin{
             .path = name ? name : "memory", .name = name ? name : "memory", .octets = {{octets, octets ? count : 0}}};
-        return new ast_recording({std::move(origin)}, read, chosen);
+        return new ast_recording{{{std::move(origin)}, read, chosen}};
     });
 }
 
@@ -73,17 +76,25 @@ void ast_recording_close(ast_recording_t *recording) { delete recording; }
 bool ast_recording_next(ast_recording_t *recording, ast_recording_block_t *block) {
     constexpr int kNoLimit = -1;
     ast_recording_block_t ignored;
-    return recording && recording->next(block ? *block : ignored, kNoLimit);
+    return recording && recording->recording.next(block ? *block : ignored, kNoLimit);
 }
 
 bool ast_recording_next_within(ast_recording_t *recording, ast_recording_block_t *block, uint32_t timeout_ms) {
     ast_recording_block_t ignored;
     const auto limit_ms = static_cast<int>(std::min<uint32_t>(timeout_ms, std::numeric_limits<int>::max()));
-    return recording && recording->next(block ? *block : ignored, limit_ms);
+    return recording && recording->recording.next(block ? *block : ignored, limit_ms);
+}
+
+bool ast_recording_get_record(ast_recording_t *recording, uint64_t index, ast_datarecord_t *record) {
+    try {
+        return recording && record && recording->recording.get_record(index, *record);
+    } catch (const std::exception &) {
+        return false;
+    }
 }
 
 bool ast_recording_decode(ast_recording_t *recording, ast_datablock_t *block) {
-    return recording && block && recording->decode(*block);
+    return recording && block && recording->recording.decode(*block);
 }
 
 uint32_t ast_recording_get_state(const ast_recording_t *recording, ast_recording_state_t *state) {
@@ -91,15 +102,19 @@ uint32_t ast_recording_get_state(const ast_recording_t *recording, ast_recording
     ast_recording_state_t &to = state ? *state : ignored;
     to = {};
     to.phase = AST_RECORDING_FAILED;
-    return recording ? recording->get_state(to) : to.phase;
+    return recording ? recording->recording.get_state(to) : to.phase;
 }
 
 void ast_recording_interrupt(ast_recording_t *recording) {
-    if (recording) recording->interrupt();
+    if (recording) recording->recording.interrupt();
 }
 
 uint64_t ast_recording_report_to_text(char *text, uint64_t capacity, const ast_recording_report_t *report) {
     return write(text, capacity, [&] { return report ? words_of(*report).text : std::string(); });
+}
+
+uint64_t ast_recording_report_get_place(char *text, uint64_t capacity, const ast_recording_report_t *report) {
+    return write(text, capacity, [&] { return report ? place_text(*report) : std::string(); });
 }
 
 uint64_t ast_recording_report_get_cause(char *text, uint64_t capacity, const ast_recording_report_t *report) {

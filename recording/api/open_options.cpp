@@ -12,10 +12,12 @@ namespace ast::recording {
 namespace {
 
 [[noreturn]] void refuse(const char *option, const std::string &what) {
-    throw CannotOpen(AST_RECORDING_BAD_OPTION, std::string(option) + ": " + what);
+    throw CannotOpen(AST_RECORDING_ERROR_OPTION, std::string(option) + ": " + what);
 }
 
-[[noreturn]] void refuse(const std::string &what) { throw CannotOpen(AST_RECORDING_BAD_OPTION, what); }
+[[noreturn]] void refuse(const std::string &what) { throw CannotOpen(AST_RECORDING_ERROR_OPTION, what); }
+
+constexpr uint32_t kMostThreads = 256;
 
 bool is_given(const char *text) { return text && *text; }
 bool is_chosen(const char *name) { return is_given(name) && std::string_view(name) != "auto"; }
@@ -56,6 +58,16 @@ std::optional<Moment> moment_of(const char *option, const char *text) {
     return moment;
 }
 
+bool is_standard_input(std::string_view input) { return input == "-"; }
+
+// Addresses are set apart by blanks further on.
+void check_url(std::string_view input) {
+    const bool is_blank_within = is_live(std::string(input)) && input.find_first_of(" \t\n") != std::string_view::npos;
+    const bool is_other = input.find("://") != std::string_view::npos && !is_live(std::string(input));
+    if (is_blank_within || (is_other && ::access(std::string(input).c_str(), F_OK) != 0))
+        refuse("'" + std::string(input) + "' is neither a file nor udp://HOST:PORT nor tcp://HOST:PORT");
+}
+
 } // namespace
 
 ReadOptions read_open_options(const ast_recording_options_t &options) {
@@ -65,11 +77,14 @@ ReadOptions read_open_options(const ast_recording_options_t &options) {
                      .datagrams = {},
                      .merge = options.merge,
                      .follow = options.follow,
-                     .interface = options.interface ? options.interface : ""};
+                     .interface = options.network_interface ? options.network_interface : ""};
     read.datagrams = {.ports = list_of("ports", options.ports, read_ports),
                       .hosts = list_of("hosts", options.hosts, read_hosts),
                       .from = moment_of("from", options.from),
                       .to = moment_of("to", options.to)};
+    if (options.threads > kMostThreads) refuse("threads", std::to_string(options.threads) + " is more than 256");
+    if (std::ranges::any_of(options.reserved, [](const void *any) { return any != nullptr; }))
+        refuse("reserved", "is for later versions, and null");
     if (read.merge && read.follow) refuse("merge and follow exclude each other: what grows has no end");
     return read;
 }
@@ -77,10 +92,12 @@ ReadOptions read_open_options(const ast_recording_options_t &options) {
 std::vector<Origin> origins_of(std::span<const char *const> inputs, const ReadOptions &options) try {
     if (inputs.empty()) refuse("there is no input");
     if (std::ranges::count(inputs, nullptr) != 0) refuse("an input is null");
+    if (std::ranges::count_if(inputs, is_standard_input) > 1) refuse("standard input can be read once");
+    std::ranges::for_each(inputs, check_url);
     std::vector<std::string> paths(inputs.begin(), inputs.end());
     const bool is_live = join_live(paths);
     if ((is_live || options.follow) && (paths.size() > 1 || options.merge)) refuse("what has no end is read by itself");
-    if (!options.interface.empty() && !is_live) refuse("interface", "is for udp:// alone");
+    if (!options.interface.empty() && !is_live) refuse("network_interface", "is for udp:// alone");
     std::vector<Origin> origins;
     for (const std::string &path : paths) origins.push_back({.path = path, .name = path, .octets = {}});
     return origins;

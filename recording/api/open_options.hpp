@@ -18,7 +18,7 @@ public:
     uint32_t code() const { return code_; }
 
 private:
-    uint32_t code_; // AST_RECORDING_...
+    uint32_t code_; // AST_RECORDING_ERROR_...
 };
 
 // All three throw CannotOpen.

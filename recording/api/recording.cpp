@@ -1,6 +1,8 @@
 #include "api/recording.hpp"
 
 #include <algorithm>
+#include <chrono>
+#include <csignal>
 #include <limits>
 #include <new>
 #include <sys/stat.h>
@@ -13,7 +15,6 @@ namespace ast::recording {
 namespace {
 
 constexpr size_t kChunkOctets = size_t{64} * 1024;
-constexpr uint32_t kMostThreads = 256;
 
 // The log is the caller's, and none of his business what is tried here.
 class Silence {
@@ -25,6 +26,22 @@ public:
 
 private:
     bool was_silent_;
+};
+
+// Threads that are started as long as it lives leave all signals to those of the caller.
+class SignalsBlocked {
+public:
+    SignalsBlocked() {
+        sigset_t all;
+        sigfillset(&all);
+        pthread_sigmask(SIG_SETMASK, &all, &before_);
+    }
+    ~SignalsBlocked() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+    SignalsBlocked(const SignalsBlocked &) = delete;
+    SignalsBlocked &operator=(const SignalsBlocked &) = delete;
+
+private:
+    sigset_t before_;
 };
 
 bool is_regular_file(const std::string &path) {
@@ -62,10 +79,12 @@ Recording::Recording(std::vector<Origin> origins, const ReadOptions &read, const
         if (!is_open_) throw CannotOpen(error_.code, error_.text);
     }
     const bool is_live = read.follow || is_udp(origins) || std::ranges::any_of(origins, is_waited_for);
-    const size_t threads = is_live ? 1 : std::min(options.threads, kMostThreads) + 1;
+    const size_t threads = is_live ? 1 : options.threads + size_t{1};
     readers_.resize(threads);
+    is_opening_ = false;
     if (!is_threaded_) own_job_ = std::make_unique<BlockJob>(kChunkOctets);
     has_thread_ = is_threaded_;
+    const SignalsBlocked blocked;
     if (has_thread_) thread_ = std::thread([this] { read_all(); });
 }
 
@@ -126,11 +145,12 @@ bool Recording::hand(const Delivery &delivery) {
 
 void Recording::opened(const std::string &name, const Input &input) {
     next_datagram_ = 1;
-    hand(Opened{.name = name, .framing = input.framing(), .octets = input.size().value_or(0)});
+    hand(
+        Opened{.place = inputs_.place(), .name = name, .framing = input.framing(), .octets = input.size().value_or(0)});
 }
 
 void Recording::failed(const InputFailure &failure) {
-    Told told{.report = Report(AST_REPORT_DAMAGED, AST_REASON_UNREADABLE),
+    Told told{.report = Report(AST_REPORT_UNREADABLE, AST_REASON_UNREADABLE),
               .file = failure.path,
               .code = code_of(failure.code)};
     told.report.detail = failure.reason;
@@ -166,8 +186,8 @@ void Recording::receive(const Opened &opened) {
 }
 
 void Recording::receive(const Told &told) {
-    tell(told.report, told.file.c_str());
-    if (told.code == AST_RECORDING_OK) return;
+    if (!is_opening_ || told.code == AST_RECORDING_ERROR_NONE) tell(told.report, told.file.c_str());
+    if (told.code == AST_RECORDING_ERROR_NONE) return;
     fail(told.code, told.file.empty() ? told.report.detail : told.file + ": " + told.report.detail);
 }
 
@@ -178,12 +198,12 @@ void Recording::receive(const Filled &filled) {
 
 void Recording::receive(const End &) {
     if (interruption_.ended()) return static_cast<void>(end(AST_RECORDING_INTERRUPTED));
-    end(error_.code == AST_RECORDING_OK ? AST_RECORDING_ENDED : AST_RECORDING_FAILED);
+    end(error_.code == AST_RECORDING_ERROR_NONE ? AST_RECORDING_ENDED : AST_RECORDING_FAILED);
 }
 
 // The first failure is kept.
 void Recording::fail(uint32_t code, std::string_view text) {
-    if (error_.code == AST_RECORDING_OK) set_error(error_, code, text);
+    if (error_.code == AST_RECORDING_ERROR_NONE) set_error(error_, code, text);
 }
 
 bool Recording::end(uint32_t phase) {
@@ -191,7 +211,8 @@ bool Recording::end(uint32_t phase) {
     return false;
 }
 
-void Recording::tell(const Report &report, const char *file) const {
+void Recording::tell(const Report &report, const char *file) {
+    ++reports_[report.data.kind];
     if (!report_) return;
     ast_recording_report_t facts = report.facts();
     if (!facts.file) facts.file = file;
@@ -204,37 +225,45 @@ bool Recording::next_of_job(ast_recording_block_t &block) {
         tell(reports[next_report_], input_.name.c_str());
     if (next_block_ == job_->blocks.size()) return false;
     last_ = &job_->blocks[next_block_++];
+    is_split_ = false;
     fill(block, *last_);
     ++blocks_;
     return true;
 }
 
 void Recording::end_job() {
-    if (job_) consumed_ = job_->chunk.consumed;
+    if (job_ && job_->chunk.consumed != 0) consumed_ = job_->chunk.consumed;
+    if (job_ && job_->chunk.consumed == 0) // datagrams from the network
+        for (const Datagram &datagram : job_->chunk.datagrams()) consumed_ += datagram.octets.size();
     job_ = nullptr;
     last_ = nullptr;
     if (std::exchange(holds_delivery_, false)) handover_.done();
 }
 
 bool Recording::next(ast_recording_block_t &block, int limit_ms) try {
+    using Clock = std::chrono::steady_clock;
+    const auto end_of_wait = Clock::now() + std::chrono::milliseconds(limit_ms);
     block = {};
     if (phase_ > AST_RECORDING_QUIET) return false;
     phase_ = AST_RECORDING_READING;
-    for (;;) {
+    for (int left_ms = limit_ms;;) {
         if (interruption_.ended()) {
-            last_ = nullptr;
+            end_job();
             return end(AST_RECORDING_INTERRUPTED);
         }
         if (job_ && next_of_job(block)) return true;
         end_job();
-        if (!read_on(limit_ms) && !interruption_.ended()) return end(AST_RECORDING_QUIET);
+        if (!read_on(left_ms) && !interruption_.ended()) return end(AST_RECORDING_QUIET);
         if (phase_ != AST_RECORDING_READING) return false;
+        if (limit_ms < 0) continue;
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(end_of_wait - Clock::now());
+        left_ms = static_cast<int>(std::max<int64_t>(left.count(), 0));
     }
 } catch (const std::bad_alloc &) {
-    fail(AST_RECORDING_NO_MEMORY, "no memory");
+    fail(AST_RECORDING_ERROR_MEMORY, "no memory");
     return end(AST_RECORDING_FAILED);
 } catch (const std::exception &error) {
-    fail(AST_RECORDING_UNREADABLE, error.what());
+    fail(AST_RECORDING_ERROR_INPUT, error.what());
     return end(AST_RECORDING_FAILED);
 }
 
@@ -242,6 +271,8 @@ void Recording::fill(ast_recording_block_t &block, const HandedBlock &from) cons
     const Datagram &datagram = *from.datagram;
     block.octets = from.octets.data();
     block.length = from.octets.size();
+    block.records = from.records;
+    block.input = datagram.file ? inputs_.place_of(*datagram.file) : input_.place;
     block.number = from.number;
     block.datagram = from.datagram_number;
     block.packet = datagram.packet;
@@ -253,6 +284,25 @@ void Recording::fill(ast_recording_block_t &block, const HandedBlock &from) cons
         block.receiver = to_public(datagram.endpoints->destination);
     }
     block.read = from.read;
+    block.state = from.state;
+}
+
+// Split once more, where it is asked for: most blocks are looked at whole or not at all.
+bool Recording::get_record(uint64_t index, ast_datarecord_t &record) {
+    if (!last_ || index >= last_->records) return false;
+    if (!is_split_) {
+        const Silence silence;
+        const ast_uap_info_t profile{
+            .valid = true, .name = "", .uap = last_->read.uap, .override_count = 0, .overrides = {}};
+        EditionMemory editions(&profile);
+        editions.freeze();
+        if (!split_) split_ = std::make_unique<SplitBlock>();
+        split_->read(editions, last_->octets);
+        is_split_ = true;
+    }
+    if (index >= split_->record_count) return false;
+    record = split_->records[index];
+    return true;
 }
 
 bool Recording::decode(ast_datablock_t &block) const {
@@ -272,6 +322,7 @@ uint32_t Recording::get_state(ast_recording_state_t &state) const {
     state.octets_read = octets_read_ + consumed_;
     state.file_octets = input_.octets;
     state.blocks = blocks_;
+    std::ranges::copy(reports_, state.reports);
     state.error = error_;
     return phase_;
 }

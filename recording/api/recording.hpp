@@ -1,6 +1,7 @@
 // A recording as a program holds it.
 #pragma once
 
+#include <array>
 #include <memory>
 #include <thread>
 
@@ -11,7 +12,7 @@
 
 namespace ast::recording {
 
-class Recording : private Steps, private InputObserver {
+class Recording final : private Steps, private InputObserver {
 public:
     // Throws CannotOpen, and what the system has against it.
     Recording(std::vector<Origin> origins, const ReadOptions &read, const ast_recording_options_t &options);
@@ -19,6 +20,7 @@ public:
 
     // As ast_recording_next_within, with a negative limit for none.
     bool next(ast_recording_block_t &block, int limit_ms);
+    bool get_record(uint64_t index, ast_datarecord_t &record);
     bool decode(ast_datablock_t &block) const;
     uint32_t get_state(ast_recording_state_t &state) const;
     void interrupt() noexcept { interruption_.interrupt(); }
@@ -37,7 +39,7 @@ private:
     void receive(const End &);
     bool next_of_job(ast_recording_block_t &block);
     void end_job();
-    void tell(const Report &report, const char *file) const;
+    void tell(const Report &report, const char *file);
     void fill(ast_recording_block_t &block, const HandedBlock &from) const;
     bool end(uint32_t phase);
     void fail(uint32_t code, std::string_view text);
@@ -69,13 +71,17 @@ private:
     size_t next_block_ = 0;
     size_t next_report_ = 0;
     const HandedBlock *last_ = nullptr;
+    std::unique_ptr<SplitBlock> split_; // of this one, where its records are asked for
+    bool is_split_ = false;
     uint32_t phase_ = AST_RECORDING_READING;
     Opened input_;
     bool has_input_ = false;
     uint64_t consumed_ = 0;    // octets of the input at hand
     uint64_t octets_read_ = 0; // of those before it
     uint64_t blocks_ = 0;
+    std::array<uint64_t, AST_REPORT_KINDS> reports_{};
     ast_recording_error_t error_{};
+    bool is_opening_ = true; // what fails then is said by whoever opens it
 
     Handover handover_;
     std::thread thread_;

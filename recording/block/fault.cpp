@@ -64,11 +64,13 @@ Report fault_report(const Fault &fault, const SplitBlock &block, const Datagram 
     report.data.length = block.result.length;
     report.data.octets = block.result.length - fault.octets;
     report.data.split_reason = fault.code;
-    report.data.frn = fault.frn;
-    report.data.item = fault.item;
-    report.data.record = static_cast<uint32_t>(block.record_count + 1);
-    report.data.items = static_cast<uint32_t>(fault.record.item_count);
-    report.data.fault = fault.octets;
+    if (is_known_category(block.category)) {
+        report.data.broken_frn = fault.frn;
+        report.data.broken_type = fault.item;
+    }
+    report.data.record = block.record_count + 1;
+    report.data.items = fault.record.item_count;
+    report.data.end = fault.octets;
     report.detail = fault.reason;
     report.file = datagram.file;
     return report;

@@ -62,7 +62,7 @@ void Payloads::add(Chunk &chunk, const Datagram &datagram, bool is_truncated) {
     const bool is_chain = chain_of_blocks(datagram.octets) == datagram.octets.size();
     if (is_chain && !datagram.octets.empty()) other_traffic_.blocks(datagram, chunk.reports());
     if (!is_chain && is_foreign(chunk, datagram)) return;
-    if (is_truncated) chunk.reports().truncated(datagram.packet, datagram.octets.size());
+    if (is_truncated) chunk.reports().truncated(datagram);
     if (is_chain) return chunk.add(datagram);
     if (add_unwrapped(chunk, datagram)) return;
     for (uint64_t place = 0; place < datagram.octets.size();) {
@@ -101,8 +101,7 @@ void Payloads::count_trailer(uint64_t octets) {
 bool Payloads::tell(Reports &reports) {
     const bool has_told = other_traffic_.tell(reports);
     if (trailers_ == 0) return has_told;
-    reports.note(counted(trailers_, "datagram") + " with octets behind the last block, " +
-                 counted(trailer_octets_, "octet") + " in all; passed over");
+    reports.trailers(trailers_, trailer_octets_);
     trailers_ = 0;
     return true;
 }

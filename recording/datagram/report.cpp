@@ -74,13 +74,14 @@ Endpoint to_internal(const ast_endpoint_t &endpoint) {
 void set_place(ast_recording_report_t &data, const Datagram &datagram, uint64_t offset) {
     data.packet = datagram.packet;
     data.offset = datagram.offset + offset;
+    if (datagram.endpoints) set_route(data, *datagram.endpoints);
 }
 
 Report framing_report(const Datagram &datagram, uint64_t offset, const Frame &frame) {
     const Octets octets = datagram.octets.subspan(offset);
     Report report(AST_REPORT_DAMAGED, reason_of(frame, octets));
     set_place(report.data, datagram, offset);
-    report.data.available = static_cast<uint32_t>(octets.size());
+    report.data.available = octets.size();
     report.data.octets = datagram.unread.value_or(octets.size());
     if (report.data.reason == AST_REASON_SHORT_LENGTH || report.data.reason == AST_REASON_PAST_END) {
         report.data.category = frame.category;
@@ -92,9 +93,8 @@ Report framing_report(const Datagram &datagram, uint64_t offset, const Frame &fr
 
 Report foreign_report(const Datagram &datagram) {
     Report report(AST_REPORT_OTHER_TRAFFIC, AST_REASON_OTHER_DATAGRAM);
-    report.data.packet = datagram.packet;
-    report.data.octets = datagram.octets.size();
-    if (datagram.endpoints) set_route(report.data, *datagram.endpoints);
+    set_place(report.data, datagram, 0);
+    report.data.available = datagram.octets.size();
     report.detail = head_of(datagram.octets);
     return report;
 }
@@ -134,10 +134,17 @@ void Reports::dropped(uint64_t datagrams) {
     add(std::move(report));
 }
 
-void Reports::truncated(uint64_t packet, uint64_t octets) {
+void Reports::truncated(const Datagram &datagram) {
     Report report(AST_REPORT_DAMAGED, AST_REASON_TRUNCATED);
-    report.data.packet = packet;
-    report.data.octets = octets;
+    set_place(report.data, datagram, 0);
+    report.data.available = datagram.octets.size();
+    add(std::move(report));
+}
+
+void Reports::trailers(uint64_t datagrams, uint64_t octets) {
+    Report report(AST_REPORT_NOTE, AST_REASON_TRAILERS);
+    report.data.count = datagrams;
+    report.data.available = octets;
     add(std::move(report));
 }
 

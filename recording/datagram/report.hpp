@@ -30,7 +30,7 @@ public:
 ast_endpoint_t to_public(const Endpoint &endpoint);
 Endpoint to_internal(const ast_endpoint_t &endpoint);
 
-// Sets where the octets of a datagram from `offset` on stand.
+// Sets where the octets of a datagram from `offset` on stand, and the way that they took.
 void set_place(ast_recording_report_t &data, const Datagram &datagram, uint64_t offset);
 
 // Octets of a datagram, from `offset` on, that do not start a whole block.
@@ -62,7 +62,10 @@ public:
     void dropped(uint64_t datagrams);
 
     // A datagram of which only the first octets are at hand.
-    void truncated(uint64_t packet, uint64_t octets);
+    void truncated(const Datagram &datagram);
+
+    // Datagrams with octets behind the last block, so many in all, that a recorder has put there.
+    void trailers(uint64_t datagrams, uint64_t octets);
 
     void packet(uint64_t number, std::string what);
 

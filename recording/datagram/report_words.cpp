@@ -16,12 +16,6 @@ using Facts = ast_recording_report_t;
 
 std::string packet_text(const Facts &facts) { return "packet " + std::to_string(facts.packet); }
 
-// "packet 12, octet 40" of its payload in a capture, "offset 1234" in a raw file.
-std::string place_text(const Facts &facts) {
-    if (facts.packet == 0) return "offset " + std::to_string(facts.offset);
-    return packet_text(facts) + ", octet " + std::to_string(facts.offset);
-}
-
 std::string category_text(uint32_t category) {
     char text[16];
     std::snprintf(text, sizeof text, "category %03u", category);
@@ -71,6 +65,19 @@ ReportWords told(const Facts &facts) {
     return {.text = facts.detail, .cause = facts.detail, .example = {}, .noun = {}};
 }
 
+ReportWords unfinished(const Facts &facts) {
+    return {.text = facts.detail, .cause = "not read to the end", .example = facts.detail, .noun = {}};
+}
+
+ReportWords trailers(const Facts &facts) {
+    return {.text = counted(facts.count, "datagram") + " with octets behind the last block, " +
+                    counted(facts.available, "octet") + " in all; passed over",
+            .cause = "octets behind the last block",
+            .example = {},
+            .noun = "datagram",
+            .count = facts.count};
+}
+
 ReportWords fragments(const Facts &facts) {
     return {.text = "fragments are missing of " + counted(facts.count, "datagram"),
             .cause = "fragments are missing",
@@ -88,7 +95,7 @@ ReportWords dropped(const Facts &facts) {
 }
 
 ReportWords truncated(const Facts &facts) {
-    const std::string text = packet_text(facts) + ": truncated to " + counted(facts.octets, "octet");
+    const std::string text = packet_text(facts) + ": truncated to " + counted(facts.available, "octet");
     return {.text = text, .cause = "only the first octets are there", .example = text, .noun = "datagram"};
 }
 
@@ -118,7 +125,7 @@ ReportWords no_frame(const Facts &facts) {
 }
 
 ReportWords line(const Facts &facts) {
-    std::string where = "line " + std::to_string(facts.line) + ", character " + std::to_string(facts.character);
+    std::string where = place_text(facts);
     if (*facts.path) where.append(": ").append(facts.path);
     return {.text = where + ": " + facts.detail, .cause = facts.detail, .example = where, .noun = "line"};
 }
@@ -126,7 +133,7 @@ ReportWords line(const Facts &facts) {
 ReportWords other_datagram(const Facts &facts) {
     std::string example = packet_text(facts) + ": ";
     if (facts.sender.family != 0) example += route_text(facts) + ", ";
-    example += counted(facts.octets, "octet");
+    example += counted(facts.available, "octet");
     if (*facts.detail) example.append(" ").append(facts.detail);
     return {.text = example + ": not ASTERIX", .cause = "other traffic", .example = example, .noun = "datagram"};
 }
@@ -142,7 +149,7 @@ ReportWords block(const Facts &facts) {
     const std::string category = category_text(facts.category) + ": ";
     const bool is_unknown = facts.kind == AST_REPORT_UNSUPPORTED && !is_known_category(facts.category);
     const std::string detail = "in record " + std::to_string(facts.record) + " after " + counted(facts.items, "item") +
-                               ", at octet " + std::to_string(facts.fault) + " of " + std::to_string(facts.length);
+                               ", at octet " + std::to_string(facts.end) + " of " + std::to_string(facts.length);
     return {.text = where + category + kind_word(facts.kind) + ' ' + detail + ": " + facts.detail,
             .cause = (is_unknown ? "" : category) + facts.detail,
             .example = where + detail,
@@ -152,12 +159,13 @@ ReportWords block(const Facts &facts) {
 using Say = ReportWords (*)(const Facts &facts);
 
 // By reason.
-constexpr Say kWords[] = {told,     told,   told,    fragments,      dropped,     truncated, undissected,
-                          stream,   stream, framing, framing,        framing,     framing,   framing,
-                          no_frame, line,   block,   other_datagram, other_stream};
-static_assert(std::size(kWords) == AST_REASON_OTHER_STREAM + 1);
+constexpr Say kWords[] = {told,     told,   unfinished, fragments,      dropped,      truncated, undissected,
+                          stream,   stream, framing,    framing,        framing,      framing,   framing,
+                          no_frame, line,   block,      other_datagram, other_stream, trailers};
+static_assert(std::size(kWords) == AST_REASON_TRAILERS + 1);
 
-constexpr const char *kKinds[] = {"damaged", "not supported", "not ASTERIX", "note"};
+constexpr const char *kKinds[] = {"damaged", "not supported", "not ASTERIX", "note", "not readable"};
+static_assert(std::size(kKinds) == AST_REPORT_KINDS);
 
 } // namespace
 
@@ -168,6 +176,15 @@ ReportWords words_of(const ast_recording_report_t &report) {
 std::string framing_text(const ast_recording_report_t &report) {
     const std::string detail = framing_detail(report);
     return has_length(report) ? category_text(report.category) + ": " + detail : detail;
+}
+
+// "packet 12, octet 40" of its payload in a capture, "offset 1234" in a raw file.
+std::string place_text(const ast_recording_report_t &report) {
+    const bool has_offset = report.offset != AST_OFFSET_NONE;
+    if (report.line != 0)
+        return "line " + std::to_string(report.line) + ", character " + std::to_string(report.character);
+    if (report.packet == 0) return has_offset ? "offset " + std::to_string(report.offset) : std::string();
+    return packet_text(report) + (has_offset ? ", octet " + std::to_string(report.offset) : "");
 }
 
 const char *kind_word(uint32_t kind) { return kind < std::size(kKinds) ? kKinds[kind] : ""; }

@@ -19,10 +19,13 @@ struct ReportWords {
 
 ReportWords words_of(const ast_recording_report_t &report);
 
+// Where it is: "packet 12, octet 40", "offset 1234", "line 3, character 1"; empty where it has no place.
+std::string place_text(const ast_recording_report_t &report);
+
 // Why octets do not start a whole block, of a report that says so.
 std::string framing_text(const ast_recording_report_t &report);
 
-// "damaged", "not supported", "not ASTERIX", "note"; empty for any other number.
+// "damaged", "not supported", "not ASTERIX", "note", "not readable"; empty for any other number.
 const char *kind_word(uint32_t kind);
 
 } // namespace ast::recording

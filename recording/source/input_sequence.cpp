@@ -1,5 +1,6 @@
 #include "source/input_sequence.hpp"
 
+#include <algorithm>
 #include <utility>
 
 #include "base/counted.hpp"
@@ -47,6 +48,11 @@ void InputSequence::open_merged() {
     next_ = origins_.size();
     name_ = counted(origins_.size(), "file");
     input_ = std::make_unique<Input>(std::move(source), options_.datagrams);
+}
+
+size_t InputSequence::place_of(const std::string &name) const {
+    const auto found = std::ranges::find_if(origins_, [&](const Origin &origin) { return &origin.name == &name; });
+    return static_cast<size_t>(found - origins_.begin());
 }
 
 // What cannot be looked through beforehand is learnt from in its order, here as where it is decoded.

@@ -51,6 +51,10 @@ public:
 
     const Input &input() const { return *input_; }
 
+    // The place among all of the input at hand, and of one that is merged, by the string that datagrams name it by.
+    size_t place() const { return next_ == 0 ? 0 : next_ - 1; }
+    size_t place_of(const std::string &name) const;
+
     // Of several that are merged, their number.
     const std::string &name() const { return name_; }
 

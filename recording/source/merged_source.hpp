@@ -11,7 +11,7 @@ namespace ast::recording {
 
 class MergedSource : public DatagramSource {
 public:
-    // Takes an input of that name.
+    // Takes an input of that name, which lives as long.
     void add(const std::string &name, std::unique_ptr<Input> input);
 
     // Throws UnreadableInput for an input whose datagrams have no times.
@@ -19,7 +19,7 @@ public:
 
 private:
     struct Part {
-        std::string name;
+        const std::string &name;
         std::unique_ptr<Input> input;
         Chunk chunk;
         size_t next = 0;     // datagram of the chunk

@@ -1,6 +1,7 @@
 // What comes as it is sent, and waiting that is ended.
 
 #include <arpa/inet.h>
+#include <atomic>
 #include <chrono>
 #include <csignal>
 #include <sys/socket.h>
@@ -74,6 +75,26 @@ TEST(Live, DatagramsComeWithTimeAndRouteOrNothingComesInTime) {
         EXPECT_EQ(state_of(recording.get()).phase, AST_RECORDING_READING);
     }
     EXPECT_FALSE(ast_recording_next_within(recording.get(), &block, 0));
+}
+
+TEST(Live, WhatIsNotAskedForDoesNotProlongTheWait) {
+    Socket receiver(SOCK_DGRAM);
+    const Socket sender(SOCK_DGRAM);
+    receiver.close();
+    const auto recording = open({"udp://" + receiver.address()}, {.categories = "48"});
+    std::atomic<bool> is_over = false;
+    std::thread other([&] {
+        for (int i = 0; i < 2000 && !is_over; ++i) {
+            sender.send_to(receiver, north_marker());
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+    });
+    ast_recording_block_t block;
+    EXPECT_FALSE(ast_recording_next_within(recording.get(), &block, kMoment_ms));
+    EXPECT_EQ(state_of(recording.get()).phase, AST_RECORDING_QUIET);
+    is_over = true;
+    other.join();
+    EXPECT_GT(state_of(recording.get()).octets_read, 0U);
 }
 
 TEST(Live, AConnectionEndsWhenTheOtherSideClosesIt) {

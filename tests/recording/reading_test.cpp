@@ -1,6 +1,7 @@
 // Blocks as they come from files and from memory.
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 
 #include "recording/recorded.hpp"
@@ -86,6 +87,57 @@ TEST(Reading, DecodesTheBlockThatWasHandedOver) {
     }
 }
 
+// More than a decoded block has room for.
+TEST(Reading, GivesEveryRecordOfABlock) {
+    constexpr size_t kRecords = 100;
+    std::vector<uint8_t> file = {34, 0, 0};
+    for (size_t i = 0; i < kRecords; ++i) file.insert(file.end(), {0xC0, 25, static_cast<uint8_t>(i), 1});
+    file[1] = static_cast<uint8_t>(file.size() >> 8);
+    file[2] = static_cast<uint8_t>(file.size());
+    const auto recording = open(file);
+    ast_recording_block_t block;
+    ast_datarecord_t record{};
+    EXPECT_FALSE(ast_recording_get_record(recording.get(), 0, &record));
+    ASSERT_TRUE(ast_recording_next(recording.get(), &block));
+    ASSERT_EQ(block.records, kRecords);
+    for (size_t i = kRecords; i-- > 0;) {
+        ASSERT_TRUE(ast_recording_get_record(recording.get(), i, &record));
+        EXPECT_EQ(record.item_count, 2U);
+        EXPECT_EQ(record.items[0].data[1], i);
+    }
+    EXPECT_FALSE(ast_recording_get_record(recording.get(), kRecords, &record));
+    static ast_datablock_t decoded;
+    EXPECT_FALSE(ast_recording_decode(recording.get(), &decoded));
+    EXPECT_EQ(decoded.record_count, static_cast<uint64_t>(AST_DATABLOCK_MAX_RECORDS));
+    EXPECT_FALSE(ast_recording_next(recording.get(), &block));
+    EXPECT_FALSE(ast_recording_get_record(recording.get(), 0, &record));
+}
+
+TEST(Reading, GivesTheRecordsThatDecodingGives) {
+    static ast_datablock_t decoded;
+    for (const char *const name : kSamples) {
+        const auto recording = open({sample(name)});
+        ast_recording_block_t block;
+        while (ast_recording_next(recording.get(), &block)) {
+            ASSERT_TRUE(ast_recording_decode(recording.get(), &decoded));
+            ASSERT_EQ(decoded.record_count, block.records);
+            for (uint64_t i = 0; i < block.records; ++i) {
+                ast_datarecord_t record;
+                ASSERT_TRUE(ast_recording_get_record(recording.get(), i, &record));
+                const ast_datarecord_t &same = decoded.records[i];
+                EXPECT_EQ(record.data, same.data);
+                EXPECT_EQ(record.size, same.size);
+                ASSERT_EQ(record.item_count, same.item_count);
+                for (uint64_t j = 0; j < record.item_count; ++j) {
+                    EXPECT_EQ(record.items[j].type, same.items[j].type);
+                    EXPECT_EQ(record.items[j].data, same.items[j].data);
+                    EXPECT_EQ(record.items[j].size, same.items[j].size);
+                }
+            }
+        }
+    }
+}
+
 // Of the second record, I034/020 and all behind it is cut off.
 TEST(Reading, KeepsTheRecordsInFrontOfAFault) {
     std::vector<uint8_t> octets = north_marker();
@@ -134,6 +186,23 @@ TEST(Reading, GoesOnFromOneFileToTheNext) {
     EXPECT_STREQ(state.framing, "raw");
     EXPECT_EQ(state.file, sample("categories.ast"));
     EXPECT_EQ(state.file_octets, 1243U);
+}
+
+// Two inputs of one name are told apart.
+TEST(Reading, NamesTheInputByItsPlace) {
+    const std::string path = sample("radar.pcap");
+    for (const bool merge : {false, true}) {
+        const auto recording = open({path, path, sample("tracks.pcap")}, {.merge = merge});
+        std::array<uint64_t, 3> blocks{};
+        ast_recording_block_t block;
+        while (ast_recording_next(recording.get(), &block)) {
+            ASSERT_LT(block.input, blocks.size());
+            ++blocks[block.input];
+            EXPECT_EQ(block.file, block.input == 2 ? sample("tracks.pcap") : path);
+        }
+        EXPECT_EQ(blocks[0], blocks[1]);
+        EXPECT_EQ(blocks[2], read_all(open({sample("tracks.pcap")}).get()).size());
+    }
 }
 
 TEST(Reading, MergesByTime) {

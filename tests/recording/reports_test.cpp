@@ -1,5 +1,7 @@
 // What is not read is told as data, where it stands.
 
+#include <cstring>
+
 #include "recording/recorded.hpp"
 #include "support/octets.hpp"
 
@@ -15,7 +17,8 @@ struct Case {
     uint64_t offset;
     uint64_t octets;
     uint32_t category;
-    const char *text;
+    const char *place;
+    const char *text; // behind the place
     const char *cause;
 };
 
@@ -23,27 +26,28 @@ struct Case {
 constexpr Case kCases[] = {
     {"a LEN below its own header, and a whole block",
      "22 00 02 22 00 0B F0 19 0C 01 54 60 00 00 22 00 0B F0 19 0C 01 54 60 00 00", AST_REPORT_DAMAGED,
-     AST_REASON_SHORT_LENGTH, 0, 3, 34,
-     "offset 0: category 034: LEN is 2, less than the block header; 3 octets skipped",
+     AST_REASON_SHORT_LENGTH, 0, 3, 34, "offset 0",
+     "category 034: LEN is 2, less than the block header; 3 octets skipped",
      "category 034: LEN is less than the block header"},
     {"a block that is cut short", "22 00 0B F0 19 0C 01 54 60 00 00 22 00 0B F0 19", AST_REPORT_DAMAGED,
-     AST_REASON_PAST_END, 11, 5, 34, "offset 11: category 034: LEN is 11, but only 5 octets are left; 5 octets skipped",
-     "category 034: LEN runs past the end"},
+     AST_REASON_PAST_END, 11, 5, 34, "offset 11",
+     "category 034: LEN is 11, but only 5 octets are left; 5 octets skipped", "category 034: LEN runs past the end"},
     {"two octets", "22 00 0B F0 19 0C 01 54 60 00 00 22 00", AST_REPORT_DAMAGED, AST_REASON_SHORT_HEADER, 11, 2, 0,
-     "offset 11: 2 octets, too few for a block header; skipped", "too few octets for a block header"},
+     "offset 11", "2 octets, too few for a block header; skipped", "too few octets for a block header"},
     {"text", "22 00 0B F0 19 0C 01 54 60 00 00 68 65 6C 6C 6F 21 0A", AST_REPORT_DAMAGED, AST_REASON_TEXT, 11, 7, 0,
-     "offset 11: 7 octets of text; skipped", "octets of text"},
-    {"an item that is cut short", "22 00 08 F0 19 0C 01 54", AST_REPORT_DAMAGED, AST_REASON_BLOCK, 0, 1, 34,
-     "offset 0: category 034: damaged in record 1 after 2 items, at octet 7 of 8: I034/030 runs past the end of the "
+     "offset 11", "7 octets of text; skipped", "octets of text"},
+    {"an item that is cut short", "22 00 08 F0 19 0C 01 54", AST_REPORT_DAMAGED, AST_REASON_BLOCK, 0, 1, 34, "offset 0",
+     "category 034: damaged in record 1 after 2 items, at octet 7 of 8: I034/030 runs past the end of the "
      "block",
      "category 034: I034/030 runs past the end of the block"},
     {"a category that nobody has published", "63 00 04 80", AST_REPORT_UNSUPPORTED, AST_REASON_BLOCK, 0, 0, 99,
-     "offset 0: category 099: not supported in record 1 after 0 items, at octet 4 of 4: nothing is known of category "
+     "offset 0",
+     "category 099: not supported in record 1 after 0 items, at octet 4 of 4: nothing is known of category "
      "99",
      "nothing is known of category 99"},
     {"a line that is no record", "7B 22 61 22 3A 31 7D", AST_REPORT_DAMAGED, AST_REASON_LINE, AST_OFFSET_NONE, 0, 0,
-     "line 1, character 1: category: is missing", "is missing"},
-    {"nothing at all", "", AST_REPORT_NOTE, AST_REASON_NOTE, AST_OFFSET_NONE, 0, 0, "holds no octets",
+     "line 1, character 1", "category: is missing", "is missing"},
+    {"nothing at all", "", AST_REPORT_NOTE, AST_REASON_NOTE, AST_OFFSET_NONE, 0, 0, "", "holds no octets",
      "holds no octets"},
 };
 
@@ -60,8 +64,32 @@ TEST(Report, SaysWhatAndWhere) {
         EXPECT_EQ(told.data.category, each.category) << each.what;
         EXPECT_EQ(told.data.count, 1U) << each.what;
         EXPECT_EQ(told.file, "a.ast") << each.what;
-        EXPECT_EQ(told.text, each.text) << each.what;
+        char place[40];
+        EXPECT_EQ(ast_recording_report_get_place(place, sizeof place, &told.data), std::strlen(each.place))
+            << each.what;
+        EXPECT_STREQ(place, each.place) << each.what;
+        EXPECT_EQ(told.text, *each.place ? std::string(each.place) + ": " + each.text : each.text) << each.what;
         EXPECT_EQ(told.cause, each.cause) << each.what;
+    }
+}
+
+TEST(Report, SaysOfABlockWhatItsStateIs) {
+    const struct {
+        const char *hex;
+        uint32_t state;
+        uint64_t records;
+    } blocks[] = {
+        {"22 00 0B F0 19 0C 01 54 60 00 00", AST_BLOCK_WHOLE, 1},
+        {"22 00 0D F0 19 0C 01 54 60 00 00 F0 19", AST_BLOCK_DAMAGED, 1},
+        {"63 00 04 80", AST_BLOCK_UNSUPPORTED, 0},
+    };
+    for (const auto &each : blocks) {
+        const std::vector<uint8_t> file = octets(each.hex);
+        const auto recording = open(file);
+        ast_recording_block_t block;
+        ASSERT_TRUE(ast_recording_next(recording.get(), &block)) << each.hex;
+        EXPECT_EQ(block.state, each.state) << each.hex;
+        EXPECT_EQ(block.records, each.records) << each.hex;
     }
 }
 
@@ -71,11 +99,12 @@ TEST(Report, NamesTheItemAtFault) {
     ASSERT_EQ(reports.told.size(), 1U);
     const ast_recording_report_t &data = reports.told[0].data;
     EXPECT_EQ(data.split_reason, AST_SPLIT_ITEM_CUT);
-    EXPECT_EQ(data.item, AST_DATAITEM_TYPE(34, 30));
-    EXPECT_EQ(data.frn, 3U);
+    EXPECT_EQ(data.broken_type, AST_DATAITEM_TYPE(34, 30));
+    EXPECT_EQ(data.broken_frn, 3U);
+    EXPECT_EQ(data.block, 1U);
     EXPECT_EQ(data.record, 1U);
     EXPECT_EQ(data.items, 2U);
-    EXPECT_EQ(data.fault, 7U);
+    EXPECT_EQ(data.end, 7U);
     EXPECT_EQ(data.length, 8U);
 }
 
@@ -114,6 +143,18 @@ TEST(Report, OfACaptureNamesThePacket) {
     EXPECT_EQ(reports.told[0].data.offset, 0U);
     EXPECT_EQ(reports.told[0].data.reason, AST_REASON_PAST_END);
     EXPECT_EQ(reports.told[0].data.length, 0x7FA8U);
+    EXPECT_EQ(reports.told[0].data.sender.port, 8600);
+    EXPECT_EQ(reports.told[0].data.receiver.octets[0], 239);
+}
+
+TEST(Report, IsCountedByKindAlsoWhereNobodyIsTold) {
+    const auto recording = open(octets("22 00 0B F0 19 0C 01 54 60 00 00 63 00 04 80 22 00 0B F0"));
+    const std::vector<ReadBlock> blocks = read_all(recording.get());
+    const ast_recording_state_t state = state_of(recording.get());
+    EXPECT_EQ(state.phase, AST_RECORDING_ENDED);
+    EXPECT_EQ(state.reports[AST_REPORT_DAMAGED], 1U);
+    EXPECT_EQ(state.reports[AST_REPORT_UNSUPPORTED], 1U);
+    EXPECT_EQ(state.reports[AST_REPORT_NOTE], 0U);
 }
 
 TEST(Report, TextsAreCutAndTerminated) {
@@ -133,7 +174,7 @@ TEST(Report, TextsAreCutAndTerminated) {
     data.reason = 1000;
     EXPECT_EQ(ast_recording_report_to_text(nullptr, 0, &data), 0U);
     EXPECT_STREQ(ast_recording_report_kind_to_str(AST_REPORT_UNSUPPORTED), "not supported");
-    EXPECT_STREQ(ast_recording_report_kind_to_str(4), "");
+    EXPECT_STREQ(ast_recording_report_kind_to_str(AST_REPORT_KINDS), "");
 }
 
 } // namespace

@@ -109,6 +109,9 @@ std::vector<std::string> arguments(int argc, char **argv) {
     return arguments;
 }
 
+// A variable of a shell may be empty, too.
+std::string is_name(const std::string &file) { return file.empty() ? "the name of the file is empty" : ""; }
+
 void describe_live(CLI::App &app, Options &options) {
     app.add_flag("--follow", options.follow, "Wait for more at the end; SIGINT (Ctrl-C) ends it and shows --stats");
     app.add_option("--interface", options.interface, "Network interface to listen on, by name or address")
@@ -157,7 +160,9 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
         ->type_name("N");
     describe_datagrams(app, options, texts);
     app.add_flag("--detail", options.detail, "Below each item of the listing, the value of every field");
-    app.add_option("--html", options.html, "Instead of the listing, write a page for web browsers")->type_name("PAGE");
+    app.add_option("--html", options.html, "Instead of the listing, write a page for web browsers")
+        ->check(is_name)
+        ->type_name("PAGE");
     app.add_flag("--list", options.list, "A line per record with the common quantities in columns");
     app.add_flag("--json", options.json, "Instead of the listing, a line of JSON per record with all its values");
     app.add_flag("--texts", options.texts, "In JSON, codes with their texts");
@@ -170,6 +175,7 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
                    "Turn records into those of categories that say the same: 1 from 48, 2 from 34, and back")
         ->type_name("LIST");
     app.add_option("--write", options.write, "Write what is chosen to a .pcap, .ast or .json file instead")
+        ->check(is_name)
         ->type_name("NEWFILE");
     app.add_flag("--quiet", options.quiet, "No listing, only reports of damage");
     app.add_flag("--verbose", options.verbose, "Report everything that is damaged, not a line for each reason");

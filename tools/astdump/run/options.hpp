@@ -38,6 +38,7 @@ struct Options : ReadOptions {
 constexpr int kExitClean = 0;
 constexpr int kExitDamaged = 1;
 constexpr int kExitUnusable = 2;
+constexpr int kExitInternal = 70; // a fault of the tool itself
 
 // Reads the command line. When there is nothing left to do, after --help or for a mistake that has been reported,
 // gives the exit status instead of options.

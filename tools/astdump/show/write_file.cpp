@@ -4,7 +4,9 @@
 #include <iterator>
 #include <stdexcept>
 
+#include "base/counted.hpp"
 #include "framing/block_header.hpp"
+#include "show/terminal.hpp"
 #include "write/packets.hpp"
 
 namespace ast::recording::astdump {
@@ -90,6 +92,15 @@ FileKind file_kind(const std::string &path) {
     if (found != std::end(kExtensions)) return found->kind;
     throw std::invalid_argument("--write: '" + path +
                                 "' ends in none of .pcap (a capture), .ast, .bin, .raw (blocks), .json, .jsonl");
+}
+
+void tell_part(OutputFile &file) {
+    const std::string octets = counted(file.written(), "octet");
+    const std::string part = file.keep_part();
+    if (part.empty())
+        tell(file.path() + ": interrupted after " + octets);
+    else
+        tell(file.path() + ": interrupted and left as it was; " + octets + " of what was to be written are in " + part);
 }
 
 WriteFile::WriteFile(const std::string &path, const std::vector<std::string> &inputs, const JsonForm &form)

@@ -73,7 +73,7 @@ void Payloads::add(Chunk &chunk, const Datagram &datagram, bool is_truncated) {
         if (!is_trailer(datagram.octets, place, gap))
             add_part(chunk, datagram, place, gap);
         else
-            count_trailer(gap);
+            add_trailer(chunk, datagram.octets.subspan(place));
         place += gap;
     }
 }
@@ -93,9 +93,10 @@ bool Payloads::is_trailer(Octets payload, uint64_t place, uint64_t octets) {
     return is_last && octets <= kMostOctets && !has_published_category(payload.subspan(place));
 }
 
-void Payloads::count_trailer(uint64_t octets) {
+void Payloads::add_trailer(Chunk &chunk, Octets octets) {
+    chunk.set_trailer(octets);
     ++trailers_;
-    trailer_octets_ += octets;
+    trailer_octets_ += octets.size();
 }
 
 bool Payloads::tell(Reports &reports) {

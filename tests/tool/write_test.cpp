@@ -225,4 +225,32 @@ TEST(Write, RefusesTimesThatACaptureCannotHold) {
     EXPECT_NE(command.run("b.pcap").out.find("2106-02-07 06:28:15.000000Z"), std::string::npos);
 }
 
+// Through JSON and back: the octets behind the blocks are not in JSON.
+TEST(Write, KeepsDatagramsTogether) {
+    Command command;
+    const std::string two = kPlots + hex("22 0005 40 02");
+    const std::string trailer = hex("00 00 00 0C FF");
+    const std::string capture = pcap(1, {ethernet(ipv4(udp(two))), ethernet(ipv4(udp(kPlots + trailer))), //
+                                         ethernet(ipv4(udp(two + trailer)))});
+    command.write("a.pcap", capture);
+    const std::string with_trailers =
+        "astdump: a.pcap: 2 datagrams with octets behind the last block, 10 octets in all; "
+        "passed over\n";
+    EXPECT_EQ(command.run("--write b.pcap a.pcap").err, with_trailers);
+    EXPECT_EQ(command.run("--json b.pcap").out, command.run("--json a.pcap").out);
+    EXPECT_EQ(command.run("--quiet b.pcap").err, "astdump: b.pcap: 2 datagrams with octets behind the last block, 10 "
+                                                 "octets in all; passed over\n");
+    command.run("--category 48 --write c.pcap a.pcap");
+    EXPECT_EQ(command.run("--quiet c.pcap").err,
+              "astdump: c.pcap: 1 datagram with octets behind the last block, 5 octets "
+              "in all; passed over\n")
+        << "behind what is left of a datagram, they would mean something else";
+
+    for (const std::string jobs : {"1", "3"}) {
+        command.run("--jobs " + jobs + " --write many.json " + std::string(SAMPLES "/tracks.pcap"));
+        command.run("--jobs " + jobs + " --write many.pcap many.json");
+        EXPECT_EQ(read_file(command.directory() + "/many.pcap").size(), read_file(SAMPLES "/tracks.pcap").size());
+    }
+}
+
 } // namespace

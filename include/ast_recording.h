@@ -98,7 +98,7 @@ AST_RECORDING_API uint64_t ast_time_to_text(char *text, uint64_t capacity, int64
 #define AST_REASON_UNFINISHED UINT32_C(2)    /* what is packed or captured is not whole: detail says why */
 #define AST_REASON_FRAGMENTS UINT32_C(3)     /* of so many datagrams (count), fragments are missing */
 #define AST_REASON_DROPPED UINT32_C(4)       /* so many datagrams (count) came faster than they were taken */
-#define AST_REASON_TRUNCATED UINT32_C(5)     /* a datagram of which the rest was not captured (its place, available) */
+#define AST_REASON_TRUNCATED UINT32_C(5)     /* the capture has cut a datagram (its place, available, octets) */
 #define AST_REASON_UNDISSECTED UINT32_C(6)   /* the headers of a packet make no sense (packet): detail says why */
 #define AST_REASON_STREAM_GAP UINT32_C(7)    /* octets of a TCP stream are missing (packet, sender, receiver, octets) */
 #define AST_REASON_STREAM_REST UINT32_C(8)   /* behind these, octets that begin no block (the same) */

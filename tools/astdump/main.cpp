@@ -124,7 +124,9 @@ int main(int argc, char **argv) try {
     std::signal(SIGPIPE, SIG_IGN);
     const CommandLine command_line = read_command_line(argc, argv);
     if (command_line.options) return run(*command_line.options);
-    return check_output(std::fflush(stdout) == 0 ? 0 : errno, command_line.status);
+    ast::recording::Output out(STDOUT_FILENO);
+    out.write(command_line.output);
+    return check_output(out.error(), command_line.status);
 } catch (const std::runtime_error &error) {
     ast::recording::astdump::tell(error.what());
     return ast::recording::astdump::kExitUnusable;

@@ -3,7 +3,6 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <filesystem>
-#include <iostream>
 #include <sched.h>
 #include <sstream>
 #include <stdexcept>
@@ -192,14 +191,14 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
 
 // Shows the help that was asked for, or what is wrong, which may quote names of files that a pattern of the shell
 // found.
-int exit_for(const CLI::App &app, const CLI::ParseError &error) {
-    std::ostringstream messages;
-    const bool is_clean = app.exit(error, std::cout, messages) == 0;
+CommandLine end_for(const CLI::App &app, const CLI::ParseError &error) {
+    std::ostringstream output, messages;
+    const bool is_clean = app.exit(error, output, messages) == 0;
     std::istringstream lines(messages.str());
     std::string line;
     if (std::getline(lines, line)) tell(line);
     while (std::getline(lines, line)) std::fprintf(stderr, "%s\n", readable(line).c_str());
-    return is_clean ? kExitClean : kExitUnusable;
+    return {.options = {}, .status = is_clean ? kExitClean : kExitUnusable, .output = output.str()};
 }
 
 uint64_t read_count(const std::string &text) {
@@ -291,7 +290,7 @@ CommandLine read_command_line(int argc, char **argv) {
         app.parse(arguments(argc, argv));
         complete(options, texts);
     } catch (const CLI::ParseError &error) {
-        return {.status = exit_for(app, error)};
+        return end_for(app, error);
     } catch (const std::invalid_argument &error) {
         tell(error.what());
         return {.status = kExitUnusable};

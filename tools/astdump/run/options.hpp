@@ -45,6 +45,7 @@ constexpr int kExitInternal = 70; // a fault of the tool itself
 struct CommandLine {
     std::optional<Options> options;
     int status = kExitClean;
+    std::string output{}; // that was asked for
 };
 CommandLine read_command_line(int argc, char **argv);
 

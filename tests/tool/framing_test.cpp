@@ -190,7 +190,7 @@ TEST(Framing, HexadecimalDigitsAreTheirOctets) {
         const char *report;
     } cases[] = {
         {"FA 00 05 80 01\n",
-         "offset 0: category 250: not supported in record 1 after 0 items, at octet 5 of 5: nothing is "
+         "offset 0: category 250: not supported in record 1 after 0 items, at octet 4 of 5: nothing is "
          "known of category 250"},
         {"22000BF0190C02", "offset 0: category 034: LEN is 11, but only 7 octets are left"},
         {"220008F0190C0254\n",

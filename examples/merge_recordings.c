@@ -1,5 +1,5 @@
-/* Prints a line for each block of several recordings, in the order in which they were received: where it came from, where
- * it went, its category and its records: merge_recordings radar.pcap adsb.pcap tracks.pcap */
+/* Prints a line for each block of several recordings, in the order in which they were received: where it came from,
+ * where it went, its category and its records: merge_recordings radar.pcap adsb.pcap tracks.pcap */
 
 #include <ast_recording.h>
 #include <inttypes.h>
@@ -25,8 +25,8 @@ int main(int argc, char **argv) {
 
     ast_recording_state_t state;
     if (ast_recording_get_state(recording, &state) == AST_RECORDING_FAILED) fprintf(stderr, "%s\n", state.error.text);
-    printf("blocks %" PRIu64 ", damaged %" PRIu64 ", not supported %" PRIu64 ", not ASTERIX %" PRIu64 "\n", state.blocks,
-           state.reports[AST_REPORT_DAMAGED], state.reports[AST_REPORT_UNSUPPORTED],
+    printf("blocks %" PRIu64 ", damaged %" PRIu64 ", not supported %" PRIu64 ", not ASTERIX %" PRIu64 "\n",
+           state.blocks, state.reports[AST_REPORT_DAMAGED], state.reports[AST_REPORT_UNSUPPORTED],
            state.reports[AST_REPORT_OTHER_TRAFFIC]);
     ast_recording_close(recording);
     return state.phase == AST_RECORDING_ENDED ? 0 : 2;

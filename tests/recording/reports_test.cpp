@@ -148,8 +148,9 @@ TEST(Report, OfACaptureNamesThePacket) {
 }
 
 TEST(Report, IsCountedByKindAlsoWhereNobodyIsTold) {
-    const auto recording =
-        open(octets("22 00 0B F0 19 0C 01 54 60 00 00 63 00 04 80 22 00 0B F0 19 0C 01 54 60 00 00 22 00 0B F0"));
+    const std::vector<uint8_t> borrowed =
+        octets("22 00 0B F0 19 0C 01 54 60 00 00 63 00 04 80 22 00 0B F0 19 0C 01 54 60 00 00 22 00 0B F0");
+    const auto recording = open(borrowed);
     const std::vector<ReadBlock> blocks = read_all(recording.get());
     const ast_recording_state_t state = state_of(recording.get());
     EXPECT_EQ(state.phase, AST_RECORDING_ENDED);

@@ -67,21 +67,21 @@ int read_i16(const std::vector<uint8_t> &data, size_t at) {
 
 // Range, x and y, and Doppler speed there and back, over all that their fields hold.
 TEST(Convert, ThereAndBackIsWithinOneUnitOfTheCoarserScale) {
-    auto track = octets("11 19 04 00 00 00 00 01 23 00 00 00 00 80 00 00"); // FRN 4, 11, 12 and 20
+    auto track = octets("31 19 04 20 00 00 00 00 01 23 00 00 00 00 80 00 00"); // FRN 3, 4, 11, 12 and 20
     const auto put = [&](size_t at, int value) {
         track[at] = static_cast<uint8_t>(value >> 8);
         track[at + 1] = static_cast<uint8_t>(value);
     };
     for (int raw = -32768; raw < 32768; raw += 7) {
-        put(3, raw);
-        put(9, raw);
-        put(11, -raw - 1);
-        put(14, raw & 0x3FF);
+        put(4, raw);
+        put(10, raw);
+        put(12, -raw - 1);
+        put(15, raw & 0x3FF);
         const auto back = converted(k001To048, converted(k048To001, track));
         ASSERT_EQ(back.size(), track.size()) << raw;
-        for (const size_t at : {3U, 9U, 11U}) // 1/256 against 1/128 NM, and 1/128 against 1/64 NM
+        for (const size_t at : {4U, 10U, 12U}) // 1/256 against 1/128 NM, and 1/128 against 1/64 NM
             ASSERT_LE(std::abs(read_i16(back, at) - read_i16(track, at)), 2) << raw << " at " << at;
-        const int speed_error = (read_i16(back, 14) - read_i16(track, 14)) & 0x3FF; // m/s, against 7.2 m/s
+        const int speed_error = (read_i16(back, 15) - read_i16(track, 15)) & 0x3FF; // m/s, against 7.2 m/s
         ASSERT_TRUE(speed_error <= 7 || speed_error >= 0x400 - 7) << raw;
     }
 }
@@ -90,8 +90,17 @@ TEST(Convert, WhatDoesNotFitIsLeftOut) {
     // Track 4096, a range of 256 NM, x of 256 NM, a Doppler speed of -1800 kt.
     EXPECT_EQ(converted(k001To048, octets("79 08 80 10 00 80 00 00 00 40 00 00 00 80")), octets("20 00"));
     EXPECT_EQ(converted(k001To048, octets("40 00")), octets("20 00"));
-    EXPECT_EQ(converted(k048To001, octets("01 01 04 80 80 48")), octets("")); // a doubtful Doppler speed
-    EXPECT_EQ(converted(k048To001, octets("01 01 40 20")), octets(""));       // a warning of Mode S
+    EXPECT_EQ(converted(k048To001, octets("21 01 04 20 80 80 48")), octets("40 10")); // a doubtful Doppler speed
+    EXPECT_EQ(converted(k048To001, octets("21 01 40 20 20")), octets("40 10"));       // a warning of Mode S
+}
+
+// Readers choose between the layouts of plots and of tracks by I001/020, and take services by I002/000.
+TEST(Convert, NothingWithoutWhatSaysHowItIsRead) {
+    EXPECT_EQ(converted(k048To001, octets("90 19 0C 00 80 40 00")), octets("")); // a range would be a track number
+    EXPECT_EQ(converted(k048To001, octets("81 10 19 0C 01 23")), octets(""));
+    EXPECT_EQ(converted(k048To001, octets("A1 10 19 0C 20 01 23")), octets("E0 19 0C 90 01 23"));
+    EXPECT_EQ(converted(k034To002, octets("A0 19 0C 58 78 40")), octets(""));
+    EXPECT_EQ(converted(k034To002, octets("40 03")), octets(""));
 }
 
 TEST(Convert, ServiceMessages) {
@@ -99,8 +108,8 @@ TEST(Convert, ServiceMessages) {
     const auto old = octets("F8 19 0C 01 20 58 78 40 02 00");
     EXPECT_EQ(converted(k034To002, north), old);
     EXPECT_EQ(converted(k002To034, old), octets("F8 19 0C 01 58 78 40 20 02 00"));
-    EXPECT_EQ(converted(k034To002, octets("C0 19 0C 03")), octets("80 19 0C")) << "jamming, of which 002 knows nothing";
-    EXPECT_EQ(converted(k034To002, octets("40 03")), octets(""));
+    EXPECT_EQ(converted(k034To002, octets("C0 19 0C 03")), octets("")) << "jamming, of which 002 knows nothing";
+    EXPECT_EQ(converted(k002To034, octets("C0 19 0C 03")), octets("80 19 0C")) << "a south marker likewise";
 }
 
 TEST(Convert, TakesValidRecordsOfItsCategoryOnly) {

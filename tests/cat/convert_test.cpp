@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "support/octets.hpp"
+#include "support/text.hpp"
 
 using namespace ast_test;
 
@@ -59,6 +60,46 @@ TEST(Convert, PlotsTakeTheProfileOfPlots) {
     const auto data = block_of(1, old);
     ast_datablock_smart_decode_into(&block, data.data(), data.size());
     EXPECT_TRUE(block.valid && ast_datarecord_get_msgtype(&block.records[0]) == AST_MSGTYPE_PLOT);
+}
+
+// The octets of one item behind those that it needs: "of 048 = of 001" there, and "of 001 = of 048" back.
+void expect_becomes(const Direction &direction, const char *cases) {
+    each_case(cases, [&](const std::string &from, const std::string &to) {
+        EXPECT_EQ(converted(direction, octets(from), AST_UAP_CAT001_PLOT), octets(to)) << from;
+    });
+}
+
+TEST(Convert, EveryBitOfADescriptorHasItsPlace) {
+    // I048/020 alone, and I001/020 alone.
+    expect_becomes(k048To001, "20 00 = 40 00; 20 20 = 40 10; 20 40 = 40 20; 20 60 = 40 30; 20 80 = 40 20; "
+                              "20 A0 = 40 20; 20 C0 = 40 30; 20 E0 = 40 30; 20 30 = 40 50; 20 24 = 40 14; "
+                              "20 22 = 40 12; 20 28 = 40 10; 20 21 80 = 40 11 80; 20 21 10 = 40 11 10; "
+                              "20 21 08 = 40 11 08; 20 21 06 = 40 10");
+    expect_becomes(k001To048, "40 00 = 20 00; 40 10 = 20 20; 40 20 = 20 40; 40 30 = 20 60; 40 50 = 20 30; "
+                              "40 14 = 20 24; 40 12 = 20 22; 40 18 = 20 20; 40 11 80 = 20 21 80; "
+                              "40 11 10 = 20 21 10; 40 11 08 = 20 21 08; 40 11 60 = 20 20");
+    // The special codes come from I048/070, when it is validated and not garbled.
+    expect_becomes(k048To001, "28 20 0F 40 = 50 11 20 0F 40; 28 20 0F 80 = 50 11 40 0F 80; "
+                              "28 20 0F C0 = 50 11 60 0F C0; 28 20 8F C0 = 50 10 8F C0; 28 20 4F C0 = 50 10 4F C0; "
+                              "28 20 2F C1 = 50 10 2F C1");
+}
+
+TEST(Convert, EveryBitOfATrackStatusHasItsPlace) {
+    const auto becomes = [](const Direction &direction, const std::string &before, const std::string &after,
+                            const char *cases) {
+        each_case(cases, [&](const std::string &from, const std::string &to) {
+            EXPECT_EQ(converted(direction, octets(before + from)), octets(after + to)) << from;
+        });
+    };
+    // Of a track of PSR on chain 1, of one on chain 2, and of a combined one.
+    becomes(k048To001, "21 12 20 01 23 ", "61 04 90 01 23 ",
+            "20 = 00; A0 = 80; 30 = 10; 28 = 20; 40 = 40; 00 = 40; 60 = 40; 26 = 00; 21 40 = 02; 21 80 = 01 80; "
+            "21 3E = 00");
+    becomes(k048To001, "21 12 28 01 23 ", "61 04 90 01 23 ", "20 = 08");
+    becomes(k001To048, "61 04 90 01 23 ", "21 12 20 01 23 ",
+            "00 = 26; 80 = A6; 10 = 36; 20 = 2E; 40 = 46; 02 = 27 40; 01 80 = 27 80; 04 = 26");
+    becomes(k001To048, "61 04 90 01 23 ", "21 12 28 01 23 ", "08 = 26");
+    becomes(k001To048, "61 04 B0 01 23 ", "21 12 60 01 23 ", "40 = 06");
 }
 
 int read_i16(const std::vector<uint8_t> &data, size_t at) {

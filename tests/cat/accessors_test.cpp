@@ -150,6 +150,34 @@ TEST(Accessors, FallBackToAnotherItem) {
     // clang-format on
 }
 
+// Whatever such a record holds. That all of category 021 are ADS-B does not depend on the record.
+TEST(Accessors, TakeValidRecordsOnly) {
+    for (const uint32_t category : {1U, 2U, 10U, 15U, 20U, 21U, 48U, 62U}) {
+        const ast_datarecord_func_t func = ast_datarecord_get_func(category);
+        const ast_datarecord_t invalid{.category = category};
+        const auto expect_nothing = [&](auto *get) {
+            if (!get) return;
+            EXPECT_FALSE(get(nullptr).valid) << category;
+            EXPECT_FALSE(get(&invalid).valid) << category;
+        };
+        expect_nothing(func.get_sacsic);
+        expect_nothing(func.get_timeofday);
+        if (category != 21) expect_nothing(func.get_msgtype);
+        expect_nothing(func.get_tracknum);
+        expect_nothing(func.get_squawk);
+        expect_nothing(func.get_callsign);
+        expect_nothing(func.get_icaoaddr);
+        expect_nothing(func.get_coordinate);
+        expect_nothing(func.get_flightlevel);
+        expect_nothing(func.get_selaltitude);
+        expect_nothing(func.get_polarcoord);
+        expect_nothing(func.get_heading);
+        expect_nothing(func.get_speed);
+        expect_nothing(func.get_cartesianvel);
+        expect_nothing(func.get_vrate);
+    }
+}
+
 // Other categories have none, whatever they carry.
 TEST(Accessors, AreOfEightCategories) {
     LogCapture log;

@@ -228,6 +228,56 @@ TEST(EveryEncoder, HasExceptionsThatAreNeeded) {
     }
 }
 
+// Whether a value with one member set is written, where an item of zeros gives the others.
+struct Field {
+    const char *name;
+    bool (*is_written)(uint32_t value);
+    uint32_t most; // that its bits hold
+};
+
+template <ast_dataitem_type_t Type, auto decode, auto member>
+bool is_written(uint32_t number) {
+    const Octets zeros(8);
+    const ast_dataitem_t item = ast_dataitem_decode(zeros.data(), zeros.size(), Type);
+    auto value = decode(&item);
+    EXPECT_TRUE(value.valid);
+    value.*member = static_cast<std::remove_reference_t<decltype(value.*member)>>(number);
+    uint8_t buffer[64];
+    const ast_dataitem_src_t source{Type, &value};
+    return ast_dataitem_encode(buffer, sizeof buffer, &source).valid;
+}
+
+#define FIELD(type, name, member, most)                                                                                \
+    { #name "." #member, is_written < type, ast_dataitem_##name##_decode, &ast_dataitem_##name##_t::member>, most }
+
+// clang-format off
+constexpr Field kFields[] = {
+    FIELD(1020, 001_020, typ, 1), FIELD(1020, 001_020, ssr_psr, 3), FIELD(1020, 001_020, ant, 2),
+    FIELD(1020, 001_020, ds1_ds2, 3), FIELD(1170, 001_170, rad, 1), FIELD(1170, 001_170, rdpc, 2),
+    FIELD(10020, 010_020, typ, 7), FIELD(10020, 010_020, chn, 2), FIELD(10020, 010_020, lop, 3),
+    FIELD(10020, 010_020, tot, 3), FIELD(10170, 010_170, cst, 3), FIELD(10170, 010_170, tom, 3),
+    FIELD(10170, 010_170, dou, 7), FIELD(10170, 010_170, mrs, 3), FIELD(10270, 010_270, length_m, 127),
+    FIELD(10500, 010_500, x_raw, 255), FIELD(10500, 010_500, y_raw, 255), FIELD(10550, 010_550, nogo, 3),
+    FIELD(20020, 020_020, chn, 2), FIELD(20020, 020_020, cf, 3), FIELD(20055, 020_055, code, 037),
+    FIELD(20170, 020_170, cdm, 3), FIELD(20230, 020_230, com, 7), FIELD(20230, 020_230, stat, 8),
+    FIELD(20230, 020_230, b1b, 15), FIELD(20310, 020_310, msg, 127), FIELD(20400, 020_400, count, 32),
+    FIELD(21020, 021_020, emitter_category, 255), FIELD(21040, 021_040, atp, 7), FIELD(21040, 021_040, cl, 3),
+    FIELD(21090, 021_090, nucr_nacv, 7), FIELD(21090, 021_090, nucp_nic, 15), FIELD(21200, 021_200, ps, 7),
+    FIELD(21200, 021_200, ss, 3), FIELD(21210, 021_210, vn, 7), FIELD(21210, 021_210, ltt, 7),
+    FIELD(21903, 021_A03, atp, 7), FIELD(21905, 021_A05, ac, 3), FIELD(21905, 021_A05, mn, 3),
+    FIELD(21905, 021_A05, dc, 3), FIELD(21905, 021_A05, pa, 15), FIELD(21908, 021_A08, status, 255),
+    FIELD(48050, 048_050, code, 07777),
+};
+// clang-format on
+
+TEST(EveryEncoder, RefusesOneMoreThanAFieldHolds) {
+    LogCapture log;
+    for (const Field &field : kFields) {
+        EXPECT_TRUE(field.is_written(field.most)) << field.name;
+        EXPECT_FALSE(field.is_written(field.most + 1)) << field.name;
+    }
+}
+
 // What the exceptions let pass, by hand: octets and what they are written as.
 TEST(EveryEncoder, WritesExceptionsAsTheyAreMeant) {
     struct {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "support/octets.hpp"
+#include "support/records.hpp"
 #include "support/text.hpp"
 
 using namespace ast_test;
@@ -133,6 +134,13 @@ TEST(Convert, WhatDoesNotFitIsLeftOut) {
     EXPECT_EQ(converted(k001To048, octets("40 00")), octets("20 00"));
     EXPECT_EQ(converted(k048To001, octets("21 01 04 20 80 80 48")), octets("40 10")); // a doubtful Doppler speed
     EXPECT_EQ(converted(k048To001, octets("21 01 40 20 20")), octets("40 10"));       // a warning of Mode S
+}
+
+TEST(Convert, SubfieldsThatEndBeforeTheirOctetsAreLeftOut) {
+    uint8_t buffer[20];
+    const Record report(48, {{48020, "20"}, {48120, "80"}, {48130, "20"}});
+    const auto result = ast_datarecord_convert_048_001(buffer, sizeof buffer, report);
+    EXPECT_EQ(std::vector<uint8_t>(buffer, buffer + result.size), octets("40 10"));
 }
 
 // Readers choose between the layouts of plots and of tracks by I001/020, and take services by I002/000.

@@ -196,7 +196,7 @@ public:
     }
     explicit ReceivedText(std::string_view text) {
         TextWriter out(text_, sizeof text_);
-        append_received(out, text.substr(0, Chars));
+        append_received(out, {text.data(), text.size() < Chars ? text.size() : Chars});
     }
     const char *c_str() const { return text_; }
     operator std::string_view() const { return text_; }

@@ -20,13 +20,13 @@ struct Datagram {
     std::optional<Time> time;
     std::optional<Endpoints> endpoints;
     bool is_told = false;              // it holds no blocks, which is reported elsewhere
-    bool is_text = false;              // which is no block, whatever its first characters are
+    bool is_no_block = false;          // it holds none, whatever its first octets are
     const std::string *file = nullptr; // where several are merged, its name
 
     uint64_t together = 0; // where there are no packets, the number of what came in one datagram; 0 where none is known
     Octets trailer{};      // behind the last block, of a recorder's own
 
-    bool may_hold_blocks() const { return !is_told && !is_text; }
+    bool may_hold_blocks() const { return !is_told && !is_no_block; }
 
     // Whether blocks of both came in one datagram or packet.
     bool is_same_as(const Datagram &other) const {

@@ -33,6 +33,7 @@ struct FramingKind {
     Framed (*find)(Octets rest, std::vector<uint8_t> &storage); // null for what has a reader of its own
     std::optional<uint8_t> idle = {};                           // what may stand behind the last frame
     bool is_text = false;
+    bool is_bare = false; // its frames are told from chance by what follows them alone
 };
 
 // All of them, in the order in which they are tried.
@@ -40,11 +41,22 @@ std::span<const FramingKind> framings();
 
 const FramingKind *find_framing(std::string_view name);
 
+// The octets before the first frame of a file: none where the file does not begin as one of this framing does.
+uint64_t lead_of(const FramingKind &kind, Octets head);
+
+// Whether a frame that stands behind octets which are none is not there by chance: one that is bare stands before
+// another one or the end, with blocks that are read whole, or before many, with none of these in it.
+bool is_sure_frame(const FramingKind &kind, const Framed &frame, Octets rest);
+
+// How far it is from a place where no frame is to the next one where one may be.
+uint64_t octets_without_frame(const Framed &found, Octets rest);
+
 // Whether octets, none included, are nothing but what may stand behind the last frame.
 bool is_idle(const FramingKind &kind, Octets rest);
 
 // The framing whose frames the beginning of a file holds, or null when it is none of them, or when there is not enough
-// to tell. The more frames follow each other, the surer it is; plain blocks win a tie.
+// to tell. The more frames follow each other, the surer it is; plain blocks win a tie. Where the beginning is damaged,
+// or lies in the midst of a frame, it is the framing that explains most octets, and half of them at least.
 const FramingKind *recognise_framing(Octets head, bool is_whole_file);
 
 // The same for the octets of one datagram.

@@ -51,11 +51,43 @@ bool is_text_block(Octets block) {
 
 // The length of a block at the beginning of octets, 0 when there is none.
 uint64_t block_at(Octets octets) {
+    if (octets.empty() || !kIsPublished[octets[0]]) return 0;
     const Frame frame = frame_block(octets);
-    if (frame.framing != Framing::block || !kIsPublished[frame.category]) return 0;
-    if (is_text_block(octets.first(frame.length))) return 0;
+    if (frame.framing != Framing::block || is_text_block(octets.first(frame.length))) return 0;
     const Octets records = octets.subspan(kBlockHeaderOctets, frame.length - kBlockHeaderOctets);
     return has_fspec(records) ? frame.length : 0;
+}
+
+} // namespace
+
+bool is_read_whole(Octets octets) {
+    ast_reader_t reader{};
+    return ast_reader_learn(&reader, octets.data(), octets.size(), nullptr);
+}
+
+namespace {
+
+// How surely blocks run from a place on.
+enum class Run {
+    none,
+    open,  // as far as the octets go, too few to tell
+    loose, // two of them, by their headers, or one that ends where the octets do
+    sure,  // and each is read whole
+};
+
+struct RunAt {
+    Run run = Run::none;
+    uint64_t octets = 0; // of these blocks
+};
+
+RunAt run_at(Octets octets, bool is_end, Patience &patience) {
+    const uint64_t first = block_at(octets);
+    const Octets behind = octets.subspan(first);
+    const uint64_t second = block_at(behind);
+    const bool is_last = first != 0 && behind.empty() && is_end;
+    if (!is_last && (first == 0 || second == 0)) return {!is_end && may_begin_block(behind) ? Run::open : Run::none, 0};
+    const bool is_sure = patience.lasts(first + second) && is_read_whole(octets) && (is_last || is_read_whole(behind));
+    return {is_sure ? Run::sure : Run::loose, first + second};
 }
 
 struct Search {
@@ -63,34 +95,28 @@ struct Search {
     bool is_found = false;
 };
 
-bool is_read_whole(Octets octets) {
-    ast_reader_t reader{};
-    return ast_reader_learn(&reader, octets.data(), octets.size(), nullptr);
-}
-
-// The first place after `from` at which blocks run again: two of them, or one that ends where the octets do. What looks
-// like a block may by chance lead into the midst of true ones: one within it whose records fill it is preferred.
+// The first place after `from` at which blocks run again. What looks like blocks may by chance lead into the midst of
+// true ones: a place within them from which blocks surely run is preferred.
 Search next_blocks(Octets octets, uint64_t from, bool is_end, Patience &patience) {
     Search first;
-    uint64_t end = octets.size(); // of the block that was found first
+    uint64_t end = octets.size(); // of the blocks that were found first
     for (uint64_t place = from + 1; place < end && patience.lasts(1); ++place) {
-        const Octets rest = octets.subspan(place);
-        const uint64_t length = block_at(rest);
-        const Octets behind = rest.subspan(length);
-        const bool runs_on = length != 0 && (behind.empty() ? is_end : block_at(behind) != 0);
-        if (runs_on && patience.lasts(length) && is_read_whole(rest)) return {.place = place, .is_found = true};
+        if (!kIsPublished[octets[place]]) continue;
+        const RunAt found = run_at(octets.subspan(place), is_end, patience);
+        if (found.run == Run::sure) return {.place = place, .is_found = true};
         if (first.is_found) continue;
-        if (!runs_on && !is_end && may_begin_block(behind)) return {.place = place};
-        if (runs_on) first = {.place = place, .is_found = true};
-        if (runs_on) end = place + length;
+        if (found.run == Run::open) return {.place = place};
+        if (found.run == Run::loose) first = {.place = place, .is_found = true};
+        if (found.run == Run::loose) end = place + found.octets;
     }
     return first.is_found ? first : Search{.place = octets.size()};
 }
 
-// Whether a block that is none of the published ones still stands among others.
+// Whether a block that begins like none of the published ones still stands among others: before one of these, or, when
+// nothing is known of its category, in a row of its own.
 bool is_in_line(Octets behind, const Frame &frame, bool is_end) {
     if (behind.empty()) return is_end;
-    return behind[0] == frame.category || block_at(behind) != 0;
+    return block_at(behind) != 0 || (!kIsPublished[frame.category] && behind[0] == frame.category);
 }
 
 } // namespace
@@ -137,6 +163,26 @@ bool may_begin_block(Octets octets) {
     const Framing framing = frame_block(octets).framing;
     return octets.empty() ||
            (kIsPublished[octets[0]] && (framing == Framing::short_header || framing == Framing::past_end));
+}
+
+std::optional<uint64_t> find_sure_blocks(Octets octets, bool is_end, Patience &patience) {
+    for (uint64_t place = 0; place < octets.size() && patience.lasts(1); ++place)
+        if (kIsPublished[octets[place]] && run_at(octets.subspan(place), is_end, patience).run == Run::sure)
+            return place;
+    return std::nullopt;
+}
+
+uint64_t first_block(Octets octets, bool is_end, Patience &patience) {
+    const std::optional<uint64_t> sure = find_sure_blocks(octets, is_end, patience);
+    for (uint64_t led_to = 0; led_to < sure.value_or(0);) {
+        const Octets rest = octets.subspan(led_to);
+        const uint64_t length = block_at(rest);
+        if (length == 0 || rest[0] != octets[*sure]) return *sure;
+        if (is_read_whole(rest)) return 0;
+        led_to += length;
+        if (led_to == sure) return 0;
+    }
+    return sure.value_or(0);
 }
 
 Soundness check_blocks(Octets octets, bool is_end, Patience &patience) {

@@ -17,7 +17,18 @@ uint64_t chain_of_blocks(Octets octets);
 // may begin another one.
 std::optional<uint64_t> find_chain(Octets octets, uint64_t blocks, Patience &patience);
 
+// The first place at which two blocks run that are read whole, or one that ends where the octets do.
+std::optional<uint64_t> find_sure_blocks(Octets octets, bool is_end, Patience &patience);
+
+// Where reading begins in octets that may begin in the midst of a block: where blocks surely run. That is the beginning
+// when a block that is read whole stands there, or others of its category lead from there to one; and when there is no
+// such place.
+uint64_t first_block(Octets octets, bool is_end, Patience &patience);
+
 bool has_published_category(Octets block);
+
+// Whether the block at the beginning of octets is read to its end by an edition of its category.
+bool is_read_whole(Octets octets);
 
 // Whether any edition of a category can be read.
 bool is_known_category(uint32_t category);

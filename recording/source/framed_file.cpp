@@ -29,6 +29,11 @@ Framed FramedFile::frame_at(Octets rest) {
     return rest.size() < kMostFrameOctets ? incomplete_frame() : Framed{};
 }
 
+// Whether what follows a frame that is bare may yet have a say in it; of what is not at rest, it may be long in coming.
+bool FramedFile::has_to_wait(Octets rest) const {
+    return kind_.is_bare && !is_read_ && stream_.is_at_rest() && rest.size() < kMostFrameOctets;
+}
+
 bool FramedFile::read(Chunk &chunk) {
     if (!is_read_ && window_.read(chunk)) return true;
     is_read_ = true;
@@ -67,7 +72,9 @@ bool FramedFile::step(Chunk &chunk, Patience &patience) {
     if (rest.empty()) return false;
     const Framed framed = frame_at(rest);
     if (framed.state == Framed::State::incomplete && !is_read_) return false;
-    if (framed.state == Framed::State::frame) {
+    const bool is_frame = framed.state == Framed::State::frame && (!is_unsure_ || is_sure_frame(kind_, framed, rest));
+    is_unsure_ = !is_frame;
+    if (is_frame) {
         if (!framed.blocks.empty()) end_gap(chunk);
         add(chunk, framed);
         place_ += framed.octets;
@@ -77,7 +84,7 @@ bool FramedFile::step(Chunk &chunk, Patience &patience) {
     } else {
         if (!patience.lasts(kUsualOctets)) return false;
         if (!gap_) gap_ = offset_ + place_;
-        place_ += std::clamp<size_t>(framed.octets, 1, rest.size());
+        place_ += octets_without_frame(framed, rest);
     }
     return true;
 }
@@ -87,7 +94,8 @@ bool FramedFile::fill(Chunk &chunk) {
     place_ = 0;
     if (offset_ == 0) {
         while (chunk.octets().size() <= kind_.lead_octets && read(chunk)) continue;
-        place_ = std::min<size_t>(kind_.lead_octets, chunk.octets().size());
+        place_ = lead_of(kind_, chunk.octets());
+        is_unsure_ = place_ < kind_.lead_octets;
     }
     Patience patience = chunk.patience();
     while (step(chunk, patience)) continue;

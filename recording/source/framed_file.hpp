@@ -17,6 +17,7 @@ public:
 
 private:
     Framed frame_at(Octets rest);
+    bool has_to_wait(Octets rest) const;
     bool read(Chunk &chunk);
     bool step(Chunk &chunk, Patience &patience);
     Time time_of(uint32_t centiseconds);
@@ -30,6 +31,7 @@ private:
     uint64_t offset_ = 0; // of the next chunk in the file
     size_t place_ = 0;    // in the chunk
     bool is_read_ = false;
+    bool is_unsure_ = true;       // whether frames stand where they seem to: at the start, and behind what is none
     std::optional<uint64_t> gap_; // where octets began that are no frame
     uint32_t last_centiseconds_ = 0;
     int64_t days_ = 0; // since the first frame

@@ -38,6 +38,15 @@ private:
     size_t depth_ = 0;
 };
 
+// Of a stream that is not at rest, no more is waited for.
+bool has_control(OctetStream &stream) {
+    constexpr size_t kHeadOctets = 64;
+    const Octets head = stream.is_at_rest() ? stream.peek(kHeadOctets) : stream.peeked();
+    return std::ranges::any_of(head, [](uint8_t octet) {
+        return octet < ' ' && kBlanks.find(static_cast<char>(octet)) == std::string_view::npos;
+    });
+}
+
 } // namespace
 
 bool begins_json(OctetStream &stream) {
@@ -51,7 +60,7 @@ bool begins_json(OctetStream &stream) {
         if (head.size() <= i) return false;
         const char c = static_cast<char>(head[i]);
         if (kBlanks.find(c) != std::string_view::npos) continue;
-        if (in_object) return c == '"' || c == '}';
+        if (in_object) return (c == '"' || c == '}') && !has_control(stream);
         if (c != '{') return false;
         in_object = true;
     }
@@ -136,7 +145,7 @@ void JsonFile::take(std::string_view object, Chunk &chunk) {
     if (result.is_data && result.block == 0) {
         close_block(chunk);
         Datagram datagram = datagram_of(members, chunk.keep(octets));
-        datagram.is_text = is_text(octets);
+        datagram.is_no_block = true;
         chunk.add(datagram);
         return;
     }

@@ -19,12 +19,27 @@ bool RawFile::fill(Chunk &chunk) {
     window_.open(chunk);
     Patience patience = chunk.patience();
     while (stream_.is_at_rest() && !chunk.is_full() && read(chunk)) continue; // as far as the end, if that is near
-    uint64_t taken = take(chunk, 0, look_on(chunk, patience));
+    uint64_t taken = begin(chunk, patience);
+    if (taken == 0) taken = take(chunk, 0, look_on(chunk, patience));
     for (uint64_t step = taken; step != 0 && is_enough(chunk, taken); taken += step)
         step = take(chunk, taken, look(chunk.octets().subspan(taken), patience));
     window_.leave(chunk, taken);
     offset_ += taken;
     return !chunk.datagrams().empty();
+}
+
+// A file that was cut off at its beginning may begin in the midst of a block. Returns what of it is left over. Of what
+// is at rest, as much is looked at wherever a chunk ends.
+uint64_t RawFile::begin(Chunk &chunk, Patience &patience) {
+    constexpr size_t kHeadOctets = kMaxBlockOctets + 1;
+    if (offset_ != 0) return 0;
+    if (stream_.is_at_rest())
+        while (chunk.octets().size() <= kHeadOctets && read(chunk)) continue;
+    while (needs_more(frame_block(chunk.octets()).framing) && read(chunk)) continue;
+    const Octets head = chunk.octets().first(std::min(chunk.octets().size(), kHeadOctets));
+    const uint64_t rest = first_block(head, is_read_ && head.size() == chunk.octets().size(), patience);
+    if (rest != 0) add_gap(chunk, 0, rest, true);
+    return rest;
 }
 
 // The first block has to be whole before anything can be said; no more octets mend a LEN that does not count the
@@ -54,7 +69,7 @@ uint64_t RawFile::take(Chunk &chunk, uint64_t place, const Soundness &soundness)
                    .is_filled = true,
                    .offset = offset_ + place});
     if (!soundness.gap) return soundness.sound;
-    if (!is_cut_off(octets.subspan(soundness.sound))) add_gap(chunk, place + soundness.sound, *soundness.gap);
+    if (!is_cut_off(octets.subspan(soundness.sound))) add_gap(chunk, place + soundness.sound, *soundness.gap, false);
     return soundness.sound + *soundness.gap;
 }
 
@@ -82,10 +97,10 @@ bool RawFile::read(Chunk &chunk) {
 // A block that was about to be written when the user had seen enough is no damage.
 bool RawFile::is_cut_off(Octets rest) const { return stream_.cut_off() && needs_more(frame_block(rest).framing); }
 
-// As a datagram of its own, which starts with no whole block.
-void RawFile::add_gap(Chunk &chunk, uint64_t place, uint64_t octets) {
+// As a datagram of its own. Where blocks break off, it may begin with one that is damaged.
+void RawFile::add_gap(Chunk &chunk, uint64_t place, uint64_t octets, bool is_beginning) {
     const Octets unread = chunk.octets().subspan(place, octets);
-    chunk.add({.octets = unread, .offset = offset_ + place, .is_text = is_text(unread)});
+    chunk.add({.octets = unread, .offset = offset_ + place, .is_no_block = is_beginning || is_text(unread)});
 }
 
 } // namespace ast::recording

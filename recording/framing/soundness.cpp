@@ -4,6 +4,7 @@
 #include <array>
 #include <ast.h>
 #include <cstring>
+#include <memory>
 #include <vector>
 
 #include "base/printable.hpp"
@@ -42,11 +43,33 @@ bool has_fspec(Octets records) {
     return false;
 }
 
+constexpr size_t kTextOctets = 64; // that text is told by
+
+// Octets, looked at from place to place, of which many may be text.
+class TextRuns {
+public:
+    explicit TextRuns(Octets octets) : octets_(octets) {}
+
+    // Whether what begins at a place, none before the last one, is text as far as it would have to be for a block that
+    // is there not to be one.
+    bool is_text_from(uint64_t place) {
+        for (end_ = std::max(end_, place); end_ < octets_.size() && is_character(octets_[end_]);) ++end_;
+        return end_ - place >= kTextOctets;
+    }
+
+private:
+    static bool is_character(uint8_t octet) {
+        return (octet >= ' ' && octet <= '~') || (octet >= '\t' && octet <= '\r');
+    }
+
+    Octets octets_;
+    uint64_t end_ = 0; // of the text
+};
+
 // Text whose first characters, a blank is category 032, pass for the header of a block. No text has a control character
 // where most blocks have the higher octet of their LEN.
 bool is_text_block(Octets block) {
-    constexpr size_t kHeadOctets = 64;
-    return block[1] >= '\t' && is_text(block.first(std::min(block.size(), kHeadOctets)));
+    return block[1] >= '\t' && is_text(block.first(std::min(block.size(), kTextOctets)));
 }
 
 // The length of a block at the beginning of octets, 0 when there is none.
@@ -60,12 +83,50 @@ uint64_t block_at(Octets octets) {
 
 } // namespace
 
+namespace {
+
+// The profile that a block of each category was read with last, which most that follow are read with, too: that is much
+// faster than to try all of them.
+class LastProfiles {
+public:
+    bool read(Octets block) {
+        reader_.forced = profiles_[block[0]];
+        return reader_.forced && ast_reader_count(&reader_, &census_, block.data(), block.size()) == block.size();
+    }
+    void keep(uint32_t category, const ast_uap_t *profile) {
+        ast_census_clear(&census_); // which may have been full
+        profiles_[category] = profile;
+    }
+
+private:
+    ast_reader_t reader_{.forced = nullptr, .frozen = true, .clock = 0, .latest = 0, .sources = {}};
+    std::array<const ast_uap_t *, 256> profiles_{};
+    ast_census_t census_{};
+};
+
+} // namespace
+
 bool is_read_whole(Octets octets) {
-    ast_reader_t reader{};
-    return ast_reader_learn(&reader, octets.data(), octets.size(), nullptr);
+    const Frame frame = frame_block(octets);
+    if (frame.framing != Framing::block) return false;
+    const Octets block = octets.first(frame.length);
+    thread_local std::unique_ptr<LastProfiles> last;
+    if (!last) last = std::make_unique<LastProfiles>();
+    if (last->read(block)) return true;
+    if (!ast_reader_learn(nullptr, block.data(), block.size(), nullptr)) return false;
+    ast_reader_result_t result;
+    ast_reader_learn(nullptr, block.data(), block.size(), &result);
+    last->keep(frame.category, result.uap);
+    return true;
 }
 
 namespace {
+
+// Asked at every place that is looked at: a published category, and an FSPEC that announces an item or goes on.
+bool may_be_header(Octets octets, uint64_t place) {
+    return kIsPublished[octets[place]] &&
+           (octets.size() - place <= kBlockHeaderOctets || octets[place + kBlockHeaderOctets] != 0);
+}
 
 // How surely blocks run from a place on.
 enum class Run {
@@ -82,10 +143,11 @@ struct RunAt {
 
 RunAt run_at(Octets octets, bool is_end, Patience &patience) {
     const uint64_t first = block_at(octets);
+    if (first == 0) return {!is_end && may_begin_block(octets) ? Run::open : Run::none, 0};
     const Octets behind = octets.subspan(first);
     const uint64_t second = block_at(behind);
-    const bool is_last = first != 0 && behind.empty() && is_end;
-    if (!is_last && (first == 0 || second == 0)) return {!is_end && may_begin_block(behind) ? Run::open : Run::none, 0};
+    const bool is_last = behind.empty() && is_end;
+    if (!is_last && second == 0) return {!is_end && may_begin_block(behind) ? Run::open : Run::none, 0};
     const bool is_sure = patience.lasts(first + second) && is_read_whole(octets) && (is_last || is_read_whole(behind));
     return {is_sure ? Run::sure : Run::loose, first + second};
 }
@@ -96,27 +158,86 @@ struct Search {
 };
 
 // The first place after `from` at which blocks run again. What looks like blocks may by chance lead into the midst of
-// true ones: a place within them from which blocks surely run is preferred.
+// true ones: a place behind it or within it from which blocks surely run is preferred.
 Search next_blocks(Octets octets, uint64_t from, bool is_end, Patience &patience) {
     Search first;
+    TextRuns text(octets);
     uint64_t end = octets.size(); // of the blocks that were found first
     for (uint64_t place = from + 1; place < end && patience.lasts(1); ++place) {
-        if (!kIsPublished[octets[place]]) continue;
+        if (!may_be_header(octets, place)) continue;
+        if (text.is_text_from(place) && frame_block(octets.subspan(place)).framing == Framing::block) continue;
         const RunAt found = run_at(octets.subspan(place), is_end, patience);
         if (found.run == Run::sure) return {.place = place, .is_found = true};
-        if (first.is_found) continue;
-        if (found.run == Run::open) return {.place = place};
-        if (found.run == Run::loose) first = {.place = place, .is_found = true};
-        if (found.run == Run::loose) end = place + found.octets;
+        if (first.is_found || first.place != 0 || found.run == Run::none) continue;
+        first = {.place = place, .is_found = found.run == Run::loose};
+        if (first.is_found) end = place + found.octets;
     }
-    return first.is_found ? first : Search{.place = octets.size()};
+    return first.place != 0 ? first : Search{.place = octets.size()};
 }
 
-// Whether a block that begins like none of the published ones still stands among others: before one of these, or, when
-// nothing is known of its category, in a row of its own.
+} // namespace
+
+std::optional<uint64_t> find_sure_blocks(Octets octets, bool is_end, Patience &patience, uint64_t places) {
+    TextRuns text(octets);
+    for (uint64_t place = 0; place < std::min<uint64_t>(octets.size(), places) && patience.lasts(1); ++place) {
+        if (!may_be_header(octets, place) || text.is_text_from(place)) continue;
+        if (run_at(octets.subspan(place), is_end, patience).run == Run::sure) return place;
+    }
+    return std::nullopt;
+}
+
+namespace {
+
+// Whether a block that begins like none of the published ones still stands among others: before one of these that is
+// read whole, or, when nothing is known of its category, in a row of its own.
 bool is_in_line(Octets behind, const Frame &frame, bool is_end) {
     if (behind.empty()) return is_end;
-    return block_at(behind) != 0 || (!kIsPublished[frame.category] && behind[0] == frame.category);
+    if (behind[0] == frame.category) return !kIsPublished[frame.category];
+    return block_at(behind) != 0 && is_read_whole(behind);
+}
+
+// Whether a block is there by its header. A wrong LEN may by chance lead to where others stand: from one that is long,
+// or of a category that nothing is known of, none may run within it.
+bool is_sound_block(Octets rest, const Frame &frame, bool is_end, Patience &patience) {
+    constexpr uint64_t kLongOctets = 2048;
+    if (block_at(rest) != 0) {
+        if (frame.length < kLongOctets || is_read_whole(rest)) return true;
+    } else if (is_text_block(rest.first(frame.length)) || !is_in_line(rest.subspan(frame.length), frame, is_end)) {
+        return false;
+    }
+    return !find_sure_blocks(rest.subspan(1), is_end, patience, frame.length - 1);
+}
+
+// Where the last blocks of a run begin: a few of them.
+class LastBlocks {
+public:
+    void add(uint64_t place) {
+        places_[next_++ % places_.size()] = place;
+        size_ = std::min(size_ + 1, places_.size());
+    }
+    bool empty() const { return size_ == 0; }
+    uint64_t last() const { return places_[(next_ - 1) % places_.size()]; }
+    void take_back() {
+        --next_;
+        --size_;
+    }
+
+private:
+    std::array<uint64_t, 16> places_{};
+    size_t next_ = 0;
+    size_t size_ = 0;
+};
+
+// Where a run of blocks is in doubt when it breaks off at `end`: behind the last one that is read whole. Where none is,
+// their edition may not be known, and it is the last one alone that may have led astray.
+uint64_t doubtful_from(Octets octets, LastBlocks blocks, uint64_t end) {
+    if (blocks.empty()) return end;
+    const uint64_t last = blocks.last();
+    for (uint64_t from = end; !blocks.empty(); blocks.take_back()) {
+        if (is_read_whole(octets.subspan(blocks.last()))) return from == end ? end - 1 : from;
+        from = blocks.last();
+    }
+    return last;
 }
 
 } // namespace
@@ -165,13 +286,6 @@ bool may_begin_block(Octets octets) {
            (kIsPublished[octets[0]] && (framing == Framing::short_header || framing == Framing::past_end));
 }
 
-std::optional<uint64_t> find_sure_blocks(Octets octets, bool is_end, Patience &patience) {
-    for (uint64_t place = 0; place < octets.size() && patience.lasts(1); ++place)
-        if (kIsPublished[octets[place]] && run_at(octets.subspan(place), is_end, patience).run == Run::sure)
-            return place;
-    return std::nullopt;
-}
-
 uint64_t first_block(Octets octets, bool is_end, Patience &patience) {
     const std::optional<uint64_t> sure = find_sure_blocks(octets, is_end, patience);
     for (uint64_t led_to = 0; led_to < sure.value_or(0);) {
@@ -187,28 +301,30 @@ uint64_t first_block(Octets octets, bool is_end, Patience &patience) {
 
 Soundness check_blocks(Octets octets, bool is_end, Patience &patience) {
     Soundness result;
+    LastBlocks blocks;
     while (result.sound < octets.size()) {
         const Octets rest = octets.subspan(result.sound);
         const Frame frame = frame_block(rest);
         if (frame.framing == Framing::block) {
-            const Octets behind = rest.subspan(frame.length);
-            if (block_at(rest) != 0 || (!is_text_block(rest) && is_in_line(behind, frame, is_end))) {
+            if (is_sound_block(rest, frame, is_end, patience)) {
                 ++result.blocks;
                 result.last = result.sound;
+                blocks.add(result.sound);
                 result.sound += frame.length;
                 continue;
             }
-            if (!is_end && may_begin_block(behind)) return result;
+            if (!is_end && may_begin_block(rest.subspan(frame.length))) return result;
         } else if (frame.framing != Framing::short_length && !is_end) {
             // What is no beginning of a block, either, may be where a wrong LEN has led.
             if (!has_published_category(rest) && rest[0] != octets[result.last]) result.take_back_last();
             return result;
         }
-        const bool is_sure = result.sound != 0 && is_read_whole(octets.subspan(result.last));
-        const uint64_t from = is_sure ? result.sound - 1 : result.last;
-        const Search next = next_blocks(octets, from, is_end, patience);
+        const Search next = next_blocks(octets, doubtful_from(octets, blocks, result.sound), is_end, patience);
         if (patience.is_over()) return result;
-        if (next.is_found && next.place < result.sound) result.take_back_last();
+        for (; next.is_found && next.place < result.sound && !blocks.empty(); blocks.take_back()) {
+            result.sound = blocks.last();
+            --result.blocks;
+        }
         if (next.is_found || is_end)
             result.gap = next.place - result.sound;
         else if (next.place > result.sound)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <optional>
 
 #include "base/octets.hpp"
@@ -17,8 +18,10 @@ uint64_t chain_of_blocks(Octets octets);
 // may begin another one.
 std::optional<uint64_t> find_chain(Octets octets, uint64_t blocks, Patience &patience);
 
-// The first place at which two blocks run that are read whole, or one that ends where the octets do.
-std::optional<uint64_t> find_sure_blocks(Octets octets, bool is_end, Patience &patience);
+// The first place at which two blocks run that are read whole, or one that ends where the octets do; among so
+// many.
+std::optional<uint64_t> find_sure_blocks(Octets octets, bool is_end, Patience &patience,
+                                         uint64_t places = std::numeric_limits<uint64_t>::max());
 
 // Where reading begins in octets that may begin in the midst of a block: where blocks surely run. That is the beginning
 // when a block that is read whole stands there, or others of its category lead from there to one; and when there is no

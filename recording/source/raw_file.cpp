@@ -28,11 +28,13 @@ bool RawFile::fill(Chunk &chunk) {
     return !chunk.datagrams().empty();
 }
 
-// A file that was cut off at its beginning may begin in the midst of a block. Returns what of it is left over. Of what
+// A file that was cut off at its beginning may begin in the midst of a block, and so may what follows octets that are
+// none, as far as these go. Returns what of it is left over. Of what
 // is at rest, as much is looked at wherever a chunk ends.
 uint64_t RawFile::begin(Chunk &chunk, Patience &patience) {
     constexpr size_t kHeadOctets = kMaxBlockOctets + 1;
-    if (offset_ != 0) return 0;
+    if (offset_ != 0 && !is_lost_) return 0;
+    is_lost_ = false;
     if (stream_.is_at_rest())
         while (chunk.octets().size() <= kHeadOctets && read(chunk)) continue;
     while (needs_more(frame_block(chunk.octets()).framing) && read(chunk)) continue;
@@ -48,9 +50,16 @@ Soundness RawFile::look_on(Chunk &chunk, Patience &patience) {
     Frame first = frame_block(chunk.octets());
     while (needs_more(first.framing) && read(chunk)) first = frame_block(chunk.octets());
     Soundness soundness = look(chunk.octets(), patience);
-    while (soundness.sound == 0 && !soundness.gap && read(chunk)) soundness = look(chunk.octets(), patience);
+    while (soundness.sound == 0 && !soundness.gap && read(chunk)) {
+        while (stream_.is_at_rest() && read(chunk)) continue; // it is one search more at most
+        soundness = look(chunk.octets(), patience);
+    }
     if (soundness.sound != 0 || soundness.gap) return soundness;
-    return is_read_ ? look(chunk.octets(), patience) : give_up(chunk.octets(), patience);
+    if (is_read_) return look(chunk.octets(), patience);
+    // The chunk has no room for as many octets as it takes to tell where blocks run again.
+    is_lost_ = !patience.is_over();
+    if (is_lost_) soundness.gap = std::max<uint64_t>(soundness.no_blocks, 1);
+    return soundness;
 }
 
 // Whether what stands at a place would be looked at as it is, if a chunk began there.
@@ -81,13 +90,6 @@ Soundness RawFile::look(Octets octets, Patience &patience) const {
     return soundness;
 }
 
-// Where a chunk has no room for as many octets as it takes to tell where blocks run again.
-Soundness RawFile::give_up(Octets octets, Patience &patience) {
-    Soundness soundness = check_blocks(octets, false, patience);
-    if (soundness.sound == 0 && !patience.is_over()) soundness.gap = std::max<uint64_t>(soundness.no_blocks, 1);
-    return soundness;
-}
-
 bool RawFile::read(Chunk &chunk) {
     if (is_read_ || chunk.room().empty()) return false;
     is_read_ = !window_.read(chunk);
@@ -97,10 +99,15 @@ bool RawFile::read(Chunk &chunk) {
 // A block that was about to be written when the user had seen enough is no damage.
 bool RawFile::is_cut_off(Octets rest) const { return stream_.cut_off() && needs_more(frame_block(rest).framing); }
 
-// As a datagram of its own. Where blocks break off, it may begin with one that is damaged.
+// Where blocks break off, octets that are none may begin with one that is damaged; it stands for itself.
 void RawFile::add_gap(Chunk &chunk, uint64_t place, uint64_t octets, bool is_beginning) {
-    const Octets unread = chunk.octets().subspan(place, octets);
-    chunk.add({.octets = unread, .offset = offset_ + place, .is_no_block = is_beginning || is_text(unread)});
+    const Octets gap = chunk.octets().subspan(place, octets);
+    const Frame first = frame_block(gap);
+    uint64_t damaged = 0;
+    if (!is_beginning && first.framing == Framing::block && !is_text(gap)) damaged = first.length;
+    if (damaged != 0) chunk.add({.octets = gap.first(damaged), .offset = offset_ + place});
+    const Octets rest = gap.subspan(damaged);
+    if (!rest.empty()) chunk.add({.octets = rest, .offset = offset_ + place + damaged, .is_no_block = true});
 }
 
 } // namespace ast::recording

@@ -19,7 +19,6 @@ private:
     bool read(Chunk &chunk);
     uint64_t begin(Chunk &chunk, Patience &patience);
     Soundness look(Octets octets, Patience &patience) const;
-    static Soundness give_up(Octets octets, Patience &patience);
     Soundness look_on(Chunk &chunk, Patience &patience);
     bool is_enough(const Chunk &chunk, uint64_t place) const;
     uint64_t take(Chunk &chunk, uint64_t place, const Soundness &soundness);
@@ -30,6 +29,7 @@ private:
     Window window_;
     uint64_t offset_ = 0; // of the next chunk in the file
     bool is_read_ = false;
+    bool is_lost_ = false; // in the midst of octets that are no blocks
 };
 
 } // namespace ast::recording

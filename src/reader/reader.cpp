@@ -224,6 +224,16 @@ bool read_block(ast_reader_t *reader, bool learns, const uint8_t *data, uint64_t
     return result.valid = false;
 }
 
+// Where nothing is to be known but whether any profile fits.
+bool is_whole_block(const uint8_t *data, uint64_t available) {
+    if (!data || available < kBlockHeaderOctets) return false;
+    const CandidateBlock block{{data, available, read_u16(data + 1)}, find_candidates(data[0])};
+    if (block.length < kBlockHeaderOctets || block.length > available) return false;
+    for (const Candidate &candidate : block.own.candidates)
+        if (look_at(block, candidate).is_whole()) return true;
+    return false;
+}
+
 // A result for those who do not ask for one.
 class Answer {
 public:
@@ -274,6 +284,7 @@ bool ast_reader_split(ast_reader_t *reader, ast_split_t *split, const uint8_t *d
 }
 
 bool ast_reader_learn(ast_reader_t *reader, const uint8_t *data, uint64_t available, ast_reader_result_t *result) {
+    if (!reader && !result) return is_whole_block(data, available);
     Answer answer(result);
     return read_block(reader, true, data, available, *answer, [&](const Candidate &candidate, uint32_t category) {
         const CandidateBlock block{{data, available, (*answer).length}, find_candidates(category)};

@@ -102,6 +102,7 @@
 #include "ast/queries.h"
 #include "ast/schema.h"
 #include "ast/reader.h"
+#include "ast/answers.h"
 #include "ast/census.h"
 #include "ast/convert.h"
 

@@ -5,6 +5,7 @@
 #include "reader/answer_tables.hpp"
 
 #include <array>
+#include <bit>
 
 #include "schema/edition.hpp"
 
@@ -758,8 +759,6 @@ uint64_t size_of(const Subfield &subfield, const uint8_t *data, uint64_t left) {
 
 namespace {
 
-constexpr unsigned bits_of(Presence presence) { return presence == Presence::Chained ? 7 : 8; }
-
 // The octets of the presence bits; kTooLong when there are fewer.
 uint64_t presence_octets(Presence presence, const uint8_t *data, uint64_t left) {
     uint64_t octets = 1;
@@ -768,35 +767,48 @@ uint64_t presence_octets(Presence presence, const uint8_t *data, uint64_t left) 
     return octets <= left ? octets : kTooLong;
 }
 
+// Visits the places of the subfields that so many octets announce, as long as the visitor wants to go on.
+template <typename Visit>
+bool each_announced(Presence presence, const uint8_t *data, uint64_t octets, Visit visit) {
+    const bool is_chained = presence == Presence::Chained;
+    for (size_t first = 0; octets != 0; --octets, first += is_chained ? 7 : 8)
+        for (uint32_t left = is_chained ? *data++ & ~uint32_t{kFx} : *data++; left != 0;) {
+            const auto place = static_cast<unsigned>(std::countl_zero(static_cast<uint8_t>(left)));
+            left &= ~(0x80U >> place);
+            if (!visit(first + place)) return false;
+        }
+    return true;
+}
+
 } // namespace
 
 uint64_t size_of(const Subfield *list, size_t count, Presence presence, const uint8_t *data, uint64_t left) {
     const uint64_t octets = presence_octets(presence, data, left);
     if (octets == kTooLong) return kTooLong;
-    const unsigned bits = bits_of(presence);
     uint64_t size = octets;
-    for (size_t i = 0; i < octets * bits; ++i) {
-        if (!bit(data[i / bits], static_cast<unsigned>(8 - i % bits))) continue;
-        const uint64_t more = i < count ? size_of(list[i], data + size, left - size) : kTooLong;
-        if (more == kTooLong) return kTooLong;
+    const bool is_whole = each_announced(presence, data, octets, [&](size_t place) {
+        const uint64_t more = place < count ? size_of(list[place], data + size, left - size) : kTooLong;
+        if (more == kTooLong) return false;
         size += more;
-    }
-    return size;
+        return true;
+    });
+    return is_whole ? size : kTooLong;
 }
 
 void read_subfields(Answering &answering, const Subfield *list, size_t count, Presence presence, const uint8_t *data,
                     uint64_t size) {
-    uint64_t offset = presence_octets(presence, data, size);
-    if (offset == kTooLong) return;
-    const unsigned bits = bits_of(presence);
-    const uint64_t announced = offset * bits;
-    for (size_t i = 0; i < count && i < announced; ++i) {
-        if (!bit(data[i / bits], static_cast<unsigned>(8 - i % bits))) continue;
-        const uint64_t octets = size_of(list[i], data + offset, size - offset);
-        if (octets == kTooLong) return;
-        if (list[i].read) list[i].read(answering, data + offset, octets);
-        offset += octets;
-    }
+    const uint64_t octets = presence_octets(presence, data, size);
+    if (octets == kTooLong) return;
+    uint64_t offset = octets;
+    each_announced(presence, data, octets, [&](size_t place) {
+        if (place >= count) return false;
+        const Subfield &subfield = list[place];
+        const uint64_t more = size_of(subfield, data + offset, size - offset);
+        if (more == kTooLong) return false;
+        if (subfield.read) subfield.read(answering, data + offset, more);
+        offset += more;
+        return true;
+    });
 }
 
 } // namespace ast::reader

@@ -24,10 +24,7 @@ int64_t day_of(int64_t time_ns) { return time_ns / kDayNs - (time_ns % kDayNs < 
 // The moment at a time of day that is the closest to reception: on its day, or the one before or after.
 int64_t closest(int64_t reception_ns, double time_of_day_s) {
     const auto time_of_day_ns = static_cast<int64_t>(time_of_day_s * static_cast<double>(kSecondNs) + 0.5);
-    const int64_t day = day_of(reception_ns);
-    const int64_t late_ns = reception_ns - day * kDayNs - time_of_day_ns;
-    const int64_t days = late_ns > kDayNs / 2 ? 1 : late_ns < -kDayNs / 2 ? -1 : 0;
-    return (day + days) * kDayNs + time_of_day_ns;
+    return day_of(reception_ns - time_of_day_ns + kDayNs / 2) * kDayNs + time_of_day_ns;
 }
 
 // Completes a truncated time of day, again to the closest moment. It starts from 0 at midnight.

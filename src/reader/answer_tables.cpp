@@ -773,7 +773,7 @@ bool each_announced(Presence presence, const uint8_t *data, uint64_t octets, Vis
     const bool is_chained = presence == Presence::Chained;
     for (size_t first = 0; octets != 0; --octets, first += is_chained ? 7 : 8)
         for (uint32_t left = is_chained ? *data++ & ~uint32_t{kFx} : *data++; left != 0;) {
-            const auto place = static_cast<unsigned>(std::countl_zero(static_cast<uint8_t>(left)));
+            const auto place = static_cast<unsigned>(std::countl_zero(left << 24)); // of the octet
             left &= ~(0x80U >> place);
             if (!visit(first + place)) return false;
         }
@@ -803,8 +803,10 @@ void read_subfields(Answering &answering, const Subfield *list, size_t count, Pr
     each_announced(presence, data, octets, [&](size_t place) {
         if (place >= count) return false;
         const Subfield &subfield = list[place];
-        const uint64_t more = size_of(subfield, data + offset, size - offset);
-        if (more == kTooLong) return false;
+        const uint64_t left = size - offset;
+        const bool is_fixed = subfield.shape == Subfield::Shape::Fixed; // as most are
+        const uint64_t more = is_fixed ? subfield.octets : size_of(subfield, data + offset, left);
+        if (more > left) return false;
         if (subfield.read) subfield.read(answering, data + offset, more);
         offset += more;
         return true;

@@ -1,6 +1,5 @@
 // The tables of answers, a row for each item that has some, category beside category. Bits count from 1 at the first
-// of the item or subfield. A field without a remark is the first choice; choice() 1 is the second, and so on, in the
-// whole category.
+// of the item or subfield. A field is the first choice of its category, with as_choice(1) the second, and so on.
 
 #include "reader/answer_tables.hpp"
 
@@ -93,7 +92,7 @@ constexpr Read kRadarDescriptor =
     read<1, flag(Coasted, 1, 3, 1U << 0), flag(Simulated, 4), flag(Spi, 6), flag(Test, 9), flag(Emergency, 12)>;
 constexpr Read kRadarTrackStatus = read<1, flag(Ended, 9)>;
 
-// Mode 5: SUM, PMN or what takes its octets, POS, GA.
+// Behind SUM, PMN and POS of Mode 5.
 template <unsigned choice>
 constexpr Read kMode5Height = read<2, kHeight25.as_choice(choice)>;
 

@@ -50,8 +50,8 @@
  *     answer               021, since 2.1       032  048                062                     150  205
  *     sac, sic             010                  010  010                010                          010
  *     type                 all                  all  all                all                     030  000
- *     time                 071, 073, 077, 072,  020  140                070                          030
- *                          075
+ *     time                 071, 073 and 074,    020  140                070                          030
+ *                          077, 072, 075 and 076
  *     track_number         161                  040  161                040                     210  160
  *     squawk               070                  060  070                060, 340/MDA            060
  *     callsign             170, 250 r           400  240, 250 r         245, 380/ID, r, 390/CS  050
@@ -75,7 +75,7 @@
  *     indicated_airspeed_kt, mach 150, 250 r         250 r              380/IAR, 380/MAC, 380/IAS, r
  *     --------
  *     spi                  200, 271                  020, 230           080, 380/COM
- *     emergency            200, REF/STA              020                080, 380/SAB
+ *     emergency            200, REF/STA              020                080, 380/SAB, REF/V3/PS3
  *     on_ground            040                       230                080, 380/COM, 380/SAB
  *     simulated            040                       020                080, 340/TYP
  *     test                 040                       020                340/TYP
@@ -168,7 +168,8 @@ typedef struct {
 /** Room for a callsign and its terminator. */
 #define AST_ANSWER_CALLSIGN_CAPACITY 9
 
-/** The answers of a record. A member means something where its bit is set, and is 0 or empty where it is not. */
+/** The answers of a record. A member means something where its bit is set in `present`, and is 0, empty or false where
+ *  it is not: AST_ANSWER_SPI says that the record tells whether there is SPI, and `spi` what it tells. */
 typedef struct {
     uint64_t present;     /* AST_ANSWER_... */
     int64_t timestamp_ns; /* since 1970, UTC: the time of day on the day that brings it closest to reception */
@@ -213,12 +214,13 @@ typedef struct {
     bool ended;   /* the last report of a track */
 } ast_answers_t;
 
-/** Answers what a record answers.
+/** Answers what a record answers. A value that its field says is not valid, exceeded its range or is not known is no
+ *  answer; neither are times of 24 hours and above, positions off the globe, and callsigns of blanks.
  *  record   a decoded record; null, or one that is not valid, answers nothing
- *  context  null for nothing known; then there is no timestamp, nor time of category 001, whose truncated time of day
- * is completed to the one closest to reception answers  written whole; null asks nothing A value that its field says is
- * not valid, exceeded its range or is not known is no answer; neither are times of 24 hours and above, positions off
- * the globe, and callsigns of blanks. Returns answers.present, 0 for a null struct. */
+ *  context  null for nothing known: then there is no timestamp, nor a time of category 001, whose truncated time of day
+ *           is completed to the one closest to reception
+ *  answers  written whole; null asks nothing
+ *  Returns answers.present, 0 for a null struct. */
 AST_API uint64_t ast_datarecord_get_answers(const ast_datarecord_t *record, const ast_answer_context_t *context,
                                             ast_answers_t *answers);
 

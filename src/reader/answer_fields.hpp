@@ -446,6 +446,20 @@ inline void read_truncated_time(Answering &answering, const uint8_t *data, uint6
     read<2, number(Answer::Time, 1, 16, {1, 128})>(answering, data, size);
 }
 
+// The seconds of the time of day that was this choice stay, but for one more or less, with a fraction of more bits.
+template <unsigned choice>
+void refine_time(Answering &answering, const uint8_t *data, uint64_t size) {
+    constexpr double kDayS = 24 * 60 * 60;
+    constexpr double kCarryS[] = {0, 1, kDayS - 1}; // by the full second indication; 3 means nothing
+    if (size < 4 || data[0] >= std::size(kCarryS) << 6 || (answering.given[choice] & AST_ANSWER_TIME) == 0) return;
+    if (!answering.wants<choice - 1>(AST_ANSWER_TIME)) return; // a better one came before
+    double &time_s = answering.out.time_of_day_s;
+    if (time_s >= kDayS) return;
+    const Octets octets{data};
+    const double fraction_s = octets.bits<3, 30>() / static_cast<double>(1U << 30);
+    time_s = std::fmod(std::floor(time_s) + kCarryS[octets.bits<1, 2>()], kDayS) + fraction_s;
+}
+
 // ---- Subfields ----
 
 struct Subfield {

@@ -427,7 +427,9 @@ constexpr Row k021[] = {
     {71, kTime021<0>},
     {72, kTime021<3>},
     {73, kTime021<1>},
+    {74, refine_time<1>},
     {75, kTime021<4>},
+    {76, refine_time<4>},
     {77, kTime021<2>},
     {80, kAddress},
     {130, kGlobe24<1>},
@@ -576,6 +578,10 @@ constexpr Subfield kAircraft062[] = {
 
 constexpr Subfield kPlan062[] = {{2}, {7, read_ascii_callsign<7, 4>}};
 
+// Priority status of ADS-B since version 3, behind a bit that says whether there is one.
+constexpr Subfield kVersion3In062[] = {{1, read<1, flag(Emergency, 2, 3, kPriorities | 1U << 7).when_set(1)>}};
+constexpr Subfield kExpansion062[] = {elements(5), elements(3), {4}, chained(), compound<kVersion3In062>};
+
 constexpr Row k062[] = {
     {10, kSource},
     {40, kTrackNumber16},
@@ -595,6 +601,7 @@ constexpr Row k062[] = {
     {340, read_compound<kMeasured062>},
     {380, read_compound<kAircraft062>},
     {390, read_compound<kPlan062>},
+    {AST_ITEM_REF, read_expansion<kExpansion062>},
 };
 
 // ---- 063, 065: status of sensors and systems ----

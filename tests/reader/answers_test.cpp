@@ -391,6 +391,12 @@ const Case kTargets[] = {
      62,
      {{62080, "01 01 01 01 39 00"}},
      "type=track spi=0 emergency=0 simulated=0 coasted=0 ended=0"},
+    {"062, priority since version 3, behind a sensor",
+     62,
+     {{62998, "0A 88 01 19 0C 05 01 2F 80 A0"}},
+     "type=track emergency=1"},
+    {"062, no priority since version 3", 62, {{62998, "04 08 80 80"}}, "type=track emergency=0"},
+    {"062, priority since version 3 that is not there", 62, {{62998, "04 08 80 20"}}, "type=track"},
     {"062, a military emergency", 62, {{62080, "01 01 10"}}, "type=track spi=0 emergency=1 simulated=0 ended=0"},
     {"062, a surface target",
      62,
@@ -685,6 +691,34 @@ TEST(Answers, HaveNoTimestampWithoutReceptionOrTime) {
     for (const int64_t never : {INT64_MIN, INT64_MAX}) {
         context.reception_ns = never;
         EXPECT_EQ(shown(answers_of(timed, &context)), "time=27221 type=plot");
+    }
+}
+
+TEST(Answers, RefineATimeOfReception) {
+    struct {
+        const char *name;
+        std::initializer_list<Content> items;
+        const char *expected;
+    } const kTimes[] = {
+        {"a quarter instead of half a second", {{21073, "35 2A C0"}, {21074, "10 00 00 00"}}, "27221.25"},
+        {"the smallest step", {{21073, "00 00 00"}, {21074, "00 00 00 01"}}, "9.3132257e-10"},
+        {"a second later", {{21073, "35 2A C0"}, {21074, "50 00 00 00"}}, "27222.25"},
+        {"a second earlier", {{21073, "35 2A C0"}, {21074, "90 00 00 00"}}, "27220.25"},
+        {"an indication that means nothing", {{21073, "35 2A C0"}, {21074, "D0 00 00 00"}}, "27221.5"},
+        {"after midnight", {{21073, "A8 BF FF"}, {21074, "60 00 00 00"}}, "0.5"},
+        {"before midnight", {{21073, "00 00 00"}, {21074, "A0 00 00 00"}}, "86399.5"},
+        {"no time of day", {{21073, "A8 C0 00"}, {21074, "10 00 00 00"}}, ""},
+        {"of a velocity", {{21075, "35 2A C0"}, {21076, "10 00 00 00"}}, "27221.25"},
+        {"of another time", {{21075, "35 2A C0"}, {21074, "10 00 00 00"}}, "27221.5"},
+        {"behind a better one", {{21071, "35 2A C0"}, {21073, "00 00 00"}, {21074, "10 00 00 00"}}, "27221.5"},
+        {"alone", {{21074, "10 00 00 00"}}, ""},
+        {"an octet short", {{21073, "35 2A C0"}, {21074, "10 00 00"}}, "27221.5"},
+    };
+    for (const auto &each : kTimes) {
+        const std::string time = *each.expected ? std::string("time=") + each.expected + " type=report" : "type=report";
+        Record record(21, each.items);
+        record->uap = AST_UAP_PUBLISHED;
+        EXPECT_EQ(shown(answers_of(record)), time) << each.name;
     }
 }
 

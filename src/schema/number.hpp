@@ -1,7 +1,6 @@
 // Quantities and numbers as decimal digits, exactly both ways: what is printed reads back to the same bits.
 #pragma once
 
-#include <bit>
 #include <concepts>
 #include <cstring>
 #include <string_view>
@@ -15,11 +14,20 @@ constexpr unsigned kNumberRoom = 24;
 
 constexpr char digit(uint64_t value) { return static_cast<char>('0' + value); }
 
-// "00", "01" ... "99".
-inline constexpr auto kDigitPairs = [] {
-    std::array<char, 200> pairs{};
-    for (size_t i = 0; i < 100; ++i) pairs[2 * i] = digit(i / 10), pairs[2 * i + 1] = digit(i % 10);
-    return pairs;
+// "000", "001" ... "999". Behind each stand in one octet how many zeros it has in front of its last digit, and how many
+// digits it has without the zeros at its end.
+constexpr unsigned kThousand = 1000;
+inline constexpr auto kThrees = [] {
+    std::array<char, size_t{4} * (kThousand + 1)> all{};
+    for (unsigned i = 0; i < kThousand; ++i) {
+        const unsigned in_front = i < 10 ? 2 : i < 100 ? 1 : 0;
+        const unsigned kept = i == 0 ? 0 : i % 100 == 0 ? 1 : i % 10 == 0 ? 2 : 3;
+        all[4 * i] = digit(i / 100);
+        all[4 * i + 1] = digit(i / 10 % 10);
+        all[4 * i + 2] = digit(i % 10);
+        all[4 * i + 3] = static_cast<char>(kept << 2 | in_front);
+    }
+    return all;
 }();
 
 // 1, 10, 100 ...
@@ -29,53 +37,78 @@ inline constexpr auto kPowersOfTen = [] {
     return powers;
 }();
 
-// Of a number that is not 0.
-constexpr unsigned count_digits(uint64_t value) {
-    constexpr unsigned kLogOfTwo = 1233; // a decimal logarithm, in 4096ths: near enough up to 64 bits
-    const unsigned digits = static_cast<unsigned>(std::bit_width(value)) * kLogOfTwo >> 12;
-    return digits + (value >= kPowersOfTen[digits]);
+inline const char *three_digits(uint64_t value) { return &kThrees[4 * static_cast<size_t>(value)]; }
+
+// Three digits; one more character is written.
+inline char *put_three(char *out, uint64_t value) {
+    std::memcpy(out, three_digits(value), 4);
+    return out + 3;
 }
 
-// So many digits of a number in front of a place, which moves there; returns what is left of the number.
-template <std::unsigned_integral Number>
-inline Number put_digits_before(char *&end, Number value, unsigned digits) {
-    for (; digits >= 2; digits -= 2, value /= 100)
-        std::memcpy(end -= 2, &kDigitPairs[static_cast<size_t>(2 * (value % 100))], 2);
-    if (digits == 0) return value;
-    *--end = digit(value % 10);
-    return value / 10;
+// Without the zeros in front.
+inline char *put_below_thousand(char *out, uint64_t value) {
+    const char *const digits = three_digits(value);
+    const unsigned zeros = static_cast<uint8_t>(digits[3]) & 3;
+    std::memcpy(out, digits + zeros, 4);
+    return out + (3 - zeros);
 }
 
-// A number that is not 0, with its last digits behind the point, zeros at the end left out there.
-template <std::unsigned_integral Number>
-inline char *put_digits(char *out, Number value, unsigned decimals) {
-    while (decimals != 0 && value % 10 == 0) value /= 10, --decimals;
-    unsigned digits = count_digits(value);
-    if (digits <= decimals) digits = decimals + 1;
-    char *const end = out + digits + (decimals != 0);
-    char *at = end;
-    if (decimals != 0) {
-        value = put_digits_before(at, value, decimals);
-        *--at = '.';
-    }
-    put_digits_before(at, value, digits - decimals);
-    return end;
-}
-
-inline char *put_decimal(char *out, uint64_t value, unsigned decimals) {
-    if (value == 0) {
-        *out = '0';
-        return out + 1;
-    }
-    if (value > UINT32_MAX) [[unlikely]] // division is dearer
-        return put_digits(out, value, decimals);
-    return put_digits(out, static_cast<uint32_t>(value), decimals);
+[[gnu::noinline]] inline char *put_large_number(char *out, uint64_t value) {
+    const uint64_t thousands = value / kThousand;
+    out = thousands < kThousand ? put_below_thousand(out, thousands) : put_large_number(out, thousands);
+    return put_three(out, value % kThousand);
 }
 
 inline char *put_number(char *out, uint64_t value) {
-    if (value >= 10) return put_decimal(out, value, 0);
-    *out = digit(value);
-    return out + 1;
+    return value < kThousand ? put_below_thousand(out, value) : put_large_number(out, value);
+}
+
+// Digits behind a point, of which one is not 0, in threes and without the zeros at the end.
+template <unsigned Threes>
+inline char *put_fraction(char *out, uint64_t fraction) {
+    if constexpr (Threes == 1) {
+        put_three(out, fraction);
+        return out + (static_cast<uint8_t>(three_digits(fraction)[3]) >> 2);
+    } else {
+        constexpr uint64_t kRest = kPowersOfTen[3 * (Threes - 1)];
+        if (fraction % kRest == 0) return put_fraction<1>(out, fraction / kRest);
+        return put_fraction<Threes - 1>(put_three(out, fraction / kRest), fraction % kRest);
+    }
+}
+
+// A number whose last digits stand behind the point. Those of 32 bits are cheaper to divide.
+template <unsigned Threes, std::unsigned_integral Number>
+inline char *put_quantity(char *out, Number value) {
+    if constexpr (Threes == 0) {
+        return put_number(out, value);
+    } else {
+        constexpr auto kOne = static_cast<Number>(kPowersOfTen[3 * Threes]);
+        const Number whole = value / kOne;
+        const Number fraction = value - whole * kOne;
+        out = put_number(out, whole);
+        if (fraction == 0) return out;
+        *out = '.';
+        return put_fraction<Threes>(out + 1, fraction);
+    }
+}
+
+// How many zeros a quantity lacks to have its decimals in threes.
+constexpr unsigned zeros_lacking(unsigned decimals) { return (3 - decimals % 3) % 3; }
+
+inline char *put_decimal(char *out, uint64_t value, unsigned decimals) {
+    value *= kPowersOfTen[zeros_lacking(decimals)];
+    switch ((decimals + 2) / 3) {
+    case 0:
+        return put_quantity<0>(out, value);
+    case 1:
+        return put_quantity<1>(out, value);
+    case 2:
+        return put_quantity<2>(out, value);
+    case 3:
+        return put_quantity<3>(out, value);
+    default:
+        return put_quantity<4>(out, value);
+    }
 }
 
 // The magnitude of a raw number below zero in two's complement.

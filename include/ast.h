@@ -57,7 +57,8 @@
  *                          otherwise. The functions of shared layouts take items of any type.
  *     ..._encode           takes a value record and writes the octets of the item into buffer. Nothing is written, and
  *                          result is not valid, when the record is missing or not valid, when the buffer is missing or
- *                          too short, or when a value does not fit its field.
+ *                          too short, or when a value does not fit its field; the few encoders that cut a value to
+ *                          its field instead say so.
  *     ..._get_summary      writes one line on the value; empty for an item that the decoder does not take
  *     ..._get_detail_html  writes the fields of the value as an HTML table; empty for such an item
  *

@@ -21,7 +21,7 @@
  *     ast_datarecord_t record;
  *     while (ast_recording_next(recording, &block))
  *         for (uint64_t r = 0; ast_recording_get_record(recording, r, &record); ++r)
- *             printf("%06X\n", ast_datarecord_get_icaoaddr(&record).value);
+ *             printf("%06X\n", ast_datarecord_get_icaoaddr(&record).address);
  *     ast_recording_state_t state;
  *     if (ast_recording_get_state(recording, &state) != AST_RECORDING_ENDED) fprintf(stderr, "%s\n", state.error.text);
  *     ast_recording_close(recording);
@@ -31,7 +31,7 @@
  * - A recording belongs to one thread at a time, but for ast_recording_interrupt. Any number of them may be open in a
  *   process, also of the same file; they share nothing.
  * - What is damaged, not supported or left out never ends the reading: it goes to the caller's report function, as
- * data, and reading goes on behind it. Nothing is written to a standard stream, nor to the log of ast.h.
+ *   data, and reading goes on behind it. Nothing is written to a standard stream, nor to the log of ast.h.
  * - What is handed over, a block with its octets and texts, is the recording's own and good until the next call of
  *   ast_recording_next, ast_recording_next_within or ast_recording_close with it.
  * - Unlike the first library, this one allocates, and it starts threads where that is said. They block all signals.
@@ -98,7 +98,7 @@ AST_RECORDING_API uint64_t ast_time_to_text(char *text, uint64_t capacity, int64
 #define AST_REASON_UNFINISHED UINT32_C(2)    /* what is packed or captured is not whole: detail says why */
 #define AST_REASON_FRAGMENTS UINT32_C(3)     /* of so many datagrams (count), fragments are missing */
 #define AST_REASON_DROPPED UINT32_C(4)       /* so many datagrams (count) came faster than they were taken */
-#define AST_REASON_TRUNCATED UINT32_C(5)     /* a datagram of which the rest was not captured (its place, available) */
+#define AST_REASON_TRUNCATED UINT32_C(5)     /* the capture has cut a datagram (its place, available, octets) */
 #define AST_REASON_UNDISSECTED UINT32_C(6)   /* the headers of a packet make no sense (packet): detail says why */
 #define AST_REASON_STREAM_GAP UINT32_C(7)    /* octets of a TCP stream are missing (packet, sender, receiver, octets) */
 #define AST_REASON_STREAM_REST UINT32_C(8)   /* behind these, octets that begin no block (the same) */
@@ -196,15 +196,16 @@ typedef struct {
     const char *hosts;      /* the same: "10.1.0.0/16,10.2.3.4-10.2.3.9", also IPv6 */
     const char *from;       /* what was received at this time or later, in UTC: "2014-02-25T12:43:47.5Z", also with a
                                blank for the T, and without the Z, the fraction or the seconds; or "12:43:47", without
-                               the date: then on the day of the first datagram, or on the next day, where that is nearer.
+                               the date: then on the day of the first datagram, or on the next one, where that is
+                               nearer.
                                Without a time of its own, or without a date where one is asked for, nothing is chosen */
     const char *to;         /* what was received at this time or before. Without a date, the first such time behind the
                                beginning, or, if that is later, behind `from` */
     const char *network_interface; /* that udp:// listens on, by name or address; null for the system's choice */
     bool merge;  /* several inputs as one, by the times of their datagrams, of equal ones by the order of the inputs.
-                    Each  keeps its own order. Times without a date are put on the day that brings them nearest to the
-                    first  datagram of the first input that has one, but are handed over as they are. An input without
-                    times  ends the reading */
+                    Each keeps its own order. Times without a date are put on the day that brings them nearest to the
+                    first datagram of the first input that has one, but are handed over as they are. An input without
+                    times ends the reading */
     bool follow; /* wait for more at the end of a file that grows; of one input */
     uint32_t threads; /* that read and split ahead of the caller, at most 256; blocks come in the same order. 0: they
                          are read within ast_recording_next; but what has to be waited for, from the network, standard
@@ -238,7 +239,8 @@ typedef struct {
  *  error    is set whatever comes; null when nobody asks
  *  Returns null when an option has no meaning, a file is not there or may not be read, or an address cannot be listened
  *  to. All else shows when it is read: that a file is a directory, or no capture after all, is reported, and the inputs
- *  behind it are read. A connection is made by the first ast_recording_next, so that it can be interrupted. */
+ *  behind it are read. A connection is made by a thread of the recording, so that it can be interrupted: the first
+ *  ast_recording_next waits for it. */
 AST_RECORDING_API ast_recording_t *ast_recording_open(const char *const *inputs, uint64_t count,
                                                       const ast_recording_options_t *options,
                                                       ast_recording_error_t *error);

@@ -13,13 +13,13 @@ AST_BEGIN_DECLARATIONS
  *  any other type. Constant. */
 AST_API const char *ast_dataitem_001_get_name(ast_dataitem_type_t type);
 
-/** I001/020, target report descriptor. */
+/** I001/020, target report descriptor. What stands in an octet that was not sent is 0 or false. */
 typedef struct {
     bool valid;
     uint32_t typ; /* 0 plot, 1 track */
     bool sim;
     uint32_t ssr_psr; /* detected in the last scan: 0 not at all, 1 by PSR, 2 by SSR, 3 by both */
-    uint32_t ant;     /* antenna, 1 (by default) or 2 */
+    uint32_t ant;     /* antenna, 1 (by default, also for 0) or 2 */
     bool spi;
     bool rab; /* from a fixed transponder */
     bool tst;
@@ -54,8 +54,8 @@ typedef struct {
 AST_API ast_dataitem_001_040_t ast_dataitem_001_040_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_001_040_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
 AST_API void ast_dataitem_001_040_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
-/** Rounds range and azimuth and stores the raw values back when one of them is positive; writes the raw ones otherwise.
- *  A full circle is written as 0. */
+/** Rounds range and azimuth and stores the raw values back unless both are 0; writes the raw ones otherwise. Refuses
+ * what is no number, a range that does not fit and an azimuth below 0 or above 360; a full circle is written as 0. */
 AST_API void ast_dataitem_001_040_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
                                          const ast_dataitem_src_t *source);
 
@@ -108,14 +108,14 @@ AST_API void ast_dataitem_001_150_get_detail_html(char *text, uint64_t capacity,
 AST_API void ast_dataitem_001_150_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
                                          const ast_dataitem_src_t *source);
 
-/** I001/170, track status. */
+/** I001/170, track status. tre is false when its octet was not sent. */
 typedef struct {
     bool valid;
     bool con;      /* in initialisation */
     uint32_t rad;  /* 0 primary track, 1 SSR or combined track */
     bool man;      /* manoeuvring */
     bool dou;      /* doubtful association of plot and track */
-    uint32_t rdpc; /* processing chain, 1 (by default) or 2 */
+    uint32_t rdpc; /* processing chain, 1 (by default, also for 0) or 2 */
     bool gho;      /* suspected to be a ghost */
     bool tre;      /* last report of the track */
 } ast_dataitem_001_170_t;

@@ -15,13 +15,14 @@ AST_API const char *ast_dataitem_010_get_name(ast_dataitem_type_t type);
 /** I010/000, message type: 1 target report, 2 start of update cycle, 3 periodic status, 4 status after an event. */
 AST_API void ast_dataitem_010_000_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
 
-/** I010/020, target report descriptor. */
+/** I010/020, target report descriptor. What stands in an octet that was not sent is 0 or false: a loop status and a
+ * type of target of 0 are undetermined. */
 typedef struct {
     bool valid;
     uint32_t typ; /* 0 SSR multilateration, 1 Mode S multilateration, 2 ADS-B, 3 PSR, 4 magnetic loop, 5 HF
                      multilateration, 7 other */
     bool dcr;     /* differential correction */
-    uint32_t chn; /* chain, 1 (by default) or 2 */
+    uint32_t chn; /* chain, 1 (by default, also for 0) or 2 */
     bool gbs;     /* ground bit */
     bool crt;     /* corrupted replies */
     bool sim;
@@ -49,8 +50,8 @@ typedef struct {
 AST_API ast_dataitem_010_040_t ast_dataitem_010_040_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_010_040_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
 AST_API void ast_dataitem_010_040_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
-/** Rounds range and azimuth and stores the raw values back when one of them is positive; writes the raw ones otherwise.
- *  A full circle is written as 0. */
+/** Rounds range and azimuth and stores the raw values back unless both are 0; writes the raw ones otherwise. Refuses
+ * what is no number, a range that does not fit and an azimuth below 0 or above 360; a full circle is written as 0. */
 AST_API void ast_dataitem_010_040_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
                                          const ast_dataitem_src_t *source);
 
@@ -62,7 +63,7 @@ AST_API void ast_dataitem_010_042_get_detail_html(char *text, uint64_t capacity,
 AST_API void ast_dataitem_010_042_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
                                          const ast_dataitem_src_t *source);
 
-/** I010/170, track status. */
+/** I010/170, track status. What stands in an octet that was not sent is 0 or false. */
 typedef struct {
     bool valid;
     bool cnf;     /* in initialisation */
@@ -84,7 +85,7 @@ AST_API void ast_dataitem_010_170_get_detail_html(char *text, uint64_t capacity,
 AST_API void ast_dataitem_010_170_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
                                          const ast_dataitem_src_t *source);
 
-/** I010/270, target size and orientation. */
+/** I010/270, target size and orientation. What was not sent is 0. */
 typedef struct {
     bool valid;
     uint32_t length_m;

@@ -13,7 +13,8 @@ AST_BEGIN_DECLARATIONS
  *  any other type. Constant. */
 AST_API const char *ast_dataitem_020_get_name(ast_dataitem_type_t type);
 
-/** I020/020, target report descriptor. Each technology took part where its bit is set. */
+/** I020/020, target report descriptor. Each technology took part where its bit is set. What stands in an octet that was
+ *  not sent is false, and 1 and 3 for chn and cf. */
 typedef struct {
     bool valid;
     bool ssr; /* SSR, 1090 MHz, without Mode S */
@@ -25,17 +26,17 @@ typedef struct {
     bool ot;  /* another one */
     bool rab; /* from a fixed transponder */
     bool spi;
-    uint32_t chn; /* chain, 1 (by default) or 2 */
+    uint32_t chn; /* chain, 1 (by default, also for 0) or 2 */
     bool gbs;     /* ground bit */
     bool crt;     /* corrupted replies */
     bool sim;
     bool tst;
-    uint32_t cf; /* address: 0 of ICAO, 1 another; 2 no ADS-B message, 3 not available */
+    uint32_t cf; /* address: 0 of ICAO, 1 another; 2 no ADS-B message, 3 (by default) not available */
 } ast_dataitem_020_020_t;
 AST_API ast_dataitem_020_020_t ast_dataitem_020_020_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_020_020_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
 AST_API void ast_dataitem_020_020_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
-/** Writes as many octets as hold something, at least one. */
+/** Writes three octets unless cf is 3, otherwise one, or two when the second one holds something. */
 AST_API void ast_dataitem_020_020_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
                                          const ast_dataitem_src_t *source);
 
@@ -62,7 +63,7 @@ AST_API void ast_dataitem_020_055_get_detail_html(char *text, uint64_t capacity,
 AST_API void ast_dataitem_020_055_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
                                          const ast_dataitem_src_t *source);
 
-/** I020/170, track status. */
+/** I020/170, track status. gho is false when its octet was not sent. */
 typedef struct {
     bool valid;
     bool cnf;     /* in initiation */

@@ -33,7 +33,8 @@ AST_API ast_dataitem_048_020_t ast_dataitem_048_020_decode(const ast_dataitem_t 
 AST_API void ast_dataitem_048_020_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
 AST_API void ast_dataitem_048_020_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
 /** Writes one octet, or two when tst, me, mi or foe_fri is set; takes a buffer of two in any case. ME and MI go to bits
- * 7 and 6 of the second octet, where the decoder does not look for them. */
+ *  7 and 6 of the second octet, where the decoder does not look for them. Nothing is refused: a typ above 7 is written
+ * as 0, an rdp other than 2 as chain 1, and a foe_fri above 3 as 0. */
 AST_API void ast_dataitem_048_020_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
                                          const ast_dataitem_src_t *source);
 
@@ -62,7 +63,7 @@ AST_API ast_dataitem_048_040_t ast_dataitem_048_040_decode(const ast_dataitem_t 
 AST_API void ast_dataitem_048_040_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
 AST_API void ast_dataitem_048_040_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
 /** Rounds range and azimuth and stores the raw values back when one of them is positive; writes the raw ones otherwise.
- */
+ *  Nothing is refused: the low 16 bits of each are written, so that 256 NM is 0 and the azimuth goes round. */
 AST_API void ast_dataitem_048_040_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
                                          const ast_dataitem_src_t *source);
 
@@ -87,6 +88,7 @@ typedef struct {
 AST_API ast_dataitem_048_050_t ast_dataitem_048_050_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_048_050_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
 AST_API void ast_dataitem_048_050_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
+/** Refuses a code of more than twelve bits. */
 AST_API void ast_dataitem_048_050_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
                                          const ast_dataitem_src_t *source);
 

@@ -69,7 +69,8 @@ AST_API void ast_dataitem_240_020_get_summary(char *text, uint64_t capacity, con
 typedef struct {
     bool valid;
     uint32_t length; /* characters, as sent */
-    char text[256];  /* terminated; as sent, so it may hold any characters, markup included */
+    char text[256];  /* terminated; as sent, so it may hold any characters, markup included, as the summary does; the
+                        detail view and that of a record escape it */
 } ast_dataitem_240_030_t;
 AST_API ast_dataitem_240_030_t ast_dataitem_240_030_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_240_030_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);

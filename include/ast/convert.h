@@ -2,8 +2,9 @@
  *
  * Each takes a decoded record and writes a record of the other category into buffer, which must not overlap the octets
  * of the source. The result is as a decoder gives it, its items in buffer. It is not valid when the source is missing,
- * not valid or of another category, when there is nothing that it can carry, or when the buffer is missing or too
- * short; what is in the buffer then is not to be used.
+ * not valid or of another category, when there is nothing that it can carry, when what says how its octets are read
+ * would be missing (I001/020, I002/000), or when the buffer is missing or too short; what is in the buffer then is not
+ * to be used.
  *
  * What has no place in the other category, or does not fit its field, is left out. Where both have a field in the same
  * scale its octets are taken over. What becomes what, and how it comes back:
@@ -44,7 +45,7 @@
 AST_BEGIN_DECLARATIONS
 
 /** A target report as category 001: a track, of AST_UAP_STANDARD, when it has a track number, otherwise a plot, of
- *  AST_UAP_CAT001_PLOT. */
+ *  AST_UAP_CAT001_PLOT. Not valid without I048/020: readers choose between the two by I001/020. */
 AST_API ast_datarecord_t ast_datarecord_convert_048_001(uint8_t *buffer, uint64_t length,
                                                         const ast_datarecord_t *source);
 
@@ -52,7 +53,8 @@ AST_API ast_datarecord_t ast_datarecord_convert_048_001(uint8_t *buffer, uint64_
 AST_API ast_datarecord_t ast_datarecord_convert_001_048(uint8_t *buffer, uint64_t length,
                                                         const ast_datarecord_t *source);
 
-/** A service message as category 002 of AST_UAP_STANDARD. */
+/** A service message as category 002 of AST_UAP_STANDARD. Not valid for one that category 002 has no type for, or that
+ *  has none. */
 AST_API ast_datarecord_t ast_datarecord_convert_034_002(uint8_t *buffer, uint64_t length,
                                                         const ast_datarecord_t *source);
 

@@ -38,7 +38,10 @@ AST_API ast_dataitem_t ast_dataitem_decode(const uint8_t *data, uint64_t availab
 AST_API ast_dataitem_t ast_dataitem_copy(uint8_t *buffer, uint64_t length, const ast_dataitem_t *source);
 
 /** Writes the octets of an item from its value record. Not valid when the value is missing or not valid, out of range,
- *  or too long for the buffer; an item type without an encoder is reported at level 2. */
+ *  or too long for the buffer; an item type without an encoder is reported at level 2.
+ *  Positions of eight octets are always written in units of 180/2^25 degrees, so what is written as I010/041 or
+ * I016/400 reads as a 64th of its latitude and longitude, and I021/131 as a 32nd; ast_datarecord_from_json writes such
+ * positions in their own units. */
 AST_API ast_dataitem_t ast_dataitem_encode(uint8_t *buffer, uint64_t length, const ast_dataitem_src_t *source);
 
 /** One line on the item's value, such as "SAC:025 SIC:012". "NOT_IMPLEMENTED" for an item that is not valid or whose

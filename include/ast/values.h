@@ -140,7 +140,9 @@ typedef struct {
     char text[9];
 } ast_aircraft_id_t;
 
-/** A target identification and where it comes from. */
+/** A target identification and where it comes from. sti is named as in I020/245 and I062/245. In I010/245 the same bits
+ * say otherwise: there 0 is a callsign or registration from the target, 1 a callsign and 2 a registration that are not;
+ * the views name them as the others all the same. */
 typedef struct {
     bool valid;
     uint32_t sti; /* 0 not from the target, 1 registration, 2 callsign from the target, 3 (default) undefined */
@@ -193,7 +195,8 @@ AST_API void ast_dataitem_sector_number_encode(ast_dataitem_t *result, uint8_t *
 AST_API void ast_dataitem_sector_number_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
 AST_API void ast_dataitem_sector_number_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
 
-/* Time of day, three octets. The encoder writes raw unless it is 0, and then the time. */
+/* Time of day, three octets. The encoder writes raw unless it is 0, and then the time; bits above the 24 of the field
+ * are dropped. */
 AST_API ast_time_of_day_t ast_dataitem_time_of_day_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_time_of_day_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
                                              const ast_dataitem_src_t *source);
@@ -215,7 +218,8 @@ AST_API void ast_dataitem_position_wgs84_low_get_detail_html(char *text, uint64_
 
 /* WGS-84 position, eight octets. LSB 180/2^31 degrees in I010/041 and I016/400, 180/2^30 in I019/600 and I021/131, and
  * 180/2^25 in all others. AST_OPTION_INVERT_062_LONGITUDE applies to I062/105. The encoder always writes LSB 180/2^25,
- * and negative values as 2^32 - 1 + value. */
+ * and negative values as 2^32 - 1 + value. So I010/041 and I016/400 read back as a 64th of what was written, and
+ * I021/131 as a 32nd. */
 AST_API ast_value_pair_t ast_dataitem_position_wgs84_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_position_wgs84_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
                                                 const ast_dataitem_src_t *source);
@@ -244,15 +248,16 @@ AST_API void ast_dataitem_mode_3a_confidence_encode(ast_dataitem_t *result, uint
 AST_API void ast_dataitem_mode_3a_confidence_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
 AST_API void ast_dataitem_mode_3a_confidence_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
 
-/* Mode C code, two octets. The encoder writes a negative level as 2^14 - 1 + value, so that it reads one lower. */
+/* Mode C code, two octets. The encoder writes a negative level as 2^14 - 1 + value, so that it reads one lower, and
+ * refuses -8192, below which there is nothing to read. */
 AST_API ast_mode_c_t ast_dataitem_mode_c_code_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_mode_c_code_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
                                              const ast_dataitem_src_t *source);
 AST_API void ast_dataitem_mode_c_code_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
 AST_API void ast_dataitem_mode_c_code_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
 
-/* Mode C code with confidence, four octets. The encoder takes the pulses from code, at most 65535, and the quality from
- * pulses. */
+/* Mode C code with confidence, four octets. The encoder takes the pulses from code, at most 65535, whose bits above the
+ * twelve pulses are dropped, and the quality from pulses. */
 AST_API ast_mode_c_confidence_t ast_dataitem_mode_c_confidence_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_mode_c_confidence_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
                                                    const ast_dataitem_src_t *source);
@@ -265,7 +270,7 @@ AST_API void ast_dataitem_height_get_summary(char *text, uint64_t capacity, cons
 AST_API void ast_dataitem_height_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
 
 /* Vertical rate, two octets, 15 bits, LSB 6.25 ft/min; value in feet per minute. The encoder writes value unless it is
- * 0, and then raw. */
+ * 0, and then raw; what is no number is written as 0. */
 AST_API ast_scaled_value_t ast_dataitem_vertical_rate_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_vertical_rate_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
                                                const ast_dataitem_src_t *source);
@@ -305,7 +310,8 @@ AST_API void ast_dataitem_target_address_encode(ast_dataitem_t *result, uint8_t 
 AST_API void ast_dataitem_target_address_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
 AST_API void ast_dataitem_target_address_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item);
 
-/* Aircraft identification, six octets: eight characters of six bits. The encoder fills a short text with blanks. */
+/* Aircraft identification, six octets: eight characters of six bits. The encoder fills a short text with blanks; a
+ * character that has no code is written as 0, where the text ends when it is read. */
 AST_API ast_aircraft_id_t ast_dataitem_aircraft_id_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_aircraft_id_encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length,
                                              const ast_dataitem_src_t *source);

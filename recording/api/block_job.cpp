@@ -9,10 +9,6 @@ namespace ast::recording {
 
 namespace {
 
-bool is_same_datagram(const Datagram &one, const Datagram &other) {
-    return one.packet != 0 && one.packet == other.packet && one.file == other.file;
-}
-
 uint32_t state_of(uint32_t report_kind) {
     if (report_kind == AST_REPORT_OTHER_TRAFFIC) return AST_BLOCK_OTHER_TRAFFIC;
     return report_kind == AST_REPORT_UNSUPPORTED ? AST_BLOCK_UNSUPPORTED : AST_BLOCK_DAMAGED;
@@ -24,7 +20,7 @@ uint64_t BlockJob::number_datagrams(uint64_t next) {
     const std::vector<Datagram> &datagrams = chunk.datagrams();
     datagram_numbers.clear();
     for (size_t i = 0; i < datagrams.size(); ++i) {
-        if (i != 0 && is_same_datagram(datagrams[i - 1], datagrams[i])) --next;
+        if (i != 0 && datagrams[i].is_same_as(datagrams[i - 1])) --next;
         datagram_numbers.push_back(next++);
     }
     return next;

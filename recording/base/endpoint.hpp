@@ -30,6 +30,8 @@ struct Endpoint {
 struct Endpoints {
     Endpoint source;
     Endpoint destination;
+
+    bool operator==(const Endpoints &other) const = default;
 };
 
 // "10.0.0.1", "2001:db8::1", "fe80::1%eth0"; nothing for any other text.

@@ -17,11 +17,18 @@ constexpr size_t kOctetsAtATime = size_t{64} * 1024; // of compressed files, and
 
 [[noreturn]] void fail() { throw std::system_error(errno, std::generic_category()); }
 
+// With an interruption, a pipe that nobody writes to yet is waited for by that, and not here where it is opened.
+int open_to_read(const std::string &path, bool is_interruptible) {
+    if (path == "-") return STDIN_FILENO;
+    const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | (is_interruptible ? O_NONBLOCK : 0));
+    if (descriptor >= 0 && is_interruptible) ::fcntl(descriptor, F_SETFL, 0);
+    return descriptor;
+}
+
 } // namespace
 
 OctetStream::OctetStream(const std::string &path, Interruption *interruption, bool follow)
-    : descriptor_(path == "-" ? STDIN_FILENO : ::open(path.c_str(), O_RDONLY | O_CLOEXEC)),
-      interruption_(interruption) {
+    : descriptor_(open_to_read(path, interruption)), interruption_(interruption) {
     if (descriptor_ < 0) fail();
     struct stat status {};
     if (::fstat(descriptor_, &status) != 0 || !S_ISREG(status.st_mode)) return;

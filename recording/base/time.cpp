@@ -69,8 +69,29 @@ std::optional<Moment> read_moment(std::string_view text) {
     return moment;
 }
 
+bool is_in_calendar(const Time &time) {
+    using namespace std::chrono;
+    constexpr int64_t kFirst = sys_seconds(sys_days(year(1900) / 1 / 1)).time_since_epoch().count();
+    constexpr int64_t kEnd = sys_seconds(sys_days(year(9999) / 12 / 31)).time_since_epoch().count() + kSecondsPerDay;
+    return kFirst <= time.seconds && time.seconds < kEnd;
+}
+
+namespace {
+
+// "253402300800.000000"
+std::optional<Time> read_seconds(std::string_view text) {
+    const size_t point = std::min(text.find('.'), text.size());
+    const auto seconds = read_number<int64_t>(text.substr(0, point));
+    const auto nanoseconds = read_fraction(text.substr(point));
+    if (!seconds || !nanoseconds || is_in_calendar({*seconds, *nanoseconds})) return std::nullopt;
+    return Time{*seconds, *nanoseconds};
+}
+
+} // namespace
+
 std::optional<Time> read_time(std::string_view text) {
     constexpr size_t kFewestCharacters = 20;
+    if (const auto time = read_seconds(text)) return time;
     if (text.size() < kFewestCharacters || text[kDateCharacters] != 'T' || !text.ends_with('Z')) return std::nullopt;
     const auto moment = read_moment(text);
     if (!moment || !moment->day) return std::nullopt;
@@ -84,24 +105,44 @@ Time now() {
     return {whole.count(), static_cast<uint32_t>(duration_cast<nanoseconds>(since_1970 - whole).count())};
 }
 
-void put_time(TextBuffer &out, const Time &time) {
-    const std::time_t seconds = time.seconds;
-    // Datagrams come in their order: most share their second with the one before.
-    thread_local std::time_t last_seconds = -1;
+namespace {
+
+// Datagrams come in their order: most share their second with the one before.
+const std::string &second_text(std::time_t seconds) {
+    thread_local std::optional<std::time_t> last_seconds;
     thread_local std::string last;
-    if (seconds != last_seconds) {
-        std::tm utc{};
-        gmtime_r(&seconds, &utc);
-        char text[32];
-        last.assign(text, std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &utc));
-        last_seconds = seconds;
-    }
-    out.put(last);
+    if (seconds == last_seconds) return last;
+    last_seconds = seconds;
+    if (!is_in_calendar({seconds, 0})) return last = std::to_string(seconds);
+    std::tm utc{};
+    gmtime_r(&seconds, &utc);
+    char text[32];
+    return last.assign(text, std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &utc));
+}
+
+} // namespace
+
+void put_time(TextBuffer &out, const Time &time) {
+    out.put(second_text(time.seconds));
     out.put('.');
     if (time.nanoseconds % 1000 == 0)
         out.number(time.nanoseconds / 1000, 6, '0');
     else
         out.number(time.nanoseconds, 9, '0');
+}
+
+void put_iso_time(TextBuffer &out, const Time &time) {
+    const size_t begin = out.size();
+    put_time(out, time);
+    if (!is_in_calendar(time)) return;
+    out.set(begin + kDateCharacters, 'T');
+    out.put('Z');
+}
+
+std::string time_text(const Time &time) {
+    TextBuffer text;
+    put_time(text, time);
+    return std::string(text.text());
 }
 
 } // namespace ast::recording

@@ -4,6 +4,7 @@
 #include <compare>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "base/text_buffer.hpp"
@@ -34,10 +35,18 @@ struct Moment {
 // without the date; in UTC.
 std::optional<Moment> read_moment(std::string_view text);
 
-// The same with date, T, seconds and Z: the form that JSON has.
+// Whether a calendar with four digits for the year, from 1900 on, has it. Times that it has not are no clock's, and are
+// shown as seconds since 1970: "253402300800.000000".
+bool is_in_calendar(const Time &time);
+
+// The same with date, T, seconds and Z, or such seconds: the form that JSON has.
 std::optional<Time> read_time(std::string_view text);
 
 // "2024-05-06 07:08:09.000012", in UTC.
 void put_time(TextBuffer &out, const Time &time);
+std::string time_text(const Time &time);
+
+// "2024-05-06T07:08:09.000012Z", or seconds as above.
+void put_iso_time(TextBuffer &out, const Time &time);
 
 } // namespace ast::recording

@@ -252,12 +252,13 @@ void set(Endpoint &endpoint, Octets address, uint16_t port) {
     endpoint.port = port;
 }
 
-// `length` octets of the payload are said to be there. What is returned is made where the caller wants it: it is large.
+// `length` octets of the payload are said to be there; where IP knows of no more than there are, the capture has cut
+// nothing. What is returned is made where the caller wants it: it is large.
 std::optional<Transported> transported(const IpContent &content, size_t header_octets, size_t length) {
     const Octets captured = content.octets.subspan(header_octets);
     std::optional<Transported> found(std::in_place);
     found->payload = captured.first(std::min(length, captured.size()));
-    found->is_truncated = captured.size() < length;
+    found->is_truncated = captured.size() < length && content.octets.size() < content.length;
     Endpoints &endpoints = found->endpoints.emplace();
     set(endpoints.source, content.source, read_u16(content.octets, 0));
     set(endpoints.destination, content.destination, read_u16(content.octets, 2));
@@ -267,7 +268,8 @@ std::optional<Transported> transported(const IpContent &content, size_t header_o
 std::optional<Transported> read_udp(const IpContent &content) {
     constexpr size_t kLength = 4;
     if (content.octets.size() < kUdpHeaderOctets) throw Undissected("UDP header cut short");
-    const size_t length = std::max<size_t>(read_u16(content.octets, kLength), kUdpHeaderOctets);
+    const size_t length = read_u16(content.octets, kLength);
+    if (length < kUdpHeaderOctets) throw Undissected("UDP length below that of its header");
     return transported(content, kUdpHeaderOctets, length - kUdpHeaderOctets);
 }
 

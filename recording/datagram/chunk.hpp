@@ -34,6 +34,8 @@ public:
         datagrams_.push_back(datagram);
         reports_.place = datagrams_.size();
     }
+    // What stands behind the blocks of the last datagram.
+    void set_trailer(Octets octets) { datagrams_.back().trailer = octets; }
     const std::vector<Datagram> &datagrams() const { return datagrams_; }
 
     // Gives all datagrams the time and route of what brought them.

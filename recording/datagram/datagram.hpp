@@ -23,7 +23,16 @@ struct Datagram {
     bool is_text = false;              // which is no block, whatever its first characters are
     const std::string *file = nullptr; // where several are merged, its name
 
+    uint64_t together = 0; // where there are no packets, the number of what came in one datagram; 0 where none is known
+    Octets trailer{};      // behind the last block, of a recorder's own
+
     bool may_hold_blocks() const { return !is_told && !is_text; }
+
+    // Whether blocks of both came in one datagram or packet.
+    bool is_same_as(const Datagram &other) const {
+        const bool is_known = packet != 0 || together != 0;
+        return is_known && packet == other.packet && together == other.together && file == other.file;
+    }
 };
 
 } // namespace ast::recording

@@ -19,6 +19,7 @@ void Losses::add(const Report &report) {
         break;
     case AST_REASON_TRUNCATED:
         ++truncated;
+        skipped += data.octets;
         break;
     case AST_REASON_UNDISSECTED:
         ++undissected;
@@ -80,7 +81,7 @@ std::string Losses::text() const {
         const char *noun;
         const char *fate;
     } losses[] = {
-        {truncated, "datagram", "truncated"},
+        {truncated, "datagram", "cut by the capture"},
         {dropped, "datagram", "dropped by the system"},
         {undissected, "packet", "not dissected"},
         {incomplete, "datagram", "with missing fragments"},

@@ -57,25 +57,37 @@ bool Payloads::is_foreign(Chunk &chunk, const Datagram &datagram) {
     return true;
 }
 
+// What the capture has cut is nobody's other traffic: its blocks are read as far as they are there.
 void Payloads::add(Chunk &chunk, const Datagram &datagram, bool is_truncated) {
     if (!chunk.is_wanted(datagram)) return;
     const bool is_chain = chain_of_blocks(datagram.octets) == datagram.octets.size();
     if (is_chain && !datagram.octets.empty()) other_traffic_.blocks(datagram, chunk.reports());
-    if (!is_chain && is_foreign(chunk, datagram)) return;
-    if (is_truncated) chunk.reports().truncated(datagram);
-    if (is_chain) return chunk.add(datagram);
-    if (add_unwrapped(chunk, datagram)) return;
+    if (!is_chain && !is_truncated && is_foreign(chunk, datagram)) return;
+    if (is_chain) {
+        if (is_truncated) chunk.reports().truncated(datagram, 0);
+        return chunk.add(datagram);
+    }
+    if (!is_truncated && add_unwrapped(chunk, datagram)) return;
     for (uint64_t place = 0; place < datagram.octets.size();) {
         const Soundness soundness = check_blocks(datagram.octets.subspan(place), true);
         add_part(chunk, datagram, place, soundness.sound);
         place += soundness.sound;
-        const uint64_t gap = soundness.gap.value_or(0);
-        if (!is_trailer(datagram.octets, place, gap))
-            add_part(chunk, datagram, place, gap);
-        else
-            count_trailer(gap);
-        place += gap;
+        add_gap(chunk, datagram, place, soundness.gap.value_or(0), is_truncated);
+        place += soundness.gap.value_or(0);
     }
+}
+
+// Octets that are no blocks. The last of what is cut go with the report of that.
+void Payloads::add_gap(Chunk &chunk, const Datagram &datagram, uint64_t place, uint64_t octets, bool is_truncated) {
+    const bool is_last = place + octets == datagram.octets.size();
+    if (is_truncated && is_last) {
+        chunk.reports().truncated(datagram, octets);
+        Datagram rest = datagram;
+        rest.is_told = true;
+        return add_part(chunk, rest, place, octets);
+    }
+    if (is_trailer(datagram.octets, place, octets)) return add_trailer(chunk, datagram.octets.subspan(place));
+    add_part(chunk, datagram, place, octets);
 }
 
 void Payloads::add_part(Chunk &chunk, const Datagram &datagram, uint64_t place, uint64_t octets) {
@@ -93,9 +105,10 @@ bool Payloads::is_trailer(Octets payload, uint64_t place, uint64_t octets) {
     return is_last && octets <= kMostOctets && !has_published_category(payload.subspan(place));
 }
 
-void Payloads::count_trailer(uint64_t octets) {
+void Payloads::add_trailer(Chunk &chunk, Octets octets) {
+    chunk.set_trailer(octets);
     ++trailers_;
-    trailer_octets_ += octets;
+    trailer_octets_ += octets.size();
 }
 
 bool Payloads::tell(Reports &reports) {

@@ -19,7 +19,8 @@ private:
     bool is_foreign(Chunk &chunk, const Datagram &datagram);
     static void add_part(Chunk &chunk, const Datagram &datagram, uint64_t place, uint64_t octets);
     static bool is_trailer(Octets payload, uint64_t place, uint64_t octets);
-    void count_trailer(uint64_t octets);
+    void add_gap(Chunk &chunk, const Datagram &datagram, uint64_t place, uint64_t octets, bool is_truncated);
+    void add_trailer(Chunk &chunk, Octets octets);
 
     OtherTraffic other_traffic_;
     uint64_t trailers_ = 0; // datagrams

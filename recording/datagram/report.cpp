@@ -134,10 +134,11 @@ void Reports::dropped(uint64_t datagrams) {
     add(std::move(report));
 }
 
-void Reports::truncated(const Datagram &datagram) {
+void Reports::truncated(const Datagram &datagram, uint64_t octets_of_part) {
     Report report(AST_REPORT_DAMAGED, AST_REASON_TRUNCATED);
     set_place(report.data, datagram, 0);
     report.data.available = datagram.octets.size();
+    report.data.octets = octets_of_part;
     add(std::move(report));
 }
 

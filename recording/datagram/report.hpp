@@ -61,8 +61,8 @@ public:
     void incomplete(uint64_t datagrams);
     void dropped(uint64_t datagrams);
 
-    // A datagram of which only the first octets are at hand.
-    void truncated(const Datagram &datagram);
+    // A datagram of which only the first octets are at hand, the last of them of a block that is not whole.
+    void truncated(const Datagram &datagram, uint64_t octets_of_part);
 
     // Datagrams with octets behind the last block, so many in all, that a recorder has put there.
     void trailers(uint64_t datagrams, uint64_t octets);

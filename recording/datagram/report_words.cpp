@@ -95,8 +95,8 @@ ReportWords dropped(const Facts &facts) {
 }
 
 ReportWords truncated(const Facts &facts) {
-    const std::string text = packet_text(facts) + ": truncated to " + counted(facts.available, "octet");
-    return {.text = text, .cause = "only the first octets are there", .example = text, .noun = "datagram"};
+    const std::string text = packet_text(facts) + ": cut by the capture after " + counted(facts.available, "octet");
+    return {.text = text, .cause = "cut by the capture", .example = text, .noun = "datagram"};
 }
 
 ReportWords undissected(const Facts &facts) {

@@ -3,7 +3,9 @@
 
 #include <algorithm>
 
+#include "framing/block_header.hpp"
 #include "framing/framing.hpp"
+#include "framing/soundness.hpp"
 
 namespace ast::recording {
 
@@ -42,6 +44,12 @@ bool read_line(Octets line, std::vector<uint8_t> &storage) {
     return true;
 }
 
+// Blocks of any category, or one that is known and breaks off.
+bool may_hold_blocks(Octets octets) {
+    const bool is_broken_block = octets.size() > kBlockHeaderOctets && has_published_category(octets);
+    return !octets.empty() && (count_blocks(octets).octets == octets.size() || is_broken_block);
+}
+
 } // namespace
 
 // What separates stands by itself where a line would begin. The last line may do without its end.
@@ -52,7 +60,10 @@ Framed find_hex(Octets rest, std::vector<uint8_t> &storage) {
     const bool is_last = end == rest.end();
     const auto octets = static_cast<uint64_t>(end - rest.begin()) + (is_last ? 0 : 1);
     Framed framed;
-    if (read_line(Octets(begin, end), storage)) framed = frame_of(octets, storage);
+    if (read_line(Octets(begin, end), storage) && may_hold_blocks(storage)) {
+        framed.state = Framed::State::frame;
+        framed.blocks = storage;
+    }
     framed.octets = octets;
     framed.may_go_on = is_last;
     return framed;

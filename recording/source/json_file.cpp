@@ -58,7 +58,8 @@ bool begins_json(OctetStream &stream) {
 bool JsonFile::fill(Chunk &chunk) {
     const auto is_empty = [&] { return chunk.datagrams().empty() && chunk.reports().empty(); };
     const uint64_t begin = offset_;
-    while (!chunk.is_full() && (is_empty() || offset_ - begin < chunk.limit())) {
+    const auto has_room = [&] { return !chunk.is_full() && (is_empty() || offset_ - begin < chunk.limit()); };
+    while (has_room() || goes_on_together(chunk)) {
         const std::string_view object = next_object();
         if (object.empty()) {
             close_block(chunk);
@@ -148,10 +149,22 @@ void JsonFile::take(std::string_view object, Chunk &chunk) {
     if (result.block == 0) close_block(chunk); // nothing that follows belongs to it
 }
 
-Datagram JsonFile::datagram_of(const JsonMembers &members, Octets octets) const {
+// Blocks that follow each other with the same time and way came in one datagram.
+Datagram JsonFile::datagram_of(const JsonMembers &members, Octets octets) {
     Datagram datagram{.octets = octets, .offset = offset_, .time = members.time};
     if (members.source && members.destination) datagram.endpoints = Endpoints{*members.source, *members.destination};
+    if (datagram.time && datagram.endpoints) {
+        const bool is_same = last_.time == datagram.time && last_.endpoints == datagram.endpoints;
+        datagram.together = last_.together + (is_same ? 0 : 1);
+        last_.together = datagram.together;
+    }
+    last_.time = datagram.time;
+    last_.endpoints = datagram.endpoints;
     return datagram;
+}
+
+bool JsonFile::goes_on_together(const Chunk &chunk) const {
+    return block_ && !chunk.datagrams().empty() && block_->datagram.is_same_as(chunk.datagrams().back());
 }
 
 void JsonFile::report(std::string_view object, uint64_t position, std::string_view path, const char *error,

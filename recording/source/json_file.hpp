@@ -41,7 +41,8 @@ private:
     bool has_line() const { return text_.find('\n', begin_) != std::string::npos; }
     void take(std::string_view object, Chunk &chunk);
     void report(std::string_view object, uint64_t position, std::string_view path, const char *error, Chunk &chunk);
-    Datagram datagram_of(const JsonMembers &members, Octets octets) const;
+    Datagram datagram_of(const JsonMembers &members, Octets octets);
+    bool goes_on_together(const Chunk &chunk) const;
     void close_block(Chunk &chunk);
 
     OctetStream &stream_;
@@ -51,6 +52,7 @@ private:
     uint64_t line_ = 1;   // where it begins
     std::vector<uint8_t> record_;
     std::optional<Block> block_;
+    Datagram last_; // time and route of the last block, and with what it came together
 };
 
 } // namespace ast::recording

@@ -65,6 +65,7 @@ void MergedSource::take(Part &part, Chunk &chunk) {
     if (part.next < datagrams.size()) {
         Datagram datagram = datagrams[part.next];
         datagram.octets = chunk.keep(datagram.octets);
+        if (!datagram.trailer.empty()) datagram.trailer = chunk.keep(datagram.trailer);
         datagram.file = &part.name;
         chunk.add(datagram);
     }

@@ -133,7 +133,7 @@ std::optional<size_t> UdpSource::receive(Socket &socket, Reports &reports) {
 
 // What the system has lost: of this datagram, and others before it for which the receive buffer had no room.
 void UdpSource::check(Socket &socket, const msghdr &message, Reports &reports) {
-    if (message.msg_flags & MSG_TRUNC) reports.truncated({.octets = buffer_, .packet = packet_});
+    if (message.msg_flags & MSG_TRUNC) reports.truncated({.octets = buffer_, .packet = packet_}, 0);
     const cmsghdr *const control = CMSG_FIRSTHDR(&message);
     if (!control || control->cmsg_level != SOL_SOCKET || control->cmsg_type != SO_RXQ_OVFL) return;
     uint32_t dropped = 0;

@@ -80,6 +80,17 @@ void OutputFile::replace() {
     temporary_.clear();
 }
 
+std::string OutputFile::keep_part() {
+    if (temporary_.empty()) return {};
+    std::string part = target_ + ".part";
+    if (::link(temporary_.c_str(), part.c_str()) != 0)
+        part = temporary_; // there is one already
+    else
+        ::unlink(temporary_.c_str());
+    temporary_.clear();
+    return part;
+}
+
 void OutputFile::fail(int error) const { throw std::runtime_error(path_ + ": " + std::strerror(error)); }
 
 } // namespace ast::recording

@@ -20,12 +20,18 @@ public:
     OutputFile(const OutputFile &) = delete;
     OutputFile &operator=(const OutputFile &) = delete;
 
+    const std::string &path() const { return path_; }
+
     // Throws std::runtime_error.
     void write(std::string_view octets);
     uint64_t written() const { return out_.written(); }
 
     // All is written: the file takes its place. Throws std::runtime_error.
     void replace();
+
+    // What is written stays beside the file, which is left as it was. The name of the part; empty where there is none,
+    // since it was written at once. Throws std::runtime_error.
+    std::string keep_part();
 
 private:
     int open_beside();

@@ -1,6 +1,7 @@
 #include "write/packets.hpp"
 
 #include <algorithm>
+#include <limits>
 #include <stdexcept>
 
 namespace ast::recording {
@@ -162,6 +163,9 @@ void put_packet(TextBuffer &out, const Datagram &datagram, Octets payload) {
         throw std::runtime_error("a block of " + std::to_string(payload.size()) + " octets fits no datagram of UDP");
     const Frame frame = make_frame(datagram.endpoints.value_or(kUnknown), payload);
     const Time time = datagram.time.value_or(Time{0, 0});
+    if (time.seconds < 0 || time.seconds > std::numeric_limits<uint32_t>::max())
+        throw std::runtime_error("a time of " + time_text(time) +
+                                 " fits no capture, which counts 32 bits of seconds from 1970");
     const auto size = static_cast<uint32_t>(frame.size());
     out.put(as_text(
         PacketHeader{static_cast<uint32_t>(time.seconds), time.nanoseconds / kNanosecondsPerMicrosecond, size, size}));

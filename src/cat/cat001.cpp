@@ -70,6 +70,7 @@ struct I001_020 : Item<1020, ast_dataitem_001_020_t, extended<2>> {
 
     static uint64_t write(uint8_t *octets, const Value &report) {
         if (!fits(report.typ, 1) || !fits(report.ssr_psr, 2) || !fits(report.ds1_ds2, 2)) return 0;
+        if (!is_first_or_second(report.ant)) return 0;
         octets[0] = static_cast<uint8_t>(placed(report.typ, 8, 8) | placed(report.sim, 7) |
                                          placed(report.ssr_psr, 6, 5) | placed(report.ant == kSecondAntenna, 4) |
                                          placed(report.spi, 3) | placed(report.rab, 2));
@@ -124,9 +125,7 @@ AST_DEFINE_ENCODE(I001_030, ast_dataitem_001_030_encode)
 
 struct I001_040 : PolarPosition<1040, ast_dataitem_001_040_t, &ast_dataitem_001_040_t::rho_nm, 128> {
     static void show(HtmlWriter &html, const Value &position) { show_as(html, position, "RHO LSB:NM", "Octet[3-4]"); }
-    static bool write(uint8_t *octets, Value &position) {
-        return PolarPosition::write(octets, position) && fits(position.rho_raw, 16);
-    }
+    static bool write(uint8_t *octets, Value &position) { return write_fitting(octets, position); }
 };
 
 AST_DEFINE_DECODE(I001_040, ast_dataitem_001_040_decode)
@@ -298,7 +297,7 @@ struct I001_170 : Item<1170, ast_dataitem_001_170_t, extended<2>> {
     }
 
     static uint64_t write(uint8_t *octets, const Value &status) {
-        if (!fits(status.rad, 1)) return 0;
+        if (!fits(status.rad, 1) || !is_first_or_second(status.rdpc)) return 0;
         octets[0] = static_cast<uint8_t>(placed(status.con, 8) | placed(status.rad, 7, 7) | placed(status.man, 6) |
                                          placed(status.dou, 5) | placed(status.rdpc == kSecondChain, 4) |
                                          placed(status.gho, 2));

@@ -88,6 +88,7 @@ struct I010_020 : Item<10020, ast_dataitem_010_020_t, extended<3>> {
 
     static uint64_t write(uint8_t *octets, const Value &report) {
         if (!fits(report.typ, 3) || !fits(report.lop, 2) || !fits(report.tot, 2)) return 0;
+        if (!is_first_or_second(report.chn)) return 0;
         octets[0] =
             static_cast<uint8_t>(placed(report.typ, 8, 6) | placed(report.dcr, 5) |
                                  placed(report.chn == kSecondChain, 4) | placed(report.gbs, 3) | placed(report.crt, 2));
@@ -109,9 +110,7 @@ struct I010_040 : PolarPosition<10040, ast_dataitem_010_040_t, &ast_dataitem_010
         out.print("RHO:%.1f LSB:M THETA:%.1f", position.rho_m, position.theta_deg);
     }
     static void show(HtmlWriter &html, const Value &position) { show_as(html, position, "RHO LSB:M", "Octet[3-4]"); }
-    static bool write(uint8_t *octets, Value &position) {
-        return PolarPosition::write(octets, position) && fits(position.rho_raw, 16);
-    }
+    static bool write(uint8_t *octets, Value &position) { return write_fitting(octets, position); }
 };
 
 AST_DEFINE_DECODE(I010_040, ast_dataitem_010_040_decode)

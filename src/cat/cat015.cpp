@@ -320,7 +320,7 @@ constexpr SubfieldRow kHorizontalPosition[] = {
 
 AST_DEFINE_COMPOUND(kItem600, 15600, kHorizontalPosition, ast_dataitem_015_600_get_size, ast_subfield_015_600_get_size,
                     ast_subfield_015_600_get_id, ast_subfield_015_600_get_name, ast_subfield_015_600_get_summary,
-                    ast_subfield_015_600_get_detail_html)
+                    ast_subfield_015_600_get_detail_html, .summarizes_unknown_subfields = true)
 AST_DEFINE_COMPOUND_DECODE(kItem600, kHorizontalPosition, Position, ast_dataitem_015_600_decode)
 AST_DEFINE_SUBFIELD_SUMMARY(kItem600, ast_subfield_015_600_get_summary)
 AST_DEFINE_SUBFIELD_DETAIL(kItem600, ast_subfield_015_600_get_detail_html)
@@ -361,7 +361,7 @@ constexpr SubfieldRow kGeometricHeight[] = {
 
 AST_DEFINE_COMPOUND(kItem601, 15601, kGeometricHeight, ast_dataitem_015_601_get_size, ast_subfield_015_601_get_size,
                     ast_subfield_015_601_get_id, ast_subfield_015_601_get_name, ast_subfield_015_601_get_summary,
-                    ast_subfield_015_601_get_detail_html)
+                    ast_subfield_015_601_get_detail_html, .summarizes_unknown_subfields = true)
 AST_DEFINE_COMPOUND_DECODE(kItem601, kGeometricHeight, Height, ast_dataitem_015_601_decode)
 AST_DEFINE_SUBFIELD_SUMMARY(kItem601, ast_subfield_015_601_get_summary)
 AST_DEFINE_SUBFIELD_DETAIL(kItem601, ast_subfield_015_601_get_detail_html)
@@ -397,7 +397,7 @@ constexpr SubfieldRow kHorizontalVelocity[] = {
 
 AST_DEFINE_COMPOUND(kItem602, 15602, kHorizontalVelocity, ast_dataitem_015_602_get_size, ast_subfield_015_602_get_size,
                     ast_subfield_015_602_get_id, ast_subfield_015_602_get_name, ast_subfield_015_602_get_summary,
-                    ast_subfield_015_602_get_detail_html)
+                    ast_subfield_015_602_get_detail_html, .summarizes_unknown_subfields = true)
 AST_DEFINE_COMPOUND_DECODE(kItem602, kHorizontalVelocity, Velocity, ast_dataitem_015_602_decode)
 AST_DEFINE_SUBFIELD_SUMMARY(kItem602, ast_subfield_015_602_get_summary)
 AST_DEFINE_SUBFIELD_DETAIL(kItem602, ast_subfield_015_602_get_detail_html)
@@ -431,7 +431,7 @@ constexpr SubfieldRow kVerticalVelocity[] = {
 
 AST_DEFINE_COMPOUND(kItem604, 15604, kVerticalVelocity, ast_dataitem_015_604_get_size, ast_subfield_015_604_get_size,
                     ast_subfield_015_604_get_id, ast_subfield_015_604_get_name, ast_subfield_015_604_get_summary,
-                    ast_subfield_015_604_get_detail_html)
+                    ast_subfield_015_604_get_detail_html, .summarizes_unknown_subfields = true)
 AST_DEFINE_COMPOUND_DECODE(kItem604, kVerticalVelocity, ClimbRate, ast_dataitem_015_604_decode)
 AST_DEFINE_SUBFIELD_SUMMARY(kItem604, ast_subfield_015_604_get_summary)
 AST_DEFINE_SUBFIELD_DETAIL(kItem604, ast_subfield_015_604_get_detail_html)
@@ -468,7 +468,7 @@ constexpr SubfieldRow kRange[] = {
 
 AST_DEFINE_COMPOUND(kItem625, 15625, kRange, ast_dataitem_015_625_get_size, ast_subfield_015_625_get_size,
                     ast_subfield_015_625_get_id, ast_subfield_015_625_get_name, ast_subfield_015_625_get_summary,
-                    ast_subfield_015_625_get_detail_html)
+                    ast_subfield_015_625_get_detail_html, .summarizes_unknown_subfields = true)
 AST_DEFINE_COMPOUND_DECODE(kItem625, kRange, Range, ast_dataitem_015_625_decode)
 AST_DEFINE_SUBFIELD_SUMMARY(kItem625, ast_subfield_015_625_get_summary)
 AST_DEFINE_SUBFIELD_DETAIL(kItem625, ast_subfield_015_625_get_detail_html)
@@ -504,7 +504,7 @@ constexpr SubfieldRow kDoppler[] = {
 
 AST_DEFINE_COMPOUND(kItem626, 15626, kDoppler, ast_dataitem_015_626_get_size, ast_subfield_015_626_get_size,
                     ast_subfield_015_626_get_id, ast_subfield_015_626_get_name, ast_subfield_015_626_get_summary,
-                    ast_subfield_015_626_get_detail_html)
+                    ast_subfield_015_626_get_detail_html, .summarizes_unknown_subfields = true)
 AST_DEFINE_COMPOUND_DECODE(kItem626, kDoppler, Doppler, ast_dataitem_015_626_decode)
 AST_DEFINE_SUBFIELD_SUMMARY(kItem626, ast_subfield_015_626_get_summary)
 AST_DEFINE_SUBFIELD_DETAIL(kItem626, ast_subfield_015_626_get_detail_html)
@@ -539,7 +539,7 @@ constexpr SubfieldRow kAzimuth[] = {
 
 AST_DEFINE_COMPOUND(kItem627, 15627, kAzimuth, ast_dataitem_015_627_get_size, ast_subfield_015_627_get_size,
                     ast_subfield_015_627_get_id, ast_subfield_015_627_get_name, ast_subfield_015_627_get_summary,
-                    ast_subfield_015_627_get_detail_html)
+                    ast_subfield_015_627_get_detail_html, .summarizes_unknown_subfields = true)
 AST_DEFINE_COMPOUND_DECODE(kItem627, kAzimuth, Azimuth, ast_dataitem_015_627_decode)
 AST_DEFINE_SUBFIELD_SUMMARY(kItem627, ast_subfield_015_627_get_summary)
 AST_DEFINE_SUBFIELD_DETAIL(kItem627, ast_subfield_015_627_get_detail_html)

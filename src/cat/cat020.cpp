@@ -18,7 +18,8 @@ using namespace ast;
 struct I020_020 : Item<20020, ast_dataitem_020_020_t, extended<3>> {
     static constexpr uint32_t kFirstChain = 1;
     static constexpr uint32_t kSecondChain = 2;
-    static constexpr Value kDefault = {.chn = kFirstChain};
+    static constexpr uint32_t kFormatNotAvailable = 3;
+    static constexpr Value kDefault = {.chn = kFirstChain, .cf = kFormatNotAvailable};
 
     static void read(Value &report, const ast_dataitem_t &item) {
         const uint8_t first = item.data[0];
@@ -93,15 +94,20 @@ struct I020_020 : Item<20020, ast_dataitem_020_020_t, extended<3>> {
         table.row("Bit[23]", "FX", Cell<2>("%d", has_fx(item.data[2])));
     }
 
+    // The third octet is left out when it would say what its absence does.
     static uint64_t write(uint8_t *octets, const Value &report) {
+        if (!is_first_or_second(report.chn) || !fits(report.cf, 2)) return 0;
         octets[0] = static_cast<uint8_t>(placed(report.ssr, 8) | placed(report.ms, 7) | placed(report.hf, 6) |
                                          placed(report.vdl4, 5) | placed(report.uat, 4) | placed(report.dme, 3) |
                                          placed(report.ot, 2));
         octets[1] = static_cast<uint8_t>(placed(report.rab, 8) | placed(report.spi, 7) |
                                          placed(report.chn == kSecondChain, 6) | placed(report.gbs, 5) |
                                          placed(report.crt, 4) | placed(report.sim, 3) | placed(report.tst, 2));
+        if (report.cf == kFormatNotAvailable) return chain_to_last(octets, 2);
+        octets[0] |= kFx;
+        octets[1] |= kFx;
         octets[2] = placed(report.cf, 8, 7);
-        return fits(report.cf, 2) ? chain_to_last(octets, 3) : 0;
+        return kSize.octets;
     }
 };
 

@@ -95,7 +95,7 @@ struct I023_100 : Item<23100, ast_dataitem_023_100_t, extended<2>> {
         flag("Bit[8]", "FX", "FIELD_EXTENSION", item.size >= 2);
         if (item.size < 2) return;
         table.row("Bit[9-15]", "GSSP", "STATUS_REPORT_PERIOD", Cell<4>("%u", status.gssp_s));
-        flag("Bit[16]", "FX", "FIELD_EXTENSION", item.size >= 3);
+        flag("Bit[16]", "FX", "FIELD_EXTENSION", has_fx(item.data[1]));
     }
 };
 

@@ -164,7 +164,9 @@ struct I048_050 : Item<48050, ast_dataitem_048_050_t, fixed<2>> {
     }
 
     static bool write(uint8_t *octets, const Value &code) {
-        return write_code(octets, code.code, code.not_validated, code.garbled, code.smoothed);
+        constexpr unsigned kCodeBits = 12;
+        return write_code(octets, code.code, code.not_validated, code.garbled, code.smoothed) &&
+               fits(code.code, kCodeBits);
     }
 };
 

@@ -116,7 +116,8 @@ struct I240_030 : Item<240030, ast_dataitem_240_030_t, repetitive<1>> {
     }
 
     static void show(HtmlWriter &html, const Value &summary) {
-        html.paragraph("Video summary: \"<b>%s</b>\"", summary.text);
+        const ReceivedText<sizeof summary.text - 1> text{std::string_view(summary.text)};
+        html.paragraph("Video summary: \"<b>%s</b>\"", text.c_str());
     }
 };
 

@@ -312,11 +312,13 @@ void add_track_048(Draft &draft, const ast_datarecord_t *source, const ast_datai
     draft.write(48170, octets, chain_to_last(octets, std::size(octets)));
 }
 
-// North markers and sector crossings have the same numbers in both categories.
-void copy_message_type(Draft &draft, const ast_datarecord_t *source, ast_dataitem_type_t from, ast_dataitem_type_t to) {
+// North markers and sector crossings have the same numbers in both categories. False for any other message.
+bool copy_message_type(Draft &draft, const ast_datarecord_t *source, ast_dataitem_type_t from, ast_dataitem_type_t to) {
     constexpr uint32_t kLastSame = 2;
     const auto type = ast_dataitem_message_type_decode(first_item(source, from));
-    if (type.value >= 1 && type.value <= kLastSame) draft.encode(to, type);
+    const bool is_same = type.value >= 1 && type.value <= kLastSame;
+    if (is_same) draft.encode(to, type);
+    return is_same;
 }
 
 } // namespace
@@ -325,6 +327,8 @@ ast_datarecord_t ast_datarecord_convert_048_001(uint8_t *buffer, uint64_t length
     const auto number = ast_dataitem_track_number_decode(first_item(source, 48161));
     const ast_uap_t &uap = number.valid ? AST_UAP_STANDARD : AST_UAP_CAT001_PLOT;
     return convert(buffer, length, source, 48, 1, uap, [&](Draft &draft, const ast_datarecord_t *from) {
+        // Without a descriptor a reader takes a plot for a track: its range would be a track number.
+        if (!ast_dataitem_048_020_decode(first_item(from, 48020)).valid) return;
         copy_same(draft, from, kSameInReports, &SameLayout::newer, &SameLayout::older);
         add_descriptor_001(draft, from, number.valid);
         convert_warnings(draft, ast_dataitem_048_030_decode(first_item(from, 48030)), &SameWarning::newer,
@@ -353,7 +357,7 @@ ast_datarecord_t ast_datarecord_convert_001_048(uint8_t *buffer, uint64_t length
 
 ast_datarecord_t ast_datarecord_convert_034_002(uint8_t *buffer, uint64_t length, const ast_datarecord_t *source) {
     return convert(buffer, length, source, 34, 2, AST_UAP_STANDARD, [](Draft &draft, const ast_datarecord_t *from) {
-        copy_message_type(draft, from, 34000, 2000);
+        if (!copy_message_type(draft, from, 34000, 2000)) return;
         copy_same(draft, from, kSameInServices, &SameLayout::newer, &SameLayout::older);
     });
 }

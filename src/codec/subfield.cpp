@@ -16,6 +16,10 @@ struct Rest {
     uint64_t available;
 };
 
+void report_unknown_subfield(const Compound &compound, uint32_t subfield_type) {
+    if (compound.reports_unknown_subfields) ast_log(AST_LOG_CRITICAL, "Unsupported Subfield type %u", subfield_type);
+}
+
 Rest after(const uint8_t *data, uint64_t available, uint64_t offset) {
     return offset <= available ? Rest{data + offset, available - offset} : Rest{nullptr, 0};
 }
@@ -45,9 +49,11 @@ uint64_t compound_size(const Compound &compound, const uint8_t *data, uint64_t a
         const SubfieldRow *const row = find_subfield(compound, number);
         if (row && row->size.kind == SizeRule::Kind::Fixed) [[likely]] {
             size += row->size.octets;
-        } else {
+        } else if (row) {
             const Rest rest = after(data, available, size);
-            size += subfield_size(compound, rest.data, rest.available, AST_SUBFIELD_TYPE(compound.type, number));
+            size += subfield_size(row->size, rest.data, rest.available);
+        } else {
+            report_unknown_subfield(compound, AST_SUBFIELD_TYPE(compound.type, number));
         }
         return true;
     });
@@ -87,7 +93,7 @@ uint64_t listed_subfields(const ast_dataitem_t &item, const ast_fspec_t &primary
 uint64_t subfield_size(const Compound &compound, const uint8_t *data, uint64_t available, uint32_t subfield_type) {
     const SubfieldRow *const row = find_subfield(compound, subfield_number(subfield_type));
     if (row) return subfield_size(row->size, data, available);
-    if (compound.reports_unknown_subfields) ast_log(AST_LOG_CRITICAL, "Unsupported Subfield type %u", subfield_type);
+    report_unknown_subfield(compound, subfield_type);
     return 0;
 }
 

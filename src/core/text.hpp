@@ -186,13 +186,17 @@ constexpr const char *yes_or_no(bool flag) { return flag ? "YES" : "NO"; }
 // escaped.
 void append_received(TextWriter &out, std::string_view text);
 
-// The same for a text of so many characters, which need not be terminated.
+// The same for a text of so many characters, which need not be terminated, or of so many at most.
 template <uint64_t Chars>
 class ReceivedText {
 public:
     explicit ReceivedText(const char *text) {
         TextWriter out(text_, sizeof text_);
         append_received(out, {text, Chars});
+    }
+    explicit ReceivedText(std::string_view text) {
+        TextWriter out(text_, sizeof text_);
+        append_received(out, {text.data(), text.size() < Chars ? text.size() : Chars});
     }
     const char *c_str() const { return text_; }
     operator std::string_view() const { return text_; }

@@ -15,7 +15,8 @@ void with_subfield(const Compound &compound, const ast_dataitem_t *item, uint32_
     const SubfieldRow *const row = find_subfield(compound, number);
     const SubfieldHandlers *const handlers = row ? row->handlers : nullptr;
     const bool is_announced = number != 0 && announces(primary, number);
-    if (is_announced || (!handlers && compound.summarizes_unknown_subfields))
+    const bool has_summary = handlers && handlers->summarize;
+    if (is_announced || (!has_summary && compound.summarizes_unknown_subfields))
         visit(find_announced(compound, *item, primary, number), handlers);
 }
 
@@ -48,7 +49,7 @@ void summarize_subfield(const Compound &compound, char *text, uint64_t capacity,
                         uint32_t subfield_type) {
     TextWriter out(text, capacity);
     with_subfield(compound, item, subfield_type, [&](const ast_subfield_t &subfield, const SubfieldHandlers *handlers) {
-        if (handlers)
+        if (handlers && handlers->summarize)
             handlers->summarize(out, subfield);
         else
             out.append("NOT_IMPLEMENTED");

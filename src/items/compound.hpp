@@ -59,11 +59,13 @@ struct SubfieldOf {
     static void read(void *item_value, const ast_subfield_t &subfield) {
         static_cast<ItemValue *>(item_value)->*Member = read_subfield<Kind>(subfield);
     }
-    static void summarize(TextWriter &out, const ast_subfield_t &subfield) {
-        if constexpr (requires { Kind::summarize(out, read_subfield<Kind>(subfield)); })
-            Kind::summarize(out, read_subfield<Kind>(subfield));
+    static constexpr auto summary() {
+        if constexpr (requires(TextWriter & out, const typename Kind::Value &value) { Kind::summarize(out, value); })
+            return +[](TextWriter &out, const ast_subfield_t &subfield) {
+                Kind::summarize(out, read_subfield<Kind>(subfield));
+            };
         else
-            out.append("NOT_IMPLEMENTED");
+            return nullptr;
     }
     static void show(HtmlWriter &html, const ast_subfield_t &subfield, const ast_dataitem_t &item) {
         if constexpr (requires { Kind::show(html, read_subfield<Kind>(subfield), item); })
@@ -71,7 +73,7 @@ struct SubfieldOf {
         else if constexpr (requires { Kind::show(html, read_subfield<Kind>(subfield)); })
             Kind::show(html, read_subfield<Kind>(subfield));
     }
-    static constexpr SubfieldHandlers kHandlers = {read, summarize, show};
+    static constexpr SubfieldHandlers kHandlers = {read, summary(), show};
 };
 
 template <auto Member, typename Kind>

@@ -167,7 +167,8 @@ struct ModeCCode : SharedLayout<ast_mode_c_t, items::mode_c_code.size> {
         write_u16(octets, one_below_when_negative(height.flight_level));
         octets[0] =
             static_cast<uint8_t>(placed(!height.validated, 8) | placed(height.garbled, 7) | placed(octets[0], 6, 1));
-        return fits_signed(height.flight_level, kBits); // the lowest turns into the highest
+        const int32_t read_back = height.flight_level - (height.flight_level < 0 ? 1 : 0);
+        return fits_signed(height.flight_level, kBits) && fits_signed(read_back, kBits);
     }
 };
 

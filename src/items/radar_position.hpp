@@ -40,6 +40,25 @@ struct PolarPosition : Item<Type, ItemValue, fixed<4>> {
         write_u16(octets + 2, position.theta_raw);
         return true;
     }
+
+    // Writes the values unless both are 0, the raw ones otherwise; refuses what the fields do not hold. An azimuth that
+    // rounds to a full circle is 0.
+    static bool write_fitting(uint8_t *octets, ItemValue &position) {
+        int64_t rho = position.rho_raw;
+        int64_t theta = position.theta_raw;
+        if (position.*Rho != 0 || position.theta_deg != 0) {
+            rho = rounded_units(position.*Rho * kRhoUnits);
+            const double theta_units = std::round(position.theta_deg / kFullCircleDeg * kThetaUnits);
+            const bool is_full_circle = theta_units == kThetaUnits && position.theta_deg <= kFullCircleDeg;
+            theta = is_full_circle ? 0 : whole_units(theta_units);
+        }
+        if (!fits(rho, 16) || !fits(theta, 16)) return false;
+        position.rho_raw = static_cast<uint32_t>(rho);
+        position.theta_raw = static_cast<uint32_t>(theta);
+        write_u16(octets, position.rho_raw);
+        write_u16(octets + 2, position.theta_raw);
+        return true;
+    }
 };
 
 // One of the two axes of a calculated position, as sent and in its two units.

@@ -43,6 +43,9 @@ constexpr bool fits(int64_t raw, unsigned width) { return raw >= 0 && raw < INT6
 // The same for a field in two's complement.
 constexpr bool fits_signed(int64_t raw, unsigned width) { return fits(raw + (INT64_C(1) << (width - 1)), width); }
 
+// Whether one bit tells a number that counts from 1, as chains and antennas do; 0 stands for the first.
+constexpr bool is_first_or_second(uint32_t number) { return number <= 2; }
+
 // A flag of a caller's record, whatever its octet holds.
 inline bool is_set(const bool &flag) { return reinterpret_cast<const unsigned char &>(flag) != 0; }
 

@@ -22,8 +22,16 @@ void ast_datarecord_get_detail_html(char *text, uint64_t capacity, const ast_dat
         const ast_dataitem_t &item = record->items[i];
         char summary[256];
         ast_dataitem_get_summary(summary, sizeof summary, &item);
-        // A size of three digits shows its first two.
-        table.row(ast_dataitem_type_to_str(item.type), ast_dataitem_get_name(item.type),
-                  Cell<3>("%.2zu", static_cast<size_t>(item.size)), summary);
+        const auto row = [&](std::string_view shown) {
+            // A size of three digits shows its first two.
+            table.row(ast_dataitem_type_to_str(item.type), ast_dataitem_get_name(item.type),
+                      Cell<3>("%.2zu", static_cast<size_t>(item.size)), shown);
+        };
+        // Only a summary that quotes a received text has these characters of markup.
+        const std::string_view line(summary);
+        if (line.find_first_of("<&") == line.npos) [[likely]]
+            row(line);
+        else
+            row(ReceivedText<sizeof summary>(line));
     }
 }

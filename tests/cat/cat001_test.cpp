@@ -1,3 +1,5 @@
+#include <limits>
+
 #include "support/items.hpp"
 #include "support/records.hpp"
 
@@ -15,6 +17,8 @@ TEST(Cat001TargetReport, ViewsGiveTypeAndFlags) {
         {"one octet", {.valid = true, .typ = 1, .ssr_psr = 3, .ant = 2, .spi = true}, "BC"},
         {"two octets", {.valid = true, .sim = true, .tst = true, .ds1_ds2 = 3, .me = true}, "41 F0"},
         {"no such detection", {.valid = true, .ssr_psr = 4}, nullptr},
+        {"no antenna is the first", {.valid = true, .ant = 0}, "00"},
+        {"no such antenna", {.valid = true, .ant = 3}, nullptr},
     };
     expect_encodes(1020, kCases);
 }
@@ -67,10 +71,35 @@ TEST(Cat001Items, EncodersWriteValuesOrElseRawOnes) {
     expect_encodes("a full turn is none", 1040, &polar, "00 40 00 00");
     polar.rho_nm = 600;
     expect_encodes("too far", 1040, &polar, nullptr);
+    EXPECT_EQ(polar.theta_raw, 0U) << "of the full turn; what is refused is not stored back";
     ast_dataitem_001_150_t pulse{.valid = true, .xa = true, .x2 = true};
     expect_encodes("pulses", 1150, &pulse, "84");
     ast_dataitem_001_170_t status{.valid = true, .con = true, .rad = 1, .rdpc = 2, .tre = true};
     expect_encodes("end of a track", 1170, &status, "C9 80");
+    status.rdpc = 0;
+    expect_encodes("no chain is the first", 1170, &status, "C1 80");
+    status.rdpc = 3;
+    expect_encodes("no such chain", 1170, &status, nullptr);
+}
+
+TEST(Cat001Position, IsRefusedWhereItsFieldsDoNotHoldIt) {
+    constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+    constexpr EncodeCase<ast_dataitem_001_040_t> kCases[] = {
+        {"the farthest", {.valid = true, .rho_nm = 511.9921875, .theta_deg = 359.9945068359375}, "FF FF FF FF"},
+        {"nearest to north", {.valid = true, .theta_deg = 359.999}, "00 00 00 00"},
+        {"nearest to nothing", {.valid = true, .rho_nm = 0.001, .theta_deg = 90}, "00 00 40 00"},
+        {"half a unit too far", {.valid = true, .rho_nm = 511.99609375}, nullptr},
+        {"no number", {.valid = true, .rho_nm = kNan, .theta_deg = 90}, nullptr},
+        {"no number, to the north", {.valid = true, .rho_raw = 5, .rho_nm = kNan}, nullptr},
+        {"no azimuth", {.valid = true, .rho_nm = 1, .theta_deg = kNan}, nullptr},
+        {"behind the radar", {.valid = true, .rho_nm = -1, .theta_deg = 90}, nullptr},
+        {"more than a turn", {.valid = true, .rho_nm = 1, .theta_deg = 360.001}, nullptr},
+        {"less than none", {.valid = true, .rho_nm = 1, .theta_deg = -10}, nullptr},
+        {"raw ones", {.valid = true, .rho_raw = 0xFFFF, .theta_raw = 0x8000}, "FF FF 80 00"},
+        {"a longer raw range", {.valid = true, .rho_raw = 0x10000}, nullptr},
+        {"a longer raw azimuth", {.valid = true, .theta_raw = 0x10000}, nullptr},
+    };
+    expect_encodes(1040, kCases);
 }
 
 TEST(Cat001Accessors, AnswerByTheDescriptor) {

@@ -1,3 +1,5 @@
+#include <limits>
+
 #include "support/items.hpp"
 #include "support/records.hpp"
 
@@ -17,6 +19,8 @@ TEST(Cat010TargetReport, ViewsGiveTheOctetsThatAreThere) {
         {"two octets", {.valid = true, .tst = true, .tot = 2}, "01 44"},
         {"three octets for the last bit", {.valid = true, .typ = 3, .spi = true}, "61 01 80"},
         {"no such type", {.valid = true, .typ = 8}, nullptr},
+        {"no chain is the first", {.valid = true, .chn = 0}, "00"},
+        {"no such chain", {.valid = true, .chn = 3}, nullptr},
     };
     expect_encodes(10020, kCases);
 }
@@ -33,6 +37,19 @@ TEST(Cat010Items, AreReadInTheUnitsOfTheDocument) {
     expect_summaries(10500, "04 02 FF FE = X:1.00 Y:0.50 COV:-0.50 LSB:M");
     expect_summaries(10550, "3C = SYS_STAT:OPERATIONAL; 40 = SYS_STAT:DEGRADED; 80 = SYS_STAT:NOGO");
     expect_values(10550, "24 = OPERATIONAL|1|0|0|1|0; 58 = DEGRADED|0|1|1|0|0");
+}
+
+TEST(Cat010Position, IsRefusedWhereItsFieldsDoNotHoldIt) {
+    constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+    constexpr EncodeCase<ast_dataitem_010_040_t> kCases[] = {
+        {"the farthest", {.valid = true, .rho_m = 65535, .theta_deg = 360}, "FF FF 00 00"},
+        {"too far", {.valid = true, .rho_m = 65535.5}, nullptr},
+        {"no number", {.valid = true, .rho_m = kNan, .theta_deg = 90}, nullptr},
+        {"more than a turn", {.valid = true, .rho_m = 1, .theta_deg = 370}, nullptr},
+        {"less than none", {.valid = true, .rho_m = 1, .theta_deg = -10}, nullptr},
+        {"a longer raw azimuth", {.valid = true, .theta_raw = 0x10000}, nullptr},
+    };
+    expect_encodes(10040, kCases);
 }
 
 TEST(Cat010TrackStatus, ViewsGiveTheOctetsThatAreThere) {

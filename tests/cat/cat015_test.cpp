@@ -50,19 +50,37 @@ TEST(Cat015, RepeatedElements) {
 TEST(Cat015, SubfieldSummaries) {
     expect_values(15600, "E0 20 00 00 00 C0 00 00 00 00 03 00 01 C0 00 03 00 01 40 = "
                          "NOT_IMPLEMENTED|X:1.500000 Y:0.500000 C:-0.500000|X:0.750000 Y:0.250000 C:0.500000");
-    expect_values(15601, "1F 80 00 10 02 FF F0 01 40 80 7F 00 FF 20 = |||U:16 L:32|U:65520 L:16|X:0.500000 Y:-1.000000|"
-                         "X:0.992188 Y:0.000000|X:-0.007812 Y:0.250000");
+    expect_values(15601,
+                  "1F 80 00 10 02 FF F0 01 40 80 7F 00 FF 20 = "
+                  "NOT_IMPLEMENTED|NOT_IMPLEMENTED|NOT_IMPLEMENTED|U:16 L:32|U:65520 L:16|X:0.500000 Y:-1.000000|"
+                  "X:0.992188 Y:0.000000|X:-0.007812 Y:0.250000");
     expect_values(15602, "F0 FF F9 C0 00 64 00 64 00 C8 20 FF FF 00 01 80 40 C0 20 E0 = X:-1.000000 Y:1.000000|"
                          "X:1.000000 Y:2.000000 C:0.250000|X:655.350000 Y:0.010000 C:-1.000000|"
                          "XX:0.500000 XY:-0.500000 YX:0.250000 YY:-0.250000");
     expect_values(15604, "F0 FF FF 9C 00 64 00 96 40 20 E0 = NOT_IMPLEMENTED|NOT_IMPLEMENTED|P:1.500000 C:0.500000|"
                          "X:0.250000 Y:-0.250000||");
     expect_values(15625, "F0 80 00 01 FF FF FF 00 00 05 00 00 01 = "
-                         "-838860.700000 M|1677721.500000 M|0.500000 M|NOT_IMPLEMENTED|||");
-    expect_values(15626, "C1 00 80 00 00 00 60 = -838860.700000 M/S|1.500000 M/S||||||||");
-    expect_values(15626, "80 FF FF FF = 0.000000 M/S||||||");
+                         "-838860.700000 M|1677721.500000 M|0.500000 M|NOT_IMPLEMENTED|NOT_IMPLEMENTED|"
+                         "NOT_IMPLEMENTED|NOT_IMPLEMENTED");
+    expect_values(15626, "C1 00 80 00 00 00 60 = -838860.700000 M/S|1.500000 M/S|NOT_IMPLEMENTED|"
+                         "NOT_IMPLEMENTED|NOT_IMPLEMENTED|NOT_IMPLEMENTED|NOT_IMPLEMENTED|NOT_IMPLEMENTED|"
+                         "NOT_IMPLEMENTED|NOT_IMPLEMENTED");
+    expect_values(15626, "80 FF FF FF = 0.000000 M/S||NOT_IMPLEMENTED|NOT_IMPLEMENTED|NOT_IMPLEMENTED|"
+                         "NOT_IMPLEMENTED|NOT_IMPLEMENTED");
     expect_values(15627, "F0 40 00 80 00 00 01 C0 00 = "
-                         "90.000000 DEG|22.500000 DEG|0.000687 DEG|NOT_IMPLEMENTED||");
+                         "90.000000 DEG|22.500000 DEG|0.000687 DEG|NOT_IMPLEMENTED|NOT_IMPLEMENTED|"
+                         "NOT_IMPLEMENTED");
+}
+
+TEST(Cat015, SubfieldsThatNothingIsKnownOfReadAsSuch) {
+    // The same whether the item has them or not; a summary of its own is empty for a subfield that is not there.
+    expect_subfield_summaries(15600001,
+                              "80 20 00 00 00 C0 00 00 00 = NOT_IMPLEMENTED; 20 00 00 00 00 00 = NOT_IMPLEMENTED");
+    expect_subfield_summaries(15600002, "80 20 00 00 00 C0 00 00 00 = ");
+    for (const uint32_t item : {15600U, 15601U, 15602U, 15604U, 15625U, 15626U, 15627U})
+        for (const uint32_t number : {0U, 11U, 999U})
+            EXPECT_EQ(subfield_summary_of(item * 1000 + number, "02 00 00 00 00 00"), "NOT_IMPLEMENTED") << item;
+    expect_subfield_summaries(15600001, "00 = ; 81 = "); // no such item
 }
 
 TEST(Cat015, SubfieldsThatAreNotShown) {

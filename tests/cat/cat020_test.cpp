@@ -11,11 +11,20 @@ TEST(Cat020TargetReport, NamesTheTechnologiesThatTookPart) {
                             "3E = TYPE:HF+VDL4+UAT+DME+OTHER CHN1; 41 5E = TYPE:MODE_S SIM CHN1 SPI TST GBS CRT");
     expect_values(20020, "41 21 40 = 0|1|0|0|0|0|0|1|0|0|2|0|0|0|0|1|NON_ICAO_ADDRESS|0|0");
     constexpr EncodeCase<ast_dataitem_020_020_t> kCases[] = {
-        {"one octet", {.valid = true, .ms = true, .chn = 1}, "40"},
-        {"three octets for the last bits", {.valid = true, .ssr = true, .cf = 3}, "81 01 C0"},
+        {"one octet", {.valid = true, .ms = true, .chn = 1, .cf = 3}, "40"},
+        {"two octets", {.valid = true, .ssr = true, .chn = 2, .tst = true, .cf = 3}, "81 22"},
+        {"three octets say that the address is of ICAO", {.valid = true, .ssr = true, .cf = 0}, "81 01 00"},
+        {"or not", {.valid = true, .rab = true, .chn = 0, .cf = 2}, "01 81 80"},
+        {"no such chain", {.valid = true, .chn = 3, .cf = 3}, nullptr},
         {"no such format", {.valid = true, .cf = 4}, nullptr},
     };
     expect_encodes(20020, kCases);
+}
+
+TEST(Cat020TargetReport, KnowsNothingOfTheAddressWithoutItsThirdOctet) {
+    for (const char *const hex : {"40", "41 20"}) EXPECT_EQ(ast_dataitem_020_020_decode(Item(20020, hex)).cf, 3U);
+    EXPECT_EQ(ast_dataitem_020_020_decode(Item(20020, "41 21 00")).cf, 0U);
+    EXPECT_EQ(ast_dataitem_020_020_decode(nullptr).cf, 3U);
 }
 
 TEST(Cat020Items, ShareTheLayoutsOfCategory048) {

@@ -22,7 +22,7 @@ TEST(Cat023, StationStatus) {
                  "Bit[4]|MSC|MONITORING_SYSTEM_CONNECTED|1; Bit[5]|TSV|TIME_SOURCE_VALID|1; "
                  "Bit[6]|SPO|POTENTIAL_SPOOFING_ATTACK|1; Bit[7]|RN|TRACK_NUMBERING_RESTARTED|0; "
                  "Bit[8]|FX|FIELD_EXTENSION|0");
-    expect_values(23100, "4B 54 = 0|1|0|0|0|0|1|1|42|0");
+    expect_values(23100, "4B 54 = 0|1|0|0|0|0|1|1|42|0; 4B 55 = 0|1|0|0|0|0|1|1|42|1");
 }
 
 } // namespace

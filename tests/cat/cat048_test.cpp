@@ -111,7 +111,7 @@ TEST(Cat048Mode2, EncodesTwelveBits) {
         {"not validated", {.valid = true, .not_validated = true, .code = 07777}, "8F FF"},
         {"garbled", {.valid = true, .garbled = true}, "40 00"},
         {"smoothed", {.valid = true, .smoothed = true, .code = 01234}, "22 9C"},
-        {"no bit beyond the code", {.valid = true, .code = 010001}, "00 01"},
+        {"a bit beyond the code", {.valid = true, .code = 010000}, nullptr},
         {"negative as a signed number", {.valid = true, .code = 0x80000000}, nullptr},
         {"not valid", {.valid = false, .code = 01234}, nullptr},
     };

@@ -28,6 +28,12 @@ TEST_F(Cat240Video, RecordsAndSummariesAreNamed) {
                              "10 41 41 41 41 41 41 41 41 41 41 41 41 41 41 41 42 = SUM:AAAAAAAAAAAAAAAB; "
                              "11 41 41 41 41 41 41 41 41 41 41 41 41 41 41 41 42 43 = SUM:AAAAAAAAAAAAAAAB...[17]");
     EXPECT_EQ(detail_of(240030, "02 48 69"), "<p>Video summary: \"<b>Hi</b>\"</p>");
+    // What came from the network is no markup, in the view of the record neither.
+    EXPECT_EQ(detail_of(240030, "06 3C 62 3E 26 22 0A"), "<p>Video summary: \"<b>&lt;b&gt;&amp;&quot; </b>\"</p>");
+    EXPECT_EQ(summary_of(240030, "06 3C 62 3E 26 22 0A"), "SUM:<b>&\"\n") << "which is plain text";
+    const std::string view = text_from(ast_datarecord_get_detail_html,
+                                       static_cast<const ast_datarecord_t *>(Record(240, {{240030, "03 3C 62 3E"}})));
+    EXPECT_NE(view.find(">SUM:&lt;b&gt;<"), view.npos) << view;
     expect_summaries(240049, "01 02 03 04 05 = OCTET:258 CELL:197637");
 }
 

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "support/octets.hpp"
+#include "support/records.hpp"
+#include "support/text.hpp"
 
 using namespace ast_test;
 
@@ -61,27 +63,67 @@ TEST(Convert, PlotsTakeTheProfileOfPlots) {
     EXPECT_TRUE(block.valid && ast_datarecord_get_msgtype(&block.records[0]) == AST_MSGTYPE_PLOT);
 }
 
+// The octets of one item behind those that it needs: "of 048 = of 001" there, and "of 001 = of 048" back.
+void expect_becomes(const Direction &direction, const char *cases) {
+    each_case(cases, [&](const std::string &from, const std::string &to) {
+        EXPECT_EQ(converted(direction, octets(from), AST_UAP_CAT001_PLOT), octets(to)) << from;
+    });
+}
+
+TEST(Convert, EveryBitOfADescriptorHasItsPlace) {
+    // I048/020 alone, and I001/020 alone.
+    expect_becomes(k048To001, "20 00 = 40 00; 20 20 = 40 10; 20 40 = 40 20; 20 60 = 40 30; 20 80 = 40 20; "
+                              "20 A0 = 40 20; 20 C0 = 40 30; 20 E0 = 40 30; 20 30 = 40 50; 20 24 = 40 14; "
+                              "20 22 = 40 12; 20 28 = 40 10; 20 21 80 = 40 11 80; 20 21 10 = 40 11 10; "
+                              "20 21 08 = 40 11 08; 20 21 06 = 40 10");
+    expect_becomes(k001To048, "40 00 = 20 00; 40 10 = 20 20; 40 20 = 20 40; 40 30 = 20 60; 40 50 = 20 30; "
+                              "40 14 = 20 24; 40 12 = 20 22; 40 18 = 20 20; 40 11 80 = 20 21 80; "
+                              "40 11 10 = 20 21 10; 40 11 08 = 20 21 08; 40 11 60 = 20 20");
+    // The special codes come from I048/070, when it is validated and not garbled.
+    expect_becomes(k048To001, "28 20 0F 40 = 50 11 20 0F 40; 28 20 0F 80 = 50 11 40 0F 80; "
+                              "28 20 0F C0 = 50 11 60 0F C0; 28 20 8F C0 = 50 10 8F C0; 28 20 4F C0 = 50 10 4F C0; "
+                              "28 20 2F C1 = 50 10 2F C1");
+}
+
+TEST(Convert, EveryBitOfATrackStatusHasItsPlace) {
+    const auto becomes = [](const Direction &direction, const std::string &before, const std::string &after,
+                            const char *cases) {
+        each_case(cases, [&](const std::string &from, const std::string &to) {
+            EXPECT_EQ(converted(direction, octets(before + from)), octets(after + to)) << from;
+        });
+    };
+    // Of a track of PSR on chain 1, of one on chain 2, and of a combined one.
+    becomes(k048To001, "21 12 20 01 23 ", "61 04 90 01 23 ",
+            "20 = 00; A0 = 80; 30 = 10; 28 = 20; 40 = 40; 00 = 40; 60 = 40; 26 = 00; 21 40 = 02; 21 80 = 01 80; "
+            "21 3E = 00");
+    becomes(k048To001, "21 12 28 01 23 ", "61 04 90 01 23 ", "20 = 08");
+    becomes(k001To048, "61 04 90 01 23 ", "21 12 20 01 23 ",
+            "00 = 26; 80 = A6; 10 = 36; 20 = 2E; 40 = 46; 02 = 27 40; 01 80 = 27 80; 04 = 26");
+    becomes(k001To048, "61 04 90 01 23 ", "21 12 28 01 23 ", "08 = 26");
+    becomes(k001To048, "61 04 B0 01 23 ", "21 12 60 01 23 ", "40 = 06");
+}
+
 int read_i16(const std::vector<uint8_t> &data, size_t at) {
     return static_cast<int16_t>(data.at(at) << 8 | data.at(at + 1));
 }
 
 // Range, x and y, and Doppler speed there and back, over all that their fields hold.
 TEST(Convert, ThereAndBackIsWithinOneUnitOfTheCoarserScale) {
-    auto track = octets("11 19 04 00 00 00 00 01 23 00 00 00 00 80 00 00"); // FRN 4, 11, 12 and 20
+    auto track = octets("31 19 04 20 00 00 00 00 01 23 00 00 00 00 80 00 00"); // FRN 3, 4, 11, 12 and 20
     const auto put = [&](size_t at, int value) {
         track[at] = static_cast<uint8_t>(value >> 8);
         track[at + 1] = static_cast<uint8_t>(value);
     };
     for (int raw = -32768; raw < 32768; raw += 7) {
-        put(3, raw);
-        put(9, raw);
-        put(11, -raw - 1);
-        put(14, raw & 0x3FF);
+        put(4, raw);
+        put(10, raw);
+        put(12, -raw - 1);
+        put(15, raw & 0x3FF);
         const auto back = converted(k001To048, converted(k048To001, track));
         ASSERT_EQ(back.size(), track.size()) << raw;
-        for (const size_t at : {3U, 9U, 11U}) // 1/256 against 1/128 NM, and 1/128 against 1/64 NM
+        for (const size_t at : {4U, 10U, 12U}) // 1/256 against 1/128 NM, and 1/128 against 1/64 NM
             ASSERT_LE(std::abs(read_i16(back, at) - read_i16(track, at)), 2) << raw << " at " << at;
-        const int speed_error = (read_i16(back, 14) - read_i16(track, 14)) & 0x3FF; // m/s, against 7.2 m/s
+        const int speed_error = (read_i16(back, 15) - read_i16(track, 15)) & 0x3FF; // m/s, against 7.2 m/s
         ASSERT_TRUE(speed_error <= 7 || speed_error >= 0x400 - 7) << raw;
     }
 }
@@ -90,8 +132,24 @@ TEST(Convert, WhatDoesNotFitIsLeftOut) {
     // Track 4096, a range of 256 NM, x of 256 NM, a Doppler speed of -1800 kt.
     EXPECT_EQ(converted(k001To048, octets("79 08 80 10 00 80 00 00 00 40 00 00 00 80")), octets("20 00"));
     EXPECT_EQ(converted(k001To048, octets("40 00")), octets("20 00"));
-    EXPECT_EQ(converted(k048To001, octets("01 01 04 80 80 48")), octets("")); // a doubtful Doppler speed
-    EXPECT_EQ(converted(k048To001, octets("01 01 40 20")), octets(""));       // a warning of Mode S
+    EXPECT_EQ(converted(k048To001, octets("21 01 04 20 80 80 48")), octets("40 10")); // a doubtful Doppler speed
+    EXPECT_EQ(converted(k048To001, octets("21 01 40 20 20")), octets("40 10"));       // a warning of Mode S
+}
+
+TEST(Convert, SubfieldsThatEndBeforeTheirOctetsAreLeftOut) {
+    uint8_t buffer[20];
+    const Record report(48, {{48020, "20"}, {48120, "80"}, {48130, "20"}});
+    const auto result = ast_datarecord_convert_048_001(buffer, sizeof buffer, report);
+    EXPECT_EQ(std::vector<uint8_t>(buffer, buffer + result.size), octets("40 10"));
+}
+
+// Readers choose between the layouts of plots and of tracks by I001/020, and take services by I002/000.
+TEST(Convert, NothingWithoutWhatSaysHowItIsRead) {
+    EXPECT_EQ(converted(k048To001, octets("90 19 0C 00 80 40 00")), octets("")); // a range would be a track number
+    EXPECT_EQ(converted(k048To001, octets("81 10 19 0C 01 23")), octets(""));
+    EXPECT_EQ(converted(k048To001, octets("A1 10 19 0C 20 01 23")), octets("E0 19 0C 90 01 23"));
+    EXPECT_EQ(converted(k034To002, octets("A0 19 0C 58 78 40")), octets(""));
+    EXPECT_EQ(converted(k034To002, octets("40 03")), octets(""));
 }
 
 TEST(Convert, ServiceMessages) {
@@ -99,8 +157,8 @@ TEST(Convert, ServiceMessages) {
     const auto old = octets("F8 19 0C 01 20 58 78 40 02 00");
     EXPECT_EQ(converted(k034To002, north), old);
     EXPECT_EQ(converted(k002To034, old), octets("F8 19 0C 01 58 78 40 20 02 00"));
-    EXPECT_EQ(converted(k034To002, octets("C0 19 0C 03")), octets("80 19 0C")) << "jamming, of which 002 knows nothing";
-    EXPECT_EQ(converted(k034To002, octets("40 03")), octets(""));
+    EXPECT_EQ(converted(k034To002, octets("C0 19 0C 03")), octets("")) << "jamming, of which 002 knows nothing";
+    EXPECT_EQ(converted(k002To034, octets("C0 19 0C 03")), octets("80 19 0C")) << "a south marker likewise";
 }
 
 TEST(Convert, TakesValidRecordsOfItsCategoryOnly) {

@@ -213,6 +213,16 @@ TEST(Block, EncodesRecordsBackToBack) {
     EXPECT_TRUE(decode(buffer)->valid);
 }
 
+TEST(Block, WithoutRecordsIsItsHeader) {
+    const auto data = octets("30 00 03");
+    const auto source = std::make_unique<ast_datablock_t>(ast_datablock_decode(data.data(), 3, AST_UAP_STANDARD));
+    const ast_dataitem_src_list_t none{};
+    std::vector<uint8_t> buffer(3);
+    EXPECT_TRUE(std::make_unique<ast_datablock_t>(ast_datablock_modify(buffer.data(), 3, source.get(), &none))->valid);
+    EXPECT_EQ(buffer, data);
+    EXPECT_FALSE(std::make_unique<ast_datablock_t>(ast_datablock_modify(buffer.data(), 2, source.get(), &none))->valid);
+}
+
 TEST(Block, EncodeFails) {
     LogCapture log;
     for (uint64_t length = 0; length < 9; ++length) {

@@ -59,6 +59,18 @@ TEST(Subfields, AreWalkedByTheirSizes) {
     EXPECT_FALSE(ast_dataitem_subfields_decode(&invalid).valid);
 }
 
+// A primary subfield of 144 octets announces numbers up to 1008; those from 1001 on are not those from 1 on again.
+TEST(Subfields, FromTheThousandthOnAreSizedAsNothing) {
+    auto data = repeated("01", 143);
+    data.push_back(0x80); // number 1002
+    data.resize(160, 0xFF);
+    for (const uint32_t type : {48130U, 62380U, 15600U})
+        EXPECT_EQ(ast_dataitem_get_size(data.data(), data.size(), type), 144U) << type;
+    LogCapture log;
+    EXPECT_EQ(ast_dataitem_get_size(data.data(), data.size(), 21110), 144U);
+    EXPECT_EQ(log.take(), (LogLines{{3, "Unsupported Subfield type 21111002"}}));
+}
+
 TEST(Subfields, MayBeEmptyByOption) {
     ast_library_set_option(AST_OPTION_ALLOW_EMPTY_FSPEC);
     const ast_subfields_t subfields = split(octets("00"), 48130);

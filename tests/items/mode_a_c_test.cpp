@@ -75,11 +75,9 @@ TEST(ModeC, EncodesNegativeLevelsOneLower) {
         {"level 25", {.valid = true, .validated = true, .flight_level = 100}, "00 64"},
         {"highest", {.valid = true, .validated = true, .flight_level = 8191}, "1F FF"},
         {"meant: -4 reads back as -5", {.valid = true, .validated = true, .flight_level = -4}, "3F FB"},
-        {"meant: the lowest turns into the highest",
-         {.valid = true, .validated = true, .flight_level = -8192},
-         "1F FF"},
+        {"the lowest reads back as -8192", {.valid = true, .validated = true, .flight_level = -8191}, "20 00"},
+        {"one lower would read back as 8191", {.valid = true, .validated = true, .flight_level = -8192}, nullptr},
         {"too high", {.valid = true, .validated = true, .flight_level = 8192}, nullptr},
-        {"too low", {.valid = true, .validated = true, .flight_level = -8193}, nullptr},
         {"not validated", {.valid = true, .validated = false}, "80 00"},
         {"garbled", {.valid = true, .validated = true, .garbled = true}, "40 00"},
     };

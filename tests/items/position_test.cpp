@@ -86,6 +86,18 @@ TEST(Position, DetailLabelsTheRawRowAsOfSixOctets) {
     expect_wgs84_labels(detail_of(62105, "00 40 00 00 FF C0 00 00"), "Octet[1-8]", 5); // meant, in this row alone
 }
 
+// Of 22.5 degrees north and 45 east, in six octets, in eight, and behind a height.
+TEST(Position, IsThePlaceThatMapsAreAskedFor) {
+    for (const auto &[type, hex] : {std::pair{21130U, "10 00 00 20 00 00"},
+                                    {62105U, "00 40 00 00 00 80 00 00"},
+                                    {34120U, "00 64 10 00 00 20 00 00"}}) {
+        const std::string view = detail_of(type, hex);
+        for (const char *const place : {"/maps/place/22.500000,45.000000", "/?mlat=22.500000&mlon=45.000000",
+                                        "/marker?position=45.000000,22.500000", "/marker?location=22.500000,45.000000"})
+            EXPECT_NE(view.find(place), view.npos) << type << ": " << place;
+    }
+}
+
 TEST(Position, EncodesOneScaleWhateverTheItem) {
     const EncodeCase<ast_value_pair_t> cases[] = {
         {"north east", pair(22.5, 45), "00 40 00 00 00 80 00 00"},

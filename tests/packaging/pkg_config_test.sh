@@ -1,9 +1,9 @@
 #!/bin/sh
-# Whether programs in C11 and C++17 build and run with what pkg-config says of the installed library.
-# usage: pkg_config_test.sh CC CXX PREFIX LIBRARY_DIRECTORY CONSUMERS
-# Where the library of recordings is installed, too, a program with that.
+# Whether programs in C11 and C++17 build and run with what pkg-config says of the installed library, and where
+# WITH_RECORDING is ON, one with the library of recordings.
+# usage: pkg_config_test.sh CC CXX PREFIX LIBRARY_DIRECTORY CONSUMERS WITH_RECORDING
 set -eu
-cc=$1 cxx=$2 prefix=$3 library=$3/$4 consumers=$5
+cc=$1 cxx=$2 prefix=$3 library=$3/$4 consumers=$5 with_recording=$6
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
@@ -17,7 +17,7 @@ export PKG_CONFIG_PATH LD_LIBRARY_PATH
 }
 "$work/c"
 "$work/cpp"
-if pkg-config --exists ast-recording; then
+if [ "$with_recording" = ON ]; then
     # shellcheck disable=SC2046
     "$cc" -std=c11 "$consumers/recording.c" -o "$work/recording" $(pkg-config --cflags --libs ast-recording)
     "$work/recording"

@@ -4,7 +4,9 @@
 #include <atomic>
 #include <chrono>
 #include <csignal>
+#include <fcntl.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
 
@@ -127,6 +129,24 @@ TEST(Live, AFileThatGrowsIsFollowed) {
     EXPECT_EQ(block.offset, 11U);
 }
 
+TEST(Live, APipeIsReadWhenSomebodyWritesToIt) {
+    const TemporaryFile file;
+    ASSERT_EQ(unlink(file.path().c_str()), 0);
+    ASSERT_EQ(mkfifo(file.path().c_str(), 0600), 0);
+    const auto recording = open({file.path()});
+    ast_recording_block_t block;
+    EXPECT_FALSE(ast_recording_next_within(recording.get(), &block, kMoment_ms));
+    const std::vector<uint8_t> octets = north_marker();
+    const int writer = ::open(file.path().c_str(), O_WRONLY | O_CLOEXEC);
+    ASSERT_GE(writer, 0);
+    ASSERT_EQ(write(writer, octets.data(), octets.size()), static_cast<ssize_t>(octets.size()));
+    ASSERT_TRUE(ast_recording_next_within(recording.get(), &block, kLong_ms));
+    EXPECT_EQ(copy_of(block).octets, octets);
+    close(writer);
+    EXPECT_FALSE(ast_recording_next(recording.get(), &block));
+    EXPECT_EQ(state_of(recording.get()).phase, AST_RECORDING_ENDED);
+}
+
 // ---- Interruption ----
 
 TEST(Interruption, EndsAWaitFromAnotherThread) {
@@ -157,6 +177,19 @@ TEST(Interruption, EndsAWaitFromASignalHandler) {
     EXPECT_FALSE(ast_recording_next(recording.get(), &block));
     EXPECT_EQ(state_of(recording.get()).phase, AST_RECORDING_INTERRUPTED);
     std::signal(SIGALRM, SIG_DFL);
+}
+
+TEST(Interruption, EndsAWaitForAPipeThatNobodyWritesTo) {
+    const TemporaryFile file;
+    ASSERT_EQ(unlink(file.path().c_str()), 0);
+    ASSERT_EQ(mkfifo(file.path().c_str(), 0600), 0);
+    const auto recording = open({file.path()});
+    ast_recording_block_t block;
+    EXPECT_FALSE(ast_recording_next_within(recording.get(), &block, kMoment_ms));
+    EXPECT_EQ(state_of(recording.get()).phase, AST_RECORDING_QUIET);
+    ast_recording_interrupt(recording.get());
+    EXPECT_FALSE(ast_recording_next(recording.get(), &block));
+    EXPECT_EQ(state_of(recording.get()).phase, AST_RECORDING_INTERRUPTED);
 }
 
 // To an address that never answers, a connection takes minutes to fail.

@@ -401,6 +401,17 @@ TEST(JsonEditing, SaysWhatIsWrongAndWhere) {
     }
 }
 
+// An FSPEC as it was received counts as long as it announces the items beside it, and ends where it says.
+TEST(JsonEditing, TakesTheFspecThatMeansTheSameItems) {
+    const auto with = [](const std::string &fspec) {
+        return encoded(R"({"category":48,"I010":{"SAC":25,"SIC":12},"octets":{"FSPEC":")" + fspec + "\"}}");
+    };
+    EXPECT_EQ(with("80"), octets("80 19 0C"));
+    EXPECT_EQ(with("8100"), octets("81 00 19 0C"));
+    for (const char *const other : {"40", "C0", "8000", "81", "8101", "80FF"})
+        EXPECT_EQ(with(other), octets("80 19 0C")) << other;
+}
+
 TEST(JsonEditing, NoTextThatIsCutShortIsARecord) {
     const std::string json =
         R"({"category":48,"I010":{"SAC":25,"SIC":12},"I250":[{"bds":"17","octets":"00000000000007"}],)"

@@ -108,8 +108,8 @@ TEST(Captures, OfSimplePacketsHoldWhatTheirInterfaceCaptures) {
     Command command;
     command.write("c", capture.octets);
     const Result result = command.run("--list c");
-    EXPECT_EQ(result.err, "astdump: c: packet 1, octet 0: category 034: LEN is 11, but only 10 octets are left\n"
-                          "astdump: lost: 10 octets skipped\n");
+    EXPECT_EQ(result.err, "astdump: c: packet 1: cut by the capture after 10 octets\n"
+                          "astdump: lost: 1 datagram cut by the capture, 10 octets skipped\n");
     EXPECT_NE(result.out.find("Sector"), std::string::npos) << result.out;
 }
 
@@ -156,9 +156,11 @@ TEST(Captures, HoldIpHeadersOfAnyLength) {
          "astdump: lost: 1 packet not dissected\n"},
         {"IPv6 that is cut short", pcap(101, {ipv6(udp(kSector + kSector)).substr(0, 60)}),
          at("07:08:09.000012", kRoute6),
-         "astdump: c: packet 1: truncated to 12 octets\n"
-         "astdump: c: packet 1, octet 11: 1 octet, too few for a block header\n"
-         "astdump: lost: 1 datagram truncated, 1 octet skipped\n"},
+         "astdump: c: packet 1: cut by the capture after 12 octets\n"
+         "astdump: lost: 1 datagram cut by the capture, 1 octet skipped\n"},
+        {"UDP with a length below its header", pcap(101, {kIp.substr(0, 24) + hex("0007") + kIp.substr(26)}), "",
+         "astdump: c: packet 1: not dissected: UDP length below that of its header\n"
+         "astdump: lost: 1 packet not dissected\n"},
     };
     for (const CaptureCase &test : cases) expect(test);
 }

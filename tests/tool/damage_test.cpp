@@ -136,7 +136,7 @@ TEST(Damage, OfACaptureKeepsWhatCameBefore) {
         {"link header cut short", pcap(1, {frame.substr(0, 13), frame}), "all               1",
          "packet 1: not dissected: link header cut short"},
         {"a payload cut short", pcap(1, {frame, frame.substr(0, frame.size() - 1)}), "all               1",
-         "packet 2, octet 0: category 034: LEN is 11, but only 10 octets are left"},
+         "packet 2: cut by the capture after 10 octets"},
     };
     for (const auto &test : cases) {
         SCOPED_TRACE(test.name);
@@ -164,16 +164,35 @@ TEST(Damage, IsSummedUp) {
     command.write("input", file.substr(0, file.size() - 1));
     const Result result = command.run("--quiet --verbose input");
     EXPECT_EQ(result.status, 1);
-    EXPECT_NE(result.err.find("astdump: input: packet 3: truncated to 7 octets\n"), std::string::npos) << result.err;
-    EXPECT_NE(result.err.find("astdump: input: packet 4: truncated to 7 octets\n"), std::string::npos) << result.err;
+    EXPECT_NE(result.err.find("astdump: input: packet 3: cut by the capture after 7 octets\n"), std::string::npos)
+        << result.err;
+    EXPECT_NE(result.err.find("astdump: input: packet 4: cut by the capture after 7 octets\n"), std::string::npos)
+        << result.err;
     EXPECT_NE(command.run("--quiet input")
-                  .err.find("astdump: input: damaged: only the first octets are there: 2 "
-                            "datagrams, the first at packet 3: truncated to 7 octets\n"),
+                  .err.find("astdump: input: damaged: cut by the capture: 2 "
+                            "datagrams, the first at packet 3: cut by the capture after 7 octets\n"),
               std::string::npos);
-    EXPECT_NE(result.err.find("\nastdump: lost: 2 datagrams truncated, 1 packet not dissected, 1 datagram with missing "
-                              "fragments, 1 block invalid, 14 octets skipped, 1 input not read to the end\n"),
+    EXPECT_NE(result.err.find(
+                  "\nastdump: lost: 2 datagrams cut by the capture, 1 packet not dissected, 1 datagram with missing "
+                  "fragments, 1 block invalid, 14 octets skipped, 1 input not read to the end\n"),
               std::string::npos)
         << result.err;
+}
+
+// Whatever is left of it, and whether anything else is sent there or not.
+TEST(Damage, IsNoOtherTrafficWhereTheCaptureHasCutIt) {
+    const std::string frame = ethernet(ipv4(udp(kSector)));
+    const size_t headers = frame.size() - kSector.size();
+    for (size_t octets = 1; octets < kSector.size(); ++octets) {
+        Command command;
+        command.write("input", pcap(1, {frame.substr(0, headers + octets)}));
+        const Result result = command.run("--quiet input");
+        EXPECT_EQ(result.status, 1) << octets;
+        EXPECT_EQ(result.err.find("not ASTERIX"), std::string::npos) << result.err;
+        const std::string cut =
+            "astdump: input: packet 1: cut by the capture after " + std::to_string(octets) + " octet";
+        EXPECT_EQ(result.err.find(cut), 0U) << result.err;
+    }
 }
 
 // The status, and that every line is a report of the tool's own: sanitizers end a program with status 1, too.

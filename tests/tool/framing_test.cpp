@@ -183,6 +183,33 @@ TEST(Compressed, InputIsReadAsWhatIsInIt) {
     }
 }
 
+// As octets they would be blocks, of a category that nothing is known of, that break off, or in which records do.
+TEST(Framing, HexadecimalDigitsAreTheirOctets) {
+    const struct {
+        const char *text;
+        const char *report;
+    } cases[] = {
+        {"FA 00 05 80 01\n",
+         "offset 0: category 250: not supported in record 1 after 0 items, at octet 4 of 5: nothing is "
+         "known of category 250"},
+        {"22000BF0190C02", "offset 0: category 034: LEN is 11, but only 7 octets are left"},
+        {"220008F0190C0254\n",
+         "offset 0: category 034: damaged in record 1 after 2 items, at octet 7 of 8: I034/030 runs "
+         "past the end of the block"},
+    };
+    for (const auto &test : cases) {
+        Command command;
+        command.write("a", test.text);
+        const Result result = command.run("--quiet --verbose a");
+        EXPECT_EQ(result.err.find(std::string("astdump: a: ") + test.report), 0U) << result.err;
+    }
+    Command command;
+    command.write("a", "hello world\n");
+    EXPECT_EQ(command.run("--quiet a").err,
+              "astdump: a: offset 0: 12 octets of text; skipped\nastdump: lost: 12 octets "
+              "skipped\n");
+}
+
 TEST(Compressed, InputIsKeptUpToItsDamage) {
     Command command;
     std::string sectors;

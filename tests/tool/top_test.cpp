@@ -80,4 +80,16 @@ all              210      210
 )");
 }
 
+TEST(Top, TakesTheNarrowestScreenAndAnyTime) {
+    Command command;
+    command.write("a", kSector);
+    command.write("far.json", R"({"time":"-99999999999999.5","category":34,"I000":1})");
+    for (const unsigned columns : {1U, 2U, 3U})
+        for (const std::string file : {"a", "far.json"}) {
+            PseudoTerminal terminal(command, "--top " + file, columns, 9);
+            EXPECT_EQ(terminal.wait(), 0) << columns << ' ' << file;
+        }
+    EXPECT_NE(command.run("--top far.json").out.find("-99999999999999"), std::string::npos);
+}
+
 } // namespace

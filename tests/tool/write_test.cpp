@@ -1,8 +1,12 @@
 // JSON, files of what is chosen, and conversions.
 
+#include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <thread>
 
+#include "background.hpp"
 #include "captures.hpp"
 #include "command.hpp"
 
@@ -141,6 +145,112 @@ TEST(Convert, CountsWhatIsLeftOut) {
     EXPECT_EQ(read_file(command.directory() + "/c.ast"), hex("01 0007 C0 190C 20") + kForeign);
     EXPECT_EQ(command.run("--convert 3 b").status, 2);
     EXPECT_EQ(command.run("--convert all b").status, 2);
+}
+
+// What is not whole does not take the place of a file that is.
+TEST(Write, BrokenOffStaysBesideTheOlderFile) {
+    std::string many;
+    const std::string once = read_file(kSample);
+    for (size_t i = 0; i < 200'000; ++i) many += once;
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        Command command;
+        command.write("many.ast", many);
+        command.write("page", "older");
+        command.write("new.json", "older");
+        Background tool(command, "--html page --write new.json many.ast");
+        const auto has_begun = [&] {
+            return std::ranges::any_of(std::filesystem::directory_iterator(command.directory()), [](const auto &entry) {
+                return entry.path().filename().string().starts_with("new.json.") && entry.file_size() != 0;
+            });
+        };
+        while (!has_begun() && tool.runs()) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        const Result result = tool.end(signal);
+        EXPECT_EQ(result.status, -1) << "by the signal";
+        for (const std::string file : {"page", "new.json"}) {
+            EXPECT_EQ(read_file(command.directory() + '/' + file), "older");
+            EXPECT_FALSE(read_file(command.directory() + '/' + file + ".part").empty());
+            const std::string told = "astdump: " + file + ": interrupted and left as it was; ";
+            EXPECT_NE(result.err.find(told), std::string::npos) << result.err;
+            EXPECT_NE(result.err.find("are in " + file + ".part\n"), std::string::npos) << result.err;
+        }
+        const std::string part = read_file(command.directory() + "/new.json.part");
+        EXPECT_EQ(part.back(), '\n') << "of whole lines";
+    }
+}
+
+// A file that is opened first would become standard output, and hold the listing.
+TEST(Write, GetsNothingOfStandardStreamsThatAreClosed) {
+    Command command;
+    command.run("--write b.pcap " + kCapture);
+    const std::string whole = read_file(command.directory() + "/b.pcap");
+    for (const std::string closed : {">&-", "2>&-", "<&- >&- 2>&-"}) {
+        EXPECT_EQ(command.run("--list --verbose --write a.pcap " + kCapture + " nowhere " + closed).status, 2)
+            << closed;
+        EXPECT_EQ(command.run("--list --write c.pcap " + kCapture + ' ' + closed).status, 0) << closed;
+        EXPECT_EQ(read_file(command.directory() + "/c.pcap"), whole) << closed;
+        EXPECT_EQ(command.run("--html page " + kCapture + ' ' + closed).status, 0) << closed;
+        EXPECT_EQ(read_file(command.directory() + "/page").find("<!DOCTYPE html>"), 0U) << closed;
+    }
+    EXPECT_EQ(command.run("- <&-").err, "astdump: standard input: holds no octets\n");
+}
+
+TEST(Write, ToNoNameIsAMistake) {
+    for (const std::string option : {"--write", "--html"}) {
+        const Result result = Command().run(option + " '' " + kCapture);
+        EXPECT_EQ(result.status, 2);
+        EXPECT_EQ(result.err.find("astdump: " + option + ": the name of the file is empty\n"), 0U) << result.err;
+    }
+}
+
+// A capture counts the seconds from 1970 in 32 bits; JSON has any time.
+TEST(Write, RefusesTimesThatACaptureCannotHold) {
+    Command command;
+    const std::string line =
+        R"({"time":"TIME","source":"10.0.0.1:1","destination":"10.0.0.2:2","category":34,"I000":1})";
+    const auto with_time = [&](const std::string &time) {
+        std::string text = line;
+        return text.replace(text.find("TIME"), 4, time) + '\n';
+    };
+    for (const std::string time :
+         {"2106-02-07T06:28:16.000000Z", "1969-12-31T23:59:59.000000Z", "253402300800.000000"}) {
+        command.write("a.json", with_time(time));
+        const Result result = command.run("--write b.pcap a.json");
+        EXPECT_EQ(result.status, 2) << time;
+        EXPECT_NE(result.err.find(" fits no capture, which counts 32 bits of seconds from 1970\n"), std::string::npos)
+            << result.err;
+        EXPECT_EQ(command.run("--json a.json").out.find(R"({"block":1,"record":1,"time":")" + time), 0U);
+    }
+    command.write("a.json", with_time("2106-02-07T06:28:15.000000Z"));
+    EXPECT_EQ(command.run("--write b.pcap a.json").status, 0);
+    EXPECT_NE(command.run("b.pcap").out.find("2106-02-07 06:28:15.000000Z"), std::string::npos);
+}
+
+// Through JSON and back: the octets behind the blocks are not in JSON.
+TEST(Write, KeepsDatagramsTogether) {
+    Command command;
+    const std::string two = kPlots + hex("22 0005 40 02");
+    const std::string trailer = hex("00 00 00 0C FF");
+    const std::string capture = pcap(1, {ethernet(ipv4(udp(two))), ethernet(ipv4(udp(kPlots + trailer))), //
+                                         ethernet(ipv4(udp(two + trailer)))});
+    command.write("a.pcap", capture);
+    const std::string with_trailers =
+        "astdump: a.pcap: 2 datagrams with octets behind the last block, 10 octets in all; "
+        "passed over\n";
+    EXPECT_EQ(command.run("--write b.pcap a.pcap").err, with_trailers);
+    EXPECT_EQ(command.run("--json b.pcap").out, command.run("--json a.pcap").out);
+    EXPECT_EQ(command.run("--quiet b.pcap").err, "astdump: b.pcap: 2 datagrams with octets behind the last block, 10 "
+                                                 "octets in all; passed over\n");
+    command.run("--category 48 --write c.pcap a.pcap");
+    EXPECT_EQ(command.run("--quiet c.pcap").err,
+              "astdump: c.pcap: 1 datagram with octets behind the last block, 5 octets "
+              "in all; passed over\n")
+        << "behind what is left of a datagram, they would mean something else";
+
+    for (const std::string jobs : {"1", "3"}) {
+        command.run("--jobs " + jobs + " --write many.json " + std::string(SAMPLES "/tracks.pcap"));
+        command.run("--jobs " + jobs + " --write many.pcap many.json");
+        EXPECT_EQ(read_file(command.directory() + "/many.pcap").size(), read_file(SAMPLES "/tracks.pcap").size());
+    }
 }
 
 } // namespace

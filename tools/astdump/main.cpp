@@ -4,7 +4,10 @@
 #include <csignal>
 #include <cstdio>
 #include <exception>
+#include <fcntl.h>
 #include <limits>
+#include <new>
+#include <stdexcept>
 #include <unistd.h>
 
 #include "page/page.hpp"
@@ -86,6 +89,12 @@ int check_output(int error, int status) {
     return kExitUnusable;
 }
 
+// A fault of the tool itself names what it was about, and no more: the rest means nothing to users.
+int files_of(Run &run) try { return run.files(); } catch (const std::logic_error &) {
+    tell("internal error in " + run.place());
+    return kExitInternal;
+}
+
 int run(const Options &options) {
     Interruption interruption;
     const Signals signals(interruption);
@@ -93,9 +102,15 @@ int run(const Options &options) {
     ReportLog reports(use_color(options, stderr), options.verbose);
     Run run(options, make_sinks(options, out, reports, interruption), out, reports, Progress(wants_progress(options)),
             &interruption);
-    const int status = run.files();
+    const int status = files_of(run);
     if (interruption.ended() && !options.follow) signals.pass_on();
     return check_output(out.error(), status);
+}
+
+// Where whoever started this has closed one, a file that is opened later would take its place, and be written to.
+void open_standard_descriptors() {
+    for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        if (::fcntl(descriptor, F_GETFD) < 0) ::open("/dev/null", descriptor == STDIN_FILENO ? O_RDONLY : O_WRONLY);
 }
 
 } // namespace
@@ -104,12 +119,21 @@ int run(const Options &options) {
 
 int main(int argc, char **argv) try {
     using namespace ast::recording::astdump;
+    open_standard_descriptors();
     // Writing to a pipe that nobody reads any more then fails instead of ending the process.
     std::signal(SIGPIPE, SIG_IGN);
     const CommandLine command_line = read_command_line(argc, argv);
     if (command_line.options) return run(*command_line.options);
-    return check_output(std::fflush(stdout) == 0 ? 0 : errno, command_line.status);
-} catch (const std::exception &error) {
+    ast::recording::Output out(STDOUT_FILENO);
+    out.write(command_line.output);
+    return check_output(out.error(), command_line.status);
+} catch (const std::runtime_error &error) {
     ast::recording::astdump::tell(error.what());
     return ast::recording::astdump::kExitUnusable;
+} catch (const std::bad_alloc &) {
+    ast::recording::astdump::tell("there is no memory left");
+    return ast::recording::astdump::kExitUnusable;
+} catch (const std::exception &) {
+    ast::recording::astdump::tell("internal error in reading the command line");
+    return ast::recording::astdump::kExitInternal;
 }

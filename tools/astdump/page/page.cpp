@@ -7,6 +7,7 @@
 #include "page/page_chunk.hpp"
 #include "page/page_parts.hpp"
 #include "show/terminal.hpp"
+#include "show/write_file.hpp"
 
 namespace ast::recording::astdump {
 
@@ -47,6 +48,11 @@ void Page::finish(uint64_t octets_read) {
 }
 
 void Page::give_up() { tell(path_ + ": not written"); }
+
+void Page::break_off() {
+    totals();
+    tell_part(file_);
+}
 
 void Page::totals() {
     file_.write("</main>\n<section class=\"numbers\" aria-label=\"Numbers by category\">\n<table "

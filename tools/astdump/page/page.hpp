@@ -29,6 +29,7 @@ public:
 
     // Leaves what was there before, and says so.
     void give_up() override;
+    void break_off() override;
 
 private:
     void totals();

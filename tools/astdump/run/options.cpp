@@ -3,7 +3,6 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <filesystem>
-#include <iostream>
 #include <sched.h>
 #include <sstream>
 #include <stdexcept>
@@ -109,6 +108,9 @@ std::vector<std::string> arguments(int argc, char **argv) {
     return arguments;
 }
 
+// A variable of a shell may be empty, too.
+std::string is_name(const std::string &file) { return file.empty() ? "the name of the file is empty" : ""; }
+
 void describe_live(CLI::App &app, Options &options) {
     app.add_flag("--follow", options.follow, "Wait for more at the end; SIGINT (Ctrl-C) ends it and shows --stats");
     app.add_option("--interface", options.interface, "Network interface to listen on, by name or address")
@@ -157,7 +159,9 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
         ->type_name("N");
     describe_datagrams(app, options, texts);
     app.add_flag("--detail", options.detail, "Below each item of the listing, the value of every field");
-    app.add_option("--html", options.html, "Instead of the listing, write a page for web browsers")->type_name("PAGE");
+    app.add_option("--html", options.html, "Instead of the listing, write a page for web browsers")
+        ->check(is_name)
+        ->type_name("PAGE");
     app.add_flag("--list", options.list, "A line per record with the common quantities in columns");
     app.add_flag("--json", options.json, "Instead of the listing, a line of JSON per record with all its values");
     app.add_flag("--texts", options.texts, "In JSON, codes with their texts");
@@ -170,6 +174,7 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
                    "Turn records into those of categories that say the same: 1 from 48, 2 from 34, and back")
         ->type_name("LIST");
     app.add_option("--write", options.write, "Write what is chosen to a .pcap, .ast or .json file instead")
+        ->check(is_name)
         ->type_name("NEWFILE");
     app.add_flag("--quiet", options.quiet, "No listing, only reports of damage");
     app.add_flag("--verbose", options.verbose, "Report everything that is damaged, not a line for each reason");
@@ -186,14 +191,14 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
 
 // Shows the help that was asked for, or what is wrong, which may quote names of files that a pattern of the shell
 // found.
-int exit_for(const CLI::App &app, const CLI::ParseError &error) {
-    std::ostringstream messages;
-    const bool is_clean = app.exit(error, std::cout, messages) == 0;
+CommandLine end_for(const CLI::App &app, const CLI::ParseError &error) {
+    std::ostringstream output, messages;
+    const bool is_clean = app.exit(error, output, messages) == 0;
     std::istringstream lines(messages.str());
     std::string line;
     if (std::getline(lines, line)) tell(line);
     while (std::getline(lines, line)) std::fprintf(stderr, "%s\n", readable(line).c_str());
-    return is_clean ? kExitClean : kExitUnusable;
+    return {.options = {}, .status = is_clean ? kExitClean : kExitUnusable, .output = output.str()};
 }
 
 uint64_t read_count(const std::string &text) {
@@ -285,7 +290,7 @@ CommandLine read_command_line(int argc, char **argv) {
         app.parse(arguments(argc, argv));
         complete(options, texts);
     } catch (const CLI::ParseError &error) {
-        return {.status = exit_for(app, error)};
+        return end_for(app, error);
     } catch (const std::invalid_argument &error) {
         tell(error.what());
         return {.status = kExitUnusable};

@@ -38,12 +38,14 @@ struct Options : ReadOptions {
 constexpr int kExitClean = 0;
 constexpr int kExitDamaged = 1;
 constexpr int kExitUnusable = 2;
+constexpr int kExitInternal = 70; // a fault of the tool itself
 
 // Reads the command line. When there is nothing left to do, after --help or for a mistake that has been reported,
 // gives the exit status instead of options.
 struct CommandLine {
     std::optional<Options> options;
     int status = kExitClean;
+    std::string output{}; // that was asked for
 };
 CommandLine read_command_line(int argc, char **argv);
 

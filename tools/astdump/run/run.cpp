@@ -81,17 +81,22 @@ void Run::opened(const std::string &name, const Input &input) {
 }
 
 void Run::read_input(Pipeline &pipeline) {
-    reports_.set_file(inputs_.name(), inputs_.input().is_live() && !options_.merge);
-    consumed_ = 0;
+    is_live_ = inputs_.input().is_live() && !options_.merge;
+    reports_.set_file(inputs_.name(), is_live_);
+    consumed_ = last_block_ = 0;
     if (!done()) pipeline.run();
     octets_read_ += consumed_;
     if (!sinks_.empty()) sinks_.front()->flush();
     reports_.end_file();
 }
 
+std::string Run::place() const { return inputs_.name() + ", behind block " + std::to_string(last_block_); }
+
 void Run::finish() {
     for (const auto &sink : sinks_)
-        if (unreadable_)
+        if (is_broken_off())
+            sink->break_off();
+        else if (unreadable_)
             sink->give_up();
         else
             sink->finish(octets_read_);
@@ -125,8 +130,9 @@ bool Run::take(Job &job) {
         sinks_[i]->count(rendered.tally);
     }
     consumed_ = job.chunk.consumed;
+    last_block_ = job.chunk.end_number - 1;
     progress_.update(inputs_.name(), consumed_, inputs_.input().size(), job.chunk.end_number - 1);
-    return !has_enough(); // an input that the user has ended has still to say what it holds back
+    return !has_enough() && !is_broken_off(); // what comes live has still to say what it holds back
 }
 
 } // namespace ast::recording::astdump

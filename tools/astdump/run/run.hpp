@@ -22,6 +22,9 @@ public:
     // Reads all files and returns the exit status.
     int files();
 
+    // How far it has got: "a.pcap, behind block 12".
+    std::string place() const;
+
 private:
     // What may still be shown: blocks, or lines of records.
     uint64_t most() const { return options_.count ? *options_.count - shown_ : std::numeric_limits<uint64_t>::max(); }
@@ -30,6 +33,9 @@ private:
     bool is_unseen() const { return out_.error() != 0 && !options_.writes_files(); }
     bool has_enough() const { return most() == 0 || is_unseen(); }
     bool done() const { return has_enough() || (interruption_ && interruption_->ended()); }
+
+    // What comes as it is sent is whole wherever the user ends it.
+    bool is_broken_off() const { return interruption_ && interruption_->ended() && !is_live_; }
     void read_input(Pipeline &pipeline);
     void finish();
     void tell_what_is_left_out() const;
@@ -57,6 +63,8 @@ private:
     uint64_t unconverted_ = 0; // records
     uint64_t octets_read_ = 0; // of the files before this one
     uint64_t consumed_ = 0;    // of this one
+    uint64_t last_block_ = 0;  // that has been taken
+    bool is_live_ = false;     // the input at hand, or the last one
     bool unreadable_ = false;
 };
 

@@ -7,7 +7,7 @@ namespace ast::recording::astdump {
 
 namespace {
 
-constexpr int kEnding[] = {SIGINT, SIGTERM};
+constexpr int kEnding[] = {SIGINT, SIGTERM, SIGHUP};
 
 // What the handler knows.
 std::atomic<Interruption *> interruption_of_process = nullptr;

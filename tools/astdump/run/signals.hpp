@@ -1,4 +1,4 @@
-// SIGINT and SIGTERM end the reading, not the process.
+// SIGINT, SIGTERM and SIGHUP end the reading, not the process.
 #pragma once
 
 #include <csignal>
@@ -19,7 +19,7 @@ public:
     void pass_on() const;
 
 private:
-    struct sigaction before_[2];
+    struct sigaction before_[3];
 };
 
 } // namespace ast::recording::astdump

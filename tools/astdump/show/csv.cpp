@@ -130,13 +130,6 @@ private:
         out.put('\n');
     }
 
-    static void put_iso_time(TextBuffer &out, const Time &time) {
-        const size_t begin = out.size();
-        put_time(out, time);
-        out.set(begin + std::string_view("2024-05-06").size(), 'T');
-        out.put('Z');
-    }
-
     const std::vector<CsvColumn> &columns_;
 };
 

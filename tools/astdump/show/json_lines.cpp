@@ -40,13 +40,9 @@ const char *terminated(TextBuffer &text) {
     return text.text().data();
 }
 
-// "2024-05-06T07:08:09.000012Z"
-const char *put_iso_time(TextBuffer &out, const Time &time) {
-    constexpr size_t kDateCharacters = 10;
+const char *put_one_time(TextBuffer &out, const Time &time) {
     out.clear();
-    put_time(out, time);
-    out.set(kDateCharacters, 'T');
-    out.put('Z');
+    put_iso_time(out, time);
     return terminated(out);
 }
 
@@ -61,7 +57,7 @@ ast_json_line_t JsonRenderer::line(const Datagram &datagram, uint64_t offset) {
     ast_json_line_t line{};
     line.texts = form_.texts;
     if (form_.name_files) line.file = datagram.file ? datagram.file->c_str() : file_.c_str();
-    if (datagram.time) line.time = put_iso_time(time_, *datagram.time);
+    if (datagram.time) line.time = put_one_time(time_, *datagram.time);
     if (datagram.endpoints) {
         line.source = put_one_endpoint(source_, datagram.endpoints->source);
         line.destination = put_one_endpoint(destination_, datagram.endpoints->destination);

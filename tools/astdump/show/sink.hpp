@@ -62,6 +62,9 @@ public:
 
     // The same where an input could not be read, or not all be written: a file that is written stays as it was before.
     virtual void give_up() { finish(0); }
+
+    // The same where the user has ended it: what is not whole does not take the place of what was there before.
+    virtual void break_off() { finish(0); }
 };
 
 } // namespace ast::recording::astdump

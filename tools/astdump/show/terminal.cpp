@@ -93,7 +93,9 @@ void each_line(std::string_view lines, Visitor visit) {
 } // namespace
 
 std::string cut(std::string text, size_t width) {
-    if (text.size() > width) text.replace(width - 3, std::string::npos, "...");
+    constexpr std::string_view kDots = "...";
+    if (text.size() > width && width >= kDots.size()) text.replace(width - kDots.size(), std::string::npos, kDots);
+    if (text.size() > width) text.resize(width);
     return text;
 }
 

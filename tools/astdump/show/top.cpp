@@ -42,14 +42,13 @@ constexpr size_t kDateAndTime = 19; // characters of "2024-05-06 07:08:09"
 constexpr size_t kDateAndBlank = 11;
 constexpr size_t kTime = 8;
 
-std::string time_text(const Time &time) {
-    TextBuffer text;
-    put_time(text, time);
-    return std::string(text.text().substr(0, kDateAndTime));
+std::string whole_second_text(const Time &time) {
+    return time_text(time).substr(0, is_in_calendar(time) ? kDateAndTime : std::string::npos);
 }
 
 std::string last_text(const SourceCounts &counts) {
-    if (counts.received) return time_text(*counts.received).substr(kDateAndBlank);
+    if (counts.received)
+        return whole_second_text(*counts.received).substr(is_in_calendar(*counts.received) ? kDateAndBlank : 0);
     return std::string(counts.time_of_day).substr(0, kTime);
 }
 
@@ -154,9 +153,9 @@ std::string Top::lines(size_t columns, size_t most_rows) const {
 }
 
 std::string Top::title() const {
-    if (form_.is_live) return name_ + "  " + time_text(now()) + " UTC";
+    if (form_.is_live) return name_ + "  " + whole_second_text(now()) + " UTC";
     if (!span_) return name_;
-    return name_ + "  " + time_text(span_->first) + " to " + time_text(span_->last) + " UTC";
+    return name_ + "  " + whole_second_text(span_->first) + " to " + whole_second_text(span_->last) + " UTC";
 }
 
 // In their order; where there are more than fit, those with the most records.

@@ -4,7 +4,9 @@
 #include <iterator>
 #include <stdexcept>
 
+#include "base/counted.hpp"
 #include "framing/block_header.hpp"
+#include "show/terminal.hpp"
 #include "write/packets.hpp"
 
 namespace ast::recording::astdump {
@@ -56,7 +58,7 @@ private:
     ChosenBlock chosen_;
 };
 
-// Blocks that came in one packet leave in one.
+// Blocks that came in one datagram leave in one.
 class PacketRenderer : public Renderer {
 public:
     explicit PacketRenderer(bool remainders) : chosen_(remainders) {}
@@ -64,16 +66,19 @@ public:
     void block(const DecodedBlock &decoded, TextBuffer &out) override {
         const Octets octets = chosen_.of(decoded);
         const Datagram &datagram = *decoded.datagram;
-        const bool goes_along =
-            datagram.packet != 0 && datagram.packet == packet_.packet && datagram.file == packet_.file;
-        if (!goes_along || payload_.size() + octets.size() > kMaxPayloadOctets) end(out);
+        const bool fits = payload_.size() + octets.size() + datagram.trailer.size() <= kMaxPayloadOctets;
+        if (!datagram.is_same_as(packet_) || !fits) end(out);
         packet_ = datagram;
         payload_.insert(payload_.end(), octets.begin(), octets.end());
     }
 
+    // What a recorder has put behind the last block stays where all in front of it does.
     void end(TextBuffer &out) override {
+        if (!packet_.trailer.empty() && std::ranges::equal(payload_, packet_.octets))
+            payload_.insert(payload_.end(), packet_.trailer.begin(), packet_.trailer.end());
         if (!payload_.empty()) put_packet(out, packet_, payload_);
         payload_.clear();
+        packet_ = {};
     }
 
 private:
@@ -90,6 +95,15 @@ FileKind file_kind(const std::string &path) {
     if (found != std::end(kExtensions)) return found->kind;
     throw std::invalid_argument("--write: '" + path +
                                 "' ends in none of .pcap (a capture), .ast, .bin, .raw (blocks), .json, .jsonl");
+}
+
+void tell_part(OutputFile &file) {
+    const std::string octets = counted(file.written(), "octet");
+    const std::string part = file.keep_part();
+    if (part.empty())
+        tell(file.path() + ": interrupted after " + octets);
+    else
+        tell(file.path() + ": interrupted and left as it was; " + octets + " of what was to be written are in " + part);
 }
 
 WriteFile::WriteFile(const std::string &path, const std::vector<std::string> &inputs, const JsonForm &form)

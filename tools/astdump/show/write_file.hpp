@@ -14,6 +14,9 @@ enum class FileKind { pcap, blocks, json };
 // By the extension of its name. Throws std::invalid_argument for one that it does not know.
 FileKind file_kind(const std::string &path);
 
+// Says on standard error what there is of a file that the user has broken off, and keeps that beside it.
+void tell_part(OutputFile &file);
+
 class WriteFile : public Sink {
 public:
     // Throws std::runtime_error when the file cannot be written, or is one of the inputs; as do the others.
@@ -28,6 +31,7 @@ public:
     void take(std::string_view rendered) override { file_.write(rendered); }
     void finish(uint64_t) override { file_.replace(); }
     void give_up() override {}
+    void break_off() override { tell_part(file_); }
 
 private:
     FileKind kind_;

@@ -1,6 +1,8 @@
 // From rows to programs, at compile time.
 #pragma once
 
+#include <algorithm>
+
 #include "schema/edition.hpp"
 #include "schema/number.hpp"
 #include "schema/texts.hpp"
@@ -26,6 +28,7 @@ struct ProgramSize {
 template <typename T>
 class Sink {
 public:
+    constexpr Sink() = default;
     constexpr explicit Sink(T *to) : to_(to) {}
     constexpr void put(const T &value) {
         set(size_, value);
@@ -49,7 +52,7 @@ public:
     constexpr size_t most() const { return most_; } // ever
 
 private:
-    T *to_; // null while it only counts
+    T *to_ = nullptr; // null while it only counts
     size_t size_ = 0;
     size_t most_ = 0;
 };
@@ -69,13 +72,21 @@ constexpr bool is_plain(const char *at) {
 // Puts together the program of items, or only counts what it takes.
 class Compiler {
 public:
+    constexpr Compiler() = default;
     constexpr Compiler(Node *nodes, Piece *pieces, Digit *digits, char *text, uint8_t *texts)
         : nodes_(nodes), pieces_(pieces), digits_(digits), text_(text), texts_(texts) {}
 
     constexpr void reserve(size_t items) { nodes_.reserve(items); }
     constexpr void item(size_t slot, const Field *field) {
         item_ = field;
+        node_room_ = 0;
+        density_ = density_with_texts_ = kMostCharsOfOctet;
         node(slot, field);
+        nodes_.change(slot, [&](Node &node) {
+            node.room = node_room_;
+            node.density = density_;
+            node.density_with_texts = density_with_texts_;
+        });
     }
     // The members of a register, which stand behind its number.
     constexpr void mode_s_register(size_t slot, const Field *field) {
@@ -84,12 +95,13 @@ public:
         must(room_ <= kRegisterRoom && room_with_texts_ <= kRegisterRoomWithTexts);
     }
     constexpr ProgramSize finish() {
-        for (size_t i = 0; i < kBlock; ++i) text_.put('\0'); // which copies of the last text may read
-        must(text_.size() <= UINT16_MAX && nodes_.size() <= UINT16_MAX && pieces_.size() <= UINT16_MAX);
         return {nodes_.most(), pieces_.most(), digits_.most(), text_.most(), texts_.most()};
     }
 
 private:
+    // Octets in hexadecimal digits.
+    static constexpr size_t kMostCharsOfOctet = 2;
+
     // ---- Nodes ----
 
     constexpr void node(size_t slot, const Field *field) {
@@ -121,11 +133,13 @@ private:
         for (const Field *child = field + 1; child != behind(field); child = behind(child)) ++count;
         const size_t first = nodes_.reserve(count);
         nodes_.set(slot, {.shape = shape,
-                          .count = narrow<uint8_t>(count),
-                          .chars = narrow<uint8_t>(text_.size() - opening),
-                          .octets = shape == Shape::Compound ? narrow<uint16_t>(field->denominator) : uint16_t{0},
-                          .first = narrow<uint16_t>(first),
-                          .text = narrow<uint16_t>(opening)});
+                          .octets = shape == Shape::Compound ? field->denominator : 0,
+                          .first = first,
+                          .count = count,
+                          .text = opening,
+                          .chars = text_.size() - opening});
+        constexpr size_t kBrackets = 2; // or quotes
+        node_room_ += text_.size() - opening + kBrackets;
         size_t next = first;
         for (const Field *child = field + 1; child != behind(field); child = behind(child), ++next)
             if (shape == Shape::Extended)
@@ -162,28 +176,23 @@ private:
 
     constexpr void begin() {
         first_piece_ = pieces_.size();
-        pending_text_ = text_.size();
-        pending_digit_ = digits_.size();
         bit_ = 0;
         is_first_ = false;
-        selector_ = {};
-        closing_ = 0;
-        room_ = room_with_texts_ = kMaxClosing;
+        selector_ = nullptr;
+        waiting_text_ = text_.size();
+        waiting_digit_ = digits_.size();
+        room_ = room_with_texts_ = 0;
     }
     constexpr void end(size_t slot, const Field *field) {
-        const size_t pending = text_.size() - pending_text_;
-        const size_t closing = pending == closing_ && pending <= kMaxClosing ? pending : 0;
-        text_.cut(text_.size() - closing);
         flush();
-        must(bit_ <= 8 * kMaxFixedOctets);
-        nodes_.set(slot, {.shape = Shape::Fixed,
-                          .count = narrow<uint8_t>(pieces_.size() - first_piece_),
-                          .closing = static_cast<uint8_t>(closing),
-                          .octets = static_cast<uint16_t>((bit_ + 7) / 8),
-                          .first = narrow<uint16_t>(first_piece_),
-                          .room = narrow<uint16_t>(room_),
-                          .room_with_texts = narrow<uint16_t>(room_with_texts_)});
         must(bit_ == field->bits);
+        const size_t octets = (bit_ + 7) / 8;
+        nodes_.set(slot, {.shape = Shape::Fixed,
+                          .octets = octets,
+                          .first = first_piece_,
+                          .count = pieces_.size() - first_piece_});
+        density_ = std::max(density_, room_ / octets + 1);
+        density_with_texts_ = std::max(density_with_texts_, room_with_texts_ / octets + 1);
     }
 
     // ---- Pieces ----
@@ -191,51 +200,42 @@ private:
     // Text that waits for what stands behind it.
     constexpr void put(char c) {
         text_.put(c);
-        closing_ = c == '}' ? closing_ + 1 : 0;
         ++room_;
         ++room_with_texts_;
     }
     constexpr void key(const Field *field) {
-        constexpr size_t kMostPending = 200;
-        if (text_.size() - pending_text_ > kMostPending) flush();
         if (!is_first_) put(',');
         is_first_ = false;
         for (size_t i = 0; i < field->key_chars; ++i) put(field->key[i]);
     }
+    // A piece takes along what waits.
+    constexpr void emit(Piece piece) {
+        piece.text = waiting_text_;
+        piece.chars = text_.size() - waiting_text_;
+        piece.digit = waiting_digit_;
+        piece.digits = digits_.size() - waiting_digit_;
+        piece.digits_octet = digits_octet_;
+        piece.item = item_;
+        pieces_.put(piece);
+        waiting_text_ = text_.size();
+        waiting_digit_ = digits_.size();
+    }
     constexpr void flush() {
-        if (text_.size() != pending_text_) emit({.op = Op::Plain});
+        if (text_.size() != waiting_text_) emit({.op = Op::Plain});
     }
-    constexpr size_t emit(Piece piece) {
-        piece.text = narrow<uint16_t>(pending_text_);
-        piece.digit = narrow<uint16_t>(pending_digit_);
-        piece.chars = narrow<uint8_t>(text_.size() - pending_text_);
-        piece.digits = narrow<uint8_t>(digits_.size() - pending_digit_);
-        pending_text_ = text_.size();
-        pending_digit_ = digits_.size();
-        closing_ = 0;
+    // What waits is written before, unless nothing is written here in any case.
+    constexpr size_t emit_branch(Piece piece) {
+        flush();
         pieces_.put(piece);
         return pieces_.size() - 1;
     }
-    // What waits is left waiting.
-    constexpr size_t emit_without_text(Piece piece) {
-        pieces_.put(piece);
-        return pieces_.size() - 1;
-    }
-
-    // A piece that takes so many bits from here on.
-    constexpr Piece piece_of(Op op, unsigned bits) const {
-        const unsigned number = bits <= kMaxNumberBits ? bits : 1;
-        return {.op = op,
-                .octet = narrow<uint8_t>(bit_ / 8),
-                .left = static_cast<uint8_t>(bit_ % 8),
-                .right = static_cast<uint8_t>(64 - number)};
-    }
-    constexpr uint16_t row_of(const Field *field) const { return narrow<uint16_t>(static_cast<size_t>(field - item_)); }
-    // The pieces from one on are passed over where that one says so.
+    // The pieces from one on are written or not as that one says.
     constexpr void close_branch(size_t branch) {
-        const auto count = narrow<uint8_t>(pieces_.size() - branch - 1);
+        flush();
+        const size_t count = pieces_.size() - branch - 1;
         pieces_.change(branch, [&](Piece &piece) { piece.count = count; });
     }
+    constexpr uint16_t row_of(const Field *field) const { return narrow<uint16_t>(static_cast<size_t>(field - item_)); }
 
     // ---- Fields ----
 
@@ -260,7 +260,7 @@ private:
     constexpr void member(const Field *field) {
         switch (field->kind) {
         case Kind::Spare:
-            emit_without_text(piece_of(Op::Spare, field->bits));
+            pieces_.put({.op = Op::Spare, .bit = bit_, .bits = field->bits});
             break;
         case Kind::Group:
             return field->is_named() ? object(field) : members(field);
@@ -278,89 +278,58 @@ private:
     // What may be missing stands behind something, so that it brings its comma along.
     constexpr void optional(const Field *field) {
         must(!is_first_ && field->bits < kMaxNumberBits);
-        flush();
-        Piece status = piece_of(Op::Unless, 1U + field->bits);
-        status.shift = static_cast<uint8_t>(field->bits);
-        const size_t branch = emit(status);
+        const size_t branch = emit_branch({.op = Op::IfSet, .bit = bit_, .bits = 1U + field->bits});
         ++bit_;
         member(field);
-        flush();
         close_branch(branch);
-        selector_ = {};
+        selector_ = nullptr;
     }
     constexpr void number_or_none(const Field *field) {
         must(!is_first_);
-        flush();
-        const size_t branch = emit(piece_of(Op::UnlessZero, field->bits));
+        const size_t branch = emit_branch({.op = Op::UnlessZero, .bit = bit_, .bits = field->bits});
         value(field);
         close_branch(branch);
-        selector_ = {};
+        selector_ = nullptr;
     }
 
     constexpr void either(const Field *field) {
-        must(!is_first_ && selector_.op == Op::Case);
-        flush();
-        const Piece selector = selector_;
+        must(!is_first_ && selector_ != nullptr);
+        const Piece is_one = {.op = Op::Case, .bit = selector_bit_, .bits = selector_->bits};
         const size_t bit = bit_;
         size_t skips[kMaxReadings] = {};
         size_t count = 0;
         for (const Field *when = field + 1; when != behind(field); when = behind(when)) {
             must(count < std::size(skips));
-            const size_t branch = emit(case_of(selector, *when));
+            Piece is_this = is_one;
+            is_this.selector = when->selector();
+            is_this.message_type = when->message_type();
+            const size_t branch = emit_branch(is_this);
             member(when + 1);
-            flush();
-            skips[count++] = emit({.op = Op::Skip});
+            skips[count++] = emit_branch({.op = Op::Skip});
             close_branch(branch);
             bit_ = bit;
         }
         value(field);
         bit_ += field->bits;
         for (size_t i = 0; i < count; ++i) close_branch(skips[i]);
-        selector_ = {};
-    }
-    static constexpr Piece case_of(Piece selector, const Field &when) {
-        const bool is_any = when.message_type() == kAnyMessageType;
-        selector.factor = when.selector();
-        selector.message_type = is_any ? kAnyMessage : narrow<uint16_t>(when.message_type());
-        return selector;
+        selector_ = nullptr;
     }
 
     constexpr void value(const Field *field) {
         key(field);
-        selector_ = holds_octets(*field) ? Piece{} : piece_of(Op::Case, field->bits);
+        selector_ = holds_octets(*field) ? nullptr : field;
+        selector_bit_ = bit_;
         if (is_digit(*field)) return digit(field);
-        Piece piece = piece_of(op_of(*field), field->bits);
-        piece.row = row_of(field);
         size_t room = kNumberRoom;
-        switch (piece.op) {
-        case Op::Code:
-            piece.factor = texts_of(*field);
-            break;
-        case Op::Octal:
-            piece.count = static_cast<uint8_t>(field->bits / kOctalBits);
-            break;
-        case Op::Hex:
-            piece.count = static_cast<uint8_t>(hex_digits(*field));
-            break;
-        case Op::Icao:
-            piece.count = static_cast<uint8_t>(field->bits / kIcaoBits);
-            break;
-        case Op::Characters:
-        case Op::Octets:
-            piece.factor = field->bits / 8U;
-            room = 2 + 2U * piece.factor;
-            break;
-        case Op::Register:
-            piece.factor = field->denominator;
+        if (field->kind == Kind::Ascii || field->bits > 64) room = 2 + field->bits / 4U;
+        if (field->kind == Kind::Register) {
             room = kRegisterRoom;
             room_with_texts_ += kRegisterRoomWithTexts - kRegisterRoom;
-            break;
-        default:
-            scale(piece, *field);
         }
         room_ += room;
         room_with_texts_ += room;
-        emit(piece);
+        const size_t texts = field->kind == Kind::Code ? texts_of(*field) : kLookedFor;
+        emit({.op = Op::Value, .bit = bit_, .bits = field->bits, .field = field, .texts = texts});
     }
 
     // Whether a field is one digit that stands in one octet.
@@ -370,65 +339,23 @@ private:
         return is_whole && field.bits <= 3 && bit_ % 8 + field.bits <= 8;
     }
     constexpr void digit(const Field *field) {
-        digits_.put({.place = narrow<uint8_t>(text_.size() - pending_text_),
-                     .octet = narrow<uint8_t>(bit_ / 8),
-                     .shift = static_cast<uint8_t>(8 - bit_ % 8 - field->bits),
+        constexpr size_t kDigitsBits = 64;
+        constexpr size_t kMostChars = UINT8_MAX;
+        const bool is_any = waiting_digit_ != digits_.size();
+        const size_t place = text_.size() - waiting_text_;
+        if ((is_any && bit_ + field->bits > 8 * digits_octet_ + kDigitsBits) || place > kMostChars) return late_digit(field);
+        if (!is_any) digits_octet_ = bit_ / 8;
+        digits_.put({.place = static_cast<uint8_t>(place),
+                     .shift = static_cast<uint8_t>(8 * digits_octet_ + kDigitsBits - bit_ - field->bits),
                      .mask = static_cast<uint8_t>((1U << field->bits) - 1),
                      .row = row_of(field),
                      .texts = field->kind == Kind::Code ? texts_of(*field) : kLookedFor});
         put('0');
     }
-
-    static constexpr Op op_of(const Field &field) {
-        switch (field.kind) {
-        case Kind::Code:
-            return Op::Code;
-        case Kind::Octal:
-            return Op::Octal;
-        case Kind::Icao:
-            return Op::Icao;
-        case Kind::Ascii:
-            return Op::Characters;
-        case Kind::Register:
-            return Op::Register;
-        case Kind::Raw:
-        case Kind::Either:
-            if (field.bits > kMaxNumberBits) return Op::Octets;
-            return is_shown_as_octets(field) ? Op::Hex : Op::Number;
-        case Kind::Unsigned:
-        case Kind::Signed:
-            return op_of_number(field);
-        default:
-            must(field.kind == Kind::UnsignedOrNone);
-            return Op::Other;
-        }
-    }
-
-    // Twice the factor is shifted by one less than the shift. What is exact takes the zeros that make threes of its
-    // decimals along.
-    static constexpr bool is_exact(const Field &field) { return field.shift == 0; }
-    static constexpr uint64_t factor_of(const Field &field) {
-        const uint64_t factor = field.is_quantity() ? field.factor : 1;
-        return is_exact(field) ? 2 * factor * kPowersOfTen[zeros_lacking(field.decimals)] : factor;
-    }
-    static constexpr Op op_of_number(const Field &field) {
-        const unsigned threes = (field.decimals + 2U) / 3;
-        const bool is_signed = field.kind == Kind::Signed;
-        const uint64_t factor = factor_of(field);
-        if (!field.is_quantity() && !is_signed) return Op::Number;
-        if (field.offset != 0 || threes > 2 || factor > UINT32_MAX) return Op::Other;
-        const uint64_t zeros = is_exact(field) ? 1 : kPowersOfTen[zeros_lacking(field.decimals)];
-        const uint64_t largest = ((uint64_t{1} << field.bits) * factor >> (is_exact(field) ? 1 : field.shift)) + 1;
-        if (threes == 1 && largest > UINT32_MAX / zeros) return Op::Other;
-        must(largest < INT64_MAX / zeros);
-        if (is_signed) return static_cast<Op>(static_cast<unsigned>(Op::Signed) + threes);
-        return threes == 0 && factor == 2 ? Op::Number : static_cast<Op>(static_cast<unsigned>(Op::Whole) + threes);
-    }
-    static constexpr void scale(Piece &piece, const Field &field) {
-        if (piece.op < Op::Whole || piece.op > Op::SignedMillionths) return;
-        piece.factor = static_cast<uint32_t>(factor_of(field));
-        piece.shift = is_exact(field) ? uint8_t{0} : static_cast<uint8_t>(field.shift - 1);
-        piece.count = is_exact(field) ? uint8_t{0} : static_cast<uint8_t>(zeros_lacking(field.decimals));
+    // One that those before are too far from.
+    constexpr void late_digit(const Field *field) {
+        flush();
+        digit(field);
     }
 
     // ---- Texts of codes ----
@@ -466,14 +393,18 @@ private:
     Sink<uint8_t> texts_;
     const Field *item_ = nullptr;
     size_t first_piece_ = 0;
-    size_t pending_text_ = 0;
-    size_t pending_digit_ = 0;
+    size_t waiting_text_ = 0;
+    size_t waiting_digit_ = 0;
+    size_t digits_octet_ = 0; // from which on those that wait are taken
     size_t bit_ = 0;
-    bool is_first_ = false; // of an object
-    Piece selector_;        // the last number, as a Case reads it; a Plain where there is none for sure
-    size_t closing_ = 0;    // brackets at the end of the text that waits
-    size_t room_ = 0;
+    bool is_first_ = false;           // of an object
+    const Field *selector_ = nullptr; // the last number; null where there is none for sure
+    size_t selector_bit_ = 0;
+    size_t room_ = 0; // that the pieces of a node take at most
     size_t room_with_texts_ = 0;
+    size_t node_room_ = 0; // that the rest of an item takes
+    size_t density_ = 0;   // the most that a node of it takes by octets
+    size_t density_with_texts_ = 0;
 };
 
 template <ProgramSize kSize>
@@ -482,11 +413,7 @@ struct Compiled {
     std::array<Piece, kSize.pieces> pieces{};
     std::array<Digit, kSize.digits + 1> digits{};
     std::array<char, kSize.text> text{};
-    std::array<uint8_t, kSize.texts + 1> texts{};
-
-    constexpr Program program() const {
-        return {nodes.data(), pieces.data(), digits.data(), text.data(), texts.data()};
-    }
+    std::array<uint8_t, kSize.texts + 1> texts{}; // of a code: how many texts it has, and how long each of them is
 };
 
 // Of items, or of Mode S registers.
@@ -503,14 +430,12 @@ constexpr ProgramSize compile(Compiler compiler, const Items &items, bool are_re
 
 template <const auto &kItems, bool kAreRegisters>
 consteval auto compiled() {
-    constexpr ProgramSize size = compile(Compiler(nullptr, nullptr, nullptr, nullptr, nullptr), kItems, kAreRegisters);
+    constexpr ProgramSize size = compile(Compiler(), kItems, kAreRegisters);
     Compiled<size> to;
-    compile(Compiler(to.nodes.data(), to.pieces.data(), to.digits.data(), to.text.data(), to.texts.data()), kItems,
-            kAreRegisters);
+    compile(Compiler(to.nodes.data(), to.pieces.data(), to.digits.data(), to.text.data(),
+                     to.texts.data()),
+            kItems, kAreRegisters);
     return to;
 }
-
-template <const auto &kItems, bool kAreRegisters = false>
-inline constexpr auto kCompiled = compiled<kItems, kAreRegisters>();
 
 } // namespace ast::schema

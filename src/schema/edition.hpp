@@ -37,7 +37,7 @@ struct Edition {
     const char *title = nullptr;
     const Item *items = nullptr;
     uint32_t item_count = 0;
-    Program program;                    // the JSON of the items
+    const Writer *writers = nullptr;    // of the items
     Profile profile;                    // none for an edition that the profiles of the codec cover
     Profile other_profile;              // of a category that has two: plots of category 001, uplink of category 007
     std::array<uint8_t, 1000> places{}; // of an item number in items, counted from 1
@@ -51,15 +51,14 @@ struct Edition {
     }
 };
 
-// The fields of an item, and the program and node of its JSON.
+// The fields of an item, and how its JSON is written.
 struct Found {
     const Field *field = nullptr; // null: no edition describes it
-    const Program *program = nullptr;
-    const Node *node = nullptr;
+    const Writer *writer = nullptr;
 };
 
 inline Found found_at(const Edition &edition, uint32_t place) {
-    return {edition.items[place - 1].field, &edition.program, &edition.program.nodes[place - 1]};
+    return {edition.items[place - 1].field, &edition.writers[place - 1]};
 }
 inline Found found_in(const Edition &edition, uint32_t item_number) {
     const uint32_t place = edition.place_of(item_number);
@@ -78,11 +77,11 @@ const Edition *newest_edition(uint32_t category);
 const Edition *find_edition(uint32_t category, const ast_uap_t &uap);
 
 // An item type as a record of that profile carries it.
-Found find_with_program(ast_dataitem_type_t type, const ast_uap_t &uap);
+Found find_with_writer(ast_dataitem_type_t type, const ast_uap_t &uap);
 
 // Its fields, or null where no edition describes them.
 inline const Field *find_item(ast_dataitem_type_t type, const ast_uap_t &uap) {
-    return find_with_program(type, uap).field;
+    return find_with_writer(type, uap).field;
 }
 // The same with the edition at hand, for those who ask for many items of one category.
 inline const Field *find_item(ast_dataitem_type_t type, const ast_uap_t &uap, const Edition *edition) {
@@ -94,7 +93,7 @@ inline const Field *find_item(ast_dataitem_type_t type, const ast_uap_t &uap, co
 // The fields of a Mode S register by its number, BDS 4,0 is 0x40; null for one without a table.
 const Field *find_register(uint32_t number);
 
-// The same with the program of what stands behind its number.
-Found find_register_program(uint32_t number);
+// The same with what writes it.
+Found find_register_writer(uint32_t number);
 
 } // namespace ast::schema

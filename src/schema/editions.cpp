@@ -69,7 +69,7 @@ const Edition *find_edition(uint32_t category, const ast_uap_t &uap) {
     return category == kAdsB ? &ads_b_edition(uap) : newest_edition(category);
 }
 
-Found find_with_program(ast_dataitem_type_t type, const ast_uap_t &uap) {
+Found find_with_writer(ast_dataitem_type_t type, const ast_uap_t &uap) {
     const uint32_t category = type / kNumbers;
     if (category == kAdsB) [[unlikely]]
         return find_ads_b_item(type % kNumbers, uap);

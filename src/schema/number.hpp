@@ -4,6 +4,7 @@
 #include <concepts>
 #include <cstring>
 #include <string_view>
+#include <utility>
 
 #include "schema/field.hpp"
 
@@ -14,19 +15,33 @@ constexpr unsigned kNumberRoom = 24;
 
 constexpr char digit(uint64_t value) { return static_cast<char>('0' + value); }
 
-// "000", "001" ... "999". Behind each stand in one octet how many zeros it has in front of its last digit, and how many
-// digits it has without the zeros at its end.
 constexpr unsigned kThousand = 1000;
-inline constexpr auto kThrees = [] {
-    std::array<char, size_t{4} * (kThousand + 1)> all{};
+
+// Characters of a few, and how many of them count.
+template <size_t Room>
+struct Chars {
+    char text[Room] = {};
+    uint8_t count = 0;
+};
+
+// "0", "1" ... "999".
+inline constexpr auto kWholes = [] {
+    std::array<Chars<3>, kThousand> all{};
     for (unsigned i = 0; i < kThousand; ++i) {
-        const unsigned in_front = i < 10 ? 2 : i < 100 ? 1 : 0;
-        const unsigned kept = i == 0 ? 0 : i % 100 == 0 ? 1 : i % 10 == 0 ? 2 : 3;
-        all[4 * i] = digit(i / 100);
-        all[4 * i + 1] = digit(i / 10 % 10);
-        all[4 * i + 2] = digit(i % 10);
-        all[4 * i + 3] = static_cast<char>(kept << 2 | in_front);
+        auto &[text, count] = all[i];
+        if (i >= 100) text[count++] = digit(i / 100);
+        if (i >= 10) text[count++] = digit(i / 10 % 10);
+        text[count++] = digit(i % 10);
     }
+    return all;
+}();
+
+// ".000", ".001" ... ".999", of which the zeros at the end do not count, nor a point alone.
+inline constexpr auto kFractions = [] {
+    std::array<Chars<7>, kThousand> all{};
+    for (unsigned i = 0; i < kThousand; ++i)
+        all[i] = {{'.', digit(i / 100), digit(i / 10 % 10), digit(i % 10)},
+                  static_cast<uint8_t>(i == 0 ? 0 : i % 100 == 0 ? 2 : i % 10 == 0 ? 3 : 4)};
     return all;
 }();
 
@@ -37,20 +52,17 @@ inline constexpr auto kPowersOfTen = [] {
     return powers;
 }();
 
-inline const char *three_digits(uint64_t value) { return &kThrees[4 * static_cast<size_t>(value)]; }
+// Below a thousand; two more characters may be written.
+inline char *put_below_thousand(char *out, uint64_t value) {
+    const Chars<3> &digits = kWholes[static_cast<size_t>(value)];
+    std::memcpy(out, &digits, sizeof digits);
+    return out + digits.count;
+}
 
 // Three digits; one more character is written.
 inline char *put_three(char *out, uint64_t value) {
-    std::memcpy(out, three_digits(value), 4);
+    std::memcpy(out, kFractions[static_cast<size_t>(value)].text + 1, 4);
     return out + 3;
-}
-
-// Without the zeros in front.
-inline char *put_below_thousand(char *out, uint64_t value) {
-    const char *const digits = three_digits(value);
-    const unsigned zeros = static_cast<uint8_t>(digits[3]) & 3;
-    std::memcpy(out, digits + zeros, 4);
-    return out + (3 - zeros);
 }
 
 [[gnu::noinline]] inline char *put_large_number(char *out, uint64_t value) {
@@ -60,56 +72,52 @@ inline char *put_below_thousand(char *out, uint64_t value) {
 }
 
 inline char *put_number(char *out, uint64_t value) {
-    return value < kThousand ? put_below_thousand(out, value) : put_large_number(out, value);
+    if (value < kThousand) [[likely]]
+        return put_below_thousand(out, value);
+    if (value >= kThousand * kThousand) [[unlikely]]
+        return put_large_number(out, value);
+    const auto number = static_cast<uint32_t>(value);
+    const uint32_t thousands = number / kThousand;
+    return put_three(put_below_thousand(out, thousands), number - thousands * kThousand);
 }
 
-// Digits behind a point, of which one is not 0, in threes and without the zeros at the end.
-template <unsigned Threes>
-inline char *put_fraction(char *out, uint64_t fraction) {
+// The decimals of a quantity in threes, and a point in front of them; nothing where all of them are 0.
+template <unsigned Threes, std::unsigned_integral Number>
+char *put_fraction(char *out, Number fraction) {
     if constexpr (Threes == 1) {
-        put_three(out, fraction);
-        return out + (static_cast<uint8_t>(three_digits(fraction)[3]) >> 2);
+        const Chars<7> &decimals = kFractions[static_cast<size_t>(fraction)];
+        std::memcpy(out, decimals.text, 4);
+        return out + decimals.count;
     } else {
-        constexpr uint64_t kRest = kPowersOfTen[3 * (Threes - 1)];
-        if (fraction % kRest == 0) return put_fraction<1>(out, fraction / kRest);
-        return put_fraction<Threes - 1>(put_three(out, fraction / kRest), fraction % kRest);
+        constexpr auto kOne = static_cast<Number>(kPowersOfTen[3 * (Threes - 1)]);
+        const Number first = fraction / kOne;
+        const Number rest = fraction - first * kOne;
+        if (rest == 0) return put_fraction<1>(out, first);
+        char *const end = put_fraction<Threes - 1>(out + 3, rest);
+        std::memcpy(out, kFractions[static_cast<size_t>(first)].text, 4); // its last digit upon the point of the rest
+        return end;
     }
 }
 
 // A number whose last digits stand behind the point. Those of 32 bits are cheaper to divide.
-template <unsigned Threes, std::unsigned_integral Number>
-inline char *put_quantity(char *out, Number value) {
-    if constexpr (Threes == 0) {
+template <unsigned Decimals, std::unsigned_integral Number>
+char *put_quantity(char *out, Number value) {
+    if constexpr (Decimals == 0) {
         return put_number(out, value);
     } else {
-        constexpr auto kOne = static_cast<Number>(kPowersOfTen[3 * Threes]);
+        constexpr unsigned kThrees = (Decimals + 2) / 3;
+        constexpr auto kOne = static_cast<Number>(kPowersOfTen[Decimals]);
+        constexpr auto kZerosLacking = static_cast<Number>(kPowersOfTen[3 * kThrees - Decimals]);
         const Number whole = value / kOne;
         const Number fraction = value - whole * kOne;
-        out = put_number(out, whole);
-        if (fraction == 0) return out;
-        *out = '.';
-        return put_fraction<Threes>(out + 1, fraction);
+        return put_fraction<kThrees>(put_number(out, whole), static_cast<Number>(fraction * kZerosLacking));
     }
 }
 
-// How many zeros a quantity lacks to have its decimals in threes.
-constexpr unsigned zeros_lacking(unsigned decimals) { return (3 - decimals % 3) % 3; }
-
-inline char *put_decimal(char *out, uint64_t value, unsigned decimals) {
-    value *= kPowersOfTen[zeros_lacking(decimals)];
-    switch ((decimals + 2) / 3) {
-    case 0:
-        return put_quantity<0>(out, value);
-    case 1:
-        return put_quantity<1>(out, value);
-    case 2:
-        return put_quantity<2>(out, value);
-    case 3:
-        return put_quantity<3>(out, value);
-    default:
-        return put_quantity<4>(out, value);
-    }
-}
+// The same where the number of decimals is a variable.
+inline constexpr auto kPutQuantity = []<size_t... Decimals>(std::index_sequence<Decimals...>) {
+    return std::array{&put_quantity<Decimals, uint64_t>...};
+}(std::make_index_sequence<kMaxDecimals + 1>());
 
 // The magnitude of a raw number below zero in two's complement.
 constexpr bool is_negative(const Field &field, uint64_t raw) {
@@ -124,21 +132,25 @@ constexpr uint64_t in_decimals(const Field &field, uint64_t raw) {
     return (raw * field.factor + (uint64_t{1} << field.shift >> 1)) >> field.shift;
 }
 
-// A number or quantity of a field.
-inline char *put_value(char *out, const Field &field, uint64_t raw) {
-    if (field.kind == Kind::Unsigned && field.is_quantity() && field.offset == 0)
-        return put_decimal(out, in_decimals(field, raw), field.decimals);
+// A number or quantity of a field, its decimals by a function for so many of them.
+template <typename PutDecimals>
+[[gnu::always_inline]] inline char *put_value_by(char *out, const Field &field, uint64_t raw, PutDecimals put_decimals) {
     const uint64_t size = magnitude(field, raw);
-    *out = '-';
-    out += is_negative(field, raw);
+    if (field.kind == Kind::Signed) {
+        *out = '-';
+        out += is_negative(field, raw);
+    }
     if (!field.is_quantity()) return put_number(out, size);
     if (field.offset == 0) [[likely]]
-        return put_decimal(out, in_decimals(field, size), field.decimals);
+        return put_decimals(out, in_decimals(field, size));
     const int64_t value = static_cast<int64_t>(in_decimals(field, size)) +
                           field.offset * static_cast<int64_t>(kPowersOfTen[field.decimals]);
     *out = '-';
     out += value < 0;
-    return put_decimal(out, static_cast<uint64_t>(value < 0 ? -value : value), field.decimals);
+    return put_decimals(out, static_cast<uint64_t>(value < 0 ? -value : value));
+}
+inline char *put_value(char *out, const Field &field, uint64_t raw) {
+    return put_value_by(out, field, raw, kPutQuantity[field.decimals]);
 }
 
 // The same as a floating-point number.

@@ -1,6 +1,6 @@
 // Mode S registers, field by field: ICAO Doc 9871, bits 1 to 56 in their order.
 
-#include "schema/compile.hpp"
+#include "schema/write.hpp"
 
 namespace ast::schema {
 
@@ -163,8 +163,6 @@ constexpr Item kRegisters[] = {
     at(0x60, kHeadingAndSpeed),
 };
 
-constexpr Program kProgram = kCompiled<kRegisters, true>.program();
-
 // The places of registers by their numbers, counted from 1.
 constexpr auto kPlaces = [] {
     std::array<uint8_t, 256> places{};
@@ -174,12 +172,12 @@ constexpr auto kPlaces = [] {
 
 } // namespace
 
-Found find_register_program(uint32_t number) {
+Found find_register_writer(uint32_t number) {
     const size_t place = number < kPlaces.size() ? kPlaces[number] : 0U;
     if (place == 0) return {};
-    return {kRegisters[place - 1].field, &kProgram, &kProgram.nodes[place - 1]};
+    return {kRegisters[place - 1].field, &kWritersOf<kRegisters, true>[place - 1]};
 }
 
-const Field *find_register(uint32_t number) { return find_register_program(number).field; }
+const Field *find_register(uint32_t number) { return find_register_writer(number).field; }
 
 } // namespace ast::schema

@@ -135,7 +135,7 @@ protected:
         char *out = out_.begin();
         constexpr unsigned kEscapeDigits = 4;
         if (static_cast<uint8_t>(c) < ' ') {
-            out_.end(put_hex_digits(put(out, "\\u"), static_cast<uint8_t>(c), kEscapeDigits));
+            out_.end(put_symbols<kHexBits>(put(out, "\\u"), static_cast<uint8_t>(c), kEscapeDigits));
             return;
         }
         if (c == '"' || c == '\\') *out++ = '\\';
@@ -190,6 +190,7 @@ public:
     Walked(char *text, uint64_t capacity, const ast_json_line_t &line, const Context &context)
         : Pieces(text, capacity), context_(context), texts_(line.texts) {}
 
+    static const ast_dataitem_t *usual(const Edition &, const ast_dataitem_t *item, const ast_dataitem_t *) { return item; }
     // Whether the values of an item give its octets back. One whose octets end too early is left out.
     bool item(const Found &found, const ast_dataitem_t &item) {
         is_lossy_ = false;
@@ -223,7 +224,7 @@ public:
         if (field.kind == Kind::Code && raw < 10) [[likely]] // as most are
             *out++ = digit(raw);
         else
-            out = put_raw(out, field, raw);
+            out = put_raw(out, field, raw, is_lossy_);
         *out = ',';
         out_.end(out + 1);
     }
@@ -240,22 +241,6 @@ private:
         char *const out = out_.begin();
         std::memcpy(out, field.key, sizeof field.key);
         return out + field.key_chars;
-    }
-
-    [[gnu::noinline]] char *put_raw(char *out, const Field &field, uint64_t raw) {
-        switch (field.kind) {
-        case Kind::Code:
-            return put_number(out, raw);
-        case Kind::Octal:
-            return put_octal(out, raw, field.bits / kOctalBits);
-        case Kind::Icao:
-            return put_icao(out, field.bits / kIcaoBits, raw, is_lossy_);
-        case Kind::Raw:
-        case Kind::Either:
-            return is_shown_as_octets(field) ? put_hex(out, raw, hex_digits(field)) : put_number(out, raw);
-        default:
-            return put_value(out, field, raw);
-        }
     }
 
     bool code_with_text(const Field &field, uint64_t raw) {
@@ -290,23 +275,32 @@ private:
 };
 
 // By their programs, into a buffer that has room.
-template <bool kTexts>
 class Programmed : public Pieces<Ample> {
 public:
-    Programmed(char *text, uint64_t capacity, const ast_json_line_t &, const Context &context)
-        : Pieces(text, capacity), runner_(out_.limit(), context) {}
+    Programmed(char *text, uint64_t capacity, const ast_json_line_t &line, const Context &context)
+        : Pieces(text, capacity), runner_(out_.limit(), context, line.texts) {}
 
-    bool item(const Found &found, const ast_dataitem_t &item) {
-        if (runner_.gives_up()) return true;
+    // Writes items up to the first one that is not as most are.
+    const ast_dataitem_t *usual(const Edition &edition, const ast_dataitem_t *item, const ast_dataitem_t *end) {
         char *out = out_.begin() - 1; // an item brings the comma along that stands there
-        const bool is_whole = runner_.item(out, found, item);
+        item = runner_.usual(out, edition, item, end);
+        *out = ',';
+        out_.end(out + 1);
+        return item;
+    }
+    bool item(const Found &found, const ast_dataitem_t &item) {
+        char *const out = runner_.item(out_.begin() - 1, *found.writer, item);
+        if (out) {
+            *out = ',';
+            out_.end(out + 1);
+            return !runner_.is_lossy();
+        }
         if (runner_.gives_up()) out_.give_up();
-        if (is_whole) *out++ = ',', out_.end(out);
-        return is_whole && !runner_.is_lossy();
+        return false;
     }
 
 private:
-    Runner<kTexts> runner_;
+    Runner runner_;
 };
 
 // ---- Lines ----
@@ -346,7 +340,12 @@ public:
 
     uint64_t write(const ast_json_line_t &line) {
         open_line(json_, line, record_.category, line.profile ? line.profile : profile_name(record_.uap));
-        for (uint64_t i = 0, count = item_count(); i < count; ++i) item(i);
+        const ast_dataitem_t *const end = record_.items + item_count();
+        for (const ast_dataitem_t *each = record_.items; each != end; ++each) {
+            if (edition_) each = json_.usual(*edition_, each, end);
+            if (each == end) break;
+            item(static_cast<uint64_t>(each - record_.items));
+        }
         const bool has_fspec = is_unusual(record_.fspec, record_.item_count);
         if (needs_octets_ != 0 || has_fspec) octets(has_fspec);
         return json_.finish();
@@ -374,7 +373,7 @@ private:
 
     Found find(ast_dataitem_type_t type) const {
         const uint32_t place = edition_ ? edition_->place_of(type - first_type_) : 0;
-        return place != 0 ? found_at(*edition_, place) : find_with_program(type, record_.uap);
+        return place != 0 ? found_at(*edition_, place) : find_with_writer(type, record_.uap);
     }
 
     bool is_second(uint64_t place) const {
@@ -422,8 +421,7 @@ uint64_t write_fast(char *text, uint64_t capacity, const ast_datarecord_t &recor
     constexpr uint64_t kMostThatCounts = 1U << 30;
     if (!text || !has_room_for_line(capacity, line)) return Ample::kGivenUp;
     const uint64_t room = capacity < kMostThatCounts ? capacity : kMostThatCounts;
-    return line.texts ? write_record<Programmed<true>>(text, room, record, line)
-                      : write_record<Programmed<false>>(text, room, record, line);
+    return write_record<Programmed>(text, room, record, line);
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 // The table of each edition, which has a source of its own.
 #pragma once
 
-#include "schema/compile.hpp"
+#include "schema/write.hpp"
 
 namespace ast::schema {
 
@@ -15,7 +15,7 @@ consteval Edition edition(uint32_t category, const char *number, const char *tit
                     .title = title,
                     .items = items,
                     .item_count = count,
-                    .program = kCompiled<kItems>.program(),
+                    .writers = kWritersOf<kItems>.data(),
                     .profile = profile,
                     .other_profile = other_profile};
     for (size_t i = 0; i < count; ++i) {

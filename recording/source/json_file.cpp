@@ -4,12 +4,14 @@
 #include <ast.h>
 
 #include "base/printable.hpp"
+#include "framing/soundness.hpp"
 
 namespace ast::recording {
 
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n";
+constexpr std::string_view kBetweenElements = " \t\r\n,[]";
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF"; // which some editors put in front of UTF-8
 
 // Of one object: what the JSON of a record as long as a block may take.
@@ -47,6 +49,14 @@ bool has_control(OctetStream &stream) {
     });
 }
 
+// Octets that stand for values may be those of another item, or fewer.
+bool is_whole_record(Octets octets, uint32_t category) {
+    std::vector<uint8_t> block = {static_cast<uint8_t>(category), 0, 0};
+    block.insert(block.end(), octets.begin(), octets.end());
+    set_block_length(block);
+    return !is_known_category(category) || is_read_whole(block);
+}
+
 } // namespace
 
 bool begins_json(OctetStream &stream) {
@@ -54,15 +64,15 @@ bool begins_json(OctetStream &stream) {
     const Octets mark = stream.peek(kByteOrderMark.size());
     const bool is_marked =
         std::ranges::equal(mark, kByteOrderMark, {}, {}, [](char c) { return static_cast<uint8_t>(c); });
-    bool in_object = false;
+    bool in_object = false, in_array = false;
     for (size_t i = is_marked ? kByteOrderMark.size() : 0; i < kMostBlanks; ++i) {
         const Octets head = stream.peek(i + 1);
         if (head.size() <= i) return false;
         const char c = static_cast<char>(head[i]);
         if (kBlanks.find(c) != std::string_view::npos) continue;
         if (in_object) return (c == '"' || c == '}') && !has_control(stream);
-        if (c != '{') return false;
-        in_object = true;
+        if (c != '{' && (c != '[' || in_array)) return false;
+        (c == '[' ? in_array : in_object) = true;
     }
     return false;
 }
@@ -72,19 +82,65 @@ bool JsonFile::fill(Chunk &chunk) {
     const uint64_t begin = offset_;
     const auto has_room = [&] { return !chunk.is_full() && (is_empty() || offset_ - begin < chunk.limit()); };
     while (has_room() || goes_on_together(chunk)) {
-        const std::string_view object = next_object();
+        const std::string_view object = is_array() ? next_element() : next_object();
         if (object.empty() || is_too_late(object.size())) {
             close_block(chunk);
             break;
         }
-        const bool is_marked = offset_ == 0 && object.starts_with(kByteOrderMark);
-        take(object.substr(is_marked ? kByteOrderMark.size() : 0), chunk);
-        line_ += static_cast<uint64_t>(std::ranges::count(object, '\n'));
-        offset_ += object.size();
-        begin_ += object.size();
+        const size_t before = is_array() ? std::min(object.find_first_not_of(kBetweenElements), object.size()) : 0;
+        pass(object.substr(0, before));
+        take(object.substr(before), chunk);
+        pass(object.substr(before));
         if (!is_empty() && !has_line() && !stream_.is_ready()) break;
     }
     return !is_empty();
+}
+
+void JsonFile::pass(std::string_view text) {
+    const size_t feed = text.rfind('\n');
+    column_ = feed == std::string_view::npos ? column_ + text.size() : text.size() - feed - 1;
+    line_ += static_cast<uint64_t>(std::ranges::count(text, '\n'));
+    offset_ += text.size();
+    begin_ += text.size();
+}
+
+// Whether the objects are the elements of one array, instead of standing for themselves.
+bool JsonFile::is_array() {
+    if (is_array_) return *is_array_;
+    std::string_view rest;
+    size_t begin = 0;
+    do {
+        rest = text_;
+        if (rest.starts_with(kByteOrderMark)) rest.remove_prefix(kByteOrderMark.size());
+        begin = rest.find_first_not_of(kBlanks);
+    } while (begin == std::string_view::npos && read());
+    is_array_ = begin != std::string_view::npos && rest[begin] == '[';
+    if (rest.size() != text_.size()) pass(kByteOrderMark);
+    column_ = 0;
+    return *is_array_;
+}
+
+// To the brace that closes it, with all that stands before it; or to a line that begins with another one.
+std::string_view JsonFile::next_element() {
+    size_t depth = 0;
+    bool in_string = false, is_escaped = false;
+    for (size_t at = 0; at < kMostCharacters; ++at) {
+        if (begin_ + at == text_.size() && (is_too_late(at) || !read()))
+            return std::string_view(text_).substr(begin_, at);
+        const char c = text_[begin_ + at];
+        const bool begins_line = at != 0 && text_[begin_ + at - 1] == '\n';
+        if (depth != 0 && begins_line && c == '{') return std::string_view(text_).substr(begin_, at);
+        if (c == '\n') in_string = is_escaped = false; // no string goes on behind its line
+        if (in_string) {
+            in_string = is_escaped || c != '"';
+            is_escaped = !is_escaped && c == '\\';
+            continue;
+        }
+        if (c == '"') in_string = true;
+        if (c == '{') ++depth;
+        if (c == '}' && depth != 0 && --depth == 0) return std::string_view(text_).substr(begin_, at + 1);
+    }
+    return std::string_view(text_).substr(begin_, kMostCharacters);
 }
 
 // To the end of the line that closes it, or to a line that begins another: a brace that is missing costs no more than
@@ -130,7 +186,7 @@ bool JsonFile::read() {
 
 void JsonFile::take(std::string_view object, Chunk &chunk) {
     const bool is_line = object.ends_with('\n');
-    object = object.substr(0, object.find_last_not_of(kBlanks) + 1);
+    object = object.substr(0, object.find_last_not_of(is_array() ? kBetweenElements : kBlanks) + 1);
     if (object.empty()) return;
     const ast_json_result_t result =
         ast_datarecord_from_json(record_.data(), record_.size(), object.data(), object.size());
@@ -142,6 +198,8 @@ void JsonFile::take(std::string_view object, Chunk &chunk) {
     const JsonMembers members = read_members(object);
     if (members.error) return report(object, members.position, members.wrong_path, members.error, chunk);
     const Octets octets = Octets(record_).first(result.size);
+    if (members.has_octets && !result.is_data && !is_whole_record(octets, result.category))
+        return report(object, 0, "octets", "make no whole record", chunk);
     if (result.is_data && result.block == 0) {
         close_block(chunk);
         Datagram datagram = datagram_of(members, chunk.keep(octets));
@@ -186,15 +244,15 @@ void JsonFile::report(std::string_view object, uint64_t position, std::string_vi
     const std::string_view before = object.substr(0, position);
     const auto lines = static_cast<uint64_t>(std::ranges::count(before, '\n'));
     const size_t feed = before.rfind('\n');
-    chunk.reports().line(line_ + lines, feed == std::string_view::npos ? before.size() + 1 : before.size() - feed, path,
+    chunk.reports().line(line_ + lines,
+                         feed == std::string_view::npos ? column_ + before.size() + 1 : before.size() - feed, path,
                          error);
 }
 
 void JsonFile::close_block(Chunk &chunk) {
     if (!block_) return;
     std::vector<uint8_t> &octets = block_->octets;
-    octets[1] = static_cast<uint8_t>(octets.size() >> 8);
-    octets[2] = static_cast<uint8_t>(octets.size());
+    set_block_length(octets);
     block_->datagram.octets = chunk.keep(octets);
     chunk.add(block_->datagram);
     block_.reset();

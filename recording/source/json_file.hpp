@@ -1,4 +1,5 @@
-// Records as JSON, as --json writes them and docs/json.md explains them.
+// Records as JSON, as --json writes them and docs/json.md explains them: objects that stand for themselves, or in one
+// array.
 #pragma once
 
 #include <string>
@@ -11,7 +12,8 @@
 
 namespace ast::recording {
 
-// Whether the beginning of an input is that of an object. Takes no more of it than that needs.
+// Whether the beginning of an input is that of an object, or of an array of objects. Takes no more of it than that
+// needs.
 bool begins_json(OctetStream &stream);
 
 class JsonFile : public DatagramSource {
@@ -35,6 +37,9 @@ private:
         Datagram datagram;
     };
 
+    void pass(std::string_view text);
+    bool is_array();
+    std::string_view next_element();
     std::string_view next_object();
     size_t end_of_line(size_t from);
     bool is_too_late(size_t characters) const;
@@ -51,6 +56,8 @@ private:
     size_t begin_ = 0;
     uint64_t offset_ = 0; // of the next object, in characters of the input
     uint64_t line_ = 1;   // where it begins
+    uint64_t column_ = 0; // and how many characters are in front of it there
+    std::optional<bool> is_array_;
     std::vector<uint8_t> record_;
     std::optional<Block> block_;
     Datagram last_; // time and route of the last block, and with what it came together

@@ -86,6 +86,7 @@ JsonMembers read_members(std::string_view object) {
             if (!to) error = otherwise;
         };
         if (members.name == "\"file\"") found.file = members.value;
+        if (members.name == "\"octets\"") found.has_octets = true;
         if (members.name == "\"time\"") read(found.time, read_time(text), "is no time such as 2014-02-25T12:43:47Z");
         if (members.name == "\"source\"") read(found.source, read_endpoint(text), "is no address with its port");
         if (members.name == "\"destination\"")

@@ -13,6 +13,7 @@ struct JsonMembers {
     std::optional<Time> time;
     std::optional<Endpoint> source;
     std::optional<Endpoint> destination;
+    bool has_octets = false; // that stand for values
 
     // What has no meaning, if anything has none; constant.
     std::string_view wrong_path;

@@ -99,12 +99,14 @@ bool RawFile::read(Chunk &chunk) {
 // A block that was about to be written when the user had seen enough is no damage.
 bool RawFile::is_cut_off(Octets rest) const { return stream_.cut_off() && needs_more(frame_block(rest).framing); }
 
-// Where blocks break off, octets that are none may begin with one that is damaged; it stands for itself.
+// Where blocks break off, octets that are none may begin with one that is damaged, which stands for itself; or be
+// filled by such.
 void RawFile::add_gap(Chunk &chunk, uint64_t place, uint64_t octets, bool is_beginning) {
     const Octets gap = chunk.octets().subspan(place, octets);
     const Frame first = frame_block(gap);
     uint64_t damaged = 0;
-    if (!is_beginning && first.framing == Framing::block && !is_text(gap)) damaged = first.length;
+    if (!is_beginning && first.framing == Framing::block && !is_text(gap))
+        damaged = !is_lost_ && count_blocks(gap).octets == gap.size() ? gap.size() : first.length;
     if (damaged != 0) chunk.add({.octets = gap.first(damaged), .offset = offset_ + place});
     const Octets rest = gap.subspan(damaged);
     if (!rest.empty()) chunk.add({.octets = rest, .offset = offset_ + place + damaged, .is_no_block = true});

@@ -1,6 +1,7 @@
 // Records from JSON: the same tables the other way round.
 
 #include <cstring>
+#include <iterator>
 
 #include "core/bits.hpp"
 #include "schema/match.hpp"
@@ -15,6 +16,8 @@ constexpr char kNoArray[] = "is no array";
 constexpr char kTooMany[] = "has more elements than can be counted";
 constexpr char kTooLong[] = "is too long";
 constexpr char kUnknown[] = "is not known here";
+constexpr char kRepeated[] = "is repeated";
+constexpr char kBesideData[] = "stands beside data, which are all octets of the record";
 constexpr char kTwice[] = "stands twice, or does not go with what stands before it";
 
 constexpr uint64_t kMaxCount = 255;
@@ -343,12 +346,15 @@ constexpr Slice kLineKeys[] = {"\"file\"",    "\"block\"",       "\"record\"", "
                                "\"source\"",  "\"destination\"", "\"offset\"", "\"category\"",
                                "\"profile\"", "\"ambiguous\"",   "\"error\"",  "\"octets\""};
 
-bool is_line_key(Slice key) {
-    if (key.size() < 2 || key[1] < 'a') return false; // as those of items
-    for (const Slice known : kLineKeys)
-        if (known == key) return true;
-    return false;
+constexpr unsigned kNoLineKey = std::size(kLineKeys);
+
+unsigned find_line_key(Slice key) {
+    if (key.size() < 2 || key[1] < 'a') return kNoLineKey; // as those of items
+    unsigned place = 0;
+    while (place != kNoLineKey && kLineKeys[place] != key) ++place;
+    return place;
 }
+bool is_line_key(Slice key) { return find_line_key(key) != kNoLineKey; }
 
 // Which of the two published profiles of a category an item tells, by codes from 0 to 255.
 struct Choice {
@@ -428,8 +434,26 @@ private:
         return !what || fault_.within(between_quotes(key), [&] { return fault_.set(what, value); });
     }
 
+    // Those of items are counted, and no other stands twice.
+    bool count_keys() {
+        static_assert(kNoLineKey < 32);
+        uint32_t seen = 0;
+        Slice repeated;
+        object_.each_key([&](Slice key) {
+            const unsigned place = find_line_key(key);
+            item_keys_ += place == kNoLineKey;
+            if (place != kNoLineKey && (seen >> place & 1) != 0) repeated = key;
+            seen |= place == kNoLineKey ? 0 : uint32_t{1} << place;
+        });
+        return repeated.empty() || reject(repeated, kRepeated);
+    }
+    bool reject(Slice key, const char *what) {
+        return fault_.within(between_quotes(key), [&] { return fault_.set(what, key); });
+    }
+
     bool line() {
         uint64_t category = 0;
+        if (!count_keys()) return false;
         if (!object_.has("\"category\"")) return fault_.within("category", [&] { return fault_.set(kMissing, text_); });
         if (!whole(category, "\"category\"", 8) || !whole(result_.block, "\"block\"", 32)) return false;
         result_.category = static_cast<uint32_t>(category);
@@ -448,6 +472,9 @@ private:
         const Slice value = object_.take("\"data\"");
         if (!hex_octets(size_, value)) return fault_.within("data", [&] { return fault_.set(kNoHexDigits, value); });
         put_hex_octets(out_, value);
+        for (JsonItems each(text_); each.next();)
+            if (each.value().data() != value.data() && (!is_line_key(each.key()) || each.key() == "\"octets\""))
+                return reject(each.key(), kBesideData);
         return true;
     }
 
@@ -466,8 +493,7 @@ private:
 
     // Finds the FRN of every item of the record. Those that the profile never encodes are looked for behind the others.
     bool announce() {
-        uint64_t wanted = 0;
-        object_.each_key([&](Slice key) { wanted += !is_line_key(key); });
+        uint64_t wanted = item_keys_;
         const Edition *const edition = find_edition(result_.category, context_.uap);
         const uint32_t max_frn = context_.uap.max_frn ? context_.uap.max_frn(result_.category) : 0;
         for (uint32_t frn = 1; frn <= kMaxFrn && (frn <= max_frn || wanted != 0); ++frn) {
@@ -506,10 +532,14 @@ private:
             bool is_known = is_line_key(each.key());
             for (const Announced &item : announced_)
                 is_known = is_known || (!item.value.empty() && item.value.data() == each.value().data());
-            if (!is_known)
-                return fault_.within(between_quotes(each.key()), [&] { return fault_.set(kUnknown, each.key()); });
+            if (!is_known) return reject(each.key(), stands_before(each) ? kRepeated : kUnknown);
         }
         return fault_.set(kTwice, text_);
+    }
+    bool stands_before(const JsonItems &member) const {
+        for (JsonItems each(text_); each.next() && each.value().data() != member.value().data();)
+            if (each.key() == member.key()) return true;
+        return false;
     }
 
     // Octets of an item that have no values: they are all there is. Where the buffer is too short to look at them, they
@@ -606,6 +636,7 @@ private:
     JsonObject octets_;
     BitWriter out_;
     uint64_t length_;
+    uint64_t item_keys_ = 0;
     uint64_t size_ = 0; // of the data; of a record, what octets may need beyond the values beside them
     Fault fault_;
     Context context_;

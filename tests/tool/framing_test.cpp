@@ -1,5 +1,7 @@
 // Files and datagrams whose blocks a recorder has wrapped.
 
+#include <algorithm>
+
 #include <gtest/gtest.h>
 
 #include "captures.hpp"
@@ -166,6 +168,47 @@ TEST(Json, IsReadOnBehindWhatIsWrong) {
               "astdump: standard input: line 7, character 15: I010/SAC: does not fit its bits\n"
               "astdump: standard input: line 8, character 9: time: is no time such as 2014-02-25T12:43:47Z\n"
               "astdump: lost: 4 lines not read\n");
+}
+
+TEST(Json, SaysWhatOfAnObjectIsWrong) {
+    Command command;
+    command.write("input", R"({"category":48,"I010":{"SAC":1,"SIC":2},"I010":{"SAC":1,"SIC":2}})"
+                           "\n"
+                           R"({"category":48,"I011":{"SAC":1,"SIC":2}})"
+                           "\n"
+                           R"({"category":48,"category":34,"I000":1})"
+                           "\n"
+                           R"({"category":48,"data":"80190C","I010":{"SAC":1,"SIC":2}})"
+                           "\n"
+                           R"({"category":48,"octets":{"I010":"19"}})"
+                           "\n");
+    EXPECT_EQ(command.run("--quiet input").err,
+              "astdump: input: damaged: is repeated: 2 lines, the first at line 1, character 41: I010\n"
+              "astdump: input: line 2, character 16: I011: is not known here\n"
+              "astdump: input: line 4, character 32: I010: stands beside data, which are all octets of the record\n"
+              "astdump: input: line 5, character 1: octets: make no whole record\n"
+              "astdump: lost: 5 lines not read\n");
+}
+
+// Of any layout, all in one line included.
+TEST(Json, AnArrayIsReadLikeLines) {
+    const std::string plot = R"({"category":48,"I010":{"SAC":25,"SIC":12}})", sector = R"({"category":34,"I000":2})";
+    Command command;
+    command.write("lines", plot + "\n" + sector + "\n" + plot + "\n");
+    const std::string expected = command.run("--csv I010/SAC,I000 lines").out;
+    EXPECT_EQ(std::ranges::count(expected, '\n'), 4);
+    for (const std::string &array :
+         {"[" + plot + "," + sector + "," + plot + "]", " [\n  " + plot + ",\n  " + sector + ",\n  " + plot + "\n]\n",
+          "[{\n  \"category\":48,\n  \"I010\":{\"SAC\":25,\"SIC\":12}\n},\n" + sector + ", " + plot + "]\n"}) {
+        command.write("array", array);
+        EXPECT_EQ(command.run("--csv I010/SAC,I000 array").out, expected) << array;
+        EXPECT_EQ(command.run("--csv I010/SAC,I000 - < array").out, expected) << array;
+    }
+    command.write("array", "[" + plot + ", {\"category\":48,\"I010\":7},\n" + plot + "]");
+    const Result result = command.run("--stats array");
+    EXPECT_EQ(result.err, "astdump: array: line 1, character 68: I010: is no object\n"
+                          "astdump: lost: 1 line not read\n");
+    EXPECT_NE(result.out.find("all               2          0"), std::string::npos) << result.out;
 }
 
 // ---- Compression ----

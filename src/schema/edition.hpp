@@ -1,7 +1,7 @@
 // Where the tables are: the items of each edition of each category, and which FRN announces them.
 #pragma once
 
-#include "schema/field.hpp"
+#include "schema/program.hpp"
 
 namespace ast::schema {
 
@@ -37,39 +37,37 @@ struct Edition {
     const char *title = nullptr;
     const Item *items = nullptr;
     uint32_t item_count = 0;
+    const Writer *writers = nullptr;    // of the items
     Profile profile;                    // none for an edition that the profiles of the codec cover
     Profile other_profile;              // of a category that has two: plots of category 001, uplink of category 007
     std::array<uint8_t, 1000> places{}; // of an item number in items, counted from 1
 
+    uint32_t place_of(uint32_t item_number) const {
+        return item_number < places.size() ? places[item_number] : uint8_t{0};
+    }
     const Field *find(uint32_t item_number) const {
-        const uint8_t place = item_number < places.size() ? places[item_number] : uint8_t{0};
+        const uint32_t place = place_of(item_number);
         return place == 0 ? nullptr : items[place - 1].field;
     }
 };
 
-template <size_t N>
-consteval Profile profile(const uint16_t (&numbers)[N]) {
-    return {numbers, N};
+// The fields of an item, and how its JSON is written.
+struct Found {
+    const Field *field = nullptr; // null: no edition describes it
+    const Writer *writer = nullptr;
+};
+
+inline Found found_at(const Edition &edition, uint32_t place) {
+    return {edition.items[place - 1].field, &edition.writers[place - 1]};
+}
+inline Found found_in(const Edition &edition, uint32_t item_number) {
+    const uint32_t place = edition.place_of(item_number);
+    return place == 0 ? Found{} : found_at(edition, place);
 }
 
 template <size_t N>
-consteval Edition edition(uint32_t category, const char *number, const char *title, const Item (&items)[N],
-                          Profile profile = {}, Profile other_profile = {}) {
-    Edition edition{.category = category,
-                    .number = number,
-                    .title = title,
-                    .items = items,
-                    .item_count = N,
-                    .profile = profile,
-                    .other_profile = other_profile};
-    for (size_t i = 0; i < N; ++i) {
-        must(i == 0 || items[i - 1].number < items[i].number);
-        edition.places[items[i].number] = static_cast<uint8_t>(i + 1);
-    }
-    for (const Profile &each : {profile, other_profile})
-        for (uint32_t frn = 1; frn <= each.count; ++frn)
-            must(each.at(frn) == kSpare || edition.places[each.at(frn)] != 0);
-    return edition;
+consteval Profile profile(const uint16_t (&numbers)[N]) {
+    return {numbers, N};
 }
 
 // The newest edition of a category, or null.
@@ -78,9 +76,13 @@ const Edition *newest_edition(uint32_t category);
 // The edition that a record of that profile is likeliest of; null for a category that is not published.
 const Edition *find_edition(uint32_t category, const ast_uap_t &uap);
 
-// The fields of an item type as a record of that profile carries it, or null where no edition describes them.
-const Field *find_item(ast_dataitem_type_t type, const ast_uap_t &uap);
+// An item type as a record of that profile carries it.
+Found find_with_writer(ast_dataitem_type_t type, const ast_uap_t &uap);
 
+// Its fields, or null where no edition describes them.
+inline const Field *find_item(ast_dataitem_type_t type, const ast_uap_t &uap) {
+    return find_with_writer(type, uap).field;
+}
 // The same with the edition at hand, for those who ask for many items of one category.
 inline const Field *find_item(ast_dataitem_type_t type, const ast_uap_t &uap, const Edition *edition) {
     if (edition && type - AST_DATAITEM_TYPE(edition->category, 0) < 1000) [[likely]]
@@ -90,5 +92,8 @@ inline const Field *find_item(ast_dataitem_type_t type, const ast_uap_t &uap, co
 
 // The fields of a Mode S register by its number, BDS 4,0 is 0x40; null for one without a table.
 const Field *find_register(uint32_t number);
+
+// The same with what writes it.
+Found find_register_writer(uint32_t number);
 
 } // namespace ast::schema

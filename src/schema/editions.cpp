@@ -40,11 +40,11 @@ const Edition &ads_b_edition(const ast_uap_t &uap) {
 }
 
 // Layouts of single radars mix editions: an item that is not in the likeliest one is looked for in all.
-const Field *find_ads_b_item(uint32_t number, const ast_uap_t &uap) {
-    if (const Field *const field = ads_b_edition(uap).find(number)) return field;
+Found find_ads_b_item(uint32_t number, const ast_uap_t &uap) {
+    if (const Found found = found_in(ads_b_edition(uap), number); found.field) return found;
     for (const Edition *edition : kAdsBEditions)
-        if (const Field *const field = edition->find(number)) return field;
-    return nullptr;
+        if (const Found found = found_in(*edition, number); found.field) return found;
+    return {};
 }
 
 constexpr ast_dataitem_type_t kNumbers = AST_DATAITEM_TYPE(1, 0);
@@ -69,12 +69,12 @@ const Edition *find_edition(uint32_t category, const ast_uap_t &uap) {
     return category == kAdsB ? &ads_b_edition(uap) : newest_edition(category);
 }
 
-const Field *find_item(ast_dataitem_type_t type, const ast_uap_t &uap) {
+Found find_with_writer(ast_dataitem_type_t type, const ast_uap_t &uap) {
     const uint32_t category = type / kNumbers;
     if (category == kAdsB) [[unlikely]]
         return find_ads_b_item(type % kNumbers, uap);
     const Edition *const edition = newest_edition(category);
-    return edition ? edition->find(type % kNumbers) : nullptr;
+    return edition ? found_in(*edition, type % kNumbers) : Found{};
 }
 
 } // namespace ast::schema

@@ -110,6 +110,8 @@ constexpr uint64_t greatest_common_divisor(uint64_t a, uint64_t b) {
     return b == 0 ? a : greatest_common_divisor(b, a % b);
 }
 
+constexpr unsigned kMaxDecimals = 12;
+
 // Shown with as many decimals as tell each step from the next, exactly where two more decimals make it exact.
 constexpr Field scaled(Field field, Step step, Text unit) {
     const uint64_t divisor = greatest_common_divisor(step.numerator, step.denominator);
@@ -121,6 +123,7 @@ constexpr Field scaled(Field field, Step step, Text unit) {
     while (step.numerator * power < 2 * step.denominator && !is_exact(1)) more();
     if (is_exact(100))
         while (!is_exact(1)) more();
+    must(field.decimals <= kMaxDecimals);
     field.numerator = static_cast<uint32_t>(step.numerator);
     field.denominator = static_cast<uint32_t>(step.denominator);
     field.factor = step.numerator * power;

@@ -1,6 +1,6 @@
 // Mode S registers, field by field: ICAO Doc 9871, bits 1 to 56 in their order.
 
-#include "schema/edition.hpp"
+#include "schema/write.hpp"
 
 namespace ast::schema {
 
@@ -145,18 +145,13 @@ constexpr auto kHeadingAndSpeed = group("BDS60", "Heading and speed report",
 
 // clang-format on
 
-struct Register {
-    uint8_t number; // BDS 4,0 is 0x40
-    const Field *field;
-};
-
 template <size_t N>
-consteval Register at(uint8_t number, const Rows<N> &rows) {
+consteval Item at(uint8_t number, const Rows<N> &rows) { // BDS 4,0 is 0x40
     must(rows[0].bits == 56);
     return {number, rows.data()};
 }
 
-constexpr Register kRegisters[] = {
+constexpr Item kRegisters[] = {
     at(0x05, kPosition),
     at(0x08, kIdentificationAndCategory),
     at(0x09, kVelocity),
@@ -168,12 +163,21 @@ constexpr Register kRegisters[] = {
     at(0x60, kHeadingAndSpeed),
 };
 
+// The places of registers by their numbers, counted from 1.
+constexpr auto kPlaces = [] {
+    std::array<uint8_t, 256> places{};
+    for (size_t i = 0; i < std::size(kRegisters); ++i) places[kRegisters[i].number] = static_cast<uint8_t>(i + 1);
+    return places;
+}();
+
 } // namespace
 
-const Field *find_register(uint32_t number) {
-    for (const Register &each : kRegisters)
-        if (each.number == number) return each.field;
-    return nullptr;
+Found find_register_writer(uint32_t number) {
+    const size_t place = number < kPlaces.size() ? kPlaces[number] : 0U;
+    if (place == 0) return {};
+    return {kRegisters[place - 1].field, &kWritersOf<kRegisters, true>[place - 1]};
 }
+
+const Field *find_register(uint32_t number) { return find_register_writer(number).field; }
 
 } // namespace ast::schema

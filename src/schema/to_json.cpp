@@ -3,10 +3,8 @@
 #include <cstring>
 #include <limits>
 
-#include "schema/number.hpp"
-#include "schema/texts.hpp"
+#include "schema/run.hpp"
 #include "schema/utf8.hpp"
-#include "schema/walk.hpp"
 
 namespace ast::schema {
 
@@ -17,23 +15,31 @@ namespace {
 
 constexpr uint64_t kPieceChars = 96;
 
-// Into a buffer that is ample for what comes.
+// Into a buffer that has room, as long as its limit is kept; beyond, all is given up.
 class Ample {
 public:
-    Ample(char *text, uint64_t) : text_(text), out_(text) {}
+    Ample(char *text, uint64_t capacity) : text_(text), out_(text), end_(text + capacity) {}
     char *begin() { return out_; }
     void end(char *out) { out_ = out; }
     void drop_comma() { out_ -= out_[-1] == ','; }
-    uint64_t mark() const { return static_cast<uint64_t>(out_ - text_); }
-    void rewind(uint64_t mark) { out_ = text_ + mark; }
+    char *limit() const { return end_ - kBeyondLimit; }
+    // Whether there is room for so many characters; all is given up otherwise.
+    bool claim(uint64_t chars) {
+        if (out_ > limit() || static_cast<uint64_t>(limit() - out_) < chars) give_up();
+        return !is_given_up_;
+    }
+    void give_up() { is_given_up_ = true; }
     uint64_t finish() {
         *out_ = '\0';
-        return mark();
+        return is_given_up_ ? kGivenUp : static_cast<uint64_t>(out_ - text_);
     }
+    static constexpr uint64_t kGivenUp = UINT64_MAX;
 
 private:
     char *text_;
     char *out_;
+    char *end_;
+    bool is_given_up_ = false;
 };
 
 // Into any buffer, cut where it ends, and counted.
@@ -41,6 +47,7 @@ class Bounded {
 public:
     Bounded(char *text, uint64_t capacity) : text_(text), capacity_(text ? capacity : 0) {}
     char *begin() { return piece_; }
+    static constexpr bool claim(uint64_t) { return true; }
     void end(const char *out) {
         const auto chars = static_cast<uint64_t>(out - piece_);
         const uint64_t room = length_ < capacity_ ? capacity_ - length_ : 0;
@@ -72,97 +79,13 @@ private:
     bool was_comma_ = false;
 };
 
-// ---- The pieces ----
+// ---- Keys and texts ----
 
-// Inlined wherever the text is a constant, so that it is copied by a few moves.
-[[gnu::always_inline]] inline char *put(char *out, std::string_view text) {
-    std::memcpy(out, text.data(), text.size());
-    return out + text.size();
-}
-
-char *put_octal(char *out, uint64_t value, unsigned digits) {
-    *out++ = '"';
-    for (unsigned i = digits; i != 0; --i) *out++ = digit(value >> (kOctalBits * (i - 1)) & 7);
-    *out++ = '"';
-    return out;
-}
-
-char *put_hex_digits(char *out, uint64_t value, unsigned digits) {
-    for (unsigned i = digits; i != 0; --i) *out++ = kHexDigits[value >> (kHexBits * (i - 1)) & 0x0F];
-    return out;
-}
-
-char *put_hex(char *out, uint64_t value, unsigned digits) {
-    *out++ = '"';
-    out = put_hex_digits(out, value, digits);
-    *out++ = '"';
-    return out;
-}
-
-// Without the blanks at the end.
-char *put_icao(char *out, const Field &field, uint64_t raw, bool &is_lossy) {
-    *out++ = '"';
-    char *end = out;
-    bool is_any_undefined = false;
-    for (unsigned left = field.bits; left != 0; left -= kIcaoBits) {
-        const char character = kIcaoCharacters[raw >> (left - kIcaoBits) & 0x3F];
-        *out++ = character;
-        is_any_undefined |= character == kUndefinedCharacter;
-        if (character != ' ') end = out;
-    }
-    is_lossy |= is_any_undefined;
-    *end++ = '"';
-    return end;
-}
-
-// ---- Values ----
-
-// A visitor of items. Every value has a comma behind it, which the end of what it stands in takes back.
+// What a line is made of. Everything has a comma behind it, which the end of what it stands in takes back.
 template <typename Out>
-class Json {
+class Pieces {
 public:
-    Json(char *text, uint64_t capacity, bool texts) : out_(text, capacity), texts_(texts) {}
-
-    void open(const Field &field) {
-        const char bracket = is_list(field) ? '[' : '{';
-        char *const out = key(field);
-        *out = bracket;
-        out_.end(out + 1);
-    }
-    void close(const Field &field) { close(is_list(field) ? ']' : '}'); }
-    void close(char bracket) {
-        out_.drop_comma();
-        char *const out = out_.begin();
-        out[0] = bracket;
-        out[1] = ',';
-        out_.end(out + 2);
-    }
-    void element() {}
-
-    void open_register(const Field &field, uint32_t number) {
-        char *out = put(key(field), "{\"bds\":");
-        out = put_hex(out, number, 2);
-        *out++ = ',';
-        out_.end(out);
-    }
-
-    void value(const Field &field, uint64_t raw) {
-        if (std::is_same_v<Out, Bounded> && texts_ && field.kind == Kind::Code && code_with_text(field, raw)) return;
-        char *out = key(field);
-        if (field.kind == Kind::Code && raw < 10) [[likely]] // as most are
-            *out++ = digit(raw);
-        else
-            out = put_raw(out, field, raw);
-        *out = ',';
-        out_.end(out + 1);
-    }
-
-    void octets(const Field &field, const uint8_t *data, uint64_t count) {
-        if (field.kind == Kind::Ascii)
-            characters(field, data, count);
-        else
-            hex(field, data, count);
-    }
+    Pieces(char *text, uint64_t capacity) : out_(text, capacity) {}
 
     // A text in UTF-8 behind a key; what is no character or has to be is escaped.
     [[gnu::always_inline]] void text(std::string_view key, std::string_view text) {
@@ -177,78 +100,31 @@ public:
     // A piece as it is, a key or a bracket.
     [[gnu::always_inline]] void literal(std::string_view piece) { out_.end(put(out_.begin(), piece)); }
     void hex(std::string_view name, const uint8_t *data, uint64_t count) {
+        if (!out_.claim(sizeof "\"\":\"\"," + name.size() + 2 * count)) return;
         out_.end(put(put(put(out_.begin(), "\""), name), "\":"));
         hex_digits_of(data, count);
     }
 
-    // Whether something since the last call would not come back.
-    bool was_lossy() {
-        const bool was = is_lossy_;
-        is_lossy_ = false;
-        return was;
-    }
-    Out &out() { return out_; }
-
-private:
-    char *key(const Field &field) {
+    void close_with(char bracket) {
+        out_.drop_comma();
         char *const out = out_.begin();
-        std::memcpy(out, field.key, sizeof field.key);
-        return out + field.key_chars;
+        out[0] = bracket;
+        out[1] = ',';
+        out_.end(out + 2);
+    }
+    uint64_t finish() {
+        close_with('}');
+        out_.drop_comma();
+        return out_.finish();
     }
 
-    [[gnu::noinline]] char *put_raw(char *out, const Field &field, uint64_t raw) {
-        switch (field.kind) {
-        case Kind::Code:
-            return put_number(out, raw);
-        case Kind::Octal:
-            return put_octal(out, raw, field.bits / kOctalBits);
-        case Kind::Icao:
-            return put_icao(out, field, raw, is_lossy_);
-        case Kind::Raw:
-        case Kind::Either:
-            return is_shown_as_octets(field) ? put_hex(out, raw, hex_digits(field)) : put_number(out, raw);
-        default:
-            return put_value(out, field, raw);
-        }
-    }
-
-    bool code_with_text(const Field &field, uint64_t raw) {
-        const std::string_view meaning = text_of_code(field.meaning, raw);
-        if (meaning.empty()) return false;
-        char *const out = put_number(put(key(field), "{\"value\":"), raw);
-        *out = ',';
-        out_.end(out + 1);
-        text("\"text\":", meaning);
-        close('}');
-        return true;
-    }
-
-    void characters(const Field &field, const uint8_t *data, uint64_t count) {
-        while (count != 0 && data[count - 1] == ' ') --count;
-        out_.end(key(field));
-        for (uint64_t i = 0; i < count; ++i) is_lossy_ |= !is_printable(data[i]);
-        out_.end(put(out_.begin(), "\""));
-        for (uint64_t i = 0; i < count; ++i)
-            character(is_printable(data[i]) ? static_cast<char>(data[i]) : kUndefinedCharacter);
-        out_.end(put(out_.begin(), "\","));
-    }
-
-    void hex(const Field &field, const uint8_t *data, uint64_t count) {
-        out_.end(key(field));
-        hex_digits_of(data, count);
-    }
-
+protected:
     void hex_digits_of(const uint8_t *data, uint64_t count) {
         constexpr uint64_t kAtATime = kPieceChars / 2;
         out_.end(put(out_.begin(), "\""));
         while (count != 0) {
-            char *out = out_.begin();
             const uint64_t now = count < kAtATime ? count : kAtATime;
-            for (uint64_t i = 0; i < now; ++i) {
-                *out++ = kHexDigits[data[i] >> 4];
-                *out++ = kHexDigits[data[i] & 0x0F];
-            }
-            out_.end(out);
+            out_.end(put_octets(out_.begin(), data, now));
             data += now;
             count -= now;
         }
@@ -259,7 +135,7 @@ private:
         char *out = out_.begin();
         constexpr unsigned kEscapeDigits = 4;
         if (static_cast<uint8_t>(c) < ' ') {
-            out_.end(put_hex_digits(put(out, "\\u"), static_cast<uint8_t>(c), kEscapeDigits));
+            out_.end(put_symbols<kHexBits>(put(out, "\\u"), static_cast<uint8_t>(c), kEscapeDigits));
             return;
         }
         if (c == '"' || c == '\\') *out++ = '\\';
@@ -304,8 +180,127 @@ private:
     }
 
     Out out_;
+};
+
+// ---- Items ----
+
+// Field by field, into any buffer.
+class Walked : public Pieces<Bounded> {
+public:
+    Walked(char *text, uint64_t capacity, const ast_json_line_t &line, const Context &context)
+        : Pieces(text, capacity), context_(context), texts_(line.texts) {}
+
+    static const ast_dataitem_t *usual(const Edition &, const ast_dataitem_t *item, const ast_dataitem_t *) { return item; }
+    // Whether the values of an item give its octets back. One whose octets end too early is left out.
+    bool item(const Found &found, const ast_dataitem_t &item) {
+        is_lossy_ = false;
+        out_.expect_rewind();
+        const uint64_t before = out_.mark();
+        Walk<Walked> walk(BitReader(item.data, item.size, item.following), *this, context_);
+        const bool is_whole = walk.field(found.field);
+        if (!is_whole) out_.rewind(before);
+        return is_whole && !is_lossy_ && !walk.is_lossy();
+    }
+
+    void open(const Field &field) {
+        const char bracket = is_list(field) ? '[' : '{';
+        char *const out = key(field);
+        *out = bracket;
+        out_.end(out + 1);
+    }
+    void close(const Field &field) { close_with(is_list(field) ? ']' : '}'); }
+    void element() {}
+
+    void open_register(const Field &field, uint32_t number) {
+        char *out = put(key(field), "{\"bds\":");
+        out = put_hex(out, number, 2);
+        *out++ = ',';
+        out_.end(out);
+    }
+
+    void value(const Field &field, uint64_t raw) {
+        if (texts_ && field.kind == Kind::Code && code_with_text(field, raw)) return;
+        char *out = key(field);
+        if (field.kind == Kind::Code && raw < 10) [[likely]] // as most are
+            *out++ = digit(raw);
+        else
+            out = put_raw(out, field, raw, is_lossy_);
+        *out = ',';
+        out_.end(out + 1);
+    }
+
+    void octets(const Field &field, const uint8_t *data, uint64_t count) {
+        if (field.kind == Kind::Ascii)
+            characters(field, data, count);
+        else
+            octets_in_hex(field, data, count);
+    }
+
+private:
+    char *key(const Field &field) {
+        char *const out = out_.begin();
+        std::memcpy(out, field.key, sizeof field.key);
+        return out + field.key_chars;
+    }
+
+    bool code_with_text(const Field &field, uint64_t raw) {
+        const std::string_view meaning = text_of_code(field.meaning, raw);
+        if (meaning.empty()) return false;
+        char *const out = put_number(put(key(field), "{\"value\":"), raw);
+        *out = ',';
+        out_.end(out + 1);
+        text("\"text\":", meaning);
+        close_with('}');
+        return true;
+    }
+
+    void characters(const Field &field, const uint8_t *data, uint64_t count) {
+        while (count != 0 && data[count - 1] == ' ') --count;
+        out_.end(key(field));
+        for (uint64_t i = 0; i < count; ++i) is_lossy_ |= !is_printable(data[i]);
+        out_.end(put(out_.begin(), "\""));
+        for (uint64_t i = 0; i < count; ++i)
+            character(is_printable(data[i]) ? static_cast<char>(data[i]) : kUndefinedCharacter);
+        out_.end(put(out_.begin(), "\","));
+    }
+
+    void octets_in_hex(const Field &field, const uint8_t *data, uint64_t count) {
+        out_.end(key(field));
+        hex_digits_of(data, count);
+    }
+
+    const Context &context_;
     bool texts_;
     bool is_lossy_ = false;
+};
+
+// By their programs, into a buffer that has room.
+class Programmed : public Pieces<Ample> {
+public:
+    Programmed(char *text, uint64_t capacity, const ast_json_line_t &line, const Context &context)
+        : Pieces(text, capacity), runner_(out_.limit(), context, line.texts) {}
+
+    // Writes items up to the first one that is not as most are.
+    const ast_dataitem_t *usual(const Edition &edition, const ast_dataitem_t *item, const ast_dataitem_t *end) {
+        char *out = out_.begin() - 1; // an item brings the comma along that stands there
+        item = runner_.usual(out, edition, item, end);
+        *out = ',';
+        out_.end(out + 1);
+        return item;
+    }
+    bool item(const Found &found, const ast_dataitem_t &item) {
+        char *const out = runner_.item(out_.begin() - 1, *found.writer, item);
+        if (out) {
+            *out = ',';
+            out_.end(out + 1);
+            return !runner_.is_lossy();
+        }
+        if (runner_.gives_up()) out_.give_up();
+        return false;
+    }
+
+private:
+    Runner runner_;
 };
 
 // ---- Lines ----
@@ -313,7 +308,7 @@ private:
 constexpr ast_json_line_t kNothingToSay{};
 
 template <typename Out>
-void open_line(Json<Out> &json, const ast_json_line_t &line, uint32_t category, const char *profile) {
+void open_line(Pieces<Out> &json, const ast_json_line_t &line, uint32_t category, const char *profile) {
     json.literal("{");
     if (line.file) json.text("\"file\":", line.file);
     if (line.block) json.number("\"block\":", line.block);
@@ -327,35 +322,33 @@ void open_line(Json<Out> &json, const ast_json_line_t &line, uint32_t category, 
     if (line.ambiguous) json.literal("\"ambiguous\":true,");
 }
 
-template <typename Out>
-uint64_t close_line(Json<Out> &json) {
-    json.close('}');
-    json.out().drop_comma();
-    return json.out().finish();
-}
-
 // Whether the FSPEC is not the one that the items alone would give: it announces spare FRNs, or ends with nothing.
 bool is_unusual(const ast_fspec_t &fspec, uint64_t item_count) {
     if (!fspec.valid || !fspec.data || fspec.length == 0) return false;
     return fspec.item_count != item_count || (fspec.length > 1 && fspec.data[fspec.length - 1] == 0);
 }
 
-template <typename Out>
+template <typename Items>
 class RecordWriter {
 public:
     RecordWriter(char *text, uint64_t capacity, const ast_datarecord_t &record, const ast_json_line_t &line)
-        : json_(text, capacity, line.texts),
-          record_(record),
+        : record_(record),
           first_type_(AST_DATAITEM_TYPE(record.category, 0)),
           edition_(find_edition(record.category, record.uap)),
-          context_{record.uap, record.category, 0} {}
+          context_{record.uap, record.category, 0},
+          json_(text, capacity, line, context_) {}
 
     uint64_t write(const ast_json_line_t &line) {
         open_line(json_, line, record_.category, line.profile ? line.profile : profile_name(record_.uap));
-        for (uint64_t i = 0; i < item_count(); ++i) item(i);
+        const ast_dataitem_t *const end = record_.items + item_count();
+        for (const ast_dataitem_t *each = record_.items; each != end; ++each) {
+            if (edition_) each = json_.usual(*edition_, each, end);
+            if (each == end) break;
+            item(static_cast<uint64_t>(each - record_.items));
+        }
         const bool has_fspec = is_unusual(record_.fspec, record_.item_count);
         if (needs_octets_ != 0 || has_fspec) octets(has_fspec);
-        return close_line(json_);
+        return json_.finish();
     }
 
 private:
@@ -368,20 +361,19 @@ private:
     void item(uint64_t place) {
         const ast_dataitem_t &item = record_.items[place];
         if (!item.valid || !item.data) return;
-        const Field *const field = find_item(item.type, record_.uap, edition_);
-        if (!field) { // no edition describes it
+        const Found found = find(item.type);
+        if (!found.field) { // no edition describes it
             char buffer[8];
             json_.hex(reference_of(item.type, is_second(place), buffer), item.data, item.size);
             return;
         }
-        if constexpr (std::is_same_v<Out, Bounded>) json_.out().expect_rewind();
-        const uint64_t before = json_.out().mark();
-        Walk<Json<Out>> walk(BitReader(item.data, item.size, item.following), json_, context_);
-        const bool is_whole = walk.field(field);
-        if (!is_whole) json_.out().rewind(before);
-        const bool is_lossy = json_.was_lossy() || walk.is_lossy();
-        if (!is_whole || is_lossy) needs_octets_ |= uint32_t{1} << place;
+        if (!json_.item(found, item)) needs_octets_ |= uint32_t{1} << place;
         if (item.type == first_type_ && item.size == 1) context_.message_type = *item.data;
+    }
+
+    Found find(ast_dataitem_type_t type) const {
+        const uint32_t place = edition_ ? edition_->place_of(type - first_type_) : 0;
+        return place != 0 ? found_at(*edition_, place) : find_with_writer(type, record_.uap);
     }
 
     bool is_second(uint64_t place) const {
@@ -398,30 +390,38 @@ private:
                 const ast_dataitem_t &item = record_.items[i];
                 json_.hex(find_item(item.type, record_.uap, edition_)->name(), item.data, item.size);
             }
-        json_.close('}');
+        json_.close_with('}');
     }
 
-    Json<Out> json_;
     const ast_datarecord_t &record_;
     const ast_dataitem_type_t first_type_; // of the category: the type of a message
     const Edition *edition_;
     Context context_;
+    Items json_;
     uint32_t needs_octets_ = 0; // by the place of an item
 };
 
-// More than any octets of an item come to: eight fields of one bit each, with the longest names, and brackets.
-constexpr uint64_t kMaxCharsOfOctet = 256;
-constexpr uint64_t kMaxCharsOfLine = 1024 - kPieceChars;
-constexpr uint64_t kMaxCharsOfCharacter = 6;
-
-uint64_t ample_capacity(const ast_datarecord_t &record, const ast_json_line_t &line) {
-    uint64_t octets = record.fspec.valid ? record.fspec.length : 0;
-    for (uint64_t i = 0; i < record.item_count && i < AST_DATARECORD_MAX_ITEMS; ++i)
-        octets += record.items[i].size != 0 ? record.items[i].size : 1;
-    uint64_t chars = kMaxCharsOfLine + kPieceChars + octets * kMaxCharsOfOctet;
+// Whether there is room for what stands in front of the items.
+bool has_room_for_line(uint64_t capacity, const ast_json_line_t &line) {
+    constexpr uint64_t kMaxCharsOfKeys = 256;
+    constexpr uint64_t kMaxCharsOfCharacter = 6;
+    uint64_t chars = kMaxCharsOfKeys + kBeyondLimit;
     for (const char *text : {line.file, line.time, line.source, line.destination, line.profile})
         if (text) chars += kMaxCharsOfCharacter * std::string_view(text).size();
-    return chars;
+    return capacity >= chars;
+}
+
+template <typename Items>
+uint64_t write_record(char *text, uint64_t capacity, const ast_datarecord_t &record, const ast_json_line_t &line) {
+    return RecordWriter<Items>(text, capacity, record, line).write(line);
+}
+
+// Where there is room, as there mostly is.
+uint64_t write_fast(char *text, uint64_t capacity, const ast_datarecord_t &record, const ast_json_line_t &line) {
+    constexpr uint64_t kMostThatCounts = 1U << 30;
+    if (!text || !has_room_for_line(capacity, line)) return Ample::kGivenUp;
+    const uint64_t room = capacity < kMostThatCounts ? capacity : kMostThatCounts;
+    return write_record<Programmed>(text, room, record, line);
 }
 
 } // namespace
@@ -435,17 +435,16 @@ uint64_t ast_datarecord_to_json(char *text, uint64_t capacity, const ast_datarec
     static constexpr ast_datarecord_t kNone{};
     const ast_datarecord_t &from = record ? *record : kNone;
     const ast_json_line_t &with = line ? *line : kNothingToSay;
-    if (text && !with.texts && capacity >= ample_capacity(from, with)) [[likely]]
-        return RecordWriter<Ample>(text, capacity, from, with).write(with);
-    return RecordWriter<Bounded>(text, capacity, from, with).write(with);
+    const uint64_t chars = write_fast(text, capacity, from, with);
+    return chars != Ample::kGivenUp ? chars : write_record<Walked>(text, capacity, from, with);
 }
 
 uint64_t ast_octets_to_json(char *text, uint64_t capacity, uint32_t category, const uint8_t *data, uint64_t count,
                             const char *error, const ast_json_line_t *line) {
     const ast_json_line_t &with = line ? *line : kNothingToSay;
-    Json<Bounded> json(text, capacity, false);
+    Pieces<Bounded> json(text, capacity);
     open_line(json, with, category, with.profile);
     if (error) json.text("\"error\":", error);
     json.hex("data", data, data ? count : 0);
-    return close_line(json);
+    return json.finish();
 }

@@ -155,20 +155,63 @@ TEST(Json, GivesTextsOfCodesWhereWanted) {
     EXPECT_EQ(encoded(json), octets("20 A0"));
 }
 
-TEST(Json, SaysHowMuchRoomItNeedsAndStaysWithin) {
-    const Octets data = octets("01 C6 50 00 31 94 00 00 40");
-    const ast_datarecord_t record = record_of(48250, data, AST_UAP_STANDARD);
-    const std::string whole = json_of(record);
-    for (uint64_t capacity = 0; capacity <= whole.size() + 1; ++capacity) {
+void expect_within_any_room(const ast_datarecord_t &record, bool texts) {
+    constexpr uint64_t kMoreThanTheFastWayNeeds = 4096;
+    const ast_json_line_t line{.texts = texts};
+    const std::string whole = json_of(record, &line);
+    for (uint64_t capacity = 0; capacity <= whole.size() + kMoreThanTheFastWayNeeds; ++capacity) {
         std::string text(capacity + 1, '#');
-        EXPECT_EQ(ast_datarecord_to_json(text.data(), capacity, &record, nullptr), whole.size());
+        EXPECT_EQ(ast_datarecord_to_json(text.data(), capacity, &record, &line), whole.size());
         EXPECT_EQ(text[capacity], '#');
         if (capacity == 0) continue;
-        EXPECT_EQ(text.c_str(), whole.substr(0, capacity - 1));
+        ASSERT_EQ(text.c_str(), whole.substr(0, capacity - 1)) << capacity;
     }
 }
 
+TEST(Json, SaysHowMuchRoomItNeedsAndStaysWithin) {
+    const Octets registers = octets("01 C6 50 00 31 94 00 00 40");
+    const Octets descriptor = octets("A1 54");
+    for (const bool texts : {false, true}) {
+        expect_within_any_room(record_of(48250, registers, AST_UAP_STANDARD), texts);
+        expect_within_any_room(record_of(48020, descriptor, AST_UAP_STANDARD), texts);
+    }
+}
+
+TEST(Json, StaysWithinWithManyItemsThatNoDocumentKnows) {
+    const Octets data = octets("00 01");
+    ast_datarecord_t record = record_of(48951, data, AST_UAP_STANDARD);
+    for (ast_dataitem_t &item : record.items) item = record.items[0];
+    record.item_count = AST_DATARECORD_MAX_ITEMS;
+    expect_within_any_room(record, false);
+}
+
+TEST(Json, GivesNoTextWhereACodeHasNone) {
+    const ast_json_line_t line{.profile = "published", .texts = true};
+    const auto texts_of = [&](ast_dataitem_type_t type, std::string_view hex) {
+        const Octets data = octets(hex);
+        return json_of(record_of(type, data, AST_UAP_PUBLISHED), &line);
+    };
+    EXPECT_NE(texts_of(48230, "1C 00").find(R"("STAT":{"value":7,"text":"Unknown"})"), std::string::npos);
+    EXPECT_NE(texts_of(48230, "18 00").find(R"("STAT":6,)"), std::string::npos);
+    EXPECT_NE(texts_of(48230, "A0 00").find(R"("COM":5,)"), std::string::npos);
+}
+
 // ---- There and back again ----
+
+// A buffer that is too small for the fast way, and one where octets follow the item, change nothing.
+void expect_same_text(const ast_datarecord_t &record, bool texts) {
+    const ast_json_line_t line{.texts = texts};
+    const std::string json = json_of(record, &line);
+    std::string cut(json.size(), '\0');
+    EXPECT_EQ(ast_datarecord_to_json(cut.data(), cut.size(), &record, &line), json.size());
+    EXPECT_EQ(cut.substr(0, cut.size() - 1), json.substr(0, json.size() - 1));
+    ast_datarecord_t followed = record;
+    Octets octets(record.items[0].data, record.items[0].data + record.items[0].size);
+    octets.resize(octets.size() + UINT8_MAX, 0xFF);
+    followed.items[0].data = octets.data();
+    followed.items[0].following = UINT8_MAX;
+    EXPECT_EQ(json_of(followed, &line), json);
+}
 
 // A record of one item from its JSON is the item behind an FSPEC.
 void expect_back(const ast_datarecord_t &record) {
@@ -177,9 +220,7 @@ void expect_back(const ast_datarecord_t &record) {
     const ast_dataitem_t &item = record.items[0];
     ASSERT_GT(back.size(), item.size) << json;
     EXPECT_TRUE(std::equal(item.data, item.data + item.size, back.end() - static_cast<int64_t>(item.size))) << json;
-    std::string cut(json.size(), '\0'); // too small for the fast way
-    ast_datarecord_to_json(cut.data(), cut.size(), &record, nullptr);
-    EXPECT_EQ(cut.substr(0, cut.size() - 1), json.substr(0, json.size() - 1));
+    for (const bool texts : {false, true}) expect_same_text(record, texts);
 }
 
 TEST(JsonRoundTrip, EveryItemOfEveryEditionFromAnyOctets) {

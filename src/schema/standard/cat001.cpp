@@ -182,7 +182,7 @@ constexpr uint16_t kProfile[] = {
 
 } // namespace
 
-constinit const Edition kCat001 = edition(1, "1.4", "Transmission of Monoradar Data Target Reports", kItems,
-                                          profile(kProfile), profile(kOtherProfile));
+constinit const Edition kCat001 = edition<kItems>(1, "1.4", "Transmission of Monoradar Data Target Reports",
+                                                  profile(kProfile), profile(kOtherProfile));
 
 } // namespace ast::schema

@@ -66,6 +66,6 @@ constexpr uint16_t kProfile[] = {
 } // namespace
 
 constinit const Edition kCat002 =
-    edition(2, "1.2", "Transmission of Monoradar Service Messages", kItems, profile(kProfile));
+    edition<kItems>(2, "1.2", "Transmission of Monoradar Service Messages", profile(kProfile));
 
 } // namespace ast::schema

@@ -355,6 +355,6 @@ constexpr uint16_t kProfile[] = {
 
 } // namespace
 
-constinit const Edition kCat004 = edition(4, "1.13", "Safety Net Messages", kItems, profile(kProfile));
+constinit const Edition kCat004 = edition<kItems>(4, "1.13", "Safety Net Messages", profile(kProfile));
 
 } // namespace ast::schema

@@ -444,7 +444,7 @@ constexpr uint16_t kOtherProfile[] = {
 
 } // namespace
 
-constinit const Edition kCat007 = edition(7, "1.12", "Transmission of Directed Interrogation Messages", kItems,
-                                          profile(kProfile), profile(kOtherProfile));
+constinit const Edition kCat007 = edition<kItems>(7, "1.12", "Transmission of Directed Interrogation Messages",
+                                                  profile(kProfile), profile(kOtherProfile));
 
 } // namespace ast::schema

@@ -88,6 +88,6 @@ constexpr uint16_t kProfile[] = {
 
 } // namespace
 
-constinit const Edition kCat008 = edition(8, "1.3", "Monoradar Derived Weather Information", kItems, profile(kProfile));
+constinit const Edition kCat008 = edition<kItems>(8, "1.3", "Monoradar Derived Weather Information", profile(kProfile));
 
 } // namespace ast::schema

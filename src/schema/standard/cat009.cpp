@@ -62,6 +62,6 @@ constexpr uint16_t kProfile[] = {
 
 } // namespace
 
-constinit const Edition kCat009 = edition(9, "2.1", "Composite Weather Reports", kItems, profile(kProfile));
+constinit const Edition kCat009 = edition<kItems>(9, "2.1", "Composite Weather Reports", profile(kProfile));
 
 } // namespace ast::schema

@@ -173,6 +173,6 @@ constexpr uint16_t kProfile[] = {
 } // namespace
 
 constinit const Edition kCat010 =
-    edition(10, "1.1", "Transmission of Monosensor Surface Movement Data", kItems, profile(kProfile));
+    edition<kItems>(10, "1.1", "Transmission of Monosensor Surface Movement Data", profile(kProfile));
 
 } // namespace ast::schema

@@ -302,6 +302,6 @@ constexpr uint16_t kProfile[] = {
 
 } // namespace
 
-constinit const Edition kCat011 = edition(11, "1.3", "Transmission of A-SMGCS Data", kItems, profile(kProfile));
+constinit const Edition kCat011 = edition<kItems>(11, "1.3", "Transmission of A-SMGCS Data", profile(kProfile));
 
 } // namespace ast::schema

@@ -257,6 +257,6 @@ constexpr uint16_t kProfile[] = {
 } // namespace
 
 constinit const Edition kCat015 =
-    edition(15, "1.2", "Independent Non-Cooperative Surveillance System Target Reports", kItems, profile(kProfile));
+    edition<kItems>(15, "1.2", "Independent Non-Cooperative Surveillance System Target Reports", profile(kProfile));
 
 } // namespace ast::schema

@@ -66,7 +66,7 @@ constexpr uint16_t kProfile[] = {
 
 } // namespace
 
-constinit const Edition kCat016 = edition(
-    16, "1.0", "Independent Non-Cooperative Surveillance System Configuration Reports", kItems, profile(kProfile));
+constinit const Edition kCat016 = edition<kItems>(
+    16, "1.0", "Independent Non-Cooperative Surveillance System Configuration Reports", profile(kProfile));
 
 } // namespace ast::schema

@@ -100,6 +100,6 @@ constexpr uint16_t kProfile[] = {
 } // namespace
 
 constinit const Edition kCat017 =
-    edition(17, "1.3", "Mode S Surveillance Coordination Function Messages", kItems, profile(kProfile));
+    edition<kItems>(17, "1.3", "Mode S Surveillance Coordination Function Messages", profile(kProfile));
 
 } // namespace ast::schema

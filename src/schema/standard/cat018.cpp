@@ -220,6 +220,6 @@ constexpr uint16_t kProfile[] = {
 
 } // namespace
 
-constinit const Edition kCat018 = edition(18, "1.8", "Mode S Datalink Function Messages", kItems, profile(kProfile));
+constinit const Edition kCat018 = edition<kItems>(18, "1.8", "Mode S Datalink Function Messages", profile(kProfile));
 
 } // namespace ast::schema

@@ -82,6 +82,6 @@ constexpr uint16_t kProfile[] = {
 } // namespace
 
 constinit const Edition kCat019 =
-    edition(19, "1.3", "Multilateration System Status Messages", kItems, profile(kProfile));
+    edition<kItems>(19, "1.3", "Multilateration System Status Messages", profile(kProfile));
 
 } // namespace ast::schema

@@ -220,6 +220,6 @@ constexpr uint16_t kProfile[] = {
 
 } // namespace
 
-constinit const Edition kCat020 = edition(20, "1.11", "Multilateration Target Reports", kItems, profile(kProfile));
+constinit const Edition kCat020 = edition<kItems>(20, "1.11", "Multilateration Target Reports", profile(kProfile));
 
 } // namespace ast::schema

@@ -760,11 +760,11 @@ constexpr uint16_t kProfile[] = {
 
 } // namespace
 
-constinit const Edition kCat021Ed023 = edition(21, "0.23", "ADS-B Target Reports", edition_0_23::kItems);
-constinit const Edition kCat021Ed026 = edition(21, "0.26", "ADS-B Target Reports", edition_0_26::kItems);
-constinit const Edition kCat021Ed21 = edition(21, "2.1", "ADS-B Target Reports", edition_2_1::kItems);
-constinit const Edition kCat021Ed24 = edition(21, "2.4", "ADS-B Target Reports", edition_2_4::kItems);
+constinit const Edition kCat021Ed023 = edition<edition_0_23::kItems>(21, "0.23", "ADS-B Target Reports");
+constinit const Edition kCat021Ed026 = edition<edition_0_26::kItems>(21, "0.26", "ADS-B Target Reports");
+constinit const Edition kCat021Ed21 = edition<edition_2_1::kItems>(21, "2.1", "ADS-B Target Reports");
+constinit const Edition kCat021Ed24 = edition<edition_2_4::kItems>(21, "2.4", "ADS-B Target Reports");
 constinit const Edition kCat021 =
-    edition(21, "2.7", "ADS-B Target Reports", newest_edition::kItems, profile(newest_edition::kProfile));
+    edition<newest_edition::kItems>(21, "2.7", "ADS-B Target Reports", profile(newest_edition::kProfile));
 
 } // namespace ast::schema

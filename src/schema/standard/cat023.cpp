@@ -85,6 +85,6 @@ constexpr uint16_t kProfile[] = {
 } // namespace
 
 constinit const Edition kCat023 =
-    edition(23, "1.3", "CNS/ATM Ground Station and Service Status Reports", kItems, profile(kProfile));
+    edition<kItems>(23, "1.3", "CNS/ATM Ground Station and Service Status Reports", profile(kProfile));
 
 } // namespace ast::schema

@@ -300,6 +300,6 @@ constexpr uint16_t kProfile[] = {
 
 } // namespace
 
-constinit const Edition kCat025 = edition(25, "1.6", "CNS/ATM Ground System Status Reports", kItems, profile(kProfile));
+constinit const Edition kCat025 = edition<kItems>(25, "1.6", "CNS/ATM Ground System Status Reports", profile(kProfile));
 
 } // namespace ast::schema

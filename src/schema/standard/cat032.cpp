@@ -132,6 +132,6 @@ constexpr uint16_t kProfile[] = {
 
 } // namespace
 
-constinit const Edition kCat032 = edition(32, "1.2", "Miniplan Reports to an SDPS", kItems, profile(kProfile));
+constinit const Edition kCat032 = edition<kItems>(32, "1.2", "Miniplan Reports to an SDPS", profile(kProfile));
 
 } // namespace ast::schema

@@ -157,6 +157,6 @@ constexpr uint16_t kProfile[] = {
 } // namespace
 
 constinit const Edition kCat034 =
-    edition(34, "1.29", "Transmission of Monoradar Service Messages", kItems, profile(kProfile));
+    edition<kItems>(34, "1.29", "Transmission of Monoradar Service Messages", profile(kProfile));
 
 } // namespace ast::schema

@@ -532,6 +532,6 @@ constexpr uint16_t kProfile[] = {
 
 } // namespace
 
-constinit const Edition kCat048 = edition(48, "1.32", "Monoradar Target Reports", kItems, profile(kProfile));
+constinit const Edition kCat048 = edition<kItems>(48, "1.32", "Monoradar Target Reports", profile(kProfile));
 
 } // namespace ast::schema

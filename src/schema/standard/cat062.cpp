@@ -569,6 +569,6 @@ constexpr uint16_t kProfile[] = {
 
 } // namespace
 
-constinit const Edition kCat062 = edition(62, "1.21", "SDPS Track Messages", kItems, profile(kProfile));
+constinit const Edition kCat062 = edition<kItems>(62, "1.21", "SDPS Track Messages", profile(kProfile));
 
 } // namespace ast::schema

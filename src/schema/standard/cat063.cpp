@@ -79,6 +79,6 @@ constexpr uint16_t kProfile[] = {
 
 } // namespace
 
-constinit const Edition kCat063 = edition(63, "1.7", "Sensor Status Reports", kItems, profile(kProfile));
+constinit const Edition kCat063 = edition<kItems>(63, "1.7", "Sensor Status Reports", profile(kProfile));
 
 } // namespace ast::schema

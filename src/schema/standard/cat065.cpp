@@ -55,6 +55,6 @@ constexpr uint16_t kProfile[] = {
 
 } // namespace
 
-constinit const Edition kCat065 = edition(65, "1.6", "SDPS Service Status Reports", kItems, profile(kProfile));
+constinit const Edition kCat065 = edition<kItems>(65, "1.6", "SDPS Service Status Reports", profile(kProfile));
 
 } // namespace ast::schema

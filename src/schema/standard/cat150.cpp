@@ -132,6 +132,6 @@ constexpr uint16_t kProfile[] = {
 } // namespace
 
 constinit const Edition kCat150 =
-    edition(150, "3.0", "MADAP Plan Server - Flight Data Message", kItems, profile(kProfile));
+    edition<kItems>(150, "3.0", "MADAP Plan Server - Flight Data Message", profile(kProfile));
 
 } // namespace ast::schema

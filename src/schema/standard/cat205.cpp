@@ -83,6 +83,6 @@ constexpr uint16_t kProfile[] = {
 
 } // namespace
 
-constinit const Edition kCat205 = edition(205, "1.0", "Radio Direction Finder Reports", kItems, profile(kProfile));
+constinit const Edition kCat205 = edition<kItems>(205, "1.0", "Radio Direction Finder Reports", profile(kProfile));
 
 } // namespace ast::schema

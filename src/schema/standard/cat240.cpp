@@ -72,6 +72,6 @@ constexpr uint16_t kProfile[] = {
 
 } // namespace
 
-constinit const Edition kCat240 = edition(240, "1.3", "Radar Video Transmission", kItems, profile(kProfile));
+constinit const Edition kCat240 = edition<kItems>(240, "1.3", "Radar Video Transmission", profile(kProfile));
 
 } // namespace ast::schema

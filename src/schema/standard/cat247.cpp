@@ -39,6 +39,6 @@ constexpr uint16_t kProfile[] = {
 
 } // namespace
 
-constinit const Edition kCat247 = edition(247, "1.3", "Version Number Exchange", kItems, profile(kProfile));
+constinit const Edition kCat247 = edition<kItems>(247, "1.3", "Version Number Exchange", profile(kProfile));
 
 } // namespace ast::schema

@@ -1,9 +1,32 @@
 // The table of each edition, which has a source of its own.
 #pragma once
 
-#include "schema/edition.hpp"
+#include "schema/write.hpp"
 
 namespace ast::schema {
+
+template <const auto &kItems>
+consteval Edition edition(uint32_t category, const char *number, const char *title, Profile profile = {},
+                          Profile other_profile = {}) {
+    constexpr auto &items = kItems;
+    constexpr auto count = static_cast<uint32_t>(std::size(kItems));
+    Edition edition{.category = category,
+                    .number = number,
+                    .title = title,
+                    .items = items,
+                    .item_count = count,
+                    .writers = kWritersOf<kItems>.data(),
+                    .profile = profile,
+                    .other_profile = other_profile};
+    for (size_t i = 0; i < count; ++i) {
+        must(i == 0 || items[i - 1].number < items[i].number);
+        edition.places[items[i].number] = static_cast<uint8_t>(i + 1);
+    }
+    for (const Profile &each : {profile, other_profile})
+        for (uint32_t frn = 1; frn <= each.count; ++frn)
+            must(each.at(frn) == kSpare || edition.places[each.at(frn)] != 0);
+    return edition;
+}
 
 extern const Edition kCat001;
 extern const Edition kCat002;

@@ -19,9 +19,9 @@ namespace ast::schema {
     return out + text.size();
 }
 
-// The symbols of all pairs of codes of a few bits.
+// The symbols of all pairs of codes of a few bits. Static, because compilers would export them.
 template <unsigned Bits>
-inline constexpr auto kPairsOf = [] {
+static constexpr auto kPairsOf = [] {
     constexpr unsigned kCodes = 1U << Bits;
     constexpr const char *kSymbols = Bits == kIcaoBits ? kIcaoCharacters : kHexDigits;
     std::array<std::array<char, 2>, size_t{kCodes} * kCodes> pairs{};

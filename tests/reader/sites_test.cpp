@@ -41,6 +41,7 @@ TEST(Sites, AreFoundBySacAndSic) {
     EXPECT_EQ(ast_sites_find(&sites, 255, 255)->place.height_m, 9);
     EXPECT_EQ(ast_sites_find(&sites, 25, 13), nullptr);
     EXPECT_EQ(ast_sites_find(&sites, 24, 268), nullptr);
+    EXPECT_EQ(ast_sites_find(&sites, (1U << 24) + 25, 12), nullptr);
     EXPECT_EQ(ast_sites_find(nullptr, 25, 12), nullptr);
     for (uint64_t i = 1; i < sites.count; ++i)
         EXPECT_LT(sites.sites[i - 1].sac * 256 + sites.sites[i - 1].sic, sites.sites[i].sac * 256 + sites.sites[i].sic);

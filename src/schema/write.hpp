@@ -19,9 +19,10 @@ namespace ast::schema {
     return out + text.size();
 }
 
-// The symbols of all pairs of codes of a few bits. Static, because compilers would export them.
+// The symbols of all pairs of codes of a few bits. Hidden by hand: what is of a type of the standard library would be
+// exported otherwise.
 template <unsigned Bits>
-static constexpr auto kPairsOf = [] {
+[[gnu::visibility("hidden")]] inline constexpr auto kPairsOf = [] {
     constexpr unsigned kCodes = 1U << Bits;
     constexpr const char *kSymbols = Bits == kIcaoBits ? kIcaoCharacters : kHexDigits;
     std::array<std::array<char, 2>, size_t{kCodes} * kCodes> pairs{};

@@ -76,15 +76,35 @@ uint64_t get_answers(const bench::Sample &sample, const std::vector<uint8_t> &) 
                                                                                            : UINT64_MAX;
 }
 
+// Where on the earth it is then, by the place of its source.
+uint64_t locate(const bench::Sample &sample, const std::vector<uint8_t> &) {
+    static const ast_datarecord_t record =
+        ast_datarecord_decode(sample.octets.data(), sample.octets.size(), sample.category, *sample.uap);
+    ast_answers_t answers;
+    ast_datarecord_get_answers(&record, nullptr, &answers);
+    ast_site_t site = {.sac = answers.sac,
+                       .sic = answers.sic,
+                       .known = AST_SITE_GIVEN,
+                       .place = {48.1, 11.6, 520},
+                       .standard_error_m = 0};
+    const ast_sites_t sites = {.sites = &site, .room = 1, .count = 1};
+    const bool is_there = (answers.present & AST_ANSWER_LATITUDE) != 0;
+    return ast_sites_locate(&sites, &answers) == (record.valid && !is_there) ? sample.item_count : UINT64_MAX;
+}
+
 struct Way {
     const char *name;
     uint64_t (*read)(const bench::Sample &sample, const std::vector<uint8_t> &block);
 };
 
 constexpr Way kWays[] = {
-    {"ast_datarecord_decode", decode_record}, {"ast_datablock_decode_into", decode_into},
-    {"ast_datablock_split", split},           {"ast_datarecord_to_json", to_json},
-    {"ast_datarecord_from_json", from_json},  {"ast_datarecord_get_answers", get_answers},
+    {"ast_datarecord_decode", decode_record},
+    {"ast_datablock_decode_into", decode_into},
+    {"ast_datablock_split", split},
+    {"ast_datarecord_to_json", to_json},
+    {"ast_datarecord_from_json", from_json},
+    {"ast_datarecord_get_answers", get_answers},
+    {"ast_sites_locate", locate},
 };
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "records.hpp"
 
 #include <algorithm>
+#include <cmath>
 
 namespace ast_fuzz {
 
@@ -36,6 +37,7 @@ void check_record(const ast_datarecord_t &record, uint64_t available) {
     require(record.size == (record.valid ? offset : 0), "a record is not as long as its items");
     require(!record.valid || record.item_count == record.fspec.item_count, "a valid record lacks items");
     check_answers(record);
+    check_places(record);
 }
 
 void check_answers(const ast_datarecord_t &record) {
@@ -55,6 +57,26 @@ void check_answers(const ast_datarecord_t &record) {
         require(answers.squawk < 010000 && answers.icao24 < 0x1000000, "a code has too many bits");
         require(answers.type < AST_MESSAGES, "a kind of message is none");
         require(std::memchr(answers.callsign, '\0', sizeof answers.callsign), "a callsign does not end");
+    }
+}
+
+void check_places(const ast_datarecord_t &record) {
+    constexpr uint64_t kPosition = AST_ANSWER_LATITUDE | AST_ANSWER_LONGITUDE;
+    ast_answers_t answers;
+    const uint64_t present = ast_datarecord_get_answers(&record, nullptr, &answers);
+    for (const ast_place_t &place : {ast_place_t{0, 180, 0}, ast_place_t{-90, 0, 780}, ast_place_t{52.5, 13.4, -50}}) {
+        ast_site_t site = {
+            .sac = answers.sac, .sic = answers.sic, .known = AST_SITE_LEARNT, .place = place, .standard_error_m = 0};
+        ast_sites_t sites = {.sites = &site, .room = 1, .count = 1};
+        ast_answers_t located = answers;
+        const bool is_located = ast_sites_locate(&sites, &located);
+        require(located.present == (is_located ? present | kPosition : present), "a place adds another answer");
+        require(std::abs(located.latitude_deg) <= 90 && std::abs(located.longitude_deg) <= 180,
+                "a place is off the globe");
+        require(is_located == (located.located != 0), "a place came about in no way");
+        if (ast_sites_learn(&sites, &record))
+            require(std::abs(site.place.latitude_deg) <= 90 && std::abs(site.place.longitude_deg) <= 180,
+                    "a site is off the globe");
     }
 }
 

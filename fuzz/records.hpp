@@ -13,7 +13,10 @@ void check_record(const ast_datarecord_t &record, uint64_t available);
 // What a valid record answers is in range, and the same beside any time of reception but for what depends on it.
 void check_answers(const ast_datarecord_t &record);
 
-// The same for the records of a block, which follow one another and fill it when it is valid.
+// A site of its source places it on the globe, or nowhere, and changes nothing else.
+void check_places(const ast_datarecord_t &record);
+
+// All of that for the records of a block, which follow one another and fill it when it is valid.
 void check_records(const ast_datablock_t &block, Octets octets);
 
 // The records of a block, put together, are its octets again, and fit no buffer that is shorter.

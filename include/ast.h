@@ -46,6 +46,7 @@
  *     schema.h        what every published field means; records as JSON, both ways
  *     reader.h        blocks of every published category, with the edition that fits their source
  *     answers.h       when, who, where, how fast: one struct for the published fields of every category
+ *     sites.h         where data sources stand, and where on the earth the targets are that they see
  *     census.h        counting what they are made of
  *     convert.h       target reports and service messages of radars as the older categories have them, and back
  *     catNNN.h        what category NNN adds: its own items, accessors, and a flat record that holds all of a record
@@ -105,6 +106,7 @@
 #include "ast/schema.h"
 #include "ast/reader.h"
 #include "ast/answers.h"
+#include "ast/sites.h"
 #include "ast/census.h"
 #include "ast/convert.h"
 

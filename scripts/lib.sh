@@ -7,7 +7,7 @@ readonly jobs=2
 
 readonly build_packages=(cmake ninja-build g++ ccache)
 readonly tool_packages=(pkg-config libcli11-dev zlib1g-dev libzstd-dev libasio-dev)
-readonly test_packages=(libgtest-dev chromium locales-all zstd)
+readonly test_packages=(libgtest-dev libgeographiclib-dev chromium locales-all zstd)
 readonly bench_packages=(libbenchmark-dev)
 
 as_root() {

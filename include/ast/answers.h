@@ -84,6 +84,10 @@
  *
  * Categories 002, 008, 009, 016, 019, 023, 025, 034, 063, 065, 240 and 247 answer source, time and type: 010 and 000 in
  * all that have them, time in 030 of 002, 034, 063 and 065, 070 of 009, 023 and 025, 090 of 008, and 140 of the rest.
+ *
+ * The frame of range, azimuth, x and y is AST_FRAME_RADAR in 001, 007, 018 and 048, AST_FRAME_TANGENTIAL in 010 and
+ * 020, and AST_FRAME_SYSTEM in 011, 062 and 205; 170 of 007 and 048 may say that it is AST_FRAME_TANGENTIAL (TCC).
+ *
  * Positions of stations and of what is predicted, and heights above the plane of a sensor (010/091, 020/110), are no
  * answers. */
 #ifndef AST_ANSWERS_H
@@ -158,6 +162,18 @@ AST_BEGIN_DECLARATIONS
 #define AST_MESSAGE_DIRECTION UINT32_C(20)     /* a radio transmission was detected, or is not any more */
 #define AST_MESSAGES 21                        /* above all of them */
 
+/* What range, azimuth, x and y are measured from, and what x and y are. Category documents say little of that: it is
+ * what is usual, and the coordinate transformation of tracks (TCC of I007/170, I010/170 and I048/170) where it is sent.
+ */
+#define AST_FRAME_RADAR UINT32_C(1)      /* a sensor; x and y are made of the slant range */
+#define AST_FRAME_TANGENTIAL UINT32_C(2) /* a sensor; x and y are on the plane that touches the earth there */
+#define AST_FRAME_SYSTEM UINT32_C(3)     /* a system; x and y are on its stereographic plane, the rest is a sensor's */
+
+/* How latitude and longitude came about, beside the record: bits of ast_answers_t.located, set by ast_sites_locate. */
+#define AST_LOCATED_BY_SITE UINT32_C(1)     /* they were worked out from the place of the data source (sites.h) */
+#define AST_LOCATED_ON_GROUND UINT32_C(2)   /* without a height, as if the target was as high as the sensor */
+#define AST_LOCATED_BY_ESTIMATE UINT32_C(4) /* that place itself is only worked out */
+
 /** What is known beside the record. All zero is nothing. */
 typedef struct {
     bool has_reception;
@@ -209,9 +225,11 @@ typedef struct {
                        validated; military emergencies and priority as with minimum fuel included */
     bool on_ground;
     bool simulated;
-    bool test;    /* test target */
-    bool coasted; /* extrapolated, not detected */
-    bool ended;   /* the last report of a track */
+    bool test;        /* test target */
+    bool coasted;     /* extrapolated, not detected */
+    bool ended;       /* the last report of a track */
+    uint32_t frame;   /* AST_FRAME_..., 0 where it is not known */
+    uint32_t located; /* AST_LOCATED_..., 0 for a position of the record's own */
 } ast_answers_t;
 
 /** Answers what a record answers. A value that its field says is not valid, exceeded its range or is not known is no

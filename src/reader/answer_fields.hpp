@@ -440,6 +440,12 @@ void read_type(Answering &answering, const uint8_t *data, uint64_t size) {
         if (kind.code == code) answering.out.type = kind.type;
 }
 
+// A bit that is set when slant ranges were corrected and projected.
+template <unsigned bit>
+void read_frame(Answering &answering, const uint8_t *data, uint64_t size) {
+    if (size * 8 >= bit) answering.out.frame = is_set<bit>(Octets{data}) ? AST_FRAME_TANGENTIAL : AST_FRAME_RADAR;
+}
+
 // The lower bits of a time of day, which count up to 512 s. They wait in place of it for the rest.
 constexpr double kTruncatedTimeS = 512;
 inline void read_truncated_time(Answering &answering, const uint8_t *data, uint64_t size) {

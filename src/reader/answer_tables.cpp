@@ -90,7 +90,7 @@ constexpr uint32_t kPriorities = 1U << 1 | 1U << 2 | 1U << 3 | 1U << 4 | 1U << 5
 // Target report descriptor of a Mode S radar; a report without detection is what the tracker expects.
 constexpr Read kRadarDescriptor =
     read<1, flag(Coasted, 1, 3, 1U << 0), flag(Simulated, 4), flag(Spi, 6), flag(Test, 9), flag(Emergency, 12)>;
-constexpr Read kRadarTrackStatus = read<1, flag(Ended, 9)>;
+constexpr Read kRadarTrackStatus = read_all<read<1, flag(Ended, 9)>, read_frame<12>>;
 
 // Behind SUM, PMN and POS of Mode 5.
 template <unsigned choice>
@@ -681,8 +681,8 @@ constexpr auto kReads = [] {
 }();
 
 template <const auto &rows>
-constexpr AnswerTable table(uint32_t type) {
-    return {type, static_cast<uint32_t>(kPlaces<rows>.size()), kPlaces<rows>.data(), kReads<rows>.data()};
+constexpr AnswerTable table(uint32_t type, uint32_t frame = 0) {
+    return {type, frame, static_cast<uint32_t>(kPlaces<rows>.size()), kPlaces<rows>.data(), kReads<rows>.data()};
 }
 
 struct Listed {
@@ -691,31 +691,31 @@ struct Listed {
 };
 
 constexpr Listed kTables[] = {
-    {1, table<k001>(kPlotOrTrack)},
+    {1, table<k001>(kPlotOrTrack, AST_FRAME_RADAR)},
     {2, table<k002>(0)},
     {4, table<k004>(AST_MESSAGE_ALERT)},
-    {7, table<k007>(kPlotOrTrack)},
+    {7, table<k007>(kPlotOrTrack, AST_FRAME_RADAR)},
     {8, table<k008>(AST_MESSAGE_WEATHER)},
     {9, table<k009>(AST_MESSAGE_WEATHER)},
-    {10, table<k010>(kPlotOrTrack)},
-    {11, table<k011>(AST_MESSAGE_TRACK)},
+    {10, table<k010>(kPlotOrTrack, AST_FRAME_TANGENTIAL)},
+    {11, table<k011>(AST_MESSAGE_TRACK, AST_FRAME_SYSTEM)},
     {15, table<k015>(0)},
     {16, table<k016>(AST_MESSAGE_CONFIGURATION)},
     {17, table<k017>(AST_MESSAGE_COORDINATION)},
-    {18, table<k018>(AST_MESSAGE_DATA_LINK)},
+    {18, table<k018>(AST_MESSAGE_DATA_LINK, AST_FRAME_RADAR)},
     {19, table<k019>(AST_MESSAGE_STATUS)},
-    {20, table<k020>(kPlotOrTrack)},
+    {20, table<k020>(kPlotOrTrack, AST_FRAME_TANGENTIAL)},
     {21, table<k021>(AST_MESSAGE_REPORT)},
     {23, table<k023>(AST_MESSAGE_STATUS)},
     {25, table<k025>(AST_MESSAGE_STATUS)},
     {32, table<k032>(AST_MESSAGE_FLIGHT_PLAN)},
     {34, table<k034>(0)},
-    {48, table<k048>(kPlotOrTrack)},
-    {62, table<k062>(AST_MESSAGE_TRACK)},
+    {48, table<k048>(kPlotOrTrack, AST_FRAME_RADAR)},
+    {62, table<k062>(AST_MESSAGE_TRACK, AST_FRAME_SYSTEM)},
     {63, table<k063>(AST_MESSAGE_STATUS)},
     {65, table<k065>(AST_MESSAGE_STATUS)},
     {150, table<k150>(AST_MESSAGE_FLIGHT_PLAN)},
-    {205, table<k205>(AST_MESSAGE_DIRECTION)},
+    {205, table<k205>(AST_MESSAGE_DIRECTION, AST_FRAME_SYSTEM)},
     {240, table<k240>(AST_MESSAGE_VIDEO)},
     {247, table<k247>(AST_MESSAGE_CONFIGURATION)},
 };

@@ -7,6 +7,7 @@ namespace ast::reader {
 
 struct AnswerTable {
     uint32_t type = 0;               // of its records, unless an item says so
+    uint32_t frame = 0;              // AST_FRAME_..., unless an item says so
     uint32_t item_count = 0;         // one above the highest item number
     const uint8_t *places = nullptr; // of an item number in reads
     const Read *reads = nullptr;     // the first one for items without an answer

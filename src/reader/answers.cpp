@@ -143,6 +143,7 @@ uint64_t ast_datarecord_get_answers(const ast_datarecord_t *record, const ast_an
     Answering answering{*answers, {AST_ANSWER_CATEGORY}};
     answers->category = record->category;
     answers->type = table->type;
+    answers->frame = table->frame;
     read_items(answering, *record, *table);
     const uint64_t present = answering.present();
     settle_type(answering, present);

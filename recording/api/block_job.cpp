@@ -67,7 +67,7 @@ struct BlockReader::Walk {
 void BlockReader::read(BlockJob &job) {
     job.blocks.clear();
     job.reports.clear();
-    editions_ = job.editions;
+    editions_ = job.known.editions;
     Walk walk{*this, job};
     walk_chunk(job.chunk, walk);
 }

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <chrono>
 #include <csignal>
-#include <limits>
 #include <new>
 #include <sys/stat.h>
 #include <utility>
@@ -57,10 +56,7 @@ bool is_waited_for(const Origin &origin) {
 bool is_udp(const std::vector<Origin> &origins) { return origins.front().path.starts_with("udp://"); }
 
 int64_t to_nanoseconds(const std::optional<Time> &time) {
-    constexpr int64_t kNanosecondsPerSecond = 1'000'000'000;
-    constexpr int64_t kMostSeconds = std::numeric_limits<int64_t>::max() / kNanosecondsPerSecond - 1;
-    if (!time || time->seconds > kMostSeconds || time->seconds < -kMostSeconds) return AST_TIME_UNKNOWN;
-    return time->seconds * kNanosecondsPerSecond + time->nanoseconds;
+    return time ? nanoseconds_of(*time).value_or(AST_TIME_UNKNOWN) : AST_TIME_UNKNOWN;
 }
 
 } // namespace
@@ -291,7 +287,7 @@ void Recording::fill(ast_recording_block_t &block, const HandedBlock &from) cons
 // What was known when the block was split, so that it is read alike: its profile alone does not tell that.
 EditionMemory &Recording::editions_of_last() {
     if (learnt_ == 0) {
-        editions_ = job_->editions;
+        editions_ = job_->known.editions;
         grows_ = editions_.grows();
         editions_.freeze();
     }

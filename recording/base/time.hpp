@@ -3,6 +3,7 @@
 
 #include <compare>
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -25,6 +26,14 @@ constexpr int64_t kSecondsPerDay = 86400;
 
 // Recorders that give times of day but no date begin at 1970-01-01 here, and go on from there.
 constexpr bool has_date(const Time &time) { return time.seconds >= 365 * kSecondsPerDay; }
+
+// Since 1970-01-01 00:00 UTC; nothing for a time too far from it.
+constexpr std::optional<int64_t> nanoseconds_of(const Time &time) {
+    constexpr int64_t kNanosecondsPerSecond = 1'000'000'000;
+    constexpr int64_t kMostSeconds = std::numeric_limits<int64_t>::max() / kNanosecondsPerSecond - 1;
+    if (time.seconds > kMostSeconds || time.seconds < -kMostSeconds) return std::nullopt;
+    return time.seconds * kNanosecondsPerSecond + time.nanoseconds;
+}
 
 struct Moment {
     std::optional<int64_t> day; // since 1970-01-01; nothing for a time of any day

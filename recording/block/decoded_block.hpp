@@ -1,8 +1,9 @@
-// Decodes blocks, each by what is known of its data source.
+// Decodes blocks, each by what is known of the data sources.
 #pragma once
 
 #include <optional>
 
+#include "block/block_learner.hpp"
 #include "block/fault.hpp"
 #include "block/record_set.hpp"
 
@@ -14,6 +15,7 @@ struct DecodedBlock {
     uint64_t offset = 0; // in its datagram, in octets
     Octets octets{};
     const SplitBlock *block = nullptr;
+    const SiteMemory *sites = nullptr;
     std::optional<Fault> fault{}; // unless the block is valid
     RecordSet shown{};            // those of its records that are asked for
     bool is_cut = false;          // what follows these is not asked for
@@ -22,27 +24,36 @@ struct DecodedBlock {
 class Decoder {
 public:
     // What is known in front of the next block.
-    void set_editions(const EditionMemory &editions) { editions_ = editions; }
+    void set_known(const Known &known) { known_ = known; }
 
-    const EditionMemory &editions() const { return editions_; }
+    const EditionMemory &editions() const { return known_.editions; }
 
     // The result is good until the next call; which records are asked for is left to the caller. The octets are one
     // whole block.
     DecodedBlock &decode(const Datagram &datagram, uint64_t number, uint64_t offset, Octets octets) {
-        block_.read(editions_, octets);
+        block_.read(known_.editions, octets);
+        if (known_.sites.learns_from(octets)) known_.sites.learn(block_);
         decoded_.datagram = &datagram;
         decoded_.number = number;
         decoded_.offset = offset;
         decoded_.octets = octets;
         decoded_.block = &block_;
+        decoded_.sites = &known_.sites;
         decoded_.fault.reset();
         decoded_.is_cut = false;
         if (!block_.valid) decoded_.fault = find_fault(block_, datagram);
         return decoded_;
     }
 
+    // A block that is not asked for tells where its source stands all the same.
+    void pass(Octets octets) {
+        if (!known_.sites.learns_from(octets)) return;
+        block_.read(known_.editions, octets);
+        known_.sites.learn(block_);
+    }
+
 private:
-    EditionMemory editions_;
+    Known known_;
     SplitBlock block_;
     DecodedBlock decoded_;
 };

@@ -27,7 +27,7 @@ bool InputSequence::open_next() {
 void InputSequence::open_one(const Origin &origin) {
     name_ = origin.name;
     path_ = origin.path;
-    editions_ = look_through({&origin, 1}, options_, interruption_);
+    known_ = look_through({&origin, 1}, options_, interruption_);
     input_ = std::make_unique<Input>(origin, options_, interruption_,
                                      [this](const std::string &what) { observer_.announced(what); });
     observer_.opened(name_, *input_);
@@ -35,7 +35,7 @@ void InputSequence::open_one(const Origin &origin) {
 
 // What is chosen is chosen of all of them, by the times that they have together.
 void InputSequence::open_merged() {
-    editions_ = look_through(origins_, options_, interruption_);
+    known_ = look_through(origins_, options_, interruption_);
     ReadOptions all = options_;
     all.datagrams = {};
     auto source = std::make_unique<MergedSource>();
@@ -58,12 +58,13 @@ size_t InputSequence::place_of(const std::string &name) const {
 // What cannot be looked through beforehand is learnt from in its order, here as where it is decoded.
 bool InputSequence::fill(Job &job) {
     const bool is_filled = input_->fill(job.chunk);
-    job.editions = editions_;
-    if (!editions_.grows()) return is_filled;
+    job.known = known_;
+    if (!known_.grows()) return is_filled;
     for (const Datagram &datagram : job.chunk.datagrams())
         if (datagram.may_hold_blocks())
             each_block(datagram.octets, [&](Octets block) {
-                if (options_.categories.test(block[0])) editions_.learn(block);
+                if (options_.categories.test(block[0]) || known_.sites.learns_from(block))
+                    learner_.learn(known_, block);
             });
     return is_filled;
 }

@@ -85,7 +85,8 @@ private:
     std::unique_ptr<Input> input_;
     std::string name_;
     std::string path_;       // empty for several
-    EditionMemory editions_; // in front of what is read next
+    Known known_;            // in front of what is read next
+    BlockLearner learner_;
 };
 
 } // namespace ast::recording

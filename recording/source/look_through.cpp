@@ -42,35 +42,43 @@ bool can_be_read_twice(const Origin &origin) {
     return result == 0 && S_ISREG(status.st_mode);
 }
 
-void learn_from(Input &input, EditionMemory &editions, const Interruption *interruption) {
+// Whether that was all of the input.
+bool learn_from(Input &input, Known &known, const Interruption *interruption) {
     Chunk chunk(kChunkOctets);
+    BlockLearner learner;
     uint64_t blocks = 0;
     const auto is_cut_off = [&] { return interruption && interruption->ended(); };
-    while (blocks < kMostBlocks && !is_cut_off() && input.fill(chunk)) {
+    const auto is_enough = [&] {
+        return blocks >= kMostBlocks || (blocks > kBlocksOfSource && known.editions.have_seen(kBlocksOfSource));
+    };
+    while (!is_enough() && !is_cut_off()) {
+        if (!input.fill(chunk)) return true;
         for (const Datagram &datagram : chunk.datagrams())
             if (datagram.may_hold_blocks() && !is_cut_off())
-                each_block(datagram.octets, [&](Octets block) { editions.learn(block); });
+                each_block(datagram.octets, [&](Octets block) { learner.learn(known, block); });
         blocks = chunk.end_number;
-        if (blocks > kBlocksOfSource && editions.have_seen(kBlocksOfSource)) break;
     }
+    return false;
 }
 
 } // namespace
 
-EditionMemory look_through(std::span<const Origin> origins, const ReadOptions &options, Interruption *interruption) {
-    EditionMemory editions(options.profile);
-    if (options.follow || !std::ranges::all_of(origins, can_be_read_twice)) return editions;
+Known look_through(std::span<const Origin> origins, const ReadOptions &options, Interruption *interruption) {
+    Known known{EditionMemory(options.profile), options.locates ? SiteMemory(options.sites) : SiteMemory()};
+    if (options.follow || !std::ranges::all_of(origins, can_be_read_twice)) return known;
+    bool is_all = true;
     for (const Origin &origin : origins) {
         const Place place(origin.path);
         try {
             Input input(origin, {.framing = options.framing}, interruption, {});
-            learn_from(input, editions, interruption);
+            is_all = learn_from(input, known, interruption) && is_all;
         } catch (const std::runtime_error &) {
-            return editions; // which whoever reads it will find, too
+            return known; // which whoever reads it will find, too
         }
     }
-    editions.freeze();
-    return editions;
+    known.editions.freeze();
+    if (is_all) known.sites.freeze();
+    return known;
 }
 
 } // namespace ast::recording

@@ -8,7 +8,7 @@
 #include <mutex>
 #include <vector>
 
-#include "block/edition_memory.hpp"
+#include "block/block_learner.hpp"
 #include "datagram/chunk.hpp"
 
 namespace ast::recording {
@@ -21,7 +21,7 @@ struct Job {
     Job &operator=(const Job &) = delete;
 
     Chunk chunk;
-    EditionMemory editions; // what is known in front of its first block
+    Known known; // in front of its first block
 };
 
 // What is done with a chunk. `worker` counts the threads from 0.

@@ -1,7 +1,9 @@
 // What is read, and how.
 #pragma once
 
+#include <ast.h>
 #include <string>
+#include <vector>
 
 #include "base/category_set.hpp"
 #include "block/profile_names.hpp"
@@ -18,6 +20,8 @@ struct ReadOptions {
     bool merge = false;                      // files by the times of their datagrams
     bool follow = false;                     // wait for more at the end
     std::string interface;                   // to listen on; empty for the system's choice
+    bool locates = false;                    // learn where sources stand
+    std::vector<ast_site_t> sites;           // that are known; later ones take the place of earlier ones
 };
 
 // Where an input comes from.

@@ -12,6 +12,7 @@
 #include "base/numbers.hpp"
 #include "show/terminal.hpp"
 #include "show/write_file.hpp"
+#include "source/given_sites.hpp"
 #include "source/live_url.hpp"
 #include "write/block_converter.hpp"
 
@@ -90,6 +91,8 @@ struct Texts {
     std::optional<std::string> hosts;
     std::optional<std::string> from;
     std::optional<std::string> to;
+    std::vector<std::string> sites;
+    std::optional<std::string> site_file;
 };
 
 constexpr size_t kMaxJobs = 256;
@@ -129,6 +132,16 @@ void describe_datagrams(CLI::App &app, Options &options, Texts &texts) {
     app.add_flag("--merge", options.merge, "Read several files as one, by the times of their datagrams");
 }
 
+void describe_sites(CLI::App &app, Texts &texts) {
+    app.add_option("--site", texts.sites,
+                   "Where a data source stands, for --list: latitude, longitude, and height in metres; repeated")
+        ->take_all()
+        ->allow_extra_args(false)
+        ->type_name("SAC/SIC=PLACE");
+    app.add_option("--sites", texts.site_file, "The same by lines of a file, such as 25,12,43.57,16.41,780,name")
+        ->type_name("FILE");
+}
+
 void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_option("FILE", options.files,
                    "Captures and files of blocks, - for standard input, udp://HOST:PORT or tcp://HOST:PORT")
@@ -158,6 +171,7 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_option("--count", texts.count, "Stop after N blocks, or N records where these are the lines")
         ->type_name("N");
     describe_datagrams(app, options, texts);
+    describe_sites(app, texts);
     app.add_flag("--detail", options.detail, "Below each item of the listing, the value of every field");
     app.add_option("--html", options.html, "Instead of the listing, write a page for web browsers")
         ->check(is_name)
@@ -230,11 +244,10 @@ void refuse_two_forms(const Options &options) {
         throw std::invalid_argument("--list, --csv, --json, --stats and --top exclude each other");
 }
 
-// What is wrong with a list is said of its option.
-template <typename Range>
-std::vector<Range> read_for(const char *option, std::string_view list,
-                            std::vector<Range> (*read)(std::string_view)) try {
-    return read(list);
+// What is wrong with a text is said of its option.
+template <typename Read>
+auto read_for(const char *option, const std::string &text, Read read) try {
+    return read(text);
 } catch (const std::invalid_argument &error) {
     throw std::invalid_argument(std::string(option) + ": " + error.what());
 }
@@ -247,6 +260,13 @@ void read_choice(Options &options, const Texts &texts) {
     if (texts.hosts) datagrams.hosts = read_for("--host", *texts.hosts, read_hosts);
     if (texts.from) datagrams.from = read_limit("--from", *texts.from);
     if (texts.to) datagrams.to = read_limit("--to", *texts.to);
+}
+
+// Where data sources stand; what is given by itself goes over what a file has.
+void read_sites(Options &options, const Texts &texts) {
+    if (texts.site_file) options.sites = read_for("--sites", *texts.site_file, read_site_file);
+    for (const std::string &site : texts.sites) options.sites.push_back(read_for("--site", site, read_site));
+    options.locates = options.list;
 }
 
 // What the parser cannot tell. Throws std::invalid_argument for a mistake.
@@ -262,6 +282,7 @@ void complete(Options &options, const Texts &texts) {
         throw std::invalid_argument("--html and --write are to be different files");
     if (texts.csv) options.csv = read_csv_columns(*texts.csv == kUsualColumns ? "" : *texts.csv);
     refuse_two_forms(options);
+    read_sites(options, texts);
     const bool live = join_live(options.files);
     options.follow = options.follow || live;
     if (options.follow && options.files.size() > 1)

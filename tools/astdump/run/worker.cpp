@@ -32,7 +32,10 @@ struct Worker::Walk {
         worker.no_block(datagram, offset, frame, rendered);
     }
     void block(const Datagram &datagram, uint64_t number, uint64_t offset, Octets octets) {
-        if (worker.options_.categories.test(octets[0])) worker.block(datagram, number, offset, octets, most, rendered);
+        if (worker.options_.categories.test(octets[0]))
+            worker.block(datagram, number, offset, octets, most, rendered);
+        else
+            worker.decoder_.pass(octets);
     }
 };
 
@@ -42,7 +45,7 @@ void Worker::render(const Job &job, uint64_t most, Rendered &rendered) {
     rendered.reports.clear();
     rendered.shown = 0;
     rendered.unconverted = 0;
-    decoder_.set_editions(job.editions);
+    decoder_.set_known(job.known);
     Walk walk{*this, most, rendered};
     walk_chunk(job.chunk, walk);
     for (size_t i = 0; i < renderers_.size(); ++i)

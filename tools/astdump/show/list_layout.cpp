@@ -105,7 +105,7 @@ void ListLayout::titles(TextBuffer &out) const {
 }
 
 void ListLayout::line(TextBuffer &out, const ListValues &values) const {
-    put(out, 0, kAllColumns, [&](char *text, size_t column) { return values[column].copy(text, widths_[column]); });
+    put(out, 0, [&](char *text, size_t column) { return values[column].copy(text, widths_[column]); });
 }
 
 void ListLayout::push_far(char *text, size_t size, size_t width) {

@@ -11,7 +11,6 @@
 namespace ast::recording::astdump {
 
 constexpr size_t kListColumns = 17;
-constexpr uint32_t kAllColumns = (UINT32_C(1) << kListColumns) - 1;
 
 // What a record has, by column; empty where it has nothing.
 using ListValues = std::array<std::string_view, kListColumns>;
@@ -56,21 +55,16 @@ public:
     std::span<const Cell> cells() const { return {cells_.data(), cell_count_}; }
 
     // Lets `write` write the value of each cell, given as (text, column), into a line, with room for so many characters
-    // each; it returns how many it has written. Only those of some columns are asked for, each of them a bit. False,
-    // and no line, when one does not fit.
+    // each; it returns how many it has written. False, and no line, when one does not fit.
     template <typename Write>
-    bool put(TextBuffer &out, size_t room, uint32_t columns, Write write) const {
+    bool put(TextBuffer &out, size_t room, Write write) const {
         const auto write_line = [&](char *line) -> size_t {
             std::memset(line, ' ', total_);
             size_t end = 0;
             for (const Cell &cell : cells()) {
                 char *const text = line + cell.place;
-                size_t size = 0;
-                if ((columns >> cell.column & 1) != 0) {
-                    size = write(text, cell.column);
-                    if (size > cell.width) return 0;
-                    std::memcpy(text + size, kBlanks.data(), kBlanks.size()); // over the terminator and what is behind
-                }
+                size_t size = write(text, cell.column);
+                if (size > cell.width) return 0;
                 if (cell.width == 0) continue;
                 if (size == 0) {
                     size = cell.right_aligned ? cell.width : 1;

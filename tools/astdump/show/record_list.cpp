@@ -1,12 +1,10 @@
 #include "show/record_list.hpp"
 
 #include <algorithm>
-#include <charconv>
 #include <limits>
 #include <utility>
 
-#include "ask/keywords.hpp"
-#include "base/printable.hpp"
+#include "show/list_values.hpp"
 
 namespace ast::recording::astdump {
 
@@ -21,116 +19,44 @@ constexpr size_t kMarkOctets = 1 + sizeof(ListWidths);
 
 constexpr size_t kNoLimit = std::numeric_limits<size_t>::max();
 
-constexpr uint32_t bit(uint32_t keyword) { return UINT32_C(1) << keyword; }
-
-struct Subject {
-    const ast_datarecord_t &record;
-    uint32_t keywords;       // that records of its category can have, each a bit
-    const std::string *file; // that it comes from, where several are merged; else null
-};
-
-// Writes a value, and returns of how many characters it is.
-using Write = size_t(char *text, const Subject &subject);
-
-// The first of several quantities that a record has.
-template <uint32_t... keywords>
-size_t write_first(char *text, const Subject &subject) {
-    size_t size = 0;
-    static_cast<void>((... || ((subject.keywords & bit(keywords)) != 0 &&
-                               (size = write_keyword(text, subject.record, keywords)) != 0)));
-    return size;
-}
-
-size_t write_category(char *text, const Subject &subject) {
-    for (uint32_t i = 3, rest = subject.record.category; i-- > 0; rest /= 10)
-        text[i] = static_cast<char>('0' + rest % 10);
-    return 3;
-}
-
-size_t write_octets(char *text, const Subject &subject) {
-    return static_cast<size_t>(std::to_chars(text, text + kKeywordRoom, subject.record.size).ptr - text);
-}
-
-size_t write_file(char *text, const Subject &subject) { return readable(*subject.file).copy(text, kKeywordRoom); }
-
-// What the values of a column are, and the keywords that they are of, if they are of any.
-struct Source {
-    Write *write;
-    uint32_t keywords = 0;
-};
-
-template <uint32_t... keywords>
-constexpr Source kFirst = {write_first<keywords...>, (... | bit(keywords))};
-
-// In the order of the columns.
-constexpr std::array<Source, kListColumns> kSources = {{
-    kFirst<AST_KEYWORD_TIMEOFDAY>,
-    kFirst<AST_KEYWORD_SACSIC>,
-    {write_category},
-    {write_octets},
-    kFirst<AST_KEYWORD_MSGTYPE>,
-    kFirst<AST_KEYWORD_TRACKNUM>,
-    kFirst<AST_KEYWORD_SQUAWK>,
-    kFirst<AST_KEYWORD_CALLSIGN>,
-    kFirst<AST_KEYWORD_ICAOADDR>,
-    kFirst<AST_KEYWORD_FLIGHTLEVEL>,
-    kFirst<AST_KEYWORD_SELALTITUDE>,
-    kFirst<AST_KEYWORD_WGS84COORD, AST_KEYWORD_POLARCOORD>,
-    kFirst<AST_KEYWORD_SPEED>,
-    kFirst<AST_KEYWORD_HEADING>,
-    kFirst<AST_KEYWORD_VRATE>,
-    kFirst<AST_KEYWORD_CARTESIANVEL>,
-    {write_file},
-}};
-constexpr uint32_t kFileColumn = kListColumns - 1;
-
-// What records of a category may have, each as a bit.
-struct Possible {
-    explicit Possible(uint32_t category) : keywords(keywords_of(category)) {
-        for (uint32_t i = 0; i < kListColumns; ++i)
-            if (kSources[i].keywords == 0 || (kSources[i].keywords & keywords) != 0) columns |= bit(i);
-    }
-    Possible() = default;
-
-    uint32_t keywords = 0;
-    uint32_t columns = 0;
-};
-
 // The values of one record after the other.
 class Row {
 public:
     // What is common to the records that follow.
     void set_block(const DecodedBlock &decoded) {
-        file_ = decoded.datagram->file;
-        const uint32_t category = decoded.block->category;
-        Possible &possible = by_category_[category % by_category_.size()];
-        if (possible.columns == 0) possible = Possible(category);
-        possible_ = possible;
-        if (!file_) possible_.columns &= ~bit(kFileColumn);
+        sites_ = decoded.sites;
+        subject_.file = decoded.datagram->file;
+        subject_.has_velocity = has_velocity(decoded.block->category);
+        const auto reception = decoded.datagram->time ? nanoseconds_of(*decoded.datagram->time) : std::nullopt;
+        context_ = {.has_reception = reception.has_value(), .reception_ns = reception.value_or(0), .reserved = {}};
     }
 
-    // Puts the line of a record, unless it does not fit the layout.
-    bool put(TextBuffer &out, const ListLayout &layout, const ast_datarecord_t &record) const {
-        const Subject subject{record, possible_.keywords, file_};
-        return layout.put(out, kKeywordRoom, possible_.columns,
-                          [&](char *text, size_t column) { return kSources[column].write(text, subject); });
+    // What is shown next.
+    void set_record(const ast_datarecord_t &record) {
+        subject_.record = &record;
+        ast_datarecord_get_answers(&record, &context_, &subject_.answers);
+        sites_->locate(subject_.answers);
+    }
+
+    // Puts the line of the record, unless it does not fit the layout.
+    bool put(TextBuffer &out, const ListLayout &layout) const {
+        return layout.put(out, kListValueRoom,
+                          [&](char *text, size_t column) { return write_list_value(text, subject_, column); });
     }
 
     // Good until the next call.
-    ListValues read(const ast_datarecord_t &record) {
-        const Subject subject{record, possible_.keywords, file_};
+    ListValues read() {
         ListValues values;
-        for (uint32_t i = 0; i < kListColumns; ++i)
-            if ((possible_.columns & bit(i)) != 0)
-                values[i] = {texts_[i].data(), kSources[i].write(texts_[i].data(), subject)};
+        for (size_t i = 0; i < kListColumns; ++i)
+            values[i] = {texts_[i].data(), write_list_value(texts_[i].data(), subject_, i)};
         return values;
     }
 
 private:
-    const std::string *file_ = nullptr;
-    Possible possible_;
-    std::array<Possible, 256> by_category_{}; // nothing until it is met
-    std::array<std::array<char, kKeywordRoom>, kListColumns> texts_{};
+    const SiteMemory *sites_ = nullptr;
+    ast_answer_context_t context_{};
+    ListedRecord subject_;
+    std::array<std::array<char, kListValueRoom>, kListColumns> texts_{};
 };
 
 void put_mark(TextBuffer &out, const ListWidths &widths) {
@@ -147,11 +73,11 @@ public:
         row_.set_block(decoded);
         for (uint64_t i = 0; i < decoded.block->record_count; ++i) {
             if (!decoded.shown[i]) continue;
-            const ast_datarecord_t &record = decoded.block->records[i];
-            if (row_.put(out, layout_, record)) continue;
-            layout_.grow(row_.read(record));
+            row_.set_record(decoded.block->records[i]);
+            if (row_.put(out, layout_)) continue;
+            layout_.grow(row_.read());
             begin(out, layout_.columns());
-            row_.put(out, layout_, record);
+            row_.put(out, layout_);
         }
     }
 

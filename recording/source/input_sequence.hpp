@@ -84,8 +84,8 @@ private:
     size_t next_ = 0; // origin
     std::unique_ptr<Input> input_;
     std::string name_;
-    std::string path_;       // empty for several
-    Known known_;            // in front of what is read next
+    std::string path_; // empty for several
+    Known known_;      // in front of what is read next
     BlockLearner learner_;
 };
 

@@ -10,18 +10,18 @@ const std::string kSample = SAMPLES "/radar.ast";
 
 // Every column, as what comes live has it; what is at rest shows those alone that hold something.
 const std::string kHeader = "Time          SAC/SIC  Cat  Octets  Type    Track  Squawk  Callsign  ICAO    Height ft  "
-                            "Selected ft  Position";
-const std::string kOtherHeader = "               Speed kt  Heading              ft/min  Velocity m/s\n";
+                            "Selected ft  Position               Speed kt  Heading";
+const std::string kOtherHeader = "              ft/min  Velocity m/s\n";
 const std::string kNorth = "12:00:00.000  025/012  034      14  North       -  -       -         -               -  "
-                           "          -  -";
+                           "          -  -                             -  -";
 const std::string kRollCall = "12:00:01.500  025/012  048      47  Track     420  2345    DLH4AB    3C4A12      35000  "
-                              "      35008  R:045.5000 T:120.00";
+                              "      35008  R:045.5000 T:120.00      450.00  T:290.00";
 const std::string kPrimary = "12:00:01.750  025/012  048      25  Track      43  -       -         -               -  "
-                             "          -  R:012.2500 T:300.00";
+                             "          -  R:012.2500 T:300.00      179.96  T:045.00";
 const std::string kSector = "12:00:01.000  025/012  034       8  Sector      -  -       -         -               -  "
-                            "          -  -";
-const std::string kBehindNone = "                             -  -                         -  -\n";
-const std::string kBehindPosition = "           -  -                         -  -\n";
+                            "          -  -                             -  -";
+const std::string kBehindNone = "                         -  -\n";
+const std::string kBehindTrack = "                  -  -\n";
 
 // The list of a file that comes through a pipe.
 std::string live(const Command &command, const std::string &arguments, const std::string &file) {
@@ -34,7 +34,7 @@ TEST(List, ShowsTheSample) {
     EXPECT_EQ(result.out, kHeader + '\n' + kNorth + '\n' + kRollCall + '\n' + kPrimary + '\n' + kSector + '\n');
     EXPECT_EQ(result.err, "");
     EXPECT_EQ(live(Command(), "--category 34,48", kSample), kHeader + kOtherHeader + kNorth + kBehindNone + kRollCall +
-                                                                kBehindPosition + kPrimary + kBehindPosition + kSector +
+                                                                kBehindTrack + kPrimary + kBehindTrack + kSector +
                                                                 kBehindNone);
 }
 
@@ -78,17 +78,22 @@ TEST(List, FitsATerminal) {
     EXPECT_NE(shown("200").find(kHeader + "\r\n" + kRollCall + "\r\n"), std::string::npos);
 }
 
-// Categories whose records have no accessors, each with its time in an item of another number.
-TEST(List, ShowsSourceTimeAndTypeByTheSharedItems) {
+// Each with its time in an item of another number; the types of quantities are those of the published items.
+TEST(List, ShowsSourceTimeAndTypeOfEveryCategory) {
     Command command;
     command.write("b", hex("41 000A D0 190D 02 546040  17 000A D0 190D 03 546080  08 000B C180 190D FE 5460C0"
                            "13 000A E0 190D 01 546100  3F 0009 A0 190D 546140"));
-    EXPECT_EQ(command.run("--list b | tail -n +2 | tr -s ' '").out,
-              "12:00:00.500 025/013 065 7 End of Batch\n"
-              "12:00:01.000 025/013 023 7 Service statistics report\n"
-              "12:00:01.500 025/013 008 8 SOP\n"
-              "12:00:02.000 025/013 019 7 Start of Update Cycle\n"
-              "12:00:02.500 025/013 063 6 -\n");
+    EXPECT_EQ(command.run("--list b | tail -n +2 | tr -s ' '").out, "12:00:00.500 025/013 065 7 Update cycle\n"
+                                                                    "12:00:01.000 025/013 023 7 Statistics\n"
+                                                                    "12:00:01.500 025/013 008 8 Weather\n"
+                                                                    "12:00:02.000 025/013 019 7 Update cycle\n"
+                                                                    "12:00:02.500 025/013 063 6 Status\n");
+    EXPECT_EQ(command.run("--csv time,sacsic,type b | tail -n +2 | cut -d, -f5-").out,
+              "12:00:00.500,025/013,End of Batch\n"
+              "12:00:01.000,025/013,Service statistics report\n"
+              "12:00:01.500,025/013,SOP\n"
+              "12:00:02.000,025/013,Start of Update Cycle\n"
+              "12:00:02.500,025/013,\n");
 }
 
 TEST(List, NamesFilesAndFlags) {
@@ -102,8 +107,8 @@ TEST(List, NamesFilesAndFlags) {
 
 TEST(Where, ChoosesRecords) {
     const std::string north = kNorth + kBehindNone;
-    const std::string roll_call = kRollCall + kBehindPosition;
-    const std::string primary = kPrimary + kBehindPosition;
+    const std::string roll_call = kRollCall + kBehindTrack;
+    const std::string primary = kPrimary + kBehindTrack;
     const std::string sector = kSector + kBehindNone;
     const struct {
         const char *conditions;

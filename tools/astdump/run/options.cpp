@@ -32,11 +32,15 @@ summary pushes them to the next line.
 Profiles: standard, cat001-plot, cat021-0.23, cat021-0.26, cat021-2.1, cat021-2.4, asr10ss, asr10ss-mk2, thales,
 managair, published, published-other. A block for which a profile has nothing of its own is read by the standard one.
 
---where knows the names of the columns of --list: sacsic (25/12), time, type, track, squawk (octal), fl (350),
-selalt, callsign, icao (hexadecimal), position, polar, speed, heading, velocity, vrate. Those without a hint are
-compared with the text that --list shows, * and ? standing for any characters. It knows every published field, too, by
-its path (I070/MODE3A, 048/I070/MODE3A, I250/MCP_ALT), in published units, and items (I240). Operators are = != < <= >
->=. Blocks without a record that is asked for are left out.
+--where knows sacsic (25/12), time, type, track, squawk (octal), fl (350), selalt, callsign, icao (hexadecimal),
+position, polar, speed, heading, velocity, vrate. Those without a hint are compared with the text that --csv shows, *
+and ? standing for any characters. It knows every published field, too, by its path (I070/MODE3A, 048/I070/MODE3A,
+I250/MCP_ALT), in published units, and items (I240). Operators are = != < <= > >=. Blocks without a record that is asked
+for are left out.
+
+--list shows latitude and longitude also of what is measured from a place that the recording tells or --site gives:
+G behind them is placed as on the ground, without a height, and E from a place that is only an estimate. A height with
+? is garbled or not validated.
 
 Exit status: 0 when all is well, 1 when a block or the input is damaged, 2 for a mistake on the command line or a file
 that cannot be read.
@@ -59,6 +63,8 @@ Examples:
   astdump a.pcap --convert 1,2 --write b.pcap
                                              a recording of a modern radar for an old display
   astdump --list --where squawk=7700 a.pcap  who is in distress
+  astdump --list --site 25/12=43.57,16.41,780 a.pcap
+                                             what a radar sees, as latitude and longitude
   astdump --where track --where fl=350 a.pcap tracks at flight level 350
   astdump --where 'I070/MODE3A>=7500' a.pcap  by a published field
   astdump --list udp://239.1.1.1:8600        join a multicast group and list what comes; several at once
@@ -179,7 +185,7 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_flag("--list", options.list, "A line per record with the common quantities in columns");
     app.add_flag("--json", options.json, "Instead of the listing, a line of JSON per record with all its values");
     app.add_flag("--texts", options.texts, "In JSON, codes with their texts");
-    app.add_option("--csv", texts.csv, "A line per record as comma-separated values: the columns of --list, or PATHS")
+    app.add_option("--csv", texts.csv, "A line per record as comma-separated values: all quantities, or PATHS")
         ->type_name("[PATHS]");
     app.add_flag("--stats", options.stats, "Instead of the listing, count by category, by item and by edition");
     app.add_flag("--top", options.top,

@@ -84,8 +84,14 @@ void write_source(CellWriter &out, const ListedRecord &record) {
 void write_category(CellWriter &out, const ListedRecord &record) { out.digits(record.record->category, 3); }
 void write_octets(CellWriter &out, const ListedRecord &record) { out.digits(record.record->size, 1); }
 
+// What goes without saying in a column of types.
+constexpr std::string_view kTypeEndings[] = {" marker", " crossing"};
+
+// "North" of "north marker".
 void write_type(CellWriter &out, const ListedRecord &record) {
-    const std::string_view name = ast_message_to_str(record.answers.type);
+    std::string_view name = ast_message_to_str(record.answers.type);
+    for (const std::string_view ending : kTypeEndings)
+        if (name.ends_with(ending)) name.remove_suffix(ending.size());
     if (name.empty()) return;
     out.put(static_cast<char>(name.front() - 'a' + 'A'));
     out.put(name.substr(1));
@@ -104,12 +110,26 @@ void write_squawk(CellWriter &out, const ListedRecord &record) {
 void write_callsign(CellWriter &out, const ListedRecord &record) { out.put(record.answers.callsign); }
 void write_address(CellWriter &out, const ListedRecord &record) { out.digits<16>(record.answers.icao24, 6); }
 
+// Writes what the record is asked for by a keyword, and returns whether there is anything.
+bool write_keyword(CellWriter &out, const ListedRecord &record, uint32_t keyword) {
+    char text[kListValueRoom];
+    const uint64_t size = ast_datarecord_write_keyword(text, sizeof text, record.record, keyword, AST_POSITION_DEGREES);
+    out.put({text, size});
+    return size != 0;
+}
+
 // "-00100" has its five digits, too.
 void write_feet(CellWriter &out, double feet) { out.decimal<0>(feet, feet < 0 ? 6 : 5); }
 
+// A level that is garbled or not validated is shown where there is no better height.
 void write_height(CellWriter &out, const ListedRecord &record) {
     constexpr double kFeetPerLevel = 100;
-    write_feet(out, has(record, AST_ANSWER_FL) ? record.answers.fl * kFeetPerLevel : record.answers.altitude_ft);
+    if (has(record, AST_ANSWER_FL))
+        write_feet(out, record.answers.fl * kFeetPerLevel);
+    else if (has(record, AST_ANSWER_ALTITUDE))
+        write_feet(out, record.answers.altitude_ft);
+    else if (record.keywords.level && write_keyword(out, record, AST_KEYWORD_FLIGHTLEVEL))
+        out.put('?');
 }
 
 void write_selected_altitude(CellWriter &out, const ListedRecord &record) {
@@ -159,6 +179,14 @@ void write_vertical_rate(CellWriter &out, const ListedRecord &record) {
     out.decimal<2>(record.answers.vertical_rate_ftmin, 8, true);
 }
 
+void write_velocity(CellWriter &out, const ListedRecord &record) {
+    if (record.keywords.velocity) write_keyword(out, record, AST_KEYWORD_CARTESIANVEL);
+}
+
+void write_file(CellWriter &out, const ListedRecord &record) {
+    if (record.file) out.put(std::string_view(readable(*record.file)).substr(0, kListValueRoom));
+}
+
 // What the values of a column are, and of which answers: there is none where a record has none of these.
 struct Source {
     Write *write;
@@ -167,7 +195,7 @@ struct Source {
 
 constexpr uint64_t kAnyRecord = 0;
 
-// In the order of the columns; the two behind these are of no answers.
+// In the order of the columns.
 constexpr Source kSources[] = {
     {write_time, AST_ANSWER_TIME},
     {write_source, AST_ANSWER_SAC},
@@ -178,33 +206,25 @@ constexpr Source kSources[] = {
     {write_squawk, AST_ANSWER_SQUAWK},
     {write_callsign, AST_ANSWER_CALLSIGN},
     {write_address, AST_ANSWER_ICAO24},
-    {write_height, AST_ANSWER_FL | AST_ANSWER_ALTITUDE},
+    {write_height, kAnyRecord},
     {write_selected_altitude, AST_ANSWER_SELECTED_ALTITUDE},
     {write_position, AST_ANSWER_LATITUDE | AST_ANSWER_RANGE},
     {write_speed, AST_ANSWER_GROUNDSPEED},
     {write_heading, AST_ANSWER_MAGNETIC_HEADING | AST_ANSWER_TRACK},
     {write_vertical_rate, AST_ANSWER_VERTICAL_RATE},
+    {write_velocity, AST_ANSWER_GROUNDSPEED},
+    {write_file, kAnyRecord},
 };
-constexpr size_t kVelocityColumn = std::size(kSources);
-constexpr size_t kFileColumn = kVelocityColumn + 1;
-static_assert(kListColumns == kFileColumn + 1);
-
-size_t write_velocity(char *text, const ListedRecord &record) {
-    if (!record.has_velocity || !has(record, AST_ANSWER_GROUNDSPEED)) return 0;
-    char terminated[kListValueRoom];
-    const size_t size = ast_datarecord_write_keyword(terminated, sizeof terminated, record.record,
-                                                     AST_KEYWORD_CARTESIANVEL, AST_POSITION_DEGREES);
-    std::memcpy(text, terminated, size);
-    return size;
-}
+static_assert(std::size(kSources) == kListColumns);
 
 } // namespace
 
-bool has_velocity(uint32_t category) { return ast_datarecord_get_func(category).get_cartesianvel != nullptr; }
+ListedKeywords listed_keywords_of(uint32_t category) {
+    const ast_datarecord_func_t functions = ast_datarecord_get_func(category);
+    return {.level = functions.get_flightlevel != nullptr, .velocity = functions.get_cartesianvel != nullptr};
+}
 
 size_t write_list_value(char *text, const ListedRecord &record, size_t column) {
-    if (column == kVelocityColumn) return write_velocity(text, record);
-    if (column == kFileColumn) return record.file ? readable(*record.file).copy(text, kListValueRoom) : 0;
     const Source &source = kSources[column];
     if (source.answers != kAnyRecord && !has(record, source.answers)) return 0;
     CellWriter out(text);

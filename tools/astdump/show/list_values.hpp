@@ -6,14 +6,19 @@
 
 namespace ast::recording::astdump {
 
+// Keywords that records of a category may have, for what is no answer.
+struct ListedKeywords {
+    bool level = false;    // also one that is garbled or not validated
+    bool velocity = false; // by its components
+};
+ListedKeywords listed_keywords_of(uint32_t category);
+
 struct ListedRecord {
     const ast_datarecord_t *record = nullptr;
-    ast_answers_t answers{};           // of it, located
-    bool has_velocity = false;         // whether records of its category may have one by components
+    ast_answers_t answers{}; // of it, located
+    ListedKeywords keywords{};
     const std::string *file = nullptr; // that it comes from, where several are merged; else null
 };
-
-bool has_velocity(uint32_t category);
 
 constexpr size_t kListValueRoom = 128; // more characters than any value takes
 

@@ -26,7 +26,7 @@ public:
     void set_block(const DecodedBlock &decoded) {
         sites_ = decoded.sites;
         subject_.file = decoded.datagram->file;
-        subject_.has_velocity = has_velocity(decoded.block->category);
+        subject_.keywords = listed_keywords_of(decoded.block->category);
         const auto reception = decoded.datagram->time ? nanoseconds_of(*decoded.datagram->time) : std::nullopt;
         context_ = {.has_reception = reception.has_value(), .reception_ns = reception.value_or(0), .reserved = {}};
     }

@@ -81,8 +81,9 @@ AST_API bool ast_sites_learn(ast_sites_t *sites, const ast_datarecord_t *record)
  *  some already, where the source has no site, where nothing was measured from there, and beyond 1000 NM. */
 AST_API bool ast_sites_locate(const ast_sites_t *sites, ast_answers_t *answers);
 
-/** Where something is that is seen in a slant range and an azimuth, as high above the ellipsoid as height_m. What is
- * not as far as it is higher or lower than the station is right above or below it. target  written whole, unless null
+/** Where something is that is seen in a slant range and an azimuth, as high above the ellipsoid as height_m.
+ *  target  written whole, unless null. What is not as far as it is higher or lower than the station is right above or
+ *          below it
  *  Returns false, and a target of zeros, beyond 1000 NM, for a station off the globe, and for null. */
 AST_API bool ast_place_from_polar(const ast_place_t *station, double range_nm, double azimuth_deg, double height_m,
                                   ast_place_t *target);

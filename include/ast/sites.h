@@ -19,9 +19,10 @@
  *     AST_FRAME_RADAR        made of slant range and azimuth: placed as these are
  *     AST_FRAME_TANGENTIAL   on the plane that touches the earth at the height of the site, targets being seen as high
  *                            as that
- *     AST_FRAME_SYSTEM       on the stereographic plane of the conformal sphere of that place; its radius is that of
- * the earth's curvature there. A system may have another radius in mind: one was found to draw its tracks 0.02 % closer
- * than that.
+ *     AST_FRAME_SYSTEM       on the stereographic plane of the conformal sphere of that place, whose radius is that of
+ *                            the earth's curvature there
+ *
+ * A system may have another radius in mind: one was found to draw its tracks 0.02 % closer than that.
  *
  * A table of sites is the caller's: nothing is shared by the process. While nobody adds or learns, several threads may
  * find and locate by the same one. */
@@ -63,7 +64,7 @@ typedef struct {
 /** Puts a site into its place in the table, or another place for one that is there, unless that is known better.
  *  site  copied; SAC and SIC up to 255, a place on the globe within 100 km of its surface
  *  Returns whether the table holds this place now; false, and nothing changed, for a site that is not as it must be,
- * when there is no room for another one, and for null. */
+ *  when there is no room for another one, and for null. */
 AST_API bool ast_sites_add(ast_sites_t *sites, const ast_site_t *site);
 
 /** The site of a data source, in the table; null when it is not there. */
@@ -80,8 +81,9 @@ AST_API bool ast_sites_learn(ast_sites_t *sites, const ast_datarecord_t *record)
  *  some already, where the source has no site, where nothing was measured from there, and beyond 1000 NM. */
 AST_API bool ast_sites_locate(const ast_sites_t *sites, ast_answers_t *answers);
 
-/** Where something is that is seen in a slant range and an azimuth, as high above the ellipsoid as height_m. What is
- * not as far as it is higher or lower than the station is right above or below it. target  written whole unless null
+/** Where something is that is seen in a slant range and an azimuth, as high above the ellipsoid as height_m.
+ *  target  written whole, unless null. What is not as far as it is higher or lower than the station is right above or
+ *          below it
  *  Returns false, and a target of zeros, beyond 1000 NM, for a station off the globe, and for null. */
 AST_API bool ast_place_from_polar(const ast_place_t *station, double range_nm, double azimuth_deg, double height_m,
                                   ast_place_t *target);

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <iterator>
 
+#include "ask/shared_items.hpp"
 #include "base/printable.hpp"
 
 namespace ast::recording {
@@ -16,6 +17,32 @@ constexpr std::string_view kNames[] = {
     "icao",   "position", "polar", "speed", "heading", "velocity", "vrate",
 };
 static_assert(std::size(kNames) == AST_KEYWORDS);
+
+constexpr size_t kKeywordRoom = 128; // more characters than any value takes
+
+// By the items that categories share, for those without accessors.
+size_t write_shared_keyword(char *text, const ast_datarecord_t &record, uint32_t keyword) {
+    thread_local TextBuffer shared;
+    shared.clear();
+    put_shared_item(shared, record, keyword);
+    return shared.text().copy(text, kKeywordRoom);
+}
+
+// Without blanks around it, and printable: a callsign is what an aircraft has sent.
+size_t tidy_keyword(char *text, size_t size) {
+    while (size != 0 && text[size - 1] == ' ') --size;
+    size_t blanks = 0;
+    while (blanks != size && text[blanks] == ' ') ++blanks;
+    if (blanks != 0) std::memmove(text, text + blanks, size -= blanks);
+    make_printable({text, size});
+    return size;
+}
+
+size_t write_keyword(char *text, const ast_datarecord_t &record, uint32_t keyword) {
+    const size_t size = ast_datarecord_write_keyword(text, kKeywordRoom, &record, keyword, AST_POSITION_DEGREES);
+    if (keyword == AST_KEYWORD_CALLSIGN) return tidy_keyword(text, size);
+    return size == 0 && is_shared(keyword) ? write_shared_keyword(text, record, keyword) : size;
+}
 
 } // namespace
 
@@ -31,50 +58,8 @@ std::string keyword_names() {
     return names;
 }
 
-size_t write_shared_keyword(char *text, const ast_datarecord_t &record, uint32_t keyword) {
-    thread_local TextBuffer shared;
-    shared.clear();
-    put_shared_item(shared, record, keyword);
-    return shared.text().copy(text, kKeywordRoom);
-}
-
-size_t tidy_keyword(char *text, size_t size) {
-    while (size != 0 && text[size - 1] == ' ') --size;
-    size_t blanks = 0;
-    while (blanks != size && text[blanks] == ' ') ++blanks;
-    if (blanks != 0) std::memmove(text, text + blanks, size -= blanks);
-    make_printable({text, size});
-    return size;
-}
-
 bool put_keyword(TextBuffer &out, const ast_datarecord_t &record, uint32_t keyword) {
     return out.put_with(kKeywordRoom, [&](char *text) { return write_keyword(text, record, keyword); }) != 0;
-}
-
-uint32_t keywords_of(uint32_t category) {
-    const ast_datarecord_func_t functions = ast_datarecord_get_func(category);
-    const bool has_keyword[] = {
-        true, // as far as shared items go
-        true,
-        true,
-        functions.get_tracknum != nullptr,
-        functions.get_squawk != nullptr,
-        functions.get_flightlevel != nullptr,
-        functions.get_selaltitude != nullptr,
-        functions.get_callsign != nullptr,
-        functions.get_icaoaddr != nullptr,
-        functions.get_coordinate != nullptr,
-        functions.get_polarcoord != nullptr,
-        functions.get_speed != nullptr,
-        functions.get_heading != nullptr,
-        functions.get_cartesianvel != nullptr,
-        functions.get_vrate != nullptr,
-    };
-    static_assert(std::size(has_keyword) == AST_KEYWORDS);
-    uint32_t keywords = 0;
-    for (size_t i = 0; i < std::size(has_keyword); ++i)
-        if (has_keyword[i]) keywords |= UINT32_C(1) << i;
-    return keywords;
 }
 
 std::string_view keyword_text(const ast_datarecord_t &record, uint32_t keyword) {

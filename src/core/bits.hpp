@@ -12,6 +12,7 @@ namespace ast {
 inline uint32_t read_u16(const uint8_t *octets) { return uint32_t{octets[0]} << 8 | octets[1]; }
 inline uint32_t read_u24(const uint8_t *octets) { return read_u16(octets) << 8 | octets[2]; }
 inline uint32_t read_u32(const uint8_t *octets) { return read_u16(octets) << 16 | read_u16(octets + 2); }
+inline uint64_t read_u64(const uint8_t *octets) { return uint64_t{read_u32(octets)} << 32 | read_u32(octets + 4); }
 
 // Up to eight octets as one number, the first of them lowest; those that are not available read as 0.
 inline uint64_t read_first_lowest(const uint8_t *octets, uint64_t available) {

@@ -397,8 +397,8 @@ void read_six_bit_callsign(Answering &answering, const uint8_t *data, uint64_t s
     const uint64_t inked = text ^ kBlanks;
     if (inked == 0 || !answering.claim<choice>(AST_ANSWER_CALLSIGN)) return;
     const auto behind = static_cast<unsigned>(std::countr_zero(inked)) & ~7U; // the bits of the blanks at the end
-    text = __builtin_bswap64(text >> behind << behind);
-    std::memcpy(answering.out.callsign, &text, sizeof text);
+    text = text >> behind << behind;
+    for (unsigned i = 0; i < sizeof text; ++i) answering.out.callsign[i] = static_cast<char>(text >> (56 - 8 * i));
 }
 template <unsigned chars, unsigned choice>
 void read_ascii_callsign(Answering &answering, const uint8_t *data, uint64_t size) {
@@ -531,9 +531,7 @@ constexpr unsigned kRegisterOctets = 8; // its number is the last one
 // 180 degrees in two's complement, which is 0 to 360 in as many bits without a sign.
 template <unsigned choice, Field... fields>
 void read_register_fields(Answering &answering, const uint8_t *data) {
-    uint64_t octets = 0;
-    std::memcpy(&octets, data, sizeof octets);
-    const Word word{__builtin_bswap64(octets)};
+    const Word word{read_u64(data)};
     uint64_t taken = 0; // by others or here
     for (unsigned i = 0; i <= choice; ++i) taken |= answering.given[i];
     const uint64_t before = taken;

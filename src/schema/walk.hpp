@@ -1,8 +1,7 @@
 // Walking the octets of an item field by field.
 #pragma once
 
-#include <cstring>
-
+#include "core/bits.hpp"
 #include "schema/edition.hpp"
 
 namespace ast::schema {
@@ -32,10 +31,8 @@ private:
     uint64_t word() const {
         const uint64_t first = position_ / 8;
         uint64_t value = 0;
-        if (first + sizeof value <= readable_) [[likely]] {
-            std::memcpy(&value, data_ + first, sizeof value);
-            return __builtin_bswap64(value);
-        }
+        if (first + sizeof value <= readable_) [[likely]]
+            return read_u64(data_ + first);
         for (uint64_t i = first; i < first + sizeof value; ++i) value = value << 8 | (i < readable_ ? data_[i] : 0U);
         return value;
     }

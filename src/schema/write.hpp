@@ -153,9 +153,8 @@ template <size_t kBit, size_t kBits>
     if constexpr (kOctets == 2) return read_u16(at) >> (16 - kBit % 8 - kBits) & kMask;
     using Word = std::conditional_t<kOctets <= 4, uint32_t, uint64_t>;
     Word word = 0;
-    std::memcpy(&word, at, sizeof word);
-    if constexpr (sizeof word == 4) word = __builtin_bswap32(word);
-    if constexpr (sizeof word == 8) word = __builtin_bswap64(word);
+    if constexpr (sizeof word == 4) word = read_u32(at);
+    if constexpr (sizeof word == 8) word = read_u64(at);
     return word >> (8 * sizeof word - kBit % 8 - kBits) & kMask;
 }
 
@@ -164,9 +163,7 @@ template <size_t kBit, size_t kBits>
 // Digits with their texts.
 [[gnu::noinline]] inline char *put_with_texts(char *out, std::string_view text, const Digit *digit, size_t digits,
                                               const uint8_t *at, const Field *rows, const uint8_t *texts) {
-    uint64_t word = 0;
-    std::memcpy(&word, at, sizeof word);
-    word = __builtin_bswap64(word);
+    const uint64_t word = read_u64(at);
     size_t from = 0;
     for (const Digit *const end = digit + digits; digit != end; ++digit) {
         const uint64_t code = word >> digit->shift & digit->mask;

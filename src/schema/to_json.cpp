@@ -97,6 +97,11 @@ public:
         *out = ',';
         out_.end(out + 1);
     }
+    // A text that stands for itself.
+    [[gnu::always_inline]] void name(std::string_view key, std::string_view name) {
+        char *const out = put(put(out_.begin(), key), "\"");
+        out_.end(put(copy_text(out, name.data(), name.size()), "\","));
+    }
     // A piece as it is, a key or a bracket.
     [[gnu::always_inline]] void literal(std::string_view piece) { out_.end(put(out_.begin(), piece)); }
     void hex(std::string_view name, const uint8_t *data, uint64_t count) {
@@ -113,8 +118,8 @@ public:
         out_.end(out + 2);
     }
     uint64_t finish() {
-        close_with('}');
         out_.drop_comma();
+        out_.end(put(out_.begin(), "}"));
         return out_.finish();
     }
 
@@ -141,15 +146,6 @@ protected:
         if (c == '"' || c == '\\') *out++ = '\\';
         *out++ = c;
         out_.end(out);
-    }
-
-    // Whether eight characters stand for themselves: none is a control character, a quote, a backslash or beyond ASCII.
-    static bool are_plain(uint64_t eight) {
-        constexpr uint64_t kEach = 0x0101010101010101;
-        const auto any_below = [](uint64_t octets, uint64_t limit) { return (octets - kEach * limit) & ~octets; };
-        const uint64_t others =
-            any_below(eight, ' ') | any_below(eight ^ kEach * '"', 1) | any_below(eight ^ kEach * '\\', 1) | eight;
-        return (others & kEach << 7) == 0;
     }
 
     // Puts what stands for itself at the front of a text, eight characters at a time; returns the rest.
@@ -190,7 +186,9 @@ public:
     Walked(char *text, uint64_t capacity, const ast_json_line_t &line, const Context &context)
         : Pieces(text, capacity), context_(context), texts_(line.texts) {}
 
-    static const ast_dataitem_t *usual(const Edition &, const ast_dataitem_t *item, const ast_dataitem_t *) { return item; }
+    static const ast_dataitem_t *usual(const Edition &, const ast_dataitem_t *item, const ast_dataitem_t *) {
+        return item;
+    }
     // Whether the values of an item give its octets back. One whose octets end too early is left out.
     bool item(const Found &found, const ast_dataitem_t &item) {
         is_lossy_ = false;
@@ -308,8 +306,7 @@ private:
 constexpr ast_json_line_t kNothingToSay{};
 
 template <typename Out>
-void open_line(Pieces<Out> &json, const ast_json_line_t &line, uint32_t category, const char *profile) {
-    json.literal("{");
+void say_where(Pieces<Out> &json, const ast_json_line_t &line) {
     if (line.file) json.text("\"file\":", line.file);
     if (line.block) json.number("\"block\":", line.block);
     if (line.record) json.number("\"record\":", line.record);
@@ -317,8 +314,17 @@ void open_line(Pieces<Out> &json, const ast_json_line_t &line, uint32_t category
     if (line.source) json.text("\"source\":", line.source);
     if (line.destination) json.text("\"destination\":", line.destination);
     if (line.has_offset) json.number("\"offset\":", line.offset);
+}
+
+template <typename Out>
+void open_line(Pieces<Out> &json, const ast_json_line_t &line, uint32_t category, const char *profile = nullptr) {
+    json.literal("{");
+    if (&line != &kNothingToSay) say_where(json, line);
     json.number("\"category\":", category);
-    if (profile) json.text("\"profile\":", profile);
+    if (line.profile)
+        json.text("\"profile\":", line.profile);
+    else if (profile)
+        json.name("\"profile\":", profile);
     if (line.ambiguous) json.literal("\"ambiguous\":true,");
 }
 
@@ -339,7 +345,7 @@ public:
           json_(text, capacity, line, context_) {}
 
     uint64_t write(const ast_json_line_t &line) {
-        open_line(json_, line, record_.category, line.profile ? line.profile : profile_name(record_.uap));
+        open_line(json_, line, record_.category, line.profile ? nullptr : profile_name(record_.uap));
         const ast_dataitem_t *const end = record_.items + item_count();
         for (const ast_dataitem_t *each = record_.items; each != end; ++each) {
             if (edition_) each = json_.usual(*edition_, each, end);
@@ -406,6 +412,7 @@ bool has_room_for_line(uint64_t capacity, const ast_json_line_t &line) {
     constexpr uint64_t kMaxCharsOfKeys = 256;
     constexpr uint64_t kMaxCharsOfCharacter = 6;
     uint64_t chars = kMaxCharsOfKeys + kBeyondLimit;
+    if (&line == &kNothingToSay) return capacity >= chars;
     for (const char *text : {line.file, line.time, line.source, line.destination, line.profile})
         if (text) chars += kMaxCharsOfCharacter * std::string_view(text).size();
     return capacity >= chars;
@@ -443,7 +450,7 @@ uint64_t ast_octets_to_json(char *text, uint64_t capacity, uint32_t category, co
                             const char *error, const ast_json_line_t *line) {
     const ast_json_line_t &with = line ? *line : kNothingToSay;
     Pieces<Bounded> json(text, capacity);
-    open_line(json, with, category, with.profile);
+    open_line(json, with, category);
     if (error) json.text("\"error\":", error);
     json.hex("data", data, data ? count : 0);
     return json.finish();

@@ -35,6 +35,27 @@ void check_record(const ast_datarecord_t &record, uint64_t available) {
     }
     require(record.size == (record.valid ? offset : 0), "a record is not as long as its items");
     require(!record.valid || record.item_count == record.fspec.item_count, "a valid record lacks items");
+    check_answers(record);
+}
+
+void check_answers(const ast_datarecord_t &record) {
+    constexpr uint64_t kOfReception = AST_ANSWER_TIMESTAMP | AST_ANSWER_TIME; // time: of a truncated one
+    ast_answer_context_t context{};
+    ast_answers_t answers;
+    const uint64_t bare = ast_datarecord_get_answers(&record, nullptr, &answers);
+    require((bare >> AST_ANSWERS) == 0 && (bare == 0 || record.valid), "a record answers what it cannot");
+    context.has_reception = true;
+    for (const int64_t reception_ns : {INT64_MIN, INT64_C(0), INT64_C(1'700'006'400'000'000'000), INT64_MAX}) {
+        context.reception_ns = reception_ns;
+        const uint64_t present = ast_datarecord_get_answers(&record, &context, &answers);
+        require(((present ^ bare) & ~kOfReception) == 0, "reception changes an answer");
+        require(answers.time_of_day_s >= 0 && answers.time_of_day_s < 24 * 60 * 60, "a time of day is none");
+        require(answers.latitude_deg >= -90 && answers.latitude_deg <= 90, "a latitude is off the globe");
+        require(answers.track_deg >= 0 && answers.track_deg <= 360, "a track angle is none");
+        require(answers.squawk < 010000 && answers.icao24 < 0x1000000, "a code has too many bits");
+        require(answers.type < AST_MESSAGES, "a kind of message is none");
+        require(std::memchr(answers.callsign, '\0', sizeof answers.callsign), "a callsign does not end");
+    }
 }
 
 void check_records(const ast_datablock_t &block, Octets octets) {

@@ -10,6 +10,9 @@ bool same_octets(const uint8_t *one, const uint8_t *other, uint64_t count);
 // The octets that the record was decoded from begin at record.data; `available` of them may be read.
 void check_record(const ast_datarecord_t &record, uint64_t available);
 
+// What a valid record answers is in range, and the same beside any time of reception but for what depends on it.
+void check_answers(const ast_datarecord_t &record);
+
 // The same for the records of a block, which follow one another and fill it when it is valid.
 void check_records(const ast_datablock_t &block, Octets octets);
 

@@ -122,6 +122,17 @@ private:
 
 constexpr int kBlocksOfCategory = 5; // and profile
 
+// The choices in front of a recording: none of the options, and what is made of the rest.
+Bytes choices(uint8_t wrapper, uint8_t packing, uint8_t leading) {
+    constexpr uint8_t kPayloadOctets = 100, kNothingMissing = 0xFF, kFewSwapped = 9;
+    Bytes octets(11);
+    octets[7] = wrapper; // blocks up to an interruption
+    const Bytes rest = {wrapper, kPayloadOctets, 0, kNothingMissing, kFewSwapped, packing};
+    octets.insert(octets.end(), rest.begin(), rest.end());
+    octets.push_back(leading);
+    return octets;
+}
+
 // A recording whose blocks stand behind a long header, too long to be damaged octet by octet.
 Bytes recording_with_header() {
     Bytes file(2200, 0xCD);
@@ -161,6 +172,8 @@ int main(int argc, char **argv) {
     input.write({recording_with_header()});
     Directory split(root / "split");
     Directory reader(root / "reader");
+    Directory recording(root / "recording");
+    recording.write({choices(0, 0, 0), recording_with_header()});
     Blocks blocks;
     for (const uint32_t category : numbers)
         for (const ast_uap_t *const uap : profiles())
@@ -169,8 +182,15 @@ int main(int argc, char **argv) {
                 split.write({block});
                 reader.write({block, blocks.next(category, *uap), block});
             }
-    return split.failed() || reader.failed() || input.failed() || item.failed() || text.failed() || encode.failed() ||
-                   record.failed()
+    constexpr uint8_t kWrappers = 5, kPackings = 2;
+    for (const uint32_t category : numbers)
+        for (uint8_t wrapper = 0; wrapper < kWrappers; ++wrapper) {
+            const Bytes some = blocks.next(category, AST_UAP_STANDARD), others = blocks.next(48, AST_UAP_STANDARD);
+            recording.write({choices(wrapper, category % kPackings, category % 2 == 0 ? 0 : 0xF0), some, others, some,
+                             others, some});
+        }
+    return split.failed() || reader.failed() || input.failed() || recording.failed() || item.failed() ||
+                   text.failed() || encode.failed() || record.failed()
                ? 1
                : 0;
 }

@@ -45,6 +45,7 @@
  *     queries.h       the common quantities of a record, whatever its category; keywords to show and filter by
  *     schema.h        what every published field means; records as JSON, both ways
  *     reader.h        blocks of every published category, with the edition that fits their source
+ *     answers.h       when, who, where, how fast: one struct for the published fields of every category
  *     census.h        counting what they are made of
  *     convert.h       target reports and service messages of radars as the older categories have them, and back
  *     catNNN.h        what category NNN adds: its own items, accessors, and a flat record that holds all of a record
@@ -103,6 +104,7 @@
 #include "ast/queries.h"
 #include "ast/schema.h"
 #include "ast/reader.h"
+#include "ast/answers.h"
 #include "ast/census.h"
 #include "ast/convert.h"
 

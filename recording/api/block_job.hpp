@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/category_set.hpp"
+#include "base/interruption.hpp"
 #include "block/split_block.hpp"
 #include "source/pipeline.hpp"
 
@@ -36,13 +37,17 @@ struct BlockJob : Job {
 // Splits the blocks of the categories that are asked for, and keeps how that went.
 class BlockReader {
 public:
-    explicit BlockReader(const CategorySet &categories) : categories_(categories) {}
+    BlockReader(const CategorySet &categories, const Interruption &interruption)
+        : categories_(categories), interruption_(interruption) {}
+
+    // Up to an interruption.
     void read(BlockJob &job);
 
 private:
     struct Walk;
 
     const CategorySet &categories_;
+    const Interruption &interruption_;
     EditionMemory editions_;
     SplitBlock block_;
 };

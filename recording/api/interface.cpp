@@ -133,9 +133,14 @@ uint64_t ast_time_to_text(char *text, uint64_t capacity, int64_t time_ns) {
     return write(text, capacity, [&] {
         if (time_ns == AST_TIME_UNKNOWN) return std::string();
         constexpr int64_t kNanosecondsPerSecond = 1'000'000'000;
-        const int64_t fraction = (time_ns % kNanosecondsPerSecond + kNanosecondsPerSecond) % kNanosecondsPerSecond;
+        int64_t seconds = time_ns / kNanosecondsPerSecond;
+        int64_t fraction = time_ns % kNanosecondsPerSecond;
+        if (fraction < 0) { // of the second before
+            --seconds;
+            fraction += kNanosecondsPerSecond;
+        }
         TextBuffer out;
-        put_time(out, {(time_ns - fraction) / kNanosecondsPerSecond, static_cast<uint32_t>(fraction)});
+        put_time(out, {seconds, static_cast<uint32_t>(fraction)});
         return std::string(out.text());
     });
 }

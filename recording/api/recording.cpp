@@ -124,6 +124,7 @@ void Recording::pull() {
 }
 
 bool Recording::read(Job &job) {
+    const Silence silence;
     if (!inputs_.fill(job)) return false;
     next_datagram_ = static_cast<BlockJob &>(job).number_datagrams(next_datagram_);
     return true;
@@ -131,7 +132,7 @@ bool Recording::read(Job &job) {
 
 void Recording::work(Job &job, size_t worker) {
     const Silence silence;
-    if (!readers_[worker]) readers_[worker] = std::make_unique<BlockReader>(read_options_.categories);
+    if (!readers_[worker]) readers_[worker] = std::make_unique<BlockReader>(read_options_.categories, interruption_);
     readers_[worker]->read(static_cast<BlockJob &>(job));
 }
 
@@ -193,7 +194,7 @@ void Recording::receive(const Told &told) {
 
 void Recording::receive(const Filled &filled) {
     job_ = filled.job;
-    next_block_ = next_report_ = 0;
+    next_block_ = next_report_ = learnt_ = 0;
 }
 
 void Recording::receive(const End &) {
@@ -221,9 +222,9 @@ void Recording::tell(const Report &report, const char *file) {
 
 bool Recording::next_of_job(ast_recording_block_t &block) {
     const std::vector<Report> &reports = job_->reports.list();
-    for (; next_report_ < reports.size() && reports[next_report_].place <= next_block_; ++next_report_)
-        tell(reports[next_report_], input_.name.c_str());
-    if (next_block_ == job_->blocks.size()) return false;
+    while (!interruption_.ended() && next_report_ < reports.size() && reports[next_report_].place <= next_block_)
+        tell(reports[next_report_++], input_.name.c_str());
+    if (interruption_.ended() || next_block_ == job_->blocks.size()) return false;
     last_ = &job_->blocks[next_block_++];
     is_split_ = false;
     fill(block, *last_);
@@ -287,17 +288,25 @@ void Recording::fill(ast_recording_block_t &block, const HandedBlock &from) cons
     block.state = from.state;
 }
 
+// What was known when the block was split, so that it is read alike: its profile alone does not tell that.
+EditionMemory &Recording::editions_of_last() {
+    if (learnt_ == 0) {
+        editions_ = job_->editions;
+        grows_ = editions_.grows();
+        editions_.freeze();
+    }
+    for (; learnt_ < next_block_; ++learnt_)
+        if (grows_) editions_.learn(job_->blocks[learnt_].octets);
+    return editions_;
+}
+
 // Split once more, where it is asked for: most blocks are looked at whole or not at all.
 bool Recording::get_record(uint64_t index, ast_datarecord_t &record) {
     if (!last_ || index >= last_->records) return false;
     if (!is_split_) {
         const Silence silence;
-        const ast_uap_info_t profile{
-            .valid = true, .name = "", .uap = last_->read.uap, .override_count = 0, .overrides = {}};
-        EditionMemory editions(&profile);
-        editions.freeze();
         if (!split_) split_ = std::make_unique<SplitBlock>();
-        split_->read(editions, last_->octets);
+        split_->read(editions_of_last(), last_->octets);
         is_split_ = true;
     }
     if (index >= split_->record_count) return false;
@@ -305,13 +314,10 @@ bool Recording::get_record(uint64_t index, ast_datarecord_t &record) {
     return true;
 }
 
-bool Recording::decode(ast_datablock_t &block) const {
+bool Recording::decode(ast_datablock_t &block) {
     if (!last_) return false;
     const Silence silence;
-    ast_reader_t reader{};
-    reader.forced = last_->read.uap;
-    reader.frozen = true;
-    return ast_reader_decode(&reader, &block, last_->octets.data(), last_->octets.size(), nullptr);
+    return editions_of_last().decode(block, last_->octets);
 }
 
 uint32_t Recording::get_state(ast_recording_state_t &state) const {

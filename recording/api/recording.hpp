@@ -21,7 +21,7 @@ public:
     // As ast_recording_next_within, with a negative limit for none.
     bool next(ast_recording_block_t &block, int limit_ms);
     bool get_record(uint64_t index, ast_datarecord_t &record);
-    bool decode(ast_datablock_t &block) const;
+    bool decode(ast_datablock_t &block);
     uint32_t get_state(ast_recording_state_t &state) const;
     void interrupt() noexcept { interruption_.interrupt(); }
 
@@ -39,6 +39,7 @@ private:
     void receive(const End &);
     bool next_of_job(ast_recording_block_t &block);
     void end_job();
+    EditionMemory &editions_of_last();
     void tell(const Report &report, const char *file);
     void fill(ast_recording_block_t &block, const HandedBlock &from) const;
     bool end(uint32_t phase);
@@ -73,6 +74,9 @@ private:
     const HandedBlock *last_ = nullptr;
     std::unique_ptr<SplitBlock> split_; // of this one, where its records are asked for
     bool is_split_ = false;
+    EditionMemory editions_; // in front of it, where its records are asked for
+    bool grows_ = false;     // that memory, as it was
+    size_t learnt_ = 0;      // blocks of the job
     uint32_t phase_ = AST_RECORDING_READING;
     Opened input_;
     bool has_input_ = false;

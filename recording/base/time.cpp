@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <ctime>
+#include <limits>
 #include <string>
 
 #include "base/numbers.hpp"
@@ -78,13 +79,26 @@ bool is_in_calendar(const Time &time) {
 
 namespace {
 
+constexpr uint32_t kNanosecondsPerSecond = 1'000'000'000;
+
+// So long before 1970 instead of behind it, and the other way round; nanoseconds count forwards in both.
+Time negative(const Time &time) {
+    if (time.nanoseconds == 0) return {std::max(-std::numeric_limits<int64_t>::max(), time.seconds) * -1, 0};
+    return {-1 - time.seconds, kNanosecondsPerSecond - time.nanoseconds};
+}
+
 // "253402300800.000000"
 std::optional<Time> read_seconds(std::string_view text) {
+    const bool is_negative = text.starts_with('-');
+    if (is_negative) text.remove_prefix(1);
     const size_t point = std::min(text.find('.'), text.size());
-    const auto seconds = read_number<int64_t>(text.substr(0, point));
+    const auto seconds = read_number<uint64_t>(text.substr(0, point));
     const auto nanoseconds = read_fraction(text.substr(point));
-    if (!seconds || !nanoseconds || is_in_calendar({*seconds, *nanoseconds})) return std::nullopt;
-    return Time{*seconds, *nanoseconds};
+    if (!seconds || !nanoseconds || *seconds > uint64_t{std::numeric_limits<int64_t>::max()}) return std::nullopt;
+    Time time{static_cast<int64_t>(*seconds), *nanoseconds};
+    if (is_negative) time = negative(time);
+    if (is_in_calendar(time)) return std::nullopt;
+    return time;
 }
 
 } // namespace
@@ -123,12 +137,14 @@ const std::string &second_text(std::time_t seconds) {
 } // namespace
 
 void put_time(TextBuffer &out, const Time &time) {
-    out.put(second_text(time.seconds));
+    const bool is_negative = time.seconds < 0 && !is_in_calendar(time);
+    const Time shown = is_negative ? negative(time) : time;
+    out.put(is_negative ? "-" + std::to_string(shown.seconds) : second_text(shown.seconds));
     out.put('.');
-    if (time.nanoseconds % 1000 == 0)
-        out.number(time.nanoseconds / 1000, 6, '0');
+    if (shown.nanoseconds % 1000 == 0)
+        out.number(shown.nanoseconds / 1000, 6, '0');
     else
-        out.number(time.nanoseconds, 9, '0');
+        out.number(shown.nanoseconds, 9, '0');
 }
 
 void put_iso_time(TextBuffer &out, const Time &time) {

@@ -51,6 +51,10 @@ bool EditionMemory::split(ast_split_t &split, Octets block, ast_reader_result_t 
     return ast_reader_split(&reader_, &split, block.data(), block.size(), &result);
 }
 
+bool EditionMemory::decode(ast_datablock_t &block, Octets octets) {
+    return ast_reader_decode(&reader_, &block, octets.data(), octets.size(), nullptr);
+}
+
 uint64_t EditionMemory::count(ast_census_t &census, Octets blocks) const {
     return grows_ ? 0 : ast_reader_count(&reader_, &census, blocks.data(), blocks.size());
 }

@@ -22,6 +22,9 @@ public:
     // Unless they are frozen, the block itself counts.
     bool split(ast_split_t &split, Octets block, ast_reader_result_t &result);
 
+    // The same into a block of limited room, of which nothing is learnt. Whether it is valid.
+    bool decode(ast_datablock_t &block, Octets octets);
+
     // Adds blocks to a census, up to one that has to be split to be counted, and returns their octets.
     uint64_t count(ast_census_t &census, Octets blocks) const;
 

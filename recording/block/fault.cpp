@@ -1,6 +1,5 @@
 #include "block/fault.hpp"
 
-#include "framing/block_header.hpp"
 #include "framing/soundness.hpp"
 
 namespace ast::recording {
@@ -9,8 +8,7 @@ namespace {
 
 FaultKind kind_of(const SplitBlock &block, const Datagram &datagram) {
     if (!is_known_category(block.category)) {
-        const bool is_chain = count_blocks(datagram.octets).octets == datagram.octets.size();
-        return is_chain ? FaultKind::unsupported_category : FaultKind::not_asterix;
+        return datagram.is_filled ? FaultKind::unsupported_category : FaultKind::not_asterix;
     }
     if (block.result.reason == AST_SPLIT_NO_ITEM) return FaultKind::unsupported_edition;
     if (block.result.reason == AST_SPLIT_UNSUPPORTED) return FaultKind::unsupported_item;

@@ -22,21 +22,25 @@ constexpr uint64_t kSureBlocksAgain = 2;
 // Where a LEN is wrong, this is waited for before it is said.
 constexpr size_t kMostOctets = 2 * (kMaxBlockOctets + 1);
 
+} // namespace
+
 // A chain of blocks, and whether the octets behind it may begin another one.
-struct Chain {
+struct BlockStream::Chain {
     uint64_t blocks = 0;
     bool is_exact = false;
     bool may_go_on = false;
 };
 
-Chain chain_at(Octets octets) {
-    const uint64_t length = chain_of_blocks(octets);
-    return {.blocks = count_blocks(octets.first(length)).count,
-            .is_exact = length != 0 && length == octets.size(),
-            .may_go_on = may_begin_block(octets.subspan(length))};
+// At the beginning of what is pending, of which octets there were before are not gone through again.
+BlockStream::Chain BlockStream::chain_in(Octets head) {
+    const Octets rest = head.subspan(chain_.octets);
+    const uint64_t more = chain_of_blocks(rest);
+    chain_.count += count_blocks(rest.first(more)).count;
+    chain_.octets += more;
+    return {.blocks = chain_.count,
+            .is_exact = chain_.octets != 0 && chain_.octets == head.size(),
+            .may_go_on = may_begin_block(head.subspan(chain_.octets))};
 }
-
-} // namespace
 
 void BlockStream::add(Octets octets, const Datagram &stamp, Chunk &chunk) {
     if (state_ == State::other) return;
@@ -75,13 +79,14 @@ void BlockStream::recognise(bool is_end, const Datagram &stamp, Chunk &chunk) {
     if (pending_.empty()) return;
     const size_t most = is_from_start_ ? kMostOctets : kSearchedOctets;
     const Octets head = Octets(pending_).first(std::min(pending_.size(), most));
-    const Chain chain = chain_at(head);
+    const Chain chain = chain_in(head);
+    Patience patience = chunk.patience();
     uint64_t needed = kSureBlocks;
     if (is_from_start_ && (is_end || pending_.size() > most)) needed = 2;
     if (chain.is_exact) needed = is_from_start_ || is_end ? 1 : 2;
     if (chain.may_go_on && chain.blocks >= needed) {
         state_ = State::blocks;
-    } else if (const auto place = is_from_start_ ? std::nullopt : look_for_chain(head, kSureBlocks, is_end)) {
+    } else if (const auto place = is_from_start_ ? std::nullopt : look_for_chain(head, kSureBlocks, is_end, patience)) {
         note(stamp, "begins", *place, chunk);
         drop(*place);
         state_ = State::blocks;
@@ -93,10 +98,12 @@ void BlockStream::recognise(bool is_end, const Datagram &stamp, Chunk &chunk) {
 
 void BlockStream::search(bool is_end, const Datagram &stamp, Chunk &chunk) {
     if (pending_.empty()) return;
-    const Chain chain = chain_at(pending_);
+    const Chain chain = chain_in(pending_);
+    Patience patience = chunk.patience();
     std::optional<size_t> place;
     if (chain.may_go_on && chain.blocks >= (chain.is_exact || is_end ? 1 : kSureBlocksAgain)) place = 0;
-    if (!place) place = look_for_chain(pending_, kSureBlocksAgain, is_end);
+    if (!place) place = look_for_chain(pending_, kSureBlocksAgain, is_end, patience);
+    if (patience.is_over()) return;
     if (place) state_ = State::blocks;
     if (!place && is_end) place = pending_.size();
     if (!place && pending_.size() > kMostOctets) place = pending_.size() / 2;
@@ -107,22 +114,22 @@ void BlockStream::search(bool is_end, const Datagram &stamp, Chunk &chunk) {
 
 // The first place behind the beginning from which so many blocks run as far as the octets go. It is worth another look
 // only when an eighth of them is new.
-std::optional<size_t> BlockStream::look_for_chain(Octets octets, uint64_t blocks, bool is_end) {
+std::optional<size_t> BlockStream::look_for_chain(Octets octets, uint64_t blocks, bool is_end, Patience &patience) {
     if (!is_end && octets.size() < next_look_) return std::nullopt;
     next_look_ = octets.size() + octets.size() / 8;
-    for (size_t place = 1; place < octets.size(); ++place) {
-        const Chain chain = chain_at(octets.subspan(place));
-        if (chain.may_go_on && chain.blocks >= blocks) return place;
-    }
-    return std::nullopt;
+    return find_chain(octets, blocks, patience);
 }
 
 void BlockStream::take_blocks(bool is_end, const Datagram &stamp, Chunk &chunk) {
     size_t taken = 0;
+    Patience patience = chunk.patience();
     while (taken < pending_.size() && (is_end || pending_.size() >= next_look_)) {
         const Octets rest = Octets(pending_).subspan(taken);
-        const Soundness soundness = check_blocks(rest, is_end);
-        const uint64_t gap = soundness.gap ? *soundness.gap : soundness.sound == 0 ? gap_at(rest, soundness) : 0;
+        const Soundness soundness = check_blocks(rest, is_end, patience);
+        if (patience.is_over()) break;
+        const uint64_t gap = soundness.gap          ? *soundness.gap
+                             : soundness.sound == 0 ? gap_at(rest, soundness, patience)
+                                                    : 0;
         if (soundness.sound == 0 && gap == 0) break;
         emit(rest.first(soundness.sound), taken, stamp, chunk);
         taken += soundness.sound;
@@ -137,9 +144,9 @@ void BlockStream::take_blocks(bool is_end, const Datagram &stamp, Chunk &chunk) 
 }
 
 // A place where blocks run again is not waited for longer than it takes to find one.
-uint64_t BlockStream::gap_at(Octets rest, const Soundness &soundness) {
+uint64_t BlockStream::gap_at(Octets rest, const Soundness &soundness, Patience &patience) {
     if (may_begin_block(rest)) return 0;
-    if (const auto place = look_for_chain(rest, kSureBlocksAgain, false)) return *place;
+    if (const auto place = look_for_chain(rest, kSureBlocksAgain, false, patience)) return *place;
     return rest.size() > kMostOctets ? std::max<uint64_t>(soundness.no_blocks, 1) : 0;
 }
 
@@ -162,6 +169,7 @@ void BlockStream::drop(size_t octets) {
     if (octets == 0) return;
     pending_.erase(pending_.begin(), pending_.begin() + static_cast<std::ptrdiff_t>(octets));
     offset_ += octets;
+    chain_ = {0, 0};
     next_look_ = 0;
 }
 

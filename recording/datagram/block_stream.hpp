@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "datagram/chunk.hpp"
+#include "framing/block_header.hpp"
 #include "framing/soundness.hpp"
 
 namespace ast::recording {
@@ -39,9 +40,11 @@ private:
     void flush(bool is_end, const Datagram &stamp, Chunk &chunk);
     void recognise(bool is_end, const Datagram &stamp, Chunk &chunk);
     void search(bool is_end, const Datagram &stamp, Chunk &chunk);
-    std::optional<size_t> look_for_chain(Octets octets, uint64_t blocks, bool is_end);
+    struct Chain;
+    Chain chain_in(Octets head);
+    std::optional<size_t> look_for_chain(Octets octets, uint64_t blocks, bool is_end, Patience &patience);
     void take_blocks(bool is_end, const Datagram &stamp, Chunk &chunk);
-    uint64_t gap_at(Octets rest, const Soundness &soundness);
+    uint64_t gap_at(Octets rest, const Soundness &soundness, Patience &patience);
     void emit(Octets octets, size_t place, const Datagram &stamp, Chunk &chunk) const;
     static void note(const Datagram &stamp, const char *what, uint64_t octets, Chunk &chunk);
     void drop(size_t octets);
@@ -51,6 +54,7 @@ private:
     bool is_cut_ = false; // at the end, which is that of the capture alone
     std::vector<uint8_t> pending_;
     uint64_t offset_ = 0;  // of these in the stream
+    Blocks chain_{0, 0};   // at their beginning, as far as it is known
     size_t next_look_ = 0; // how many there are to be before it is worth while to look through them again
 };
 

@@ -23,6 +23,7 @@ void Chunk::clear() {
     reports_.clear();
     consumed = 0;
     filter_ = nullptr;
+    interruption_ = nullptr;
     met_any_ = false;
 }
 
@@ -51,6 +52,19 @@ void Chunk::leave_out() {
     for (; report != reports_.list().end(); ++report) report->place = left;
     datagrams_.resize(left);
     reports_.place = left;
+}
+
+void Chunk::number_blocks(uint64_t first) {
+    first_number = end_number = first;
+    for (Datagram &datagram : datagrams_) {
+        if (!datagram.may_hold_blocks()) continue;
+        if (!datagram.blocks) {
+            const Blocks blocks = count_blocks(datagram.octets);
+            datagram.blocks = blocks.count;
+            datagram.is_filled = blocks.octets == datagram.octets.size();
+        }
+        end_number += *datagram.blocks;
+    }
 }
 
 void Chunk::stamp(const Time &time, const Endpoints &endpoints) {

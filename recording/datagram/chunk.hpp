@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include "base/patience.hpp"
 #include "datagram/datagram_filter.hpp"
 #include "datagram/report.hpp"
 
@@ -50,6 +51,14 @@ public:
     }
     void leave_out();
 
+    // Long searches in what is read from now on end by an interruption, which may be null. What is in doubt then is
+    // neither added nor reported.
+    void set_interruption(const Interruption *interruption) { interruption_ = interruption; }
+    Patience patience() const { return Patience(interruption_); }
+
+    // Counts the blocks of all datagrams, from a number on.
+    void number_blocks(uint64_t first);
+
     // Whether there has been anything before the filter.
     bool has_met_any() const { return met_any_; }
 
@@ -71,6 +80,7 @@ private:
     std::vector<Datagram> datagrams_;
     Reports reports_;
     DatagramFilter *filter_ = nullptr;
+    const Interruption *interruption_ = nullptr;
     bool met_any_ = false;
 };
 

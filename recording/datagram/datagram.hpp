@@ -14,9 +14,9 @@ namespace ast::recording {
 struct Datagram {
     Octets octets;                  // good as long as the chunk that it lies in
     std::optional<uint64_t> blocks; // whole ones at their start, where they have been counted
+    bool is_filled = false;         // by these, to the last octet
     uint64_t packet = 0;            // number in its capture, counted from 1; 0 where there are no packets
     uint64_t offset = 0;            // of the first octet in its file, where there are no packets
-    std::optional<uint64_t> unread; // octets of the file, from the first of these on, when no block can follow them
     std::optional<Time> time;
     std::optional<Endpoints> endpoints;
     bool is_told = false;              // it holds no blocks, which is reported elsewhere

@@ -29,8 +29,8 @@ bool add_unwrapped(Chunk &chunk, const Datagram &datagram) {
 }
 
 // Whether a block can be read in it, wherever it stands.
-bool has_block(Octets payload) {
-    const Soundness soundness = check_blocks(payload, true);
+bool has_block(Octets payload, Patience &patience) {
+    const Soundness soundness = check_blocks(payload, true, patience);
     const Octets blocks = payload.subspan(soundness.sound != 0 ? 0 : soundness.gap.value_or(payload.size()));
     if (!has_published_category(blocks)) return false;
     ast_reader_t reader{};
@@ -45,10 +45,12 @@ bool is_filled_by_blocks(Octets payload) { return count_blocks(payload).octets =
 // One that is filled by blocks of a category that is not known may be neither damaged nor other traffic.
 bool Payloads::is_foreign(Chunk &chunk, const Datagram &datagram) {
     Reports &reports = chunk.reports();
-    if (has_block(datagram.octets)) {
+    Patience patience = chunk.patience();
+    if (has_block(datagram.octets, patience)) {
         other_traffic_.blocks(datagram, reports);
         return false;
     }
+    if (patience.is_over()) return true;
     if (is_filled_by_blocks(datagram.octets) && !other_traffic_.is_other(datagram, reports)) return false;
     if (!other_traffic_.no_blocks(datagram, reports)) return false;
     Datagram other = datagram;
@@ -68,8 +70,10 @@ void Payloads::add(Chunk &chunk, const Datagram &datagram, bool is_truncated) {
         return chunk.add(datagram);
     }
     if (!is_truncated && add_unwrapped(chunk, datagram)) return;
+    Patience patience = chunk.patience();
     for (uint64_t place = 0; place < datagram.octets.size();) {
-        const Soundness soundness = check_blocks(datagram.octets.subspan(place), true);
+        const Soundness soundness = check_blocks(datagram.octets.subspan(place), true, patience);
+        if (patience.is_over()) return;
         add_part(chunk, datagram, place, soundness.sound);
         place += soundness.sound;
         add_gap(chunk, datagram, place, soundness.gap.value_or(0), is_truncated);

@@ -82,7 +82,7 @@ Report framing_report(const Datagram &datagram, uint64_t offset, const Frame &fr
     Report report(AST_REPORT_DAMAGED, reason_of(frame, octets));
     set_place(report.data, datagram, offset);
     report.data.available = octets.size();
-    report.data.octets = datagram.unread.value_or(octets.size());
+    report.data.octets = octets.size();
     if (report.data.reason == AST_REASON_SHORT_LENGTH || report.data.reason == AST_REASON_PAST_END) {
         report.data.category = frame.category;
         report.data.length = frame.length;

@@ -4,6 +4,7 @@
 #include <array>
 #include <ast.h>
 #include <cstring>
+#include <vector>
 
 #include "base/printable.hpp"
 #include "framing/block_header.hpp"
@@ -20,19 +21,20 @@ constexpr auto kIsPublished = [] {
     return is_published;
 }();
 
-// Whether an octet without FX is among the first eight, which are there.
-bool ends_soon(const uint8_t *fspec) {
-    constexpr uint64_t kFxOfAll = 0x0101010101010101;
-    uint64_t octets;
-    std::memcpy(&octets, fspec, sizeof octets);
-    return (octets & kFxOfAll) != kFxOfAll;
-}
-
-// Whether a block's first FSPEC announces something and ends within it.
+// Whether a block's first FSPEC announces something and ends within it. Octets that all have FX are passed over eight
+// at a time: where these are no blocks, there may be many of them, at every place that is looked at.
 bool has_fspec(Octets records) {
     constexpr uint8_t kFx = 0x01;
-    if (records.size() >= sizeof(uint64_t) && (records[0] & ~kFx) != 0 && ends_soon(records.data())) return true;
+    constexpr uint64_t kFxOfAll = 0x0101010101010101;
     bool announces = false;
+    for (; records.size() >= sizeof(uint64_t); records = records.subspan(sizeof(uint64_t))) {
+        uint64_t octets;
+        std::memcpy(&octets, records.data(), sizeof octets);
+        const bool is_last = (octets & kFxOfAll) != kFxOfAll;
+        if (is_last && (announces || (records[0] & ~kFx) != 0)) return true;
+        if (is_last) break;
+        announces = announces || octets != kFxOfAll;
+    }
     for (const uint8_t octet : records) {
         announces = announces || (octet & ~kFx) != 0;
         if ((octet & kFx) == 0) return announces;
@@ -68,15 +70,15 @@ bool is_read_whole(Octets octets) {
 
 // The first place after `from` at which blocks run again: two of them, or one that ends where the octets do. What looks
 // like a block may by chance lead into the midst of true ones: one within it whose records fill it is preferred.
-Search next_blocks(Octets octets, uint64_t from, bool is_end) {
+Search next_blocks(Octets octets, uint64_t from, bool is_end, Patience &patience) {
     Search first;
     uint64_t end = octets.size(); // of the block that was found first
-    for (uint64_t place = from + 1; place < end; ++place) {
+    for (uint64_t place = from + 1; place < end && patience.lasts(1); ++place) {
         const Octets rest = octets.subspan(place);
         const uint64_t length = block_at(rest);
         const Octets behind = rest.subspan(length);
         const bool runs_on = length != 0 && (behind.empty() ? is_end : block_at(behind) != 0);
-        if (runs_on && is_read_whole(rest)) return {.place = place, .is_found = true};
+        if (runs_on && patience.lasts(length) && is_read_whole(rest)) return {.place = place, .is_found = true};
         if (first.is_found) continue;
         if (!runs_on && !is_end && may_begin_block(behind)) return {.place = place};
         if (runs_on) first = {.place = place, .is_found = true};
@@ -103,6 +105,28 @@ uint64_t chain_of_blocks(Octets octets) {
     return place;
 }
 
+// A chain that leads to octets which begin no block does so from each of its blocks: none of them is walked twice.
+std::optional<uint64_t> find_chain(Octets octets, uint64_t blocks, Patience &patience) {
+    std::vector<bool> leads_nowhere(octets.size() + 1);
+    std::vector<uint64_t> chain; // where its blocks begin
+    for (uint64_t place = 1; place < octets.size() && patience.lasts(1); ++place) {
+        chain.clear();
+        uint64_t end = place;
+        while (!leads_nowhere[end]) {
+            const uint64_t length = block_at(octets.subspan(end));
+            if (length == 0) break;
+            chain.push_back(end);
+            end += length;
+        }
+        if (!leads_nowhere[end] && may_begin_block(octets.subspan(end))) {
+            if (chain.size() >= blocks) return place;
+            continue;
+        }
+        for (const uint64_t begin : chain) leads_nowhere[begin] = true;
+    }
+    return std::nullopt;
+}
+
 bool has_published_category(Octets block) { return !block.empty() && kIsPublished[block[0]]; }
 
 bool is_known_category(uint32_t category) {
@@ -115,7 +139,7 @@ bool may_begin_block(Octets octets) {
            (kIsPublished[octets[0]] && (framing == Framing::short_header || framing == Framing::past_end));
 }
 
-Soundness check_blocks(Octets octets, bool is_end) {
+Soundness check_blocks(Octets octets, bool is_end, Patience &patience) {
     Soundness result;
     while (result.sound < octets.size()) {
         const Octets rest = octets.subspan(result.sound);
@@ -136,7 +160,8 @@ Soundness check_blocks(Octets octets, bool is_end) {
         }
         const bool is_sure = result.sound != 0 && is_read_whole(octets.subspan(result.last));
         const uint64_t from = is_sure ? result.sound - 1 : result.last;
-        const Search next = next_blocks(octets, from, is_end);
+        const Search next = next_blocks(octets, from, is_end, patience);
+        if (patience.is_over()) return result;
         if (next.is_found && next.place < result.sound) result.take_back_last();
         if (next.is_found || is_end)
             result.gap = next.place - result.sound;

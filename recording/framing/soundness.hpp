@@ -5,12 +5,17 @@
 #include <optional>
 
 #include "base/octets.hpp"
+#include "base/patience.hpp"
 
 namespace ast::recording {
 
 // The octets of blocks back to back at the beginning of others: each with a LEN that fits, a published category, and an
 // FSPEC that ends within it.
 uint64_t chain_of_blocks(Octets octets);
+
+// The first place behind the beginning from which at least so many blocks run as far as the octets go, or up to what
+// may begin another one.
+std::optional<uint64_t> find_chain(Octets octets, uint64_t blocks, Patience &patience);
 
 bool has_published_category(Octets block);
 
@@ -37,7 +42,7 @@ struct Soundness {
 
 // Looks through octets that are to be blocks back to back. A LEN that is wrong shows where it leads: then the block
 // that has it is no longer sound, unless its records fill it. Blocks that have no published category are sound where
-// the blocks around them are.
-Soundness check_blocks(Octets octets, bool is_end);
+// the blocks around them are. Without patience for a search there is no gap, whatever follows.
+Soundness check_blocks(Octets octets, bool is_end, Patience &patience);
 
 } // namespace ast::recording

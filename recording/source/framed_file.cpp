@@ -15,10 +15,15 @@ constexpr uint32_t kNanosecondsPerCentisecond = 10'000'000;
 
 } // namespace
 
-// What follows may still have a say in it only as long as that is not too much to wait for.
+// What follows may still have a say in it only as long as that is not too much to wait for. Of text, a line that is too
+// long is so from each of its characters on, as long as too many are left.
 Framed FramedFile::frame_at(Octets rest) {
     const Framed framed = kind_.find(rest, storage_);
-    if (framed.octets > kMostFrameOctets) return {};
+    if (framed.octets > kMostFrameOctets) {
+        Framed other;
+        if (kind_.is_text) other.octets = framed.octets - kMostFrameOctets;
+        return other;
+    }
     const bool is_open = framed.state == Framed::State::incomplete || framed.may_go_on;
     if (!is_open || is_read_) return framed;
     return rest.size() < kMostFrameOctets ? incomplete_frame() : Framed{};
@@ -55,8 +60,9 @@ void FramedFile::end_gap(Chunk &chunk) {
     gap_.reset();
 }
 
-// False when the octets at hand do not tell what stands at the place.
-bool FramedFile::step(Chunk &chunk) {
+// False when the octets at hand do not tell what stands at the place, and when nobody waits for that any more.
+bool FramedFile::step(Chunk &chunk, Patience &patience) {
+    constexpr uint64_t kUsualOctets = 100; // that are looked at, at a place where no frame is
     const Octets rest = chunk.octets().subspan(place_);
     if (rest.empty()) return false;
     const Framed framed = frame_at(rest);
@@ -69,6 +75,7 @@ bool FramedFile::step(Chunk &chunk) {
         end_gap(chunk);
         place_ = chunk.octets().size();
     } else {
+        if (!patience.lasts(kUsualOctets)) return false;
         if (!gap_) gap_ = offset_ + place_;
         place_ += std::clamp<size_t>(framed.octets, 1, rest.size());
     }
@@ -82,11 +89,12 @@ bool FramedFile::fill(Chunk &chunk) {
         while (chunk.octets().size() <= kind_.lead_octets && read(chunk)) continue;
         place_ = std::min<size_t>(kind_.lead_octets, chunk.octets().size());
     }
-    while (step(chunk)) continue;
+    Patience patience = chunk.patience();
+    while (step(chunk, patience)) continue;
     // What is left over goes to the next chunk, where it has more room.
     while (place_ == 0 && !is_read_) {
         read(chunk);
-        while (step(chunk)) continue;
+        while (step(chunk, patience)) continue;
     }
     // What was about to be written when the user had seen enough is no damage.
     if (is_read_ && !stream_.cut_off()) end_gap(chunk);

@@ -18,7 +18,7 @@ public:
 private:
     Framed frame_at(Octets rest);
     bool read(Chunk &chunk);
-    bool step(Chunk &chunk);
+    bool step(Chunk &chunk, Patience &patience);
     Time time_of(uint32_t centiseconds);
     void add(Chunk &chunk, const Framed &framed);
     void end_gap(Chunk &chunk);

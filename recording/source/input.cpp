@@ -62,7 +62,7 @@ std::unique_ptr<DatagramSource> open_source(OctetStream &stream, const FramingKi
 } // namespace
 
 Input::Input(const Origin &origin, const ReadOptions &options, Interruption *interruption, const Announce &announce)
-    : filter_(options.datagrams) {
+    : interruption_(interruption), filter_(options.datagrams) {
     const std::vector<LiveUrl> urls = origin.octets ? std::vector<LiveUrl>() : read_live_urls(origin.path);
     if (origin.octets) {
         stream_ = std::make_unique<OctetStream>(*origin.octets, interruption);
@@ -113,15 +113,13 @@ bool Input::tell_end(Chunk &chunk) {
 bool Input::fill(Chunk &chunk) {
     chunk.clear();
     if (!filter_.is_idle()) chunk.set_filter(&filter_);
+    chunk.set_interruption(interruption_);
     bool filled = !is_read_ && source_->fill(chunk);
     has_any_ = has_any_ || chunk.has_met_any() || !chunk.reports().empty();
     chunk.leave_out();
     if (!filled) filled = !std::exchange(is_read_, true) && tell_end(chunk);
-    chunk.first_number = next_number_;
-    for (const Datagram &datagram : chunk.datagrams())
-        if (datagram.may_hold_blocks())
-            next_number_ += datagram.blocks ? *datagram.blocks : count_blocks(datagram.octets).count;
-    chunk.end_number = next_number_;
+    chunk.number_blocks(next_number_);
+    next_number_ = chunk.end_number;
     if (stream_) chunk.consumed = stream_->consumed();
     return filled;
 }

@@ -43,6 +43,7 @@ private:
     std::unique_ptr<OctetStream> stream_; // null for datagrams
     std::unique_ptr<DatagramSource> source_;
     std::string framing_;
+    const Interruption *interruption_ = nullptr;
     DatagramFilter filter_;
     bool has_any_ = false; // also of what is not chosen
     bool is_read_ = false;

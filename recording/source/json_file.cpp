@@ -15,6 +15,9 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF"; // which some editor
 // Of one object: what the JSON of a record as long as a block may take.
 constexpr size_t kMostCharacters = size_t{32} * 1024 * 1024;
 
+// Of one that is still read when the user has seen enough.
+constexpr size_t kFewCharacters = size_t{1024} * 1024;
+
 // Follows the braces of an object from line to line. No string goes on behind its line.
 class Nesting {
 public:
@@ -61,7 +64,7 @@ bool JsonFile::fill(Chunk &chunk) {
     const auto has_room = [&] { return !chunk.is_full() && (is_empty() || offset_ - begin < chunk.limit()); };
     while (has_room() || goes_on_together(chunk)) {
         const std::string_view object = next_object();
-        if (object.empty()) {
+        if (object.empty() || is_too_late(object.size())) {
             close_block(chunk);
             break;
         }
@@ -83,7 +86,7 @@ std::string_view JsonFile::next_object() {
     do {
         const size_t begin = size;
         size = end_of_line(begin);
-        if (size == begin) break;
+        if (size == begin || is_too_late(size)) break;
         if (begin != 0 && text_[begin_ + begin] == '{') {
             size = begin;
             break;
@@ -92,6 +95,8 @@ std::string_view JsonFile::next_object() {
     } while (nesting.is_open() && size < kMostCharacters);
     return std::string_view(text_).substr(begin_, size);
 }
+
+bool JsonFile::is_too_late(size_t characters) const { return characters > kFewCharacters && stream_.cut_off(); }
 
 // Behind the line that begins `from` characters behind what has been taken; `from` at the end.
 size_t JsonFile::end_of_line(size_t from) {

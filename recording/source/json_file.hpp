@@ -37,6 +37,7 @@ private:
 
     std::string_view next_object();
     size_t end_of_line(size_t from);
+    bool is_too_late(size_t characters) const;
     bool read();
     bool has_line() const { return text_.find('\n', begin_) != std::string::npos; }
     void take(std::string_view object, Chunk &chunk);

@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "base/interruption.hpp"
 #include "framing/block_header.hpp"
 #include "source/input.hpp"
 
@@ -41,12 +42,14 @@ bool can_be_read_twice(const Origin &origin) {
     return result == 0 && S_ISREG(status.st_mode);
 }
 
-void learn_from(Input &input, EditionMemory &editions) {
+void learn_from(Input &input, EditionMemory &editions, const Interruption *interruption) {
     Chunk chunk(kChunkOctets);
     uint64_t blocks = 0;
-    while (blocks < kMostBlocks && input.fill(chunk)) {
+    const auto is_cut_off = [&] { return interruption && interruption->ended(); };
+    while (blocks < kMostBlocks && !is_cut_off() && input.fill(chunk)) {
         for (const Datagram &datagram : chunk.datagrams())
-            if (datagram.may_hold_blocks()) each_block(datagram.octets, [&](Octets block) { editions.learn(block); });
+            if (datagram.may_hold_blocks() && !is_cut_off())
+                each_block(datagram.octets, [&](Octets block) { editions.learn(block); });
         blocks = chunk.end_number;
         if (blocks > kBlocksOfSource && editions.have_seen(kBlocksOfSource)) break;
     }
@@ -61,7 +64,7 @@ EditionMemory look_through(std::span<const Origin> origins, const ReadOptions &o
         const Place place(origin.path);
         try {
             Input input(origin, {.framing = options.framing}, interruption, {});
-            learn_from(input, editions);
+            learn_from(input, editions, interruption);
         } catch (const std::runtime_error &) {
             return editions; // which whoever reads it will find, too
         }

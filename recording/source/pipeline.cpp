@@ -1,6 +1,6 @@
 #include "source/pipeline.hpp"
 
-#include <system_error>
+#include <exception>
 #include <thread>
 #include <utility>
 
@@ -39,8 +39,8 @@ void Pipeline::start() {
     std::vector<std::jthread> others;
     try {
         for (size_t worker = 1; worker < threads_; ++worker) others.emplace_back([this, worker] { work(worker); });
-    } catch (const std::system_error &) {
-        // Those that the system grants will do.
+    } catch (const std::exception &) {
+        // Those that the system and the memory grant will do.
     }
     work(0);
 }

@@ -13,39 +13,63 @@ bool needs_more(Framing framing) { return framing == Framing::short_header || fr
 
 } // namespace
 
-// The first block has to be whole before anything can be said; no more octets mend a LEN that does not count the
-// header. Behind that, a place where blocks break off is passed over to the next one where they run again.
+// Steps behind the first one are taken where they need no more octets than there are, wherever a chunk ends: a file
+// with many gaps would be copied for each of them otherwise.
 bool RawFile::fill(Chunk &chunk) {
     window_.open(chunk);
+    Patience patience = chunk.patience();
     while (stream_.is_at_rest() && !chunk.is_full() && read(chunk)) continue; // as far as the end, if that is near
-    Frame first = frame_block(chunk.octets());
-    while (needs_more(first.framing) && read(chunk)) first = frame_block(chunk.octets());
-    Soundness soundness = look(chunk);
-    while (soundness.sound == 0 && !soundness.gap && read(chunk)) soundness = look(chunk);
-    if (soundness.sound == 0 && !soundness.gap) soundness = is_read_ ? look(chunk) : give_up(chunk);
-    const Octets octets = chunk.octets();
-    if (soundness.sound != 0)
-        chunk.add({.octets = octets.first(soundness.sound), .blocks = soundness.blocks, .offset = offset_});
-    uint64_t taken = soundness.sound;
-    if (soundness.gap && !is_cut_off(octets.subspan(taken))) add_gap(chunk, taken, *soundness.gap);
-    taken += soundness.gap.value_or(0);
+    uint64_t taken = take(chunk, 0, look_on(chunk, patience));
+    for (uint64_t step = taken; step != 0 && is_enough(chunk, taken); taken += step)
+        step = take(chunk, taken, look(chunk.octets().subspan(taken), patience));
     window_.leave(chunk, taken);
     offset_ += taken;
     return !chunk.datagrams().empty();
 }
 
+// The first block has to be whole before anything can be said; no more octets mend a LEN that does not count the
+// header. Behind that, a place where blocks break off is passed over to the next one where they run again.
+Soundness RawFile::look_on(Chunk &chunk, Patience &patience) {
+    Frame first = frame_block(chunk.octets());
+    while (needs_more(first.framing) && read(chunk)) first = frame_block(chunk.octets());
+    Soundness soundness = look(chunk.octets(), patience);
+    while (soundness.sound == 0 && !soundness.gap && read(chunk)) soundness = look(chunk.octets(), patience);
+    if (soundness.sound != 0 || soundness.gap) return soundness;
+    return is_read_ ? look(chunk.octets(), patience) : give_up(chunk.octets(), patience);
+}
+
+// Whether what stands at a place would be looked at as it is, if a chunk began there.
+bool RawFile::is_enough(const Chunk &chunk, uint64_t place) const {
+    const Octets rest = chunk.octets().subspan(place);
+    if (is_read_ || rest.empty()) return !rest.empty();
+    return (!stream_.is_at_rest() || rest.size() >= chunk.limit()) && !needs_more(frame_block(rest).framing);
+}
+
+// The octets that are taken with that.
+uint64_t RawFile::take(Chunk &chunk, uint64_t place, const Soundness &soundness) {
+    const Octets octets = chunk.octets().subspan(place);
+    if (soundness.sound != 0)
+        chunk.add({.octets = octets.first(soundness.sound),
+                   .blocks = soundness.blocks,
+                   .is_filled = true,
+                   .offset = offset_ + place});
+    if (!soundness.gap) return soundness.sound;
+    if (!is_cut_off(octets.subspan(soundness.sound))) add_gap(chunk, place + soundness.sound, *soundness.gap);
+    return soundness.sound + *soundness.gap;
+}
+
 // The last block waits for what follows it, which may show that its LEN is wrong; but not where that has yet to be
 // sent.
-Soundness RawFile::look(const Chunk &chunk) const {
-    Soundness soundness = check_blocks(chunk.octets(), is_read_);
+Soundness RawFile::look(Octets octets, Patience &patience) const {
+    Soundness soundness = check_blocks(octets, is_read_, patience);
     if (!is_read_ && !soundness.gap && stream_.is_at_rest()) soundness.take_back_last();
     return soundness;
 }
 
 // Where a chunk has no room for as many octets as it takes to tell where blocks run again.
-Soundness RawFile::give_up(const Chunk &chunk) {
-    Soundness soundness = check_blocks(chunk.octets(), false);
-    if (soundness.sound == 0) soundness.gap = std::max<uint64_t>(soundness.no_blocks, 1);
+Soundness RawFile::give_up(Octets octets, Patience &patience) {
+    Soundness soundness = check_blocks(octets, false, patience);
+    if (soundness.sound == 0 && !patience.is_over()) soundness.gap = std::max<uint64_t>(soundness.no_blocks, 1);
     return soundness;
 }
 
@@ -61,7 +85,7 @@ bool RawFile::is_cut_off(Octets rest) const { return stream_.cut_off() && needs_
 // As a datagram of its own, which starts with no whole block.
 void RawFile::add_gap(Chunk &chunk, uint64_t place, uint64_t octets) {
     const Octets unread = chunk.octets().subspan(place, octets);
-    chunk.add({.octets = unread, .offset = offset_ + place, .unread = octets, .is_text = is_text(unread)});
+    chunk.add({.octets = unread, .offset = offset_ + place, .is_text = is_text(unread)});
 }
 
 } // namespace ast::recording

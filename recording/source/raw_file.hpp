@@ -17,8 +17,11 @@ public:
 
 private:
     bool read(Chunk &chunk);
-    Soundness look(const Chunk &chunk) const;
-    static Soundness give_up(const Chunk &chunk);
+    Soundness look(Octets octets, Patience &patience) const;
+    static Soundness give_up(Octets octets, Patience &patience);
+    Soundness look_on(Chunk &chunk, Patience &patience);
+    bool is_enough(const Chunk &chunk, uint64_t place) const;
+    uint64_t take(Chunk &chunk, uint64_t place, const Soundness &soundness);
     bool is_cut_off(Octets rest) const;
     void add_gap(Chunk &chunk, uint64_t place, uint64_t octets);
 

@@ -232,9 +232,26 @@ TEST(Interruption, MayComeFromAReport) {
     const auto recording = open(octets, options);
     opened = recording.get();
     ast_recording_block_t block;
-    while (ast_recording_next(opened, &block)) continue;
+    EXPECT_FALSE(ast_recording_next(opened, &block));
     EXPECT_EQ(state_of(opened).phase, AST_RECORDING_INTERRUPTED);
-    EXPECT_LT(state_of(opened).blocks, 2U);
+    EXPECT_EQ(state_of(opened).blocks, 0U);
+}
+
+// At each of these octets, a block of most of those at hand might begin.
+TEST(Interruption, EndsASearchForBlocks) {
+    const std::vector<uint8_t> octets(2'000'000, 0xF7);
+    for (const char *const framing : {"raw", "gps"}) {
+        const auto recording = open(octets, {.framing = framing});
+        std::thread other([&] {
+            std::this_thread::sleep_for(std::chrono::milliseconds(kMoment_ms));
+            ast_recording_interrupt(recording.get());
+        });
+        const auto begin = std::chrono::steady_clock::now();
+        ast_recording_block_t block;
+        while (ast_recording_next(recording.get(), &block)) continue;
+        EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(kLong_ms / 4)) << framing;
+        other.join();
+    }
 }
 
 TEST(Interruption, IsNotNeededToClose) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cstring>
 
 #include "recording/recorded.hpp"
@@ -138,6 +139,28 @@ TEST(Reading, GivesTheRecordsThatDecodingGives) {
     }
 }
 
+// Category 001 without I001/020, which would tell plots from tracks: a profile that fits is chosen, and its name alone
+// would not do to read them once more.
+TEST(Reading, GivesTheRecordsThatWereFound) {
+    static ast_datablock_t decoded;
+    const std::vector<uint8_t> octets = {1, 0, 9, 0x40, 0, 1, 0x11, 0, 0x80};
+    for (const uint32_t threads : {0U, 2U}) {
+        const auto recording = open(octets, {.threads = threads});
+        ast_recording_block_t block;
+        ASSERT_TRUE(ast_recording_next(recording.get(), &block));
+        EXPECT_TRUE(block.read.valid);
+        ASSERT_EQ(block.records, 2U);
+        ast_datarecord_t record;
+        for (const uint64_t i : {1U, 0U}) {
+            ASSERT_TRUE(ast_recording_get_record(recording.get(), i, &record));
+            EXPECT_EQ(record.data, block.octets + (i == 0 ? 3 : 5));
+            EXPECT_EQ(record.size, i == 0 ? 2U : 4U);
+        }
+        EXPECT_TRUE(ast_recording_decode(recording.get(), &decoded));
+        EXPECT_EQ(decoded.record_count, 2U);
+    }
+}
+
 // Of the second record, I034/020 and all behind it is cut off.
 TEST(Reading, KeepsTheRecordsInFrontOfAFault) {
     std::vector<uint8_t> octets = north_marker();
@@ -245,10 +268,16 @@ TEST(Reading, WritesNothingByItself) {
 }
 
 TEST(Reading, LeavesTheLogOfTheProgramOn) {
-    static int lines;
+    static std::atomic<int> lines;
     lines = 0;
     ast_log_handler_reg([](uint32_t, const char *) -> int32_t { return ++lines; });
     read_all(open({sample("adsb.pcap")}).get());
+    EXPECT_EQ(lines, 0);
+    // Behind damage, what might be blocks of category 001 is tried, by whichever thread reads there.
+    std::vector<uint8_t> damaged;
+    for (int i = 0; i < 100'000; ++i)
+        damaged.insert(damaged.end(), {34, 0, 2, 1, 0, 7, 1, 1, 1, 0x10, 1, 0, 7, 1, 1, 1, 0x10});
+    for (const uint32_t threads : {0U, 3U}) read_all(open(damaged, {.threads = threads}).get());
     EXPECT_EQ(lines, 0);
     ast_log(AST_LOG_INFO, "by the program");
     EXPECT_EQ(lines, 1);
@@ -282,6 +311,8 @@ TEST(RecordingText, OfTimesAndEndpoints) {
         {1393331827401501000, "2014-02-25 12:37:07.401501"},
         {1393331827401501001, "2014-02-25 12:37:07.401501001"},
         {-1000, "1969-12-31 23:59:59.999999"},
+        {INT64_MIN + 1, "-9223372036.854775807"}, // 1677
+        {INT64_MAX, "2262-04-11 23:47:16.854775807"},
         {AST_TIME_UNKNOWN, ""},
     };
     char text[64];

@@ -73,6 +73,20 @@ TEST(Report, SaysWhatAndWhere) {
     }
 }
 
+// Between two north markers, what begins like a block, and four octets behind that.
+TEST(Report, SumsUpWhatIsLost) {
+    Reports reports;
+    const std::vector<uint8_t> file = octets("22 00 0B F0 19 0C 01 54 60 00 00 C8 00 05 01 00 FF FF FF FF "
+                                             "22 00 0B F0 19 0C 01 54 60 00 00");
+    const std::vector<ReadBlock> blocks = read_all(open(file, reports.with()).get());
+    ASSERT_EQ(blocks.size(), 3U);
+    EXPECT_EQ(blocks[1].octets.size(), 5U);
+    ASSERT_EQ(reports.told.size(), 2U);
+    EXPECT_EQ(reports.told[0].data.reason, AST_REASON_BLOCK);
+    EXPECT_EQ(reports.told[1].data.offset, 16U);
+    EXPECT_EQ(reports.told[1].data.octets, 4U);
+}
+
 TEST(Report, SaysOfABlockWhatItsStateIs) {
     const struct {
         const char *hex;

@@ -212,7 +212,7 @@ TEST(Write, RefusesTimesThatACaptureCannotHold) {
         return text.replace(text.find("TIME"), 4, time) + '\n';
     };
     for (const std::string time :
-         {"2106-02-07T06:28:16.000000Z", "1969-12-31T23:59:59.000000Z", "253402300800.000000"}) {
+         {"2106-02-07T06:28:16.000000Z", "1969-12-31T23:59:59.000000Z", "253402300800.000000", "-2208988801.250000"}) {
         command.write("a.json", with_time(time));
         const Result result = command.run("--write b.pcap a.json");
         EXPECT_EQ(result.status, 2) << time;

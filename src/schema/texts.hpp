@@ -83,10 +83,9 @@ inline std::string_view reference_of(ast_dataitem_type_t type, bool is_second, c
 
 // The name of an exported profile; null for another one.
 inline const char *profile_name(const ast_uap_t &uap) {
-    const auto is = [&](const ast_uap_t &other) { return uap.get_dataitem == other.get_dataitem; };
-    if (is(AST_UAP_PUBLISHED)) return "published";
-    if (is(AST_UAP_PUBLISHED_OTHER)) return "published-other";
-    return exported_profile_name(uap);
+    if (const char *const name = exported_profile_name(uap)) return name;
+    if (uap.get_dataitem == AST_UAP_PUBLISHED.get_dataitem) return "published";
+    return uap.get_dataitem == AST_UAP_PUBLISHED_OTHER.get_dataitem ? "published-other" : nullptr;
 }
 
 } // namespace ast::schema

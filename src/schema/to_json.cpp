@@ -3,7 +3,7 @@
 #include <cstring>
 #include <limits>
 
-#include "schema/run.hpp"
+#include "schema/item_writer.hpp"
 #include "schema/utf8.hpp"
 
 namespace ast::schema {
@@ -140,7 +140,7 @@ protected:
         char *out = out_.begin();
         constexpr unsigned kEscapeDigits = 4;
         if (static_cast<uint8_t>(c) < ' ') {
-            out_.end(put_symbols<kHexBits>(put(out, "\\u"), static_cast<uint8_t>(c), kEscapeDigits));
+            out_.end(Symbols<kHexBits>::put(put(out, "\\u"), static_cast<uint8_t>(c), kEscapeDigits));
             return;
         }
         if (c == '"' || c == '\\') *out++ = '\\';
@@ -186,7 +186,8 @@ public:
     Walked(char *text, uint64_t capacity, const ast_json_line_t &line, const Context &context)
         : Pieces(text, capacity), context_(context), texts_(line.texts) {}
 
-    static const ast_dataitem_t *usual(const Edition &, const ast_dataitem_t *item, const ast_dataitem_t *) {
+    static const ast_dataitem_t *usual(const Edition &, const ast_dataitem_t *item, const ast_dataitem_t *,
+                                       ast_dataitem_type_t) {
         return item;
     }
     // Whether the values of an item give its octets back. One whose octets end too early is left out.
@@ -272,33 +273,34 @@ private:
     bool is_lossy_ = false;
 };
 
-// By their programs, into a buffer that has room.
-class Programmed : public Pieces<Ample> {
+// By the functions made of their rows, into a buffer that has room.
+class ByFunctions : public Pieces<Ample> {
 public:
-    Programmed(char *text, uint64_t capacity, const ast_json_line_t &line, const Context &context)
-        : Pieces(text, capacity), runner_(out_.limit(), context, line.texts) {}
+    ByFunctions(char *text, uint64_t capacity, const ast_json_line_t &line, const Context &context)
+        : Pieces(text, capacity), items_(out_.limit(), context, line.texts) {}
 
     // Writes items up to the first one that is not as most are.
-    const ast_dataitem_t *usual(const Edition &edition, const ast_dataitem_t *item, const ast_dataitem_t *end) {
+    const ast_dataitem_t *usual(const Edition &edition, const ast_dataitem_t *item, const ast_dataitem_t *end,
+                                ast_dataitem_type_t message_type) {
         char *out = out_.begin() - 1; // an item brings the comma along that stands there
-        item = runner_.usual(out, edition, item, end);
+        item = items_.usual(out, edition, item, end, message_type);
         *out = ',';
         out_.end(out + 1);
         return item;
     }
     bool item(const Found &found, const ast_dataitem_t &item) {
-        char *const out = runner_.item(out_.begin() - 1, *found.writer, item);
+        char *const out = items_.item(out_.begin() - 1, *found.writer, item);
         if (out) {
             *out = ',';
             out_.end(out + 1);
-            return !runner_.is_lossy();
+            return !items_.is_lossy();
         }
-        if (runner_.gives_up()) out_.give_up();
+        if (items_.gives_up()) out_.give_up();
         return false;
     }
 
 private:
-    Runner runner_;
+    ItemWriter items_;
 };
 
 // ---- Lines ----
@@ -317,15 +319,16 @@ void say_where(Pieces<Out> &json, const ast_json_line_t &line) {
 }
 
 template <typename Out>
-void open_line(Pieces<Out> &json, const ast_json_line_t &line, uint32_t category, const char *profile = nullptr) {
+void open_line(Pieces<Out> &json, const ast_json_line_t &line, uint32_t category, const char *profile) {
+    const bool says_something = &line != &kNothingToSay;
     json.literal("{");
-    if (&line != &kNothingToSay) say_where(json, line);
+    if (says_something) say_where(json, line);
     json.number("\"category\":", category);
-    if (line.profile)
+    if (says_something && line.profile)
         json.text("\"profile\":", line.profile);
     else if (profile)
         json.name("\"profile\":", profile);
-    if (line.ambiguous) json.literal("\"ambiguous\":true,");
+    if (says_something && line.ambiguous) json.literal("\"ambiguous\":true,");
 }
 
 // Whether the FSPEC is not the one that the items alone would give: it announces spare FRNs, or ends with nothing.
@@ -348,7 +351,7 @@ public:
         open_line(json_, line, record_.category, line.profile ? nullptr : profile_name(record_.uap));
         const ast_dataitem_t *const end = record_.items + item_count();
         for (const ast_dataitem_t *each = record_.items; each != end; ++each) {
-            if (edition_) each = json_.usual(*edition_, each, end);
+            if (edition_) each = json_.usual(*edition_, each, end, first_type_);
             if (each == end) break;
             item(static_cast<uint64_t>(each - record_.items));
         }
@@ -428,7 +431,7 @@ uint64_t write_fast(char *text, uint64_t capacity, const ast_datarecord_t &recor
     constexpr uint64_t kMostThatCounts = 1U << 30;
     if (!text || !has_room_for_line(capacity, line)) return Ample::kGivenUp;
     const uint64_t room = capacity < kMostThatCounts ? capacity : kMostThatCounts;
-    return write_record<Programmed>(text, room, record, line);
+    return write_record<ByFunctions>(text, room, record, line);
 }
 
 } // namespace
@@ -450,7 +453,7 @@ uint64_t ast_octets_to_json(char *text, uint64_t capacity, uint32_t category, co
                             const char *error, const ast_json_line_t *line) {
     const ast_json_line_t &with = line ? *line : kNothingToSay;
     Pieces<Bounded> json(text, capacity);
-    open_line(json, with, category);
+    open_line(json, with, category, nullptr);
     if (error) json.text("\"error\":", error);
     json.hex("data", data, data ? count : 0);
     return json.finish();

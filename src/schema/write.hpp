@@ -1,6 +1,7 @@
 // The functions that write items as JSON: what the compiler makes of the pieces that their rows come to.
 #pragma once
 
+#include <bit>
 #include <type_traits>
 #include <utility>
 
@@ -19,36 +20,39 @@ namespace ast::schema {
     return out + text.size();
 }
 
-// The symbols of all pairs of codes of a few bits.
+// The symbols of codes of a few bits.
 template <unsigned Bits>
-inline constexpr auto kPairsOf = [] {
-    constexpr unsigned kCodes = 1U << Bits;
-    constexpr const char *kSymbols = Bits == kIcaoBits ? kIcaoCharacters : kHexDigits;
-    std::array<std::array<char, 2>, size_t{kCodes} * kCodes> pairs{};
-    for (size_t i = 0; i < pairs.size(); ++i) pairs[i] = {kSymbols[i / kCodes], kSymbols[i % kCodes]};
-    return pairs;
-}();
+struct Symbols {
+    static constexpr size_t kCodes = size_t{1} << Bits;
+    static constexpr const char *kSymbols = Bits == kIcaoBits ? kIcaoCharacters : kHexDigits;
 
-// The symbols of a number, of so many bits each.
-template <unsigned Bits>
-[[gnu::always_inline]] inline char *put_symbols(char *out, uint64_t value, unsigned count) {
-    constexpr size_t kCodes = size_t{1} << Bits;
-    unsigned left = count * Bits;
-    if (count % 2 != 0) *out++ = kPairsOf<Bits>[value >> (left -= Bits) & (kCodes - 1)][1];
-    for (; left != 0; out += 2)
-        std::memcpy(out, &kPairsOf<Bits>[value >> (left -= 2 * Bits) & (kCodes * kCodes - 1)], 2);
-    return out;
-}
+    // Those of two codes.
+    using Pair = std::array<char, 2>;
+    static constexpr auto kPairs = [] {
+        std::array<Pair, kCodes * kCodes> pairs{};
+        for (size_t i = 0; i < pairs.size(); ++i) pairs[i] = {kSymbols[i / kCodes], kSymbols[i % kCodes]};
+        return pairs;
+    }();
+
+    // Those of a number.
+    [[gnu::always_inline]] static char *put(char *out, uint64_t value, unsigned count) {
+        unsigned left = count * Bits;
+        if (count % 2 != 0) *out++ = kSymbols[value >> (left -= Bits) & (kCodes - 1)];
+        for (; left != 0; out += sizeof(Pair))
+            std::memcpy(out, &kPairs[value >> (left -= 2 * Bits) & (kPairs.size() - 1)], sizeof(Pair));
+        return out;
+    }
+};
 
 inline char *put_hex(char *out, uint64_t value, unsigned digits) {
     *out = '"';
-    out = put_symbols<kHexBits>(out + 1, value, digits);
+    out = Symbols<kHexBits>::put(out + 1, value, digits);
     *out = '"';
     return out + 1;
 }
 
 inline char *put_octets(char *out, const uint8_t *data, uint64_t count) {
-    for (uint64_t i = 0; i < count; ++i) out = put_symbols<kHexBits>(out, data[i], 2);
+    for (uint64_t i = 0; i < count; ++i) out = Symbols<kHexBits>::put(out, data[i], 2);
     return out;
 }
 
@@ -61,11 +65,13 @@ inline uint64_t load_eight(const void *characters) {
 // Without the blanks at the end.
 template <unsigned Characters>
 char *put_icao(char *out, uint64_t raw, bool &is_lossy, unsigned characters = Characters) {
-    char *end = put_symbols<kIcaoBits>(out, raw, characters);
-    if constexpr (Characters == 8)
-        is_lossy |= (any_of(load_eight(out), kUndefinedCharacter) & kEachOctet << 7) != 0;
-    else
-        for (const char *at = out; at != end; ++at) is_lossy |= *at == kUndefinedCharacter;
+    char *end = Symbols<kIcaoBits>::put(out, raw, characters);
+    if constexpr (Characters == 8) {
+        const uint64_t eight = load_eight(out);
+        is_lossy |= (any_of(eight, kUndefinedCharacter) & kEachOctet << 7) != 0;
+        return out + (std::bit_width(eight ^ kEachOctet * ' ') + 7) / 8;
+    }
+    for (const char *at = out; at != end; ++at) is_lossy |= *at == kUndefinedCharacter;
     while (end != out && end[-1] == ' ') --end;
     return end;
 }
@@ -76,7 +82,7 @@ char *put_icao(char *out, uint64_t raw, bool &is_lossy, unsigned characters = Ch
     case Kind::Code:
         return put_number(out, raw);
     case Kind::Octal:
-        return put(put_symbols<kOctalBits>(put(out, "\""), raw, field.bits / kOctalBits), "\"");
+        return put(Symbols<kOctalBits>::put(put(out, "\""), raw, field.bits / kOctalBits), "\"");
     case Kind::Icao:
         return put(put_icao<0>(put(out, "\""), raw, is_lossy, field.bits / kIcaoBits), "\"");
     case Kind::Raw:
@@ -148,10 +154,10 @@ inline char *put_quoted(char *out, const uint8_t *data, size_t count) {
 // Of the number that stands behind it, if none is given.
 [[gnu::noinline]] inline char *put_register(Writing &writing, char *out, const uint8_t *at, uint32_t number) {
     if (number == 0) number = at[kRegisterBits / 8];
-    out = put(put_symbols<kHexBits>(put(out, "{\"bds\":\""), number, 2), "\"");
+    out = put(Symbols<kHexBits>::put(put(out, "{\"bds\":\""), number, 2), "\"");
     const Found found = find_register_writer(number);
-    out = found.field ? found.writer->write(writing, {out, at}, at + kRegisterBits / 8).out
-                      : put_quoted(put(out, ",\"octets\":"), at, kRegisterBits / 8);
+    out = found.writer ? found.writer->write(writing, {out, at}, at + kRegisterBits / 8).out
+                       : put_quoted(put(out, ",\"octets\":"), at, kRegisterBits / 8);
     return put(out, "}");
 }
 
@@ -409,7 +415,7 @@ private:
                 if constexpr (kPiece.op == Op::Plain || kPiece.op == Op::Value)
                     out = value<kFrom>(writing, text<kFrom>(writing, out, at), at);
                 else if constexpr (kPiece.op == Op::Spare)
-                    writing.is_lossy |= number_at<kPiece.bit, kPiece.bits>(at) != 0;
+                    spare<kFrom>(writing, at);
                 else if (is_there<kFrom>(writing, at))
                     out = pieces<kFrom + 1, kBehind>(writing, out, at);
                 return pieces<kBehind, kTo>(writing, out, at);
@@ -424,6 +430,12 @@ private:
         const bool is_type =
             kPiece.message_type == kAnyMessageType || kPiece.message_type == writing.context.message_type;
         return is_type && number_at<kPiece.bit, kPiece.bits>(at) == kPiece.selector;
+    }
+    template <size_t kPlace>
+    [[gnu::always_inline]] static void spare(Writing &writing, const uint8_t *at) {
+        constexpr Piece kPiece = kCompiled.pieces[kPlace];
+        if (number_at<kPiece.bit, kPiece.bits>(at) != 0) [[unlikely]]
+            writing.is_lossy = true;
     }
     // By a status, or a number. A member without a status is to be 0.
     template <size_t kPlace>
@@ -491,9 +503,9 @@ private:
         if constexpr (kField.kind == Kind::Icao) {
             return put(put_icao<kField.bits / kIcaoBits>(put(out, "\""), raw, writing.is_lossy), "\"");
         } else if constexpr (kField.kind == Kind::Octal) {
-            return put(put_symbols<kOctalBits>(put(out, "\""), raw, kField.bits / kOctalBits), "\"");
+            return put(Symbols<kOctalBits>::put(put(out, "\""), raw, kField.bits / kOctalBits), "\"");
         } else if constexpr (is_shown_as_octets(kField)) {
-            return put(put_symbols<kHexBits>(put(out, "\""), raw, hex_digits(kField)), "\"");
+            return put(Symbols<kHexBits>::put(put(out, "\""), raw, hex_digits(kField)), "\"");
         } else if constexpr (kField.kind == Kind::Code || kField.kind == Kind::Raw || kField.kind == Kind::Either) {
             return put_number(out, raw);
         } else {

@@ -11,21 +11,20 @@ constexpr size_t kReadAlong = sizeof(uint64_t) - 1;
 // Characters that may be written behind a limit.
 constexpr size_t kBeyondLimit = 128;
 
-class Runner {
+class ItemWriter {
 public:
     // Writes up to kBeyondLimit characters in front of the end.
-    Runner(char *end, const Context &context, bool texts) : limit_(end - kBeyondLimit), writing_{context, texts} {}
+    ItemWriter(char *end, const Context &context, bool texts) : limit_(end - kBeyondLimit), writing_{context, texts} {}
 
     // Writes items with a comma in front of each, up to the first one that is not as most are: that no edition
     // describes, that tells how to read others, whose octets end too early or would not be given back.
     [[gnu::always_inline]] const ast_dataitem_t *usual(char *&out, const Edition &edition, const ast_dataitem_t *item,
-                                                       const ast_dataitem_t *end) {
-        const ast_dataitem_type_t message_type = AST_DATAITEM_TYPE(edition.category, 0);
+                                                       const ast_dataitem_t *end, ast_dataitem_type_t message_type) {
         writing_.is_lossy = false;
         for (; item != end; ++item) {
             const uint32_t number = item->type - message_type;
             if (number - 1 >= edition.places.size() - 1 || !item->valid || !item->data) break;
-            const uint32_t place = edition.places[number];
+            const size_t place = edition.places[number];
             if (place == 0) break;
             const Writer &writer = edition.writers[place - 1];
             const uint8_t *const at = readable(out, writer, *item);

@@ -1,4 +1,4 @@
-// What the JSON of items takes, as the compiler works it out of their rows: the text that always stands, where a digit
+// What the JSON of items takes, as it is worked out of their rows: the text that always stands, where a digit
 // of it is to be added to, and what is written between its pieces.
 #pragma once
 

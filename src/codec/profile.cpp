@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "core/profile_name.hpp"
+
 namespace ast {
 
 namespace {
@@ -33,6 +35,11 @@ ast_dataitem_type_t undefined_item(const Layout &layout, uint32_t frn) {
 }
 
 } // namespace
+
+const char *exported_profile_name(const ast_uap_t &uap) {
+    const Profile *const profile = find_profile(uap);
+    return profile ? profile->name : nullptr;
+}
 
 uint32_t max_frn(const Profile &profile, uint32_t category) {
     const Layout *const layout = find_layout(profile, category);

@@ -1,4 +1,4 @@
-// From rows to programs, at compile time.
+// From rows to nodes and pieces, at compile time.
 #pragma once
 
 #include <algorithm>
@@ -14,10 +14,13 @@ namespace ast::schema {
 constexpr unsigned kRegisterRoom = 1024;
 constexpr unsigned kRegisterRoomWithTexts = 2560;
 
+// Texts between digits are copied in blocks of so many characters, the last one beyond their end.
+constexpr size_t kBlock = 32;
+
 // Of the same bits.
 constexpr size_t kMaxReadings = 32;
 
-struct ProgramSize {
+struct CompiledSize {
     size_t nodes = 0;
     size_t pieces = 0;
     size_t digits = 0;
@@ -69,7 +72,7 @@ constexpr bool is_plain(const char *at) {
     return first < 0x80 ? first >= ' ' && first != '"' && first != '\\' : utf8_octets(at) != 0;
 }
 
-// Puts together the program of items, or only counts what it takes.
+// Puts together nodes and pieces of items, or only counts what they take.
 class Compiler {
 public:
     constexpr Compiler() = default;
@@ -81,11 +84,14 @@ public:
         item_ = field;
         node_room_ = 0;
         density_ = density_with_texts_ = kMostCharsOfOctet;
+        along_ = along_with_texts_ = 0;
         node(slot, field);
         nodes_.change(slot, [&](Node &node) {
             node.room = node_room_;
             node.density = density_;
             node.density_with_texts = density_with_texts_;
+            node.along = along_;
+            node.along_with_texts = along_with_texts_;
         });
     }
     // The members of a register, which stand behind its number.
@@ -94,7 +100,8 @@ public:
         members(slot, field);
         must(room_ <= kRegisterRoom && room_with_texts_ <= kRegisterRoomWithTexts);
     }
-    constexpr ProgramSize finish() {
+    constexpr CompiledSize finish() {
+        for (size_t i = 0; i < kBlock; ++i) text_.put('\0'); // which copies of the last text may read
         return {nodes_.most(), pieces_.most(), digits_.most(), text_.most(), texts_.most()};
     }
 
@@ -177,6 +184,7 @@ private:
     constexpr void begin() {
         first_piece_ = pieces_.size();
         bit_ = 0;
+        read_ = read_with_texts_ = 0;
         is_first_ = false;
         selector_ = nullptr;
         waiting_text_ = text_.size();
@@ -187,12 +195,17 @@ private:
         flush();
         must(bit_ == field->bits);
         const size_t octets = (bit_ + 7) / 8;
-        nodes_.set(slot, {.shape = Shape::Fixed,
-                          .octets = octets,
-                          .first = first_piece_,
-                          .count = pieces_.size() - first_piece_});
+        nodes_.set(
+            slot,
+            {.shape = Shape::Fixed, .octets = octets, .first = first_piece_, .count = pieces_.size() - first_piece_});
         density_ = std::max(density_, room_ / octets + 1);
         density_with_texts_ = std::max(density_with_texts_, room_with_texts_ / octets + 1);
+        along_ = std::max(along_, std::max(read_, octets) - octets);
+        along_with_texts_ = std::max(along_, std::max(along_with_texts_, std::max(read_with_texts_, octets) - octets));
+    }
+    // Says which octets are read at once for bits.
+    constexpr void reads(size_t bit, size_t bits) {
+        read_ = std::max(read_, bit / 8 + read_octets(octets_of_bits(bit, bits)));
     }
 
     // ---- Pieces ----
@@ -260,6 +273,7 @@ private:
     constexpr void member(const Field *field) {
         switch (field->kind) {
         case Kind::Spare:
+            reads(bit_, field->bits);
             pieces_.put({.op = Op::Spare, .bit = bit_, .bits = field->bits});
             break;
         case Kind::Group:
@@ -278,6 +292,7 @@ private:
     // What may be missing stands behind something, so that it brings its comma along.
     constexpr void optional(const Field *field) {
         must(!is_first_ && field->bits < kMaxNumberBits);
+        reads(bit_, 1U + field->bits);
         const size_t branch = emit_branch({.op = Op::IfSet, .bit = bit_, .bits = 1U + field->bits});
         ++bit_;
         member(field);
@@ -320,6 +335,11 @@ private:
         selector_ = holds_octets(*field) ? nullptr : field;
         selector_bit_ = bit_;
         if (is_digit(*field)) return digit(field);
+        constexpr size_t kAtOnce = 8; // characters, and octets of a register
+        if (field->kind == Kind::Ascii || field->kind == Kind::Register)
+            read_ = std::max(read_, (bit_ + field->bits) / 8 - 1 + kAtOnce);
+        else if (field->bits <= kMaxNumberBits)
+            reads(bit_, field->bits);
         size_t room = kNumberRoom;
         if (field->kind == Kind::Ascii || field->bits > 64) room = 2 + field->bits / 4U;
         if (field->kind == Kind::Register) {
@@ -343,8 +363,10 @@ private:
         constexpr size_t kMostChars = UINT8_MAX;
         const bool is_any = waiting_digit_ != digits_.size();
         const size_t place = text_.size() - waiting_text_;
-        if ((is_any && bit_ + field->bits > 8 * digits_octet_ + kDigitsBits) || place > kMostChars) return late_digit(field);
+        if ((is_any && bit_ + field->bits > 8 * digits_octet_ + kDigitsBits) || place > kMostChars)
+            return late_digit(field);
         if (!is_any) digits_octet_ = bit_ / 8;
+        read_with_texts_ = std::max(read_with_texts_, digits_octet_ + kDigitsBits / 8);
         digits_.put({.place = static_cast<uint8_t>(place),
                      .shift = static_cast<uint8_t>(8 * digits_octet_ + kDigitsBits - bit_ - field->bits),
                      .mask = static_cast<uint8_t>((1U << field->bits) - 1),
@@ -405,9 +427,13 @@ private:
     size_t node_room_ = 0; // that the rest of an item takes
     size_t density_ = 0;   // the most that a node of it takes by octets
     size_t density_with_texts_ = 0;
+    size_t read_ = 0; // octets of a node, and those read along
+    size_t read_with_texts_ = 0;
+    size_t along_ = 0; // the most that are read along with a node
+    size_t along_with_texts_ = 0;
 };
 
-template <ProgramSize kSize>
+template <CompiledSize kSize>
 struct Compiled {
     std::array<Node, kSize.nodes> nodes{};
     std::array<Piece, kSize.pieces> pieces{};
@@ -418,7 +444,7 @@ struct Compiled {
 
 // Of items, or of Mode S registers.
 template <typename Items>
-constexpr ProgramSize compile(Compiler compiler, const Items &items, bool are_registers) {
+constexpr CompiledSize compile(Compiler compiler, const Items &items, bool are_registers) {
     compiler.reserve(std::size(items));
     for (size_t i = 0; i < std::size(items); ++i)
         if (are_registers)
@@ -430,11 +456,10 @@ constexpr ProgramSize compile(Compiler compiler, const Items &items, bool are_re
 
 template <const auto &kItems, bool kAreRegisters>
 consteval auto compiled() {
-    constexpr ProgramSize size = compile(Compiler(), kItems, kAreRegisters);
+    constexpr CompiledSize size = compile(Compiler(), kItems, kAreRegisters);
     Compiled<size> to;
-    compile(Compiler(to.nodes.data(), to.pieces.data(), to.digits.data(), to.text.data(),
-                     to.texts.data()),
-            kItems, kAreRegisters);
+    compile(Compiler(to.nodes.data(), to.pieces.data(), to.digits.data(), to.text.data(), to.texts.data()), kItems,
+            kAreRegisters);
     return to;
 }
 

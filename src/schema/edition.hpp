@@ -1,7 +1,7 @@
 // Where the tables are: the items of each edition of each category, and which FRN announces them.
 #pragma once
 
-#include "schema/program.hpp"
+#include "schema/piece.hpp"
 
 namespace ast::schema {
 

@@ -1,4 +1,4 @@
-// Reading numbers.
+// Reading numbers, and writing those that are seldom met.
 
 #include "schema/number.hpp"
 #include "schema/slice.hpp"
@@ -84,6 +84,10 @@ bool to_steps(uint64_t &steps, const Field &field, const Decimal &quantity) {
 }
 
 } // namespace
+
+char *put_huge_number(char *out, uint64_t value) {
+    return put_three(put_large_number(out, value / kThousand), value % kThousand);
+}
 
 double number_of(const Field &field, uint64_t raw) {
     const auto size = static_cast<double>(magnitude(field, raw));

@@ -41,7 +41,10 @@ inline constexpr auto kFractions = [] {
     std::array<Chars<7>, kThousand> all{};
     for (unsigned i = 0; i < kThousand; ++i)
         all[i] = {{'.', digit(i / 100), digit(i / 10 % 10), digit(i % 10)},
-                  static_cast<uint8_t>(i == 0 ? 0 : i % 100 == 0 ? 2 : i % 10 == 0 ? 3 : 4)};
+                  static_cast<uint8_t>(i == 0         ? 0
+                                       : i % 100 == 0 ? 2
+                                       : i % 10 == 0  ? 3
+                                                      : 4)};
     return all;
 }();
 
@@ -53,7 +56,7 @@ inline constexpr auto kPowersOfTen = [] {
 }();
 
 // Below a thousand; two more characters may be written.
-inline char *put_below_thousand(char *out, uint64_t value) {
+[[gnu::always_inline]] inline char *put_below_thousand(char *out, uint64_t value) {
     const Chars<3> &digits = kWholes[static_cast<size_t>(value)];
     std::memcpy(out, &digits, sizeof digits);
     return out + digits.count;
@@ -65,25 +68,24 @@ inline char *put_three(char *out, uint64_t value) {
     return out + 3;
 }
 
-[[gnu::noinline]] inline char *put_large_number(char *out, uint64_t value) {
-    const uint64_t thousands = value / kThousand;
-    out = thousands < kThousand ? put_below_thousand(out, thousands) : put_large_number(out, thousands);
-    return put_three(out, value % kThousand);
-}
+char *put_huge_number(char *out, uint64_t value);
 
-inline char *put_number(char *out, uint64_t value) {
-    if (value < kThousand) [[likely]]
-        return put_below_thousand(out, value);
+// From a thousand on.
+[[gnu::noinline]] inline char *put_large_number(char *out, uint64_t value) {
     if (value >= kThousand * kThousand) [[unlikely]]
-        return put_large_number(out, value);
+        return put_huge_number(out, value);
     const auto number = static_cast<uint32_t>(value);
     const uint32_t thousands = number / kThousand;
     return put_three(put_below_thousand(out, thousands), number - thousands * kThousand);
 }
 
+[[gnu::always_inline]] inline char *put_number(char *out, uint64_t value) {
+    return value < kThousand ? put_below_thousand(out, value) : put_large_number(out, value);
+}
+
 // The decimals of a quantity in threes, and a point in front of them; nothing where all of them are 0.
 template <unsigned Threes, std::unsigned_integral Number>
-char *put_fraction(char *out, Number fraction) {
+[[gnu::always_inline]] inline char *put_fraction(char *out, Number fraction) {
     if constexpr (Threes == 1) {
         const Chars<7> &decimals = kFractions[static_cast<size_t>(fraction)];
         std::memcpy(out, decimals.text, 4);
@@ -101,7 +103,7 @@ char *put_fraction(char *out, Number fraction) {
 
 // A number whose last digits stand behind the point. Those of 32 bits are cheaper to divide.
 template <unsigned Decimals, std::unsigned_integral Number>
-char *put_quantity(char *out, Number value) {
+[[gnu::always_inline]] inline char *put_quantity(char *out, Number value) {
     if constexpr (Decimals == 0) {
         return put_number(out, value);
     } else {
@@ -116,25 +118,27 @@ char *put_quantity(char *out, Number value) {
 
 // The same where the number of decimals is a variable.
 inline constexpr auto kPutQuantity = []<size_t... Decimals>(std::index_sequence<Decimals...>) {
-    return std::array{&put_quantity<Decimals, uint64_t>...};
-}(std::make_index_sequence<kMaxDecimals + 1>());
+    return std::array{+[](char *out, uint64_t value) { return put_quantity<Decimals>(out, value); }...};
+}
+(std::make_index_sequence<kMaxDecimals + 1>());
 
 // The magnitude of a raw number below zero in two's complement.
-constexpr bool is_negative(const Field &field, uint64_t raw) {
+[[gnu::always_inline]] constexpr bool is_negative(const Field &field, uint64_t raw) {
     return field.kind == Kind::Signed && (raw >> (field.bits - 1) & 1) != 0;
 }
-constexpr uint64_t magnitude(const Field &field, uint64_t raw) {
+[[gnu::always_inline]] constexpr uint64_t magnitude(const Field &field, uint64_t raw) {
     return is_negative(field, raw) ? (uint64_t{1} << field.bits) - raw : raw;
 }
 
 // In units of the last decimal shown, rounded half up.
-constexpr uint64_t in_decimals(const Field &field, uint64_t raw) {
+[[gnu::always_inline]] constexpr uint64_t in_decimals(const Field &field, uint64_t raw) {
     return (raw * field.factor + (uint64_t{1} << field.shift >> 1)) >> field.shift;
 }
 
 // A number or quantity of a field, its decimals by a function for so many of them.
 template <typename PutDecimals>
-[[gnu::always_inline]] inline char *put_value_by(char *out, const Field &field, uint64_t raw, PutDecimals put_decimals) {
+[[gnu::always_inline]] inline char *put_value_by(char *out, const Field &field, uint64_t raw,
+                                                 PutDecimals put_decimals) {
     const uint64_t size = magnitude(field, raw);
     if (field.kind == Kind::Signed) {
         *out = '-';

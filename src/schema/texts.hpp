@@ -3,6 +3,7 @@
 
 #include <cstring>
 
+#include "core/profile_name.hpp"
 #include "schema/field.hpp"
 #include "schema/slice.hpp"
 
@@ -28,6 +29,19 @@ inline std::string_view text_of_code(const char *texts, uint64_t code) {
 
 constexpr char kUndefinedCharacter = '?';
 constexpr unsigned kIcaoBits = 6;
+
+// Of eight characters, the upper bits of those below a limit, or of that kind, and maybe of some behind them.
+constexpr uint64_t kEachOctet = 0x0101010101010101;
+constexpr uint64_t any_below(uint64_t eight, uint8_t limit) { return (eight - kEachOctet * limit) & ~eight; }
+constexpr uint64_t any_of(uint64_t eight, char character) {
+    return any_below(eight ^ kEachOctet * static_cast<uint8_t>(character), 1);
+}
+
+// Whether eight characters stand for themselves: none is a control character, a quote, a backslash or beyond ASCII.
+constexpr bool are_plain(uint64_t eight) {
+    const uint64_t others = any_below(eight, ' ') | any_of(eight, '"') | any_of(eight, '\\') | eight;
+    return (others & kEachOctet << 7) == 0;
+}
 
 constexpr bool is_printable(uint8_t character) { return character >= ' ' && character <= '~'; }
 
@@ -69,12 +83,9 @@ inline std::string_view reference_of(ast_dataitem_type_t type, bool is_second, c
 
 // The name of an exported profile; null for another one.
 inline const char *profile_name(const ast_uap_t &uap) {
-    const auto is = [&](const ast_uap_t &other) { return uap.get_dataitem == other.get_dataitem; };
-    if (is(AST_UAP_PUBLISHED)) return "published";
-    if (is(AST_UAP_PUBLISHED_OTHER)) return "published-other";
-    for (uint64_t i = 0; i < ast_uap_get_number(); ++i)
-        if (const ast_uap_info_t info = ast_uap_get_info(i); is(*info.uap)) return info.name;
-    return nullptr;
+    if (const char *const name = exported_profile_name(uap)) return name;
+    if (uap.get_dataitem == AST_UAP_PUBLISHED.get_dataitem) return "published";
+    return uap.get_dataitem == AST_UAP_PUBLISHED_OTHER.get_dataitem ? "published-other" : nullptr;
 }
 
 } // namespace ast::schema

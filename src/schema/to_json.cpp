@@ -3,7 +3,7 @@
 #include <cstring>
 #include <limits>
 
-#include "schema/run.hpp"
+#include "schema/item_writer.hpp"
 #include "schema/utf8.hpp"
 
 namespace ast::schema {
@@ -97,6 +97,11 @@ public:
         *out = ',';
         out_.end(out + 1);
     }
+    // A text that stands for itself.
+    [[gnu::always_inline]] void name(std::string_view key, std::string_view name) {
+        char *const out = put(put(out_.begin(), key), "\"");
+        out_.end(put(copy_text(out, name.data(), name.size()), "\","));
+    }
     // A piece as it is, a key or a bracket.
     [[gnu::always_inline]] void literal(std::string_view piece) { out_.end(put(out_.begin(), piece)); }
     void hex(std::string_view name, const uint8_t *data, uint64_t count) {
@@ -113,8 +118,8 @@ public:
         out_.end(out + 2);
     }
     uint64_t finish() {
-        close_with('}');
         out_.drop_comma();
+        out_.end(put(out_.begin(), "}"));
         return out_.finish();
     }
 
@@ -135,21 +140,12 @@ protected:
         char *out = out_.begin();
         constexpr unsigned kEscapeDigits = 4;
         if (static_cast<uint8_t>(c) < ' ') {
-            out_.end(put_symbols<kHexBits>(put(out, "\\u"), static_cast<uint8_t>(c), kEscapeDigits));
+            out_.end(Symbols<kHexBits>::put(put(out, "\\u"), static_cast<uint8_t>(c), kEscapeDigits));
             return;
         }
         if (c == '"' || c == '\\') *out++ = '\\';
         *out++ = c;
         out_.end(out);
-    }
-
-    // Whether eight characters stand for themselves: none is a control character, a quote, a backslash or beyond ASCII.
-    static bool are_plain(uint64_t eight) {
-        constexpr uint64_t kEach = 0x0101010101010101;
-        const auto any_below = [](uint64_t octets, uint64_t limit) { return (octets - kEach * limit) & ~octets; };
-        const uint64_t others =
-            any_below(eight, ' ') | any_below(eight ^ kEach * '"', 1) | any_below(eight ^ kEach * '\\', 1) | eight;
-        return (others & kEach << 7) == 0;
     }
 
     // Puts what stands for itself at the front of a text, eight characters at a time; returns the rest.
@@ -190,7 +186,10 @@ public:
     Walked(char *text, uint64_t capacity, const ast_json_line_t &line, const Context &context)
         : Pieces(text, capacity), context_(context), texts_(line.texts) {}
 
-    static const ast_dataitem_t *usual(const Edition &, const ast_dataitem_t *item, const ast_dataitem_t *) { return item; }
+    static const ast_dataitem_t *usual(const Edition &, const ast_dataitem_t *item, const ast_dataitem_t *,
+                                       ast_dataitem_type_t) {
+        return item;
+    }
     // Whether the values of an item give its octets back. One whose octets end too early is left out.
     bool item(const Found &found, const ast_dataitem_t &item) {
         is_lossy_ = false;
@@ -274,33 +273,34 @@ private:
     bool is_lossy_ = false;
 };
 
-// By their programs, into a buffer that has room.
-class Programmed : public Pieces<Ample> {
+// By the functions made of their rows, into a buffer that has room.
+class ByFunctions : public Pieces<Ample> {
 public:
-    Programmed(char *text, uint64_t capacity, const ast_json_line_t &line, const Context &context)
-        : Pieces(text, capacity), runner_(out_.limit(), context, line.texts) {}
+    ByFunctions(char *text, uint64_t capacity, const ast_json_line_t &line, const Context &context)
+        : Pieces(text, capacity), items_(out_.limit(), context, line.texts) {}
 
     // Writes items up to the first one that is not as most are.
-    const ast_dataitem_t *usual(const Edition &edition, const ast_dataitem_t *item, const ast_dataitem_t *end) {
+    const ast_dataitem_t *usual(const Edition &edition, const ast_dataitem_t *item, const ast_dataitem_t *end,
+                                ast_dataitem_type_t message_type) {
         char *out = out_.begin() - 1; // an item brings the comma along that stands there
-        item = runner_.usual(out, edition, item, end);
+        item = items_.usual(out, edition, item, end, message_type);
         *out = ',';
         out_.end(out + 1);
         return item;
     }
     bool item(const Found &found, const ast_dataitem_t &item) {
-        char *const out = runner_.item(out_.begin() - 1, *found.writer, item);
+        char *const out = items_.item(out_.begin() - 1, *found.writer, item);
         if (out) {
             *out = ',';
             out_.end(out + 1);
-            return !runner_.is_lossy();
+            return !items_.is_lossy();
         }
-        if (runner_.gives_up()) out_.give_up();
+        if (items_.gives_up()) out_.give_up();
         return false;
     }
 
 private:
-    Runner runner_;
+    ItemWriter items_;
 };
 
 // ---- Lines ----
@@ -308,8 +308,7 @@ private:
 constexpr ast_json_line_t kNothingToSay{};
 
 template <typename Out>
-void open_line(Pieces<Out> &json, const ast_json_line_t &line, uint32_t category, const char *profile) {
-    json.literal("{");
+void say_where(Pieces<Out> &json, const ast_json_line_t &line) {
     if (line.file) json.text("\"file\":", line.file);
     if (line.block) json.number("\"block\":", line.block);
     if (line.record) json.number("\"record\":", line.record);
@@ -317,9 +316,19 @@ void open_line(Pieces<Out> &json, const ast_json_line_t &line, uint32_t category
     if (line.source) json.text("\"source\":", line.source);
     if (line.destination) json.text("\"destination\":", line.destination);
     if (line.has_offset) json.number("\"offset\":", line.offset);
+}
+
+template <typename Out>
+void open_line(Pieces<Out> &json, const ast_json_line_t &line, uint32_t category, const char *profile) {
+    const bool says_something = &line != &kNothingToSay;
+    json.literal("{");
+    if (says_something) say_where(json, line);
     json.number("\"category\":", category);
-    if (profile) json.text("\"profile\":", profile);
-    if (line.ambiguous) json.literal("\"ambiguous\":true,");
+    if (says_something && line.profile)
+        json.text("\"profile\":", line.profile);
+    else if (profile)
+        json.name("\"profile\":", profile);
+    if (says_something && line.ambiguous) json.literal("\"ambiguous\":true,");
 }
 
 // Whether the FSPEC is not the one that the items alone would give: it announces spare FRNs, or ends with nothing.
@@ -339,10 +348,10 @@ public:
           json_(text, capacity, line, context_) {}
 
     uint64_t write(const ast_json_line_t &line) {
-        open_line(json_, line, record_.category, line.profile ? line.profile : profile_name(record_.uap));
+        open_line(json_, line, record_.category, line.profile ? nullptr : profile_name(record_.uap));
         const ast_dataitem_t *const end = record_.items + item_count();
         for (const ast_dataitem_t *each = record_.items; each != end; ++each) {
-            if (edition_) each = json_.usual(*edition_, each, end);
+            if (edition_) each = json_.usual(*edition_, each, end, first_type_);
             if (each == end) break;
             item(static_cast<uint64_t>(each - record_.items));
         }
@@ -406,6 +415,7 @@ bool has_room_for_line(uint64_t capacity, const ast_json_line_t &line) {
     constexpr uint64_t kMaxCharsOfKeys = 256;
     constexpr uint64_t kMaxCharsOfCharacter = 6;
     uint64_t chars = kMaxCharsOfKeys + kBeyondLimit;
+    if (&line == &kNothingToSay) return capacity >= chars;
     for (const char *text : {line.file, line.time, line.source, line.destination, line.profile})
         if (text) chars += kMaxCharsOfCharacter * std::string_view(text).size();
     return capacity >= chars;
@@ -421,7 +431,7 @@ uint64_t write_fast(char *text, uint64_t capacity, const ast_datarecord_t &recor
     constexpr uint64_t kMostThatCounts = 1U << 30;
     if (!text || !has_room_for_line(capacity, line)) return Ample::kGivenUp;
     const uint64_t room = capacity < kMostThatCounts ? capacity : kMostThatCounts;
-    return write_record<Programmed>(text, room, record, line);
+    return write_record<ByFunctions>(text, room, record, line);
 }
 
 } // namespace
@@ -443,7 +453,7 @@ uint64_t ast_octets_to_json(char *text, uint64_t capacity, uint32_t category, co
                             const char *error, const ast_json_line_t *line) {
     const ast_json_line_t &with = line ? *line : kNothingToSay;
     Pieces<Bounded> json(text, capacity);
-    open_line(json, with, category, with.profile);
+    open_line(json, with, category, nullptr);
     if (error) json.text("\"error\":", error);
     json.hex("data", data, data ? count : 0);
     return json.finish();

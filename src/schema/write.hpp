@@ -1,6 +1,7 @@
-// Functions that write the JSON of what always stands the same way, made of the pieces that rows come to.
+// The functions that write items as JSON: what the compiler makes of the pieces that their rows come to.
 #pragma once
 
+#include <bit>
 #include <type_traits>
 #include <utility>
 
@@ -19,56 +20,58 @@ namespace ast::schema {
     return out + text.size();
 }
 
-// The symbols of all pairs of codes of a few bits. Hidden by hand: what is of a type of the standard library would be
-// exported otherwise.
+// The symbols of codes of a few bits.
 template <unsigned Bits>
-[[gnu::visibility("hidden")]] inline constexpr auto kPairsOf = [] {
-    constexpr unsigned kCodes = 1U << Bits;
-    constexpr const char *kSymbols = Bits == kIcaoBits ? kIcaoCharacters : kHexDigits;
-    std::array<std::array<char, 2>, size_t{kCodes} * kCodes> pairs{};
-    for (size_t i = 0; i < pairs.size(); ++i) pairs[i] = {kSymbols[i / kCodes], kSymbols[i % kCodes]};
-    return pairs;
-}();
+struct Symbols {
+    static constexpr size_t kCodes = size_t{1} << Bits;
+    static constexpr const char *kSymbols = Bits == kIcaoBits ? kIcaoCharacters : kHexDigits;
 
-// The symbols of a number, of so many bits each.
-template <unsigned Bits>
-[[gnu::always_inline]] inline char *put_symbols(char *out, uint64_t value, unsigned count) {
-    constexpr size_t kCodes = size_t{1} << Bits;
-    unsigned left = count * Bits;
-    if (count % 2 != 0) *out++ = kPairsOf<Bits>[value >> (left -= Bits) & (kCodes - 1)][1];
-    for (; left != 0; out += 2) std::memcpy(out, &kPairsOf<Bits>[value >> (left -= 2 * Bits) & (kCodes * kCodes - 1)], 2);
-    return out;
-}
+    // Those of two codes.
+    using Pair = std::array<char, 2>;
+    static constexpr auto kPairs = [] {
+        std::array<Pair, kCodes * kCodes> pairs{};
+        for (size_t i = 0; i < pairs.size(); ++i) pairs[i] = {kSymbols[i / kCodes], kSymbols[i % kCodes]};
+        return pairs;
+    }();
+
+    // Those of a number.
+    [[gnu::always_inline]] static char *put(char *out, uint64_t value, unsigned count) {
+        unsigned left = count * Bits;
+        if (count % 2 != 0) *out++ = kSymbols[value >> (left -= Bits) & (kCodes - 1)];
+        for (; left != 0; out += sizeof(Pair))
+            std::memcpy(out, &kPairs[value >> (left -= 2 * Bits) & (kPairs.size() - 1)], sizeof(Pair));
+        return out;
+    }
+};
 
 inline char *put_hex(char *out, uint64_t value, unsigned digits) {
     *out = '"';
-    out = put_symbols<kHexBits>(out + 1, value, digits);
+    out = Symbols<kHexBits>::put(out + 1, value, digits);
     *out = '"';
     return out + 1;
 }
 
 inline char *put_octets(char *out, const uint8_t *data, uint64_t count) {
-    for (uint64_t i = 0; i < count; ++i) out = put_symbols<kHexBits>(out, data[i], 2);
+    for (uint64_t i = 0; i < count; ++i) out = Symbols<kHexBits>::put(out, data[i], 2);
     return out;
 }
 
-// Whether one of eight characters is undefined.
-inline bool has_undefined(const char *eight) {
-    constexpr uint64_t kEach = 0x0101010101010101;
-    uint64_t octets = 0;
-    std::memcpy(&octets, eight, sizeof octets);
-    octets ^= kEach * static_cast<uint8_t>(kUndefinedCharacter);
-    return ((octets - kEach) & ~octets & kEach << 7) != 0;
+inline uint64_t load_eight(const void *characters) {
+    uint64_t eight = 0;
+    std::memcpy(&eight, characters, sizeof eight);
+    return eight;
 }
 
 // Without the blanks at the end.
 template <unsigned Characters>
 char *put_icao(char *out, uint64_t raw, bool &is_lossy, unsigned characters = Characters) {
-    char *end = put_symbols<kIcaoBits>(out, raw, characters);
-    if constexpr (Characters == 8)
-        is_lossy |= has_undefined(out);
-    else
-        for (const char *at = out; at != end; ++at) is_lossy |= *at == kUndefinedCharacter;
+    char *end = Symbols<kIcaoBits>::put(out, raw, characters);
+    if constexpr (Characters == 8) {
+        const uint64_t eight = load_eight(out);
+        is_lossy |= (any_of(eight, kUndefinedCharacter) & kEachOctet << 7) != 0;
+        return out + (std::bit_width(eight ^ kEachOctet * ' ') + 7) / 8;
+    }
+    for (const char *at = out; at != end; ++at) is_lossy |= *at == kUndefinedCharacter;
     while (end != out && end[-1] == ' ') --end;
     return end;
 }
@@ -79,7 +82,7 @@ char *put_icao(char *out, uint64_t raw, bool &is_lossy, unsigned characters = Ch
     case Kind::Code:
         return put_number(out, raw);
     case Kind::Octal:
-        return put(put_symbols<kOctalBits>(put(out, "\""), raw, field.bits / kOctalBits), "\"");
+        return put(Symbols<kOctalBits>::put(put(out, "\""), raw, field.bits / kOctalBits), "\"");
     case Kind::Icao:
         return put(put_icao<0>(put(out, "\""), raw, is_lossy, field.bits / kIcaoBits), "\"");
     case Kind::Raw:
@@ -102,7 +105,9 @@ inline char *put_code(char *out, uint64_t code, std::string_view text) {
 struct Writing {
     const Context &context;
     bool texts;
-    bool is_lossy = false; // what was written does not give the octets back
+    size_t texts_place = texts; // in Writer
+    bool is_lossy = false;      // what was written does not give the octets back
+    bool gives_up = false;      // it is for others to write
 };
 
 inline std::string_view text_of(const uint8_t *texts, size_t place, const Field &field, uint64_t code) {
@@ -118,12 +123,26 @@ inline char *put_quoted(char *out, const uint8_t *data, size_t count) {
     return put(put_octets(put(out, "\""), data, count), "\"");
 }
 
+// Octets as characters; behind them others may be read.
 [[gnu::noinline]] inline char *put_characters(Writing &writing, char *out, const uint8_t *octets, size_t count) {
+    constexpr size_t kAtOnce = sizeof(uint64_t);
+    constexpr char kDelete = '\x7F';
     while (count != 0 && octets[count - 1] == ' ') --count;
     *out++ = '"';
-    for (size_t i = 0; i < count; ++i) {
-        const char character = is_printable(octets[i]) ? static_cast<char>(octets[i]) : kUndefinedCharacter;
-        writing.is_lossy |= !is_printable(octets[i]);
+    const uint8_t *const end = octets + count;
+    while (octets != end) {
+        const auto left = static_cast<size_t>(end - octets);
+        const uint64_t others = left < kAtOnce ? ~uint64_t{0} << 8 * left : 0;
+        const uint64_t eight = (load_eight(octets) & ~others) | (kEachOctet * ' ' & others);
+        if (are_plain(eight) && (any_of(eight, kDelete) & kEachOctet << 7) == 0) [[likely]] {
+            std::memcpy(out, octets, kAtOnce);
+            const size_t now = left < kAtOnce ? left : kAtOnce;
+            octets += now;
+            out += now;
+            continue;
+        }
+        const char character = is_printable(*octets) ? static_cast<char>(*octets) : kUndefinedCharacter;
+        writing.is_lossy |= !is_printable(*octets++);
         *out = '\\';
         out += character == '"' || character == '\\';
         *out++ = character;
@@ -135,30 +154,34 @@ inline char *put_quoted(char *out, const uint8_t *data, size_t count) {
 // Of the number that stands behind it, if none is given.
 [[gnu::noinline]] inline char *put_register(Writing &writing, char *out, const uint8_t *at, uint32_t number) {
     if (number == 0) number = at[kRegisterBits / 8];
-    out = put_hex(put(out, "{\"bds\":"), number, 2);
+    out = put(Symbols<kHexBits>::put(put(out, "{\"bds\":\""), number, 2), "\"");
     const Found found = find_register_writer(number);
-    out = found.field ? found.writer->write(writing, {out, at}, at + kRegisterBits / 8).out
-                      : put_quoted(put(out, ",\"octets\":"), at, kRegisterBits / 8);
+    out = found.writer ? found.writer->write(writing, {out, at}, at + kRegisterBits / 8).out
+                       : put_quoted(put(out, ",\"octets\":"), at, kRegisterBits / 8);
     return put(out, "}");
 }
 
 // Bits as a number, which octets hold that are read at once.
 template <size_t kBit, size_t kBits>
 [[gnu::always_inline]] inline uint64_t number_at(const uint8_t *at) {
-    constexpr size_t kOctets = (kBit + kBits - 1) / 8 - kBit / 8 + 1;
-    constexpr uint64_t kMask = (uint64_t{1} << kBits) - 1;
+    constexpr size_t kOctets = read_octets(octets_of_bits(kBit, kBits));
     static_assert(kOctets <= 8);
     at += kBit / 8;
-    if constexpr (kOctets == 1) return *at >> (8 - kBit % 8 - kBits) & kMask;
-    if constexpr (kOctets == 2) return read_u16(at) >> (16 - kBit % 8 - kBits) & kMask;
-    using Word = std::conditional_t<kOctets <= 4, uint32_t, uint64_t>;
-    Word word = 0;
-    if constexpr (sizeof word == 4) word = read_u32(at);
-    if constexpr (sizeof word == 8) word = read_u64(at);
-    return word >> (8 * sizeof word - kBit % 8 - kBits) & kMask;
+    uint64_t word = 0;
+    if constexpr (kOctets == 1) word = *at;
+    if constexpr (kOctets == 2) word = read_u16(at);
+    if constexpr (kOctets == 4) word = read_u32(at);
+    if constexpr (kOctets == 8) word = read_u64(at);
+    return word >> (8 * kOctets - kBit % 8 - kBits) & ((uint64_t{1} << kBits) - 1);
 }
 
 // ---- Pieces ----
+
+[[gnu::always_inline]] inline char *copy_blocks(char *out, const char *text, size_t chars) {
+    std::memcpy(out, text, kBlock);
+    for (size_t i = kBlock; i < chars; i += kBlock) std::memcpy(out + i, text + i, kBlock);
+    return out + chars;
+}
 
 // Digits with their texts.
 [[gnu::noinline]] inline char *put_with_texts(char *out, std::string_view text, const Digit *digit, size_t digits,
@@ -167,11 +190,11 @@ template <size_t kBit, size_t kBits>
     size_t from = 0;
     for (const Digit *const end = digit + digits; digit != end; ++digit) {
         const uint64_t code = word >> digit->shift & digit->mask;
-        out = copy_text(out, text.data() + from, digit->place - from);
+        out = copy_blocks(out, text.data() + from, digit->place - from);
         out = put_code(out, code, text_of(texts, digit->texts, rows[digit->row], code));
         from = digit->place + 1U;
     }
-    return copy_text(out, text.data() + from, text.size() - from);
+    return copy_blocks(out, text.data() + from, text.size() - from);
 }
 
 // The functions of items or registers.
@@ -184,21 +207,27 @@ class Written {
 
 public:
     static constexpr auto writers() {
-        return []<size_t... kNodes>(std::index_sequence<kNodes...>) {
-            return std::array{writer<kNodes>()...};
-        }(std::make_index_sequence<std::size(kItems)>());
+        return []<size_t... kNodes>(std::index_sequence<kNodes...>) { return std::array{writer<kNodes>()...}; }
+        (std::make_index_sequence<std::size(kItems)>());
     }
 
 private:
     template <size_t kNode>
     static constexpr Writer writer() {
         const Node &node = kCompiled.nodes[kNode];
-        return {node.shape == Shape::Random ? nullptr : write<kNode>, narrow<uint16_t>(node.room),
-                narrow<uint16_t>(node.density), narrow<uint16_t>(node.density_with_texts)};
+        return {node.shape == Shape::Random ? give_up : write<kNode>,
+                narrow<uint16_t>(node.room),
+                {narrow<uint16_t>(node.density), narrow<uint16_t>(node.density_with_texts)},
+                {narrow<uint8_t>(node.along), narrow<uint8_t>(node.along_with_texts)}};
     }
     template <size_t kNode>
     static Cursor write(Writing &writing, Cursor cursor, const uint8_t *end) {
         return node<kNode>(writing, cursor, end) ? cursor : Cursor{nullptr, nullptr};
+    }
+
+    static Cursor give_up(Writing &writing, Cursor, const uint8_t *) {
+        writing.gives_up = true;
+        return {nullptr, nullptr};
     }
 
     // ---- Nodes: false where the octets end too early, or announce what no edition knows ----
@@ -222,7 +251,8 @@ private:
     template <size_t kNode>
     [[gnu::always_inline]] static bool fixed(Writing &writing, Cursor &cursor, const uint8_t *end) {
         constexpr Node kThis = kCompiled.nodes[kNode];
-        if (!has(cursor, end, kThis.octets)) return false;
+        if (!has(cursor, end, kThis.octets)) [[unlikely]]
+            return false;
         cursor.out = pieces<kThis.first, kThis.first + kThis.count>(writing, cursor.out, cursor.at);
         cursor.at += kThis.octets;
         return true;
@@ -235,9 +265,10 @@ private:
         std::memcpy(cursor.out, kText.data() + kThis.text, kThis.chars);
         return cursor.out += kThis.chars;
     }
-    static void close(char *bracket, char opening, char closing, Cursor &cursor) {
+    template <bool kMayBeEmpty = true>
+    [[gnu::always_inline]] static void close(char *bracket, char opening, char closing, Cursor &cursor) {
         *bracket = opening;
-        cursor.out += cursor.out == bracket;
+        if (kMayBeEmpty) cursor.out += cursor.out == bracket;
         *cursor.out++ = closing;
     }
 
@@ -246,20 +277,23 @@ private:
         constexpr Node kThis = kCompiled.nodes[kNode];
         char *const bracket = open<kNode>(cursor);
         if (!parts<kThis.first, kThis.first + kThis.count>(writing, cursor, end)) return false;
-        close(bracket, '{', '}', cursor);
+        constexpr bool kMayBeEmpty = kCompiled.pieces[kCompiled.nodes[kThis.first].first].chars == 0;
+        close<kMayBeEmpty>(bracket, '{', '}', cursor);
         return true;
     }
     template <size_t kFrom, size_t kTo>
     [[gnu::always_inline]] static bool parts(Writing &writing, Cursor &cursor, const uint8_t *end) {
         constexpr Node kPart = kCompiled.nodes[kFrom];
-        if (!fixed<kFrom>(writing, cursor, end)) return false;
+        if (!fixed<kFrom>(writing, cursor, end)) [[unlikely]]
+            return false;
         if (!kPart.has_fx || !has_fx(cursor.at[-1])) {
             writing.is_lossy |= kPart.is_silent;
             return true;
         }
         if constexpr (kFrom + 1 != kTo) return parts<kFrom + 1, kTo>(writing, cursor, end);
         writing.is_lossy = true;
-        while (cursor.at != end && has_fx(*cursor.at++)) {} // parts that no edition knows
+        bool goes_on = true;
+        while (goes_on && cursor.at != end) goes_on = has_fx(*cursor.at++); // parts that no edition knows
         return true;
     }
 
@@ -283,7 +317,7 @@ private:
         } else {
             while (cursor.at != end && has_fx(*cursor.at)) ++cursor.at;
             if (cursor.at == end) return false;
-            writing.is_lossy |= cursor.at != first && *cursor.at == 0; // the last octet announces nothing
+            if (cursor.at != first && *cursor.at == 0) writing.is_lossy = true; // the last octet announces nothing
             ++cursor.at;
         }
         return cursor.at != first;
@@ -317,12 +351,14 @@ private:
 
     template <size_t kNode>
     [[gnu::always_inline]] static bool repetitive(Writing &writing, Cursor &cursor, const uint8_t *end) {
-        constexpr size_t kElement = kCompiled.nodes[kNode].first;
+        constexpr Node kElement = kCompiled.nodes[kCompiled.nodes[kNode].first];
         if (!has(cursor, end, 1)) return false;
-        unsigned left = *cursor.at++;
-        if (!has(cursor, end, left * kCompiled.nodes[kElement].octets)) return false;
+        const size_t octets = *cursor.at++ * kElement.octets;
+        if (!has(cursor, end, octets)) return false;
+        end = cursor.at + octets;
         char *const bracket = open<kNode>(cursor);
-        for (; left != 0; --left) fixed<kElement>(writing, cursor, end);
+        for (; cursor.at != end; cursor.at += kElement.octets)
+            cursor.out = pieces<kElement.first, kElement.first + kElement.count>(writing, cursor.out, cursor.at);
         close(bracket, '[', ']', cursor);
         return true;
     }
@@ -379,7 +415,7 @@ private:
                 if constexpr (kPiece.op == Op::Plain || kPiece.op == Op::Value)
                     out = value<kFrom>(writing, text<kFrom>(writing, out, at), at);
                 else if constexpr (kPiece.op == Op::Spare)
-                    writing.is_lossy |= number_at<kPiece.bit, kPiece.bits>(at) != 0;
+                    spare<kFrom>(writing, at);
                 else if (is_there<kFrom>(writing, at))
                     out = pieces<kFrom + 1, kBehind>(writing, out, at);
                 return pieces<kBehind, kTo>(writing, out, at);
@@ -395,15 +431,21 @@ private:
             kPiece.message_type == kAnyMessageType || kPiece.message_type == writing.context.message_type;
         return is_type && number_at<kPiece.bit, kPiece.bits>(at) == kPiece.selector;
     }
+    template <size_t kPlace>
+    [[gnu::always_inline]] static void spare(Writing &writing, const uint8_t *at) {
+        constexpr Piece kPiece = kCompiled.pieces[kPlace];
+        if (number_at<kPiece.bit, kPiece.bits>(at) != 0) [[unlikely]]
+            writing.is_lossy = true;
+    }
     // By a status, or a number. A member without a status is to be 0.
     template <size_t kPlace>
     [[gnu::always_inline]] static bool is_there(Writing &writing, const uint8_t *at) {
         constexpr Piece kPiece = kCompiled.pieces[kPlace];
         const uint64_t number = number_at<kPiece.bit, kPiece.bits>(at);
-        if constexpr (kPiece.op == Op::UnlessZero) return number != 0;
-        const bool is_set = number >> (kPiece.bits - 1) != 0;
-        writing.is_lossy |= !is_set && number != 0;
-        return is_set;
+        if (kPiece.op == Op::UnlessZero) return number != 0;
+        if (number >> (kPiece.bits - 1) != 0) return true;
+        if (number != 0) writing.is_lossy = true;
+        return false;
     }
 
     template <size_t kPlace>
@@ -411,7 +453,7 @@ private:
         constexpr Piece kPiece = kCompiled.pieces[kPlace];
         if constexpr (kPiece.digits != 0) {
             at += kPiece.digits_octet;
-            if (writing.texts)
+            if (writing.texts) [[unlikely]]
                 return put_with_texts(out, {kText.data() + kPiece.text, kPiece.chars}, kDigits.data() + kPiece.digit,
                                       kPiece.digits, at, kPiece.item, kTexts.data());
             std::memcpy(out, kText.data() + kPiece.text, kPiece.chars);
@@ -429,13 +471,14 @@ private:
     [[gnu::always_inline]] static void digit(char *text, const uint8_t *at) {
         constexpr Digit kDigit = kCompiled.digits[kPlace];
         const int value = at[7 - kDigit.shift / 8] >> kDigit.shift % 8 & kDigit.mask;
-        text[kDigit.place] = static_cast<char>('0' + value);
+        text[kDigit.place] = static_cast<char>(text[kDigit.place] + value);
     }
 
     template <size_t kPlace>
     [[gnu::always_inline]] static char *value(Writing &writing, char *out, const uint8_t *at) {
         constexpr Piece kPiece = kCompiled.pieces[kPlace];
-        if constexpr (kPiece.op == Op::Plain) return out;
+        if constexpr (kPiece.op == Op::Plain)
+            return out;
         else {
             constexpr Field kField = *kPiece.field;
             if constexpr (kField.kind == Kind::Ascii)
@@ -447,7 +490,7 @@ private:
             else {
                 const uint64_t raw = number_at<kPiece.bit, kPiece.bits>(at);
                 if constexpr (kField.kind == Kind::Code)
-                    if (writing.texts)
+                    if (writing.texts) [[unlikely]]
                         return put_code(out, raw, text_of(kTexts.data(), kPiece.texts, *kPiece.field, raw));
                 return number<kPlace>(writing, out, raw);
             }
@@ -460,17 +503,18 @@ private:
         if constexpr (kField.kind == Kind::Icao) {
             return put(put_icao<kField.bits / kIcaoBits>(put(out, "\""), raw, writing.is_lossy), "\"");
         } else if constexpr (kField.kind == Kind::Octal) {
-            return put(put_symbols<kOctalBits>(put(out, "\""), raw, kField.bits / kOctalBits), "\"");
+            return put(Symbols<kOctalBits>::put(put(out, "\""), raw, kField.bits / kOctalBits), "\"");
         } else if constexpr (is_shown_as_octets(kField)) {
-            return put(put_symbols<kHexBits>(put(out, "\""), raw, hex_digits(kField)), "\"");
+            return put(Symbols<kHexBits>::put(put(out, "\""), raw, hex_digits(kField)), "\"");
         } else if constexpr (kField.kind == Kind::Code || kField.kind == Kind::Raw || kField.kind == Kind::Either) {
             return put_number(out, raw);
         } else {
             constexpr uint64_t kLargest = kField.is_quantity() ? in_decimals(kField, uint64_t{1} << kField.bits) : 1;
             using Number = std::conditional_t<(kLargest < UINT32_MAX) && kField.offset == 0, uint32_t, uint64_t>;
-            return put_value_by(out, kField, raw, [](char *to, uint64_t value) {
-                return put_quantity<kField.decimals>(to, static_cast<Number>(value));
-            });
+            return put_value_by(
+                out, kField, raw, [](char *to, uint64_t value) __attribute__((always_inline)) {
+                    return put_quantity<kField.decimals>(to, static_cast<Number>(value));
+                });
         }
     }
 };

@@ -90,6 +90,12 @@ constexpr ItemCase kValues[] = {
     {62998, "07 80 01 19 0C 03 00", R"("REF":"8001190C0300")"}, // one octet short of what it announces
     {21150, "40 00", R"("I150":{"IM":0,"AS":1})"},
     {21150, "81 F4", R"("I150":{"IM":1,"AS":0.5})"},
+    {62105, "00 00 00 01 FF FF FF FF", R"("I105":{"LAT":0.000005,"LON":-0.000005})"},
+    {62105, "80 00 00 00 7F FF FF FF", R"("I105":{"LAT":-11520,"LON":11519.999995})"},
+    {21131, "00 00 00 01 FF FF FF FF", R"("I131":{"LAT":0.00000017,"LON":-0.00000017})"},
+    {21131, "00 98 96 80 40 00 00 00", R"("I131":{"LAT":1.67638063,"LON":180})"},
+    {62390, "40 4B 4C 4D 31 32 20 20", R"("I390":{"CS":"KLM12"})"},
+    {62390, "40 22 4B 5C 31 20 20 20", R"("I390":{"CS":"\"K\\1"})"},
     {4120, "40 1A", R"("I120":{"CC":{"TID":1,"CPC":5,"CS":0}})"}, // no message type, so a raw number
 };
 
@@ -97,6 +103,7 @@ constexpr ItemCase kValues[] = {
 constexpr ItemCase kLossy[] = {
     {48161, "F0 7B", R"("I161":{"TRN":123},"octets":{"I161":"F07B"})"},               // spare bits
     {48240, "00 C3 60 82 08 20", R"("I240":"?LM","octets":{"I240":"00C360820820"})"}, // no character
+    {62390, "40 4B 7F 4D 31 32 20 20", R"("I390":{"CS":"K?M12"},"octets":{"I390":"404B7F4D31322020"})"},
     {48250, "01 46 50 00 00 00 00 00 40", R"("I250":[{"bds":"40"}],"octets":{"I250":"014650000000000040"})"},
     {48030, "05 21", R"("I030":[2,16],"octets":{"I030":"0521"})"}, // a chain that is cut
     {48170, "01 01 02",
@@ -198,19 +205,23 @@ TEST(Json, GivesNoTextWhereACodeHasNone) {
 
 // ---- There and back again ----
 
-// A buffer that is too small for the fast way, and one where octets follow the item, change nothing.
+// A buffer that is too small for the fast way, and octets that follow the item, change nothing.
 void expect_same_text(const ast_datarecord_t &record, bool texts) {
     const ast_json_line_t line{.texts = texts};
     const std::string json = json_of(record, &line);
     std::string cut(json.size(), '\0');
     EXPECT_EQ(ast_datarecord_to_json(cut.data(), cut.size(), &record, &line), json.size());
     EXPECT_EQ(cut.substr(0, cut.size() - 1), json.substr(0, json.size() - 1));
-    ast_datarecord_t followed = record;
-    Octets octets(record.items[0].data, record.items[0].data + record.items[0].size);
-    octets.resize(octets.size() + UINT8_MAX, 0xFF);
-    followed.items[0].data = octets.data();
-    followed.items[0].following = UINT8_MAX;
-    EXPECT_EQ(json_of(followed, &line), json);
+    const ast_dataitem_t &item = record.items[0];
+    constexpr uint8_t kFollowing[] = {1, 2, 3, 4, 5, 6, 7, UINT8_MAX};
+    for (const uint8_t following : kFollowing) {
+        Octets octets(item.size + following, 0xFF); // and not one more that could be read
+        std::copy_n(item.data, item.size, octets.begin());
+        ast_datarecord_t followed = record;
+        followed.items[0].data = octets.data();
+        followed.items[0].following = following;
+        EXPECT_EQ(json_of(followed, &line), json);
+    }
 }
 
 // A record of one item from its JSON is the item behind an FSPEC.

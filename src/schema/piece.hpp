@@ -1,4 +1,4 @@
-// What the JSON of items takes, as the compiler works it out of their rows: the text that always stands, where a digit
+// What the JSON of items takes, as it is worked out of their rows: the text that always stands, where a digit
 // of it is to be added to, and what is written between its pieces.
 #pragma once
 
@@ -12,9 +12,9 @@ enum class Op : uint8_t {
     Value, // its text and a field
     Spare, // nothing: bits that are to be 0
     // Some pieces are written or not:
-    IfSet,     // those of a member, by the status in front of it
+    IfSet,      // those of a member, by the status in front of it
     UnlessZero, // those of a number
-    Case,      // those of a reading; the last of them, a Skip, says how many behind it are those of all others
+    Case,       // those of a reading; the last of them, a Skip, says how many behind it are those of all others
     Skip,
 };
 
@@ -27,8 +27,8 @@ struct Digit {
     uint16_t texts = 0; // of its code, see Compiled::texts
 };
 
-// A text and what stands behind it. There are pieces while the library is compiled, not when it runs: functions are made
-// of them.
+// A text and what stands behind it. There are pieces while the library is compiled, not when it runs: functions are
+// made of them.
 struct Piece {
     Op op = Op::Plain;
     size_t text = 0; // where it starts in Compiled::text
@@ -48,8 +48,8 @@ struct Piece {
 
 enum class Shape : uint8_t { Fixed, Extended, Compound, Repetitive, Chained, Explicit, None, Random };
 
-// An item, a part or a subfield, while the library is compiled: pieces that are always the same, or nodes that are there
-// or not.
+// An item, a part or a subfield, while the library is compiled: pieces that are always the same, or nodes that are
+// there or not.
 struct Node {
     Shape shape = Shape::None;
     bool has_fx = false;    // of a part
@@ -57,12 +57,18 @@ struct Node {
     size_t octets = 0;      // of pieces; presence octets of a compound, 0 for those chained by FX
     size_t first = 0;       // piece or node
     size_t count = 0;
-    size_t text = 0;        // what opens it, of a node of nodes
+    size_t text = 0; // what opens it, of a node of nodes
     size_t chars = 0;
-    size_t room = 0;        // of an item: characters that its brackets and keys take at most
-    size_t density = 0;     // and those that come of an octet
+    size_t room = 0;    // of an item: characters that its brackets and keys take at most
+    size_t density = 0; // and those that come of an octet
     size_t density_with_texts = 0;
+    size_t along = 0; // octets behind it that may be read along with its last ones
+    size_t along_with_texts = 0;
 };
+
+// Octets that are read at once to have bits that cross no more than so many.
+constexpr size_t read_octets(size_t octets) { return octets <= 2 ? octets : octets <= 4 ? 4 : 8; }
+constexpr size_t octets_of_bits(size_t bit, size_t bits) { return (bit + bits - 1) / 8 - bit / 8 + 1; }
 
 // No list of texts: they are numbered, and looked for one by one; or there is none.
 constexpr uint16_t kLookedFor = UINT16_MAX;
@@ -82,9 +88,9 @@ struct Cursor {
 struct Writer {
     // Up to the end of the octets, with a comma in front. Null for what takes more than its octets.
     Cursor (*write)(Writing &writing, Cursor from, const uint8_t *end) = nullptr;
-    uint16_t room = 0; // characters that it takes at most: so many
-    uint16_t density = 0; // and for each octet
-    uint16_t density_with_texts = 0;
+    uint16_t room = 0;                      // characters that it takes at most: so many
+    std::array<uint16_t, 2> densities = {}; // and for each octet, without and with texts
+    std::array<uint8_t, 2> along = {};      // octets behind it that may be read along, the same
 };
 
 } // namespace ast::schema

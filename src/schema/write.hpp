@@ -56,9 +56,11 @@ inline char *put_octets(char *out, const uint8_t *data, uint64_t count) {
     return out;
 }
 
+// The first one lowest.
 inline uint64_t load_eight(const void *characters) {
     uint64_t eight = 0;
     std::memcpy(&eight, characters, sizeof eight);
+    if constexpr (std::endian::native == std::endian::big) eight = __builtin_bswap64(eight);
     return eight;
 }
 

@@ -394,9 +394,9 @@ void read_six_bit_callsign(Answering &answering, const uint8_t *data, uint64_t s
         text = (text & ~where) | (in_each_octet(schema::kUndefinedCharacter) & where);
         if ((text & ~where) == (kBlanks & ~where)) return;
     }
-    const uint64_t inked = text ^ kBlanks;
+    const uint64_t inked = codes & in_each_octet(0x1F); // neither blanks nor zeros, with which some fill up
     if (inked == 0 || !answering.claim<choice>(AST_ANSWER_CALLSIGN)) return;
-    const auto behind = static_cast<unsigned>(std::countr_zero(inked)) & ~7U; // the bits of the blanks at the end
+    const auto behind = static_cast<unsigned>(std::countr_zero(inked)) & ~7U; // the bits of what is filled up
     text = text >> behind << behind;
     for (unsigned i = 0; i < sizeof text; ++i) answering.out.callsign[i] = static_cast<char>(text >> (56 - 8 * i));
 }

@@ -329,6 +329,8 @@ const Case kTargets[] = {
      {{48250, "04 E0 1C 01 35 C0 04 D2 50 A0 0A 31 32 3F 64 05 60 88 B8 00 00 00 00 00 40 20 50 86 71 04 28 20 20"}},
      "type=plot callsign=THY1AB selected_altitude_ft=4464 groundspeed_kt=430 track_deg=270 magnetic_heading_deg=90 "
      "vertical_rate_ftmin=-640 roll_deg=-45 true_airspeed_kt=420 indicated_airspeed_kt=280 mach=0.8"},
+    {"048, an identification filled up with zeros", 48, {{48240, "10 C2 35 C7 00 00"}}, "type=plot callsign=DLH510"},
+    {"048, one of zeros", 48, {{48240, "00 00 00 00 00 00"}}, "type=plot"},
     {"048, fields of registers without their status bits", // the inertial rate alone has one
      48,
      {{48250, "03 60 1C 01 35 C0 28 D2 50 20 02 30 32 1F 64 05 60 08 BA 23 00 00 00 00 40"}},

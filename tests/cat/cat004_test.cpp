@@ -25,6 +25,8 @@ TEST(Cat004Status, ReadsTheFirstOctetAndReportsFurtherOnes) {
     LogCapture log;
     expect_values(4060, "2A = 0|0|1|0|1|0|1; 80 = 1|0|0|0|0|0|0"); // MRVA is bit 8, STCA bit 2
     EXPECT_EQ(log.take(), LogLines{});
+    EXPECT_FALSE(ast_dataitem_004_060_decode(Item(4040, "80")).valid);
+    EXPECT_FALSE(ast_dataitem_004_060_decode(Item(4060, "81 01 01 01 01 01 00")).valid);
     const Item status(4060, "81 FE");
     EXPECT_EQ(ast_dataitem_004_060_decode(status).function_count, 14U);
     EXPECT_EQ(text_from(ast_dataitem_get_summary, static_cast<const ast_dataitem_t *>(status)), "FUNCTIONS:1");

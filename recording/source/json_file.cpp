@@ -185,6 +185,8 @@ bool JsonFile::read() {
 }
 
 void JsonFile::take(std::string_view object, Chunk &chunk) {
+    // It would take longer to find out what of it is wrong than anybody waits.
+    if (object.size() >= kMostCharacters) return report(object, 0, {}, "is longer than a record can be", chunk);
     const bool is_line = object.ends_with('\n');
     object = object.substr(0, object.find_last_not_of(is_array() ? kBetweenElements : kBlanks) + 1);
     if (object.empty()) return;

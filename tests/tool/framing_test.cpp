@@ -190,6 +190,17 @@ TEST(Json, SaysWhatOfAnObjectIsWrong) {
               "astdump: lost: 5 lines not read\n");
 }
 
+// 32 MB, which no record takes, are not looked into.
+TEST(Json, OfAnyLengthCostsNoMoreThanItself) {
+    Command command;
+    command.write("input", "{\"category\":34,\"I000\":[" + std::string(size_t{32} * 1024 * 1024, '1') +
+                               "\n{\"category\":34,\"I000\":1}\n");
+    const Result result = command.run("--stats input");
+    EXPECT_EQ(result.err, "astdump: input: line 1, character 1: is longer than a record can be\n"
+                          "astdump: lost: 1 line not read\n");
+    EXPECT_NE(result.out.find("all               1          0"), std::string::npos) << result.out;
+}
+
 // Of any layout, all in one line included.
 TEST(Json, AnArrayIsReadLikeLines) {
     const std::string plot = R"({"category":48,"I010":{"SAC":25,"SIC":12}})", sector = R"({"category":34,"I000":2})";

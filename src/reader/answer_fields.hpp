@@ -381,6 +381,12 @@ constexpr uint64_t undefined_codes(uint64_t codes) {
     return ((is_other & from_1 & ~digit) | (~is_other & ~letter)) & in_each_octet(0x80);
 }
 
+// The characters that a number of eight octets is, the highest one first.
+inline void write_characters(char *to, uint64_t characters) {
+    if constexpr (std::endian::native == std::endian::little) characters = __builtin_bswap64(characters);
+    std::memcpy(to, &characters, sizeof characters);
+}
+
 // Eight characters of six bits each, from an octet on that counts from 0; or fewer of eight bits.
 template <unsigned octet, unsigned choice>
 void read_six_bit_callsign(Answering &answering, const uint8_t *data, uint64_t size) {
@@ -397,8 +403,7 @@ void read_six_bit_callsign(Answering &answering, const uint8_t *data, uint64_t s
     const uint64_t inked = codes & in_each_octet(0x1F); // neither blanks nor zeros, with which some fill up
     if (inked == 0 || !answering.claim<choice>(AST_ANSWER_CALLSIGN)) return;
     const auto behind = static_cast<unsigned>(std::countr_zero(inked)) & ~7U; // the bits of what is filled up
-    text = text >> behind << behind;
-    for (unsigned i = 0; i < sizeof text; ++i) answering.out.callsign[i] = static_cast<char>(text >> (56 - 8 * i));
+    write_characters(answering.out.callsign, text >> behind << behind);
 }
 template <unsigned chars, unsigned choice>
 void read_ascii_callsign(Answering &answering, const uint8_t *data, uint64_t size) {

@@ -7,6 +7,7 @@
  * records as JSON, all of them also in gzip or zstd, on standard input, in memory, and on the network as they come.
  *
  *     static void tell(void *context, const ast_recording_report_t *report) {
+ *         (void)context;
  *         char text[500];
  *         ast_recording_report_to_text(text, sizeof text, report);
  *         fprintf(stderr, "%s: %s\n", report->file, text);
@@ -23,7 +24,7 @@
  *         for (uint64_t r = 0; ast_recording_get_record(recording, r, &record); ++r)
  *             printf("%06X\n", ast_datarecord_get_icaoaddr(&record).address);
  *     ast_recording_state_t state;
- *     if (ast_recording_get_state(recording, &state) != AST_RECORDING_ENDED) fprintf(stderr, "%s\n", state.error.text);
+ *     const bool is_read = ast_recording_get_state(recording, &state) == AST_RECORDING_ENDED; // why not has been told
  *     ast_recording_close(recording);
  *
  * What holds everywhere:

@@ -29,8 +29,8 @@ bool RawFile::fill(Chunk &chunk) {
 }
 
 // A file that was cut off at its beginning may begin in the midst of a block, and so may what follows octets that are
-// none, as far as these go. Returns what of it is left over. Of what
-// is at rest, as much is looked at wherever a chunk ends.
+// none, as far as these go. Returns what of it is left over. Of what is at rest, as much is looked at wherever a chunk
+// ends.
 uint64_t RawFile::begin(Chunk &chunk, Patience &patience) {
     constexpr size_t kHeadOctets = kMaxBlockOctets + 1;
     if (offset_ != 0 && !is_lost_) return 0;

@@ -436,11 +436,12 @@ struct Kind {
     uint8_t type;
 };
 
-template <const auto &kinds, unsigned first, unsigned width>
+// Of a code that is none of these, `otherwise`.
+template <const auto &kinds, unsigned first, unsigned width, uint32_t otherwise = 0>
 void read_type(Answering &answering, const uint8_t *data, uint64_t size) {
     if (size * 8 < first + width - 1) return;
     const uint32_t code = Octets{data}.bits<first, width>();
-    answering.out.type = 0;
+    answering.out.type = otherwise;
     for (const Kind &kind : kinds)
         if (kind.code == code) answering.out.type = kind.type;
 }

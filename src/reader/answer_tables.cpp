@@ -138,10 +138,7 @@ constexpr Kind kTypes004[] = {{1, AST_MESSAGE_STATUS}};
 
 // Every other message is an alert.
 constexpr Row k004[] = {
-    {0, [](Answering &answering, const uint8_t *data, uint64_t size) {
-         read_type<kTypes004, 1, 8>(answering, data, size);
-         if (answering.out.type == 0) answering.out.type = AST_MESSAGE_ALERT;
-     }},
+    {0, read_type<kTypes004, 1, 8, AST_MESSAGE_ALERT>},
     {10, kSource},
     {20, kTime},
     {30, kTrackNumber16},
@@ -297,10 +294,7 @@ constexpr Kind kTypes017[] = {{10, AST_MESSAGE_TRACK}};
 
 // Every other message is coordination.
 constexpr Row k017[] = {
-    {0, [](Answering &answering, const uint8_t *data, uint64_t size) {
-         read_type<kTypes017, 1, 8>(answering, data, size);
-         if (answering.out.type == 0) answering.out.type = AST_MESSAGE_COORDINATION;
-     }},
+    {0, read_type<kTypes017, 1, 8, AST_MESSAGE_COORDINATION>},
     {10, kSource},
     {45, kGlobe24<0>},
     {50, read<2, number(Fl, 3, 14, {1, 4}).when_clear(1, 2)>}, // not signed
@@ -624,10 +618,7 @@ constexpr Row k065[] = {
 constexpr Kind kTypes150[] = {{251, AST_MESSAGE_ALERT}};
 
 constexpr Row k150[] = {
-    {30, [](Answering &answering, const uint8_t *data, uint64_t size) {
-         read_type<kTypes150, 1, 8>(answering, data, size);
-         if (answering.out.type == 0) answering.out.type = AST_MESSAGE_FLIGHT_PLAN;
-     }},
+    {30, read_type<kTypes150, 1, 8, AST_MESSAGE_FLIGHT_PLAN>},
     {50, read_ascii_callsign<7, 0>},
     {60, read_ascii_squawk},
     {210, kTrackNumber16},

@@ -159,50 +159,36 @@ TEST(FlatRecord, Of020HasAMemberForEachItem) {
         MEMBER(20400, contributing_devices), MEMBER(20500, position_accuracy)});
 }
 
+// What editions 2.1 to 2.6 of category 021 share.
+#define MEMBERS_OF_021                                                                                                 \
+    MEMBER(21008, operational_status), MEMBER(21010, data_source), MEMBER(21015, service_id),                          \
+    MEMBER(21016, service_management), MEMBER(21020, emitter_category), MEMBER(21040, target_report),                  \
+    MEMBER(21070, mode_3a), MEMBER(21071, position_applies), MEMBER(21072, velocity_applies),                          \
+    MEMBER(21073, position_received), MEMBER(21074, position_received_high), MEMBER(21075, velocity_received),         \
+    MEMBER(21076, velocity_received_high), MEMBER(21077, transmitted), MEMBER(21080, target_address),                  \
+    MEMBER(21090, quality_indicators), MEMBER(21130, position), MEMBER(21131, position_high),                          \
+    MEMBER(21132, message_amplitude), MEMBER(21140, geometric_altitude), MEMBER(21145, flight_level),                  \
+    MEMBER(21150, air_speed), MEMBER(21155, barometric_rate), MEMBER(21157, geometric_rate),                           \
+    MEMBER(21160, ground_vector), MEMBER(21161, track_number), MEMBER(21170, target_id),                               \
+    MEMBER(21200, target_status), MEMBER(21210, mops_version)
+
 TEST(FlatRecord, Of021HasAMemberForEachItem) {
     FLAT(021);
     expect_members<Flat, disassemble>(21, {
-        MEMBER(21008, operational_status), MEMBER(21010, data_source), MEMBER(21015, service_id),
-        MEMBER(21016, service_management), MEMBER(21020, emitter_category), MEMBER(21040, target_report),
-        MEMBER(21070, mode_3a), MEMBER(21071, position_applies), MEMBER(21072, velocity_applies),
-        MEMBER(21073, position_received), MEMBER(21074, position_received_high), MEMBER(21075, velocity_received),
-        MEMBER(21076, velocity_received_high), MEMBER(21077, transmitted), MEMBER(21080, target_address),
-        MEMBER(21090, quality_indicators), MEMBER(21130, position), MEMBER(21131, position_high),
-        MEMBER(21132, message_amplitude), MEMBER(21140, geometric_altitude), MEMBER(21145, flight_level),
-        MEMBER(21146, selected_altitude), MEMBER(21150, air_speed), MEMBER(21151, true_air_speed),
-        MEMBER(21152, magnetic_heading), MEMBER(21155, barometric_rate), MEMBER(21157, geometric_rate),
-        MEMBER(21160, ground_vector), MEMBER(21161, track_number), MEMBER(21170, target_id),
-        MEMBER(21200, target_status), MEMBER(21210, mops_version), MEMBER(21295, data_ages)});
+        MEMBERS_OF_021, MEMBER(21146, selected_altitude), MEMBER(21151, true_air_speed),
+        MEMBER(21152, magnetic_heading), MEMBER(21295, data_ages)});
 }
 
 TEST(FlatRecord, Of021V26HasAMemberForEachItem) {
     FLAT(021_v26);
     expect_members<Flat, disassemble>(21, {
-        MEMBER(21008, operational_status), MEMBER(21010, data_source), MEMBER(21015, service_id),
-        MEMBER(21016, service_management), MEMBER(21020, emitter_category), MEMBER(21040, target_report),
-        MEMBER(21070, mode_3a), MEMBER(21071, position_applies), MEMBER(21072, velocity_applies),
-        MEMBER(21073, position_received), MEMBER(21074, position_received_high), MEMBER(21075, velocity_received),
-        MEMBER(21076, velocity_received_high), MEMBER(21077, transmitted), MEMBER(21080, target_address),
-        MEMBER(21090, quality_indicators), MEMBER(21130, position), MEMBER(21131, position_high),
-        MEMBER(21132, message_amplitude), MEMBER(21140, geometric_altitude), MEMBER(21145, flight_level),
-        MEMBER(21150, air_speed), MEMBER(21155, barometric_rate), MEMBER(21157, geometric_rate),
-        MEMBER(21160, ground_vector), MEMBER(21161, track_number), MEMBER(21170, target_id),
-        MEMBER(21200, target_status), MEMBER(21210, mops_version), MEMBER(21295, data_ages)});
+        MEMBERS_OF_021, MEMBER(21295, data_ages)});
 }
 
 TEST(FlatRecord, Of021V21HasAMemberForEachItem) {
     FLAT(021_v21);
     expect_members<Flat, disassemble>(21, {
-        MEMBER(21008, operational_status), MEMBER(21010, data_source), MEMBER(21015, service_id),
-        MEMBER(21016, service_management), MEMBER(21020, emitter_category), MEMBER(21040, target_report),
-        MEMBER(21070, mode_3a), MEMBER(21071, position_applies), MEMBER(21072, velocity_applies),
-        MEMBER(21073, position_received), MEMBER(21074, position_received_high), MEMBER(21075, velocity_received),
-        MEMBER(21076, velocity_received_high), MEMBER(21077, transmitted), MEMBER(21080, target_address),
-        MEMBER(21090, quality_indicators), MEMBER(21130, position), MEMBER(21131, position_high),
-        MEMBER(21132, message_amplitude), MEMBER(21140, geometric_altitude), MEMBER(21145, flight_level),
-        MEMBER(21150, air_speed), MEMBER(21155, barometric_rate), MEMBER(21157, geometric_rate),
-        MEMBER(21160, ground_vector), MEMBER(21161, track_number), MEMBER(21170, target_id),
-        MEMBER(21200, target_status), MEMBER(21210, mops_version)});
+        MEMBERS_OF_021});
 }
 
 TEST(FlatRecord, Of021V026HasAMemberForEachItem) {

@@ -129,10 +129,14 @@ TEST(Live, AFileThatGrowsIsFollowed) {
     EXPECT_EQ(block.offset, 11U);
 }
 
+void make_pipe_of(const TemporaryFile &file) {
+    EXPECT_EQ(unlink(file.path().c_str()), 0);
+    EXPECT_EQ(mkfifo(file.path().c_str(), 0600), 0);
+}
+
 TEST(Live, APipeIsReadWhenSomebodyWritesToIt) {
     const TemporaryFile file;
-    ASSERT_EQ(unlink(file.path().c_str()), 0);
-    ASSERT_EQ(mkfifo(file.path().c_str(), 0600), 0);
+    make_pipe_of(file);
     const auto recording = open({file.path()});
     ast_recording_block_t block;
     EXPECT_FALSE(ast_recording_next_within(recording.get(), &block, kMoment_ms));
@@ -149,14 +153,18 @@ TEST(Live, APipeIsReadWhenSomebodyWritesToIt) {
 
 // ---- Interruption ----
 
+std::thread interrupt_in_a_moment(ast_recording_t *recording) {
+    return std::thread([=] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(kMoment_ms));
+        ast_recording_interrupt(recording);
+    });
+}
+
 TEST(Interruption, EndsAWaitFromAnotherThread) {
     Socket receiver(SOCK_DGRAM);
     receiver.close();
     const auto recording = open({"udp://" + receiver.address()});
-    std::thread other([&] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(kMoment_ms));
-        ast_recording_interrupt(recording.get());
-    });
+    std::thread other = interrupt_in_a_moment(recording.get());
     ast_recording_block_t block;
     EXPECT_FALSE(ast_recording_next(recording.get(), &block));
     other.join();
@@ -181,8 +189,7 @@ TEST(Interruption, EndsAWaitFromASignalHandler) {
 
 TEST(Interruption, EndsAWaitForAPipeThatNobodyWritesTo) {
     const TemporaryFile file;
-    ASSERT_EQ(unlink(file.path().c_str()), 0);
-    ASSERT_EQ(mkfifo(file.path().c_str(), 0600), 0);
+    make_pipe_of(file);
     const auto recording = open({file.path()});
     ast_recording_block_t block;
     EXPECT_FALSE(ast_recording_next_within(recording.get(), &block, kMoment_ms));
@@ -242,10 +249,7 @@ TEST(Interruption, EndsASearchForBlocks) {
     const std::vector<uint8_t> octets(2'000'000, 0xF7);
     for (const char *const framing : {"raw", "gps"}) {
         const auto recording = open(octets, {.framing = framing});
-        std::thread other([&] {
-            std::this_thread::sleep_for(std::chrono::milliseconds(kMoment_ms));
-            ast_recording_interrupt(recording.get());
-        });
+        std::thread other = interrupt_in_a_moment(recording.get());
         const auto begin = std::chrono::steady_clock::now();
         ast_recording_block_t block;
         while (ast_recording_next(recording.get(), &block)) continue;

@@ -62,4 +62,18 @@ const char *read_register_number(uint32_t &number, Slice object) {
     return nullptr;
 }
 
+bool find_profile(ast_uap_t &uap, Slice name) {
+    for (const ast_uap_t *each : {&AST_UAP_PUBLISHED, &AST_UAP_PUBLISHED_OTHER})
+        if (name == profile_name(*each)) {
+            uap = *each;
+            return true;
+        }
+    for (uint64_t i = 0; i < ast_uap_get_number(); ++i)
+        if (const ast_uap_info_t info = ast_uap_get_info(i); name == info.name) {
+            uap = *info.uap;
+            return true;
+        }
+    return false;
+}
+
 } // namespace ast::schema

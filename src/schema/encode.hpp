@@ -66,4 +66,7 @@ const char *read_leaf(uint64_t &raw, const Field &field, Slice value);
 // The number of a register, from an object with "bds".
 const char *read_register_number(uint32_t &number, Slice object);
 
+// The profile of a name; false for a name that no profile has.
+bool find_profile(ast_uap_t &uap, Slice name);
+
 } // namespace ast::schema

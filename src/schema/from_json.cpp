@@ -4,7 +4,9 @@
 #include <iterator>
 
 #include "core/bits.hpp"
+#include "schema/line_keys.hpp"
 #include "schema/match.hpp"
+#include "schema/ordered.hpp"
 
 namespace ast::schema {
 
@@ -341,21 +343,6 @@ private:
 
 // ---- Records ----
 
-// The members of a line that are no items.
-constexpr Slice kLineKeys[] = {"\"file\"",    "\"block\"",       "\"record\"", "\"time\"",
-                               "\"source\"",  "\"destination\"", "\"offset\"", "\"category\"",
-                               "\"profile\"", "\"ambiguous\"",   "\"error\"",  "\"octets\""};
-
-constexpr unsigned kNoLineKey = std::size(kLineKeys);
-
-unsigned find_line_key(Slice key) {
-    if (key.size() < 2 || key[1] < 'a') return kNoLineKey; // as those of items
-    unsigned place = 0;
-    while (place != kNoLineKey && kLineKeys[place] != key) ++place;
-    return place;
-}
-bool is_line_key(Slice key) { return find_line_key(key) != kNoLineKey; }
-
 // Which of the two published profiles of a category an item tells, by codes from 0 to 255.
 struct Choice {
     uint32_t category;
@@ -376,21 +363,6 @@ ast_uap_t published_profile(uint32_t category, const JsonObject &record) {
             return AST_UAP_PUBLISHED_OTHER;
     }
     return AST_UAP_PUBLISHED;
-}
-
-// The profile of a name; false for a name that no profile has.
-bool find_profile(ast_uap_t &uap, Slice name) {
-    for (const ast_uap_t *each : {&AST_UAP_PUBLISHED, &AST_UAP_PUBLISHED_OTHER})
-        if (name == profile_name(*each)) {
-            uap = *each;
-            return true;
-        }
-    for (uint64_t i = 0; i < ast_uap_get_number(); ++i)
-        if (const ast_uap_info_t info = ast_uap_get_info(i); name == info.name) {
-            uap = *info.uap;
-            return true;
-        }
-    return false;
 }
 
 // As far as FSPECs of nine octets go.
@@ -653,6 +625,8 @@ using namespace ast::schema;
 
 ast_json_result_t ast_datarecord_from_json(uint8_t *buffer, uint64_t length, const char *json, uint64_t chars) {
     const Slice text = json ? Slice(json, static_cast<size_t>(chars)) : Slice("");
+    ast_json_result_t ordered;
+    if (buffer && read_ordered(ordered, buffer, length, text)) return ordered;
     if (const JsonFault fault = check_json(text); fault.what) {
         ast_json_result_t result{};
         result.error = fault.what;

@@ -15,6 +15,7 @@ namespace {
 
 constexpr uint32_t kCategories = 256;
 constexpr uint32_t kItems = 1000;     // numbers of a category
+constexpr uint32_t kFirstOther = 900; // from here on they are no numbers of items: other layouts of some, REF, SPF
 constexpr uint32_t kAdsB = 21;        // the category whose editions differ under one number
 constexpr uint32_t kRegisters = 256;  // numbers of Mode S registers
 constexpr size_t kCategoryDigits = 5; // "I048/" in front of an item
@@ -121,7 +122,9 @@ struct FieldPath::Resolver {
 
 void FieldPath::resolve(uint32_t category, const ast_uap_t &uap) {
     if (AST_UAP_PUBLISHED.max_frn(category) == 0) return;
+    const std::optional<uint32_t> own = read_number<uint32_t>(std::string_view(path_).substr(0, kItemDigits));
     for (uint32_t number = 0; number < kItems; ++number) {
+        if (number < kFirstOther && number != own) continue;
         const ast_dataitem_type_t type = AST_DATAITEM_TYPE(category, number);
         Resolver resolver{*this, {}};
         ast_dataitem_describe(type, uap, Resolver::field, &resolver);

@@ -20,6 +20,13 @@ constexpr size_t kMostCharacters = size_t{32} * 1024 * 1024;
 // Of one that is still read when the user has seen enough.
 constexpr size_t kFewCharacters = size_t{1024} * 1024;
 
+// Few in long texts.
+uint64_t feeds_in(std::string_view text) {
+    uint64_t feeds = 0;
+    for (size_t at = text.find('\n'); at != std::string_view::npos; at = text.find('\n', at + 1)) ++feeds;
+    return feeds;
+}
+
 // Follows the braces of an object from line to line. No string goes on behind its line.
 class Nesting {
 public:
@@ -97,11 +104,13 @@ bool JsonFile::fill(Chunk &chunk) {
 }
 
 void JsonFile::pass(std::string_view text) {
+    if (text.empty()) return;
     const size_t feed = text.rfind('\n');
     column_ = feed == std::string_view::npos ? column_ + text.size() : text.size() - feed - 1;
-    line_ += static_cast<uint64_t>(std::ranges::count(text, '\n'));
+    line_ += feeds_in(text);
     offset_ += text.size();
     begin_ += text.size();
+    encoded_ = {};
 }
 
 // Whether the objects are the elements of one array, instead of standing for themselves.
@@ -152,6 +161,7 @@ std::string_view JsonFile::next_object() {
         const size_t begin = size;
         size = end_of_line(begin);
         if (size == begin || is_too_late(size)) break;
+        if (begin == 0 && is_record(std::string_view(text_).substr(begin_, size))) break;
         if (begin != 0 && text_[begin_ + begin] == '{') {
             size = begin;
             break;
@@ -159,6 +169,19 @@ std::string_view JsonFile::next_object() {
         nesting.follow(std::string_view(text_).substr(begin_ + begin, size - begin));
     } while (nesting.is_open() && size < kMostCharacters);
     return std::string_view(text_).substr(begin_, size);
+}
+
+// Most lines are one object each, whose braces need not be followed: who encodes it finds that out.
+bool JsonFile::is_record(std::string_view line) {
+    line = line.substr(0, line.find_last_not_of(kBlanks) + 1);
+    return line.ends_with('}') && line.size() < kMostCharacters && encode(line).valid;
+}
+
+// What has been encoded just before is not encoded again.
+const ast_json_result_t &JsonFile::encode(std::string_view object) {
+    if (object.data() == encoded_.data() && object.size() == encoded_.size()) return result_;
+    encoded_ = object;
+    return result_ = ast_datarecord_from_json(record_.data(), record_.size(), object.data(), object.size());
 }
 
 bool JsonFile::is_too_late(size_t characters) const { return characters > kFewCharacters && stream_.cut_off(); }
@@ -177,6 +200,7 @@ bool JsonFile::read() {
     constexpr size_t kOctetsAtATime = size_t{64} * 1024;
     text_.erase(0, begin_);
     begin_ = 0;
+    encoded_ = {};
     const size_t had = text_.size();
     text_.resize(had + kOctetsAtATime);
     const size_t count = stream_.read(reinterpret_cast<uint8_t *>(text_.data()) + had, kOctetsAtATime);
@@ -190,8 +214,7 @@ void JsonFile::take(std::string_view object, Chunk &chunk) {
     const bool is_line = object.ends_with('\n');
     object = object.substr(0, object.find_last_not_of(is_array() ? kBetweenElements : kBlanks) + 1);
     if (object.empty()) return;
-    const ast_json_result_t result =
-        ast_datarecord_from_json(record_.data(), record_.size(), object.data(), object.size());
+    const ast_json_result_t result = encode(object);
     // What was about to be written when the user had seen enough is no damage.
     if (!result.valid && stream_.cut_off() && !is_line) return;
     if (!result.valid)
@@ -244,9 +267,8 @@ bool JsonFile::goes_on_together(const Chunk &chunk) const {
 void JsonFile::report(std::string_view object, uint64_t position, std::string_view path, const char *error,
                       Chunk &chunk) {
     const std::string_view before = object.substr(0, position);
-    const auto lines = static_cast<uint64_t>(std::ranges::count(before, '\n'));
     const size_t feed = before.rfind('\n');
-    chunk.reports().line(line_ + lines,
+    chunk.reports().line(line_ + feeds_in(before),
                          feed == std::string_view::npos ? column_ + before.size() + 1 : before.size() - feed, path,
                          error);
 }

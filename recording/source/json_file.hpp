@@ -2,6 +2,7 @@
 // array.
 #pragma once
 
+#include <ast.h>
 #include <string>
 #include <string_view>
 
@@ -41,6 +42,8 @@ private:
     bool is_array();
     std::string_view next_element();
     std::string_view next_object();
+    bool is_record(std::string_view line);
+    const ast_json_result_t &encode(std::string_view object);
     size_t end_of_line(size_t from);
     bool is_too_late(size_t characters) const;
     bool read();
@@ -59,6 +62,8 @@ private:
     uint64_t column_ = 0; // and how many characters are in front of it there
     std::optional<bool> is_array_;
     std::vector<uint8_t> record_;
+    std::string_view encoded_; // the object whose octets these are
+    ast_json_result_t result_{};
     std::optional<Block> block_;
     Datagram last_; // time and route of the last block, and with what it came together
 };

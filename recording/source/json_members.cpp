@@ -1,6 +1,8 @@
 #include "source/json_members.hpp"
 
 #include <algorithm>
+#include <array>
+#include <utility>
 
 #include "base/endpoint.hpp"
 #include "base/time.hpp"
@@ -8,6 +10,21 @@
 namespace ast::recording {
 
 namespace {
+
+// What the end of a value may be found by.
+constexpr auto kIsMark = [] {
+    std::array<bool, 256> marks{};
+    for (const char c : {'"', ',', '{', '[', '}', ']'}) marks[static_cast<uint8_t>(c)] = true;
+    return marks;
+}();
+
+// Whether a small letter stands behind a quote anywhere, as in every key that is looked for.
+bool may_have_key(std::string_view text) {
+    uint8_t found = 0;
+    for (size_t i = 1; i < text.size(); ++i)
+        found |= static_cast<uint8_t>((text[i - 1] == '"') & (text[i] >= 'a') & (text[i] <= 'z'));
+    return found != 0;
+}
 
 bool is_blank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 
@@ -26,6 +43,8 @@ public:
         value = anything();
         return true;
     }
+
+    std::string_view rest() const { return text_.substr(at_); }
 
     std::string_view name; // both as they stand, in quotes
     std::string_view value;
@@ -46,7 +65,9 @@ private:
     // Up to the comma or brace behind it.
     std::string_view anything() {
         const size_t begin = at_;
-        for (size_t depth = 0; at_ < text_.size();) {
+        for (size_t depth = 0;;) {
+            while (at_ < text_.size() && !kIsMark[static_cast<uint8_t>(text_[at_])]) ++at_;
+            if (at_ == text_.size()) break;
             const char c = text_[at_];
             const bool closes = c == '}' || c == ']';
             if (depth == 0 && (closes || c == ',')) break;
@@ -77,7 +98,12 @@ std::string_view unquoted(std::string_view value) {
 JsonMembers read_members(std::string_view object) {
     JsonMembers found;
     Members members(object);
+    bool has_looked_on = false;
     while (members.next()) {
+        if (members.name[1] < 'a') { // an item, behind which as a rule nothing else comes
+            if (!std::exchange(has_looked_on, true) && !may_have_key(members.rest())) break;
+            continue;
+        }
         if (members.value.starts_with("null")) continue;
         const std::string_view text = unquoted(members.value);
         const char *error = nullptr;

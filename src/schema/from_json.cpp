@@ -365,10 +365,6 @@ ast_uap_t published_profile(uint32_t category, const JsonObject &record) {
     return AST_UAP_PUBLISHED;
 }
 
-// As far as FSPECs of nine octets go.
-constexpr uint32_t kMaxFrn = 63;
-constexpr uint32_t kFrnsOfOctet = 7;
-
 struct Announced {
     ast_dataitem_type_t type = AST_DATAITEM_NONE;
     const Field *field = nullptr; // null where no edition describes the type

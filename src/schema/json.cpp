@@ -11,7 +11,6 @@ namespace ast::schema {
 
 namespace {
 
-constexpr bool is_blank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 constexpr bool is_digit(char c) { return c >= '0' && c <= '9'; }
 constexpr bool is_plain(unsigned char c) { return c >= ' ' && c <= '~' && c != '"' && c != '\\'; }
 constexpr bool is_hex_digit(char c) { return is_digit(c) || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f'); }

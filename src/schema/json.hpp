@@ -19,6 +19,8 @@ JsonFault check_json(Slice text);
 // The value without blanks around it.
 Slice trimmed(Slice text);
 
+constexpr bool is_blank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
+
 inline bool is_null(Slice value) { return value == "null"; }
 inline bool is_object(Slice value) { return !value.empty() && value[0] == '{'; }
 inline bool is_array(Slice value) { return !value.empty() && value[0] == '['; }

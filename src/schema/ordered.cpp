@@ -12,8 +12,6 @@ namespace ast::schema {
 
 namespace {
 
-constexpr bool is_blank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
-
 const uint8_t *octets_of(const char *chars) { return reinterpret_cast<const uint8_t *>(chars); }
 
 // A place in a text whose last character is a brace. Whoever takes no brace does not come behind its end, so that only
@@ -22,7 +20,6 @@ class TextCursor {
 public:
     explicit TextCursor(Slice text) : at_(text.data()), end_(at_ + text.size()) {}
 
-    const char *at() const { return at_; }
     bool is_at(char c) const { return *at_ == c; }
     bool is_at_end() const { return at_ == end_; }
     bool is_at_item() const { return at_[1] < 'a'; } // of members, by their first letters
@@ -228,16 +225,13 @@ public:
     }
 
 private:
-    static constexpr uint32_t kMaxFrn = 63;
-    static constexpr uint32_t kFrnsOfOctet = 7;
-
     // ---- Lines ----
 
     bool line_member() {
-        Slice key;
-        if (!text_.string(key) || !text_.open(':')) return false;
+        Slice text;
+        if (!text_.string(text) || !text_.open(':')) return false;
         if (text_.word("null")) return true;
-        const unsigned place = find_line_key(key);
+        const unsigned place = find_line_key(text);
         if (place == kNoLineKey || (seen_ >> place & 1) != 0) return false;
         seen_ |= 1U << place;
         static constexpr Field kBlockNumber = row(Kind::Unsigned, "", "", 32);
@@ -253,9 +247,9 @@ private:
             context_.category = static_cast<uint32_t>(number);
             return true;
         case kProfile:
-            return !is_settled_ && text_.string(key) && find_profile(context_.uap, between_quotes(key));
+            return !is_settled_ && text_.string(text) && find_profile(context_.uap, between_quotes(text));
         default:
-            if (text_.is_at('"')) return text_.string(key);
+            if (text_.is_at('"')) return text_.string(text);
             return text_.word("true") || text_.word("false") || text_.number(number, kBlockNumber);
         }
     }
@@ -300,8 +294,8 @@ private:
         if (is_settled_) return true;
         if ((seen_ >> kCategory & 1) == 0) return false;
         if ((seen_ >> kProfile & 1) == 0) {
-            if (ast_uap_max_frn_published(context_.category) != ast_uap_max_frn_published_other(context_.category))
-                return false;
+            const Edition *const newest = newest_edition(context_.category);
+            if (newest && newest->other_profile.count != 0) return false;
             context_.uap = AST_UAP_PUBLISHED;
         }
         edition_ = find_edition(context_.category, context_.uap);
@@ -537,7 +531,7 @@ private:
     size_t given_fspec_octets_ = 0;
     bool is_settled_ = false;
     bool has_asked_type_ = false; // whether a reading depended on the type of the record
-    uint8_t fspec_[(kMaxFrn + kFrnsOfOctet - 1) / kFrnsOfOctet] = {};
+    uint8_t fspec_[kMaxFrn / kFrnsOfOctet] = {};
 };
 
 } // namespace

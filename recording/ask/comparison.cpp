@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "base/numbers.hpp"
+#include "base/time.hpp"
 
 namespace ast::recording {
 
@@ -62,6 +63,15 @@ std::optional<double> source(std::string_view text) {
     return sac && sic ? std::optional(*sac * kSacStep + *sic) : std::nullopt;
 }
 
+// "2014-02-25T12:43:47.5Z", also without the "Z", as seconds since 1970.
+std::optional<double> moment(std::string_view text) {
+    constexpr double kSecondsPerNanosecond = 1e-9;
+    const auto read = read_moment(text);
+    if (!read || !read->day) return std::nullopt;
+    return static_cast<double>(*read->day * kSecondsPerDay + read->time.seconds) +
+           read->time.nanoseconds * kSecondsPerNanosecond;
+}
+
 // Letters of ASCII alone, whatever the host's locale is.
 char fold(char character) {
     return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
@@ -104,6 +114,8 @@ std::optional<double> number_in(std::string_view text, Notation notation) {
         return clock(text);
     case Notation::source:
         return source(text);
+    case Notation::moment:
+        return moment(text);
     case Notation::text:
         break;
     }
@@ -119,15 +131,16 @@ Comparison::Comparison(std::string_view text) {
     operator_ = found->means;
     value_ = text.substr(found->sign.size());
     is_pattern_ = value_.find_first_of("*?") != std::string::npos;
-    for (const Notation notation :
-         {Notation::decimal, Notation::octal, Notation::hexadecimal, Notation::clock, Notation::source})
+    for (const Notation notation : {Notation::decimal, Notation::octal, Notation::hexadecimal, Notation::clock,
+                                    Notation::source, Notation::moment})
         numbers_[static_cast<size_t>(notation)] = number_in(value_, notation);
 }
 
 bool Comparison::fits(Notation notation) const {
     if (!asks_for_value()) return true;
     if (notation == Notation::text) return !is_ordered() && !value_.empty();
-    const bool is_digits = notation != Notation::decimal && notation != Notation::clock;
+    const bool is_digits =
+        notation == Notation::octal || notation == Notation::hexadecimal || notation == Notation::source;
     return numbers_[static_cast<size_t>(notation)].has_value() || (is_digits && is_pattern_ && !is_ordered());
 }
 
@@ -156,6 +169,16 @@ bool Comparison::meets(double number, double tolerance, Notation notation) const
 
 bool Comparison::meets_text(std::string_view text) const {
     return !is_ordered() && matches(text, value_) == (operator_ == Operator::equal);
+}
+
+bool Comparison::meets_any_text(std::initializer_list<std::string_view> texts) const {
+    bool has_text = false;
+    for (const std::string_view text : texts) {
+        if (text.empty()) continue;
+        has_text = true;
+        if (meets_text(text) == (operator_ == Operator::equal)) return operator_ == Operator::equal;
+    }
+    return has_text && operator_ == Operator::unequal;
 }
 
 bool Comparison::meets_digits(std::string_view digits, Notation notation) const {

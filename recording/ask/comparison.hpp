@@ -1,6 +1,7 @@
 // Values that users ask for, and how those of records compare with them.
 #pragma once
 
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,7 +11,7 @@ namespace ast::recording {
 enum class Operator { exists, equal, unequal, less, at_most, more, at_least };
 
 // How a value is written.
-enum class Notation { text, decimal, octal, hexadecimal, clock, source };
+enum class Notation { text, decimal, octal, hexadecimal, clock, source, moment };
 
 class Comparison {
 public:
@@ -27,6 +28,9 @@ public:
     // A number equals those that are less than the tolerance away.
     bool meets(double number, double tolerance, Notation notation = Notation::decimal) const;
 
+    // Whether any of the texts, or with != none of them. No text meets nothing.
+    bool meets_any_text(std::initializer_list<std::string_view> texts) const;
+
     // "*" in what is asked for stands for any characters, "?" for one; letters of either case are the same.
     bool meets_text(std::string_view text) const;
 
@@ -39,7 +43,7 @@ private:
     Operator operator_ = Operator::exists;
     std::string value_;
     bool is_pattern_ = false;
-    std::optional<double> numbers_[6]; // by notation
+    std::optional<double> numbers_[7]; // by notation
 };
 
 // The number that a text gives in a notation; nothing for none, and for text.

@@ -4,60 +4,113 @@
 #include <cstdio>
 #include <iterator>
 #include <stdexcept>
+#include <utility>
 
-#include "ask/keywords.hpp"
+#include "ask/answerer.hpp"
 
 namespace ast::recording {
 
 namespace {
 
-constexpr double kFeetOfFlightLevel = 100;
+// ---- Conditions on quantities ----
 
-// The keywords whose values are more than a text.
-struct Quantity {
-    uint32_t keyword;
+struct FormNotation {
+    QuantityForm form;
     Notation notation;
     const char *description;
 };
 
-constexpr Quantity kQuantities[] = {
-    {AST_KEYWORD_SACSIC, Notation::source, "SAC/SIC, such as 25/12, or as one number, 25012"},
-    {AST_KEYWORD_TIMEOFDAY, Notation::clock, "hours, minutes and seconds, such as 12:00:01.5"},
-    {AST_KEYWORD_TRACKNUM, Notation::decimal, "a decimal number"},
-    {AST_KEYWORD_SQUAWK, Notation::octal, "octal digits"},
-    {AST_KEYWORD_FLIGHTLEVEL, Notation::decimal, "hundreds of feet"},
-    {AST_KEYWORD_SELALTITUDE, Notation::decimal, "feet"},
-    {AST_KEYWORD_ICAOADDR, Notation::hexadecimal, "hexadecimal digits"},
-    {AST_KEYWORD_SPEED, Notation::decimal, "knots"},
-    {AST_KEYWORD_VRATE, Notation::decimal, "feet per minute"},
+constexpr FormNotation kNotations[] = {
+    {QuantityForm::decimal, Notation::decimal, "a number"},
+    {QuantityForm::whole, Notation::decimal, "a whole number"},
+    {QuantityForm::octal, Notation::octal, "octal digits"},
+    {QuantityForm::hexadecimal, Notation::hexadecimal, "hexadecimal digits"},
+    {QuantityForm::characters, Notation::text, "a word, to be compared by = and !="},
+    {QuantityForm::word, Notation::text, "a word, to be compared by = and !="},
+    {QuantityForm::flag, Notation::decimal, "0 or 1"},
+    {QuantityForm::clock, Notation::clock, "hours, minutes and seconds, such as 12:00:01.5"},
+    {QuantityForm::moment, Notation::moment, "a date and time, such as 2014-02-25T12:43:47Z"},
 };
-constexpr Quantity kWord = {0, Notation::text, "a word, to be compared by = and !="};
 
-const Quantity &quantity_of(uint32_t keyword) {
-    const auto *const found = std::ranges::find(kQuantities, keyword, &Quantity::keyword);
-    return found == std::end(kQuantities) ? kWord : *found;
+// Names whose values are also compared with the texts that the library has for them.
+struct TextName {
+    std::string_view name;
+    Notation notation;
+    uint32_t keyword;
+    const char *description;
+};
+
+constexpr TextName kTexts[] = {
+    {"sacsic", Notation::source, AST_KEYWORD_SACSIC, "SAC/SIC, such as 25/12, or as one number, 25012"},
+    {"type", Notation::text, AST_KEYWORD_MSGTYPE, "a word, to be compared by = and !="},
+    {"position", Notation::text, AST_KEYWORD_WGS84COORD, "a text, to be compared by = and !="},
+    {"polar", Notation::text, AST_KEYWORD_POLARCOORD, "a text, to be compared by = and !="},
+    {"heading", Notation::text, AST_KEYWORD_HEADING, "a text, to be compared by = and !="},
+    {"velocity", Notation::text, AST_KEYWORD_CARTESIANVEL, "a text, to be compared by = and !="},
+};
+
+constexpr size_t kKeywordRoom = 128; // more characters than the text of any keyword takes
+
+std::string_view keyword_text(const ast_datarecord_t &record, uint32_t keyword, char (&text)[kKeywordRoom]) {
+    return {text, ast_datarecord_write_keyword(text, sizeof text, &record, keyword, AST_POSITION_DEGREES)};
 }
 
-// ---- Conditions on keywords ----
-
-bool is_present(const ast_datarecord_t &record, uint32_t keyword) {
-    return ast_datarecord_contain_keyword(&record, keyword) || !keyword_text(record, keyword).empty();
+std::string_view text_of(const Quantity &quantity, const ast_answers_t &answers, char (&text)[kQuantityRoom]) {
+    CellWriter writer(text);
+    quantity.write(writer, answers);
+    return {text, writer.size()};
 }
 
-// What is known of a code stands behind its digits.
-std::string_view octal_digits(std::string_view text) { return text.substr(0, text.find_first_not_of("01234567")); }
+// What the document of a category calls its message type.
+std::string message_text(const ast_datarecord_t &record) {
+    static const auto path = FieldPath::read("I000");
+    std::string text;
+    path->each_value(record, [&](const ast_field_value_t &value) { text = value.text; });
+    return text;
+}
 
-bool meets(const ast_datarecord_t &record, uint32_t keyword, const Comparison &comparison) {
-    if (!comparison.asks_for_value()) return is_present(record, keyword);
-    if (keyword == AST_KEYWORD_FLIGHTLEVEL) {
-        const ast_quantity_t level = ast_datarecord_get_flightlevel(&record);
-        return level.valid && comparison.meets(level.value / kFeetOfFlightLevel, 0);
+bool is_present(Answerer &answerer, const QuantityCondition &condition) {
+    const ast_answers_t &answers = answerer.answers();
+    const auto is_in = [&](const Quantity *quantity) { return quantity->is_in(answers); };
+    if (condition.asked.quantities.size() == 1) return is_in(condition.asked.quantities.front());
+    return std::ranges::any_of(condition.asked.quantities, is_in) ||
+           ast_datarecord_contain_keyword(&answerer.record(), *condition.keyword);
+}
+
+bool meets_source(const ast_answers_t &answers, const Comparison &comparison) {
+    constexpr uint64_t kSource = AST_ANSWER_SAC | AST_ANSWER_SIC;
+    if ((answers.present & kSource) != kSource) return false;
+    char text[kQuantityRoom];
+    CellWriter writer(text);
+    writer.source(answers.sac, answers.sic);
+    return comparison.meets_digits({text, writer.size()}, Notation::source);
+}
+
+bool meets_texts(Answerer &answerer, const QuantityCondition &condition, const Comparison &comparison) {
+    char of_keyword[kKeywordRoom];
+    char of_answer[kQuantityRoom];
+    std::string_view answer;
+    std::string message;
+    const Quantity &first = *condition.asked.quantities.front();
+    if (first.is_text() && first.is_in(answerer.answers())) answer = text_of(first, answerer.answers(), of_answer);
+    if (!condition.keyword) return comparison.meets_any_text({answer});
+    if (first.form == QuantityForm::word) message = message_text(answerer.record());
+    const std::string_view keyword = keyword_text(answerer.record(), *condition.keyword, of_keyword);
+    return comparison.meets_any_text({answer, short_type(answer), keyword, message, short_type(message)});
+}
+
+bool meets(Answerer &answerer, const QuantityCondition &condition, const Comparison &comparison) {
+    if (!comparison.asks_for_value()) return is_present(answerer, condition);
+    if (condition.notation == Notation::text) return meets_texts(answerer, condition, comparison);
+    const ast_answers_t &answers = answerer.answers();
+    if (condition.notation == Notation::source) return meets_source(answers, comparison);
+    const Quantity &quantity = *condition.asked.quantities.front();
+    if (!quantity.is_in(answers)) return false;
+    if (quantity.is_text()) {
+        char text[kQuantityRoom];
+        return comparison.meets_digits(text_of(quantity, answers, text), condition.notation);
     }
-    std::string_view text = keyword_text(record, keyword);
-    if (keyword == AST_KEYWORD_SQUAWK) text = octal_digits(text);
-    if (text.empty()) return false;
-    const Notation notation = quantity_of(keyword).notation;
-    return notation == Notation::text ? comparison.meets_text(text) : comparison.meets_digits(text, notation);
+    return comparison.meets(quantity.shown_number(answers), quantity.step() / 2, condition.notation);
 }
 
 // ---- Conditions on published fields ----
@@ -108,7 +161,8 @@ bool meets(const ast_field_value_t &value, const Comparison &comparison) {
     return takes_text(field) && comparison.meets_text(text);
 }
 
-bool meets(const ast_datarecord_t &record, const FieldPath &path, const Comparison &comparison) {
+bool meets(Answerer &answerer, const FieldPath &path, const Comparison &comparison) {
+    const ast_datarecord_t &record = answerer.record();
     if (!comparison.asks_for_value()) return path.is_in(record);
     bool any = false;
     path.each_value(record, [&](const ast_field_value_t &value) { any = any || meets(value, comparison); });
@@ -119,13 +173,21 @@ bool meets(const ast_datarecord_t &record, const FieldPath &path, const Comparis
 
 [[noreturn]] void refuse(const std::string &what) { throw std::invalid_argument("--where: " + what); }
 
-Condition keyword_condition(const std::string &name, const Comparison &comparison) {
-    const auto keyword = find_keyword(name);
-    if (!keyword) refuse("'" + name + "' is none of " + keyword_names() + ", nor a path such as I070/MODE3A");
-    const Quantity &quantity = quantity_of(*keyword);
-    if (!comparison.fits(quantity.notation))
-        refuse("'" + comparison.value() + "' is no value of " + name + ", which is " + quantity.description);
-    return {*keyword, comparison, name, {}};
+Condition quantity_condition(const std::string &name, const Comparison &comparison) {
+    QuantityName asked = find_quantities(name);
+    if (asked.quantities.empty())
+        refuse("'" + name + "' is none of " + quantity_names() + ", nor a path such as I070/MODE3A");
+    const auto *const form = std::ranges::find(kNotations, asked.quantities.front()->form, &FormNotation::form);
+    const auto *const text = std::ranges::find(kTexts, name, &TextName::name);
+    const bool has_text = text != std::end(kTexts);
+    const Notation notation = has_text ? text->notation : form->notation;
+    if (!comparison.fits(notation))
+        refuse("'" + comparison.value() + "' is no value of " + name + ", which is " +
+               (has_text ? text->description : form->description));
+    return {QuantityCondition{std::move(asked), notation, has_text ? std::optional(text->keyword) : std::nullopt},
+            comparison,
+            name,
+            {}};
 }
 
 Condition path_condition(const std::string &name, const FieldPath &path, const Comparison &comparison) {
@@ -137,6 +199,17 @@ Condition path_condition(const std::string &name, const FieldPath &path, const C
     return {path, comparison, name, {}};
 }
 
+bool holds_what(Answerer &answerer, const Condition &condition) {
+    if (const auto *const path = std::get_if<FieldPath>(&condition.what)) return path->is_in(answerer.record());
+    return is_present(answerer, std::get<QuantityCondition>(condition.what));
+}
+
+// Whether a condition is about one category alone.
+bool names_category(const Condition &condition) {
+    const auto *const path = std::get_if<FieldPath>(&condition.what);
+    return path && path->category();
+}
+
 } // namespace
 
 Condition read_condition(const std::string &text) try {
@@ -144,7 +217,7 @@ Condition read_condition(const std::string &text) try {
     const std::string name = text.substr(0, end);
     const Comparison comparison(std::string_view(text).substr(end));
     const auto path = FieldPath::read(name);
-    Condition condition = path ? path_condition(name, *path, comparison) : keyword_condition(name, comparison);
+    Condition condition = path ? path_condition(name, *path, comparison) : quantity_condition(name, comparison);
     condition.text = text;
     return condition;
 } catch (const std::invalid_argument &error) {
@@ -152,34 +225,36 @@ Condition read_condition(const std::string &text) try {
     refuse(error.what());
 }
 
-bool holds_what(const ast_datarecord_t &record, const Condition &condition) {
-    if (const auto *const path = std::get_if<FieldPath>(&condition.what)) return path->is_in(record);
-    return is_present(record, std::get<uint32_t>(condition.what));
+bool asks_position(const Condition &condition) {
+    const auto *const quantity = std::get_if<QuantityCondition>(&condition.what);
+    return quantity && quantity->asked.asks(AST_ANSWER_LATITUDE | AST_ANSWER_LONGITUDE);
 }
 
-bool names_category(const Condition &condition) {
-    const auto *const path = std::get_if<FieldPath>(&condition.what);
-    return path && path->category();
-}
-
-void select_records(RecordSet &selected, const SplitBlock &block, const std::vector<Condition> &conditions) {
-    if (conditions.empty()) return selected.set_all(block.record_count);
-    selected.set(block.record_count, [&](uint64_t i) {
+void select_records(DecodedBlock &decoded, const std::vector<Condition> &conditions) {
+    const SplitBlock &block = *decoded.block;
+    if (conditions.empty()) return decoded.shown.set_all(block.record_count);
+    Answerer answerer(decoded);
+    decoded.shown.set(block.record_count, [&](uint64_t i) {
+        answerer.set_record(block.records[i]);
         return std::ranges::all_of(conditions, [&](const Condition &condition) {
-            return std::visit([&](const auto &what) { return meets(block.records[i], what, condition.comparison); },
+            return std::visit([&](const auto &what) { return meets(answerer, what, condition.comparison); },
                               condition.what);
         });
     });
 }
 
-void ConditionCoverage::look(const SplitBlock &block, const std::vector<Condition> &conditions) {
+void ConditionCoverage::look(const DecodedBlock &decoded, const std::vector<Condition> &conditions) {
+    const SplitBlock &block = *decoded.block;
     found_.resize(conditions.size());
     if (block.record_count == 0) return;
     seen_.set(block.category);
+    Answerer answerer(decoded);
     for (size_t i = 0; i < conditions.size(); ++i) {
         if (found_[i].test(block.category)) continue;
-        for (uint64_t r = 0; r < block.record_count && !found_[i].test(block.category); ++r)
-            found_[i].set(block.category, holds_what(block.records[r], conditions[i]));
+        for (uint64_t r = 0; r < block.record_count && !found_[i].test(block.category); ++r) {
+            answerer.set_record(block.records[r]);
+            found_[i].set(block.category, holds_what(answerer, conditions[i]));
+        }
     }
 }
 

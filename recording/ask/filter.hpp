@@ -3,20 +3,28 @@
 
 #include <algorithm>
 #include <bitset>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
 
 #include "ask/comparison.hpp"
 #include "ask/field_path.hpp"
-#include "block/record_set.hpp"
-#include "block/split_block.hpp"
+#include "ask/quantities.hpp"
+#include "block/decoded_block.hpp"
 
 namespace ast::recording {
 
-// What a record must hold: a quantity by its keyword or a published field, of any value or of those given.
+// A quantity, or several that one name stands for, and how their values are compared.
+struct QuantityCondition {
+    QuantityName asked;
+    Notation notation;
+    std::optional<uint32_t> keyword; // AST_KEYWORD_..., whose text may be asked for, too
+};
+
+// What a record must hold: a quantity or a published field, of any value or of those given.
 struct Condition {
-    std::variant<uint32_t, FieldPath> what;
+    std::variant<QuantityCondition, FieldPath> what;
     Comparison comparison;
     std::string name;
     std::string text; // all of it
@@ -26,20 +34,17 @@ struct Condition {
 // that none can have.
 Condition read_condition(const std::string &text);
 
-// Whether a record has what a condition asks for, whatever its value is.
-bool holds_what(const ast_datarecord_t &record, const Condition &condition);
+// Whether it needs to be known where on the earth targets are.
+bool asks_position(const Condition &condition);
 
-// Whether a condition is about one category alone.
-bool names_category(const Condition &condition);
-
-// Sets the records that meet all conditions; all records when there is none.
-void select_records(RecordSet &selected, const SplitBlock &block, const std::vector<Condition> &conditions);
+// Sets those records of a block that meet all conditions as shown; all records when there is none.
+void select_records(DecodedBlock &decoded, const std::vector<Condition> &conditions);
 
 // Which categories have what conditions ask for, so that a condition that none of their records can meet is told.
 class ConditionCoverage {
 public:
     // Looks at the records of a block, until its category has shown everything.
-    void look(const SplitBlock &block, const std::vector<Condition> &conditions);
+    void look(const DecodedBlock &decoded, const std::vector<Condition> &conditions);
 
     ConditionCoverage &operator|=(const ConditionCoverage &other);
 

@@ -34,6 +34,8 @@ TEST(Places, AreThoseOfGivenSites) {
     EXPECT_EQ(positions(command, "--site 25/13=0,0 a"), "R:060.0000 T:090.00\nR:060.0000 T:090.00\n");
     EXPECT_EQ(positions(command, "--site 25/13=1,2,3 --site 25/12=0,0 a"), kEast + "00.000000, 000.998221 G\n");
     EXPECT_EQ(positions(command, "--sites others a"), kEast + "00.000000, 000.998221 G\n");
+    EXPECT_EQ(command.run("--csv latitude,longitude --site 25/12=0,0 --where 'longitude>0.9' a | cut -d, -f5-").out,
+              "latitude,longitude\n0,0.9982206\n0,0.9982206\n");
     EXPECT_EQ(positions(command, "--sites others --site 25/12=-43.57,-16.41,780 overhead"), "-43.570000, -16.410000\n");
     EXPECT_EQ(positions(command, "--site 25/12=1,1 --site 25/12=3.5,179.25 overhead"), "03.500000, 179.250000\n");
 }
@@ -117,6 +119,14 @@ TEST(List, CompletesTruncatedTimes) {
     command.write("b", plot);
     EXPECT_EQ(command.run("--list a | tail -n 1").out, "07:08:09.000  025/012  001       5  Plot\n");
     EXPECT_EQ(command.run("--list b | tail -n 1").out, "025/012  001       5  Plot\n");
+}
+
+// 60 NM to the west and 1.5 to the north of nobody knows where.
+TEST(List, ShowsPlaneCoordinatesForWantOfAnythingElse) {
+    Command command;
+    command.write("b", hex("30 000B 8108 190C E200 00C0"));
+    EXPECT_EQ(positions(command, "b"), "X:-060.0000 Y:+001.5000\n");
+    EXPECT_EQ(command.run("--csv x_nm,y_nm b | tail -n 1").out, "1,1,,48,-60,1.5\n");
 }
 
 // Flight level 350, garbled, and not validated; level -1; and no level.

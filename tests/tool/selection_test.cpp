@@ -89,11 +89,14 @@ TEST(List, ShowsSourceTimeAndTypeOfEveryCategory) {
                                                                     "12:00:02.000 025/013 019 7 Update cycle\n"
                                                                     "12:00:02.500 025/013 063 6 Status\n");
     EXPECT_EQ(command.run("--csv time,sacsic,type b | tail -n +2 | cut -d, -f5-").out,
-              "12:00:00.500,025/013,End of Batch\n"
-              "12:00:01.000,025/013,Service statistics report\n"
-              "12:00:01.500,025/013,SOP\n"
-              "12:00:02.000,025/013,Start of Update Cycle\n"
-              "12:00:02.500,025/013,\n");
+              "12:00:00.500,25,13,update cycle\n"
+              "12:00:01.000,25,13,statistics\n"
+              "12:00:01.500,25,13,weather\n"
+              "12:00:02.000,25,13,update cycle\n"
+              "12:00:02.500,25,13,status\n");
+    const std::string batch = "1,1,,65,12:00:00.500\n";
+    for (const std::string type : {"'update*'", "'end of batch'", "'*cycle'"})
+        EXPECT_EQ(command.run("--csv time --category 65 --where type=" + type + " b | tail -n +2").out, batch) << type;
 }
 
 TEST(List, NamesFilesAndFlags) {
@@ -131,7 +134,20 @@ TEST(Where, ChoosesRecords) {
         {"--where callsign", roll_call},
         {"--where selalt", roll_call},
         {"--where polar", roll_call + primary},
-        {"--where speed", ""},
+        {"--where speed", roll_call + primary},
+        {"--where 'speed<200'", primary},
+        {"--where groundspeed_kt=179.96", primary},
+        {"--where icao24=3C4A12", roll_call},
+        {"--where 'track_deg>289'", roll_call},
+        {"--where 'range_nm=45.5'", roll_call},
+        {"--where 'polar=R:045.5*'", roll_call},
+        {"--where 'type=north marker'", north},
+        {"--where 'type!=track'", north + sector},
+        {"--where emergency=0", roll_call},
+        {"--where sic=12 --where sac=25", north + roll_call + primary + sector},
+        {"--where 'sacsic=025/*'", north + roll_call + primary + sector},
+        {"--where latitude", ""},
+        {"--where timestamp", ""},
         {"--where type=track --where callsign", roll_call},
         {"--where track=43 --where squawk=2345", ""},
         {"--where 'callsign=dlh*b'", roll_call},
@@ -209,9 +225,11 @@ TEST(Where, RefusesWhatCannotBe) {
         const char *condition;
         const char *complaint;
     } cases[] = {
-        {"level=350", "'level' is none of sacsic, time, type, track, squawk, fl, selalt, callsign, icao, position, "
-                      "polar, speed, heading, velocity, vrate, nor a path such as I070/MODE3A\n"},
-        {"=350", "'' is none of sacsic"},
+        {"level=350", "'level' is none of timestamp, time, category, sac, "},
+        {"level=350", ", simulated, sacsic, track, selalt, icao, position, polar, speed, heading, velocity, vrate, nor "
+                      "a path such as I070/MODE3A\n"},
+        {"=350", "'' is none of timestamp"},
+        {"timestamp=12:00", "'12:00' is no value of timestamp, which is a date and time, such as 2014-"},
         {"squawk=7780", "'7780' is no value of squawk, which is octal digits"},
         {"icao=KLM1", "'KLM1' is no value of icao, which is hexadecimal digits"},
         {"fl=FL350", "'FL350' is no value of fl"},

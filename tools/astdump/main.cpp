@@ -60,15 +60,15 @@ Sinks make_sinks(const Options &options, Output &out, const ReportLog &reports, 
         sinks.push_back(std::make_unique<Stats>(out, color));
     else if (options.json)
         sinks.push_back(std::make_unique<JsonLines>(out, json_form(options)));
-    else if (!options.csv.empty())
-        sinks.push_back(std::make_unique<Csv>(out, options.csv, options.files.size() > 1, options.merge));
+    else if (options.csv)
+        sinks.push_back(std::make_unique<Csv>(out, *options.csv, options.files.size() > 1, options.merge));
     else if (options.list)
         sinks.push_back(std::make_unique<RecordList>(out, list_form(options)));
     else if (!options.quiet && options.html.empty() && options.write.empty())
         sinks.push_back(std::make_unique<Listing>(out, Listing::Form{columns(stdout), color,
                                                                      options.files.size() > 1 && !options.merge,
                                                                      options.detail, is_terminal(stdout)}));
-    if (options.follow && !options.top && !options.stats && !options.json && options.csv.empty())
+    if (options.follow && !options.top && !options.stats && !options.json && !options.csv)
         sinks.push_back(std::make_unique<Stats>(out, color));
     if (!options.html.empty()) sinks.push_back(std::make_unique<Page>(options.html, options.files));
     if (!options.write.empty())

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
+#include "base/time.hpp"
 #include "page/pack.hpp"
 #include "page/plan_shapes.hpp"
 
@@ -16,7 +18,6 @@ constexpr double kAzimuth = 1e6;
 constexpr double kNauticalMile = 65536;
 constexpr double kLevel = 4;
 constexpr double kLevelZero = 32769;
-constexpr int64_t kSecondsOfDay = 86400;
 constexpr uint32_t kHasSource = uint32_t{1} << 24;
 
 // Signed in two's complement, held at the ends of 32 bits.
@@ -24,10 +25,34 @@ uint32_t to_word(double value) {
     return static_cast<uint32_t>(static_cast<int32_t>(std::clamp(std::round(value), -2147483648.0, 2147483647.0)));
 }
 
-uint32_t one_more(const std::optional<uint32_t> &value) { return value ? *value + 1 : 0; }
+bool has(const ast_answers_t &answers, uint64_t wanted) { return (answers.present & wanted) == wanted; }
 
-uint32_t level_word(const std::optional<double> &level) {
-    return level ? static_cast<uint32_t>(std::clamp(std::round(*level * kLevel) + kLevelZero, 1.0, 65535.0)) : 0;
+uint32_t code_word(const ast_answers_t &answers, uint64_t answer, uint32_t value) {
+    return has(answers, answer) ? value + 1 : 0;
+}
+
+uint32_t level_word(const ast_answers_t &answers) {
+    constexpr double kFeetPerLevel = 100;
+    if (!has(answers, AST_ANSWER_FL) && !has(answers, AST_ANSWER_ALTITUDE)) return 0;
+    const double level = has(answers, AST_ANSWER_FL) ? answers.fl : answers.altitude_ft / kFeetPerLevel;
+    return static_cast<uint32_t>(std::clamp(std::round(level * kLevel) + kLevelZero, 1.0, 65535.0));
+}
+
+// A callsign of nothing but what is not printable says nothing.
+std::string callsign_of(const ast_answers_t &answers) {
+    const std::string_view callsign = answers.callsign;
+    return std::string(callsign.find_first_not_of("? ") == std::string_view::npos ? "" : callsign);
+}
+
+// The time of category 001 counts up to 512 s, from 0 at midnight; nothing else tells what it is without reception.
+std::optional<double> truncated_time_s(const ast_datarecord_t &record) {
+    constexpr uint32_t kTruncatedTimes = 1;
+    constexpr double kTruncatedTimeS = 512;
+    constexpr ast_answer_context_t kAnyDay = {.has_reception = true, .reception_ns = 0, .reserved = {}};
+    ast_answers_t answers;
+    if (record.category != kTruncatedTimes) return std::nullopt;
+    if ((ast_datarecord_get_answers(&record, &kAnyDay, &answers) & AST_ANSWER_TIME) == 0) return std::nullopt;
+    return std::fmod(answers.time_of_day_s, kTruncatedTimeS);
 }
 
 uint32_t time_word(uint32_t kind, double seconds) {
@@ -54,38 +79,43 @@ void PlanColumns::clear() {
 
 void PlanColumns::block(const DecodedBlock &decoded) {
     const size_t before = rows_[source].size();
+    answerer_.set_block(decoded);
     for (uint64_t i = 0; i < decoded.block->record_count; ++i)
         if (decoded.shown[i]) record(decoded, decoded.block->records[i]);
     blocks_.push_back(static_cast<uint32_t>(rows_[source].size() - before));
 }
 
 void PlanColumns::record(const DecodedBlock &decoded, const ast_datarecord_t &record) {
-    const PlanValues values = plan_values(record);
-    const auto &received_at = decoded.datagram->time;
+    answerer_.set_record(record);
+    const ast_answers_t &answers = answerer_.answers();
     put_shapes(shapes_, static_cast<uint32_t>(rows_[source].size()), record);
-    put(source, source_of(record.category, values));
-    if (values.time_s)
-        put(time, time_word(own_time, *values.time_s));
-    else if (values.truncated_time_s)
-        put(time, time_word(truncated_time, *values.truncated_time_s));
-    else if (received_at)
-        put(time, time_word(received, static_cast<double>(received_at->seconds % kSecondsOfDay) +
-                                          received_at->nanoseconds / 1e9));
-    else
-        put(time, no_time);
-    put_position(values);
-    put(callsign, text_of(values.callsign));
-    put(code, one_more(values.code));
-    put(address, one_more(values.address));
-    put(track, one_more(values.track));
-    put(level, level_word(values.level));
+    put(source, source_of(record.category, answers));
+    put(time, time_of(decoded, record, answers));
+    put_position(record, answers);
+    put(callsign, text_of(callsign_of(answers)));
+    put(code, code_word(answers, AST_ANSWER_SQUAWK, answers.squawk));
+    put(address, code_word(answers, AST_ANSWER_ICAO24, answers.icao24));
+    put(track, code_word(answers, AST_ANSWER_TRACK_NUMBER, answers.track_number));
+    put(level, level_word(answers));
 }
 
-uint32_t PlanColumns::source_of(uint32_t category, const PlanValues &values) {
-    const uint32_t word = category << 16 | (values.source ? kHasSource | *values.source : 0);
+uint32_t PlanColumns::source_of(uint32_t category, const ast_answers_t &answers) {
+    uint32_t word = category << 16;
+    if (has(answers, AST_ANSWER_SAC | AST_ANSWER_SIC)) word |= kHasSource | answers.sac << 8 | answers.sic;
     const auto [known, is_new] = source_places_.try_emplace(word, static_cast<uint32_t>(sources_.size()));
     if (is_new) sources_.push_back(word);
     return known->second;
+}
+
+uint32_t PlanColumns::time_of(const DecodedBlock &decoded, const ast_datarecord_t &record,
+                              const ast_answers_t &answers) const {
+    constexpr double kSecondsPerNanosecond = 1e-9;
+    if (has(answers, AST_ANSWER_TIME)) return time_word(own_time, answers.time_of_day_s);
+    if (const auto truncated_s = truncated_time_s(record)) return time_word(truncated_time, *truncated_s);
+    const auto &received_at = decoded.datagram->time;
+    if (!received_at) return no_time;
+    return time_word(received, static_cast<double>(received_at->seconds % kSecondsPerDay) +
+                                   received_at->nanoseconds * kSecondsPerNanosecond);
 }
 
 uint32_t PlanColumns::text_of(const std::string &text) {
@@ -95,27 +125,29 @@ uint32_t PlanColumns::text_of(const std::string &text) {
     return known->second;
 }
 
-void PlanColumns::put_position(const PlanValues &values) {
-    struct Way {
-        PositionKind kind;
-        const PlanPair &pair;
-        double first_unit;
-        double second_unit;
-    };
-    const Way ways[] = {
-        {wgs84, values.wgs84, kDegree, kDegree},
-        {polar, values.polar, kNauticalMile, kAzimuth},
-        {cartesian, values.cartesian, kNauticalMile, kNauticalMile},
-        {station, values.station, kDegree, kDegree},
-    };
-    for (const Way &way : ways) {
-        if (!way.pair.is_whole()) continue;
-        put(position, way.kind);
-        put(first, to_word(*way.pair.first * way.first_unit));
-        put(second, to_word(*way.pair.second * way.second_unit));
-        return;
-    }
-    for (const Column column : {position, first, second}) put(column, no_position);
+// As it was sent: the page itself finds out where what is measured is. What a system draws is not around the sensor
+// that it names.
+void PlanColumns::put_position(const ast_datarecord_t &record, const ast_answers_t &answers) {
+    const bool is_sent = answers.located == 0;
+    const bool is_of_sensor = answers.frame != AST_FRAME_SYSTEM;
+    ast_site_t site{};
+    ast_sites_t told{.sites = &site, .room = 1, .count = 0};
+    if (is_sent && has(answers, AST_ANSWER_LATITUDE | AST_ANSWER_LONGITUDE))
+        put_position(wgs84, answers.latitude_deg * kDegree, answers.longitude_deg * kDegree);
+    else if (is_of_sensor && has(answers, AST_ANSWER_RANGE | AST_ANSWER_AZIMUTH))
+        put_position(polar, answers.range_nm * kNauticalMile, answers.azimuth_deg * kAzimuth);
+    else if (has(answers, AST_ANSWER_X | AST_ANSWER_Y))
+        put_position(cartesian, answers.x_nm * kNauticalMile, answers.y_nm * kNauticalMile);
+    else if (ast_sites_learn(&told, &record))
+        put_position(station, site.place.latitude_deg * kDegree, site.place.longitude_deg * kDegree);
+    else
+        put_position(no_position, 0, 0);
+}
+
+void PlanColumns::put_position(PositionKind kind, double first_value, double second_value) {
+    put(position, kind);
+    put(first, to_word(first_value));
+    put(second, to_word(second_value));
 }
 
 std::string PlanColumns::pack() const {

@@ -5,8 +5,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "block/decoded_block.hpp"
-#include "page/plan_values.hpp"
+#include "ask/answerer.hpp"
 
 namespace ast::recording::astdump {
 
@@ -41,11 +40,14 @@ private:
     enum PositionKind : uint32_t { no_position, wgs84, polar, cartesian, station };
 
     void record(const DecodedBlock &decoded, const ast_datarecord_t &record);
-    uint32_t source_of(uint32_t category, const PlanValues &values);
+    uint32_t source_of(uint32_t category, const ast_answers_t &answers);
+    uint32_t time_of(const DecodedBlock &decoded, const ast_datarecord_t &record, const ast_answers_t &answers) const;
     uint32_t text_of(const std::string &text);
-    void put_position(const PlanValues &values);
+    void put_position(const ast_datarecord_t &record, const ast_answers_t &answers);
+    void put_position(PositionKind kind, double first_value, double second_value);
     void put(Column column, uint32_t word) { rows_[column].push_back(word); }
 
+    Answerer answerer_;
     std::vector<uint32_t> blocks_;
     std::vector<uint32_t> rows_[columns];
     std::vector<uint32_t> sources_; // category × 2^16 + SAC × 256 + SIC, and 2^24 where there is a source

@@ -32,11 +32,13 @@ summary pushes them to the next line.
 Profiles: standard, cat001-plot, cat021-0.23, cat021-0.26, cat021-2.1, cat021-2.4, asr10ss, asr10ss-mk2, thales,
 managair, published, published-other. A block for which a profile has nothing of its own is read by the standard one.
 
---where knows sacsic (25/12), time, type, track, squawk (octal), fl (350), selalt, callsign, icao (hexadecimal),
-position, polar, speed, heading, velocity, vrate. Those without a hint are compared with the text that --csv shows, *
-and ? standing for any characters. It knows every published field, too, by its path (I070/MODE3A, 048/I070/MODE3A,
-I250/MCP_ALT), in published units, and items (I240). Operators are = != < <= > >=. Blocks without a record that is asked
-for are left out.
+--where and --csv know timestamp, time, category, sac, sic, type, track_number, squawk (octal), callsign, icao24
+(hexadecimal), fl (350), altitude_ft, selected_altitude_ft, latitude, longitude, range_nm, azimuth_deg, x_nm, y_nm,
+groundspeed_kt, track_deg, magnetic_heading_deg, true_heading_deg, vertical_rate_ftmin, spi, emergency, on_ground and
+simulated, and the shorter sacsic (25/12), track, icao, selalt, position, polar, speed, heading, velocity and vrate. In
+texts, * and ? stand for any characters. They know every published field, too, by its path (I070/MODE3A,
+048/I070/MODE3A, I250/MCP_ALT), in published units, and items (I240). Operators are = != < <= > >=. Blocks without a
+record that is asked for are left out.
 
 --list shows latitude and longitude also of what is measured from a place that the recording tells or --site gives:
 G behind them is placed as on the ground, without a height, and E from a place that is only an estimate. A height with
@@ -140,7 +142,7 @@ void describe_datagrams(CLI::App &app, Options &options, Texts &texts) {
 
 void describe_sites(CLI::App &app, Texts &texts) {
     app.add_option("--site", texts.sites,
-                   "Where a data source stands, for --list: latitude, longitude, and height in metres; repeated")
+                   "Where a data source stands, for positions: latitude, longitude, and height in metres; repeated")
         ->take_all()
         ->allow_extra_args(false)
         ->type_name("SAC/SIC=PLACE");
@@ -246,7 +248,7 @@ bool is_same_file(const std::string &one, const std::string &other) {
 
 // Of the forms that take the place of the listing, standard output has room for one.
 void refuse_two_forms(const Options &options) {
-    if (options.list + options.json + options.stats + options.top + !options.csv.empty() > 1)
+    if (options.list + options.json + options.stats + options.top + options.csv.has_value() > 1)
         throw std::invalid_argument("--list, --csv, --json, --stats and --top exclude each other");
 }
 
@@ -268,11 +270,16 @@ void read_choice(Options &options, const Texts &texts) {
     if (texts.to) datagrams.to = read_limit("--to", *texts.to);
 }
 
+bool wants_positions(const Options &options) {
+    const auto asks = [](const auto &each) { return asks_position(each); };
+    return std::ranges::any_of(options.where, asks) || (options.csv && std::ranges::any_of(*options.csv, asks));
+}
+
 // Where data sources stand; what is given by itself goes over what a file has.
 void read_sites(Options &options, const Texts &texts) {
     if (texts.site_file) options.sites = read_for("--sites", *texts.site_file, read_site_file);
     for (const std::string &site : texts.sites) options.sites.push_back(read_for("--site", site, read_site));
-    options.locates = options.list;
+    options.locates = options.list || wants_positions(options);
 }
 
 // What the parser cannot tell. Throws std::invalid_argument for a mistake.

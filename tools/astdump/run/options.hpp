@@ -20,7 +20,7 @@ struct Options : ReadOptions {
     bool list = false;
     bool json = false;
     bool texts = false;         // of codes, in JSON
-    std::vector<CsvColumn> csv; // none: no comma-separated values
+    std::optional<std::vector<CsvColumn>> csv; // those behind the ones that are always there
     bool detail = false;        // in the listing
     std::string html;           // the page to write; empty for none
     std::string write;          // the file of what is chosen; empty for none

@@ -76,8 +76,8 @@ void Worker::no_block(const Datagram &datagram, uint64_t offset, const Frame &fr
 void Worker::block(const Datagram &datagram, uint64_t number, uint64_t offset, Octets octets, uint64_t most,
                    Rendered &rendered) {
     DecodedBlock &decoded = decoder_.decode(datagram, number, offset, octets);
-    select_records(decoded.shown, *decoded.block, options_.where);
-    if (!options_.where.empty()) coverage_.look(*decoded.block, options_.where);
+    select_records(decoded, options_.where);
+    if (!options_.where.empty()) coverage_.look(decoded, options_.where);
     const bool is_wanted = options_.where.empty() || decoded.shown.any();
     if (is_wanted && options_.convert.any())
         show_converted(decoded, most, rendered);

@@ -1,10 +1,12 @@
 #include "show/csv.hpp"
 
 #include <algorithm>
+#include <cmath>
 #include <stdexcept>
+#include <utility>
 
-#include "ask/keywords.hpp"
-#include "base/printable.hpp"
+#include "ask/answerer.hpp"
+#include "base/numbers.hpp"
 #include "base/time.hpp"
 #include "show/field_text.hpp"
 
@@ -12,25 +14,9 @@ namespace ast::recording::astdump {
 
 namespace {
 
-constexpr struct {
-    const char *title;
-    std::initializer_list<uint32_t> keywords;
-} kUsual[] = {
-    {"time_of_day", {AST_KEYWORD_TIMEOFDAY}},
-    {"sacsic", {AST_KEYWORD_SACSIC}},
-    {"type", {AST_KEYWORD_MSGTYPE}},
-    {"track", {AST_KEYWORD_TRACKNUM}},
-    {"squawk", {AST_KEYWORD_SQUAWK}},
-    {"callsign", {AST_KEYWORD_CALLSIGN}},
-    {"icao", {AST_KEYWORD_ICAOADDR}},
-    {"height_ft", {AST_KEYWORD_FLIGHTLEVEL}},
-    {"selected_ft", {AST_KEYWORD_SELALTITUDE}},
-    {"position", {AST_KEYWORD_WGS84COORD, AST_KEYWORD_POLARCOORD}},
-    {"speed_kt", {AST_KEYWORD_SPEED}},
-    {"heading", {AST_KEYWORD_HEADING}},
-    {"vrate_ft_min", {AST_KEYWORD_VRATE}},
-    {"velocity_m_s", {AST_KEYWORD_CARTESIANVEL}},
-};
+// Shown of every record, behind the name of its file.
+constexpr std::string_view kFile = "file";
+constexpr std::string_view kBeforeColumns[] = {"block", "record", "received", "category"};
 
 std::vector<std::string> words(const std::string &list) {
     std::vector<std::string> words;
@@ -42,60 +28,99 @@ std::vector<std::string> words(const std::string &list) {
     return words;
 }
 
-CsvColumn read_column(const std::string &name) {
-    if (const auto keyword = find_keyword(name)) return {name, std::vector{*keyword}};
-    const auto path = FieldPath::read(name);
-    if (!path)
-        throw std::invalid_argument("'" + name + "' is none of " + keyword_names() + ", nor a path such as I010/SIC");
-    if (path->fields().empty())
-        throw std::invalid_argument("'" + name + "' has no value of its own but holds fields that have");
-    return {name, *path};
+void add(std::vector<CsvColumn> &columns, CsvColumn column) {
+    const bool is_there = std::ranges::count(kBeforeColumns, column.title) != 0 ||
+                          std::ranges::count(columns, column.title, &CsvColumn::title) != 0;
+    if (!is_there) columns.push_back(std::move(column));
 }
 
-std::vector<CsvColumn> usual_columns() {
-    std::vector<CsvColumn> columns = {{"octets", RecordOctets()}};
-    for (const auto &[title, keywords] : kUsual) columns.push_back({title, std::vector<uint32_t>(keywords)});
-    return columns;
+void add(std::vector<CsvColumn> &columns, const std::string &name) {
+    const QuantityName quantity = find_quantities(name);
+    for (const Quantity *const each : quantity.quantities) add(columns, {std::string(each->name), each});
+    if (!quantity.quantities.empty()) return;
+    const auto path = FieldPath::read(name);
+    if (!path)
+        throw std::invalid_argument("'" + name + "' is none of " + quantity_names() + ", nor a path such as I010/SIC");
+    if (path->fields().empty())
+        throw std::invalid_argument("'" + name + "' has no value of its own but holds fields that have");
+    add(columns, {name, *path});
 }
 
 // ---- Cells ----
 
 bool wants_quotes(char c) { return c == ',' || c == '"' || c == '\r' || c == '\n'; }
 
-// Puts what stands in quotes where it has to, from `begin` on.
+// Puts what stands in quotes, from `begin` on.
 void quote(TextBuffer &out, size_t begin) {
-    const std::string_view cell = out.text().substr(begin);
-    if (std::ranges::none_of(cell, wants_quotes)) return;
     std::string quoted = "\"";
-    for (const char c : cell) quoted.append(c == '"' ? 2 : 1, c);
+    for (const char c : out.text().substr(begin)) quoted.append(c == '"' ? 2 : 1, c);
     quoted += '"';
     out.cut(begin);
     out.put(quoted);
 }
 
-void put_text(TextBuffer &out, std::string_view text) {
+bool is_number(std::string_view cell) {
+    if (cell.starts_with('+')) cell.remove_prefix(1);
+    const auto number = read_number<double>(cell);
+    return number && std::isfinite(*number);
+}
+
+// What a spreadsheet would take for a formula.
+bool is_formula(std::string_view cell) {
+    constexpr std::string_view kBegins = "=+-@";
+    return !cell.empty() && kBegins.find(cell.front()) != std::string_view::npos && !is_number(cell);
+}
+
+// Sets an apostrophe before the cell that stands from `begin` on, where it needs one.
+void guard_formula(TextBuffer &out, size_t begin) {
+    if (!is_formula(out.text().substr(begin))) return;
+    const std::string cell(out.text().substr(begin));
+    out.cut(begin);
+    out.put('\'');
+    out.put(cell);
+}
+
+// Makes a cell of the text that stands from `begin` on.
+void finish_cell(TextBuffer &out, size_t begin) {
+    guard_formula(out, begin);
+    if (std::ranges::any_of(out.text().substr(begin), wants_quotes)) quote(out, begin);
+}
+
+void put_cell(TextBuffer &out, std::string_view text) {
     const size_t begin = out.size();
     out.put(text);
+    finish_cell(out, begin);
+}
+
+// Digits and characters that may be digits are texts, whatever they look like: "0420", "3E1234".
+bool is_quoted(QuantityForm form) {
+    return form == QuantityForm::octal || form == QuantityForm::hexadecimal || form == QuantityForm::characters;
+}
+
+void put_cell(TextBuffer &out, Answerer &answerer, const Quantity *quantity) {
+    const ast_answers_t &answers = answerer.answers();
+    if (!quantity->is_in(answers)) return;
+    const size_t begin = out.size();
+    out.put_with(kQuantityRoom, [&](char *text) {
+        CellWriter writer(text);
+        quantity->write(writer, answers);
+        return writer.size();
+    });
+    if (!is_quoted(quantity->form)) return;
+    guard_formula(out, begin);
     quote(out, begin);
 }
 
-void put_cell(TextBuffer &out, const ast_datarecord_t &record, const std::vector<uint32_t> &keywords) {
-    for (const uint32_t keyword : keywords) {
-        const std::string_view text = keyword_text(record, keyword);
-        if (!text.empty()) return put_printable(out, text);
-    }
-}
-
-void put_cell(TextBuffer &out, const ast_datarecord_t &record, RecordOctets) { out.number(record.size); }
-
 // The elements of a list are set apart by blanks.
-void put_cell(TextBuffer &out, const ast_datarecord_t &record, const FieldPath &path) {
+void put_cell(TextBuffer &out, Answerer &answerer, const FieldPath &path) {
+    const size_t begin = out.size();
     bool is_first = true;
-    path.each_value(record, [&](const ast_field_value_t &value) {
+    path.each_value(answerer.record(), [&](const ast_field_value_t &value) {
         if (!is_first) out.put(' ');
         is_first = false;
         put_value(out, value);
     });
+    finish_cell(out, begin);
 }
 
 class CsvRenderer : public Renderer {
@@ -103,6 +128,7 @@ public:
     explicit CsvRenderer(const std::vector<CsvColumn> &columns) : columns_(columns) {}
 
     void block(const DecodedBlock &decoded, TextBuffer &out) override {
+        answerer_.set_block(decoded);
         for (uint64_t i = 0; i < decoded.block->record_count; ++i)
             if (decoded.shown[i]) record(decoded, i, out);
     }
@@ -110,45 +136,51 @@ public:
 private:
     void record(const DecodedBlock &decoded, uint64_t number, TextBuffer &out) {
         const ast_datarecord_t &record = decoded.block->records[number];
+        answerer_.set_record(record);
         if (decoded.datagram->file) {
-            put_text(out, *decoded.datagram->file);
+            put_cell(out, *decoded.datagram->file);
             out.put(',');
         }
         out.number(decoded.number);
         out.put(',');
         out.number(number + 1);
         out.put(',');
-        if (decoded.datagram->time) put_iso_time(out, *decoded.datagram->time);
+        if (decoded.datagram->time && has_date(*decoded.datagram->time)) put_iso_time(out, *decoded.datagram->time);
         out.put(',');
         out.number(record.category);
         for (const CsvColumn &column : columns_) {
             out.put(',');
-            const size_t begin = out.size();
-            std::visit([&](const auto &what) { put_cell(out, record, what); }, column.what);
-            quote(out, begin);
+            std::visit([&](const auto &what) { put_cell(out, answerer_, what); }, column.what);
         }
         out.put('\n');
     }
 
     const std::vector<CsvColumn> &columns_;
+    Answerer answerer_;
 };
 
 } // namespace
 
 bool is_csv_columns(const std::string &list) {
-    return std::ranges::any_of(words(list),
-                               [](const auto &word) { return find_keyword(word) || FieldPath::has_form(word); });
+    return std::ranges::any_of(words(list), [](const auto &word) {
+        return !find_quantities(word).quantities.empty() || FieldPath::has_form(word);
+    });
 }
 
 std::vector<CsvColumn> read_csv_columns(const std::string &list) try {
     std::vector<CsvColumn> columns;
     if (list.empty())
-        columns = usual_columns();
+        for (const Quantity &each : kQuantities) add(columns, {std::string(each.name), &each});
     else
-        std::ranges::transform(words(list), std::back_inserter(columns), read_column);
+        for (const std::string &name : words(list)) add(columns, name);
     return columns;
 } catch (const std::invalid_argument &error) {
     throw std::invalid_argument(std::string("--csv: ") + error.what());
+}
+
+bool asks_position(const CsvColumn &column) {
+    const auto *const quantity = std::get_if<const Quantity *>(&column.what);
+    return quantity && ((*quantity)->answer & (AST_ANSWER_LATITUDE | AST_ANSWER_LONGITUDE)) != 0;
 }
 
 std::unique_ptr<Renderer> Csv::renderer() const { return std::make_unique<CsvRenderer>(columns_); }
@@ -156,16 +188,18 @@ std::unique_ptr<Renderer> Csv::renderer() const { return std::make_unique<CsvRen
 void Csv::file(const std::string &name) {
     if (!headed_) header();
     name_.clear();
-    put_text(name_, name);
+    put_cell(name_, name);
     name_.put(',');
 }
 
 void Csv::header() {
-    lines_.put(name_files_ ? "file,block,record,time,category" : "block,record,time,category");
-    for (const CsvColumn &column : columns_) {
-        lines_.put(',');
-        put_text(lines_, column.title);
-    }
+    auto title = [&, is_first = true](std::string_view text) mutable {
+        if (!std::exchange(is_first, false)) lines_.put(',');
+        put_cell(lines_, text);
+    };
+    if (name_files_) title(kFile);
+    for (const std::string_view each : kBeforeColumns) title(each);
+    for (const CsvColumn &column : columns_) title(column.title);
     lines_.put('\n');
     out_.write(lines_.text());
     headed_ = true;

@@ -1,30 +1,31 @@
 // Comma-separated values, a line a record, quoted as RFC 4180 describes.
 #pragma once
 
-#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
 
 #include "ask/field_path.hpp"
+#include "ask/quantities.hpp"
 #include "show/sink.hpp"
 #include "write/output.hpp"
 
 namespace ast::recording::astdump {
 
-struct RecordOctets {};
-
 struct CsvColumn {
     std::string title;
-    std::variant<RecordOctets, std::vector<uint32_t>, FieldPath> what; // of keywords the first that has a value counts
+    std::variant<const Quantity *, FieldPath> what;
 };
 
-// Whether a text is meant as a list of columns: one of its words is a keyword or has the form of a path.
+// Whether a text is meant as a list of columns: one of its words is a quantity or has the form of a path.
 bool is_csv_columns(const std::string &list);
 
-// Reads keywords and paths, "time,I010/SIC,I040/RHO"; those of the record list for an empty text. Throws
-// std::invalid_argument for a column that there is not.
+// Reads names and paths, "time,I010/SIC,I040/RHO"; all quantities for an empty text. What is named again, or is shown
+// of every record, adds no column. Throws std::invalid_argument for a column that there is not.
 std::vector<CsvColumn> read_csv_columns(const std::string &list);
+
+// Whether it needs to be known where on the earth targets are.
+bool asks_position(const CsvColumn &column);
 
 class Csv : public Sink {
 public:

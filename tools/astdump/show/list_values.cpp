@@ -1,11 +1,9 @@
 #include "show/list_values.hpp"
 
-#include <algorithm>
-#include <cmath>
-#include <cstring>
 #include <iterator>
 #include <string_view>
 
+#include "ask/quantities.hpp"
 #include "base/printable.hpp"
 #include "show/list_layout.hpp"
 
@@ -13,102 +11,37 @@ namespace ast::recording::astdump {
 
 namespace {
 
-constexpr uint64_t power_of_10(unsigned exponent) { return exponent == 0 ? 1 : 10 * power_of_10(exponent - 1); }
-
-// One piece behind the other, without a terminator.
-class CellWriter {
-public:
-    explicit CellWriter(char *text) : begin_(text), at_(text) {}
-
-    size_t size() const { return static_cast<size_t>(at_ - begin_); }
-
-    void put(char character) { *at_++ = character; }
-    void put(std::string_view piece) {
-        std::memcpy(at_, piece.data(), piece.size());
-        at_ += piece.size();
-    }
-
-    // All digits of the least ones.
-    template <unsigned kBase = 10>
-    void digits(uint64_t number, unsigned least) {
-        unsigned count = 1;
-        for (uint64_t rest = number; rest >= kBase; rest /= kBase) ++count;
-        count = std::max(count, least);
-        for (char *digit = at_ + count; digit != at_; number /= kBase) *--digit = "0123456789ABCDEF"[number % kBase];
-        at_ += count;
-    }
-
-    // As printf shows it with so many decimals, and zeros before it up to so many characters.
-    template <unsigned kDecimals>
-    void decimal(double value, unsigned width, bool plus = false) {
-        constexpr uint64_t kOne = power_of_10(kDecimals);
-        const auto scaled = static_cast<uint64_t>(std::lrint(std::abs(value) * static_cast<double>(kOne)));
-        const bool is_signed = plus || (value < 0 && scaled != 0);
-        if (is_signed) put(value < 0 && scaled != 0 ? '-' : '+');
-        constexpr unsigned kBehind = kDecimals == 0 ? 0 : kDecimals + 1;
-        const unsigned before = kBehind + (is_signed ? 1 : 0);
-        digits(scaled / kOne, width > before ? width - before : 1);
-        if constexpr (kDecimals != 0) {
-            put('.');
-            digits(scaled % kOne, kDecimals);
-        }
-    }
-
-private:
-    char *begin_;
-    char *at_;
-};
-
 using Write = void(CellWriter &out, const ListedRecord &record);
 
-bool has(const ListedRecord &record, uint64_t answers) { return (record.answers.present & answers) != 0; }
+bool has(const ListedRecord &record, uint64_t answers) { return (record.answers->present & answers) != 0; }
 
-void write_time(CellWriter &out, const ListedRecord &record) {
-    constexpr double kMillisecondsPerSecond = 1000;
-    const auto milliseconds = static_cast<uint64_t>(record.answers.time_of_day_s * kMillisecondsPerSecond);
-    out.digits(milliseconds / 3'600'000, 2);
-    out.put(':');
-    out.digits(milliseconds / 60'000 % 60, 2);
-    out.put(':');
-    out.digits(milliseconds / 1000 % 60, 2);
-    out.put('.');
-    out.digits(milliseconds % 1000, 3);
-}
+void write_time(CellWriter &out, const ListedRecord &record) { out.clock(record.answers->time_of_day_s); }
 
-void write_source(CellWriter &out, const ListedRecord &record) {
-    out.digits(record.answers.sac, 3);
-    out.put('/');
-    out.digits(record.answers.sic, 3);
-}
+void write_source(CellWriter &out, const ListedRecord &record) { out.source(record.answers->sac, record.answers->sic); }
 
 void write_category(CellWriter &out, const ListedRecord &record) { out.digits(record.record->category, 3); }
 void write_octets(CellWriter &out, const ListedRecord &record) { out.digits(record.record->size, 1); }
 
-// What goes without saying in a column of types.
-constexpr std::string_view kTypeEndings[] = {" marker", " crossing"};
-
 // "North" of "north marker".
 void write_type(CellWriter &out, const ListedRecord &record) {
-    std::string_view name = ast_message_to_str(record.answers.type);
-    for (const std::string_view ending : kTypeEndings)
-        if (name.ends_with(ending)) name.remove_suffix(ending.size());
+    const std::string_view name = short_type(ast_message_to_str(record.answers->type));
     if (name.empty()) return;
     out.put(static_cast<char>(name.front() - 'a' + 'A'));
     out.put(name.substr(1));
 }
 
-void write_track_number(CellWriter &out, const ListedRecord &record) { out.digits(record.answers.track_number, 1); }
+void write_track_number(CellWriter &out, const ListedRecord &record) { out.digits(record.answers->track_number, 1); }
 
 void write_squawk(CellWriter &out, const ListedRecord &record) {
-    const ast_answers_t &answers = record.answers;
+    const ast_answers_t &answers = *record.answers;
     out.digits<8>(answers.squawk, 4);
     if (has(record, AST_ANSWER_SQUAWK_VALIDATED) && !answers.squawk_validated) out.put('V');
     if (answers.squawk_garbled) out.put('G');
     if (answers.squawk_smoothed) out.put('L');
 }
 
-void write_callsign(CellWriter &out, const ListedRecord &record) { out.put(record.answers.callsign); }
-void write_address(CellWriter &out, const ListedRecord &record) { out.digits<16>(record.answers.icao24, 6); }
+void write_callsign(CellWriter &out, const ListedRecord &record) { out.put(record.answers->callsign); }
+void write_address(CellWriter &out, const ListedRecord &record) { out.digits<16>(record.answers->icao24, 6); }
 
 // Writes what the record is asked for by a keyword, and returns whether there is anything.
 bool write_keyword(CellWriter &out, const ListedRecord &record, uint32_t keyword) {
@@ -125,23 +58,31 @@ void write_feet(CellWriter &out, double feet) { out.decimal<0>(feet, feet < 0 ? 
 void write_height(CellWriter &out, const ListedRecord &record) {
     constexpr double kFeetPerLevel = 100;
     if (has(record, AST_ANSWER_FL))
-        write_feet(out, record.answers.fl * kFeetPerLevel);
+        write_feet(out, record.answers->fl * kFeetPerLevel);
     else if (has(record, AST_ANSWER_ALTITUDE))
-        write_feet(out, record.answers.altitude_ft);
+        write_feet(out, record.answers->altitude_ft);
     else if (record.keywords.level && write_keyword(out, record, AST_KEYWORD_FLIGHTLEVEL))
         out.put('?');
 }
 
 void write_selected_altitude(CellWriter &out, const ListedRecord &record) {
-    write_feet(out, record.answers.selected_altitude_ft);
+    write_feet(out, record.answers->selected_altitude_ft);
+}
+
+void write_cartesian(CellWriter &out, const ListedRecord &record) {
+    if (!has(record, AST_ANSWER_X) || !has(record, AST_ANSWER_Y)) return;
+    out.put("X:");
+    out.decimal<4>(record.answers->x_nm, 9, true);
+    out.put(" Y:");
+    out.decimal<4>(record.answers->y_nm, 9, true);
 }
 
 void write_polar(CellWriter &out, const ListedRecord &record) {
-    if (!has(record, AST_ANSWER_RANGE) || !has(record, AST_ANSWER_AZIMUTH)) return;
+    if (!has(record, AST_ANSWER_RANGE) || !has(record, AST_ANSWER_AZIMUTH)) return write_cartesian(out, record);
     out.put("R:");
-    out.decimal<4>(record.answers.range_nm, 8);
+    out.decimal<4>(record.answers->range_nm, 8);
     out.put(" T:");
-    out.decimal<2>(record.answers.azimuth_deg, 6);
+    out.decimal<2>(record.answers->azimuth_deg, 6);
 }
 
 // What there is to say of a position that is worked out.
@@ -152,7 +93,7 @@ constexpr struct {
 
 void write_position(CellWriter &out, const ListedRecord &record) {
     if (!has(record, AST_ANSWER_LATITUDE)) return write_polar(out, record);
-    const ast_answers_t &answers = record.answers;
+    const ast_answers_t &answers = *record.answers;
     out.decimal<6>(answers.latitude_deg, 9);
     out.put(", ");
     out.decimal<6>(answers.longitude_deg, 10);
@@ -162,21 +103,21 @@ void write_position(CellWriter &out, const ListedRecord &record) {
         if ((answers.located & each.located) != 0) out.put(each.mark);
 }
 
-void write_speed(CellWriter &out, const ListedRecord &record) { out.decimal<2>(record.answers.groundspeed_kt, 4); }
+void write_speed(CellWriter &out, const ListedRecord &record) { out.decimal<2>(record.answers->groundspeed_kt, 4); }
 
 void write_heading(CellWriter &out, const ListedRecord &record) {
     const bool has_magnetic = has(record, AST_ANSWER_MAGNETIC_HEADING);
     if (has_magnetic) {
         out.put("M:");
-        out.decimal<2>(record.answers.magnetic_heading_deg, 6);
+        out.decimal<2>(record.answers->magnetic_heading_deg, 6);
     }
     if (!has(record, AST_ANSWER_TRACK)) return;
     out.put(has_magnetic ? " T:" : "T:");
-    out.decimal<2>(record.answers.track_deg, 6);
+    out.decimal<2>(record.answers->track_deg, 6);
 }
 
 void write_vertical_rate(CellWriter &out, const ListedRecord &record) {
-    out.decimal<2>(record.answers.vertical_rate_ftmin, 8, true);
+    out.decimal<2>(record.answers->vertical_rate_ftmin, 8, true);
 }
 
 void write_velocity(CellWriter &out, const ListedRecord &record) {
@@ -208,7 +149,7 @@ constexpr Source kSources[] = {
     {write_address, AST_ANSWER_ICAO24},
     {write_height, kAnyRecord},
     {write_selected_altitude, AST_ANSWER_SELECTED_ALTITUDE},
-    {write_position, AST_ANSWER_LATITUDE | AST_ANSWER_RANGE},
+    {write_position, AST_ANSWER_LATITUDE | AST_ANSWER_RANGE | AST_ANSWER_X},
     {write_speed, AST_ANSWER_GROUNDSPEED},
     {write_heading, AST_ANSWER_MAGNETIC_HEADING | AST_ANSWER_TRACK},
     {write_vertical_rate, AST_ANSWER_VERTICAL_RATE},

@@ -15,7 +15,7 @@ ListedKeywords listed_keywords_of(uint32_t category);
 
 struct ListedRecord {
     const ast_datarecord_t *record = nullptr;
-    ast_answers_t answers{}; // of it, located
+    const ast_answers_t *answers = nullptr; // of it, located
     ListedKeywords keywords{};
     const std::string *file = nullptr; // that it comes from, where several are merged; else null
 };

@@ -4,6 +4,7 @@
 #include <limits>
 #include <utility>
 
+#include "ask/answerer.hpp"
 #include "show/list_values.hpp"
 
 namespace ast::recording::astdump {
@@ -24,18 +25,16 @@ class Row {
 public:
     // What is common to the records that follow.
     void set_block(const DecodedBlock &decoded) {
-        sites_ = decoded.sites;
+        answerer_.set_block(decoded);
         subject_.file = decoded.datagram->file;
         subject_.keywords = listed_keywords_of(decoded.block->category);
-        const auto reception = decoded.datagram->time ? nanoseconds_of(*decoded.datagram->time) : std::nullopt;
-        context_ = {.has_reception = reception.has_value(), .reception_ns = reception.value_or(0), .reserved = {}};
     }
 
     // What is shown next.
     void set_record(const ast_datarecord_t &record) {
         subject_.record = &record;
-        ast_datarecord_get_answers(&record, &context_, &subject_.answers);
-        sites_->locate(subject_.answers);
+        answerer_.set_record(record);
+        subject_.answers = &answerer_.answers();
     }
 
     // Puts the line of the record, unless it does not fit the layout.
@@ -53,8 +52,7 @@ public:
     }
 
 private:
-    const SiteMemory *sites_ = nullptr;
-    ast_answer_context_t context_{};
+    Answerer answerer_;
     ListedRecord subject_;
     std::array<std::array<char, kListValueRoom>, kListColumns> texts_{};
 };

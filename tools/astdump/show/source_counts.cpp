@@ -4,7 +4,8 @@
 #include <cstring>
 #include <type_traits>
 
-#include "ask/keywords.hpp"
+#include "ask/answerer.hpp"
+#include "base/cell_writer.hpp"
 
 namespace ast::recording::astdump {
 
@@ -29,9 +30,12 @@ struct Addition {
 };
 static_assert(std::is_trivially_copyable_v<Addition>);
 
-template <size_t capacity>
-void set_text(char (&text)[capacity], std::string_view value) {
-    text[value.copy(text, capacity - 1)] = '\0';
+// Puts what write(CellWriter) writes, and a terminator.
+template <size_t capacity, typename Write>
+void set_text(char (&text)[capacity], Write write) {
+    CellWriter writer(text);
+    write(writer);
+    text[writer.size()] = '\0';
 }
 
 class SourceCounter : public Renderer {
@@ -42,24 +46,31 @@ class SourceCounter : public Renderer {
         addition.counts.blocks = 1;
         if (decoded.fault)
             ++(decoded.fault->kind == FaultKind::damaged ? addition.counts.damaged : addition.counts.unsupported);
-        if (decoded.shown.none() && decoded.fault) set_source(addition, decoded.fault->record);
+        answerer_.set_block(decoded);
+        if (decoded.shown.none() && decoded.fault) {
+            ast_datarecord_t incomplete = decoded.fault->record;
+            incomplete.valid = true; // as far as it goes
+            answerer_.set_record(incomplete);
+            set_source(addition);
+        }
         for (uint64_t i = 0; i < block.record_count; ++i)
             if (decoded.shown[i]) record(decoded, block.records[i], addition, out);
         put(addition, out);
     }
 
     // A record of another source than those before it starts an addition of its own.
-    static void record(const DecodedBlock &decoded, const ast_datarecord_t &record, Addition &addition,
-                       TextBuffer &out) {
+    void record(const DecodedBlock &decoded, const ast_datarecord_t &record, Addition &addition, TextBuffer &out) {
         Addition next = start(decoded);
-        set_source(next, record);
+        answerer_.set_record(record);
+        set_source(next);
         if (addition.counts.records == 0)
             std::ranges::copy(next.source, addition.source);
         else if (std::strcmp(next.source, addition.source) != 0)
             put(std::exchange(addition, next), out);
         ++addition.counts.records;
-        if (!addition.counts.received)
-            set_text(addition.counts.time_of_day, keyword_text(record, AST_KEYWORD_TIMEOFDAY));
+        const ast_answers_t &answers = answerer_.answers();
+        if (addition.counts.received || (answers.present & AST_ANSWER_TIME) == 0) return;
+        set_text(addition.counts.time_of_day, [&](CellWriter &text) { text.clock(answers.time_of_day_s); });
     }
 
     static Addition start(const DecodedBlock &decoded) {
@@ -70,13 +81,17 @@ class SourceCounter : public Renderer {
         return addition;
     }
 
-    static void set_source(Addition &addition, const ast_datarecord_t &record) {
-        set_text(addition.source, keyword_text(record, AST_KEYWORD_SACSIC));
+    void set_source(Addition &addition) {
+        const ast_answers_t &answers = answerer_.answers();
+        if ((answers.present & AST_ANSWER_SAC) == 0) return;
+        set_text(addition.source, [&](CellWriter &text) { text.source(answers.sac, answers.sic); });
     }
 
     static void put(const Addition &addition, TextBuffer &out) {
         out.put({reinterpret_cast<const char *>(&addition), sizeof addition});
     }
+
+    Answerer answerer_;
 };
 
 } // namespace

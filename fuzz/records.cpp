@@ -46,6 +46,7 @@ void check_answers(const ast_datarecord_t &record) {
     ast_answers_t answers;
     const uint64_t bare = ast_datarecord_get_answers(&record, nullptr, &answers);
     require((bare >> AST_ANSWERS) == 0 && (bare == 0 || record.valid), "a record answers what it cannot");
+    require(!ast_datarecord_is_implausible(&record) || record.valid, "a record that is not valid is implausible");
     context.has_reception = true;
     for (const int64_t reception_ns : {INT64_MIN, INT64_C(0), INT64_C(1'700'006'400'000'000'000), INT64_MAX}) {
         context.reception_ns = reception_ns;

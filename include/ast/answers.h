@@ -242,6 +242,12 @@ typedef struct {
 AST_API uint64_t ast_datarecord_get_answers(const ast_datarecord_t *record, const ast_answer_context_t *context,
                                             ast_answers_t *answers);
 
+/** Whether a record says what cannot be: a time of day of 24 hours or more, a position off the globe, a flight level
+ * below -15 or above 1500, or a ground speed above 4000 kt. One such record may be damaged; a source most of whose
+ * records are so sends another edition, or another format, than they were decoded by. False for null and what is not
+ * valid. */
+AST_API bool ast_datarecord_is_implausible(const ast_datarecord_t *record);
+
 /** The name of an answer by its bit, constant: "timestamp", "time", "category", "sac", "sic", "type", "track_number",
  *  "squawk", "callsign", "icao24", "fl", "altitude_ft", "selected_altitude_ft", "latitude", "longitude", "range_nm",
  *  "azimuth_deg", "x_nm", "y_nm", "groundspeed_kt", "track_deg", "magnetic_heading_deg", "true_heading_deg",

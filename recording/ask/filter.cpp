@@ -20,13 +20,15 @@ struct FormNotation {
     const char *description;
 };
 
+constexpr const char *kWord = "a word, to be compared by = and !=";
+
 constexpr FormNotation kNotations[] = {
     {QuantityForm::decimal, Notation::decimal, "a number"},
     {QuantityForm::whole, Notation::decimal, "a whole number"},
     {QuantityForm::octal, Notation::octal, "octal digits"},
     {QuantityForm::hexadecimal, Notation::hexadecimal, "hexadecimal digits"},
-    {QuantityForm::characters, Notation::text, "a word, to be compared by = and !="},
-    {QuantityForm::word, Notation::text, "a word, to be compared by = and !="},
+    {QuantityForm::characters, Notation::text, kWord},
+    {QuantityForm::word, Notation::text, kWord},
     {QuantityForm::flag, Notation::decimal, "0 or 1"},
     {QuantityForm::clock, Notation::clock, "hours, minutes and seconds, such as 12:00:01.5"},
     {QuantityForm::moment, Notation::moment, "a date and time, such as 2014-02-25T12:43:47Z"},
@@ -42,11 +44,11 @@ struct TextName {
 
 constexpr TextName kTexts[] = {
     {"sacsic", Notation::source, AST_KEYWORD_SACSIC, "SAC/SIC, such as 25/12, or as one number, 25012"},
-    {"type", Notation::text, AST_KEYWORD_MSGTYPE, "a word, to be compared by = and !="},
-    {"position", Notation::text, AST_KEYWORD_WGS84COORD, "a text, to be compared by = and !="},
-    {"polar", Notation::text, AST_KEYWORD_POLARCOORD, "a text, to be compared by = and !="},
-    {"heading", Notation::text, AST_KEYWORD_HEADING, "a text, to be compared by = and !="},
-    {"velocity", Notation::text, AST_KEYWORD_CARTESIANVEL, "a text, to be compared by = and !="},
+    {"type", Notation::text, AST_KEYWORD_MSGTYPE, kWord},
+    {"position", Notation::text, AST_KEYWORD_WGS84COORD, kWord},
+    {"polar", Notation::text, AST_KEYWORD_POLARCOORD, kWord},
+    {"heading", Notation::text, AST_KEYWORD_HEADING, kWord},
+    {"velocity", Notation::text, AST_KEYWORD_CARTESIANVEL, kWord},
 };
 
 constexpr size_t kKeywordRoom = 128; // more characters than the text of any keyword takes

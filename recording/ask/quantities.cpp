@@ -72,7 +72,7 @@ double Quantity::step() const {
     constexpr double kMicrosecond = 0.000'001;
     if (form == QuantityForm::clock) return kMillisecond;
     if (form == QuantityForm::moment) return kMicrosecond;
-    return 1 / static_cast<double>(power_of_10(decimals));
+    return form == QuantityForm::decimal ? 1 / static_cast<double>(power_of_10(decimals)) : 0;
 }
 
 void Quantity::write(CellWriter &out, const ast_answers_t &answers) const {

@@ -42,7 +42,7 @@ struct Quantity {
     // In its unit, times in seconds; nothing but 0 for characters.
     double number(const ast_answers_t &answers) const;
 
-    // The same as it is shown, without what its text leaves out, and from which difference on that is another one.
+    // The same as it is shown, without what its text leaves out, and the step of that; 0 for what has no decimals.
     double shown_number(const ast_answers_t &answers) const;
     double step() const;
 

@@ -10,7 +10,8 @@
 
 namespace ast::recording {
 
-// What a block was read by, in the library's words: the name of a profile and the edition that it means.
+// What a block was read by, in the library's words: the name of a profile and the edition that it means. Nothing for a
+// category that nobody has published.
 struct Profile {
     const char *name = "";
     const char *edition = "";

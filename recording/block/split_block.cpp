@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "framing/block_header.hpp"
+#include "framing/soundness.hpp"
 
 namespace ast::recording {
 
@@ -87,7 +88,7 @@ void SplitBlock::read(EditionMemory &editions, Octets octets) {
     category = result.category;
     record_count = records.split_.record_count;
     uap = result.uap;
-    profile = {result.profile, result.edition, result.ambiguous};
+    profile = is_known_category(category) ? Profile{result.profile, result.edition, result.ambiguous} : Profile{};
 }
 
 } // namespace ast::recording

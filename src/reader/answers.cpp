@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "reader/answer_tables.hpp"
+#include "reader/limits.hpp"
 
 namespace ast::reader {
 
@@ -11,10 +12,6 @@ namespace {
 
 constexpr int64_t kSecondNs = 1'000'000'000;
 constexpr int64_t kDayNs = 24 * 60 * 60 * kSecondNs;
-constexpr double kDayS = 24 * 60 * 60;
-
-constexpr double kMaxLatitudeDeg = 90;
-constexpr double kMaxLongitudeDeg = 180;
 
 constexpr uint32_t kTruncatedTimes = 1; // the category that has them
 
@@ -64,9 +61,13 @@ void settle_time(Answering &answering, uint32_t category, const ast_answer_conte
     }
 }
 
+bool is_on_globe(const ast_answers_t &answers) {
+    return std::abs(answers.latitude_deg) <= kMaxLatitudeDeg && std::abs(answers.longitude_deg) <= kMaxLongitudeDeg;
+}
+
 void settle_position(Answering &answering) {
     ast_answers_t &out = answering.out;
-    if (std::abs(out.latitude_deg) <= kMaxLatitudeDeg && std::abs(out.longitude_deg) <= kMaxLongitudeDeg) return;
+    if (is_on_globe(out)) return;
     answering.forget(AST_ANSWER_LATITUDE | AST_ANSWER_LONGITUDE);
     out.latitude_deg = out.longitude_deg = 0;
 }
@@ -151,6 +152,16 @@ uint64_t ast_datarecord_get_answers(const ast_datarecord_t *record, const ast_an
     if ((present & AST_ANSWER_LATITUDE) != 0) settle_position(answering);
     if ((present & AST_ANSWER_SQUAWK) != 0) settle_emergency(answering, present);
     return answers->present = answering.present();
+}
+
+bool ast_datarecord_is_implausible(const ast_datarecord_t *record) {
+    const AnswerTable *const table = record && record->valid ? find_answers(record->category, record->uap) : nullptr;
+    if (!table) return false;
+    ast_answers_t answers{}; // those that are not there are 0, which can be
+    Answering answering{answers, {}};
+    read_items(answering, *record, *table);
+    return answers.time_of_day_s >= kDayS || !is_on_globe(answers) || answers.fl < kLowestLevelFl ||
+           answers.fl > kHighestLevelFl || answers.groundspeed_kt > kHighestSpeedKt;
 }
 
 const char *ast_answer_to_str(uint64_t answer) {

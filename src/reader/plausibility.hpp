@@ -1,6 +1,7 @@
 // How much of what an item says cannot be.
 #pragma once
 
+#include "reader/limits.hpp"
 #include "schema/number.hpp"
 #include "schema/texts.hpp"
 #include "schema/walk.hpp"
@@ -26,10 +27,6 @@ public:
     }
 
 private:
-    static constexpr double kDayS = 24 * 60 * 60;
-    static constexpr double kMaxLatitudeDeg = 90;
-    static constexpr double kLowestLevelFl = -15;
-    static constexpr double kHighestLevelFl = 1500;
     static constexpr unsigned kTimeOfDayBits = 24;
 
     void judge(const schema::Field &field, std::string_view unit, double number) {

@@ -18,14 +18,15 @@ enum LineKey : unsigned {
     kCategory,
     kProfile,
     kAmbiguous,
+    kImplausible,
     kError,
     kOctets,
     kNoLineKey
 };
 
-constexpr Slice kLineKeys[] = {"\"file\"",    "\"block\"",       "\"record\"", "\"time\"",
-                               "\"source\"",  "\"destination\"", "\"offset\"", "\"category\"",
-                               "\"profile\"", "\"ambiguous\"",   "\"error\"",  "\"octets\""};
+constexpr Slice kLineKeys[] = {"\"file\"",        "\"block\"",  "\"record\"",   "\"time\"",    "\"source\"",
+                               "\"destination\"", "\"offset\"", "\"category\"", "\"profile\"", "\"ambiguous\"",
+                               "\"implausible\"", "\"error\"",  "\"octets\""};
 static_assert(std::size(kLineKeys) == kNoLineKey);
 
 inline unsigned find_line_key(Slice key) {

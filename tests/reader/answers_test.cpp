@@ -747,6 +747,32 @@ TEST(Answers, CompleteATruncatedTime) {
     }
 }
 
+// At the last value that can be, and at the first that cannot.
+TEST(Answers, AreImplausibleWhereTheyCannotBe) {
+    const struct {
+        const char *name;
+        uint32_t category;
+        Content possible, impossible;
+    } kValues[] = {
+        {"a time of 24 hours", 48, {48140, "A8 BF FF"}, {48140, "A8 C0 00"}},
+        {"a time that starts anew", 1, {1141, "FF FF"}, {}},
+        {"a latitude above 90", 62, {62105, "01 00 00 00 00 00 00 00"}, {62105, "01 00 00 01 00 00 00 00"}},
+        {"a longitude below -180", 62, {62105, "00 00 00 00 FE 00 00 00"}, {62105, "00 00 00 00 FD FF FF FF"}},
+        {"level -15", 62, {62136, "FF C4"}, {62136, "FF C3"}},
+        {"level 1500", 62, {62136, "17 70"}, {62136, "17 71"}},
+        {"4000 kt", 48, {48200, "47 1C 00 00"}, {48200, "47 1D 00 00"}}, // 18204.4/16384 NM/s
+    };
+    for (const auto &each : kValues) {
+        EXPECT_FALSE(ast_datarecord_is_implausible(Record(each.category, {each.possible}))) << each.name;
+        if (each.impossible.hex.empty()) continue;
+        EXPECT_TRUE(ast_datarecord_is_implausible(Record(each.category, {each.impossible}))) << each.name;
+    }
+    Record invalid(48, {{48140, "A8 C0 00"}});
+    invalid->valid = false;
+    EXPECT_FALSE(ast_datarecord_is_implausible(invalid));
+    EXPECT_FALSE(ast_datarecord_is_implausible(nullptr));
+}
+
 // ---- Names ----
 
 TEST(Answers, HaveNamesBothWays) {

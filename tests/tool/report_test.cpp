@@ -43,6 +43,46 @@ TEST(Reports, OfOneReasonAreOneLine) {
             << each.err;
 }
 
+// 24 hours, of a source whose other records are at 12:00. Told once, of most of eight records or more; JSON says it of
+// each record, and gives it back.
+TEST(Reports, TellOfSourcesThatSendWhatCannotBe) {
+    const auto blocks = [](int bad, int good) {
+        std::string octets;
+        for (int i = 0; i < bad; ++i) octets += hex("3E 0009 90 190C A8C000");
+        for (int i = 0; i < good; ++i) octets += hex("3E 0009 90 190C 546000");
+        return octets;
+    };
+    Command command;
+    command.write("few", blocks(7, 0));
+    command.write("half", blocks(8, 8));
+    command.write("most", blocks(9, 8) + kSector);
+    for (const char *const file : {"few", "half"}) {
+        const Result result = command.run(std::string("--quiet ") + file);
+        EXPECT_EQ(result.status, 0) << file;
+        EXPECT_EQ(result.err, "") << file;
+    }
+    for (const char *const mode : {"", "--stats ", "--quiet --jobs 3 ", "--list ", "--json ", "--html page "}) {
+        const Result result = command.run(std::string(mode) + "most");
+        EXPECT_EQ(result.status, 1) << mode;
+        EXPECT_NE(result.err.find("astdump: most: source 025/012, category 062: 9 of 17 records cannot be: probably "
+                                  "another edition or another format\n"),
+                  std::string::npos)
+            << mode << result.err;
+    }
+    EXPECT_NE(command.run("--stats most").out.find("025/012  062              17           9  most\n"),
+              std::string::npos);
+    EXPECT_EQ(command.run("--json most | grep -c '^{\"implausible\":true,\"block\"'").out, "9\n");
+    command.run("--json most > lines; " ASTDUMP " --write again.ast lines");
+    EXPECT_EQ(read_file(command.directory() + "/again.ast"), blocks(9, 8) + kSector);
+}
+
+// Nobody has published category 030, so that no profile reads it.
+TEST(Reports, NameNoProfileOfAnUnknownCategory) {
+    Command command;
+    command.write("b", hex("1E 0006 80 190C"));
+    EXPECT_EQ(command.run("b").out.find("#1  CAT 030  6 octets  0 records  NOT SUPPORTED\n"), 0U);
+}
+
 // Other editions are not damage, and are counted apart from it.
 TEST(Reports, TellWhatIsNotSupported) {
     Command command;

@@ -29,8 +29,8 @@ all                          2.5        2.0       5        4        1  07:08:11
     command.write("blocks", kSector + hex("22 0013 F0 190C 02 546080 40 F0 190D 02 546080 40"
                                           "1E 0006 80 190C"));
     EXPECT_EQ(command.run("--top blocks | grep /").out,
-              "025/012  034  standard        2        2               12:00:01\n"
-              "025/013  034  standard        0        1               12:00:01\n");
+              "025/012  034  standard       2        2               12:00:01\n"
+              "025/013  034  standard       0        1               12:00:01\n");
     EXPECT_NE(command.run("--top blocks").out.find("3            1\nnot supported: 1 block\n"), std::string::npos);
 }
 

@@ -126,13 +126,15 @@ uint32_t PlanColumns::text_of(const std::string &text) {
 }
 
 // As it was sent: the page itself finds out where what is measured is. What a system draws is not around the sensor
-// that it names.
+// that it names. Of a record that says what cannot be, the position is no better.
 void PlanColumns::put_position(const ast_datarecord_t &record, const ast_answers_t &answers) {
     const bool is_sent = answers.located == 0;
     const bool is_of_sensor = answers.frame != AST_FRAME_SYSTEM;
     ast_site_t site{};
     ast_sites_t told{.sites = &site, .room = 1, .count = 0};
-    if (is_sent && has(answers, AST_ANSWER_LATITUDE | AST_ANSWER_LONGITUDE))
+    if (ast_datarecord_is_implausible(&record))
+        put_position(no_position, 0, 0);
+    else if (is_sent && has(answers, AST_ANSWER_LATITUDE | AST_ANSWER_LONGITUDE))
         put_position(wgs84, answers.latitude_deg * kDegree, answers.longitude_deg * kDegree);
     else if (is_of_sensor && has(answers, AST_ANSWER_RANGE | AST_ANSWER_AZIMUTH))
         put_position(polar, answers.range_nm * kNauticalMile, answers.azimuth_deg * kAzimuth);

@@ -44,8 +44,8 @@ record that is asked for are left out.
 G behind them is placed as on the ground, without a height, and E from a place that is only an estimate. A height with
 ? is garbled or not validated.
 
-Exit status: 0 when all is well, 1 when a block or the input is damaged, 2 for a mistake on the command line or a file
-that cannot be read.
+Exit status: 0 when all is well, 1 when a block or the input is damaged, or what a source sends cannot be, 2 for a
+mistake on the command line or a file that cannot be read.
 
 Examples:
   astdump recording.pcap                     list all blocks

@@ -62,7 +62,7 @@ int Run::files() {
     clear_line();
     finish();
     if (unreadable_) return kExitUnusable;
-    return reports_.any_damage() ? kExitDamaged : kExitClean;
+    return reports_.any_damage() || is_implausible_ ? kExitDamaged : kExitClean;
 }
 
 // What is not read is left out; the rest of the run goes on.
@@ -88,6 +88,18 @@ void Run::read_input(Pipeline &pipeline) {
     octets_read_ += consumed_;
     if (!sinks_.empty()) sinks_.front()->flush();
     reports_.end_file();
+    tell_what_cannot_be();
+}
+
+// Once for each source.
+void Run::tell_what_cannot_be() {
+    for (const auto &[source, judgement] : judgements_) {
+        if (!judgement.is_implausible()) continue;
+        is_implausible_ = true;
+        reports_.tell_of_file(judgement_text(source, judgement));
+        for (const auto &sink : sinks_) sink->doubt(source, judgement);
+    }
+    judgements_.clear();
 }
 
 std::string Run::place() const { return inputs_.name() + ", behind block " + std::to_string(last_block_); }
@@ -118,6 +130,7 @@ bool Run::take(Job &job) {
     unconverted_ += rendered.unconverted;
     shown_ += rendered.shown;
     coverage_ |= rendered.coverage;
+    for (const auto &[source, judgement] : rendered.judgements) judgements_[source] += judgement;
     size_t taken = 0;
     for (const Report &report : rendered.reports.list()) {
         if (!sinks_.empty()) sinks_.front()->take(rendered.texts.front().text().substr(taken, report.place - taken));

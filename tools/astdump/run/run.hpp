@@ -39,6 +39,7 @@ private:
     void read_input(Pipeline &pipeline);
     void finish();
     void tell_what_is_left_out() const;
+    void tell_what_cannot_be();
 
     std::unique_ptr<Job> make_job(size_t chunk_octets) override;
     bool read(Job &job) override { return inputs_.fill(job); }
@@ -60,6 +61,8 @@ private:
     std::vector<std::optional<Worker>> workers_; // made when their threads have something to do
     uint64_t shown_ = 0;                         // as the first sink counts
     ConditionCoverage coverage_;
+    Judgements judgements_;       // of the input at hand
+    bool is_implausible_ = false; // any source of any input
     uint64_t unconverted_ = 0; // records
     uint64_t octets_read_ = 0; // of the files before this one
     uint64_t consumed_ = 0;    // of this one

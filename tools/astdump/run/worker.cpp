@@ -24,10 +24,11 @@ struct Worker::Walk {
     Worker &worker;
     uint64_t most;
     Rendered &rendered;
+    bool only_counts;
 
     bool has_enough() const { return rendered.shown >= most; }
     void report(const Report &report) { rendered.reports.add(report); }
-    Blocks skip(Octets blocks) { return worker.only_counts_ ? worker.count(blocks, rendered) : Blocks{0, 0}; }
+    Blocks skip(Octets blocks) { return only_counts ? worker.count(blocks, rendered) : Blocks{0, 0}; }
     void no_block(const Datagram &datagram, uint64_t offset, const Frame &frame) {
         worker.no_block(datagram, offset, frame, rendered);
     }
@@ -45,8 +46,9 @@ void Worker::render(const Job &job, uint64_t most, Rendered &rendered) {
     rendered.reports.clear();
     rendered.shown = 0;
     rendered.unconverted = 0;
+    rendered.judgements.clear();
     decoder_.set_known(job.known);
-    Walk walk{*this, most, rendered};
+    Walk walk{*this, most, rendered, only_counts(job.chunk)};
     walk_chunk(job.chunk, walk);
     for (size_t i = 0; i < renderers_.size(); ++i)
         if (renderers_[i]) renderers_[i]->end(rendered.texts[i]);
@@ -76,6 +78,7 @@ void Worker::no_block(const Datagram &datagram, uint64_t offset, const Frame &fr
 void Worker::block(const Datagram &datagram, uint64_t number, uint64_t offset, Octets octets, uint64_t most,
                    Rendered &rendered) {
     DecodedBlock &decoded = decoder_.decode(datagram, number, offset, octets);
+    if (number <= kJudgedBlocks) judge(rendered.judgements, *decoded.block);
     select_records(decoded, options_.where);
     if (!options_.where.empty()) coverage_.look(decoded, options_.where);
     const bool is_wanted = options_.where.empty() || decoded.shown.any();

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "ask/filter.hpp"
+#include "ask/source_judge.hpp"
 #include "base/text_buffer.hpp"
 #include "datagram/report.hpp"
 #include "run/options.hpp"
@@ -25,6 +26,7 @@ struct Rendered {
     uint64_t unconverted = 0; // records that are left out
     uint64_t shown = 0;       // as the first sink counts
     ConditionCoverage coverage;
+    Judgements judgements;
 };
 
 class Worker {
@@ -38,6 +40,8 @@ public:
 private:
     struct Walk;
 
+    // Whether that is all that becomes of the blocks of a chunk that have no fault.
+    bool only_counts(const Chunk &chunk) const { return only_counts_ && chunk.first_number > kJudgedBlocks; }
     Blocks count(Octets blocks, Rendered &rendered);
     void no_block(const Datagram &datagram, uint64_t offset, const Frame &frame, Rendered &rendered);
     void block(const Datagram &datagram, uint64_t number, uint64_t offset, Octets octets, uint64_t most,

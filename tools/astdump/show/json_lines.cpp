@@ -27,12 +27,15 @@ private:
     void data(uint32_t category, Octets octets, const std::string &error, const ast_json_line_t &line, TextBuffer &out);
     template <typename Write>
     void put(size_t octets, TextBuffer &out, Write write);
+    template <typename Write>
+    void put_implausible(size_t octets, TextBuffer &out, Write write);
 
     JsonForm form_;
     const std::string &file_;
     TextBuffer time_;
     TextBuffer source_;
     TextBuffer destination_;
+    TextBuffer implausible_;
 };
 
 const char *terminated(TextBuffer &text) {
@@ -76,8 +79,13 @@ void JsonRenderer::block(const DecodedBlock &decoded, TextBuffer &out) {
         if (!decoded.shown[i]) continue;
         const ast_datarecord_t &record = block.records[i];
         line.record = i + 1;
-        put(record.size, out,
-            [&](char *text, uint64_t capacity) { return ast_datarecord_to_json(text, capacity, &record, &line); });
+        const auto write = [&](char *text, uint64_t capacity) {
+            return ast_datarecord_to_json(text, capacity, &record, &line);
+        };
+        if (ast_datarecord_is_implausible(&record))
+            put_implausible(record.size, out, write);
+        else
+            put(record.size, out, write);
     }
     if (form_.remainders && has_remainder(decoded)) remainder(decoded, line, out);
 }
@@ -116,6 +124,15 @@ void JsonRenderer::put(size_t octets, TextBuffer &out, Write write) {
     constexpr size_t kOfOctet = 256;
     out.put_by(kOfLine + octets * kOfOctet, write);
     out.put('\n');
+}
+
+// As the first member, which is not among those that the library writes.
+template <typename Write>
+void JsonRenderer::put_implausible(size_t octets, TextBuffer &out, Write write) {
+    implausible_.clear();
+    put(octets, implausible_, write);
+    out.put("{\"implausible\":true,");
+    out.put(implausible_.text().substr(1));
 }
 
 } // namespace

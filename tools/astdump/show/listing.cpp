@@ -72,7 +72,7 @@ void ListingRenderer::block_line(const DecodedBlock &decoded, TextBuffer &out) {
     out.number(decoded.octets.size());
     out.put(" octets  ");
     put_profile(out, block.profile);
-    out.put("  ");
+    if (*block.profile.name) out.put("  ");
     put_counted(out, block.record_count, "record");
     out.put("  ");
     out.put(style_.on(block.valid ? Color::good : Color::fault));

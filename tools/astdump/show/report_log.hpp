@@ -21,6 +21,9 @@ public:
     void set_file(const std::string &name, bool is_live);
     void show(const Report &report);
 
+    // Says something of the file itself.
+    void tell_of_file(const std::string &text) const { line(file_, text); }
+
     // Shows what is left to the end of the file.
     void end_file();
 

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "ask/source_judge.hpp"
 #include "base/text_buffer.hpp"
 #include "show/counts.hpp"
 
@@ -53,6 +54,9 @@ public:
     // What has been rendered, in pieces that end with a block; and what has been counted in a chunk.
     virtual void take(std::string_view rendered) = 0;
     virtual void count(const Tally &) {}
+
+    // What a data source of the file at hand has sent cannot be.
+    virtual void doubt(const JudgedSource &, const Judgement &) {}
 
     // Something else is shown next, behind what has been taken.
     virtual void flush() {}

@@ -18,6 +18,7 @@ void Stats::finish(uint64_t) {
     categories();
     items();
     profiles();
+    doubts();
     files();
     out_.write(text_.text());
 }
@@ -93,6 +94,22 @@ void Stats::profile(unsigned category, const Profile &profile, uint64_t blocks) 
     text_.number(blocks, 17);
     if (profile.ambiguous) text_.put("  ambiguous: others fit as well");
     text_.put('\n');
+}
+
+void Stats::doubts() {
+    if (doubts_.empty()) return;
+    text_.put("\nProbably another edition or another format:\n");
+    headline("Source   Category    Records Implausible  File");
+    for (const auto &[source, judgement, file] : doubts_) {
+        const std::string name = source.source_text();
+        text_.left(name.empty() ? "-" : name, 9);
+        text_.number(source.category, 3, '0');
+        text_.number(judgement.records, 16);
+        text_.number(judgement.implausible, 12);
+        text_.put("  ");
+        text_.put(files_[file].name);
+        text_.put('\n');
+    }
 }
 
 void Stats::files() {

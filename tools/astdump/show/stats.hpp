@@ -18,6 +18,9 @@ public:
     void framing(const std::string &name) override { files_.back().framing = name; }
     void take(std::string_view) override {}
     void count(const Tally &tally) override;
+    void doubt(const JudgedSource &source, const Judgement &judgement) override {
+        doubts_.push_back({source, judgement, files_.size() - 1});
+    }
     void finish(uint64_t octets_read) override;
 
 private:
@@ -26,6 +29,7 @@ private:
     void items();
     void profiles();
     void profile(unsigned category, const Profile &profile, uint64_t blocks);
+    void doubts();
     void files();
     void headline(std::string_view text);
     void item(ast_dataitem_type_t type, uint64_t count);
@@ -41,6 +45,12 @@ private:
         std::string framing;
     };
     std::vector<File> files_;
+    struct Doubt {
+        JudgedSource source;
+        Judgement judgement;
+        size_t file;
+    };
+    std::vector<Doubt> doubts_;
 };
 
 } // namespace ast::recording::astdump

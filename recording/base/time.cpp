@@ -1,6 +1,7 @@
 #include "base/time.hpp"
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <ctime>
 #include <limits>
@@ -121,12 +122,17 @@ Time now() {
 
 namespace {
 
-// Datagrams come in their order: most share their second with the one before.
+// Datagrams come in their order, and what they hold is some seconds old: most share their second with others.
 const std::string &second_text(std::time_t seconds) {
-    thread_local std::optional<std::time_t> last_seconds;
-    thread_local std::string last;
-    if (seconds == last_seconds) return last;
-    last_seconds = seconds;
+    struct Second {
+        std::optional<std::time_t> seconds;
+        std::string text;
+    };
+    thread_local std::array<Second, 16> known;
+    Second &second = known[static_cast<size_t>(seconds) % known.size()];
+    std::string &last = second.text;
+    if (seconds == second.seconds) return last;
+    second.seconds = seconds;
     if (!is_in_calendar({seconds, 0})) return last = std::to_string(seconds);
     std::tm utc{};
     gmtime_r(&seconds, &utc);

@@ -100,13 +100,20 @@ bool is_quoted(QuantityForm form) {
 void put_cell(TextBuffer &out, Answerer &answerer, const Quantity *quantity) {
     const ast_answers_t &answers = answerer.answers();
     if (!quantity->is_in(answers)) return;
+    const bool is_in_quotes = is_quoted(quantity->form);
     const size_t begin = out.size();
+    if (is_in_quotes) out.put('"');
     out.put_with(kQuantityRoom, [&](char *text) {
         CellWriter writer(text);
         quantity->write(writer, answers);
         return writer.size();
     });
-    if (!is_quoted(quantity->form)) return;
+    if (!is_in_quotes) return;
+    const std::string_view cell = out.text().substr(begin + 1);
+    if (!is_formula(cell) && cell.find('"') == std::string_view::npos) return out.put('"');
+    const std::string text(cell);
+    out.cut(begin);
+    out.put(text);
     guard_formula(out, begin);
     quote(out, begin);
 }

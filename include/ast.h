@@ -101,6 +101,7 @@
 #include "ast/html.h"
 #include "ast/values.h"
 #include "ast/registers.h"
+#include "ast/details.h"
 #include "ast/enumerations.h"
 #include "ast/queries.h"
 #include "ast/schema.h"

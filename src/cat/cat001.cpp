@@ -47,11 +47,11 @@ struct I001_020 : Item<1020, ast_dataitem_001_020_t, extended<2>> {
         out.append(shown_if(report.mi, " MI"));
     }
 
-    static void show(HtmlWriter &html, const Value &report, const ast_dataitem_t &item) {
+    static void show(ViewWriter &view, const Value &report, const ast_dataitem_t &item) {
         static constexpr const char *kDetections[] = {"NO_DETECTION", "PSR", "SSR", "PSR + SSR"};
         static constexpr const char *kCodes[] = {"DEFAULT", "UNLAWFUL_INTERFERENCE (7500)",
                                                  "RADIO_COMMUNICATION_FAILURE (7600)", "EMERGENCY (7700)"};
-        DetailTable table(html, "Bit", "Item", "Value");
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[0]", "REPORT_TYPE", report.typ ? "TRACK" : "PLOT");
         table.row("Bit[1]", "SIMULATED_TARGET", Cell<2>("%d", report.sim));
         table.row("Bit[2-3]", "TARGET_TYPE", kDetections[report.ssr_psr]);
@@ -124,7 +124,7 @@ AST_DEFINE_ENCODE(I001_030, ast_dataitem_001_030_encode)
 // ---- I001/040 Measured Position in Polar Co-ordinates ----
 
 struct I001_040 : PolarPosition<1040, ast_dataitem_001_040_t, &ast_dataitem_001_040_t::rho_nm, 128> {
-    static void show(HtmlWriter &html, const Value &position) { show_as(html, position, "RHO LSB:NM", "Octet[3-4]"); }
+    static void show(ViewWriter &view, const Value &position) { show_as(view, position, "RHO LSB:NM", "Octet[3-4]"); }
     static bool write(uint8_t *octets, Value &position) { return write_fitting(octets, position); }
 };
 
@@ -145,8 +145,8 @@ struct I001_042 : ScaledPairItem<1042, FieldScale{2, true, 1, kCartesianUnitsPer
         append_pair<1>(out, "X:", position.value_1 * kMetresPerNm, " Y:", position.value_2 * kMetresPerNm);
         out.append(" LSB:M");
     }
-    static void show(HtmlWriter &html, const Value &position) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &position) {
+        DetailTable table(view, "Bit", "Item", "Value");
         write_axis_rows(table, "Octet[1-2]", 'X', position.raw_1, kCartesianUnitsPerNm);
         write_axis_rows(table, "Octet[3-4]", 'Y', position.raw_2, kCartesianUnitsPerNm);
     }
@@ -160,9 +160,9 @@ AST_DEFINE_ENCODE(I001_042, ast_dataitem_001_042_encode)
 
 struct I001_120 : ScaledItem<1120, FieldScale{1, true, 225, 16}> { // 1/256 NM/s, in knots
     static void summarize(TextWriter &out, const Value &speed) { out.print("DOPPLER:%.2fKT", speed.value); }
-    static void show(HtmlWriter &html, const Value &speed) {
+    static void show(ViewWriter &view, const Value &speed) {
         constexpr double kUnitsPerNmPerS = 256;
-        DetailTable table(html, "Bit", "Item", "Value");
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[0-7]", "DOPPLER_SPEED LSB:1/256NM/S", Cell<20>("%d", speed.raw));
         table.row("Bit[0-7]", "DOPPLER_SPEED LSB:M/S", Cell<20>("%.2f", speed.raw * kMetresPerNm / kUnitsPerNmPerS));
         table.row("Bit[0-7]", "DOPPLER_SPEED LSB:KNOT", Cell<20>("%.2f", speed.value));
@@ -184,8 +184,8 @@ AST_DEFINE_DETAIL(I001_130, ast_dataitem_001_130_get_detail_html)
 
 struct I001_131 : ScaledItem<1131, FieldScale{1, true, 1, 1}> {
     static void summarize(TextWriter &out, const Value &power) { out.print("POWER:%d LSB:DBM", power.raw); }
-    static void show(HtmlWriter &html, const Value &power) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &power) {
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[0-7]", "RECEIVED_POWER LSB:DBM", Cell<20>("%d", power.raw));
     }
 };
@@ -202,8 +202,8 @@ struct I001_141 : ScaledItem<1141, FieldScale{2, false, 1, 128}> {
         out.append_decimal<3>(time.value);
         out.append("S");
     }
-    static void show(HtmlWriter &html, const Value &time) {
-        DetailTable table(html, "Name", "Value");
+    static void show(ViewWriter &view, const Value &time) {
+        DetailTable table(view, "Name", "Value");
         table.row("TIME LSB=1/128S", Cell<10>("%d", time.raw));
         table.row("TIME LSB=1S", Cell<10>("%.3f", time.value));
     }
@@ -235,8 +235,8 @@ struct I001_150 : Item<1150, ast_dataitem_001_150_t, fixed<1>> {
         }
     }
 
-    static void show(HtmlWriter &html, const Value &pulse) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &pulse) {
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[0]", "X_PULSE_MODE_3/A", Cell<2>("%d", pulse.xa));
         table.row("Bit[1]", "SPARE", "0");
         table.row("Bit[2]", "X_PULSE_MODE_C", Cell<2>("%d", pulse.xc));
@@ -280,8 +280,8 @@ struct I001_170 : Item<1170, ast_dataitem_001_170_t, extended<2>> {
         out.append(shown_if(status.tre, " END"));
     }
 
-    static void show(HtmlWriter &html, const Value &status, const ast_dataitem_t &item) {
-        DetailTable table(html, "Bit", "ID", "Item", "Value");
+    static void show(ViewWriter &view, const Value &status, const ast_dataitem_t &item) {
+        DetailTable table(view, "Bit", "ID", "Item", "Value");
         table.row("Bit[0]", "CON", "TENTATIVE", Cell<2>("%d", status.con));
         table.row("Bit[1]", "RAD", "TRACK_TYPE", status.rad ? "SSR/COMBINED" : "PSR");
         table.row("Bit[2]", "MAN", "MANOEUVRE", Cell<2>("%d", status.man));

@@ -84,9 +84,9 @@ struct I004_000 : MessageType<4000> {
         out.append(find_function(type.value).id);
     }
 
-    static void show(HtmlWriter &html, const Value &type) {
+    static void show(ViewWriter &view, const Value &type) {
         const SafetyNetFunction &function = find_function(type.value);
-        html.paragraph("Message type: %s (%s)", function.name, function.id);
+        view.paragraph("Message type: ", function.name, " (", function.id, ")");
     }
 };
 
@@ -133,8 +133,8 @@ struct I004_060 : Item<4060, ast_dataitem_004_060_t, extended<6>> {
         out.print("FUNCTIONS:%d", static_cast<int>(in_operation));
     }
 
-    static void show(HtmlWriter &html, const Value &status) {
-        DetailTable table(html, "Function", "Name", "Status");
+    static void show(ViewWriter &view, const Value &status) {
+        DetailTable table(view, "Function", "Name", "Status");
         for (const auto &function : status.functions)
             table.row(Cell<4>("%u", function.code), find_function(function.code).name, Cell<2>("%d", function.status));
     }
@@ -170,7 +170,7 @@ constexpr SubfieldRow kAreaDefinition[] = {
 
 AST_DEFINE_COMPOUND(kItem100, 4100, kAreaDefinition, ast_dataitem_004_100_get_size, ast_subfield_004_100_get_size,
                     ast_subfield_004_100_get_id, ast_subfield_004_100_get_name, ast_subfield_004_100_get_summary,
-                    ast_subfield_004_100_get_detail_html, .unknown_id = kUnknownId,
+                    ast_subfield_004_100_get_detail_html, .unknown_id = kUnknownId, .shows_subfields = false,
                     .summarizes_unknown_subfields = true)
 AST_DEFINE_COMPOUND_DECODE(kItem100, kAreaDefinition, Area, ast_dataitem_004_100_decode)
 AST_DEFINE_SUBFIELD_SUMMARY(kItem100, ast_subfield_004_100_get_summary)
@@ -207,7 +207,7 @@ AST_DEFINE_EMPTY_SUBFIELD_VIEW(show_conflict_subfield)
 
 AST_DEFINE_COMPOUND(kItem120, 4120, kConflictCharacteristics, ast_dataitem_004_120_get_size,
                     ast_subfield_004_120_get_size, ast_subfield_004_120_get_id, ast_subfield_004_120_get_name,
-                    ast_subfield_004_120_get_summary, show_conflict_subfield, .unknown_id = kUnknownId,
+                    ast_subfield_004_120_get_summary, show_conflict_subfield, .unknown_id = kUnknownId, .shows_subfields = false,
                     .summarizes_unknown_subfields = true)
 AST_DEFINE_COMPOUND_DECODE(kItem120, kConflictCharacteristics, Conflict, ast_dataitem_004_120_decode)
 AST_DEFINE_SUBFIELD_SUMMARY(kItem120, ast_subfield_004_120_get_summary)
@@ -304,7 +304,7 @@ namespace {
 constexpr ItemRow kItems[] = {
     {0,
      "Message Type",
-     {fixed<1>, ast_dataitem_004_000_get_summary, ast_dataitem_004_000_get_detail_html,
+     {fixed<1>, ast_dataitem_004_000_get_summary, kDetailOf<I004_000>,
       ast_dataitem_message_type_encode}},
     {10, "Data Source Identifier", items::data_source_identifier},
     {20, "Time of Message", items::time_of_day},

@@ -59,8 +59,8 @@ struct I008_020 : Item<8020, ast_dataitem_008_020_t, extended<2>> {
         out.append(shown_if(qualifier.er, " ERR"));
     }
 
-    static void show(HtmlWriter &html, const Value &qualifier) {
-        DetailTable table(html, "Element", "Value");
+    static void show(ViewWriter &view, const Value &qualifier) {
+        DetailTable table(view, "Element", "Value");
         table.row("Coordinate System (ORG)", coordinates(qualifier.org));
         table.row("Intensity Level", Cell<2>("%u", qualifier.intensity));
         table.row("Shading Orientation", Cell<12>("%04.1f deg", qualifier.dir_deg));
@@ -95,13 +95,13 @@ struct Sequence : Item<Type, SequenceValue, Rule> {
         out.print("%s:%u", Own::kKey, sequence.count);
     }
 
-    static void show(HtmlWriter &html, const SequenceValue &sequence) {
+    static void show(ViewWriter &view, const SequenceValue &sequence) {
         {
-            DetailTable table = Own::header(html);
+            DetailTable table = Own::header(view);
             for (uint32_t i = 0; i < sequence.count; ++i)
                 Own::show_one(table, number(static_cast<int32_t>(i + 1)), (sequence.*Own::kElements)[i]);
         }
-        html.paragraph("%s", Own::kNote);
+        view.paragraph(Own::kNote);
     }
 };
 
@@ -122,8 +122,8 @@ struct I008_034 : Sequence<I008_034, 8034, ast_dataitem_008_034_t, repetitive<4>
         vector.azimuth_deg = vector.azimuth_raw * kAzimuthLsbDeg;
     }
 
-    static DetailTable header(HtmlWriter &html) {
-        return DetailTable(html, "Vector", "Start Range", "End Range", "Azimuth (deg)");
+    static DetailTable header(ViewWriter &view) {
+        return DetailTable(view, "Vector", "Start Range", "End Range", "Azimuth (deg)");
     }
 
     static void show_one(DetailTable &table, std::string_view place, const auto &vector) {
@@ -148,8 +148,8 @@ struct I008_036 : Sequence<I008_036, 8036, ast_dataitem_008_036_t, repetitive<3>
         vector.length = octets[2];
     }
 
-    static DetailTable header(HtmlWriter &html) {
-        return DetailTable(html, "Vector", "X-Component", "Y-Component", "Length");
+    static DetailTable header(ViewWriter &view) {
+        return DetailTable(view, "Vector", "X-Component", "Y-Component", "Length");
     }
 
     static void show_one(DetailTable &table, std::string_view place, const auto &vector) {
@@ -174,8 +174,8 @@ struct I008_038 : Sequence<I008_038, 8038, ast_dataitem_008_038_t, repetitive<4>
         vector.y2 = signed_octet(octets[3]);
     }
 
-    static DetailTable header(HtmlWriter &html) {
-        return DetailTable(html, "Vector", "X1-Component", "Y1-Component", "X2-Component", "Y2-Component");
+    static DetailTable header(ViewWriter &view) {
+        return DetailTable(view, "Vector", "X1-Component", "Y1-Component", "X2-Component", "Y2-Component");
     }
 
     static void show_one(DetailTable &table, std::string_view place, const auto &vector) {
@@ -203,8 +203,8 @@ struct I008_040 : Item<8040, ast_dataitem_008_040_t, fixed<2>> {
                   coordinates(contour.org));
     }
 
-    static void show(HtmlWriter &html, const Value &contour) {
-        DetailTable table(html, "Element", "Value");
+    static void show(ViewWriter &view, const Value &contour) {
+        DetailTable table(view, "Element", "Value");
         table.row("Coordinate System (ORG)", coordinates(contour.org));
         table.row("Intensity Level", Cell<2>("%u", contour.intensity));
         table.row("Position in Contour (FST/LST)", kPositions[contour.fst_lst]);
@@ -227,7 +227,7 @@ struct I008_050 : Sequence<I008_050, 8050, ast_dataitem_008_050_t, repetitive<2>
         point.y = signed_octet(octets[1]);
     }
 
-    static DetailTable header(HtmlWriter &html) { return DetailTable(html, "Point", "X-Component", "Y-Component"); }
+    static DetailTable header(ViewWriter &view) { return DetailTable(view, "Point", "X-Component", "Y-Component"); }
 
     static void show_one(DetailTable &table, std::string_view place, const auto &point) {
         table.row(place, number(point.x), number(point.y));
@@ -276,11 +276,11 @@ struct I008_100 : Item<8100, ast_dataitem_008_100_t, SizeRule{}> {
         out.print("F:%d R:%u Q:%u", status.f, status.r, status.q);
     }
 
-    static void show(HtmlWriter &html, const Value &status) {
+    static void show(ViewWriter &view, const Value &status) {
         char extents[3 * AST_008_100_MAX_EXTENTS];
         TextWriter out(extents, sizeof extents);
         for (uint32_t i = 0; i < status.extent_count; ++i) out.print("%s%02X", i == 0 ? "" : " ", status.extents[i]);
-        DetailTable table(html, "Element", "Value");
+        DetailTable table(view, "Element", "Value");
         table.row("Scaling Factor (f)", number(status.f));
         table.row("Reduction Stage (R)", Cell<24>("%u%s", status.r, shown_if(status.r == 0, "(Normal operation)")));
         table.row("Processing Parameters (Q)", Cell<16>("%u (0x%04X)", status.q, status.q));
@@ -299,8 +299,8 @@ struct I008_110 : Item<8110, ast_dataitem_008_110_t, extended<AST_008_110_MAX_OC
         copy_octets(status.octets, item.data, status.count);
     }
 
-    static void show(HtmlWriter &html, const Value &status) {
-        html.paragraph("Application dependent data (%u octets)", status.count);
+    static void show(ViewWriter &view, const Value &status) {
+        view.paragraph("Application dependent data (", Cell<12>("%u", status.count), " octets)");
     }
 };
 
@@ -361,7 +361,7 @@ constexpr ItemRow kItems[] = {
     own<I008_100>("Processing Status"),
     {110,
      "Station Configuration Status",
-     {I008_110::kSize, ast_dataitem_binary_data_get_summary, ast_dataitem_008_110_get_detail_html}},
+     {I008_110::kSize, ast_dataitem_binary_data_get_summary, kDetailOf<I008_110>}},
     own<I008_120>("Total Number of Items Constituting One Weather Picture"),
     {AST_ITEM_RFS, "Random Field Sequencing", items::random_field_sequencing},
     {AST_ITEM_SPF, "Special Purpose Field", items::special_purpose_field},

@@ -63,10 +63,10 @@ struct I010_020 : Item<10020, ast_dataitem_010_020_t, extended<3>> {
         out.append(kTargets[report.tot]);
     }
 
-    static void show(HtmlWriter &html, const Value &report, const ast_dataitem_t &item) {
+    static void show(ViewWriter &view, const Value &report, const ast_dataitem_t &item) {
         static constexpr const char *kLoops[] = {"UNDETERMINED", "LOOP_START", "LOOP_FINISH", "UNDEFINED"};
         static constexpr const char *kTargets[] = {"UNDETERMINED", "AIRCRAFT", "GROUND_VEHICLE", "HELICOPTER"};
-        DetailTable table(html, "Bit", "Item", "Value");
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[0-2]", "TARGET_TYPE", kTypes[report.typ]);
         table.row("Bit[3]", "DIFFERENTIAL_CORRECTION", Cell<2>("%d", report.dcr));
         table.row("Bit[4]", "PROCESSING_CHAIN", Cell<2>("%u", report.chn));
@@ -109,7 +109,7 @@ struct I010_040 : PolarPosition<10040, ast_dataitem_010_040_t, &ast_dataitem_010
     static void summarize(TextWriter &out, const Value &position) {
         out.print("RHO:%.1f LSB:M THETA:%.1f", position.rho_m, position.theta_deg);
     }
-    static void show(HtmlWriter &html, const Value &position) { show_as(html, position, "RHO LSB:M", "Octet[3-4]"); }
+    static void show(ViewWriter &view, const Value &position) { show_as(view, position, "RHO LSB:M", "Octet[3-4]"); }
     static bool write(uint8_t *octets, Value &position) { return write_fitting(octets, position); }
 };
 
@@ -123,8 +123,8 @@ struct I010_042 : ScaledPairItem<10042, FieldScale{2, true, 1, 1}> { // metres
     static void summarize(TextWriter &out, const Value &position) {
         out.print("X:%.1f Y:%.1f LSB:M", position.value_1, position.value_2);
     }
-    static void show(HtmlWriter &html, const Value &position) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &position) {
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Octet[1-2]", "X LSB:M", Cell<20>("%d", position.raw_1));
         table.row("Octet[3-4]", "Y LSB:M", Cell<20>("%d", position.raw_2));
     }
@@ -160,7 +160,7 @@ struct I010_170 : Item<10170, ast_dataitem_010_170_t, extended<3>> {
         out.append(shown_if(status.gho, " GHOST"));
     }
 
-    static void show(HtmlWriter &html, const Value &status, const ast_dataitem_t &item) {
+    static void show(ViewWriter &view, const Value &status, const ast_dataitem_t &item) {
         static constexpr const char *kExtrapolations[] = {"NONE", "SENSOR_REFRESH_PERIOD", "MASKED_AREA",
                                                           "UNPREDICTABLE_ABSENCE"};
         static constexpr const char *kMovements[] = {"UNKNOWN", "TAKING_OFF", "LANDING", "OTHER"};
@@ -174,7 +174,7 @@ struct I010_170 : Item<10170, ast_dataitem_010_170_t, extended<3>> {
                                                   "UNDEFINED"};
         static constexpr const char *kMerges[] = {"UNDETERMINED", "MERGED_BY_ASSOCIATION", "MERGED_BY_NON_ASSOCIATION",
                                                   "SPLIT"};
-        DetailTable table(html, "Bit", "ID", "Item", "Value");
+        DetailTable table(view, "Bit", "ID", "Item", "Value");
         table.row("Bit[0]", "CNF", "TENTATIVE", Cell<2>("%d", status.cnf));
         table.row("Bit[1]", "TRE", "TRACK_END", Cell<2>("%d", status.tre));
         table.row("Bit[2-3]", "CST", "EXTRAPOLATION", kExtrapolations[status.cst]);
@@ -234,8 +234,8 @@ struct I010_500 : Item<10500, ast_dataitem_010_500_t, fixed<4>> {
         out.print("X:%.2f Y:%.2f COV:%.2f LSB:M", deviation.x_m, deviation.y_m, deviation.xy_m);
     }
 
-    static void show(HtmlWriter &html, const Value &deviation) {
-        DetailTable table(html, "Octet", "Item", "Value");
+    static void show(ViewWriter &view, const Value &deviation) {
+        DetailTable table(view, "Octet", "Item", "Value");
         table.row("Octet[1]", "SIGMA(X) LSB:0.25M", Cell<20>("%u", deviation.x_raw));
         table.row("Octet[1]", "SIGMA(X) LSB:M", Cell<20>("%.2f", deviation.x_m));
         table.row("Octet[2]", "SIGMA(Y) LSB:0.25M", Cell<20>("%u", deviation.y_raw));
@@ -271,8 +271,8 @@ struct I010_550 : Item<10550, ast_dataitem_010_550_t, fixed<1>> {
 
     static void summarize(TextWriter &out, const Value &status) { out.print("SYS_STAT:%s", kStates[status.nogo]); }
 
-    static void show(HtmlWriter &html, const Value &status) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &status) {
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[0-1]", "SYS_STATUS", kStates[status.nogo]);
         table.row("Bit[2]", "OVERLOAD", Cell<2>("%d", status.ovl));
         table.row("Bit[3]", "TIME_SOURCE_INVALID", Cell<2>("%d", !status.time_valid));

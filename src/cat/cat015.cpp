@@ -48,11 +48,11 @@ struct I015_020 : Item<15020, ast_dataitem_015_020_t, extended<1>> {
         out.append(kDirections[report.scd]);
     }
 
-    static void show(HtmlWriter &html, const Value &report, const ast_dataitem_t &item) {
+    static void show(ViewWriter &view, const Value &report, const ast_dataitem_t &item) {
         static constexpr const char *kSensors[] = {"MONO", "MULTI", "OTHER", "UNKNOWN"};
         static constexpr const char *kTargets[] = {"ACTUAL", "REFERENCE", "SYNTHETIC", "SIMULATED"};
         static constexpr const char *kDirections[] = {"UNKNOWN", "FORWARD", "BACKWARD", "STATIC"};
-        DetailTable table(html, "Bit", "Item", "Value");
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[0-1]", "SENSOR_TYPE", kSensors[report.momu]);
         table.row("Bit[2-3]", "TARGET_TAXONOMY", kTargets[report.ttax]);
         table.row("Bit[4-5]", "SCANNING_DIRECTION", kDirections[report.scd]);
@@ -87,8 +87,8 @@ struct I015_170 : Item<15170, ast_dataitem_015_170_t, fixed<1>> {
         out.append(text);
     }
 
-    static void show(HtmlWriter &html, const Value &status, const ast_dataitem_t &item) {
-        DetailTable table(html, "Bit", "ID", "Item", "Value");
+    static void show(ViewWriter &view, const Value &status, const ast_dataitem_t &item) {
+        DetailTable table(view, "Bit", "ID", "Item", "Value");
         const auto flag = [&](const char *label, const char *id, const char *name, bool is_set) {
             table.row(label, id, name, is_set ? "1" : "0");
         };
@@ -120,8 +120,8 @@ struct I015_300 : Item<15300, ast_dataitem_015_300_t, repetitive<2>> {
             out.print(" CLS:%u PRB:%u%%", list.classes[i].cls, list.classes[i].prb_percent);
     }
 
-    static void show(HtmlWriter &html, const Value &list) {
-        DetailTable table(html, "Number", "Classification", "Probability");
+    static void show(ViewWriter &view, const Value &list) {
+        DetailTable table(view, "Number", "Classification", "Probability");
         for (uint32_t i = 0; i < list.count; ++i)
             table.row(Cell<4>("%u", i + 1), Cell<4>("%u", list.classes[i].cls),
                       Cell<5>("%u%%", list.classes[i].prb_percent));
@@ -150,8 +150,8 @@ struct I015_400 : Item<15400, ast_dataitem_015_400_t, fixed<5>> {
         out.print("PID:%u OBS:%u", measurement.pid, measurement.on);
     }
 
-    static void show(HtmlWriter &html, const Value &measurement) {
-        DetailTable table(html, "Octet", "Item", "Value");
+    static void show(ViewWriter &view, const Value &measurement) {
+        DetailTable table(view, "Octet", "Item", "Value");
         table.row("Octet[0-1]", "PAIR_IDENTIFIER", Cell<6>("%u", measurement.pid));
         table.row("Octet[2-4]", "OBSERVATION_NUMBER", Cell<9>("%u", measurement.on));
     }
@@ -170,8 +170,8 @@ struct I015_480 : Item<15480, ast_dataitem_015_480_t, repetitive<5>> {
 
     static void summarize(TextWriter &out, const Value &list) { out.print("IDENTIFIERS:%u", list.count); }
 
-    static void show(HtmlWriter &html, const Value &list) {
-        DetailTable table(html, "Repfield", "Octet", "Pair Identifier", "Observation Number");
+    static void show(ViewWriter &view, const Value &list) {
+        DetailTable table(view, "Repfield", "Octet", "Pair Identifier", "Observation Number");
         for (uint32_t i = 0; i < list.count; ++i)
             table.row(Cell<4>("%u", i + 1), octets_label<I015_480>(i), Cell<6>("%u", list.measurements[i].pid),
                       Cell<9>("%u", list.measurements[i].on));

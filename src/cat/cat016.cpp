@@ -39,7 +39,7 @@ ast_dataitem_016_site_t read_site(const uint8_t *octets) {
 template <typename I>
 class ElementTable {
 public:
-    explicit ElementTable(HtmlWriter &html) : table_(html, "Repfield", "Octet", "Item", "Value") {}
+    explicit ElementTable(ViewWriter &view) : table_(view, "Repfield", "Octet", "Item", "Value") {}
 
     // The next row, for the next so many octets of an element.
     void row(uint32_t octets, const char *name, std::string_view value) {
@@ -94,8 +94,8 @@ struct I016_300 : Item<16300, ast_dataitem_016_300_t, repetitive<6>> {
 
     static void summarize(TextWriter &out, const Value &list) { out.print("PAIRS:%u", list.count); }
 
-    static void show(HtmlWriter &html, const Value &list) {
-        DetailTable table(html, "Repfield", "Octet", "Pair Identifier", "Transmitter", "Receiver");
+    static void show(ViewWriter &view, const Value &list) {
+        DetailTable table(view, "Repfield", "Octet", "Pair Identifier", "Transmitter", "Receiver");
         for (uint32_t i = 0; i < list.count; ++i) {
             const auto &pair = list.pairs[i];
             table.row(Cell<4>("%u", i + 1), octets_label<I016_300>(i), Cell<6>("%u", pair.pid), Cell<6>("%u", pair.tid),
@@ -119,9 +119,9 @@ struct I016_405 : Item<16405, ast_dataitem_016_405_t, fixed<2>> {
 
     static void summarize(TextWriter &out, const Value &height) { out.print("H:%.2f LSB:M", height.height_m); }
 
-    static void show(HtmlWriter &html, const Value &height) {
+    static void show(ViewWriter &view, const Value &height) {
         constexpr char kBits[] = "Bit[0-15]";
-        DetailTable table(html, "Bit", "Item", "Value");
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row(kBits, "HEIGHT LSB=0.25M", Cell<16>("%d", height.height_raw));
         table.row(kBits, "HEIGHT LSB=M", Cell<16>("%.2f", height.height_m));
         table.row(kBits, "HEIGHT LSB=FT", Cell<16>("%.2f", height.height_m / kMetresPerFoot));
@@ -149,8 +149,8 @@ struct I016_410 : Item<16410, ast_dataitem_016_410_t, repetitive<21>> {
 
     static void summarize(TextWriter &out, const Value &list) { out.print("TX:%u", list.count); }
 
-    static void show(HtmlWriter &html, const Value &list) {
-        ElementTable<I016_410> table(html);
+    static void show(ViewWriter &view, const Value &list) {
+        ElementTable<I016_410> table(view);
         for (uint32_t i = 0; i < list.count; ++i) {
             const auto &transmitter = list.transmitters[i];
             table.site_rows("Transmitter Id", transmitter.tid, transmitter.site);
@@ -177,8 +177,8 @@ struct I016_420 : Item<16420, ast_dataitem_016_420_t, repetitive<12>> {
 
     static void summarize(TextWriter &out, const Value &list) { out.print("RX:%u", list.count); }
 
-    static void show(HtmlWriter &html, const Value &list) {
-        ElementTable<I016_420> table(html);
+    static void show(ViewWriter &view, const Value &list) {
+        ElementTable<I016_420> table(view);
         for (uint32_t i = 0; i < list.count; ++i)
             table.site_rows("Receiver Id", list.receivers[i].rid, list.receivers[i].site);
     }

@@ -38,9 +38,9 @@ struct I019_550 : Item<19550, ast_dataitem_019_550_t, fixed<1>> {
         out.append(kStatuses[status.nogo]);
     }
 
-    static void show(HtmlWriter &html, const Value &status) {
+    static void show(ViewWriter &view, const Value &status) {
         static constexpr const char *kStatuses[] = {"OPERATIONAL", "DEGRADED", "NOGO", "UNDIFINED"}; // known so
-        DetailTable table(html, "Bit", "Item", "Value");
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[0-1]", "SYS_STATUS", kStatuses[status.nogo]);
         table.row("Bit[2]", "OVERLOAD", Cell<2>("%d", status.ovl));
         table.row("Bit[3]", "TIME_SOURCE_INVALID", Cell<2>("%d", status.tsv));
@@ -78,8 +78,8 @@ struct I019_551 : Item<19551, ast_dataitem_019_551_t, fixed<1>> {
         }
     }
 
-    static void show(HtmlWriter &html, const Value &status) {
-        DetailTable table(html, "Bit", "Tracking Processor", "Mode", "Status");
+    static void show(ViewWriter &view, const Value &status) {
+        DetailTable table(view, "Bit", "Tracking Processor", "Mode", "Status");
         for (unsigned i = 0; i < std::size(status.tp); ++i)
             table.row(Cell<16>("Bit[%u-%u]", 2 * i, 2 * i + 1), Cell<4>("TP%u", i + 1),
                       status.tp[i].exec ? "EXECUTIVE" : "STANDBY", good_or_faulted(status.tp[i].good));
@@ -107,9 +107,9 @@ struct I019_552 : Item<19552, ast_dataitem_019_552_t, repetitive<2>> {
         out.print("RS:%zu", static_cast<size_t>(status.count));
     }
 
-    static void show(HtmlWriter &html, const Value &status) {
+    static void show(ViewWriter &view, const Value &status) {
         const auto y_or_n = [](bool is_present) { return is_present ? "Y" : "N"; };
-        DetailTable table(html, "ID", "Rx 1090MHz", "Tx 1030MHz", "Tx 1090MHz", "Status", "Operational");
+        DetailTable table(view, "ID", "Rx 1090MHz", "Tx 1030MHz", "Tx 1090MHz", "Status", "Operational");
         for (uint64_t i = 0; i < status.count; ++i) {
             const auto &sensor = status.sensors[i];
             table.row(Cell<4>("%.3u", sensor.rsi), y_or_n(sensor.rs1090), y_or_n(sensor.tx1030), y_or_n(sensor.tx1090),
@@ -140,9 +140,9 @@ struct I019_553 : Item<19553, ast_dataitem_019_553_t, extended<kUnlimitedOctets>
         out.print("RT:%zu", static_cast<size_t>(status.count));
     }
 
-    static void show(HtmlWriter &html, const Value &status) {
+    static void show(ViewWriter &view, const Value &status) {
         static constexpr const char *kStatuses[] = {"UNDEFINED", "GOOD", "FAULTED", "WARNING"}; // known in this order
-        DetailTable table(html, "Bit", "Ref Transponder", "Status");
+        DetailTable table(view, "Bit", "Ref Transponder", "Status");
         for (unsigned i = 0; i < status.count && i < std::size(status.transponders); ++i)
             table.row(Cell<16>("Bit[%u-%u]", 4 * i, 4 * i + 1), Cell<5>("RT%u", i + 1),
                       kStatuses[status.transponders[i]]);
@@ -163,9 +163,9 @@ struct I019_610 : Item<19610, ast_dataitem_019_610_t, fixed<2>> {
 
     static void summarize(TextWriter &out, const Value &height) { out.print("H:%.2f", height.height_m); }
 
-    static void show(HtmlWriter &html, const Value &height) {
+    static void show(ViewWriter &view, const Value &height) {
         constexpr char kBits[] = "Bit[0-15]";
-        DetailTable table(html, "Bit", "Item", "Value");
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row(kBits, "HEIGHT (LSB=0.25M)", Cell<16>("%d", height.height_raw));
         table.row(kBits, "HEIGHT (LSB=M)", Cell<16>("%.2f", height.height_m));
         table.row(kBits, "HEIGHT (LSB=FT)", Cell<16>("%.2f", height.height_m / kMetresPerFoot));
@@ -184,9 +184,9 @@ struct I019_620 : Item<19620, ast_dataitem_019_620_t, fixed<1>> {
 
     static void summarize(TextWriter &out, const Value &undulation) { out.print("UND:%d", undulation.undulation_m); }
 
-    static void show(HtmlWriter &html, const Value &undulation) {
+    static void show(ViewWriter &view, const Value &undulation) {
         constexpr char kBits[] = "Bit[0-7]";
-        DetailTable table(html, "Bit", "Item", "Value");
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row(kBits, "UNDULATION (LSB=M)", Cell<16>("%d", undulation.undulation_m));
         table.row(kBits, "UNDULATION (LSB=FT)", Cell<16>("%.2f", undulation.undulation_m / kMetresPerFoot));
     }

@@ -67,10 +67,10 @@ struct I020_020 : Item<20020, ast_dataitem_020_020_t, extended<3>> {
         out.append(shown_if(report.crt, " CRT"));
     }
 
-    static void show(HtmlWriter &html, const Value &report, const ast_dataitem_t &item) {
+    static void show(ViewWriter &view, const Value &report, const ast_dataitem_t &item) {
         static constexpr const char *kFormats[] = {"ICAO_ADDRESS", "NON_ICAO_ADDRESS", "NON_ADS-B_MESSAGE",
                                                    "NOT_AVAILABLE"};
-        DetailTable table(html, "Bit", "Item", "Value");
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[0]", "SSR_MULTILATERATION", Cell<2>("%d", report.ssr));
         table.row("Bit[1]", "MODE-S_MULTILATERATION", Cell<2>("%d", report.ms));
         table.row("Bit[2]", "HF_MULTILATERATION", Cell<2>("%d", report.hf));
@@ -141,8 +141,8 @@ struct I020_055 : Item<20055, ast_dataitem_020_055_t, fixed<1>> {
                   shown_if(code.garbled, kGarbled), shown_if(code.smoothed, kSmoothed));
     }
 
-    static void show(HtmlWriter &html, const Value &code) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &code) {
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[0]", "NOT_VALIDATED", Cell<2>("%d", code.not_validated));
         table.row("Bit[1]", "GARBLED", Cell<2>("%d", code.garbled));
         table.row("Bit[2]", "SMOOTHED", Cell<2>("%d", code.smoothed));
@@ -185,9 +185,9 @@ struct I020_170 : Item<20170, ast_dataitem_020_170_t, extended<2>> {
         out.append(shown_if(status.gho, " GHOST"));
     }
 
-    static void show(HtmlWriter &html, const Value &status, const ast_dataitem_t &item) {
+    static void show(ViewWriter &view, const Value &status, const ast_dataitem_t &item) {
         static constexpr const char *kVertical[] = {"MAINTAINING", "CLIMBING", "DESCENDING", "INVALID"};
-        DetailTable table(html, "Bit", "ID", "Item", "Value");
+        DetailTable table(view, "Bit", "ID", "Item", "Value");
         table.row("Bit[0]", "CNF", "TENTATIVE", Cell<2>("%d", status.cnf));
         table.row("Bit[1]", "TRE", "TRACK_END", Cell<2>("%d", status.tre));
         table.row("Bit[2]", "CST", "COASTING", Cell<2>("%d", status.cst));
@@ -220,8 +220,8 @@ struct I020_210 : ScaledPairItem<20210, FieldScale{1, true, 1, 4}> { // metres p
     static void summarize(TextWriter &out, const Value &acceleration) {
         out.print("AX:%.2f AY:%.2f", acceleration.value_1, acceleration.value_2);
     }
-    static void show(HtmlWriter &html, const Value &acceleration) {
-        DetailTable table(html, "Octet", "Item", "Value");
+    static void show(ViewWriter &view, const Value &acceleration) {
+        DetailTable table(view, "Octet", "Item", "Value");
         table.row("Octet[1]", "ACCELERATION_X LSB:M/S^2", Cell<20>("%.2f", acceleration.value_1));
         table.row("Octet[2]", "ACCELERATION_Y LSB:M/S^2", Cell<20>("%.2f", acceleration.value_2));
     }
@@ -251,8 +251,8 @@ AST_DEFINE_VIEWS(I020_260, ast_dataitem_020_260_get_summary, ast_dataitem_020_26
 struct I020_300 : Item<20300, ast_uint_value_t, fixed<1>> {
     static void read(Value &fleet, const uint8_t *octets) { fleet.value = octets[0]; }
     static void summarize(TextWriter &out, const Value &fleet) { out.print("FLEET:%s", vehicle_fleet(fleet.value)); }
-    static void show(HtmlWriter &html, const Value &fleet) {
-        DetailTable table(html, "Octet", "Item", "Value");
+    static void show(ViewWriter &view, const Value &fleet) {
+        DetailTable table(view, "Octet", "Item", "Value");
         table.row("Octet[1]", "VEHICLE_FLEET_ID", vehicle_fleet(fleet.value));
     }
     static bool write(uint8_t *octets, const Value &fleet) {
@@ -283,8 +283,8 @@ struct I020_310 : Item<20310, ast_dataitem_020_310_t, fixed<1>> {
         out.print("MSG:%s%s", message_text(message.msg), shown_if(message.trb, " IN_TROUBLE"));
     }
 
-    static void show(HtmlWriter &html, const Value &message) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &message) {
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[0]", "IN_TROUBLE", Cell<2>("%d", message.trb));
         table.row("Bit[1-7]", "MESSAGE", message_text(message.msg));
     }
@@ -320,8 +320,8 @@ struct I020_400 : Item<20400, ast_dataitem_020_400_t, repetitive<1>> {
 
     static void summarize(TextWriter &out, const Value &devices) { out.print("DEVICES:%u", devices.units); }
 
-    static void show(HtmlWriter &html, const Value &, const ast_dataitem_t &item) {
-        DetailTable table(html, "Octet", "Item", "Value");
+    static void show(ViewWriter &view, const Value &, const ast_dataitem_t &item) {
+        DetailTable table(view, "Octet", "Item", "Value");
         for (uint64_t octet = 1; octet < item.size; ++octet) {
             const auto lowest = static_cast<unsigned>((item.size - 1 - octet) * kUnitsPerOctet + 1);
             table.row(Cell<16>("Octet[%u]", static_cast<unsigned>(octet + 1)),
@@ -399,8 +399,8 @@ struct I020_500 : Item<20500, ast_dataitem_020_500_t, SizeRule{}> {
         if (accuracy.sdh.present) out.print("%sSDH:%.1f", gap, accuracy.sdh.height_m);
     }
 
-    static void show(HtmlWriter &html, const Value &accuracy) {
-        DetailTable table(html, "ID", "Item", "Value");
+    static void show(ViewWriter &view, const Value &accuracy) {
+        DetailTable table(view, "ID", "Item", "Value");
         const auto row = [&](const char *id, const char *name, double value) {
             table.row(id, name, Cell<20>("%.2f", value));
         };

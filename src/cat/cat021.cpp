@@ -20,13 +20,13 @@ constexpr uint32_t kAngleUnits = 65536; // per full circle
 // An item whose detail view is one table, which stays without rows when the item cannot be read.
 template <ast_dataitem_type_t Type, typename Value, SizeRule Rule>
 struct Tabled : Item<Type, Value, Rule> {
-    static void show_unread(HtmlWriter &html) { DetailTable table(html, "Bit", "Item", "Value"); }
+    static void show_unread(ViewWriter &view) { DetailTable table(view, "Bit", "Item", "Value"); }
 };
 
 // The same with another title of the second column.
 template <ast_dataitem_type_t Type, typename Value, SizeRule Rule>
 struct TabledByName : Item<Type, Value, Rule> {
-    static void show_unread(HtmlWriter &html) { DetailTable table(html, "Bit", "Name", "Value"); }
+    static void show_unread(ViewWriter &view) { DetailTable table(view, "Bit", "Name", "Value"); }
 };
 
 // A text that stands only when its flag is set.
@@ -83,8 +83,8 @@ struct I021_008 : Tabled<21008, ast_dataitem_021_008_t, fixed<1>> {
                     "");
     }
 
-    static void show(HtmlWriter &html, const Value &status, const ast_dataitem_t &item) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &status, const ast_dataitem_t &item) {
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[0]", "TCAS_RA_ACTIVE", Cell<2>("%d", status.ra));
         table.row("Bit[1-2]", "TC_CAPABILITY", Cell<2>("%u", bits(item.data[0], 7, 6)));
         table.row("Bit[3]", "TS_CAPABILITY", Cell<2>("%d", status.ts));
@@ -141,8 +141,8 @@ struct I021_020 : Tabled<21020, ast_dataitem_021_020_t, fixed<1>> {
         out.append(ast_emitter_category_to_str(emitter.emitter_category, AST_STYLE_SHORT));
     }
 
-    static void show(HtmlWriter &html, const Value &emitter) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &emitter) {
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[0-7]", "Value", Cell<4>("%u", emitter.emitter_category));
         table.row("Bit[0-7]", "Description", ast_emitter_category_to_str(emitter.emitter_category, AST_STYLE_LONG));
     }
@@ -169,8 +169,8 @@ struct I021_032 : Tabled<21032, ast_dataitem_021_032_t, fixed<1>> {
 
     static void summarize(TextWriter &out, const Value &time) { out.print("TOD_ACCU:%.2fS", time.accuracy_s); }
 
-    static void show(HtmlWriter &html, const Value &time) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &time) {
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[0-7]", "TOD_ACCURACY LSB=1/256S", Cell<20>("%u", time.raw));
         table.row("Bit[0-7]", "TOD_ACCURACY LSB=S", Cell<20>("%.2f", time.accuracy_s));
     }
@@ -237,10 +237,10 @@ struct I021_040 : TabledByName<21040, ast_dataitem_021_040_t, extended<3>> {
         write_words(out, {{report.gbs, "GBS"}, {report.sim, "SIM"}, {report.tst, "TST"}}, "NORMAL");
     }
 
-    static void show(HtmlWriter &html, const Value &report, const ast_dataitem_t &item) {
+    static void show(ViewWriter &view, const Value &report, const ast_dataitem_t &item) {
         static constexpr const char *kAddresses[] = {"24-BIT_ICAO_ADDRESS", "DUPLICATED_ADDRESS",
                                                      "SURFACE_VEHICLE_ADDRESS", "ANONYMOUS_ADDRESS"};
-        DetailTable table(html, "Bit", "Name", "Value");
+        DetailTable table(view, "Bit", "Name", "Value");
         table.row("Bit[1-3]", "ADDRESS_TYPE", text_of(kAddresses, report.atp, "RESERVED"));
         table.row("Bit[4-5]", "ALTITUDE_REPORT_CAPABILITY", capability_text(report.arc));
         table.row("Bit[6]", "RANGE_CHECK", Cell<2>("%d", report.rc));
@@ -316,8 +316,8 @@ struct I021_090 : Tabled<21090, ast_dataitem_021_090_t, extended<4>> {
         out.print("NUCR:%u NUCP:%u", quality.nucr_nacv, quality.nucp_nic);
     }
 
-    static void show(HtmlWriter &html, const Value &quality) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &quality) {
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[0-2]", "NUC_R, NAC_V", Cell<4>("%u", quality.nucr_nacv));
         table.row("Bit[3-6]", "NUC_P, NIC", Cell<4>("%u", quality.nucp_nic));
         for (const Field &each : kFields) {
@@ -396,8 +396,8 @@ struct I021_140 : Tabled<21140, ast_dataitem_021_140_t, fixed<2>> {
         out.print("ALTITUDE:%.2fFT", altitude.altitude_ft);
     }
 
-    static void show(HtmlWriter &html, const Value &altitude) {
-        write_vertical_rows<20>(html, altitude.raw,
+    static void show(ViewWriter &view, const Value &altitude) {
+        write_vertical_rows<20>(view, altitude.raw,
                                 {"GEO_ALTITUDE LSB=6.25FT", "GEO_ALTITUDE LSB=FT", "GEO_ALTITUDE LSB=M"});
     }
 
@@ -431,8 +431,8 @@ struct I021_145 : Tabled<21145, ast_dataitem_021_145_t, fixed<2>> {
 
     static void summarize(TextWriter &out, const Value &level) { out.print("LEVEL:%.2fFL", level.raw * kLevelLsbFl); }
 
-    static void show(HtmlWriter &html, const Value &level) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &level) {
+        DetailTable table(view, "Bit", "Item", "Value");
         write_level_rows(table, "Bit[0-15]", level.raw);
     }
 
@@ -460,8 +460,8 @@ struct I021_146 : Tabled<21146, ast_dataitem_021_146_t, fixed<2>> {
         out.print("SELECTED_ALTITUDE:%.2fFL", selected.raw * kLevelLsbFl);
     }
 
-    static void show(HtmlWriter &html, const Value &selected) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &selected) {
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[0]", "SOURCE_INFO_PROVIDED", Cell<2>("%d", selected.sas));
         table.row("Bit[1-2]", "SOURCE_TYPE", ast_selected_altitude_source_to_str(selected.source, AST_STYLE_LONG));
         write_level_rows(table, "Bit[3-15]", selected.raw);
@@ -495,8 +495,8 @@ struct I021_150 : Tabled<21150, ast_dataitem_021_150_t, fixed<2>> {
             out.print("IAS:%.2fKT", speed.ias_kt);
     }
 
-    static void show(HtmlWriter &html, const Value &speed) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &speed) {
+        DetailTable table(view, "Bit", "Item", "Value");
         if (speed.im) {
             table.row("Bit[1-15]", "MACH LSB=0.001", Cell<20>("%u", speed.raw));
             table.row("Bit[1-15]", "MACH LSB=1", Cell<20>("%.3f", speed.mach));
@@ -545,8 +545,8 @@ struct I021_151 : Tabled<21151, ast_dataitem_021_151_t, fixed<2>> {
 
     static void summarize(TextWriter &out, const Value &speed) { out.print("TAS:%uKT", speed.speed_kt); }
 
-    static void show(HtmlWriter &html, const Value &speed) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &speed) {
+        DetailTable table(view, "Bit", "Item", "Value");
         write_speed_rows(table, "Bit[1-15]", "TRUE_AIR_SPEED", Cell<20>("%u", speed.speed_kt), speed.speed_kt);
     }
 };
@@ -564,8 +564,8 @@ struct I021_152 : Tabled<21152, ast_dataitem_021_152_t, fixed<2>> {
 
     static void summarize(TextWriter &out, const Value &heading) { out.print("HDG:%03.2fDEG", heading.heading_deg); }
 
-    static void show(HtmlWriter &html, const Value &heading) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &heading) {
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[0-15]", "MAGNETIC_HEADING LSB=0.0055DEG", Cell<20>("%u", heading.raw));
         table.row("Bit[0-15]", "MAGNETIC_HEADING LSB=DEG", Cell<20>("%3.2f", heading.heading_deg));
     }
@@ -590,8 +590,8 @@ struct I021_160 : Tabled<21160, ast_dataitem_021_160_t, fixed<4>> {
         out.print("SPD:%.2fKT AGL:%03.2fDEG", vector.ground_speed_kt, vector.track_angle_deg);
     }
 
-    static void show(HtmlWriter &html, const Value &vector) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &vector) {
+        DetailTable table(view, "Bit", "Item", "Value");
         write_speed_rows(table, "Bit[0-15]", "GROUND_SPEED", Cell<20>("%.2f", vector.ground_speed_kt),
                          vector.ground_speed_kt);
         table.row("Bit[16-31]", "TRACK_ANGLE LSB=DEG", Cell<20>("%.2f", vector.track_angle_deg));
@@ -668,11 +668,11 @@ struct I021_210 : TabledByName<21210, ast_dataitem_021_210_t, fixed<1>> {
             out.print("VN:%u", mops.vn);
     }
 
-    static void show(HtmlWriter &html, const Value &mops) {
+    static void show(ViewWriter &view, const Value &mops) {
         static constexpr const char *kVersions[] = {"0 (DO-260, ED102)", "1 (DO-260A)", "2 (DO-260B, ED102A)",
                                                     "3 (DO-260C, ED102B)"};
         static constexpr const char *kLinks[] = {"OTHER", "UAT", "1090ES", "VDL4"};
-        DetailTable table(html, "Bit", "Name", "Value");
+        DetailTable table(view, "Bit", "Name", "Value");
         table.row("Bit[1]", "VERSION_NOT_SUPPORTED", Cell<2>("%d", mops.vns));
         table.row("Bit[2-4]", "VERSION_NUMBER",
                   mops.vn < std::size(kVersions) ? Cell<24>("%s", kVersions[mops.vn])
@@ -809,10 +809,10 @@ struct I021_A03 : TabledByName<21903, ast_dataitem_021_A03_t, fixed<2>> {
                     "NORMAL");
     }
 
-    static void show(HtmlWriter &html, const Value &report) {
+    static void show(ViewWriter &view, const Value &report) {
         static constexpr const char *kAddresses[] = {"24-BIT_ICAO_ADDRESS", "NON_UNIQUE_ADDRESS",
                                                      "SURFACE_VEHICLE_ADDRESS", "ANONYMOUS_ADDRESS"};
-        DetailTable table(html, "Bit", "Name", "Value");
+        DetailTable table(view, "Bit", "Name", "Value");
         table.row("Bit[0]", "DIFFERENTIAL_CORRECTION", Cell<2>("%d", report.dcr));
         table.row("Bit[1]", "GROUND_BIT_SET", Cell<2>("%d", report.gbs));
         table.row("Bit[2]", "SIMULATED_TARGET_REPORT", Cell<2>("%d", report.sim));
@@ -852,8 +852,8 @@ struct I021_A05 : Tabled<21905, ast_dataitem_021_A05_t, fixed<2>> {
 
     static void summarize(TextWriter &out, const Value &merit) { out.print("PA:%u", merit.pa); }
 
-    static void show(HtmlWriter &html, const Value &merit) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &merit) {
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[0-1]", "ACAS_STATUS", ast_acas_status_to_str(merit.ac));
         table.row("Bit[2-3]", "MULTIPLE_NAVIDS_STATUS", ast_multi_navids_status_to_str(merit.mn));
         table.row("Bit[4-5]", "DIFFERENTIAL_CORRECTION_STATUS", ast_diff_correction_status_to_str(merit.dc));
@@ -891,8 +891,8 @@ struct I021_A06 : Tabled<21906, ast_dataitem_021_A06_t, fixed<1>> {
             "NONE");
     }
 
-    static void show(HtmlWriter &html, const Value &link) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &link) {
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[3]", "COCKPIT_DISPLAY_OF_TRAFFIC_INFO", Cell<2>("%d", link.cdti));
         table.row("Bit[4]", "MODE_S", Cell<2>("%d", link.mds));
         table.row("Bit[5]", "UAT", Cell<2>("%d", link.uat));

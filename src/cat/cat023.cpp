@@ -41,11 +41,11 @@ struct I023_015 : Item<23015, ast_dataitem_023_015_t, fixed<1>> {
         out.print("SID:%u%s", service.sid, kTypes[service.styp]);
     }
 
-    static void show(HtmlWriter &html, const Value &service) {
+    static void show(ViewWriter &view, const Value &service) {
         // Multilateration has no text here, though it has one in the summary; viewers know it so.
         static constexpr const char *kTypes[] = {"UNKNOWN", "ADSB_VDL4", "ADSB_ES",   "ADSB_UAT", "TISB_VDL4",
                                                  "TISB_ES", "TISB_UAT",  "FISB_VDL4", "GRAS_VDL4"};
-        DetailTable table(html, "Bit", "ID", "Item", "Value");
+        DetailTable table(view, "Bit", "ID", "Item", "Value");
         table.row("Bit[1-4]", "SID", "SERVICE_IDENTIFICATION", Cell<4>("%u", service.sid));
         table.row("Bit[5-8]", "STYP", "TYPE_OF_SERVICE", text_of(kTypes, service.styp, "UNKNOWN"));
     }
@@ -80,8 +80,8 @@ struct I023_100 : Item<23100, ast_dataitem_023_100_t, extended<2>> {
         if (status.gssp_s != 0) out.print(" GSSP:%uS", status.gssp_s);
     }
 
-    static void show(HtmlWriter &html, const Value &status, const ast_dataitem_t &item) {
-        DetailTable table(html, "Bit", "ID", "Item", "Value");
+    static void show(ViewWriter &view, const Value &status, const ast_dataitem_t &item) {
+        DetailTable table(view, "Bit", "ID", "Item", "Value");
         const auto flag = [&](const char *label, const char *id, const char *name, bool is_set) {
             table.row(label, id, name, is_set ? "1" : "0");
         };

@@ -49,8 +49,8 @@ struct CommonStatus {
 
     static void summarize(TextWriter &out, const Value &com) { out.print("CHN%u", com.rdpc); }
 
-    static void show(HtmlWriter &html, const Value &com) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &com) {
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[0]", "OPERATIONAL_RELEASE_STATUS", com.nogo ? "NOGO!" : "OPERATIONAL");
         table.row("Bit[1]", "CHANNEL_SELECTION", Cell<30>("CHANNEL_%u", com.rdpc));
         table.row("Bit[2]", "RDP_RESTART", yes_or_no(com.rdpr));
@@ -77,11 +77,11 @@ struct SsrStatus {
         out.print("ANT%u %s", ssr.ant, kChannels[ssr.ch_ab]);
     }
 
-    static void show(HtmlWriter &html, const Value &ssr) {
+    static void show(ViewWriter &view, const Value &ssr) {
         // Viewers know the texts with this spelling.
         static constexpr const char *kChannels[] = {"NO_CHANNLE", "CHANNLE_A_ONLY", "CHANNLE_B_ONLY",
                                                     "INVALID_COMBINATION"};
-        DetailTable table(html, "Bit", "Item", "Value");
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[0]", "SELECTED_ANTENNA", Cell<30>("ANTENNA_%u", ssr.ant));
         table.row("Bit[1-2]", "CHANNEL_SELECTION", text_of(kChannels, ssr.ch_ab, "UNKNOWN"));
         table.row("Bit[3]", "OVERLOAD", yes_or_no(ssr.ovl));
@@ -134,8 +134,8 @@ struct CommonMode {
         out.print("RED-RAD:%u RED-XMP:%u", com.red_rdp, com.red_xmt); // labels known so
     }
 
-    static void show(HtmlWriter &html, const Value &com) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &com) {
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[0]", "SPARE", "");
         write_reduction(table, "Bit[1-3]", "RED-REP", com.red_rdp);
         write_reduction(table, "Bit[4-6]", "RED-XMT", com.red_xmt);
@@ -206,7 +206,7 @@ struct I034_070 : Item<34070, ast_dataitem_034_070_t, repetitive<2>> {
 
     static void summarize(TextWriter &out, const Value &counts) { out.print("COUNTERS:%u", counts.count); }
 
-    static void show(HtmlWriter &html, const Value &counts, const ast_dataitem_t &item) {
+    static void show(ViewWriter &view, const Value &counts, const ast_dataitem_t &item) {
         static constexpr const char *kTypes[] = {
             "NO_DETECTION",
             "SINGLE_PSR",
@@ -227,7 +227,7 @@ struct I034_070 : Item<34070, ast_dataitem_034_070_t, repetitive<2>> {
             "FILTER_PSR_EHS_SSR/MODE-S_",
         };
         if (counts.count == 0) return;
-        DetailTable table(html, "Type", "Value");
+        DetailTable table(view, "Type", "Value");
         each_counter(item, [&](uint32_t typ, uint32_t value) {
             table.row(Cell<31>("%s", text_of(kTypes, typ, "UNDEFINED_COUNTER_TYPE")), Cell<10>("%u", value));
         });
@@ -255,9 +255,9 @@ struct I034_120 : Item<34120, ast_dataitem_034_120_t, fixed<8>> {
                   ast_latlong_to_str(position.latitude_deg, position.longitude_deg));
     }
 
-    static void show(HtmlWriter &html, const Value &position) {
+    static void show(ViewWriter &view, const Value &position) {
         constexpr char kOctets[] = "Octet[3-8]";
-        DetailTable table(html, "Octet", "Item", "Value");
+        DetailTable table(view, "Octet", "Item", "Value");
         table.row("Octet[1-2]", "HEIGHT (LSB=M)", Cell<512>("%f", position.height_m));
         write_position_texts(table, kOctets, position.latitude_deg, position.longitude_deg);
         table.row(kOctets, kWgs84Item, Cell<512>("%02.6f, %03.6f", position.latitude_deg, position.longitude_deg));

@@ -52,8 +52,8 @@ struct I048_020 : Item<48020, ast_dataitem_048_020_t, extended<2>> {
         out.append(shown_if(report.foe_fri == kFriend, " FRIEND"));
     }
 
-    static void show(HtmlWriter &html, const Value &report, const ast_dataitem_t &item) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &report, const ast_dataitem_t &item) {
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[0-2]", "TARGET_TYPE", kReportTypeTitles[report.typ]);
         table.row("Bit[3]", "SIMULATED_TARGET", Cell<2>("%d", report.sim));
         table.row("Bit[4]", "PROCESSING_CHAIN", Cell<2>("%u", report.rdp));
@@ -104,8 +104,8 @@ AST_DEFINE_VIEWS(I048_030, ast_dataitem_048_030_get_summary, ast_dataitem_048_03
 struct I048_040 : PolarPosition<48040, ast_dataitem_048_040_t, &ast_dataitem_048_040_t::rho_nm, 256> {
     static bool accepts(const ast_dataitem_t &item) { return item.size == kSize.octets; } // whatever its type
 
-    static void show(HtmlWriter &html, const Value &position) {
-        show_as(html, position, "RHO LSB:NM", "Octet[2-3]"); // viewers know the label so
+    static void show(ViewWriter &view, const Value &position) {
+        show_as(view, position, "RHO LSB:NM", "Octet[2-3]"); // viewers know the label so
     }
 };
 
@@ -132,8 +132,8 @@ struct I048_042 : Item<48042, ast_dataitem_048_042_t, fixed<4>> {
         out.append(" LSB:M");
     }
 
-    static void show(HtmlWriter &html, const Value &position) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &position) {
+        DetailTable table(view, "Bit", "Item", "Value");
         write_axis_rows(table, "Octet[1-2]", 'X', position.x_raw, kUnitsPerNm);
         write_axis_rows(table, "Octet[2-3]", 'Y', position.y_raw, kUnitsPerNm); // viewers know the label so
     }
@@ -157,8 +157,8 @@ struct I048_050 : Item<48050, ast_dataitem_048_050_t, fixed<2>> {
                   shown_if(code.garbled, kGarbled), shown_if(code.smoothed, kSmoothed));
     }
 
-    static void show(HtmlWriter &html, const Value &code) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &code) {
+        DetailTable table(view, "Bit", "Item", "Value");
         write_code_flags(table, code.not_validated, code.garbled, "SMOOTHED", code.smoothed);
         write_code_digits(table, code.code);
     }
@@ -185,8 +185,8 @@ struct I048_110 : Item<48110, ast_dataitem_048_110_t, fixed<2>> {
 
     static void summarize(TextWriter &out, const Value &height) { out.print("H:%d LSB:FT", height.height_ft); }
 
-    static void show(HtmlWriter &html, const Value &height) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &height) {
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Octet[1-2]", "HEIGHT (LSB=25FT)", Cell<20>("%d", height.height_ft / kLsbFt));
         table.row("Octet[1-2]", "HEIGHT (LSB=FT)", Cell<20>("%d", height.height_ft));
         table.row("Octet[1-2]", "HEIGHT (LSB=M)", Cell<20>("%d", static_cast<int>(height.height_ft * kMetresPerFoot)));
@@ -212,7 +212,7 @@ AST_DEFINE_EMPTY_SUBFIELD_VIEW(ast_subfield_048_120_get_summary)
 AST_DEFINE_EMPTY_SUBFIELD_VIEW(ast_subfield_048_120_get_detail_html)
 AST_DEFINE_COMPOUND(kItem120, 48120, kRadialDopplerSpeed, ast_dataitem_048_120_get_size, ast_subfield_048_120_get_size,
                     ast_subfield_048_120_get_id, ast_subfield_048_120_get_name, ast_subfield_048_120_get_summary,
-                    ast_subfield_048_120_get_detail_html)
+                    ast_subfield_048_120_get_detail_html, .shows_subfields = false)
 
 // ---- I048/130 Radar Plot Characteristics ----
 
@@ -280,10 +280,10 @@ struct I048_170 : Item<48170, ast_dataitem_048_170_t, extended<2>> {
         out.append(kTypes[status.rad]);
     }
 
-    static void show(HtmlWriter &html, const Value &status, const ast_dataitem_t &item) {
+    static void show(ViewWriter &view, const Value &status, const ast_dataitem_t &item) {
         static constexpr const char *kTypes[] = {"COMBINED", "PSR", "SSR", "INVALID"};
         static constexpr const char *kVertical[] = {"MAINTAINING", "CLIMBING", "DESCENDING", "INVALID"};
-        DetailTable table(html, "Bit", "ID", "Item", "Value");
+        DetailTable table(view, "Bit", "ID", "Item", "Value");
         table.row("Bit[0]", "CNF", "TENTATIVE", Cell<2>("%d", status.cnf));
         table.row("Bit[1-2]", "RAD", "TRACK_TYPE", kTypes[status.rad]);
         table.row("Bit[3]", "DOU", "LOW_CONFIDENCE", Cell<2>("%d", status.dou));
@@ -318,8 +318,8 @@ struct I048_210 : Item<48210, ast_dataitem_048_210_t, fixed<4>> {
                   quality.sigma_h_deg);
     }
 
-    static void show(HtmlWriter &html, const Value &quality) {
-        DetailTable table(html, "Octet", "Item", "Value");
+    static void show(ViewWriter &view, const Value &quality) {
+        DetailTable table(view, "Octet", "Item", "Value");
         const auto rows = [&](const char *octet, const char *raw_name, uint32_t raw, const char *name, double value) {
             table.row(octet, raw_name, Cell<64>("%u", raw));
             table.row(octet, name, Cell<64>("%f", value));

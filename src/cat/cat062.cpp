@@ -83,10 +83,10 @@ struct I062_080 : Item<62080, ast_dataitem_062_080_t, extended<6>> {
         out.append(status.mon ? "TRACK_STS:MONO" : "TRACK_STS:MULTI");
     }
 
-    static void show(HtmlWriter &html, const Value &status, const ast_dataitem_t &item) {
+    static void show(ViewWriter &view, const Value &status, const ast_dataitem_t &item) {
         static constexpr void (*kWriters[])(FieldTable &, const Value &) = {
             show_track, show_origin, show_identification, show_coasting, show_emergency, show_duplicates};
-        FieldTable table(html, "Bit", "Item", "Value");
+        FieldTable table(view, "Bit", "Item", "Value");
         const uint64_t octets = std::min<uint64_t>(item.size, std::size(kWriters));
         for (uint64_t i = 0; i < octets; ++i) kWriters[i](table, status);
     }
@@ -178,9 +178,9 @@ void summarize_flags(TextWriter &out, const Value &value, const Flag<Value> (&fl
 }
 
 template <typename Value, unsigned N>
-void show_flags(HtmlWriter &html, const Value &value, const Flag<Value> (&flags)[N]) {
+void show_flags(ViewWriter &view, const Value &value, const Flag<Value> (&flags)[N]) {
     constexpr unsigned kFirstBit = 8 - N;
-    BitTable table(html);
+    BitTable table(view);
     for (unsigned i = 0; i < N; ++i)
         table.flag(Cell<7>("Bit[%u]", kFirstBit + i), flags[i].name, value.*flags[i].member);
 }
@@ -192,7 +192,7 @@ struct Mode5Summary {
                                              {"MC", &Value::mc}, {"X", &Value::x}};
     static void read(Value &sum, const uint8_t *octets) { read_flags(sum, kFlags, octets[0]); }
     static void summarize(TextWriter &out, const Value &sum) { summarize_flags(out, sum, kFlags); }
-    static void show(HtmlWriter &html, const Value &sum) { show_flags(html, sum, kFlags); }
+    static void show(ViewWriter &view, const Value &sum) { show_flags(view, sum, kFlags); }
 };
 
 struct MissionCode {
@@ -205,8 +205,8 @@ struct MissionCode {
     static void summarize(TextWriter &out, const Value &codes) {
         out.print("PIN:%u NAT:%u MIS:%u", codes.pin, codes.nat, codes.mis);
     }
-    static void show(HtmlWriter &html, const Value &codes) {
-        BitTable table(html);
+    static void show(ViewWriter &view, const Value &codes) {
+        BitTable table(view);
         table.number("Bit[2-15]", "PIN", codes.pin);
         table.number("Bit[19-23]", "NAT", codes.nat);
         table.number("Bit[26-31]", "MIS", codes.mis);
@@ -222,8 +222,8 @@ struct GnssAltitude {
         altitude.altitude_ft = altitude.altitude_raw * kLsbFt;
     }
     static void summarize(TextWriter &out, const Value &altitude) { out.print("%d FT", altitude.altitude_ft); }
-    static void show(HtmlWriter &html, const Value &altitude) {
-        BitTable table(html);
+    static void show(ViewWriter &view, const Value &altitude) {
+        BitTable table(view);
         table.row("Bit[1]", "RES", altitude.res ? "25FT" : "100FT");
         table.scaled("Bit[2-15]", "GA LSB=25 FT", altitude.altitude_raw, "GA LSB=FT", altitude.altitude_ft);
     }
@@ -233,8 +233,8 @@ struct ExtendedMode1 {
     using Value = decltype(Mode5::em1);
     static void read(Value &code, const uint8_t *octets) { code.code = field(octets, 5, 16); }
     static void summarize(TextWriter &out, const Value &code) { out.print("%o", code.code); }
-    static void show(HtmlWriter &html, const Value &code) {
-        BitTable table(html);
+    static void show(ViewWriter &view, const Value &code) {
+        BitTable table(view);
         table.row("Bit[0-3]", "SPARE", "0");
         write_code_digits(table, code.code);
     }
@@ -248,8 +248,8 @@ struct TimeOffset {
         offset.offset_s = offset.offset_raw * kLsbS;
     }
     static void summarize(TextWriter &out, const Value &offset) { out.print("%f SEC", offset.offset_s); }
-    static void show(HtmlWriter &html, const Value &offset) {
-        OctetTable table(html);
+    static void show(ViewWriter &view, const Value &offset) {
+        OctetTable table(view);
         table.scaled("Octet[0]", "TIME_OFFSET LSB=1/128 SEC", offset.offset_raw, "TIME_OFFSET LSB=SEC",
                      offset.offset_s);
     }
@@ -261,7 +261,7 @@ struct XPulses {
         {"X5", &Value::x5}, {"XC", &Value::xc}, {"X3", &Value::x3}, {"X2", &Value::x2}, {"X1", &Value::x1}};
     static void read(Value &pulses, const uint8_t *octets) { read_flags(pulses, kFlags, octets[0]); }
     static void summarize(TextWriter &out, const Value &pulses) { summarize_flags(out, pulses, kFlags); }
-    static void show(HtmlWriter &html, const Value &pulses) { show_flags(html, pulses, kFlags); }
+    static void show(ViewWriter &view, const Value &pulses) { show_flags(view, pulses, kFlags); }
 };
 
 constexpr SubfieldRow kMode5[] = {
@@ -295,8 +295,8 @@ struct I062_130 : Item<62130, ast_dataitem_062_130_t, fixed<2>> {
         out.print("LEVEL:%.2f LSB:FT", altitude.altitude_ft);
     }
 
-    static void show(HtmlWriter &html, const Value &altitude) {
-        FieldTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &altitude) {
+        FieldTable table(view, "Bit", "Item", "Value");
         table.quantity("Bit[0-15]", "LEVEL LSB:FT", altitude.altitude_ft);
         table.quantity("Bit[0-15]", "LEVEL LSB:M", altitude.altitude_raw * kVerticalLsbM);
     }
@@ -318,8 +318,8 @@ struct I062_135 : Item<62135, ast_dataitem_062_135_t, fixed<2>> {
         out.print("ALTITUDE:%d LSB:FT%s", altitude.altitude_ft, shown_if(altitude.qnh, " QNH"));
     }
 
-    static void show(HtmlWriter &html, const Value &altitude) {
-        FieldTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &altitude) {
+        FieldTable table(view, "Bit", "Item", "Value");
         table.flag("Bit[0]", "QNH_CORRECTION", altitude.qnh);
         table.quantity("Bit[1-15]", "ALTITUDE LSB:FT", altitude.altitude_ft);
         table.quantity("Bit[1-15]", "ALTITUDE LSB:M", altitude.altitude_raw * kLevelLsbM);
@@ -339,8 +339,8 @@ struct I062_136 : Item<62136, ast_dataitem_062_136_t, fixed<2>> {
 
     static void summarize(TextWriter &out, const Value &level) { out.print("LEVEL:%d LSB:FT", level.level_ft); }
 
-    static void show(HtmlWriter &html, const Value &level) {
-        FieldTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &level) {
+        FieldTable table(view, "Bit", "Item", "Value");
         table.quantity("Bit[0-15]", "LEVEL LSB:FT", level.level_ft);
         table.quantity("Bit[0-15]", "LEVEL LSB:M", level.level_raw * kLevelLsbM);
     }
@@ -371,8 +371,8 @@ struct I062_200 : Item<62200, ast_dataitem_062_200_t, fixed<1>> {
         if (movement.adf) out.print(" %s", kDiscrepancy);
     }
 
-    static void show(HtmlWriter &html, const Value &movement) {
-        FieldTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &movement) {
+        FieldTable table(view, "Bit", "Item", "Value");
         table.row("Bit[0-1]", "TRANSVERSAL_ACCELERATION", kCourses[movement.transversal]);
         table.row("Bit[2-3]", "LONGITUDINAL_ACCELERATION", kSpeeds[movement.longitudinal]);
         table.row("Bit[4-5]", "VERTICAL_RATE", kRates[movement.vertical]);
@@ -404,8 +404,8 @@ struct I062_210 : Item<62210, ast_dataitem_062_210_t, fixed<2>> {
         out.print("AX:%.2f AY:%.2f", acceleration.ax_m_s2, acceleration.ay_m_s2);
     }
 
-    static void show(HtmlWriter &html, const Value &acceleration) {
-        FieldTable table(html, "Octet", "Item", "Value");
+    static void show(ViewWriter &view, const Value &acceleration) {
+        FieldTable table(view, "Octet", "Item", "Value");
         table.quantity("Octect[0]", "ACCERATION_X LSB:M/S^2", acceleration.ax_m_s2); // labels known so
         table.quantity("Octect[1]", "ACCERATION_Y LSB:M/S^2", acceleration.ay_m_s2);
     }
@@ -424,8 +424,8 @@ struct I062_220 : Item<62220, ast_dataitem_062_220_t, fixed<2>> {
 
     static void summarize(TextWriter &out, const Value &rate) { out.print("VH:%.2f", rate.rate_ft_min); }
 
-    static void show(HtmlWriter &html, const Value &rate) {
-        FieldTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &rate) {
+        FieldTable table(view, "Bit", "Item", "Value");
         table.quantity("Bit[0-15]", "CLIMB_DESCENT_RATE LSB:FT/MIN", rate.rate_ft_min);
         table.row("Bit[0-15]", "CLIMB_DESCENT_RATE LSB:M/MIN", Cell<24>("%.3f", rate.rate_raw * kVerticalLsbM));
     }
@@ -531,8 +531,8 @@ struct I062_300 : Item<62300, ast_dataitem_062_300_t, fixed<1>> {
     static void summarize(TextWriter &out, const Value &vehicle) { out.append(vehicle_fleet(vehicle.fleet)); }
 
     // A fleet that is not defined reads as unknown, and shows here as what it is.
-    static void show(HtmlWriter &html, const Value &vehicle) {
-        FieldTable table(html, "Octet", "Item", "Value");
+    static void show(ViewWriter &view, const Value &vehicle) {
+        FieldTable table(view, "Octet", "Item", "Value");
         table.row("Octet[0]", "VEHICLE_FLEET_ID", vehicle_fleet(vehicle.raw));
     }
 };
@@ -570,8 +570,8 @@ struct ScaledPairSubfield {
         out.print("%s:%.2f %s:%.2f %s", kScale.summary_names[0], pair.*Physical1, kScale.summary_names[1],
                   pair.*Physical2, kScale.unit);
     }
-    static void show(HtmlWriter &html, const Value &pair) {
-        OctetTable table(html);
+    static void show(ViewWriter &view, const Value &pair) {
+        OctetTable table(view);
         table.scaled(kScale.octets[0], kScale.raw_names[0], pair.*Raw1, kScale.names[0], pair.*Physical1);
         table.scaled(kScale.octets[1], kScale.raw_names[1], pair.*Raw2, kScale.names[1], pair.*Physical2);
     }
@@ -686,8 +686,8 @@ struct I062_510 : Item<62510, ast_dataitem_062_510_t, SizeRule{}> {
     static void summarize(TextWriter &out, const Value &composed) { out.print("NUM_TRACKS:%u", composed.count); }
 
     // Unit and number stand in one cell; viewers know them so.
-    static void show(HtmlWriter &html, const Value &composed) {
-        DetailTable table(html, "Octets", "Unit ID", "Track Number");
+    static void show(ViewWriter &view, const Value &composed) {
+        DetailTable table(view, "Octets", "Unit ID", "Track Number");
         for (uint32_t i = 0; i < composed.count; ++i) {
             const unsigned first = i * kTrackOctets;
             table.row(Cell<16>("Octet[%u-%u]", first, first + 2),

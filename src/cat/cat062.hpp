@@ -18,10 +18,10 @@ extern const Compound kFlightPlanRelatedData; // I062/390
 
 // The fields of a subfield, by its octets or, where fields share them, by bits as well. Both count from 0.
 struct OctetTable : FieldTable {
-    explicit OctetTable(HtmlWriter &html) : FieldTable(html, "Octet", "Name", "Value") {}
+    explicit OctetTable(ViewWriter &view) : FieldTable(view, "Octet", "Name", "Value") {}
 };
 struct BitTable : FieldTable {
-    explicit BitTable(HtmlWriter &html) : FieldTable(html, "Octet/Bit", "Name", "Value") {}
+    explicit BitTable(ViewWriter &view) : FieldTable(view, "Octet/Bit", "Name", "Value") {}
 };
 
 constexpr char kOneOctet[] = "Octet[0]";
@@ -55,8 +55,8 @@ struct ScaledSubfield {
         value.*Physical = value.*Raw * kScale.lsb;
     }
     static void summarize(TextWriter &out, const Value &value) { out.print("%.2f %s", value.*Physical, kScale.unit); }
-    static void show(HtmlWriter &html, const Value &value) {
-        OctetTable table(html);
+    static void show(ViewWriter &view, const Value &value) {
+        OctetTable table(view);
         table.scaled(kScale.octets, kScale.raw_name, value.*Raw, kScale.name, value.*Physical);
         if constexpr (kScale.other_name != nullptr)
             table.quantity(kScale.octets, kScale.other_name, value.*Raw * kScale.other_lsb);
@@ -73,7 +73,7 @@ struct Source {
     static void summarize(TextWriter &out, const Value &source) {
         out.print("SAC:%03u SIC:%03u", source.sac, source.sic);
     }
-    static void show(HtmlWriter &html, const Value &source) { write_source(html, source.sac, source.sic); }
+    static void show(ViewWriter &view, const Value &source) { write_source(view, source.sac, source.sic); }
 };
 
 struct Position {
@@ -87,8 +87,8 @@ struct Position {
     static void summarize(TextWriter &out, const Value &position) {
         out.append(ast_latlong_to_str(position.latitude_deg, position.longitude_deg));
     }
-    static void show(HtmlWriter &html, const Value &position) {
-        OctetTable table(html);
+    static void show(ViewWriter &view, const Value &position) {
+        OctetTable table(view);
         write_position_low(table, "Octet[0-5]",
                            {.valid = true,
                             .raw_1 = position.latitude_raw,

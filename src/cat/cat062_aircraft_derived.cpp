@@ -19,9 +19,9 @@ struct TargetAddress {
     using Value = decltype(Derived::adr);
     static void read(Value &target, const uint8_t *octets) { target.address = read_u24(octets); }
     static void summarize(TextWriter &out, const Value &target) { out.print("%.6X", target.address); }
-    static void show(HtmlWriter &html, const Value &target, const ast_dataitem_t &item) {
-        html.paragraph("ICAO 24-bit address: %.6X", target.address);
-        write_country_of(html, target.address, &item);
+    static void show(ViewWriter &view, const Value &target, const ast_dataitem_t &item) {
+        view.paragraph("ICAO 24-bit address: ", Cell<12>("%.6X", target.address));
+        write_country_of(view, target.address, &item);
     }
 };
 
@@ -29,8 +29,8 @@ struct TargetIdentification {
     using Value = decltype(Derived::id);
     static void read(Value &target, const uint8_t *octets) { read_identity(target.text, octets); }
     static void summarize(TextWriter &out, const Value &target) { out.print("%s", target.text); }
-    static void show(HtmlWriter &html, const Value &target) {
-        BitTable table(html);
+    static void show(ViewWriter &view, const Value &target) {
+        BitTable table(view);
         write_identity_rows(target.text, [&](unsigned place, std::string_view name, std::string_view character) {
             const unsigned first = place * kIdentityCharBits;
             table.row(Cell<12>("Bit[%u-%u]", first, first + kIdentityCharBits - 1), name, character);
@@ -70,9 +70,9 @@ struct AirspeedOrMach {
         else
             out.print("%.2f KT", speed.airspeed_kt);
     }
-    static void show(HtmlWriter &html, const Value &speed) {
+    static void show(ViewWriter &view, const Value &speed) {
         constexpr char kBits[] = "Bit[1-15]";
-        BitTable table(html);
+        BitTable table(view);
         table.flag("Bit[0]", "MACH", speed.im);
         if (speed.im)
             table.scaled(kBits, "MACH LSB=0.001 MACH", speed.speed_raw, "MACH LSB=MACH", speed.mach);
@@ -87,8 +87,8 @@ struct Airspeed {
     using Value = ast_062_airspeed_t;
     static void read(Value &speed, const uint8_t *octets) { speed.airspeed_kt = read_u16(octets); }
     static void summarize(TextWriter &out, const Value &speed) { out.print("%u KT", speed.airspeed_kt); }
-    static void show(HtmlWriter &html, const Value &speed) {
-        OctetTable(html).number(kTwoOctets, Name, speed.airspeed_kt);
+    static void show(ViewWriter &view, const Value &speed) {
+        OctetTable(view).number(kTwoOctets, Name, speed.airspeed_kt);
     }
 };
 
@@ -116,8 +116,8 @@ struct SelectedAltitude {
     static void summarize(TextWriter &out, const Value &selected) {
         out.print("SAL:%d FT SRC:%s", selected.altitude_ft, source(selected, AST_STYLE_SHORT));
     }
-    static void show(HtmlWriter &html, const Value &selected) {
-        BitTable table(html);
+    static void show(ViewWriter &view, const Value &selected) {
+        BitTable table(view);
         table.flag("Bit[0]", "SOURCE_PROVIDED", selected.sas);
         table.row("Bit[1-2]", "SOURCE", source(selected, AST_STYLE_LONG));
         show_selected_altitude(table, selected);
@@ -136,8 +136,8 @@ struct FinalSelectedAltitude {
         read_selected_altitude(selected, octets);
     }
     static void summarize(TextWriter &out, const Value &selected) { out.print("%d FT", selected.altitude_ft); }
-    static void show(HtmlWriter &html, const Value &selected) {
-        BitTable table(html);
+    static void show(ViewWriter &view, const Value &selected) {
+        BitTable table(view);
         table.flag("Bit[0]", "MANAGE_VERTICAL_MODE", selected.mv);
         table.flag("Bit[1]", "ALTITUDE_HOLD", selected.ah);
         table.flag("Bit[2]", "APPROACH_MODE", selected.am);
@@ -156,8 +156,8 @@ struct IntentStatus {
     static void summarize(TextWriter &out, const Value &status) {
         out.print("%s %s", status.nav ? "UNAVAILABLE" : "AVAILABLE", status.nvb ? "INVALID" : "VALID");
     }
-    static void show(HtmlWriter &html, const Value &status) {
-        BitTable table(html);
+    static void show(ViewWriter &view, const Value &status) {
+        BitTable table(view);
         table.flag("Bit[0]", "TRAJECTORY_INTENT_UNAVAILABLE", status.nav);
         table.flag("Bit[1]", "TRAJECTORY_INTENT_INVALID", status.nvb);
     }
@@ -202,7 +202,7 @@ struct IntentData {
         out.print("TIP:%zu", static_cast<size_t>(intent.count));
     }
 
-    static void show(HtmlWriter &html, const Value &intent) {
+    static void show(ViewWriter &view, const Value &intent) {
         static constexpr const char *kTypes[] = {
             "UNKNOWN",        "FLY_BY_WAYPOINT",    "FLY_OVER_WAYPOINT",
             "HOLD_PATTERN",   "PROCEDURE_HOLD",     "PROCEDURE_TURN",
@@ -210,8 +210,8 @@ struct IntentData {
             "START_OF_LEVEL", "CROSSOVER_ALTITUDE", "TRANSITION_ALTITUDE",
         };
         static constexpr const char *kTurns[] = {"N/A", "RIGHT", "LEFT", "NO_TURN"};
-        html.title("Trajectory Intent Point List");
-        DetailTable table(html, "Number", "Compliance", "Altitude LSB=FT", "WGS84_COORDINATES", "Type", "Turn",
+        view.title("Trajectory Intent Point List");
+        DetailTable table(view, "Number", "Compliance", "Altitude LSB=FT", "WGS84_COORDINATES", "Type", "Turn",
                           "Time over Point LSB=SEC", "Turn Radius LSB=NM");
         for (uint64_t i = 0; i < held(intent); ++i) {
             const Point &point = intent.points[i];
@@ -241,8 +241,8 @@ struct Capability {
         out.print("COM:%s FS:%s", ast_transponder_comm_cap_to_str(status.com),
                   ast_radar_flight_status_to_str(status.stat));
     }
-    static void show(HtmlWriter &html, const Value &status) {
-        BitTable table(html);
+    static void show(ViewWriter &view, const Value &status) {
+        BitTable table(view);
         table.row("Bit[0-2]", "COMMUNICATION_CAPABILITY", ast_transponder_comm_cap_to_str(status.com));
         table.row("Bit[3-5]", "FLIGHT_STATUS", ast_radar_flight_status_to_str(status.stat));
         table.flag("Bit[8]", "SPECIFIC_SERVICE_CAPABILITY", status.ssc);
@@ -265,8 +265,8 @@ struct AdsbStatus {
     static void summarize(TextWriter &out, const Value &status) {
         out.print("%s EMG:%s", status.gbs ? "GBS" : "NO_GBS", ast_emergency_status_to_str(status.stat));
     }
-    static void show(HtmlWriter &html, const Value &status) {
-        BitTable table(html);
+    static void show(ViewWriter &view, const Value &status) {
+        BitTable table(view);
         table.row("Bit[0-1]", "ACAS_STATUS", ast_acas_status_to_str(status.ac));
         table.row("Bit[2-3]", "MULTIPLE_NAVIDS_STATUS", ast_multi_navids_status_to_str(status.mn));
         table.row("Bit[4-5]", "DIFFERENTIAL_CORRECTION_STATUS", ast_diff_correction_status_to_str(status.dc));
@@ -283,7 +283,7 @@ struct AcasAdvisory {
     static void summarize(TextWriter &out, const Value &advisory) {
         out.append(ast_bds_type_to_str_simple(advisory.bds.bds));
     }
-    static void show(HtmlWriter &html, const Value &advisory) { write_register(html, advisory.bds); }
+    static void show(ViewWriter &view, const Value &advisory) { write_register(view, advisory.bds); }
 };
 
 // ---- 13 to 18: BVR, GVR, RAN, TAR, TAN, GSP ----
@@ -313,9 +313,9 @@ struct TrackAngleRate {
         turn.rate_deg_s = turn.rate_raw * kLsbDegPerS;
     }
     static void summarize(TextWriter &out, const Value &turn) { out.print("%.2f DEG/SEC", turn.rate_deg_s); }
-    static void show(HtmlWriter &html, const Value &turn) {
+    static void show(ViewWriter &view, const Value &turn) {
         static constexpr const char *kIndicators[] = {"NOT_AVAILABLE", "LEFT", "RIGHT", "STRAIGHT"};
-        BitTable table(html);
+        BitTable table(view);
         table.row("Bit[0-1]", "TURN_INDICATOR", kIndicators[turn.ti]);
         table.scaled("Bit[8-14]", "RATE_OF_TURN LSB=1/4 DEG/SEC", turn.rate_raw, "RATE_OF_TURN LSB=DEG/SEC",
                      turn.rate_deg_s);
@@ -343,8 +343,8 @@ struct VelocityUncertainty {
     using Value = decltype(Derived::vun);
     static void read(Value &uncertainty, const uint8_t *octets) { uncertainty.category = octets[0]; }
     static void summarize(TextWriter &out, const Value &uncertainty) { out.print("%u", uncertainty.category); }
-    static void show(HtmlWriter &html, const Value &uncertainty) {
-        OctetTable(html).number(kOneOctet, "VELOCITY_UNCERTAINTY_CATEGORY", uncertainty.category);
+    static void show(ViewWriter &view, const Value &uncertainty) {
+        OctetTable(view).number(kOneOctet, "VELOCITY_UNCERTAINTY_CATEGORY", uncertainty.category);
     }
 };
 
@@ -366,8 +366,8 @@ struct Weather {
         out.print("WS:%u KT WD:%u DEG TMP:%f C", weather.wind_speed_kt, weather.wind_direction_deg,
                   weather.temperature_c);
     }
-    static void show(HtmlWriter &html, const Value &weather) {
-        BitTable table(html);
+    static void show(ViewWriter &view, const Value &weather) {
+        BitTable table(view);
         table.flag("Bit[0]", "WIND_SPEED_VALID", weather.ws);
         table.flag("Bit[1]", "WIND_DIRECTION_VALID", weather.wd);
         table.flag("Bit[2]", "TEMPERATURE_VALID", weather.tmp);
@@ -388,8 +388,8 @@ struct EmitterCategory {
     static void summarize(TextWriter &out, const Value &emitter) {
         out.append(ast_emitter_category_to_str(emitter.category, AST_STYLE_SHORT));
     }
-    static void show(HtmlWriter &html, const Value &emitter) {
-        OctetTable(html).row(kOneOctet, "EMITTER_CATEGORY",
+    static void show(ViewWriter &view, const Value &emitter) {
+        OctetTable(view).row(kOneOctet, "EMITTER_CATEGORY",
                              ast_emitter_category_to_str(emitter.category, AST_STYLE_LONG));
     }
 };
@@ -408,8 +408,8 @@ struct PositionUncertainty {
     static void summarize(TextWriter &out, const Value &uncertainty) {
         out.print("%.u", uncertainty.category); // 0 shows as nothing; viewers know it so
     }
-    static void show(HtmlWriter &html, const Value &uncertainty) {
-        BitTable(html).number("Bit[4-7]", "POSITION_UNCERTAINTY", uncertainty.category);
+    static void show(ViewWriter &view, const Value &uncertainty) {
+        BitTable(view).number("Bit[4-7]", "POSITION_UNCERTAINTY", uncertainty.category);
     }
 };
 
@@ -424,8 +424,8 @@ struct Registers {
         for (uint64_t i = 0; i < held_registers(data.registers, data.count); ++i)
             out.print("%s ", ast_bds_type_to_str_simple(data.registers[i].bds)); // the last blank stays
     }
-    static void show(HtmlWriter &html, const Value &data) {
-        write_registers(html, data.registers, held_registers(data.registers, data.count));
+    static void show(ViewWriter &view, const Value &data) {
+        write_registers(view, data.registers, held_registers(data.registers, data.count));
     }
 };
 
@@ -439,8 +439,8 @@ struct MachNumber {
         speed.mach = speed.mach_raw * kLsb;
     }
     static void summarize(TextWriter &out, const Value &speed) { out.print("%.3f MACH", speed.mach); }
-    static void show(HtmlWriter &html, const Value &speed) {
-        OctetTable table(html);
+    static void show(ViewWriter &view, const Value &speed) {
+        OctetTable table(view);
         table.scaled(kTwoOctets, "MACH LSB=0.008 MACH", speed.mach_raw, "MACH LSB=MACH", speed.mach);
     }
 };
@@ -454,8 +454,8 @@ struct PressureSetting {
         setting.pressure_mb = kBaseMb + setting.pressure_raw * kLsbMb;
     }
     static void summarize(TextWriter &out, const Value &setting) { out.print("%.1f MB", setting.pressure_mb); }
-    static void show(HtmlWriter &html, const Value &setting) {
-        BitTable table(html);
+    static void show(ViewWriter &view, const Value &setting) {
+        BitTable table(view);
         table.scaled("Bit[4-15]", "BPS BASE=800 MB LSB=0.1 MB", setting.pressure_raw, "BPS LSB=MB",
                      setting.pressure_mb);
     }

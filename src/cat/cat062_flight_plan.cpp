@@ -41,9 +41,9 @@ struct Text {
             append_received(out, {text.text, Chars});
     }
 
-    static void show(HtmlWriter &html, const Value &text) {
-        html.paragraph("%s: %s", Label, ReceivedText<Chars>(text.text).c_str());
-        DetailTable table(html, "Octet", "ASCII");
+    static void show(ViewWriter &view, const Value &text) {
+        view.paragraph(Label, ": ", ReceivedText<Chars>(text.text));
+        DetailTable table(view, "Octet", "ASCII");
         for (unsigned i = 0; i < Chars; ++i) table.row(Cell<9>("Octet[%u]", i), ReceivedText<1>(&text.text[i]));
     }
 
@@ -62,8 +62,8 @@ struct FlightId {
         id.nbr = field(octets, 6, 32);
     }
     static void summarize(TextWriter &out, const Value &id) { out.print("TYP:%s NUM:%u", type(id), id.nbr); }
-    static void show(HtmlWriter &html, const Value &id) {
-        BitTable table(html);
+    static void show(ViewWriter &view, const Value &id) {
+        BitTable table(view);
         table.row("Bit[0-1]", "TYPE", type(id));
         table.number("Bit[5-31]", "NUMBER", id.nbr);
     }
@@ -103,9 +103,9 @@ struct FlightCategory {
         word(category.hpr, "HPR");
     }
 
-    static void show(HtmlWriter &html, const Value &category) {
+    static void show(ViewWriter &view, const Value &category) {
         static constexpr const char *kSeparation[] = {kUnknown, "APPROVED", "EXEMPT", "NOT_APPROVED"};
-        BitTable table(html);
+        BitTable table(view);
         table.row("Bit[0-1]", "GAT_OAT", kTraffic[category.gat_oat]);
         table.row("Bit[2-3]", "VFR_CTRL", kRules[category.fr]);
         table.row("Bit[4-5]", "RVSM", kSeparation[category.rvsm]);
@@ -122,8 +122,8 @@ struct ClearedLevel {
         level.level_ft = level.level_raw * kLevelLsbFt;
     }
     static void summarize(TextWriter &out, const Value &level) { out.print("%05u FT", level.level_ft); }
-    static void show(HtmlWriter &html, const Value &level) {
-        OctetTable table(html);
+    static void show(ViewWriter &view, const Value &level) {
+        OctetTable table(view);
         table.scaled("Octet[0-1]", "CFL LSB=1/4 FL", level.level_raw, "CFL LSB=FT", level.level_ft);
     }
 };
@@ -137,8 +137,8 @@ struct ControlPosition {
     static void summarize(TextWriter &out, const Value &control) {
         out.print("CEN:%03u POS:%03u", control.centre, control.position);
     }
-    static void show(HtmlWriter &html, const Value &control) {
-        OctetTable table(html);
+    static void show(ViewWriter &view, const Value &control) {
+        OctetTable table(view);
         table.number("Octet[0]", "CENTRE", control.centre);
         table.number("Octet[1]", "POSITION", control.position);
     }
@@ -167,7 +167,7 @@ struct Times {
 
     static void summarize(TextWriter &out, const Value &tod) { out.print("%zu TIMES", static_cast<size_t>(tod.count)); }
 
-    static void show(HtmlWriter &html, const Value &tod) {
+    static void show(ViewWriter &view, const Value &tod) {
         static constexpr const char *kTypes[] = {
             "Scheduled off-block time", "Estimated off-block time",      "Estimated take-off time",
             "Actual off-block time",    "Predicted time at runway hold", "Actual time at runway hold",
@@ -176,7 +176,7 @@ struct Times {
             "Predicted time to gate",   "Actual on-block time",
         };
         static constexpr const char *kDays[] = {"Today", "Yesterday", "Tomorrow", "Invalid"};
-        DetailTable table(html, "Type", "Date", "Time");
+        DetailTable table(view, "Type", "Date", "Time");
         for (uint64_t i = 0; i < held(tod); ++i) {
             const Time &time = tod.times[i];
             const Cell<9> with_seconds("%02u:%02u:%02u", time.hour, time.minute, time.second);
@@ -198,8 +198,8 @@ struct StandStatus {
     static void summarize(TextWriter &out, const Value &stand) {
         out.print("EMP:%s AVL:%s", occupation(stand), availability(stand));
     }
-    static void show(HtmlWriter &html, const Value &stand) {
-        BitTable table(html);
+    static void show(ViewWriter &view, const Value &stand) {
+        BitTable table(view);
         table.row("Bit[0-1]", "OCCUPATION", occupation(stand));
         table.row("Bit[2-3]", "AVAILABILITY", availability(stand));
     }
@@ -227,8 +227,8 @@ struct EmergencyCode {
         else
             out.append(kInvalid);
     }
-    static void show(HtmlWriter &html, const Value &code) {
-        BitTable table(html);
+    static void show(ViewWriter &view, const Value &code) {
+        BitTable table(view);
         table.flag("Bit[3]", "VALID", code.va);
         write_code_digits(table, code.code);
     }

@@ -25,8 +25,8 @@ struct MeasuredPosition {
     static void summarize(TextWriter &out, const Value &position) {
         out.print("RHO:%.1f THETA:%.1f", position.rho_nm, position.theta_deg);
     }
-    static void show(HtmlWriter &html, const Value &position) {
-        OctetTable table(html);
+    static void show(ViewWriter &view, const Value &position) {
+        OctetTable table(view);
         table.quantity("Octet[0-1]", "RHO LSB:NM", position.rho_nm);
         table.quantity("Octet[2-3]", "THETA LSB:DEG", position.theta_deg);
     }
@@ -39,9 +39,9 @@ struct Height {
         height.height_ft = height.height_raw * kLevelLsbFt;
     }
     static void summarize(TextWriter &out, const Value &height) { out.print("HEIGHT:%d", height.height_ft); }
-    static void show(HtmlWriter &html, const Value &height) {
+    static void show(ViewWriter &view, const Value &height) {
         constexpr char kOctets[] = "Octet[0-1]";
-        OctetTable table(html);
+        OctetTable table(view);
         table.scaled(kOctets, "HEIGHT (LSB=25FT)", height.height_raw, "HEIGHT (LSB=FT)", height.height_ft);
         table.quantity(kOctets, "HEIGHT (LSB=M)", height.height_raw * kLevelLsbM);
     }
@@ -57,8 +57,8 @@ struct ModeC {
     static void summarize(TextWriter &out, const Value &level) {
         summarize_level(out, level.flight_level, level.not_validated, level.garbled);
     }
-    static void show(HtmlWriter &html, const Value &level) {
-        BitTable table(html);
+    static void show(ViewWriter &view, const Value &level) {
+        BitTable table(view);
         write_level(table, level.flight_level, level.not_validated, level.garbled);
     }
 };
@@ -75,8 +75,8 @@ struct Mode3a {
         out.print("MODE_3/A:%04o%s%s%s", code.code, shown_if(code.not_validated, kNotValidated),
                   shown_if(code.garbled, kGarbled), shown_if(code.smoothed, kSmoothed));
     }
-    static void show(HtmlWriter &html, const Value &code) {
-        BitTable table(html);
+    static void show(ViewWriter &view, const Value &code) {
+        BitTable table(view);
         write_code_flags(table, code.not_validated, code.garbled, "SMOOTHED", code.smoothed);
         write_code_digits(table, code.code);
     }
@@ -97,8 +97,8 @@ struct ReportType {
         out.append(shown_if(report.rab, " RAB"));
         out.append(shown_if(report.tst, " TST"));
     }
-    static void show(HtmlWriter &html, const Value &report) {
-        BitTable table(html);
+    static void show(ViewWriter &view, const Value &report) {
+        BitTable table(view);
         table.row("Bit[0-2]", "TARGET_TYPE", kReportTypeTitles[report.typ]);
         table.flag("Bit[3]", "SIMULATED_TARGET", report.sim);
         table.flag("Bit[4]", "FIXED_TRANSPONDER", report.rab);

@@ -45,8 +45,8 @@ struct I063_060 : Item<63060, ast_dataitem_063_060_t, extended<2>> {
 
     static const char *go_or_nogo(bool is_nogo) { return is_nogo ? "NOGO" : "GO"; }
 
-    static void show(HtmlWriter &html, const Value &status, const ast_dataitem_t &item) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &status, const ast_dataitem_t &item) {
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[0-1]", "CON", go_or_nogo(status.con != 0));
         table.row("Bit[2]", "PSR", go_or_nogo(status.psr));
         table.row("Bit[3]", "SSR", go_or_nogo(status.ssr));

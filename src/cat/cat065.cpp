@@ -45,9 +45,9 @@ struct I065_040 : Item<65040, ast_dataitem_065_040_t, fixed<1>> {
         if (status.pss != 0) out.print(" SDPS-%u", status.pss);
     }
 
-    static void show(HtmlWriter &html, const Value &status) {
+    static void show(ViewWriter &view, const Value &status) {
         static constexpr const char *kStatuses[] = {"OPERATIONAL", "DEGRADED", "NOT_CONNECTED", "UNKNOWN"};
-        DetailTable table(html, "Bit", "Item", "Value");
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[1-2]", "NOGO", kStatuses[status.nogo]); // viewers know the label so
         table.row("Bit[2]", "OVL", Cell<2>("%d", status.ovl));
         table.row("Bit[3]", "TSV", Cell<2>("%d", status.tsv));

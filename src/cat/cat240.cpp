@@ -58,21 +58,29 @@ ast_videocells_t ast_videocell_decode(const uint8_t *octets, uint64_t octet_coun
     return cells;
 }
 
-void ast_videocells_get_detail_html(char *text, uint64_t capacity, const ast_videocells_t *cells) {
-    HtmlWriter html(text, capacity);
+namespace {
+
+void show_cells(ViewWriter &view, const ast_videocells_t *cells) {
     if (!cells || !cells->valid) return;
     const uint32_t bits_per_cell = ast_video_resolution_get_bits(cells->resolution);
     const double full_scale = std::ldexp(1, static_cast<int>(bits_per_cell));
     const auto count = static_cast<uint32_t>(std::min<uint64_t>(cells->count, std::size(cells->cells)));
-    html.paragraph("%u valid (non empty) video cells.", count);
-    html.paragraph("Video resolution is %u-bits.", bits_per_cell);
+    view.paragraph(Cell<12>("%u", count), " valid (non empty) video cells.");
+    view.paragraph("Video resolution is ", Cell<12>("%u", bits_per_cell), "-bits.");
     if (count == 0) return;
-    DetailTable table(html, "Number", "Range", "Amptitude Value", "Amptitude Relative"); // known with this spelling
+    DetailTable table(view, "Number", "Range", "Amptitude Value", "Amptitude Relative"); // known with this spelling
     for (uint32_t i = 0; i < count; ++i) {
         const ast_videocell_t &cell = cells->cells[i];
         table.row(Cell<12>("%u", cell.number), Cell<32>("%.2f", cell.range_m), Cell<12>("%u", cell.amplitude),
                   Cell<32>("%.2f%%", cell.amplitude / full_scale * 100));
     }
+}
+
+} // namespace
+
+void ast_videocells_get_detail_html(char *text, uint64_t capacity, const ast_videocells_t *cells) {
+    HtmlView view(text, capacity);
+    show_cells(view, cells);
 }
 
 // ---- I240/000 Message Type ----
@@ -115,9 +123,9 @@ struct I240_030 : Item<240030, ast_dataitem_240_030_t, repetitive<1>> {
             out.print("SUM:%s", summary.text);
     }
 
-    static void show(HtmlWriter &html, const Value &summary) {
+    static void show(ViewWriter &view, const Value &summary) {
         const ReceivedText<sizeof summary.text - 1> text{std::string_view(summary.text)};
-        html.paragraph("Video summary: \"<b>%s</b>\"", text.c_str());
+        view.paragraph("Video summary: \"", text.as(AST_DETAIL_STRONG), "\"");
     }
 };
 
@@ -149,8 +157,8 @@ struct VideoHeader : Item<Type, ast_dataitem_240_040_t, fixed<12>> {
                   cell_range_m(header.start_range, header.cell_duration_s));
     }
 
-    static void show_header(HtmlWriter &html, const Value &header, const char *raw_duration) {
-        DetailTable table(html, "Octet", "Item", "Value");
+    static void show_header(ViewWriter &view, const Value &header, const char *raw_duration) {
+        DetailTable table(view, "Octet", "Item", "Value");
         const auto count = [&](const char *octets, const char *name, uint32_t value) {
             table.row(octets, name, Cell<12>("%u", value));
         };
@@ -173,7 +181,7 @@ struct I240_040 : VideoHeader<240040> {
     static constexpr double kNanosecondsPerSecond = 1e9;
 
     static void read(Value &header, const uint8_t *octets) { read_header(header, octets, kNanosecondsPerSecond); }
-    static void show(HtmlWriter &html, const Value &header) { show_header(html, header, "CELL_DURATION LSB=10^-9SEC"); }
+    static void show(ViewWriter &view, const Value &header) { show_header(view, header, "CELL_DURATION LSB=10^-9SEC"); }
 };
 
 AST_DEFINE_DECODE(I240_040, ast_dataitem_240_040_decode)
@@ -187,8 +195,8 @@ struct I240_041 : VideoHeader<240041> {
         g_start_range = header.start_range;
         g_cell_duration = header.cell_duration_s;
     }
-    static void show(HtmlWriter &html, const Value &header) {
-        show_header(html, header, "CELL_DURATION LSB=10^-15SEC");
+    static void show(ViewWriter &view, const Value &header) {
+        show_header(view, header, "CELL_DURATION LSB=10^-15SEC");
     }
 };
 
@@ -208,11 +216,11 @@ struct I240_048 : Item<240048, ast_dataitem_240_048_t, fixed<2>> {
         out.print("RES:%u-BITS%s", ast_video_resolution_get_bits(coding.res), shown_if(coding.dci, " DCI"));
     }
 
-    static void show(HtmlWriter &html, const Value &coding) {
+    static void show(ViewWriter &view, const Value &coding) {
         static constexpr const char *kResolutions[] = {"UNDEFINED",           "MONOBIT (1-BIT)", "LOW (2-BITS)",
                                                        "MEDIUM (4-BITS)",     "HIGH (8-BITS)",   "VERY_HIGH (16-BITS)",
                                                        "ULTRA_HIGH (32-BITS)"};
-        DetailTable table(html, "Bit", "Item", "Value");
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[0]", "DATA_COMPRESSION_INDICATOR", coding.dci ? "COMPRESSION" : "NO_COMPRESSION");
         table.row("Bit[1-7]", "SPARE", "--");
         table.row("Bit[8-15]", "VIDEO_CELLS_RESOLUTION", text_of(kResolutions, coding.res, "UNDEFINED"));
@@ -234,8 +242,8 @@ struct I240_049 : Item<240049, ast_dataitem_240_049_t, fixed<5>> {
         out.print("OCTET:%u CELL:%u", counters.valid_octets, counters.valid_cells);
     }
 
-    static void show(HtmlWriter &html, const Value &counters) {
-        DetailTable table(html, "Octet", "Item", "Value");
+    static void show(ViewWriter &view, const Value &counters) {
+        DetailTable table(view, "Octet", "Item", "Value");
         table.row("Octet[1-2]", "NUMBER_VALID_OCTETS", Cell<12>("%u", counters.valid_octets));
         table.row("Octet[3-5]", "NUMBER_VALID_CELLS", Cell<12>("%u", counters.valid_cells));
     }
@@ -269,11 +277,10 @@ struct VideoBlock : Item<Type, BlockValue, repetitive<ElementOctets>> {
         out.print(", CELL:%u", repetitions * CellOctets * kBitsPerOctet / bits_per_cell);
     }
 
-    static void show(HtmlWriter &html, const BlockValue &block) {
+    static void show(ViewWriter &view, const BlockValue &block) {
         const auto cells = ast_videocell_decode(block.octets, block.length, static_cast<int32_t>(g_video_resolution),
                                                 g_start_range, g_cell_duration);
-        html.append_with(
-            [&](char *text, uint64_t capacity) { ast_videocells_get_detail_html(text, capacity, &cells); });
+        show_cells(view, &cells);
     }
 };
 

@@ -16,13 +16,29 @@ namespace ast {
 
 using SummaryView = void(char *text, uint64_t capacity, const ast_dataitem_t *item);
 using DetailView = void(char *text, uint64_t capacity, const ast_dataitem_t *item);
+class ViewWriter;
+using DetailsView = void(ViewWriter &view, const ast_dataitem_t *item);
+
+// A detail view as HTML, and as pieces for whoever takes them; without these it is empty.
+struct DetailViews {
+    DetailView *html = nullptr;
+    DetailsView *pieces = nullptr;
+};
+
+// The pieces of the detail view of a layout, found by its function that is exported.
+template <DetailView *Html>
+void show_pieces(ViewWriter &view, const ast_dataitem_t *item);
+
+template <DetailView *Html>
+constexpr DetailViews kDetailViews = {Html, show_pieces<Html>};
+
 using Encoder = void(ast_dataitem_t *result, uint8_t *buffer, uint64_t length, const ast_dataitem_src_t *source);
 
 // What can be done with an item. Whoever has a size is registered; the others may be missing.
 struct Handlers {
     SizeRule size{};
     SummaryView *get_summary = nullptr;
-    DetailView *get_detail_html = nullptr;
+    DetailViews detail{};
     Encoder *encode = nullptr;
 };
 
@@ -88,6 +104,7 @@ struct Compound {
     ast_subfield_func_t func{};
     const char *unknown_id = kNoSubfieldId;
     bool reports_unknown_subfields = false;    // when asked for the size of one
+    bool shows_subfields = true;               // false: their detail views are empty
     bool summarizes_unknown_subfields = false; // as not implemented, though the item does not announce them
 };
 
@@ -250,6 +267,9 @@ const Handlers &handlers_of(ast_dataitem_type_t type);
 
 // The title of an item as its category gives it.
 const char *item_name(const Category &category, ast_dataitem_type_t type);
+
+// The compound item that an item type is, or null.
+inline const Compound *find_compound(ast_dataitem_type_t type) { return find_item(type).compound; }
 
 // What the exported functions of one compound item are made of.
 uint64_t compound_size(const Compound &compound, const uint8_t *data, uint64_t available);

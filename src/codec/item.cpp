@@ -108,7 +108,7 @@ ast_dataitem_func_t ast_dataitem_get_func(ast_dataitem_type_t type) {
     const Handlers &handlers = handlers_of(type);
     if (handlers.size.kind == SizeRule::Kind::None) return {};
     return {function_of(handlers.size), find_category(type / kItemNumbers).get_name, handlers.get_summary,
-            handlers.get_detail_html, handlers.encode};
+            handlers.detail.html, handlers.encode};
 }
 
 const char *ast_dataitem_type_to_str(ast_dataitem_type_t type) {

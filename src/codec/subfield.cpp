@@ -8,8 +8,6 @@ namespace {
 
 using namespace ast;
 
-const Compound *find_compound(ast_dataitem_type_t type) { return find_item(type).compound; }
-
 // What follows the first `offset` octets; nothing once a walk has gone past the end.
 struct Rest {
     const uint8_t *data;

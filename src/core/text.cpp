@@ -312,8 +312,6 @@ void append_time(TextWriter &out, uint32_t hour, uint32_t minute, uint32_t secon
 }
 
 void append_received(TextWriter &out, std::string_view text) {
-    constexpr char kFirstPrintable = ' ';
-    constexpr char kLastPrintable = '~';
     for (const char &character : text) {
         switch (character) {
         case '&':
@@ -329,8 +327,7 @@ void append_received(TextWriter &out, std::string_view text) {
             out.append("&quot;");
             break;
         default:
-            out.append(character < kFirstPrintable || character > kLastPrintable ? " "
-                                                                                 : std::string_view(&character, 1));
+            out.append(is_printable(character) ? std::string_view(&character, 1) : " ");
         }
     }
 }

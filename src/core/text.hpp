@@ -182,29 +182,11 @@ constexpr const char *shown_if(bool flag, const char *text) { return flag ? text
 
 constexpr const char *yes_or_no(bool flag) { return flag ? "YES" : "NO"; }
 
+constexpr bool is_printable(char character) { return character >= ' ' && character <= '~'; }
+
 // A text that came in from outside, fit to be shown: what cannot be printed as blanks, and what HTML gives a meaning
 // escaped.
 void append_received(TextWriter &out, std::string_view text);
-
-// The same for a text of so many characters, which need not be terminated, or of so many at most.
-template <uint64_t Chars>
-class ReceivedText {
-public:
-    explicit ReceivedText(const char *text) {
-        TextWriter out(text_, sizeof text_);
-        append_received(out, {text, Chars});
-    }
-    explicit ReceivedText(std::string_view text) {
-        TextWriter out(text_, sizeof text_);
-        append_received(out, {text.data(), text.size() < Chars ? text.size() : Chars});
-    }
-    const char *c_str() const { return text_; }
-    operator std::string_view() const { return text_; }
-
-private:
-    static constexpr uint64_t kLongestEscape = 6; // "&quot;"
-    char text_[Chars * kLongestEscape + 1];
-};
 
 // Replaces the text in a buffer by another one.
 inline void set_text(char *text, uint64_t capacity, std::string_view content) {

@@ -4,6 +4,7 @@
 #include "items/characters.hpp"
 #include "items/register.hpp"
 #include "items/units.hpp"
+#include "view/html.hpp"
 
 using namespace ast;
 
@@ -26,14 +27,16 @@ typename R::Value decode(const ast_bds_t *bds) {
 }
 
 template <typename R>
-void show(char *text, uint64_t capacity, const ast_bds_t *bds) {
-    HtmlWriter html(text, capacity);
-    if (const auto value = decode<R>(bds); value.valid) R::show(html, value);
+void show(ViewWriter &view, const ast_bds_t *bds) {
+    if (const auto value = decode<R>(bds); value.valid) R::show(view, value);
 }
 
 #define AST_DEFINE_REGISTER(layout, decode_function, detail_function)                                                  \
     layout::Value decode_function(const ast_bds_t *bds) { return decode<layout>(bds); }                                \
-    void detail_function(char *text, uint64_t capacity, const ast_bds_t *bds) { show<layout>(text, capacity, bds); }
+    void detail_function(char *text, uint64_t capacity, const ast_bds_t *bds) {                                        \
+        HtmlView view(text, capacity);                                                                                 \
+        show<layout>(view, bds);                                                                                       \
+    }
 
 bool flag(const uint8_t *mb, unsigned bit) { return field(mb, bit, bit) != 0; }
 
@@ -78,8 +81,8 @@ struct Bds05 : Register<0x05, ast_bds_05_t> {
         return true;
     }
 
-    static void show(HtmlWriter &html, const Value &position) {
-        DetailTable table(html, "Item", "Value");
+    static void show(ViewWriter &view, const Value &position) {
+        DetailTable table(view, "Item", "Value");
         table.row("Format Type Code", Cell<12>("%u", position.format_type_code));
         table.row("Surveillance Status", Cell<12>("%u", position.surveillance_status));
         table.row("NIC Supplement-B", Cell<12>("%d", position.single_antenna));
@@ -115,10 +118,10 @@ struct Bds08 : Register<0x08, ast_bds_08_t> {
         return true;
     }
 
-    static void show(HtmlWriter &html, const Value &identity) {
+    static void show(ViewWriter &view, const Value &identity) {
         // The category set is a letter, by the format type code.
         static constexpr const char *kSets[] = {"-", "D", "C", "B", "A"};
-        DetailTable table(html, "Item", "Value");
+        DetailTable table(view, "Item", "Value");
         table.row("Format Type Code", Cell<12>("%u", identity.format_type_code));
         table.row("Emitter Category Set", text_of(kSets, identity.format_type_code, "-"));
         table.row("Emitter Category", Cell<12>("%u", identity.emitter_category));
@@ -175,8 +178,8 @@ struct Bds09 : Register<0x09, ast_bds_09_t> {
         return true;
     }
 
-    static void show(HtmlWriter &html, const Value &velocity) {
-        DetailTable table(html, "Item", "Value");
+    static void show(ViewWriter &view, const Value &velocity) {
+        DetailTable table(view, "Item", "Value");
         table.row("Format Type Code", Cell<12>("%u", velocity.format_type_code));
         table.row("Subtype", Cell<12>("%u", velocity.subtype));
         table.row("Intent Change Flag", yes_or_no(velocity.intent_change));
@@ -243,8 +246,8 @@ struct Bds10 : Register<0x10, ast_bds_10_t> {
         return true;
     }
 
-    static void show(HtmlWriter &html, const Value &capability) {
-        DetailTable table(html, "Item", "Value");
+    static void show(ViewWriter &view, const Value &capability) {
+        DetailTable table(view, "Item", "Value");
         table.row("Continuation Flag", yes_or_no(capability.continuation));
         table.row("TCAS Interface Operational", yes_or_no(capability.overlay_tcas));
         table.row("Mode-S Subnetwork Version Number",
@@ -278,8 +281,8 @@ struct Bds20 : Register<0x20, ast_bds_20_t> {
         return true;
     }
 
-    static void show(HtmlWriter &html, const Value &identity) {
-        DetailTable table(html, "Item", "Value");
+    static void show(ViewWriter &view, const Value &identity) {
+        DetailTable table(view, "Item", "Value");
         write_characters(table, identity.callsign);
     }
 };
@@ -310,8 +313,8 @@ struct Bds30 : Register<0x30, ast_bds_30_t> {
         return true;
     }
 
-    static void show(HtmlWriter &html, const Value &advisory) {
-        DetailTable table(html, "Item", "Value");
+    static void show(ViewWriter &view, const Value &advisory) {
+        DetailTable table(view, "Item", "Value");
         table.row("Active Resolution Advisories (ARA)", yes_or_no(advisory.ara_present));
         table.row("Resolution Advisory Complements (RAC)", yes_or_no(advisory.rac_present));
         table.row("Resolution Advisory Terminated Indicator (RAT)", yes_or_no(advisory.ra_terminated));
@@ -351,8 +354,8 @@ struct Bds40 : Register<0x40, ast_bds_40_t> {
         return true;
     }
 
-    static void show(HtmlWriter &html, const Value &intention) {
-        DetailTable table(html, "Item", "Value", "Status");
+    static void show(ViewWriter &view, const Value &intention) {
+        DetailTable table(view, "Item", "Value", "Status");
         const auto row = [&](const char *name, std::string_view value, bool status) {
             table.row(name, value, status ? "valid" : "invalid");
         };
@@ -400,8 +403,8 @@ struct Bds50 : Register<0x50, ast_bds_50_t> {
         return true;
     }
 
-    static void show(HtmlWriter &html, const Value &turn) {
-        DetailTable table(html, "Item", "Value");
+    static void show(ViewWriter &view, const Value &turn) {
+        DetailTable table(view, "Item", "Value");
         table.row("Roll Angle", Cell<24>("%.2f DEG", turn.roll_angle_deg));
         table.row("True Track Angle", Cell<24>("%.2f DEG", turn.true_track_deg));
         table.row("Ground Speed", Cell<24>("%.2f KNOT", turn.ground_speed_kt));
@@ -441,8 +444,8 @@ struct Bds60 : Register<0x60, ast_bds_60_t> {
         return true;
     }
 
-    static void show(HtmlWriter &html, const Value &speed) {
-        DetailTable table(html, "Item", "Value");
+    static void show(ViewWriter &view, const Value &speed) {
+        DetailTable table(view, "Item", "Value");
         table.row("Magnetic Heading", Cell<24>("%.2f DEG", speed.magnetic_heading_deg));
         table.row("Indicated Airspeed", Cell<24>("%.u KNOT", speed.indicated_airspeed_kt)); // 0 leaves the digits out
         table.row("Mach", Cell<24>("%.2f MACH", speed.mach));
@@ -462,32 +465,41 @@ namespace {
 struct RegisterRow {
     uint32_t bds;
     const char *name;
-    ast_bds_detail_html_t *detail; // null: known by name only
+    ast_bds_detail_html_t *detail = nullptr; // null: known by name only
+    void (*show)(ViewWriter &view, const ast_bds_t *bds) = nullptr;
 };
 
 constexpr RegisterRow kRegisters[] = {
-    {0x05, "Extended Squitter Airborne Position", ast_bds_05_get_detail_html},
-    {0x06, "Extended Squitter Surface Position", nullptr},
-    {0x07, "Extended Squitter Status", nullptr},
-    {0x08, "Extended Squitter Aircraft Identification and Category", ast_bds_08_get_detail_html},
-    {0x09, "Extended Squitter Airborne Velocity", ast_bds_09_get_detail_html},
-    {0x0A, "Extended Squitter Event-Driven Information", nullptr},
-    {0x10, "Data Link Capability Report", ast_bds_10_get_detail_html},
-    {0x17, "Common Usage GICB Capability Report", nullptr},
-    {0x20, "Aircraft Identification", ast_bds_20_get_detail_html},
-    {0x30, "TCAS/ACAS Active Resolution Advisory", ast_bds_30_get_detail_html},
-    {0x40, "Selected Vertical Intention", ast_bds_40_get_detail_html},
-    {0x50, "Track and Turn Report", ast_bds_50_get_detail_html},
-    {0x60, "Heading and Speed Report", ast_bds_60_get_detail_html},
-    {0x61, "Extended Squitter Aircraft Status", nullptr},
-    {0x62, "Target State and Status", nullptr},
-    {0x65, "Extended Squitter Aircraft Operational Status", nullptr},
-    {0xE1, "Reserved for Mode S BITE", nullptr},
+    {0x05, "Extended Squitter Airborne Position", ast_bds_05_get_detail_html, show<Bds05>},
+    {0x06, "Extended Squitter Surface Position"},
+    {0x07, "Extended Squitter Status"},
+    {0x08, "Extended Squitter Aircraft Identification and Category", ast_bds_08_get_detail_html, show<Bds08>},
+    {0x09, "Extended Squitter Airborne Velocity", ast_bds_09_get_detail_html, show<Bds09>},
+    {0x0A, "Extended Squitter Event-Driven Information"},
+    {0x10, "Data Link Capability Report", ast_bds_10_get_detail_html, show<Bds10>},
+    {0x17, "Common Usage GICB Capability Report"},
+    {0x20, "Aircraft Identification", ast_bds_20_get_detail_html, show<Bds20>},
+    {0x30, "TCAS/ACAS Active Resolution Advisory", ast_bds_30_get_detail_html, show<Bds30>},
+    {0x40, "Selected Vertical Intention", ast_bds_40_get_detail_html, show<Bds40>},
+    {0x50, "Track and Turn Report", ast_bds_50_get_detail_html, show<Bds50>},
+    {0x60, "Heading and Speed Report", ast_bds_60_get_detail_html, show<Bds60>},
+    {0x61, "Extended Squitter Aircraft Status"},
+    {0x62, "Target State and Status"},
+    {0x65, "Extended Squitter Aircraft Operational Status"},
+    {0xE1, "Reserved for Mode S BITE"},
 };
 
 const RegisterRow *find_register(uint32_t bds) {
     for (const RegisterRow &row : kRegisters)
         if (row.bds == bds) return &row;
+    return nullptr;
+}
+
+// The row of one that has a view. Others are reported.
+const RegisterRow *find_shown(uint32_t bds) {
+    const RegisterRow *const row = find_register(bds);
+    if (row && row->detail) return row;
+    ast_log(AST_LOG_WARNING, "Unsupported BDS %s", ast_bds_type_to_str_simple(bds));
     return nullptr;
 }
 
@@ -514,16 +526,25 @@ const char *ast_bds_type_to_str_simple(uint32_t bds) {
 }
 
 ast_bds_detail_html_t *ast_bds_get_func(uint32_t bds) {
-    const RegisterRow *const row = find_register(bds);
-    if (row && row->detail) return row->detail;
-    ast_log(AST_LOG_WARNING, "Unsupported BDS %s", ast_bds_type_to_str_simple(bds));
-    return nullptr;
+    const RegisterRow *const row = find_shown(bds);
+    return row ? row->detail : nullptr;
+}
+
+void ast::show_register(ViewWriter &view, const ast_bds_t *bds) {
+    if (!bds || !bds->valid) return;
+    if (const RegisterRow *const row = find_shown(bds->bds)) row->show(view, bds);
 }
 
 void ast_bds_get_detail_html(char *text, uint64_t capacity, const ast_bds_t *bds) {
-    set_text(text, capacity, "");
-    if (!bds || !bds->valid) return;
-    if (ast_bds_detail_html_t *const detail = ast_bds_get_func(bds->bds)) detail(text, capacity, bds);
+    HtmlView view(text, capacity);
+    show_register(view, bds);
+}
+
+void ast_bds_get_details(const ast_bds_t *bds, const ast_details_visitor_t *visitor, void *context) {
+    if (!visitor) return;
+    const WholeVisitor whole(*visitor);
+    ViewWriter view(whole.get(), context);
+    show_register(view, bds);
 }
 
 void ast_bds_get_detail_html_dummy(char *text, uint64_t capacity) { set_text(text, capacity, ""); }

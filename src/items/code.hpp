@@ -4,7 +4,7 @@
 
 #include "core/bits.hpp"
 #include "items/units.hpp"
-#include "view/html.hpp"
+#include "view/view_writer.hpp"
 
 namespace ast {
 

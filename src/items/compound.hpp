@@ -4,7 +4,7 @@
 //         using Value = decltype(ast_dataitem_048_130_t::srl);                  // opens with `present`
 //         static void read(Value &value, const uint8_t *octets);
 //         static void summarize(TextWriter &out, const Value &value);
-//         static void show(HtmlWriter &html, const Value &value);
+//         static void show(ViewWriter &view, const Value &value);
 //     };
 //
 // and a subfield is one row, with the member of the item's value record that it fills:
@@ -19,17 +19,9 @@
 #pragma once
 
 #include "items/frame.hpp"
+#include "view/subfield_view.hpp"
 
 namespace ast {
-
-struct SubfieldHandlers {
-    void (*read)(void *item_value, const ast_subfield_t &subfield);
-    void (*summarize)(TextWriter &out, const ast_subfield_t &subfield); // null: not implemented
-    void (*show)(HtmlWriter &html, const ast_subfield_t &subfield, const ast_dataitem_t &item);
-};
-
-// A subfield whose octets are all there.
-inline bool is_whole(const ast_subfield_t &subfield) { return subfield.present && subfield.size > 0; }
 
 // The value of one subfield, all zero when its octets are not all there.
 template <typename Kind>
@@ -67,11 +59,11 @@ struct SubfieldOf {
         else
             return nullptr;
     }
-    static void show(HtmlWriter &html, const ast_subfield_t &subfield, const ast_dataitem_t &item) {
-        if constexpr (requires { Kind::show(html, read_subfield<Kind>(subfield), item); })
-            Kind::show(html, read_subfield<Kind>(subfield), item);
-        else if constexpr (requires { Kind::show(html, read_subfield<Kind>(subfield)); })
-            Kind::show(html, read_subfield<Kind>(subfield));
+    static void show(ViewWriter &view, const ast_subfield_t &subfield, const ast_dataitem_t &item) {
+        if constexpr (requires { Kind::show(view, read_subfield<Kind>(subfield), item); })
+            Kind::show(view, read_subfield<Kind>(subfield), item);
+        else if constexpr (requires { Kind::show(view, read_subfield<Kind>(subfield)); })
+            Kind::show(view, read_subfield<Kind>(subfield));
     }
     static constexpr SubfieldHandlers kHandlers = {read, summary(), show};
 };
@@ -106,11 +98,6 @@ constexpr bool fill(const SubfieldRow (&rows)[N]) {
 // Fills the member of one subfield alone, by its number, where the item has it.
 void read_subfield_of(const Compound &compound, const ast_dataitem_t *item, uint32_t number, void *item_value);
 
-void summarize_subfield(const Compound &compound, char *text, uint64_t capacity, const ast_dataitem_t *item,
-                        uint32_t subfield_type);
-void show_subfield(const Compound &compound, char *text, uint64_t capacity, const ast_dataitem_t *item,
-                   uint32_t subfield_type);
-
 } // namespace ast
 
 // Each defines one exported function of a compound item, by its full name.
@@ -125,7 +112,8 @@ void show_subfield(const Compound &compound, char *text, uint64_t capacity, cons
 
 #define AST_DEFINE_SUBFIELD_DETAIL(compound, function)                                                                 \
     void function(char *text, uint64_t capacity, const ast_dataitem_t *item, uint32_t subfield_type) {                 \
-        ast::show_subfield(compound, text, capacity, item, subfield_type);                                             \
+        ast::HtmlView view(text, capacity);                                                                            \
+        ast::show_subfield(view, compound, item, subfield_type);                                                       \
     }
 
 // For subfields that are shown as nothing.

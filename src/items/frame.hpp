@@ -3,7 +3,7 @@
 //     struct I048_040 : Item<48040, ast_dataitem_048_040_t, fixed<4>> {         // type, value record, size
 //         static void read(Value &value, const uint8_t *octets);                // octets into the value
 //         static void summarize(TextWriter &out, const Value &value);           // one line
-//         static void show(HtmlWriter &html, const Value &value);               // the detail view
+//         static void show(ViewWriter &view, const Value &value);               // the detail view
 //         static bool write(uint8_t *octets, Value &value);                     // the value into octets; false refuses
 //         it
 //     };
@@ -98,20 +98,28 @@ void summarize(char *text, uint64_t capacity, const ast_dataitem_t *item) {
 }
 
 template <typename I>
-void show(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    HtmlWriter html(text, capacity);
+void show(ViewWriter &view, const ast_dataitem_t *item) {
     const auto value = decode<I>(item);
-    if constexpr (requires { I::show_unread(html); })
-        if (!value.valid) I::show_unread(html);
+    if constexpr (requires { I::show_unread(view); })
+        if (!value.valid) I::show_unread(view);
     if (!value.valid) return;
-    if constexpr (requires { I::show(html, value, *item); })
-        I::show(html, value, *item);
+    if constexpr (requires { I::show(view, value, *item); })
+        I::show(view, value, *item);
     else
-        I::show(html, value);
+        I::show(view, value);
+}
+
+template <typename I>
+void show_as_html(char *text, uint64_t capacity, const ast_dataitem_t *item) {
+    HtmlView view(text, capacity);
+    show<I>(view, item);
 }
 
 // A detail view of nothing, for items whose summary says all.
-inline void show_nothing(char *text, uint64_t capacity, const ast_dataitem_t *) { set_text(text, capacity, ""); }
+inline void show_nothing_as_html(char *text, uint64_t capacity, const ast_dataitem_t *) {
+    set_text(text, capacity, "");
+}
+inline constexpr DetailViews show_nothing = {show_nothing_as_html};
 
 // ---- Writing ----
 
@@ -180,13 +188,13 @@ void encode(ast_dataitem_t *result, uint8_t *buffer, uint64_t length, const ast_
 template <typename I>
 constexpr SummaryView *kSummaryOf = nullptr;
 template <typename I>
-constexpr DetailView *kDetailOf = nullptr;
+constexpr DetailViews kDetailOf{};
 template <typename I>
 constexpr Encoder *kEncoderOf = nullptr;
 
 // One that has a summary but no detail view has an empty one.
-constexpr DetailView *detail_beside(SummaryView *summary, DetailView *detail) {
-    return summary && !detail ? show_nothing : detail;
+constexpr DetailViews detail_beside(SummaryView *summary, const DetailViews &detail) {
+    return summary && !detail.html ? show_nothing : detail;
 }
 
 // The row of an item of its own.
@@ -209,12 +217,16 @@ constexpr ItemRow own(const char *name, uint16_t variant_of = 0) {
     template <>                                                                                                        \
     [[maybe_unused]] constexpr ast::SummaryView *ast::kSummaryOf<item_layout> = function;
 
-#define AST_DEFINE_DETAIL(item_layout, function)                                                                       \
-    void function(char *text, uint64_t capacity, const ast_dataitem_t *item) {                                         \
-        ast::show<item_layout>(text, capacity, item);                                                                  \
-    }                                                                                                                  \
-    template <>                                                                                                        \
-    [[maybe_unused]] constexpr ast::DetailView *ast::kDetailOf<item_layout> = function;
+#define AST_DEFINE_DETAIL(item_layout, function) \
+    template <> \
+    void ast::show_pieces<function>(ast::ViewWriter & view, const ast_dataitem_t *item) { \
+        ast::show<item_layout>(view, item); \
+    } \
+    void function(char *text, uint64_t capacity, const ast_dataitem_t *item) { \
+        ast::show_as_html<item_layout>(text, capacity, item); \
+    } \
+    template <> \
+    [[maybe_unused]] constexpr ast::DetailViews ast::kDetailOf<item_layout> = ast::kDetailViews<function>;
 
 #define AST_DEFINE_VIEWS(item_layout, summary, detail)                                                                 \
     AST_DEFINE_SUMMARY(item_layout, summary)                                                                           \

@@ -39,9 +39,9 @@ AST_DEFINE_ENCODE(MessageType, ast_dataitem_message_type_encode)
 
 namespace {
 
-void write_area_code(HtmlWriter &html, uint32_t sac) {
-    html.title("System Area Code (SAC)");
-    DetailTable table(html, "Octet", "Name", "Hex", "Dec", "Region", "Country");
+void write_area_code(ViewWriter &view, uint32_t sac) {
+    view.title("System Area Code (SAC)");
+    DetailTable table(view, "Octet", "Name", "Hex", "Dec", "Region", "Country");
     const auto row = [&](std::string_view region, std::string_view country) {
         table.row("Octet[1]", "SAC", Cell<5>("0x%.2X", sac), Cell<4>("%03u", sac), region, country);
     };
@@ -56,9 +56,9 @@ void write_area_code(HtmlWriter &html, uint32_t sac) {
     if (!is_known) row("Unknown Region", "Unknown Country");
 }
 
-void write_identification_code(HtmlWriter &html, uint32_t sac, uint32_t sic) {
-    html.title("System Identification Code (SIC)");
-    DetailTable table(html, "Octet", "Name", "Hex", "Dec", "Country", "System", "Type", "Manufacturer", "Model",
+void write_identification_code(ViewWriter &view, uint32_t sac, uint32_t sic) {
+    view.title("System Identification Code (SIC)");
+    DetailTable table(view, "Octet", "Name", "Hex", "Dec", "Country", "System", "Type", "Manufacturer", "Model",
                       "Description");
     const auto row = [&](const auto &...cells) {
         table.row("Octet[2]", "SIC", Cell<5>("0x%.2X", sic), Cell<4>("%03u", sic), cells...);
@@ -86,7 +86,7 @@ struct DataSourceIdentifier : SharedLayout<ast_sac_sic_t, items::data_source_ide
         out.print("SAC:%03u SIC:%03u", source.sac, source.sic);
     }
 
-    static void show(HtmlWriter &html, const Value &source) { write_source(html, source.sac, source.sic); }
+    static void show(ViewWriter &view, const Value &source) { write_source(view, source.sac, source.sic); }
 
     static bool write(uint8_t *octets, const Value &source) {
         octets[0] = static_cast<uint8_t>(source.sac);
@@ -104,9 +104,9 @@ AST_DEFINE_ENCODE(DataSourceIdentifier, ast_dataitem_data_source_identifier_enco
 
 namespace ast {
 
-void write_source(HtmlWriter &html, uint32_t sac, uint32_t sic) {
-    write_area_code(html, sac);
-    write_identification_code(html, sac, sic);
+void write_source(ViewWriter &view, uint32_t sac, uint32_t sic) {
+    write_area_code(view, sac);
+    write_identification_code(view, sac, sic);
 }
 
 } // namespace ast
@@ -182,8 +182,8 @@ struct TargetAddress : SharedLayout<ast_target_address_t, items::target_address.
 
     static void summarize(TextWriter &out, const Value &target) { out.print("ADDR:%.6X", target.address); }
 
-    static void show(HtmlWriter &html, const Value &target, const ast_dataitem_t &item) {
-        write_country_of(html, target.address, &item);
+    static void show(ViewWriter &view, const Value &target, const ast_dataitem_t &item) {
+        write_country_of(view, target.address, &item);
     }
 
     static bool write(uint8_t *octets, Value &target) {
@@ -202,13 +202,16 @@ AST_DEFINE_ENCODE(TargetAddress, ast_dataitem_target_address_encode)
 
 namespace ast {
 
-void write_country_of(HtmlWriter &html, uint32_t address, const ast_dataitem_t *item) {
+void write_country_of(ViewWriter &view, uint32_t address, const ast_dataitem_t *item) {
     if (!has_country_lookup()) return;
     const ast_country_t country = aircraft_country(address, item);
+    constexpr char kBegin[] = "This ICAO 24-bit address ";
+    const Cell<12> digits("%.6X", address);
+    const auto or_null = [](const char *text) { return text ? text : "(null)"; };
     if (country.found)
-        html.paragraph("This ICAO 24-bit address %.6X is allocated to %s (%s).", address, country.name, country.code);
+        view.paragraph(kBegin, digits, " is allocated to ", or_null(country.name), " (", or_null(country.code), ").");
     else
-        html.paragraph("This ICAO 24-bit address %.6X is allocated to unknown country/region.", address);
+        view.paragraph(kBegin, digits, " is allocated to unknown country/region.");
 }
 
 } // namespace ast
@@ -222,12 +225,12 @@ struct AircraftId : SharedLayout<ast_aircraft_id_t, items::aircraft_id.size> {
 
     static void summarize(TextWriter &out, const Value &aircraft) { out.print("ACID:%s", aircraft.text); }
 
-    static void show(HtmlWriter &html, const Value &aircraft) {
+    static void show(ViewWriter &view, const Value &aircraft) {
         // The sixth label counts backwards; viewers know it so.
         static constexpr const char *kLabels[kIdentityChars] = {
             "Bit[0-5]", "Bit[6-11]", "Bit[12-17]", "Bit[18-23]", "Bit[24-29]", "Bit[30-25]", "Bit[36-41]", "Bit[42-47]",
         };
-        DetailTable table(html, "Bit", "Item", "Value");
+        DetailTable table(view, "Bit", "Item", "Value");
         write_identity_rows(aircraft.text, [&](unsigned place, std::string_view name, std::string_view character) {
             table.row(kLabels[place], name, character);
         });
@@ -267,9 +270,9 @@ struct TargetId : SharedLayout<ast_target_id_t, items::target_id.size> {
             out.print("%s:%s", kKinds[target.sti], target.text);
     }
 
-    static void show(HtmlWriter &html, const Value &target) {
+    static void show(ViewWriter &view, const Value &target) {
         static constexpr const char *kKinds[] = {"CALLSIGN_OR_REGISTRATION", "REGISTRATION", "CALLSIGN"};
-        DetailTable table(html, "Bit", "Item", "Value");
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[0-1]", "TARGET_ID_TYPE", text_of(kKinds, target.sti, "UNDIFINED"));
         table.row("Bit[2-7]", "SPARE", "0");
         write_identity_rows(target.text, [&](unsigned place, std::string_view name, std::string_view character) {

@@ -8,10 +8,33 @@
 namespace ast {
 
 // To which country an aircraft address is allocated, as far as the application has a lookup for that.
-void write_country_of(HtmlWriter &html, uint32_t address, const ast_dataitem_t *item);
+void write_country_of(ViewWriter &view, uint32_t address, const ast_dataitem_t *item);
 
 // What the application's lookups know of a source.
-void write_source(HtmlWriter &html, uint32_t sac, uint32_t sic);
+void write_source(ViewWriter &view, uint32_t sac, uint32_t sic);
+
+// Each is defined beside its layout.
+// clang-format off
+template <> void show_pieces<ast_dataitem_data_source_identifier_get_detail_html>(ViewWriter &view, const ast_dataitem_t *item);
+template <> void show_pieces<ast_dataitem_sector_number_get_detail_html>(ViewWriter &view, const ast_dataitem_t *item);
+template <> void show_pieces<ast_dataitem_time_of_day_get_detail_html>(ViewWriter &view, const ast_dataitem_t *item);
+template <> void show_pieces<ast_dataitem_time_of_day_high_get_detail_html>(ViewWriter &view, const ast_dataitem_t *item);
+template <> void show_pieces<ast_dataitem_position_wgs84_low_get_detail_html>(ViewWriter &view, const ast_dataitem_t *item);
+template <> void show_pieces<ast_dataitem_position_wgs84_get_detail_html>(ViewWriter &view, const ast_dataitem_t *item);
+template <> void show_pieces<ast_dataitem_mode_3a_code_get_detail_html>(ViewWriter &view, const ast_dataitem_t *item);
+template <> void show_pieces<ast_dataitem_mode_3a_confidence_get_detail_html>(ViewWriter &view, const ast_dataitem_t *item);
+template <> void show_pieces<ast_dataitem_mode_c_code_get_detail_html>(ViewWriter &view, const ast_dataitem_t *item);
+template <> void show_pieces<ast_dataitem_mode_c_confidence_get_detail_html>(ViewWriter &view, const ast_dataitem_t *item);
+template <> void show_pieces<ast_dataitem_height_get_detail_html>(ViewWriter &view, const ast_dataitem_t *item);
+template <> void show_pieces<ast_dataitem_vertical_rate_get_detail_html>(ViewWriter &view, const ast_dataitem_t *item);
+template <> void show_pieces<ast_dataitem_antenna_rotation_period_get_detail_html>(ViewWriter &view, const ast_dataitem_t *item);
+template <> void show_pieces<ast_dataitem_velocity_polar_get_detail_html>(ViewWriter &view, const ast_dataitem_t *item);
+template <> void show_pieces<ast_dataitem_target_address_get_detail_html>(ViewWriter &view, const ast_dataitem_t *item);
+template <> void show_pieces<ast_dataitem_aircraft_id_get_detail_html>(ViewWriter &view, const ast_dataitem_t *item);
+template <> void show_pieces<ast_dataitem_target_id_get_detail_html>(ViewWriter &view, const ast_dataitem_t *item);
+template <> void show_pieces<ast_dataitem_modes_mb_get_detail_html>(ViewWriter &view, const ast_dataitem_t *item);
+template <> void show_pieces<ast_dataitem_subfields_get_detail_html>(ViewWriter &view, const ast_dataitem_t *item);
+// clang-format on
 
 } // namespace ast
 
@@ -30,7 +53,7 @@ constexpr Handlers without_encoder(Handlers handlers) {
 
 // clang-format off
 #define AST_SUMMARY(layout) ast_dataitem_##layout##_get_summary
-#define AST_DETAIL(layout) ast_dataitem_##layout##_get_detail_html
+#define AST_DETAIL(layout) kDetailViews<ast_dataitem_##layout##_get_detail_html>
 #define AST_ENCODE(layout) ast_dataitem_##layout##_encode
 #define AST_VIEWS(layout) AST_SUMMARY(layout), AST_DETAIL(layout)
 
@@ -65,7 +88,7 @@ inline constexpr Handlers random_field_sequencing  = {disputed(explicit_length),
 // clang-format on
 
 // Octets of a size of their own, shown as bits.
-constexpr Handlers binary_data(const SizeRule &size, DetailView *detail = show_nothing) {
+constexpr Handlers binary_data(const SizeRule &size, const DetailViews &detail = show_nothing) {
     return {size, AST_SUMMARY(binary_data), detail};
 }
 

@@ -79,9 +79,9 @@ struct Mode3aCode : SharedLayout<ast_mode_3a_t, items::mode_3a_code.size> {
         if (code.smoothed) out.print(" %s", kind.third_flag);
     }
 
-    static void show(HtmlWriter &html, const Value &code, const ast_dataitem_t &item) {
+    static void show(ViewWriter &view, const Value &code, const ast_dataitem_t &item) {
         const CodeKind &kind = code_kind(item.type);
-        DetailTable table(html, "Bit", "Item", "Value");
+        DetailTable table(view, "Bit", "Item", "Value");
         if (kind.third_flag)
             write_code_flags(table, code.not_validated, code.garbled, kind.third_flag, code.smoothed);
         else
@@ -119,8 +119,8 @@ struct Mode3aConfidence : SharedLayout<ast_mode_3a_confidence_t, items::mode_3a_
         out.print("QTY:%s", letters.c_str());
     }
 
-    static void show(HtmlWriter &html, const Value &confidence) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &confidence) {
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[1-4]", "UNUSED", "---");
         for (unsigned pulse = 0; pulse < AST_PULSES; ++pulse)
             table.row(Cell<10>("Bit[%u]", kFirstFlagBit + pulse), Cell<10>("Q%s", kPulseNames[pulse]),
@@ -157,8 +157,8 @@ struct ModeCCode : SharedLayout<ast_mode_c_t, items::mode_c_code.size> {
         summarize_level(out, height.flight_level, !height.validated, height.garbled);
     }
 
-    static void show(HtmlWriter &html, const Value &height) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &height) {
+        DetailTable table(view, "Bit", "Item", "Value");
         write_level(table, height.flight_level, !height.validated, height.garbled);
     }
 
@@ -214,14 +214,14 @@ struct ModeCConfidence : SharedLayout<ast_mode_c_confidence_t, items::mode_c_con
                   shown_if(reply.garbled, kGarbled));
     }
 
-    static void show(HtmlWriter &html, const Value &reply) {
+    static void show(ViewWriter &view, const Value &reply) {
         {
-            DetailTable flags(html, "Bit", "Item", "Value");
+            DetailTable flags(view, "Bit", "Item", "Value");
             flags.row("Bit[0]", "NOT_VALIDATED", reply.validated ? "0" : "1");
             flags.row("Bit[1]", "GARBLED", reply.garbled ? "1" : "0");
         }
-        html.paragraph("%s", "");
-        DetailTable table(html, "Name", "Pulse", "Quality");
+        view.paragraph("");
+        DetailTable table(view, "Name", "Pulse", "Quality");
         for (unsigned pulse = 0; pulse < AST_PULSES; ++pulse)
             table.row(kPulseNames[pulse], reply.pulses[pulse].pulse ? "1" : "0",
                       low_or_not(reply.pulses[pulse].low_quality));

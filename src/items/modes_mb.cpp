@@ -23,8 +23,8 @@ struct ModesMb : SharedLayout<ast_modes_mb_t, items::modes_mb.size> {
         }
     }
 
-    static void show(HtmlWriter &html, const Value &data) {
-        write_registers(html, data.registers, held_registers(data.registers, data.count));
+    static void show(ViewWriter &view, const Value &data) {
+        write_registers(view, data.registers, held_registers(data.registers, data.count));
     }
 };
 

@@ -51,8 +51,8 @@ struct OctetChain : Item<Type, ast_octet_chain_t, extended<MaximumOctets>> {
             [&](char *text, uint64_t capacity) { ast_dataitem_binary_data_get_summary(text, capacity, &item); });
     }
 
-    static void show(HtmlWriter &html, const Value &, const ast_dataitem_t &item) {
-        DetailTable table(html, "Octet", "Item", "Value");
+    static void show(ViewWriter &view, const Value &, const ast_dataitem_t &item) {
+        DetailTable table(view, "Octet", "Item", "Value");
         for (uint64_t i = 0; i < item.size; ++i) {
             const BinaryOctet octet(item.data[i]);
             std::string_view bits_above_fx = octet;

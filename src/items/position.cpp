@@ -42,8 +42,8 @@ struct Wgs84Low : Wgs84<items::position_wgs84_low.size> {
         position = scaled_pair(read_i24(octets), read_i24(octets + 3), kLowPositionLsbDeg);
     }
 
-    static void show(HtmlWriter &html, const Value &position) {
-        DetailTable table(html, "Octet", "Item", "Value");
+    static void show(ViewWriter &view, const Value &position) {
+        DetailTable table(view, "Octet", "Item", "Value");
         write_position_low(table, "Octet[1-6]", position);
     }
 
@@ -98,9 +98,9 @@ struct Wgs84High : Wgs84<items::position_wgs84.size> {
         position = scaled_pair(read_i32(item.data), longitude, kHalfCircleDeg / variant.units);
     }
 
-    static void show(HtmlWriter &html, const Value &position) {
+    static void show(ViewWriter &view, const Value &position) {
         constexpr char kOctets[] = "Octet[1-8]";
-        DetailTable table(html, "Octet", "Item", "Value");
+        DetailTable table(view, "Octet", "Item", "Value");
         write_position_texts(table, kOctets, position.value_1, position.value_2);
         table.row(kOctets, kWgs84Item, Cell<512>("%012.8f, %013.8f", position.value_1, position.value_2));
         // This row alone is labelled as if the item had six octets; viewers know it so.
@@ -177,8 +177,8 @@ struct PolarVelocity : SharedLayout<ast_value_pair_t, items::velocity_polar.size
         append_pair<2>(out, "SPD:", velocity.value_1, " HDG:", velocity.value_2);
     }
 
-    static void show(HtmlWriter &html, const Value &velocity) {
-        DetailTable table(html, "Octet", "Item", "Value");
+    static void show(ViewWriter &view, const Value &velocity) {
+        DetailTable table(view, "Octet", "Item", "Value");
         table.row("Octet[1-2]", "GROUND_SPEED LSB:NM/S", Cell<20>("%.6f", velocity.raw_1 / kSpeedUnitsPerNmPerS));
         table.row("Octet[1-2]", "GROUND_SPEED LSB:M/S", Cell<20>("%.2f", velocity.raw_1 * kSpeedLsbMPerS));
         table.row("Octet[1-2]", "GROUND_SPEED LSB:KNOT", Cell<20>("%.2f", velocity.value_1));
@@ -219,8 +219,8 @@ struct Height : SharedLayout<ast_scaled_value_t, items::height.size> {
         height.value = height.raw * kVerticalLsbFt;
     }
     static void summarize(TextWriter &out, const Value &height) { out.print("H:%.2f LSB:FT", height.value); }
-    static void show(HtmlWriter &html, const Value &height) {
-        write_vertical_rows<10>(html, height.raw, {"HEIGHT LSB=6.25FT", "HEIGHT LSB=FT", "HEIGHT LSB=M"});
+    static void show(ViewWriter &view, const Value &height) {
+        write_vertical_rows<10>(view, height.raw, {"HEIGHT LSB=6.25FT", "HEIGHT LSB=FT", "HEIGHT LSB=M"});
     }
 };
 
@@ -235,8 +235,8 @@ struct VerticalRate : SharedLayout<ast_scaled_value_t, items::vertical_rate.size
 
     static void summarize(TextWriter &out, const Value &rate) { out.print("VR:%.2fFT/M", rate.value); }
 
-    static void show(HtmlWriter &html, const Value &rate) {
-        write_vertical_rows<10>(html, rate.raw,
+    static void show(ViewWriter &view, const Value &rate) {
+        write_vertical_rows<10>(view, rate.raw,
                                 {"VERTICAL_RATE LSB=6.25FT/M", "VERTICAL_RATE LSB=FT/M", "VERTICAL_RATE LSB=METER/M"});
     }
 

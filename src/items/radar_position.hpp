@@ -24,8 +24,8 @@ struct PolarPosition : Item<Type, ItemValue, fixed<4>> {
         append_pair<1>(out, "RHO:", position.*Rho, " THETA:", position.theta_deg);
     }
 
-    static void show_as(HtmlWriter &html, const ItemValue &position, const char *rho_item, const char *theta_octets) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show_as(ViewWriter &view, const ItemValue &position, const char *rho_item, const char *theta_octets) {
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Octet[1-2]", rho_item, Cell<20>("%.2f", position.*Rho));
         table.row(theta_octets, "THETA LSB:DEG", Cell<20>("%.2f", position.theta_deg));
     }

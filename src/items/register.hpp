@@ -3,30 +3,33 @@
 
 #include <algorithm>
 
-#include "view/html.hpp"
+#include "view/view_writer.hpp"
 
 namespace ast {
 
 constexpr uint16_t kRegisterOctets = 7;
 constexpr uint32_t kAcasRegister = 0x30;
 
+// Its fields alone. One that has no view of them is reported.
+void show_register(ViewWriter &view, const ast_bds_t *bds);
+
 // Its number and title, its bits, and its fields.
-inline void write_register(HtmlWriter &html, const ast_bds_t &bds) {
-    html.title("%s - %s", ast_bds_type_to_str(bds.bds), ast_bds_get_name(bds.bds));
-    html.bit_table(bds.data, bds.size);
-    html.paragraph("%s", "");
-    html.append_with([&](char *text, uint64_t capacity) { ast_bds_get_detail_html(text, capacity, &bds); });
+inline void write_register(ViewWriter &view, const ast_bds_t &bds) {
+    view.title(ast_bds_type_to_str(bds.bds), " - ", ast_bds_get_name(bds.bds));
+    view.bit_table(bds.data, bds.size);
+    view.paragraph("");
+    if (!view.is_full()) show_register(view, &bds);
 }
 
 // A list of registers, then each of them.
-inline void write_registers(HtmlWriter &html, const ast_bds_t *registers, uint64_t count) {
-    html.title("BDS List");
+inline void write_registers(ViewWriter &view, const ast_bds_t *registers, uint64_t count) {
+    view.title("BDS List");
     {
-        DetailTable table(html, "BDS", "Name");
+        DetailTable table(view, "BDS", "Name");
         for (uint64_t i = 0; i < count; ++i)
             table.row(ast_bds_type_to_str(registers[i].bds), ast_bds_get_name(registers[i].bds));
     }
-    for (uint64_t i = 0; i < count; ++i) write_register(html, registers[i]);
+    for (uint64_t i = 0; i < count; ++i) write_register(view, registers[i]);
 }
 
 // The registers behind REP, as far as there is room for them. Each element is the seven octets of a register and one

@@ -29,8 +29,8 @@ struct TargetSize : Item<Type, ItemValue, extended<3>> {
         if (size.width_present) out.print(" W:%u", size.width_m);
     }
 
-    static void show(HtmlWriter &html, const ItemValue &size) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const ItemValue &size) {
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[0-7]", "LENGTH LSB:M", Cell<20>("%u", size.length_m));
         if (size.orientation_present) {
             table.row("Bit[9-15]", "ORIENTATION LSB:360/128 DEG", Cell<20>("%u", size.orientation_raw));

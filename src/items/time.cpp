@@ -38,8 +38,8 @@ struct TimeOfDay : SharedLayout<ast_time_of_day_t, items::time_of_day.size> {
         append_time(out, time.hour, time.minute, time.second, time.millisecond);
     }
 
-    static void show(HtmlWriter &html, const Value &time) {
-        DetailTable table(html, "Name", "Value");
+    static void show(ViewWriter &view, const Value &time) {
+        DetailTable table(view, "Name", "Value");
         table.row("TIME LSB=1/128S", Cell<10>("%u", time.raw));
         table.row("TIME LSB=1S", Cell<10>("%u", time.raw / kTimeUnitsPerSecond));
         table.row("HOUR", Cell<10>("%2u", time.hour));
@@ -76,8 +76,8 @@ struct TimeOfDayHigh : SharedLayout<ast_time_of_day_high_t, items::time_of_day_h
 
     static void summarize(TextWriter &out, const Value &time) { out.print("FSI:%d TOMR:%.6f", time.fsi, time.seconds); }
 
-    static void show(HtmlWriter &html, const Value &time) {
-        DetailTable table(html, "Name", "Value");
+    static void show(ViewWriter &view, const Value &time) {
+        DetailTable table(view, "Name", "Value");
         table.row("FSI", Cell<20>("%d", time.fsi));
         table.row("TIME LSB=2^-30S", Cell<20>("%u", time.raw));
         table.row("TIME LSB=S", Cell<20>("%f", time.seconds));
@@ -106,10 +106,10 @@ struct SectorNumber : SharedLayout<ast_scaled_value_t, items::sector_number.size
         out.print("SECTOR:%03dDEG", static_cast<int>(std::round(sector.value)));
     }
 
-    static void show(HtmlWriter &html, const Value &sector) {
+    static void show(ViewWriter &view, const Value &sector) {
         constexpr double kDegPerSectorOf32 = 11.25;
         constexpr double kDegPerSectorOf16 = 22.5;
-        DetailTable table(html, "Name", "Value");
+        DetailTable table(view, "Name", "Value");
         table.row("ANTENNA AZIMUTH LSB~=1.41DEG", Cell<10>("%u", static_cast<unsigned>(sector.raw)));
         table.row("ANTENNA AZIMUTH LSB=1DEG", Cell<10>("%.4f", sector.value));
         table.row("SECTOR NUMBER LSB=1/32", Cell<10>("%.2d", static_cast<int>(sector.value / kDegPerSectorOf32)));
@@ -144,8 +144,8 @@ struct AntennaRotationPeriod : SharedLayout<ast_scaled_value_t, items::antenna_r
 
     static void summarize(TextWriter &out, const Value &period) { out.print("ROT:%.2f", period.value); }
 
-    static void show(HtmlWriter &html, const Value &period) {
-        DetailTable table(html, "Bit", "Item", "Value");
+    static void show(ViewWriter &view, const Value &period) {
+        DetailTable table(view, "Bit", "Item", "Value");
         table.row("Bit[0-15]", "ROTATION_PERIOD LSB=1/128s", Cell<16>("%u", static_cast<unsigned>(period.raw)));
         table.row("Bit[0-15]", "ROTATION_PERIOD LSB=S", Cell<16>("%.3f", period.value));
     }

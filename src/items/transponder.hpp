@@ -35,8 +35,8 @@ struct CommAndFlightStatus : Item<Type, ast_dataitem_048_230_t, fixed<2>> {
         out.append(ast_radar_flight_status_to_str(status.stat));
     }
 
-    static void show(HtmlWriter &html, const Value &status) {
-        DetailTable table(html, "Bit", "ID", "Item", "Value");
+    static void show(ViewWriter &view, const Value &status) {
+        DetailTable table(view, "Bit", "ID", "Item", "Value");
         table.row("Bit[0-2]", "COM", "COMMUNICATION_CAPABILITY", ast_transponder_comm_cap_to_str(status.com));
         table.row("Bit[3-5]", "STAT", "FLIGHT_STATUS", ast_radar_flight_status_to_str(status.stat));
         table.row("Bit[6-7]", "---", "SPARE", "");
@@ -70,7 +70,7 @@ struct AcasAdvisory : Item<Type, ast_dataitem_048_260_t, fixed<kRegisterOctets>>
         out.append("BDS:");
         out.append(ast_bds_type_to_str_simple(advisory.bds.bds));
     }
-    static void show(HtmlWriter &html, const Value &advisory) { write_register(html, advisory.bds); }
+    static void show(ViewWriter &view, const Value &advisory) { write_register(view, advisory.bds); }
 };
 
 } // namespace ast

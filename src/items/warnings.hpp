@@ -17,8 +17,8 @@ struct WarningConditions : Item<Type, ast_dataitem_048_030_t, extended<MaximumOc
         out.print("ERRCODE:%u%s", warnings.codes[0], shown_if(warnings.count >= 2, "+"));
     }
 
-    static void show(HtmlWriter &html, const Value &warnings) {
-        DetailTable table(html, "Error Code", "Description");
+    static void show(ViewWriter &view, const Value &warnings) {
+        DetailTable table(view, "Error Code", "Description");
         for (uint32_t i = 0; i < warnings.count; ++i)
             table.row(Cell<CodeDigits + 1>("%u", warnings.codes[i]), Describe(warnings.codes[i]));
     }

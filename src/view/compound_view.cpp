@@ -4,6 +4,7 @@
 #include "codec/fspec.hpp"
 #include "codec/item.hpp"
 #include "view/html.hpp"
+#include "view/subfield_view.hpp"
 
 namespace {
 
@@ -11,14 +12,8 @@ using namespace ast;
 
 constexpr uint64_t kSummaryChars = 64;
 
-// A subfield's own view appends where the fragment stands.
-template <typename View>
-void append_view(HtmlWriter &html, View view, const ast_dataitem_t *item, uint32_t subfield_type) {
-    html.append_with([&](char *text, uint64_t capacity) { view(text, capacity, item, subfield_type); });
-}
-
-void write_table(HtmlWriter &html, const ast_dataitem_t *item, const ast_subfields_t &decoded) {
-    DetailTable table(html, "Subfield", "ID", "Name", "Size", "Existing", "Summary");
+void write_table(ViewWriter &view, const ast_dataitem_t *item, const ast_subfields_t &decoded) {
+    DetailTable table(view, "Subfield", "ID", "Name", "Size", "Existing", "Summary");
     for (uint64_t i = 0; i < decoded.subfield_count; ++i) {
         const ast_subfield_t &subfield = decoded.subfields[i];
         char summary[kSummaryChars];
@@ -30,12 +25,13 @@ void write_table(HtmlWriter &html, const ast_dataitem_t *item, const ast_subfiel
     }
 }
 
-void write_subfield(HtmlWriter &html, const ast_dataitem_t *item, const ast_subfield_t &subfield, uint64_t number) {
-    html.title("Subfield #%u - %s", static_cast<unsigned>(number), ast_subfield_get_name(subfield.type));
-    html.bit_table(subfield.data, subfield.size);
-    html.paragraph("%s", "");
-    if (const auto view = ast_subfield_get_func(subfield.type).get_detail_html)
-        append_view(html, view, item, subfield.type);
+void write_subfield(ViewWriter &view, const Compound &compound, const ast_dataitem_t *item,
+                    const ast_subfield_t &subfield, uint64_t number) {
+    view.title("Subfield #", Cell<12>("%u", static_cast<unsigned>(number)), " - ",
+               ast_subfield_get_name(subfield.type));
+    view.bit_table(subfield.data, subfield.size);
+    view.paragraph("");
+    if (has_details(compound) && !view.is_full()) show_subfield(view, compound, item, subfield.type);
 }
 
 } // namespace
@@ -54,12 +50,18 @@ void ast_dataitem_subfields_get_summary(char *text, uint64_t capacity, const ast
     out.append_digits(static_cast<uint32_t>(listed), 2);
 }
 
-void ast_dataitem_subfields_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item) {
-    HtmlWriter html(text, capacity);
+template <>
+void ast::show_pieces<ast_dataitem_subfields_get_detail_html>(ViewWriter &view, const ast_dataitem_t *item) {
     const ast_subfields_t decoded = ast_dataitem_subfields_decode(item);
     if (!decoded.valid) return;
-    html.title("Primary Subfield");
-    write_table(html, item, decoded);
-    for (uint64_t i = 0; i < decoded.subfield_count; ++i)
-        if (decoded.subfields[i].present) write_subfield(html, item, decoded.subfields[i], i + 1);
+    view.title("Primary Subfield");
+    write_table(view, item, decoded);
+    const Compound *const compound = find_compound(item->type);
+    for (uint64_t i = 0; compound && i < decoded.subfield_count; ++i)
+        if (decoded.subfields[i].present) write_subfield(view, *compound, item, decoded.subfields[i], i + 1);
+}
+
+void ast_dataitem_subfields_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item) {
+    HtmlView view(text, capacity);
+    show_pieces<ast_dataitem_subfields_get_detail_html>(view, item);
 }

@@ -1,7 +1,7 @@
 // The table in which a detail view shows fields: where each stands, its name and its value.
 #pragma once
 
-#include "view/html.hpp"
+#include "view/view_writer.hpp"
 
 namespace ast {
 

@@ -50,6 +50,11 @@ constexpr auto kBitCells = [] {
     return cells;
 }();
 
+std::string_view as_view(const ViewText &text) { return {text.text, text.size}; }
+
+// Of a text writer, which it is for those who ask how full it is.
+HtmlWriter &writer(void *text) { return *static_cast<HtmlWriter *>(static_cast<TextWriter *>(text)); }
+
 void append_caption_end(TextWriter &out, uint8_t octet) {
     char end[kCaptionEnd.size()];
     std::memcpy(end, kCaptionEnd.data(), sizeof end);
@@ -70,22 +75,28 @@ void append_bit_cells(TextWriter &out, const uint8_t *octets, uint64_t count) {
 
 namespace ast {
 
-void HtmlWriter::title(const char *format, ...) {
-    va_list arguments;
-    va_start(arguments, format);
+void HtmlWriter::title(Texts pieces) {
     append("<h4>");
-    print_list(format, arguments);
+    append_texts(pieces);
     append("</h4>");
-    va_end(arguments);
 }
 
-void HtmlWriter::paragraph(const char *format, ...) {
-    va_list arguments;
-    va_start(arguments, format);
+void HtmlWriter::paragraph(Texts pieces) {
     append("<p>");
-    print_list(format, arguments);
+    append_texts(pieces);
     append("</p>");
-    va_end(arguments);
+}
+
+void HtmlWriter::append_texts(Texts texts) {
+    for (const ViewText &text : texts) {
+        if (text.kind == AST_DETAIL_PLAIN) [[likely]] {
+            append(as_view(text));
+            continue;
+        }
+        if (text.kind == AST_DETAIL_STRONG) append("<b>");
+        append_received(*this, as_view(text));
+        if (text.kind == AST_DETAIL_STRONG) append("</b>");
+    }
 }
 
 void HtmlWriter::open_table(std::string_view css_class) {
@@ -101,25 +112,26 @@ void HtmlWriter::table_begin() {
 
 void HtmlWriter::table_end() { append("</table><br/>"); }
 
-void HtmlWriter::header_row(std::initializer_list<std::string_view> cells) { whole_row<true>(cells); }
-void HtmlWriter::row(std::initializer_list<std::string_view> cells) { whole_row<false>(cells); }
-
 // Most rows fit, and are written without that there is asked for room for each piece.
 template <bool is_header>
-void HtmlWriter::whole_row(std::initializer_list<std::string_view> cells) {
-    constexpr CellTags kTags = is_header ? kHeaderCell : kDataCell;
-    size_t most = kEvenRow.size() + kRowEnd.size();
-    for (const std::string_view content : cells) most += kTags.begin.size() + content.size() + kTags.end.size();
+void HtmlWriter::whole_row(Texts cells) {
+    static constexpr CellTags kTags = is_header ? kHeaderCell : kDataCell;
+    size_t most = kEvenRow.size() + kRowEnd.size() + cells.size() * (kTags.begin.size() + kTags.end.size());
+    uint32_t kinds = AST_DETAIL_PLAIN;
+    for (const ViewText &content : cells) {
+        most += content.size;
+        kinds |= content.kind;
+    }
     const auto put_row = [&](char *to) {
         to = put(to, !is_header && next_row_is_even ? kEvenRow : kOddRow);
-        for (const std::string_view content : cells) to = put(put(put(to, kTags.begin), content), kTags.end);
+        for (const ViewText &content : cells) to = put(put(put(to, kTags.begin), as_view(content)), kTags.end);
         return put(to, kRowEnd);
     };
-    if (append_at_once(most, put_row)) {
+    if (kinds == AST_DETAIL_PLAIN && append_at_once(most, put_row)) {
         next_row_is_even = !is_header && !next_row_is_even;
     } else {
         row_begin(is_header);
-        for (const std::string_view content : cells) cell(is_header, content);
+        for (const ViewText &content : cells) cell(is_header, content);
         row_end(is_header);
     }
 }
@@ -129,9 +141,11 @@ void HtmlWriter::row_begin(bool is_header) {
     append(next_row_is_even ? kEvenRow : kOddRow);
 }
 
-void HtmlWriter::cell(bool is_header, std::string_view content) {
+void HtmlWriter::cell(bool is_header, const ViewText &content) {
     const CellTags &tags = is_header ? kHeaderCell : kDataCell;
-    for (const std::string_view piece : {tags.begin, content, tags.end}) append(piece);
+    append(tags.begin);
+    append_texts({&content, 1});
+    append(tags.end);
 }
 
 void HtmlWriter::row_end(bool is_header) {
@@ -179,11 +193,47 @@ void HtmlWriter::bit_table(const uint8_t *octets, uint64_t count) {
     append("</table>");
 }
 
-void HtmlWriter::map_link(uint32_t service, double latitude, double longitude) {
-    char url[512];
-    if (ast_map_get_link_url(url, sizeof url, service, latitude, longitude))
-        print("<a href=\"%s\">%s</a>", url, ast_map_get_service_name(service));
+void HtmlWriter::link_row(Texts cells, const ast_detail_link_t &to) {
+    row_begin(false);
+    for (const ViewText &content : cells) cell(false, content);
+    append(kDataCell.begin);
+    link(to);
+    append(kDataCell.end);
+    row_end(false);
 }
+
+void HtmlWriter::link(const ast_detail_link_t &link) {
+    for (const std::string_view piece :
+         {std::string_view("<a href=\""), std::string_view(link.url), std::string_view("\">"),
+          std::string_view(link.title), std::string_view("</a>")})
+        append(piece);
+}
+
+const ast_details_visitor_t HtmlView::kVisitor = {
+    .title =
+        [](void *html, const ViewText *pieces, uint64_t count) {
+            writer(html).title({pieces, count});
+        },
+    .paragraph =
+        [](void *html, const ViewText *pieces, uint64_t count) {
+            writer(html).paragraph({pieces, count});
+        },
+    .table_begin =
+        [](void *html, const ViewText *header, uint64_t count) {
+            writer(html).table_begin();
+            writer(html).header_row({header, count});
+        },
+    .row =
+        [](void *html, const ViewText *cells, uint64_t count) {
+            writer(html).row({cells, count});
+        },
+    .link_row =
+        [](void *html, const ViewText *cells, uint64_t count, const ast_detail_link_t *link) {
+            writer(html).link_row({cells, count}, *link);
+        },
+    .table_end = [](void *html) { writer(html).table_end(); },
+    .bits = [](void *html, const uint8_t *octets, uint64_t count) { writer(html).bit_table(octets, count); },
+};
 
 } // namespace ast
 
@@ -227,7 +277,7 @@ void ast_html_gen_table_row(char *text, uint64_t capacity, int32_t header, ...) 
     for (;;) {
         const char *const content = va_arg(cells, const char *);
         if (content && content == std::string_view(AST_HTML_TABLE_END_OF_ROW)) break;
-        html.cell(header != 0, content ? content : "");
+        html.cell(header != 0, view_text(content ? content : ""));
     }
     va_end(cells);
     html.row_end(header != 0);
@@ -246,6 +296,8 @@ void ast_html_gen_bin_table(char *text, uint64_t capacity, const uint8_t *octets
 uint64_t ast_html_gen_location_map_link(char *text, uint64_t capacity, uint32_t service, double latitude,
                                         double longitude) {
     HtmlWriter html(text, capacity);
-    html.map_link(service, latitude, longitude);
+    char url[512];
+    if (ast_map_get_link_url(url, sizeof url, service, latitude, longitude))
+        html.link({service, latitude, longitude, ast_map_get_service_name(service), url});
     return html.length();
 }

@@ -1,60 +1,53 @@
-// The pieces of HTML that all detail views are made of, on the bounded text writer.
+// Detail views as HTML, on the bounded text writer.
 #pragma once
 
-#include <initializer_list>
+#include <span>
 
-#include "core/text.hpp"
+#include "view/view_writer.hpp"
 
 namespace ast {
 
 class HtmlWriter : public TextWriter {
 public:
     using TextWriter::TextWriter;
+    using Texts = std::span<const ViewText>;
 
-    void title(const char *format, ...) AST_MEMBER_PRINTF(2, 3);
-    void paragraph(const char *format, ...) AST_MEMBER_PRINTF(2, 3);
+    void title(Texts pieces);
+    void paragraph(Texts pieces);
 
     void table_begin();
     void table_end();
-    void header_row(std::initializer_list<std::string_view> cells);
-    void row(std::initializer_list<std::string_view> cells);
+    void header_row(Texts cells) { whole_row<true>(cells); }
+    void row(Texts cells) { whole_row<false>(cells); }
 
     // A row in pieces, for cells that come one by one.
     void row_begin(bool is_header);
-    void cell(bool is_header, std::string_view content);
+    void cell(bool is_header, const ViewText &content);
     void row_end(bool is_header);
 
+    void link_row(Texts cells, const ast_detail_link_t &link);
     void hex_table(const uint8_t *octets, uint64_t count);
     void bit_table(const uint8_t *octets, uint64_t count);
-
-    // Nothing when the service has no link.
-    void map_link(uint32_t service, double latitude, double longitude);
+    void link(const ast_detail_link_t &link);
 
 private:
     void open_table(std::string_view css_class);
+    void append_texts(Texts texts);
     template <bool is_header>
-    void whole_row(std::initializer_list<std::string_view> cells);
+    void whole_row(Texts cells);
 };
 
-// A detail view's table: begins with its header row, takes data rows, and ends with its life.
-class DetailTable {
-public:
-    template <typename... Cells>
-    explicit DetailTable(HtmlWriter &html, const Cells &...cells) : html_(html) {
-        html_.table_begin();
-        html_.header_row({std::string_view(cells)...});
-    }
-    ~DetailTable() { html_.table_end(); }
-    DetailTable(const DetailTable &) = delete;
-    DetailTable &operator=(const DetailTable &) = delete;
+struct HtmlText {
+    HtmlWriter html;
+};
 
-    template <typename... Cells>
-    void row(const Cells &...cells) {
-        html_.row({std::string_view(cells)...});
-    }
+// The pieces of a view as a text in HTML.
+class HtmlView : private HtmlText, public ViewWriter {
+public:
+    HtmlView(char *text, uint64_t capacity) : HtmlText{{text, capacity}}, ViewWriter(kVisitor, html) {}
 
 private:
-    HtmlWriter &html_;
+    static const ast_details_visitor_t kVisitor;
 };
 
 } // namespace ast

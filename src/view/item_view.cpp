@@ -3,6 +3,7 @@
 #include "codec/category.hpp"
 #include "codec/item.hpp"
 #include "view/html.hpp"
+#include "view/subfield_view.hpp"
 
 namespace {
 
@@ -21,7 +22,16 @@ void ast_dataitem_get_summary(char *text, uint64_t capacity, const ast_dataitem_
 void ast_dataitem_get_detail_html(char *text, uint64_t capacity, const ast_dataitem_t *item) {
     set_text(text, capacity, "");
     if (!is_readable(item)) return;
-    if (const auto get_detail = handlers_of(item->type).get_detail_html) get_detail(text, capacity, item);
+    if (const auto get_detail = handlers_of(item->type).detail.html) get_detail(text, capacity, item);
+}
+
+void ast_dataitem_get_details(const ast_dataitem_t *item, const ast_details_visitor_t *visitor, void *context) {
+    if (!visitor || !is_readable(item)) return;
+    const auto show = handlers_of(item->type).detail.pieces;
+    if (!show) return;
+    const WholeVisitor whole(*visitor);
+    ViewWriter view(whole.get(), context);
+    show(view, item);
 }
 
 void ast_dataitem_get_detail_html_dummy(char *text, uint64_t capacity) { set_text(text, capacity, ""); }
@@ -62,6 +72,15 @@ void ast_subfield_get_detail_html(char *text, uint64_t capacity, const ast_datai
     set_text(text, capacity, "");
     if (const auto get_detail = ast_subfield_get_func(subfield_type).get_detail_html)
         get_detail(text, capacity, item, subfield_type);
+}
+
+void ast_subfield_get_details(const ast_dataitem_t *item, uint32_t subfield_type, const ast_details_visitor_t *visitor,
+                              void *context) {
+    const Compound *const compound = find_compound(subfield_type / kSubfieldNumbers);
+    if (!visitor || !compound || !has_details(*compound)) return;
+    const WholeVisitor whole(*visitor);
+    ViewWriter view(whole.get(), context);
+    show_subfield(view, *compound, item, subfield_type);
 }
 
 void ast_subfield_get_bin_html(char *text, uint64_t capacity, const ast_subfield_t *subfield) {

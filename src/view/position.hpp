@@ -1,7 +1,7 @@
 // The rows in which every detail view shows a WGS-84 position.
 #pragma once
 
-#include "view/html.hpp"
+#include "view/view_writer.hpp"
 
 namespace ast {
 
@@ -15,11 +15,8 @@ inline void write_position_texts(DetailTable &table, std::string_view octets, do
 
 // A link to the position on each map service.
 inline void write_map_links(DetailTable &table, std::string_view octets, double latitude, double longitude) {
-    for (uint32_t service = AST_MAP_GOOGLE; service <= AST_MAP_BAIDU; ++service) {
-        char link[512];
-        HtmlWriter(link, sizeof link).map_link(service, latitude, longitude);
-        table.row(octets, kWgs84Item, link);
-    }
+    for (uint32_t service = AST_MAP_GOOGLE; service <= AST_MAP_BAIDU; ++service)
+        table.map_link_row(service, latitude, longitude, octets, kWgs84Item);
 }
 
 // A position of three octets for each angle, with all that is shown of it.

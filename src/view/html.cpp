@@ -93,9 +93,10 @@ void HtmlWriter::append_texts(Texts texts) {
             append(as_view(text));
             continue;
         }
-        if (text.kind == AST_DETAIL_STRONG) append("<b>");
+        const bool is_strong = text.kind == AST_DETAIL_STRONG;
+        append(shown_if(is_strong, "<b>"));
         append_received(*this, as_view(text));
-        if (text.kind == AST_DETAIL_STRONG) append("</b>");
+        append(shown_if(is_strong, "</b>"));
     }
 }
 
@@ -142,10 +143,9 @@ void HtmlWriter::row_begin(bool is_header) {
 }
 
 void HtmlWriter::cell(bool is_header, const ViewText &content) {
-    const CellTags &tags = is_header ? kHeaderCell : kDataCell;
-    append(tags.begin);
+    append(is_header ? "<th>" : "<td>");
     append_texts({&content, 1});
-    append(tags.end);
+    append(is_header ? "</th>" : "</td>");
 }
 
 void HtmlWriter::row_end(bool is_header) {
@@ -196,17 +196,18 @@ void HtmlWriter::bit_table(const uint8_t *octets, uint64_t count) {
 void HtmlWriter::link_row(Texts cells, const ast_detail_link_t &to) {
     row_begin(false);
     for (const ViewText &content : cells) cell(false, content);
-    append(kDataCell.begin);
+    append("<td>");
     link(to);
-    append(kDataCell.end);
+    append("</td>");
     row_end(false);
 }
 
 void HtmlWriter::link(const ast_detail_link_t &link) {
-    for (const std::string_view piece :
-         {std::string_view("<a href=\""), std::string_view(link.url), std::string_view("\">"),
-          std::string_view(link.title), std::string_view("</a>")})
-        append(piece);
+    append("<a href=\"");
+    append(link.url);
+    append("\">");
+    append(link.title);
+    append("</a>");
 }
 
 const ast_details_visitor_t HtmlView::kVisitor = {

@@ -57,7 +57,11 @@ std::optional<size_t> ItemTexts::find_or_put(TextBuffer &out, const ast_dataitem
     const Type &type = find_or_put_type(out, item.type, reading.uap);
     fields_.clear();
     const bool is_split = type.is_compound && put_compound(out, item, reading);
-    if (!is_split) shapes_.put(out, fields_, views_.detail(item, reading), item.type);
+    if (!is_split) {
+        shapes_.begin();
+        views_.detail(shapes_, item, reading);
+        shapes_.put(out, fields_, item.type);
+    }
     out.put(is_split ? "C\t" : "D\t");
     out.number(type.number);
     out.put('\t');
@@ -115,11 +119,13 @@ bool ItemTexts::put_compound(TextBuffer &out, const ast_dataitem_t &item, const 
 void ItemTexts::put_subfield(TextBuffer &out, const ast_dataitem_t &item, const ast_subfield_t &subfield,
                              uint32_t number, const Reading &reading) {
     subfield_.clear();
-    shapes_.put(out, subfield_, views_.subfield_section(item, reading, number), subfield.type);
+    shapes_.begin();
+    views_.subfield_section(shapes_, item, reading, number);
+    shapes_.put(out, subfield_, subfield.type);
     out.put("P\t");
     out.number(subfield.size);
     out.put('\t');
-    put_shown_markup(out, views_.subfield_summary(item, reading, number));
+    put_shown(out, views_.subfield_summary(item, reading, number));
     out.put(subfield_.text());
     out.put('\n');
 }

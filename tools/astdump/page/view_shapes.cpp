@@ -1,11 +1,9 @@
 #include "page/view_shapes.hpp"
 
-#include <ast.h>
-#include <charconv>
+#include <algorithm>
 #include <cstdint>
 
 #include "page/markup.hpp"
-#include "show/view_pattern.hpp"
 
 namespace ast::recording::astdump {
 
@@ -18,57 +16,17 @@ constexpr char kBehindPlace = '\2';
 constexpr char kBits = '\3';
 
 // Addresses of links hold positions.
-constexpr std::string_view kLink = "<a ";
 constexpr std::string_view kDigits = "0123456789";
 constexpr std::string_view kNumber = "0123456789.";
 
-constexpr std::string_view kBitTable = "<table class=\"bin_table\">";
-constexpr std::string_view kTableEnd = "</table>";
-constexpr std::string_view kBeforeOctet = " - ";
-
-std::string_view bit_table_at(std::string_view html) {
-    if (!html.starts_with(kBitTable)) return {};
-    const size_t end = html.find(kTableEnd);
-    return end == std::string_view::npos ? std::string_view() : html.substr(0, end + kTableEnd.size());
-}
-
-// What the captions of a table of bits say.
-std::vector<uint8_t> octets_of(std::string_view table) {
-    std::vector<uint8_t> octets;
-    for (size_t at = table.find(kBeforeOctet); at != std::string_view::npos; at = table.find(kBeforeOctet, at + 1)) {
-        uint8_t octet = 0;
-        const char *const digits = table.data() + at + kBeforeOctet.size();
-        if (std::from_chars(digits, digits + 2, octet, 16).ec == std::errc()) octets.push_back(octet);
-    }
-    return octets;
-}
-
-// Whether the library has made it, rather than that an item carried it as characters.
-bool is_bit_table(std::string_view table, const std::vector<uint8_t> &octets) {
-    std::string made(table.size() + 1, '\0');
-    ast_html_gen_bin_table(made.data(), made.size(), octets.data(), octets.size());
-    return made.c_str() == table;
-}
-
-// Of a text as below.
-bool is_bits(std::string_view text) { return text.starts_with(kBitTable); }
-
-// What is no markup but a text, or a table of bits; empty before markup.
-std::string_view text_at(std::string_view html) {
-    if (const std::string_view table = bit_table_at(html); !table.empty() && is_bit_table(table, octets_of(table)))
-        return table;
-    return markup_at(html).empty() ? html.substr(0, html.find('<', 1)) : std::string_view();
-}
-
-std::string_view piece_at(std::string_view html, bool is_number) {
-    return is_number ? html.substr(0, html.find_first_not_of(kNumber)) : text_at(html);
-}
-
-void put_piece(TextBuffer &out, std::string_view piece) {
-    if (!is_bits(piece)) return put_shown(out, piece);
+// Octets are kept as they are.
+void put_piece(TextBuffer &out, std::string_view piece, char mark) {
+    if (mark == kGap) return put_shown(out, piece);
     out.put(kBits);
-    out.hex_digits(octets_of(piece));
+    out.hex_digits({reinterpret_cast<const uint8_t *>(piece.data()), piece.size()});
 }
+
+bool is_mark(char c) { return c == kGap || c == kBits; }
 
 } // namespace
 
@@ -77,86 +35,137 @@ void ViewShapes::clear() {
     last_.clear();
 }
 
-void ViewShapes::put(TextBuffer &lines, TextBuffer &fields, std::string_view html, uint32_t kind) {
-    const Shape *&last = last_[kind];
-    if (html.empty() || (last && put_fields(fields, html, *last))) return;
-    last = &find_or_put(lines, html, kind);
-    put_fields(fields, html, *last);
+void ViewShapes::begin() {
+    view_.markup.clear();
+    view_.texts.clear();
+    view_.ends.clear();
 }
 
-// False, and nothing put, for a view of another shape. Nearly all of a view is what its shape has, too.
-bool ViewShapes::put_fields(TextBuffer &fields, std::string_view html, const Shape &shape) {
-    const size_t begin = fields.size();
+void ViewShapes::put(TextBuffer &lines, TextBuffer &fields, uint32_t kind) {
+    if (view_.markup.empty()) return;
+    const Shape *&last = last_[kind];
+    if (!last || last->view.markup != view_.markup) last = &find_or_put(lines, kind);
+    put_fields(fields, *last);
+}
+
+void ViewShapes::title(DetailTexts pieces) { element("<h4>", pieces, "</h4>"); }
+void ViewShapes::paragraph(DetailTexts pieces) { element("<p>", pieces, "</p>"); }
+
+void ViewShapes::table_begin(DetailTexts header) {
+    view_.markup += "<table class=\"detail_table\"><tr>";
+    for (const DetailText &text : header) element("<th>", {&text, 1}, "</th>");
+    view_.markup += "</tr>";
+    is_even_ = false;
+}
+
+void ViewShapes::row(DetailTexts cells) {
+    row_begin();
+    for (const DetailText &text : cells) element("<td>", {&text, 1}, "</td>");
+    view_.markup += "</tr>";
+}
+
+void ViewShapes::link_row(DetailTexts cells, const ast_detail_link_t &link) {
+    row_begin();
+    for (const DetailText &text : cells) element("<td>", {&text, 1}, "</td>");
+    view_.markup += "<td><a href=\"";
+    put_address(link.url);
+    view_.markup += "\">";
+    add_text(link.title, kGap);
+    view_.markup += "</a></td></tr>";
+}
+
+void ViewShapes::table_end() { view_.markup += "</table><br/>"; }
+
+void ViewShapes::bits(std::span<const uint8_t> octets) {
+    add_text({reinterpret_cast<const char *>(octets.data()), octets.size()}, kBits);
+}
+
+void ViewShapes::row_begin() {
+    view_.markup += is_even_ ? "<tr class=\"even_row\">" : "<tr>";
+    is_even_ = !is_even_;
+}
+
+void ViewShapes::element(std::string_view begin, DetailTexts texts, std::string_view end) {
+    view_.markup += begin;
+    put_texts(texts);
+    view_.markup += end;
+}
+
+// Neighbours are one text, but for what stands out.
+void ViewShapes::put_texts(DetailTexts texts) {
+    const size_t begin = view_.texts.size();
+    const auto end_text = [&] {
+        const size_t last = std::max(begin, view_.ends.empty() ? 0 : view_.ends.back());
+        if (view_.texts.size() == last) return;
+        view_.markup += kGap;
+        view_.ends.push_back(view_.texts.size());
+    };
+    for (const DetailText &text : texts) {
+        const bool is_strong = text.kind == AST_DETAIL_STRONG;
+        if (is_strong) end_text();
+        view_.markup += is_strong ? "<b>" : "";
+        view_.texts += text_of(text);
+        if (is_strong) end_text();
+        view_.markup += is_strong ? "</b>" : "";
+    }
+    end_text();
+}
+
+void ViewShapes::put_address(std::string_view address) {
+    while (!address.empty()) {
+        const std::string_view other = address.substr(0, address.find_first_of(kDigits));
+        view_.markup += other;
+        address.remove_prefix(other.size());
+        const std::string_view number = address.substr(0, address.find_first_not_of(kNumber));
+        if (!number.empty()) add_text(number, kGap);
+        address.remove_prefix(number.size());
+    }
+}
+
+void ViewShapes::add_text(std::string_view text, char mark) {
+    view_.markup += mark;
+    view_.texts += text;
+    view_.ends.push_back(view_.texts.size());
+}
+
+void ViewShapes::put_fields(TextBuffer &fields, const Shape &shape) const {
     fields.put('\t');
     fields.number(shape.number);
     char before = '\t';
-    const auto piece_of = [](const Text &text, std::string_view rest) { return piece_at(rest, text.is_number); };
-    const bool is_alike =
-        each_change(html, shape.html, shape.texts, piece_of, [&](const Text &text, std::string_view piece) {
+    size_t number = 0;
+    for (const char mark : view_.markup) {
+        if (!is_mark(mark)) continue;
+        if (const std::string_view text = view_.text(number); text != shape.view.text(number)) {
             fields.put(before);
             before = kGap;
-            fields.number(static_cast<size_t>(&text - shape.texts.data()));
+            fields.number(number);
             fields.put(kBehindPlace);
-            put_piece(fields, piece);
-        });
-    if (!is_alike) fields.cut(begin);
-    return is_alike;
+            put_piece(fields, text, mark);
+        }
+        ++number;
+    }
 }
 
-const ViewShapes::Shape &ViewShapes::find_or_put(TextBuffer &lines, std::string_view html, uint32_t kind) {
-    read(html);
-    markup_.append(reinterpret_cast<const char *>(&kind), sizeof kind);
-    const auto [known, is_new] = shapes_.try_emplace(markup_, Shape{shapes_.size(), std::string(html), texts_});
-    if (is_new) put_line(lines, known->second);
+const ViewShapes::Shape &ViewShapes::find_or_put(TextBuffer &lines, uint32_t kind) {
+    std::string key = view_.markup;
+    key.append(reinterpret_cast<const char *>(&kind), sizeof kind);
+    const auto [known, is_new] = shapes_.try_emplace(std::move(key), Shape{shapes_.size(), view_});
+    if (is_new) put_line(lines, view_);
     return known->second;
 }
 
-void ViewShapes::read(std::string_view html) {
-    markup_.clear();
-    texts_.clear();
-    for (size_t at = 0; at < html.size();) {
-        const std::string_view rest = html.substr(at);
-        const std::string_view text = text_at(rest);
-        const std::string_view markup = text.empty() ? markup_at(rest) : std::string_view();
-        if (!text.empty())
-            add_text(at, text.size(), is_bits(text) ? kBits : kGap);
-        else if (markup.starts_with(kLink))
-            read_link(markup, at);
-        else
-            markup_ += markup;
-        at += text.size() + markup.size();
-    }
-}
-
-void ViewShapes::read_link(std::string_view link, size_t at) {
-    while (!link.empty()) {
-        const std::string_view other = link.substr(0, link.find_first_of(kDigits));
-        const std::string_view number = piece_at(link.substr(other.size()), true);
-        markup_ += other;
-        at += other.size();
-        if (!number.empty()) add_text(at, number.size(), kGap, true);
-        at += number.size();
-        link.remove_prefix(other.size() + number.size());
-    }
-}
-
-void ViewShapes::add_text(size_t at, size_t size, char mark, bool is_number) {
-    markup_ += mark;
-    texts_.push_back({at, at + size, is_number});
-}
-
-void ViewShapes::put_line(TextBuffer &lines, const Shape &shape) {
-    const std::string_view html = shape.html;
+void ViewShapes::put_line(TextBuffer &lines, const View &view) {
     lines.put("S\t");
-    size_t at = 0;
-    for (const Text &text : shape.texts) {
-        lines.put(html.substr(at, text.begin - at));
+    size_t number = 0;
+    for (const char mark : view.markup) {
+        if (!is_mark(mark)) {
+            lines.put(mark);
+            continue;
+        }
         lines.put(kGap);
-        put_piece(lines, html.substr(text.begin, text.end - text.begin));
+        put_piece(lines, view.text(number++), mark);
         lines.put(kGap);
-        at = text.end;
     }
-    lines.put(html.substr(at));
     lines.put('\n');
 }
 

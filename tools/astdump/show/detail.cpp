@@ -1,6 +1,8 @@
 #include "show/detail.hpp"
 
 #include <algorithm>
+#include <cstring>
+#include <utility>
 
 #include "base/printable.hpp"
 
@@ -18,17 +20,14 @@ constexpr std::string_view kExisting = "Existing";
 // A summary stands behind its length in an octet.
 constexpr size_t kMostSummaryChars = 255;
 
-// As the library cuts them in its tables of subfields. A number of two digits shows its first.
-constexpr size_t kNumberChars = 1;
-constexpr size_t kSizeChars = 3;
-
 std::string_view summary_at(std::string_view text) { return text.substr(1, static_cast<uint8_t>(text.front())); }
 
 } // namespace
 
 void Detail::item(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading) {
     if (const SubfieldNames &names = names_of(item.type); !names.empty() && compound(out, item, reading, names)) return;
-    fragment(out, views_.detail(item, reading), item.type);
+    begin(out, item.type);
+    views_.detail(*this, item, reading);
 }
 
 const Detail::SubfieldNames &Detail::names_of(ast_dataitem_type_t type) {
@@ -45,8 +44,7 @@ const Detail::SubfieldNames &Detail::names_of(ast_dataitem_type_t type) {
 }
 
 // Puts together what the library's view of a compound item shows: a table of the subfields that are there, then the
-// fields of each. Many subfields are those of items before, though the items are not. A summary with markup is left to
-// the reader of views.
+// fields of each. Many subfields are those of items before, though the items are not.
 bool Detail::compound(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading, const SubfieldNames &names) {
     const ast_subfields_t decoded = ast_dataitem_subfields_decode(&item);
     if (!decoded.valid) return false;
@@ -58,10 +56,11 @@ bool Detail::compound(TextBuffer &out, const ast_dataitem_t &item, const Reading
         const size_t begin = texts_.size();
         memo_.put(texts_, present.type, {present.data, present.size}, reading.number,
                   [&](TextBuffer &to) { subfield(to, item, reading, static_cast<uint32_t>(i + 1)); });
-        if (summary_at(texts_.text().substr(begin)).find('<') != std::string_view::npos) return false;
         subfields_.push_back({i + 1, present.size, &names[i], begin});
     }
-    title(out, "Primary Subfield");
+    below_title_ = false;
+    put_title(out, "Primary Subfield");
+    below_title_ = true;
     if (!subfields_.empty()) overview(out);
     put_lines(out);
     return true;
@@ -86,17 +85,17 @@ void Detail::overview(TextBuffer &out) const {
         out.left(size, kSize.size() + kGapChars);
         out.left(existing, kExisting.size() + kGapChars);
     };
-    indent(out);
+    out.pad(indent());
     out.put(style_.on(Color::dim));
     put_row(kNumber, {kId, kName}, kSize, kExisting);
     out.put("Summary");
     out.put(style_.off());
     out.put('\n');
     for (const Subfield &present : subfields_) {
-        indent(out);
+        out.pad(indent());
         const size_t begin = out.size();
-        put_row(std::to_string(present.number).substr(0, kNumberChars), *present.name,
-                std::to_string(present.size).substr(0, kSizeChars), "1");
+        put_row(std::to_string(present.number).substr(0, kSubfieldNumberChars), *present.name,
+                std::to_string(present.size).substr(0, kSubfieldSizeChars), "1");
         const std::string_view summary = summary_at(texts_.text().substr(present.begin));
         if (summary != kNoSummary) put_printable(out, summary);
         out.trim(begin);
@@ -118,147 +117,133 @@ void Detail::subfield(TextBuffer &out, const ast_dataitem_t &item, const Reading
     const std::string summary = views_.subfield_summary(item, reading, number).substr(0, kMostSummaryChars);
     out.put(static_cast<char>(summary.size()));
     out.put(summary);
-    html_ = "<h4>Subfield #" + std::to_string(number) + " - " +
-            ast_subfield_get_name(AST_SUBFIELD_TYPE(item.type, number)) + "</h4>";
-    html_ += views_.subfield_detail(item, reading, number);
-    fragment(out, html_, AST_SUBFIELD_TYPE(item.type, number));
+    begin(out, AST_SUBFIELD_TYPE(item.type, number));
+    title(texts("Subfield #", std::to_string(number), " - ",
+                ast_subfield_get_name(AST_SUBFIELD_TYPE(item.type, number))));
+    views_.subfield_detail(*this, item, reading, number);
 }
 
-// Most views are nearly those of the last item of the kind.
-void Detail::fragment(TextBuffer &out, std::string_view html, uint32_t kind) {
-    ViewPattern &pattern = patterns_[kind];
-    if (pattern.put(out, html)) return;
-    const size_t begin = out.size();
-    pattern_ = &pattern;
-    pattern_->begin(html);
-    pattern_begin_ = begin;
-    read_fragment(out, html);
-    for (const std::string_view table : reader_.left_out()) pattern_->add(ViewPattern::Kind::table, table, 0);
-    pattern_->end(out.text().substr(begin));
-    pattern_ = nullptr;
-}
+size_t Detail::indent() const { return below_title_ ? kIndent + kIndentStep : kIndent; }
 
-void Detail::read_fragment(TextBuffer &out, std::string_view html) {
-    below_title_ = false;
-    choose_parts(reader_.read(html));
-    for (const ViewPart *const part : parts_) {
-        switch (part->kind) {
-        case ViewPart::Kind::title:
-            title(out, part->text);
-            break;
-        case ViewPart::Kind::paragraph:
-            indent(out);
-            put_kept(out, part->text);
-            out.put('\n');
-            break;
-        case ViewPart::Kind::table:
-            table(out, *part);
-            break;
-        }
-    }
+void Detail::begin(TextBuffer &out, uint32_t kind) {
+    out_ = &out;
+    widths_of_view_ = &widths_[kind];
+    table_ = 0;
+    has_title_ = below_title_ = false;
 }
 
 // Subfields without any view have a title alone; the table of subfields names them, too.
-void Detail::choose_parts(std::span<const ViewPart> parts) {
-    parts_.clear();
-    bool nothing_follows = true; // below a title, up to the next one
-    for (size_t i = parts.size(); i-- > 0;) {
-        const bool is_title = parts[i].kind == ViewPart::Kind::title;
-        if (!is_title || !nothing_follows) parts_.push_back(&parts[i]);
-        nothing_follows = is_title;
-    }
-    std::ranges::reverse(parts_);
+void Detail::title(DetailTexts pieces) {
+    title_.clear();
+    for (const DetailText &piece : pieces) title_ += text_of(piece);
+    has_title_ = true;
 }
 
-// Subfields that are absent have no value, and rows without cells nothing at all.
-void Detail::choose_rows(const ViewPart &table) {
-    const ViewPart::Row header = table.header();
-    const auto existing = static_cast<size_t>(std::ranges::find(header, kExisting) - header.begin());
-    rows_.clear();
-    for (size_t i = table.is_headed ? 1 : 0; i < table.rows(); ++i) {
-        const ViewPart::Row row = table.row(i);
-        if (!row.empty() && !(existing < row.size() && row[existing] == "0")) rows_.push_back(row);
-    }
-}
-
-void Detail::title(TextBuffer &out, std::string_view text) {
-    below_title_ = false;
-    indent(out);
+void Detail::put_title(TextBuffer &out, std::string_view text) const {
+    out.pad(kIndent);
     out.put(style_.on(Color::heading));
-    put_kept(out, text);
+    put_printable(out, text);
     out.put(style_.off());
     out.put('\n');
+}
+
+void Detail::begin_part() {
+    if (!has_title_) return;
+    put_title(*out_, title_);
+    has_title_ = false;
     below_title_ = true;
 }
 
+void Detail::paragraph(DetailTexts pieces) {
+    if (pieces.size() == 1 && pieces[0].size == 0) return;
+    begin_part();
+    out_->pad(indent());
+    for (const DetailText &piece : pieces) put_printable(*out_, text_of(piece));
+    out_->put('\n');
+}
+
 // Columns of ranges, items and values explain themselves.
-void Detail::table(TextBuffer &out, const ViewPart &table) {
-    choose_rows(table);
-    const ViewPart::Row header = table.header();
-    const bool has_existing = std::ranges::find(header, kExisting) != header.end();
-    const bool headed = !header.empty() && header.back() != "Value" && !rows_.empty();
-    widths_.clear();
-    const auto widen = [&](ViewPart::Row row) {
-        widths_.resize(std::max(widths_.size(), row.size()));
-        for (size_t i = 0; i < row.size(); ++i)
-            if (row[i] != kNoSummary) widths_[i] = std::max(widths_[i], row[i].size());
-    };
-    if (headed) widen(header);
-    std::ranges::for_each(rows_, widen);
-    if (headed) {
-        indent(out);
-        out.put(style_.on(Color::dim));
-        row(out, header);
-        out.put(style_.off());
-        out.put('\n');
-    }
-    for (const ViewPart::Row cells : rows_) {
-        indent(out);
-        const size_t begin = out.size();
-        row(out, cells);
-        if (!has_existing) keep_row(cells, begin, out.size());
-        out.put('\n');
-    }
-}
-
-void Detail::put_kept(TextBuffer &out, std::string_view text) {
-    keep(text, out.size(), 0);
-    put_printable(out, text);
-}
-
-// Of a row that was not trimmed. One that ends before the last column is not filled up to it.
-void Detail::keep_row(ViewPart::Row row, size_t begin, size_t end) {
-    size_t at = begin;
-    for (size_t i = 0; i + 1 < row.size(); ++i) at += widths_[i] + kGapChars;
-    if (!pattern_ || at + row.back().size() != end) return;
-    for (size_t i = 0; i < row.size() && (i + 1 < row.size() || row.size() == widths_.size()); ++i) {
-        keep(row[i], begin, i + 1 < widths_.size() ? widths_[i] : 0);
-        begin += widths_[i] + kGapChars;
-    }
-}
-
-// Notes what is put at a place, which may be another text in the next view.
-void Detail::keep(std::string_view text, size_t place, size_t width) {
-    if (!pattern_) return;
-    const size_t shown_at = place - pattern_begin_;
-    const std::string_view address = reader_.address_in(text);
-    if (address.empty())
-        pattern_->add(ViewPattern::Kind::text, text, shown_at, width);
-    else if (width == 0)
-        pattern_->add(ViewPattern::Kind::address, address, shown_at + text.size() - address.size());
+void Detail::table_begin(DetailTexts header) {
+    begin_part();
+    if (widths_of_view_->size() == table_) widths_of_view_->emplace_back();
+    table_begin_ = out_->size();
+    needed_.assign(header.size(), 0); // the last one is not filled up
+    cells_.clear();
+    lines_.clear();
+    is_headed_ = text_of(header.back()) != "Value";
+    if (is_headed_) row(header);
+    rows_begin_ = out_->size();
 }
 
 // Summaries that the library has not are left blank.
-void Detail::row(TextBuffer &out, ViewPart::Row row) const {
-    const size_t begin = out.size();
-    for (size_t i = 0; i < row.size(); ++i) {
-        const std::string_view cell = row[i] == kNoSummary ? std::string_view() : row[i];
-        put_printable(out, cell);
-        out.pad(widths_[i] - cell.size() + kGapChars);
-    }
-    out.trim(begin);
+void Detail::row(DetailTexts cells) {
+    line_.clear();
+    for (const DetailText &cell : cells)
+        line_.push_back(text_of(cell) == kNoSummary ? std::string_view("") : text_of(cell));
+    const size_t filled = std::min(line_.size(), needed_.size() - 1);
+    for (size_t i = 0; i < filled; ++i) needed_[i] = std::max(needed_[i], line_[i].size());
+    put_line((*widths_of_view_)[table_]);
 }
 
-void Detail::indent(TextBuffer &out) const { out.pad(below_title_ ? kIndent + kIndentStep : kIndent); }
+void Detail::link_row(DetailTexts cells, const ast_detail_link_t &link) {
+    link_ = link.title;
+    link_ += ' ';
+    link_ += link.url;
+    linked_.assign(cells.begin(), cells.end());
+    linked_.push_back(plain(link_));
+    row(linked_);
+}
+
+void Detail::table_end() {
+    Widths &widths = (*widths_of_view_)[table_++];
+    if (out_->size() == rows_begin_) return out_->cut(table_begin_);
+    if (widths == needed_) return;
+    align();
+    widths = needed_;
+}
+
+// The last cell of a line is not filled up, and blanks at its end are left out.
+void Detail::put_line(Widths &widths) {
+    const bool is_header = is_headed_ && lines_.empty();
+    out_->pad(indent());
+    if (is_header) out_->put(style_.on(Color::dim));
+    widths.resize(std::max(widths.size(), line_.size()));
+    size_t most = 0;
+    for (size_t i = 0; i < line_.size(); ++i) most += std::max(widths[i], line_[i].size()) + kGapChars;
+    const size_t line_begin = out_->size() - table_begin_;
+    out_->put_with(most, [&](char *const line) {
+        std::memset(line, ' ', most);
+        char *to = line;
+        for (size_t i = 0; i < line_.size(); ++i) {
+            const std::string_view cell = line_[i];
+            cells_.push_back({line_begin + static_cast<size_t>(to - line), cell.size()});
+            std::memcpy(to, cell.data(), cell.size());
+            to += std::max(widths[i], cell.size()) + kGapChars;
+        }
+        while (to != line && to[-1] == ' ') --to;
+        const auto size = static_cast<size_t>(to - line);
+        make_printable({line, size});
+        lines_.push_back({line_.size(), line_begin + size});
+        return size;
+    });
+    if (is_header) out_->put(style_.off());
+    out_->put('\n');
+}
+
+// Puts the lines of the table anew, in columns that are as wide as they have to be.
+void Detail::align() {
+    unaligned_.clear();
+    unaligned_.put(out_->text().substr(table_begin_));
+    out_->cut(table_begin_);
+    const std::vector<Place> cells = std::exchange(cells_, {});
+    auto cell = cells.begin();
+    for (const Line &line : std::exchange(lines_, {})) {
+        const std::string_view text = unaligned_.text().substr(0, line.end);
+        line_.clear();
+        for (size_t i = 0; i < line.cells; ++i, ++cell)
+            line_.push_back(text.substr(std::min(cell->begin, text.size()), cell->size));
+        put_line(needed_);
+    }
+}
 
 } // namespace ast::recording::astdump

@@ -10,12 +10,10 @@
 #include "show/item_views.hpp"
 #include "show/memo.hpp"
 #include "show/terminal.hpp"
-#include "show/view_parts.hpp"
-#include "show/view_pattern.hpp"
 
 namespace ast::recording::astdump {
 
-class Detail {
+class Detail final : private DetailSink {
 public:
     explicit Detail(Style style) : style_(style) {}
     void item(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading);
@@ -26,36 +24,63 @@ private:
         std::string_view name;
     };
     using SubfieldNames = std::vector<SubfieldName>; // from the first on
+    using Widths = std::vector<size_t>;              // of the columns of a table
 
     const SubfieldNames &names_of(ast_dataitem_type_t type);
     bool compound(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading, const SubfieldNames &names);
     void overview(TextBuffer &out) const;
     void subfield(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading, uint32_t number);
     void put_lines(TextBuffer &out) const;
-    void fragment(TextBuffer &out, std::string_view html, uint32_t kind);
-    void read_fragment(TextBuffer &out, std::string_view html);
-    void put_kept(TextBuffer &out, std::string_view text);
-    void keep_row(ViewPart::Row row, size_t begin, size_t end);
-    void keep(std::string_view text, size_t place, size_t width);
-    void choose_parts(std::span<const ViewPart> parts);
-    void choose_rows(const ViewPart &table);
-    void title(TextBuffer &out, std::string_view text);
-    void table(TextBuffer &out, const ViewPart &table);
-    void row(TextBuffer &out, ViewPart::Row row) const;
-    void indent(TextBuffer &out) const;
+    void begin(TextBuffer &out, uint32_t kind);
+
+    void title(DetailTexts pieces) override;
+    void paragraph(DetailTexts pieces) override;
+    void table_begin(DetailTexts header) override;
+    void row(DetailTexts cells) override;
+    void link_row(DetailTexts cells, const ast_detail_link_t &link) override;
+    void table_end() override;
+    void bits(std::span<const uint8_t>) override {}
+
+    void begin_part();
+    void put_line(Widths &widths);
+    void align();
+    size_t indent() const;
+    void put_title(TextBuffer &out, std::string_view text) const;
 
     Style style_;
     ItemViews views_;
-    ViewReader reader_;
-    bool below_title_ = false;
-    std::unordered_map<uint32_t, ViewPattern> patterns_; // by the type of an item or a subfield
-    ViewPattern *pattern_ = nullptr;                     // of the view at hand, which becomes that of its kind
-    size_t pattern_begin_ = 0;                           // where its text begins
 
-    // What is shown of a view, and of a table in it, and how wide its columns are.
-    std::vector<const ViewPart *> parts_;
-    std::vector<ViewPart::Row> rows_;
-    std::vector<size_t> widths_;
+    // The view at hand. A title stands where something follows it.
+    TextBuffer *out_ = nullptr;
+    std::string title_;
+    bool has_title_ = false;
+    bool below_title_ = false;
+
+    // The table at hand. Its columns are as wide as those of the last view of the kind; where they come out different,
+    // its lines are put anew.
+    std::unordered_map<uint32_t, std::vector<Widths>> widths_; // by the type of an item or a subfield
+    std::vector<Widths> *widths_of_view_ = nullptr;
+    size_t table_ = 0; // among those of the view
+    size_t table_begin_ = 0;
+    size_t rows_begin_ = 0;
+    bool is_headed_ = false;
+    Widths needed_;
+    struct Place {
+        size_t begin; // behind that of the table
+        size_t size;
+    };
+    std::vector<Place> cells_;
+    struct Line {
+        size_t cells;
+        size_t end; // of its text, behind the begin of the table
+    };
+    std::vector<Line> lines_;
+    TextBuffer unaligned_;
+
+    // The line at hand.
+    std::vector<std::string_view> line_;
+    std::string link_;
+    std::vector<DetailText> linked_;
 
     struct Compound {
         bool is_known = false;
@@ -73,7 +98,6 @@ private:
     Memo memo_;
     TextBuffer texts_;
     std::vector<Subfield> subfields_;
-    std::string html_;
 };
 
 } // namespace ast::recording::astdump

@@ -108,20 +108,23 @@ std::string ItemValues::summary(const ast_dataitem_t &item, const Reading &readi
     return line;
 }
 
-void ItemValues::put_table(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading,
+void ItemValues::put_table(DetailSink &sink, const ast_dataitem_t &item, const Reading &reading,
                            std::string_view below) {
-    size_t rows = 0;
+    bool is_begun = false;
+    TextBuffer row;
     each_value(item, reading, below, [&](const ast_field_value_t &value) {
-        if (rows == 0) out.put("<table class=\"detail_table\"><tr><th>Field</th><th>Item</th><th>Value</th></tr>");
-        out.put(rows++ % 2 == 0 ? "<tr><td>" : "<tr class=\"even_row\"><td>");
-        put_option_path(out, value.field->path);
-        out.put("</td><td>");
-        put_plain(out, value.field->title);
-        out.put("</td><td>");
-        put_whole(out, value);
-        out.put("</td></tr>");
+        if (!is_begun) sink.table_begin(texts("Field", "Item", "Value"));
+        is_begun = true;
+        row.clear();
+        put_option_path(row, value.field->path);
+        const size_t title = row.size();
+        put_plain(row, value.field->title);
+        const size_t shown = row.size();
+        put_whole(row, value);
+        const std::string_view cells = row.text();
+        sink.row(texts(cells.substr(0, title), cells.substr(title, shown - title), cells.substr(shown)));
     });
-    if (rows != 0) out.put("</table><br/>");
+    if (is_begun) sink.table_end();
 }
 
 std::string item_name(ast_dataitem_type_t type, const ast_uap_t &uap) {

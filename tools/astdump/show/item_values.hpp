@@ -5,6 +5,7 @@
 
 #include "ask/published_reading.hpp"
 #include "base/text_buffer.hpp"
+#include "show/detail_sink.hpp"
 
 namespace ast::recording::astdump {
 
@@ -15,8 +16,7 @@ public:
     // One line, "SPD:450 HDG:290". Flags that are clear are left out, and what would make the line too long.
     std::string summary(const ast_dataitem_t &item, const Reading &reading, std::string_view below);
 
-    // Puts a table in the library's markup.
-    static void put_table(TextBuffer &out, const ast_dataitem_t &item, const Reading &reading, std::string_view below);
+    static void put_table(DetailSink &sink, const ast_dataitem_t &item, const Reading &reading, std::string_view below);
 
 private:
     std::string word(const ast_field_value_t &value, std::string_view name);

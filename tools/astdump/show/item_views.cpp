@@ -1,22 +1,10 @@
 #include "show/item_views.hpp"
 
-#include <algorithm>
-
-#include "base/numbers.hpp"
+#include <vector>
 
 namespace ast::recording::astdump {
 
 namespace {
-
-// What a view of a compound item is made of: a table of its subfields, and for each that is there a title, a table of
-// its bits, an empty paragraph, and a view of its own if it has one.
-constexpr std::string_view kCompound = "<h4>Primary Subfield</h4>";
-constexpr std::string_view kTableEnd = "</table>";
-constexpr std::string_view kCell = "<td>";
-constexpr std::string_view kRowEnd = "</td></tr>";
-constexpr std::string_view kIsThere = "<td>1</td>"; // the cell in front of the summary
-constexpr std::string_view kSubfield = "<h4>Subfield #";
-constexpr std::string_view kNoView = "<p></p>";
 
 constexpr size_t kSummaryOctets = 64; // of a subfield, as the library cuts it in its table of them
 
@@ -49,42 +37,31 @@ std::vector<std::string> subfield_paths(ast_dataitem_type_t type, const ast_uap_
 
 } // namespace
 
-std::string_view Views::summary(const ast_dataitem_t &item) {
-    const std::string_view text = show(ast_dataitem_get_summary, item);
-    if (text == kNoSummary) return {};
-    return text.substr(0, text.find_last_not_of(' ') + 1);
+const std::string &ItemViews::subfield_path(const ast_dataitem_t &item, const Reading &reading, uint32_t number) {
+    static const std::string kNone;
+    auto &paths = subfield_paths_[uint64_t{item.type} << 32 | reading.number];
+    if (paths.empty()) paths = subfield_paths(item.type, reading.uap);
+    return number < paths.size() ? paths[number] : kNone;
 }
 
-struct ItemViews::Subject {
-    const ast_dataitem_t &item;
-    const Reading &reading;
-    std::vector<std::string> paths{}; // of subfields, as soon as one of them is asked for
-
-    // Empty for a subfield that no document describes.
-    std::string_view path(uint32_t number) {
-        if (paths.empty()) paths = subfield_paths(item.type, reading.uap);
-        return number < paths.size() ? paths[number] : std::string_view();
+// Views cut their text at the capacity, so one that fills it is asked again with more.
+std::string_view ItemViews::summary(const ast_dataitem_t &item, const Reading &reading) {
+    std::string_view text;
+    for (;; line_.resize(2 * line_.size())) {
+        ast_dataitem_get_summary(line_.data(), line_.size(), &item);
+        text = line_.c_str();
+        if (text.size() + 1 < line_.size()) break;
     }
-};
-
-std::string_view ItemViews::value_summary(const ast_dataitem_t &item, const Reading &reading) {
-    line_ = values_.summary(item, reading, ast_dataitem_type_to_str(item.type));
-    return line_;
+    text = text.substr(0, text.find_last_not_of(' ') + 1);
+    if (!text.empty() && text != kNoSummary) return text;
+    own_line_ = values_.summary(item, reading, ast_dataitem_type_to_str(item.type));
+    return own_line_;
 }
 
-std::string_view ItemViews::detail(const ast_dataitem_t &item, const Reading &reading) {
-    std::string_view html = views_.show(ast_dataitem_get_detail_html, item);
-    if (!html.empty() && !html.starts_with(kCompound)) return html;
-    text_.clear();
-    if (html.empty()) {
-        ItemValues::put_table(text_, item, reading, ast_dataitem_type_to_str(item.type));
-    } else {
-        Subject subject{item, reading};
-        const size_t table = std::min(html.find(kTableEnd), html.size());
-        complete_table(html.substr(0, table), subject);
-        complete_subfields(html.substr(table), subject);
-    }
-    return text_.text();
+void ItemViews::detail(DetailSink &sink, const ast_dataitem_t &item, const Reading &reading) {
+    if (is_compound(item.type) && compound(sink, item, reading)) return;
+    if (sink.take_item(item) == DetailSink::Piece::none)
+        ItemValues::put_table(sink, item, reading, ast_dataitem_type_to_str(item.type));
 }
 
 std::string ItemViews::subfield_summary(const ast_dataitem_t &item, const Reading &reading, uint32_t number) {
@@ -92,70 +69,49 @@ std::string ItemViews::subfield_summary(const ast_dataitem_t &item, const Readin
     ast_subfield_get_summary(text, sizeof text, &item, AST_SUBFIELD_TYPE(item.type, number));
     const std::string summary = text;
     if (!summary.empty() && summary != kNoSummary) return summary;
-    Subject subject{item, reading};
-    const std::string own = own_summary(subject, number);
+    const std::string &path = subfield_path(item, reading, number);
+    const std::string own = path.empty() ? std::string() : values_.summary(item, reading, path);
     return own.empty() ? summary : own;
 }
 
-std::string_view ItemViews::subfield_detail(const ast_dataitem_t &item, const Reading &reading, uint32_t number) {
-    const auto view = [&](char *to, uint64_t capacity, const ast_dataitem_t *of) {
-        ast_subfield_get_detail_html(to, capacity, of, AST_SUBFIELD_TYPE(of->type, number));
-    };
-    const std::string_view html = views_.show(view, item);
-    if (!html.empty()) return html;
-    text_.clear();
-    Subject subject{item, reading};
-    put_own_table(subject, number);
-    return text_.text();
+void ItemViews::put_own_table(DetailSink &sink, const ast_dataitem_t &item, const Reading &reading, uint32_t number) {
+    const std::string &path = subfield_path(item, reading, number);
+    if (!path.empty()) ItemValues::put_table(sink, item, reading, path);
 }
 
-std::string_view ItemViews::subfield_section(const ast_dataitem_t &item, const Reading &reading, uint32_t number) {
-    const std::string_view html = subfield_detail(item, reading, number);
-    if (!html.ends_with(kNoView)) return html;
-    text_.clear();
-    text_.put(html);
-    Subject subject{item, reading};
-    put_own_table(subject, number);
-    return text_.text();
+void ItemViews::subfield_detail(DetailSink &sink, const ast_dataitem_t &item, const Reading &reading, uint32_t number) {
+    if (sink.take_subfield(item, number) == DetailSink::Piece::none) put_own_table(sink, item, reading, number);
 }
 
-std::string ItemViews::own_summary(Subject &subject, uint32_t number) {
-    const std::string_view path = subject.path(number);
-    return path.empty() ? std::string() : values_.summary(subject.item, subject.reading, path);
+void ItemViews::subfield_section(DetailSink &sink, const ast_dataitem_t &item, const Reading &reading,
+                                 uint32_t number) {
+    if (sink.take_subfield(item, number) != DetailSink::Piece::other) put_own_table(sink, item, reading, number);
 }
 
-void ItemViews::put_own_table(Subject &subject, uint32_t number) {
-    const std::string_view path = subject.path(number);
-    if (!path.empty()) ItemValues::put_table(text_, subject.item, subject.reading, path);
-}
-
-// Takes the table of subfields, with summaries where those that are there have none. A row stands for each number.
-void ItemViews::complete_table(std::string_view table, Subject &subject) {
-    for (uint32_t number = 1;; ++number) {
-        const size_t end = table.find(kRowEnd);
-        if (end == std::string_view::npos) break;
-        const std::string_view cells = table.substr(0, table.rfind(kCell, end));
-        const std::string_view summary = table.substr(cells.size(), end - cells.size()).substr(kCell.size());
-        const bool is_missing = cells.ends_with(kIsThere) && (summary.empty() || summary == kNoSummary);
-        const std::string own = is_missing ? own_summary(subject, number) : std::string();
-        for (const std::string_view piece : {cells, kCell, own.empty() ? summary : std::string_view(own), kRowEnd})
-            text_.put(piece);
-        table.remove_prefix(end + kRowEnd.size());
+// As the library shows it, with summaries and tables of published values where it has none.
+bool ItemViews::compound(DetailSink &sink, const ast_dataitem_t &item, const Reading &reading) {
+    const ast_subfields_t split = ast_dataitem_subfields_decode(&item);
+    if (!split.valid) return false;
+    sink.title(texts("Primary Subfield"));
+    sink.table_begin(texts("Subfield", "ID", "Name", "Size", "Existing", "Summary"));
+    for (uint32_t number = 1; number <= split.subfield_count; ++number) {
+        const ast_subfield_t &subfield = split.subfields[number - 1];
+        const std::string summary = subfield.present ? subfield_summary(item, reading, number) : std::string();
+        sink.row(texts(std::to_string(number).substr(0, kSubfieldNumberChars), ast_subfield_get_id(subfield.type),
+                       ast_subfield_get_name(subfield.type),
+                       std::to_string(subfield.size).substr(0, kSubfieldSizeChars), subfield.present ? "1" : "0",
+                       summary));
     }
-    text_.put(table);
-}
-
-// Takes the views of the subfields that are there, with tables behind those that are empty.
-void ItemViews::complete_subfields(std::string_view html, Subject &subject) {
-    while (!html.empty()) {
-        const std::string_view section = html.substr(0, html.find(kSubfield, 1));
-        text_.put(section);
-        html.remove_prefix(section.size());
-        if (!section.starts_with(kSubfield) || !section.ends_with(kNoView)) continue;
-        const std::string_view title = section.substr(kSubfield.size());
-        const auto number = read_number<uint32_t>(title.substr(0, title.find(' ')));
-        put_own_table(subject, number.value_or(0));
+    sink.table_end();
+    for (uint32_t number = 1; number <= split.subfield_count; ++number) {
+        const ast_subfield_t &subfield = split.subfields[number - 1];
+        if (!subfield.present) continue;
+        sink.title(texts("Subfield #", std::to_string(number), " - ", ast_subfield_get_name(subfield.type)));
+        if (subfield.data && subfield.size != 0) sink.bits({subfield.data, subfield.size});
+        sink.paragraph(texts(""));
+        subfield_section(sink, item, reading, number);
     }
+    return true;
 }
 
 } // namespace ast::recording::astdump

@@ -98,9 +98,12 @@ typedef struct {
 /** Takes the values of an item one after the other. context is what the caller handed in. */
 typedef void (*ast_field_value_visitor_t)(void *context, const ast_field_value_t *value);
 
-/** Hands over the values of a decoded item in the order of its octets. message_type is that of the record (item 000),
- *  which some fields of category 004 depend on; 0 otherwise. The text of octets is cut at 255 characters. False for an
- *  item that is not valid, that no edition describes, or whose octets end too early, behind what could be read. */
+/** Hands over the values of a decoded item in the order of its octets. A Mode S register begins with a value of its
+ * own, "I048/250[1]/bds" of the kind AST_FIELD_REGISTER: its bits as sent, and its number as text, "40" for BDS 4,0.
+ * Its fields follow, or, where they are not known, all of its octets as ".../octets". message_type is that of the
+ * record (item 000), which some fields of category 004 depend on; 0 otherwise. The text of octets is cut at 255
+ * characters. False for an item that is not valid, that no edition describes, or whose octets end too early, behind
+ * what could be read. */
 AST_API bool ast_dataitem_walk(const ast_dataitem_t *item, ast_uap_t uap, uint32_t message_type,
                                ast_field_value_visitor_t visit, void *context);
 

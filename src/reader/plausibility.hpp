@@ -16,7 +16,7 @@ public:
     void open(const schema::Field &) {}
     void close(const schema::Field &) {}
     void element() {}
-    void open_register(const schema::Field &, uint32_t) {}
+    void open_register(const schema::Field &, uint32_t, uint64_t) {}
     void value(const schema::Field &field, uint64_t raw) {
         if (field.kind == schema::Kind::Icao) return judge_characters(field, raw);
         if (field.is_quantity()) judge(field, field.meaning ? field.meaning : "", schema::number_of(field, raw));

@@ -143,7 +143,16 @@ public:
         path_.append("]");
         is_element_ = true;
     }
-    void open_register(const Field &field, uint32_t) { push(is_item_ ? nullptr : &field); }
+    // Its number is named as in JSON.
+    void open_register(const Field &field, uint32_t number, uint64_t raw) {
+        push(is_item_ ? nullptr : &field);
+        TextWriter out(text_, sizeof text_);
+        digits(out, number, 2, kHexBits);
+        const size_t before = path_.length();
+        path_.append_step("bds");
+        hand_over(field, {.raw = raw, .text = text_});
+        path_.cut(before);
+    }
 
     void value(const Field &field, uint64_t raw) {
         const bool is_number = !is_shown_as_octets(field) && field.kind != Kind::Octal && field.kind != Kind::Icao;
@@ -184,11 +193,15 @@ private:
     void hand_over(const Field &field, uint64_t raw, bool is_number, double number) {
         const size_t before = path_.length();
         if (!is_item_ && !is_element_) path_.append_step(field);
-        const ast_field_t description = description_of(field, path_.text());
-        const ast_field_value_t value{
-            .field = &description, .raw = raw, .has_number = is_number, .number = number, .text = text_};
-        visit_(context_, &value);
+        hand_over(field, {.raw = raw, .has_number = is_number, .number = number, .text = text_});
         path_.cut(before);
+    }
+
+    // A value of the path at hand.
+    void hand_over(const Field &field, ast_field_value_t value) {
+        const ast_field_t description = description_of(field, path_.text());
+        value.field = &description;
+        visit_(context_, &value);
     }
 
     void write_text(const Field &field, uint64_t raw) {

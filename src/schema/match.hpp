@@ -30,7 +30,7 @@ public:
         pending_ = holds_ ? elements.value() : Slice("0");
     }
 
-    void open_register(const Field &field, uint32_t number) {
+    void open_register(const Field &field, uint32_t number, uint64_t) {
         uint32_t given = 0;
         const Slice value = take(field);
         must_hold(!read_register_number(given, value) && given == number);

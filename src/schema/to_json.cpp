@@ -210,7 +210,7 @@ public:
     void close(const Field &field) { close_with(is_list(field) ? ']' : '}'); }
     void element() {}
 
-    void open_register(const Field &field, uint32_t number) {
+    void open_register(const Field &field, uint32_t number, uint64_t) {
         char *out = put(key(field), "{\"bds\":");
         out = put_hex(out, number, 2);
         *out++ = ',';

@@ -55,7 +55,7 @@ struct Nobody {
     void open(const Field &) {}
     void close(const Field &) {}
     void element() {}
-    void open_register(const Field &, uint32_t) {}
+    void open_register(const Field &, uint32_t, uint64_t) {}
     void value(const Field &, uint64_t) {}
     void octets(const Field &, const uint8_t *, uint64_t) {}
 };
@@ -89,7 +89,7 @@ constexpr bool is_number(const Field &field) { return field.bits <= kMaxNumberBi
 
 // Tells a visitor what stands in the octets: value(field, raw) for what fits a number, octets(field, data, count) for
 // what does not, open(field) and close(field) around what holds others, element() before each one of a list, and
-// open_register(field, number) for a register. False when the octets end before the fields do.
+// open_register(field, number, raw) for a register. False when the octets end before the fields do.
 template <typename Visitor>
 class Walk {
 public:
@@ -217,7 +217,7 @@ private:
 
     void mode_s_register(const Field *field) {
         const uint32_t number = field->denominator ? field->denominator : bits_.here()[kRegisterBits / 8];
-        visitor_.open_register(*field, number);
+        visitor_.open_register(*field, number, BitReader(bits_).take(field->bits));
         if (const Field *const found = find_register(number))
             members(found);
         else

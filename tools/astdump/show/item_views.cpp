@@ -1,5 +1,6 @@
 #include "show/item_views.hpp"
 
+#include <algorithm>
 #include <vector>
 
 namespace ast::recording::astdump {

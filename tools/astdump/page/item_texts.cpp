@@ -120,7 +120,7 @@ void ItemTexts::put_subfield(TextBuffer &out, const ast_dataitem_t &item, const 
                              uint32_t number, const Reading &reading) {
     subfield_.clear();
     shapes_.begin();
-    views_.subfield_section(shapes_, item, reading, number);
+    views_.subfield_detail(shapes_, item, reading, number);
     shapes_.put(out, subfield_, subfield.type);
     out.put("P\t");
     out.number(subfield.size);

@@ -3,14 +3,10 @@
 namespace ast::recording::astdump {
 
 struct DetailSink::Visitor {
-    static DetailSink &take(void *context, Piece piece) {
+    static DetailSink &take(void *context) {
         auto &sink = *static_cast<DetailSink *>(context);
-        sink.last_ = piece;
+        sink.is_taken_ = true;
         return sink;
-    }
-    static DetailSink &take(void *context) { return take(context, Piece::other); }
-    static Piece paragraph_of(DetailTexts pieces) {
-        return pieces.size() == 1 && pieces[0].size == 0 ? Piece::blank : Piece::other;
     }
 
     static constexpr ast_details_visitor_t kFunctions = {
@@ -20,7 +16,7 @@ struct DetailSink::Visitor {
             },
         .paragraph =
             [](void *sink, const DetailText *pieces, uint64_t count) {
-                take(sink, paragraph_of({pieces, count})).paragraph({pieces, count});
+                take(sink).paragraph({pieces, count});
             },
         .table_begin =
             [](void *sink, const DetailText *header, uint64_t count) {
@@ -42,16 +38,16 @@ struct DetailSink::Visitor {
     };
 };
 
-DetailSink::Piece DetailSink::take_item(const ast_dataitem_t &item) {
-    last_ = Piece::none;
+bool DetailSink::take_item(const ast_dataitem_t &item) {
+    is_taken_ = false;
     ast_dataitem_get_details(&item, &Visitor::kFunctions, this);
-    return last_;
+    return is_taken_;
 }
 
-DetailSink::Piece DetailSink::take_subfield(const ast_dataitem_t &item, uint32_t number) {
-    last_ = Piece::none;
+bool DetailSink::take_subfield(const ast_dataitem_t &item, uint32_t number) {
+    is_taken_ = false;
     ast_subfield_get_details(&item, AST_SUBFIELD_TYPE(item.type, number), &Visitor::kFunctions, this);
-    return last_;
+    return is_taken_;
 }
 
 } // namespace ast::recording::astdump

@@ -33,10 +33,9 @@ public:
     virtual void table_end() = 0;
     virtual void bits(std::span<const uint8_t> octets) = 0;
 
-    // What the library has of an item or of one of its subfields; the last piece tells whether that is anything.
-    enum class Piece { none, blank, other }; // blank: an empty paragraph, below which values were to stand
-    Piece take_item(const ast_dataitem_t &item);
-    Piece take_subfield(const ast_dataitem_t &item, uint32_t number);
+    // Takes what the library has of an item or of one of its subfields; false when that is nothing.
+    bool take_item(const ast_dataitem_t &item);
+    bool take_subfield(const ast_dataitem_t &item, uint32_t number);
 
 protected:
     ~DetailSink() = default;
@@ -44,7 +43,7 @@ protected:
 private:
     struct Visitor;
 
-    Piece last_ = Piece::none;
+    bool is_taken_ = false;
 };
 
 } // namespace ast::recording::astdump

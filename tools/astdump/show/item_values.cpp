@@ -1,6 +1,10 @@
 #include "show/item_values.hpp"
 
 #include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <optional>
+#include <vector>
 
 #include "show/field_text.hpp"
 #include "show/terminal.hpp"
@@ -65,6 +69,48 @@ void each_value(const ast_dataitem_t &item, const Reading &reading, std::string_
     ast_dataitem_walk(&item, reading.uap, reading.message_type, take, &visit_below);
 }
 
+// "40" is 64.
+uint32_t register_number(const ast_field_value_t &value) {
+    return static_cast<uint32_t>(std::strtoul(value.text, nullptr, 16));
+}
+
+// Its number stands behind its octets, unless its place tells it.
+std::array<uint8_t, 7> register_octets(const ast_field_value_t &value) {
+    std::array<uint8_t, 7> octets{};
+    uint64_t rest = value.field->bits > 8 * octets.size() ? value.raw >> 8 : value.raw;
+    for (auto octet = octets.rbegin(); octet != octets.rend(); ++octet, rest >>= 8) *octet = static_cast<uint8_t>(rest);
+    return octets;
+}
+
+// A table that begins with its first row, and ends with its life.
+class ValueTable {
+public:
+    explicit ValueTable(DetailSink &sink) : sink_(sink) {}
+    ~ValueTable() {
+        if (is_begun_) sink_.table_end();
+    }
+    ValueTable(const ValueTable &) = delete;
+    ValueTable &operator=(const ValueTable &) = delete;
+
+    void row(const ast_field_value_t &value) {
+        if (!is_begun_) sink_.table_begin(texts("Field", "Item", "Value"));
+        is_begun_ = true;
+        cells_.clear();
+        put_option_path(cells_, value.field->path);
+        const size_t title = cells_.size();
+        put_plain(cells_, value.field->title);
+        const size_t shown = cells_.size();
+        put_whole(cells_, value);
+        const std::string_view cells = cells_.text();
+        sink_.row(texts(cells.substr(0, title), cells.substr(title, shown - title), cells.substr(shown)));
+    }
+
+private:
+    DetailSink &sink_;
+    TextBuffer cells_;
+    bool is_begun_ = false;
+};
+
 // What the library calls an item of a category that it does not know, and one of a category that it does.
 bool is_no_name(std::string_view name) { return name == "UNKNOWN NAME" || name.starts_with("Unknown CAT"); }
 
@@ -95,11 +141,14 @@ std::string ItemValues::word(const ast_field_value_t &value, std::string_view na
 
 std::string ItemValues::summary(const ast_dataitem_t &item, const Reading &reading, std::string_view below) {
     bool all_clear = true;
-    each_value(item, reading, below, [&](const ast_field_value_t &value) { all_clear = all_clear && is_clear(value); });
+    each_value(item, reading, below, [&](const ast_field_value_t &value) {
+        all_clear = all_clear && (is_clear(value) || value.field->kind == AST_FIELD_REGISTER);
+    });
     std::string line;
     bool is_full = false;
     each_value(item, reading, below, [&](const ast_field_value_t &value) {
-        if (is_full || (is_clear(value) && !all_clear)) return;
+        const bool is_number = value.field->kind == AST_FIELD_REGISTER; // whose fields follow
+        if (is_full || is_number || (is_clear(value) && !all_clear)) return;
         const std::string next = word(value, last_name(std::string_view(value.field->path).substr(below.size())));
         is_full = !line.empty() && line.size() + 1 + next.size() + kOmission.size() > kMaxSummary;
         if (!line.empty() && !is_full) line += ' ';
@@ -110,21 +159,37 @@ std::string ItemValues::summary(const ast_dataitem_t &item, const Reading &readi
 
 void ItemValues::put_table(DetailSink &sink, const ast_dataitem_t &item, const Reading &reading,
                            std::string_view below) {
-    bool is_begun = false;
-    TextBuffer row;
+    ValueTable table(sink);
+    each_value(item, reading, below, [&](const ast_field_value_t &value) { table.row(value); });
+}
+
+bool ItemValues::put_registers(DetailSink &sink, const ast_dataitem_t &item, const Reading &reading,
+                               std::string_view below) {
+    bool is_list = false;
+    std::vector<uint32_t> numbers;
     each_value(item, reading, below, [&](const ast_field_value_t &value) {
-        if (!is_begun) sink.table_begin(texts("Field", "Item", "Value"));
-        is_begun = true;
-        row.clear();
-        put_option_path(row, value.field->path);
-        const size_t title = row.size();
-        put_plain(row, value.field->title);
-        const size_t shown = row.size();
-        put_whole(row, value);
-        const std::string_view cells = row.text();
-        sink.row(texts(cells.substr(0, title), cells.substr(title, shown - title), cells.substr(shown)));
+        if (value.field->kind != AST_FIELD_REGISTER) return;
+        is_list = value.field->path[below.size()] == '[';
+        numbers.push_back(register_number(value));
     });
-    if (is_begun) sink.table_end();
+    if (numbers.empty()) return false;
+    if (is_list) {
+        sink.title(texts("BDS List"));
+        sink.table_begin(texts("BDS", "Name"));
+        for (const uint32_t number : numbers) sink.row(texts(ast_bds_type_to_str(number), ast_bds_get_name(number)));
+        sink.table_end();
+    }
+    std::optional<ValueTable> table;
+    each_value(item, reading, below, [&](const ast_field_value_t &value) {
+        if (value.field->kind != AST_FIELD_REGISTER) return table->row(value);
+        table.reset();
+        const uint32_t number = register_number(value);
+        sink.title(texts(ast_bds_type_to_str(number), " - ", ast_bds_get_name(number)));
+        sink.bits(register_octets(value));
+        sink.paragraph(texts(""));
+        table.emplace(sink);
+    });
+    return true;
 }
 
 std::string item_name(ast_dataitem_type_t type, const ast_uap_t &uap) {

@@ -18,6 +18,11 @@ public:
 
     static void put_table(DetailSink &sink, const ast_dataitem_t &item, const Reading &reading, std::string_view below);
 
+    // Puts the Mode S registers of an item, or of a subfield that holds nothing else: a list of them, where it is one,
+    // then each with its octets and its fields. False, and nothing put, where there are none.
+    static bool put_registers(DetailSink &sink, const ast_dataitem_t &item, const Reading &reading,
+                              std::string_view below);
+
 private:
     std::string word(const ast_field_value_t &value, std::string_view name);
     std::string brief_text(const ast_field_value_t &value, size_t most);

@@ -38,11 +38,30 @@ std::vector<std::string> subfield_paths(ast_dataitem_type_t type, const ast_uap_
 
 } // namespace
 
+const ItemViews::Published &ItemViews::published(const ast_dataitem_t &item, const Reading &reading) {
+    Published &known = published_[uint64_t{item.type} << 32 | reading.number];
+    if (known.is_known) return known;
+    known = {true, subfield_paths(item.type, reading.uap), {}};
+    const auto take = [](void *registers, const ast_field_t *field) {
+        if (field->kind != AST_FIELD_REGISTER) return;
+        const std::string_view path = field->path;
+        static_cast<std::vector<std::string> *>(registers)->emplace_back(path.substr(0, path.find('[')));
+    };
+    ast_dataitem_describe(item.type, reading.uap, take, &known.registers);
+    return known;
+}
+
 const std::string &ItemViews::subfield_path(const ast_dataitem_t &item, const Reading &reading, uint32_t number) {
     static const std::string kNone;
-    auto &paths = subfield_paths_[uint64_t{item.type} << 32 | reading.number];
-    if (paths.empty()) paths = subfield_paths(item.type, reading.uap);
+    const auto &paths = published(item, reading).subfields;
     return number < paths.size() ? paths[number] : kNone;
+}
+
+bool ItemViews::put_registers(DetailSink &sink, const ast_dataitem_t &item, const Reading &reading,
+                              std::string_view path) {
+    const auto &registers = published(item, reading).registers;
+    return std::ranges::find(registers, path) != registers.end() &&
+           ItemValues::put_registers(sink, item, reading, path);
 }
 
 // Views cut their text at the capacity, so one that fills it is asked again with more.
@@ -61,8 +80,9 @@ std::string_view ItemViews::summary(const ast_dataitem_t &item, const Reading &r
 
 void ItemViews::detail(DetailSink &sink, const ast_dataitem_t &item, const Reading &reading) {
     if (is_compound(item.type) && compound(sink, item, reading)) return;
-    if (sink.take_item(item) == DetailSink::Piece::none)
-        ItemValues::put_table(sink, item, reading, ast_dataitem_type_to_str(item.type));
+    const std::string path = ast_dataitem_type_to_str(item.type);
+    if (put_registers(sink, item, reading, path) || sink.take_item(item)) return;
+    ItemValues::put_table(sink, item, reading, path);
 }
 
 std::string ItemViews::subfield_summary(const ast_dataitem_t &item, const Reading &reading, uint32_t number) {
@@ -75,18 +95,10 @@ std::string ItemViews::subfield_summary(const ast_dataitem_t &item, const Readin
     return own.empty() ? summary : own;
 }
 
-void ItemViews::put_own_table(DetailSink &sink, const ast_dataitem_t &item, const Reading &reading, uint32_t number) {
-    const std::string &path = subfield_path(item, reading, number);
-    if (!path.empty()) ItemValues::put_table(sink, item, reading, path);
-}
-
 void ItemViews::subfield_detail(DetailSink &sink, const ast_dataitem_t &item, const Reading &reading, uint32_t number) {
-    if (sink.take_subfield(item, number) == DetailSink::Piece::none) put_own_table(sink, item, reading, number);
-}
-
-void ItemViews::subfield_section(DetailSink &sink, const ast_dataitem_t &item, const Reading &reading,
-                                 uint32_t number) {
-    if (sink.take_subfield(item, number) != DetailSink::Piece::other) put_own_table(sink, item, reading, number);
+    const std::string &path = subfield_path(item, reading, number);
+    if (put_registers(sink, item, reading, path) || sink.take_subfield(item, number) || path.empty()) return;
+    ItemValues::put_table(sink, item, reading, path);
 }
 
 // As the library shows it, with summaries and tables of published values where it has none.
@@ -110,7 +122,7 @@ bool ItemViews::compound(DetailSink &sink, const ast_dataitem_t &item, const Rea
         sink.title(texts("Subfield #", std::to_string(number), " - ", ast_subfield_get_name(subfield.type)));
         if (subfield.data && subfield.size != 0) sink.bits({subfield.data, subfield.size});
         sink.paragraph(texts(""));
-        subfield_section(sink, item, reading, number);
+        subfield_detail(sink, item, reading, number);
     }
     return true;
 }

@@ -20,7 +20,7 @@ constexpr std::string_view kNoSummary = "NOT_IMPLEMENTED";
 constexpr size_t kSubfieldNumberChars = 1;
 constexpr size_t kSubfieldSizeChars = 3;
 
-// The library's views of an item, and the published values where it has none.
+// The library's views of an item, and the published values where it has none; of Mode S registers always.
 class ItemViews {
 public:
     // Whether the library shows items of a type by their subfields: an overview of them, then each by itself.
@@ -37,21 +37,22 @@ public:
     std::string subfield_summary(const ast_dataitem_t &item, const Reading &reading, uint32_t number);
     void subfield_detail(DetailSink &sink, const ast_dataitem_t &item, const Reading &reading, uint32_t number);
 
-    // As the detail of its item has it: with its published values also where the library's view ends with nothing, such
-    // as a register that it has no fields of.
-    void subfield_section(DetailSink &sink, const ast_dataitem_t &item, const Reading &reading, uint32_t number);
-
 private:
     bool compound(DetailSink &sink, const ast_dataitem_t &item, const Reading &reading);
 
-    void put_own_table(DetailSink &sink, const ast_dataitem_t &item, const Reading &reading, uint32_t number);
-
-    // Its published path; empty for a subfield that no document describes.
+    // What the documents say of a type of items.
+    struct Published {
+        bool is_known = false;
+        std::vector<std::string> subfields; // their paths by their numbers, empty for one that no document describes
+        std::vector<std::string> registers; // the paths of Mode S registers, without the "[]" of a list
+    };
+    const Published &published(const ast_dataitem_t &item, const Reading &reading);
     const std::string &subfield_path(const ast_dataitem_t &item, const Reading &reading, uint32_t number);
+    bool put_registers(DetailSink &sink, const ast_dataitem_t &item, const Reading &reading, std::string_view path);
 
     ItemValues values_;
-    std::unordered_map<uint64_t, std::vector<std::string>> subfield_paths_; // by type and reading
-    std::string line_ = std::string(4096, '\0');                            // the library's summary
+    std::unordered_map<uint64_t, Published> published_; // by type and reading
+    std::string line_ = std::string(4096, '\0');        // the library's summary
     std::string own_line_;
 };
 

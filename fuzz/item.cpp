@@ -40,7 +40,34 @@ void check_subfields(const ast_dataitem_t &item) {
     }
 }
 
+// Every piece of a view is read whole.
+void check_details(const ast_dataitem_t &item) {
+    static constexpr auto read = [](void *sum, const ast_detail_text_t *texts, uint64_t count) {
+        for (uint64_t i = 0; i < count; ++i)
+            for (uint32_t at = 0; at < texts[i].size; ++at)
+                *static_cast<uint64_t *>(sum) += static_cast<uint8_t>(texts[i].text[at]);
+    };
+    static constexpr ast_details_visitor_t kReader = {
+        .title = read,
+        .paragraph = read,
+        .table_begin = read,
+        .row = read,
+        .link_row = [](void *sum, const ast_detail_text_t *cells, uint64_t count,
+                       const ast_detail_link_t *) { read(sum, cells, count); },
+        .bits =
+            [](void *sum, const uint8_t *octets, uint64_t count) {
+                for (uint64_t i = 0; i < count; ++i) *static_cast<uint64_t *>(sum) += octets[i];
+            },
+    };
+    uint64_t sum = 0;
+    ast_dataitem_get_details(&item, &kReader, &sum);
+    for (uint32_t number = 0; number <= ast_dataitem_subfields_get_number(item.type); ++number)
+        ast_subfield_get_details(&item, AST_SUBFIELD_TYPE(item.type, number), &kReader, &sum);
+    require(sum < UINT32_MAX, "the details of an item are endless");
+}
+
 void check_views(const ast_dataitem_t &item) {
+    check_details(item);
     for (const auto write : {ast_dataitem_get_summary, ast_dataitem_get_detail_html, ast_dataitem_get_hex_str,
                              ast_dataitem_get_bin_str, ast_dataitem_get_hex_html, ast_dataitem_get_bin_html,
                              ast_dataitem_subfields_get_summary, ast_dataitem_subfields_get_detail_html})

@@ -38,7 +38,7 @@
  *     items.h         one item: its name, size, octets, summary and details; size rules
  *     compounds.h     compound items and their subfields
  *     profiles.h      which item each FRN announces: editions, and the layouts of particular radars
- *     html.h          the pieces of the detail views
+ *     html.h          what detail views look like in HTML; details.h hands over the pieces that they are made of
  *     values.h        item layouts that categories share, as plain records: decoders, views, encoders
  *     registers.h     Comm-B replies of Mode S transponders by BDS code
  *     enumerations.h  the texts of the codes in items

@@ -45,16 +45,32 @@ TEST(Listing, ShowsEveryField) {
     EXPECT_EQ(result.out, read_file(EXPECTED "/detail.txt"));
 }
 
-// Eight Mode S registers, as many as are read, the last one with an altitude of its own.
+// Nine Mode S registers, the last one with an altitude of its own, and signs in two's complement.
 TEST(Listing, ShowsLongDetailsToTheirEnd) {
     std::string registers;
-    for (int i = 0; i < 7; ++i) registers += hex("C4600000000000 40");
+    for (int i = 0; i < 8; ++i) registers += hex("C4600000000000 40");
     Command command;
-    command.write("a", hex("30 0046 01 20 08") + registers + hex("80080000000000 40"));
-    EXPECT_EQ(command.run("--detail a | grep -c 'BDS 4,0 - Selected Vertical Intention'").out, "8\n");
-    EXPECT_EQ(command.run("--detail a | grep 'MCP/FCU Selected Altitude' | uniq -c | sed 's/^ *//'").out,
-              "7                 MCP/FCU Selected Altitude    35008 FT  valid\n"
-              "1                 MCP/FCU Selected Altitude    16 FT    valid\n");
+    command.write("a", hex("30 004E 01 20 09") + registers + hex("80080000000000 40"));
+    EXPECT_EQ(command.run("--detail a | grep -c 'BDS 4,0 - Selected Vertical Intention'").out, "9\n");
+    EXPECT_EQ(command.run("--detail a | grep -o 'selected altitude  .*' | uniq -c | sed 's/^ *//'").out,
+              "8 selected altitude  35008 ft\n"
+              "1 selected altitude  16 ft\n");
+    command.write("b", hex("30 000E 01 20 01 FF000000000000 60"));
+    EXPECT_EQ(command.run("--detail b | grep HDG").out, "                I250[0]/HDG  Magnetic heading  -2.81 deg\n");
+}
+
+// Where the library reads a field in a way of its own, and that makes a difference.
+TEST(Listing, ShowsPublishedValuesBesideDescribedOnes) {
+    Command command;
+    command.write("a", hex("30 0009 01 08 0100 FFE0"));
+    EXPECT_EQ(command.run("--detail a | grep 'LSB:NM'").out,
+              "              Octet[1-2]  X LSB:NM       2.00\n"
+              "              Octet[2-3]  Y LSB:NM       -0.24 (published: -0.25 NM)\n");
+    command.write("b", hex("30 0006 20 01 06"));
+    EXPECT_EQ(command.run("--detail b | grep -o FRIEND.*").out,
+              "FRIEND_OR_ENEMY     NO_INTERROGATION (published: 3 No reply)\n");
+    command.write("c", hex("30 0006 20 01 00"));
+    EXPECT_EQ(command.run("--detail c | grep -c published").out, "0\n");
 }
 
 // Altitudes of other lengths, which make their column narrower and wider again, and change within it.

@@ -163,6 +163,15 @@ void ItemValues::put_table(DetailSink &sink, const ast_dataitem_t &item, const R
     each_value(item, reading, below, [&](const ast_field_value_t &value) { table.row(value); });
 }
 
+std::string ItemValues::find(const ast_dataitem_t &item, const Reading &reading, std::string_view path,
+                             const std::function<bool(const ast_field_value_t &value)> &wanted) {
+    TextBuffer found;
+    each_value(item, reading, path, [&](const ast_field_value_t &value) {
+        if (found.size() == 0 && value.field->path == path && wanted(value)) put_whole(found, value);
+    });
+    return std::string(found.text());
+}
+
 bool ItemValues::put_registers(DetailSink &sink, const ast_dataitem_t &item, const Reading &reading,
                                std::string_view below) {
     bool is_list = false;

@@ -1,6 +1,7 @@
 // The published values of an item as texts, for what the library has no view of.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "ask/published_reading.hpp"
@@ -17,6 +18,10 @@ public:
     std::string summary(const ast_dataitem_t &item, const Reading &reading, std::string_view below);
 
     static void put_table(DetailSink &sink, const ast_dataitem_t &item, const Reading &reading, std::string_view below);
+
+    // The value of a path, with its unit or the text of its code, where it is wanted; else empty.
+    static std::string find(const ast_dataitem_t &item, const Reading &reading, std::string_view path,
+                            const std::function<bool(const ast_field_value_t &value)> &wanted);
 
     // Puts the Mode S registers of an item, or of a subfield that holds nothing else: a list of them, where it is one,
     // then each with its octets and its fields. False, and nothing put, where there are none.

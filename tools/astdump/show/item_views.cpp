@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "show/published_beside.hpp"
+
 namespace ast::recording::astdump {
 
 namespace {
@@ -81,7 +83,10 @@ std::string_view ItemViews::summary(const ast_dataitem_t &item, const Reading &r
 void ItemViews::detail(DetailSink &sink, const ast_dataitem_t &item, const Reading &reading) {
     if (is_compound(item.type) && compound(sink, item, reading)) return;
     const std::string path = ast_dataitem_type_to_str(item.type);
-    if (put_registers(sink, item, reading, path) || sink.take_item(item)) return;
+    if (put_registers(sink, item, reading, path)) return;
+    PublishedBeside beside(sink, item, reading);
+    DetailSink &taker = PublishedBeside::concerns(item.type) ? beside : sink;
+    if (taker.take_item(item)) return;
     ItemValues::put_table(sink, item, reading, path);
 }
 
@@ -97,7 +102,10 @@ std::string ItemViews::subfield_summary(const ast_dataitem_t &item, const Readin
 
 void ItemViews::subfield_detail(DetailSink &sink, const ast_dataitem_t &item, const Reading &reading, uint32_t number) {
     const std::string &path = subfield_path(item, reading, number);
-    if (put_registers(sink, item, reading, path) || sink.take_subfield(item, number) || path.empty()) return;
+    if (put_registers(sink, item, reading, path)) return;
+    PublishedBeside beside(sink, item, reading);
+    DetailSink &taker = PublishedBeside::concerns(item.type) ? beside : sink;
+    if (taker.take_subfield(item, number) || path.empty()) return;
     ItemValues::put_table(sink, item, reading, path);
 }
 

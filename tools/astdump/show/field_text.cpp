@@ -86,8 +86,14 @@ void put_value(TextBuffer &out, const ast_field_value_t &value) {
     put_printable(out, text.substr(0, text.find_last_not_of(' ') + 1));
 }
 
+// Most texts are ASCII throughout.
 void put_plain(TextBuffer &out, std::string_view text) {
     while (!text.empty()) {
+        const auto *const ascii_end = std::ranges::find_if(text, [](char c) { return (c & 0x80) != 0; });
+        const std::string_view ascii = text.substr(0, static_cast<size_t>(ascii_end - text.begin()));
+        put_printable(out, ascii);
+        text.remove_prefix(ascii.size());
+        if (text.empty()) return;
         const auto *const found =
             std::ranges::find_if(kPlain, [&](const auto &each) { return text.starts_with(each.character); });
         const bool is_known = found != std::end(kPlain);

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
-#include <optional>
-#include <vector>
 
 #include "show/field_text.hpp"
 #include "show/terminal.hpp"
@@ -75,41 +73,33 @@ uint32_t register_number(const ast_field_value_t &value) {
 }
 
 // Its number stands behind its octets, unless its place tells it.
-std::array<uint8_t, 7> register_octets(const ast_field_value_t &value) {
-    std::array<uint8_t, 7> octets{};
+RegisterOctets register_octets(const ast_field_value_t &value) {
+    RegisterOctets octets{};
     uint64_t rest = value.field->bits > 8 * octets.size() ? value.raw >> 8 : value.raw;
     for (auto octet = octets.rbegin(); octet != octets.rend(); ++octet, rest >>= 8) *octet = static_cast<uint8_t>(rest);
     return octets;
 }
 
-// A table that begins with its first row, and ends with its life.
-class ValueTable {
-public:
-    explicit ValueTable(DetailSink &sink) : sink_(sink) {}
-    ~ValueTable() {
-        if (is_begun_) sink_.table_end();
-    }
-    ValueTable(const ValueTable &) = delete;
-    ValueTable &operator=(const ValueTable &) = delete;
+// Where the cells of a row end: path, title and value, one behind the other.
+using CellEnds = std::array<size_t, 3>;
 
-    void row(const ast_field_value_t &value) {
-        if (!is_begun_) sink_.table_begin(texts("Field", "Item", "Value"));
-        is_begun_ = true;
-        cells_.clear();
-        put_option_path(cells_, value.field->path);
-        const size_t title = cells_.size();
-        put_plain(cells_, value.field->title);
-        const size_t shown = cells_.size();
-        put_whole(cells_, value);
-        const std::string_view cells = cells_.text();
-        sink_.row(texts(cells.substr(0, title), cells.substr(title, shown - title), cells.substr(shown)));
-    }
+CellEnds put_cells(TextBuffer &out, const ast_field_value_t &value) {
+    CellEnds ends{};
+    put_option_path(out, value.field->path);
+    ends[0] = out.size();
+    put_plain(out, value.field->title);
+    ends[1] = out.size();
+    put_whole(out, value);
+    ends[2] = out.size();
+    return ends;
+}
 
-private:
-    DetailSink &sink_;
-    TextBuffer cells_;
-    bool is_begun_ = false;
-};
+void begin_table(DetailSink &sink) { sink.table_begin(texts("Field", "Item", "Value")); }
+
+void put_row(DetailSink &sink, std::string_view text, size_t begin, const CellEnds &ends) {
+    const auto cell = [&](size_t from, size_t to) { return text.substr(from, to - from); };
+    sink.row(texts(cell(begin, ends[0]), cell(ends[0], ends[1]), cell(ends[1], ends[2])));
+}
 
 // What the library calls an item of a category that it does not know, and one of a category that it does.
 bool is_no_name(std::string_view name) { return name == "UNKNOWN NAME" || name.starts_with("Unknown CAT"); }
@@ -159,8 +149,16 @@ std::string ItemValues::summary(const ast_dataitem_t &item, const Reading &readi
 
 void ItemValues::put_table(DetailSink &sink, const ast_dataitem_t &item, const Reading &reading,
                            std::string_view below) {
-    ValueTable table(sink);
-    each_value(item, reading, below, [&](const ast_field_value_t &value) { table.row(value); });
+    bool is_begun = false;
+    TextBuffer cells;
+    each_value(item, reading, below, [&](const ast_field_value_t &value) {
+        if (!is_begun) begin_table(sink);
+        is_begun = true;
+        cells.clear();
+        const CellEnds ends = put_cells(cells, value);
+        put_row(sink, cells.text(), 0, ends);
+    });
+    if (is_begun) sink.table_end();
 }
 
 std::string ItemValues::find(const ast_dataitem_t &item, const Reading &reading, std::string_view path,
@@ -175,29 +173,34 @@ std::string ItemValues::find(const ast_dataitem_t &item, const Reading &reading,
 bool ItemValues::put_registers(DetailSink &sink, const ast_dataitem_t &item, const Reading &reading,
                                std::string_view below) {
     bool is_list = false;
-    std::vector<uint32_t> numbers;
+    registers_.clear();
+    row_ends_.clear();
+    rows_.clear();
     each_value(item, reading, below, [&](const ast_field_value_t &value) {
-        if (value.field->kind != AST_FIELD_REGISTER) return;
+        if (value.field->kind != AST_FIELD_REGISTER) return row_ends_.push_back(put_cells(rows_, value));
         is_list = value.field->path[below.size()] == '[';
-        numbers.push_back(register_number(value));
+        registers_.push_back({register_number(value), register_octets(value), row_ends_.size()});
     });
-    if (numbers.empty()) return false;
+    if (registers_.empty()) return false;
     if (is_list) {
         sink.title(texts("BDS List"));
         sink.table_begin(texts("BDS", "Name"));
-        for (const uint32_t number : numbers) sink.row(texts(ast_bds_type_to_str(number), ast_bds_get_name(number)));
+        for (const Register &each : registers_)
+            sink.row(texts(ast_bds_type_to_str(each.number), ast_bds_get_name(each.number)));
         sink.table_end();
     }
-    std::optional<ValueTable> table;
-    each_value(item, reading, below, [&](const ast_field_value_t &value) {
-        if (value.field->kind != AST_FIELD_REGISTER) return table->row(value);
-        table.reset();
-        const uint32_t number = register_number(value);
-        sink.title(texts(ast_bds_type_to_str(number), " - ", ast_bds_get_name(number)));
-        sink.bits(register_octets(value));
+    for (size_t i = 0; i < registers_.size(); ++i) {
+        const Register &each = registers_[i];
+        sink.title(texts(ast_bds_type_to_str(each.number), " - ", ast_bds_get_name(each.number)));
+        sink.bits(each.octets);
         sink.paragraph(texts(""));
-        table.emplace(sink);
-    });
+        const size_t end = i + 1 < registers_.size() ? registers_[i + 1].first_row : row_ends_.size();
+        if (each.first_row == end) continue;
+        begin_table(sink);
+        for (size_t row = each.first_row; row < end; ++row)
+            put_row(sink, rows_.text(), row == 0 ? 0 : row_ends_[row - 1][2], row_ends_[row]);
+        sink.table_end();
+    }
     return true;
 }
 

@@ -62,8 +62,7 @@ const std::string &ItemViews::subfield_path(const ast_dataitem_t &item, const Re
 bool ItemViews::put_registers(DetailSink &sink, const ast_dataitem_t &item, const Reading &reading,
                               std::string_view path) {
     const auto &registers = published(item, reading).registers;
-    return std::ranges::find(registers, path) != registers.end() &&
-           ItemValues::put_registers(sink, item, reading, path);
+    return std::ranges::find(registers, path) != registers.end() && values_.put_registers(sink, item, reading, path);
 }
 
 // Views cut their text at the capacity, so one that fills it is asked again with more.

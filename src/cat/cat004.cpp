@@ -207,8 +207,8 @@ AST_DEFINE_EMPTY_SUBFIELD_VIEW(show_conflict_subfield)
 
 AST_DEFINE_COMPOUND(kItem120, 4120, kConflictCharacteristics, ast_dataitem_004_120_get_size,
                     ast_subfield_004_120_get_size, ast_subfield_004_120_get_id, ast_subfield_004_120_get_name,
-                    ast_subfield_004_120_get_summary, show_conflict_subfield, .unknown_id = kUnknownId, .shows_subfields = false,
-                    .summarizes_unknown_subfields = true)
+                    ast_subfield_004_120_get_summary, show_conflict_subfield, .unknown_id = kUnknownId,
+                    .shows_subfields = false, .summarizes_unknown_subfields = true)
 AST_DEFINE_COMPOUND_DECODE(kItem120, kConflictCharacteristics, Conflict, ast_dataitem_004_120_decode)
 AST_DEFINE_SUBFIELD_SUMMARY(kItem120, ast_subfield_004_120_get_summary)
 
@@ -304,8 +304,7 @@ namespace {
 constexpr ItemRow kItems[] = {
     {0,
      "Message Type",
-     {fixed<1>, ast_dataitem_004_000_get_summary, kDetailOf<I004_000>,
-      ast_dataitem_message_type_encode}},
+     {fixed<1>, ast_dataitem_004_000_get_summary, kDetailOf<I004_000>, ast_dataitem_message_type_encode}},
     {10, "Data Source Identifier", items::data_source_identifier},
     {20, "Time of Message", items::time_of_day},
     {30, "Track Number 1", items::track_number},

@@ -217,15 +217,15 @@ constexpr ItemRow own(const char *name, uint16_t variant_of = 0) {
     template <>                                                                                                        \
     [[maybe_unused]] constexpr ast::SummaryView *ast::kSummaryOf<item_layout> = function;
 
-#define AST_DEFINE_DETAIL(item_layout, function) \
-    template <> \
-    void ast::show_pieces<function>(ast::ViewWriter & view, const ast_dataitem_t *item) { \
-        ast::show<item_layout>(view, item); \
-    } \
-    void function(char *text, uint64_t capacity, const ast_dataitem_t *item) { \
-        ast::show_as_html<item_layout>(text, capacity, item); \
-    } \
-    template <> \
+#define AST_DEFINE_DETAIL(item_layout, function)                                                                       \
+    template <>                                                                                                        \
+    void ast::show_pieces<function>(ast::ViewWriter & view, const ast_dataitem_t *item) {                              \
+        ast::show<item_layout>(view, item);                                                                            \
+    }                                                                                                                  \
+    void function(char *text, uint64_t capacity, const ast_dataitem_t *item) {                                         \
+        ast::show_as_html<item_layout>(text, capacity, item);                                                          \
+    }                                                                                                                  \
+    template <>                                                                                                        \
     [[maybe_unused]] constexpr ast::DetailViews ast::kDetailOf<item_layout> = ast::kDetailViews<function>;
 
 #define AST_DEFINE_VIEWS(item_layout, summary, detail)                                                                 \

@@ -16,6 +16,13 @@ namespace ast_fuzz {
 
 using Octets = std::span<const uint8_t>;
 
+// By a fuzzing engine inputs are timed; where they are replayed as tests, nothing depends on how busy the machine is.
+#ifdef AST_FUZZ_ENGINE
+constexpr bool kIsTimed = true;
+#else
+constexpr bool kIsTimed = false;
+#endif
+
 // Ends the run, so that the engine keeps the input.
 [[noreturn]] void fail(const char *what);
 

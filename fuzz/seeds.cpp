@@ -168,8 +168,8 @@ int main(int argc, char **argv) {
         }
         encode.write({{0}, number(i), Bytes(48, 0x01)});
     }
-    Directory input(root / "input");
-    input.write({recording_with_header()});
+    Directory tool(root / "tool");
+    tool.write({recording_with_header()});
     Directory split(root / "split");
     Directory reader(root / "reader");
     Directory recording(root / "recording");
@@ -189,8 +189,8 @@ int main(int argc, char **argv) {
             recording.write({choices(wrapper, category % kPackings, category % 2 == 0 ? 0 : 0xF0), some, others, some,
                              others, some});
         }
-    return split.failed() || reader.failed() || input.failed() || recording.failed() || item.failed() ||
-                   text.failed() || encode.failed() || record.failed()
+    return split.failed() || reader.failed() || tool.failed() || recording.failed() || item.failed() || text.failed() ||
+                   encode.failed() || record.failed()
                ? 1
                : 0;
 }

@@ -1,6 +1,7 @@
 #include "block/split_block.hpp"
 
 #include <algorithm>
+#include <bit>
 #include <limits>
 
 #include "framing/block_header.hpp"
@@ -10,24 +11,27 @@ namespace ast::recording {
 
 namespace {
 
-constexpr uint64_t kMostRecords = kMaxBlockOctets - kBlockHeaderOctets; // of an octet each
-constexpr uint64_t kMostItems = kMaxBlockOctets;
 constexpr uint64_t kNoRecord = std::numeric_limits<uint64_t>::max();
 
 } // namespace
 
-Records::Records()
-    : records_(std::make_unique_for_overwrite<ast_split_record_t[]>(kMostRecords)),
-      items_(std::make_unique_for_overwrite<ast_split_item_t[]>(kMostItems)),
-      made_(kNoRecord) {
+Records::Records() : made_(kNoRecord) {}
+
+// A record and an item take an octet at least.
+void Records::make_room(uint64_t octets) {
+    if (octets <= split_.item_room) return;
+    const uint64_t room = std::bit_ceil(octets);
+    records_ = std::make_unique_for_overwrite<ast_split_record_t[]>(room);
+    items_ = std::make_unique_for_overwrite<ast_split_item_t[]>(room);
     split_.records = records_.get();
-    split_.record_room = kMostRecords;
+    split_.record_room = room;
     split_.items = items_.get();
-    split_.item_room = kMostItems;
+    split_.item_room = room;
 }
 
 bool Records::read(EditionMemory &editions, Octets octets, ast_reader_result_t &result) {
     made_ = kNoRecord;
+    make_room(octets.size());
     if (!editions.split(split_, octets, result)) result.end = split_.end;
     if (split_.item_count <= AST_DATARECORD_MAX_ITEMS) return result.valid;
     const std::span records(split_.records, split_.record_count);

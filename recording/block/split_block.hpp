@@ -37,6 +37,7 @@ private:
 
     // The first record with more items than a record holds ends the block there.
     bool read(EditionMemory &editions, Octets octets, ast_reader_result_t &result);
+    void make_room(uint64_t octets);
     void make(uint64_t number) const;
     void fill(ast_datarecord_t &record, const ast_split_record_t &from) const;
 

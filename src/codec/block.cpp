@@ -80,7 +80,7 @@ void decode(ast_datablock_t &block, const uint8_t *data, uint64_t available, con
 
 // Clears the records of an attempt before the next one, which may have fewer.
 void forget_records(ast_datablock_t &block) {
-    std::memset(static_cast<void *>(block.records), 0, block.record_count * sizeof block.records[0]);
+    std::memset(static_cast<void *>(block.records), 0, static_cast<size_t>(block.record_count) * sizeof block.records[0]);
 }
 
 } // namespace
@@ -218,7 +218,7 @@ uint64_t ast_datablock_append(uint8_t *buffer, uint64_t length, const uint8_t *r
     const uint64_t begun = read_u16(buffer + 1);
     const uint64_t limit = std::min(length, kMaxBlockOctets);
     if (begun < kBlockHeaderOctets || begun > limit || size > limit - begun) return 0;
-    std::memmove(buffer + begun, record, size); // the record may stand in the buffer
+    std::memmove(buffer + begun, record, static_cast<size_t>(size)); // the record may stand in the buffer
     write_u16(buffer + 1, static_cast<uint32_t>(begun + size));
     return begun + size;
 }

@@ -155,7 +155,7 @@ ast_dataitem_t ast_dataitem_copy(uint8_t *buffer, uint64_t length, const ast_dat
     ast_dataitem_t copy{};
     copy.data = buffer;
     if (!is_readable(source) || !buffer || source->size > length) return copy;
-    std::memcpy(buffer, source->data, source->size);
+    std::memcpy(buffer, source->data, static_cast<size_t>(source->size));
     copy.size = source->size;
     copy.type = source->type;
     copy.valid = true;

@@ -13,7 +13,7 @@ inline const ast_dataitem_t *first_item(const ast_datarecord_t *record, ast_data
     if (!record || !record->valid) return nullptr;
     constexpr size_t kStep = 4; // compared before the end is: records are asked for many items that they do not have
     const ast_dataitem_t *item = record->items;
-    size_t left = std::min<size_t>(record->item_count, std::size(record->items));
+    size_t left = static_cast<size_t>(std::min<uint64_t>(record->item_count, std::size(record->items)));
     for (; left >= kStep; left -= kStep, item += kStep) {
         if (item[0].type == type) return item;
         if (item[1].type == type) return item + 1;

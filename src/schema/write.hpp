@@ -39,7 +39,7 @@ struct Symbols {
         unsigned left = count * Bits;
         if (count % 2 != 0) *out++ = kSymbols[value >> (left -= Bits) & (kCodes - 1)];
         for (; left != 0; out += sizeof(Pair))
-            std::memcpy(out, &kPairs[value >> (left -= 2 * Bits) & (kPairs.size() - 1)], sizeof(Pair));
+            std::memcpy(out, &kPairs[static_cast<size_t>(value >> (left -= 2 * Bits)) % kPairs.size()], sizeof(Pair));
         return out;
     }
 };

@@ -5,76 +5,19 @@
 #include <cstdio>
 #include <exception>
 #include <fcntl.h>
-#include <limits>
 #include <new>
 #include <stdexcept>
 #include <unistd.h>
 
-#include "page/page.hpp"
 #include "run/options.hpp"
 #include "run/run.hpp"
 #include "run/signals.hpp"
-#include "show/csv.hpp"
-#include "show/json_lines.hpp"
-#include "show/listing.hpp"
-#include "show/record_list.hpp"
-#include "show/stats.hpp"
-#include "show/top.hpp"
-#include "show/write_file.hpp"
+#include "run/sinks.hpp"
+#include "show/terminal.hpp"
 
 namespace ast::recording::astdump {
 
 namespace {
-
-bool use_color(const Options &options, std::FILE *file) {
-    return options.color == "always" || (options.color == "auto" && takes_color(file));
-}
-
-JsonForm json_form(const Options &options) {
-    return {.texts = options.texts, .name_files = options.files.size() > 1, .remainders = options.where.empty()};
-}
-
-std::unique_ptr<Top> make_top(const Options &options, Output &out, const ReportLog &reports,
-                              Interruption &interruption) {
-    const Top::Form form{
-        .color = use_color(options, stdout), .is_drawn = has_cursor(stdout), .is_live = options.follow};
-    auto top = std::make_unique<Top>(out, form, reports);
-    interruption.meanwhile([&top = *top] { top.refresh(); });
-    return top;
-}
-
-// What is not shown on a terminal takes lines of any length.
-RecordList::Form list_form(const Options &options) {
-    constexpr size_t kAnyLength = std::numeric_limits<size_t>::max();
-    return {.columns = is_terminal(stdout) ? columns(stdout) : kAnyLength,
-            .color = use_color(options, stdout),
-            .name_files = options.files.size() > 1 && !options.merge};
-}
-
-Sinks make_sinks(const Options &options, Output &out, const ReportLog &reports, Interruption &interruption) {
-    Sinks sinks;
-    const bool color = use_color(options, stdout);
-    if (options.top)
-        sinks.push_back(make_top(options, out, reports, interruption));
-    else if (options.stats)
-        sinks.push_back(std::make_unique<Stats>(out, color));
-    else if (options.json)
-        sinks.push_back(std::make_unique<JsonLines>(out, json_form(options)));
-    else if (options.csv)
-        sinks.push_back(std::make_unique<Csv>(out, *options.csv, options.files.size() > 1, options.merge));
-    else if (options.list)
-        sinks.push_back(std::make_unique<RecordList>(out, list_form(options)));
-    else if (!options.quiet && options.html.empty() && options.write.empty())
-        sinks.push_back(std::make_unique<Listing>(out, Listing::Form{columns(stdout), color,
-                                                                     options.files.size() > 1 && !options.merge,
-                                                                     options.detail, is_terminal(stdout)}));
-    if (options.follow && !options.top && !options.stats && !options.json && !options.csv)
-        sinks.push_back(std::make_unique<Stats>(out, color));
-    if (!options.html.empty()) sinks.push_back(std::make_unique<Page>(options.html, options.files));
-    if (!options.write.empty())
-        sinks.push_back(std::make_unique<WriteFile>(options.write, options.files, json_form(options)));
-    return sinks;
-}
 
 // A listing on a terminal shows by itself how far the work has got.
 bool wants_progress(const Options &options) {

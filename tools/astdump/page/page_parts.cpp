@@ -67,11 +67,13 @@ constexpr char kTop[] = R"html(<div class="top">
 } // namespace
 
 std::string page_head() {
-    return kStart + std::string(page_script_hashes()) + kPolicyEnd + "<style>" + page_style() +
-           "</style>\n<script type=\"text/plain\">" + pack(page_script()) + "</script><script>" + page_boot() +
-           "</script>\n</head>\n<body>\n" + kTop +
-           "<noscript>What is inside the blocks, and where things are, is shown by a script of this page, which has to "
-           "be allowed to run.</noscript>\n<main>\n";
+    static const std::string head =
+        kStart + std::string(page_script_hashes()) + kPolicyEnd + "<style>" + page_style() +
+        "</style>\n<script type=\"text/plain\">" + pack(page_script()) + "</script><script>" + page_boot() +
+        "</script>\n</head>\n<body>\n" + kTop +
+        "<noscript>What is inside the blocks, and where things are, is shown by a script of this page, which has to "
+        "be allowed to run.</noscript>\n<main>\n";
+    return head;
 }
 
 } // namespace ast::recording::astdump

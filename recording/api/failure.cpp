@@ -40,7 +40,7 @@ void set_error(ast_recording_error_t &error, uint32_t code, std::string_view tex
 }
 
 uint64_t give_text(char *text, uint64_t capacity, std::string_view what) {
-    if (text && capacity != 0) text[what.copy(text, capacity - 1)] = '\0';
+    if (text && capacity != 0) text[what.copy(text, static_cast<size_t>(capacity - 1))] = '\0';
     return what.size();
 }
 

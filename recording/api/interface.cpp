@@ -53,7 +53,7 @@ ast_recording_t *ast_recording_open(const char *const *inputs, uint64_t count, c
                                     ast_recording_error_t *error) {
     return open(options, error, [&](const ast_recording_options_t &chosen) {
         ReadOptions read = read_open_options(chosen);
-        std::vector<Origin> origins = origins_of({inputs, inputs ? count : 0}, read);
+        std::vector<Origin> origins = origins_of({inputs, inputs ? static_cast<size_t>(count) : 0}, read);
         read.merge = read.merge && origins.size() > 1;
         return new ast_recording{{std::move(origins), read, chosen}};
     });

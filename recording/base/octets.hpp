@@ -3,11 +3,29 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <ranges>
 #include <span>
 
 namespace ast::recording {
 
-using Octets = std::span<const uint8_t>;
+// A span that takes counts and places of 64 bits, as the library gives them, also where the memory has fewer: what is
+// within the octets fits.
+class Octets : public std::span<const uint8_t> {
+public:
+    using Span = std::span<const uint8_t>;
+
+    using Span::Span;
+    constexpr Octets(Span octets) : Span(octets) {}
+    constexpr Octets(const uint8_t *data, uint64_t count) : Span(data, static_cast<size_t>(count)) {}
+
+    constexpr Octets first(uint64_t count) const { return Span::first(static_cast<size_t>(count)); }
+    constexpr Octets last(uint64_t count) const { return Span::last(static_cast<size_t>(count)); }
+    constexpr Octets subspan(uint64_t offset) const { return Span::subspan(static_cast<size_t>(offset)); }
+    constexpr Octets subspan(uint64_t offset, uint64_t count) const {
+        return Span::subspan(static_cast<size_t>(offset), static_cast<size_t>(count));
+    }
+    constexpr const uint8_t &operator[](uint64_t place) const { return Span::operator[](static_cast<size_t>(place)); }
+};
 
 // As packets have numbers, with the most significant octet first.
 inline uint16_t read_u16(Octets octets, size_t offset) {
@@ -15,3 +33,8 @@ inline uint16_t read_u16(Octets octets, size_t offset) {
 }
 
 } // namespace ast::recording
+
+template <>
+inline constexpr bool std::ranges::enable_borrowed_range<ast::recording::Octets> = true;
+template <>
+inline constexpr bool std::ranges::enable_view<ast::recording::Octets> = true;

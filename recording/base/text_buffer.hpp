@@ -31,8 +31,8 @@ public:
     // rule.
     template <typename Write>
     void put_by(size_t likely, Write write) {
-        size_t count = write(room(likely), likely);
-        if (count >= likely) count = write(room(count + 1), count + 1);
+        auto count = static_cast<size_t>(write(room(likely), likely));
+        if (count >= likely) count = static_cast<size_t>(write(room(count + 1), count + 1));
         size_ += count;
     }
 

@@ -145,7 +145,7 @@ const std::string &second_text(std::time_t seconds) {
 void put_time(TextBuffer &out, const Time &time) {
     const bool is_negative = time.seconds < 0 && !is_in_calendar(time);
     const Time shown = is_negative ? negative(time) : time;
-    out.put(is_negative ? "-" + std::to_string(shown.seconds) : second_text(shown.seconds));
+    out.put(is_negative ? "-" + std::to_string(shown.seconds) : second_text(static_cast<time_t>(shown.seconds)));
     out.put('.');
     if (shown.nanoseconds % 1000 == 0)
         out.number(shown.nanoseconds / 1000, 6, '0');

@@ -48,7 +48,7 @@ const ast_uap_info_t *find_profile(std::string_view name) {
 
 std::string_view profile_name(const ast_uap_t &uap, uint32_t category) {
     const auto found = std::ranges::find_if(list(), [&](const ast_uap_info_t &profile) {
-        const std::span overrides(profile.overrides, profile.override_count);
+        const std::span overrides(profile.overrides, static_cast<size_t>(profile.override_count));
         return profile.uap->get_dataitem == uap.get_dataitem && std::ranges::count(overrides, category);
     });
     return found == list().end() ? list().front().name : found->name;

@@ -20,14 +20,14 @@ public:
     template <typename Choose>
     void set(uint64_t count, Choose choose) {
         is_all_ = false;
-        chosen_.resize(count);
+        chosen_.resize(static_cast<size_t>(count));
         count_ = 0;
-        for (uint64_t i = 0; i < count; ++i) count_ += (chosen_[i] = choose(i)) ? 1U : 0U;
+        for (size_t i = 0; i < chosen_.size(); ++i) count_ += (chosen_[i] = choose(i)) ? 1U : 0U;
     }
 
     // Leaves out those behind so many.
     void keep_first(uint64_t most) {
-        if (is_all_) chosen_.assign(count_, true);
+        if (is_all_) chosen_.assign(static_cast<size_t>(count_), true);
         is_all_ = false;
         count_ = std::min(most, count_);
         uint64_t left = count_;
@@ -35,7 +35,7 @@ public:
             if (chosen_[i]) chosen_[i] = left != 0 && left-- != 0;
     }
 
-    bool operator[](uint64_t index) const { return is_all_ || chosen_[index]; }
+    bool operator[](uint64_t index) const { return is_all_ || chosen_[static_cast<size_t>(index)]; }
     uint64_t count() const { return count_; }
     bool any() const { return count_ != 0; }
     bool none() const { return count_ == 0; }

@@ -46,7 +46,8 @@ void SiteMemory::add(const ast_site_t &site) {
     const ast_site_t *const there = table_ ? ast_sites_find(&table_->sites, site.sac, site.sic) : nullptr;
     if (there && (there->known > site.known || is_same(there->place, site.place))) return;
     const std::span<const ast_site_t> known =
-        table_ ? std::span(table_->room).first(table_->sites.count) : std::span<const ast_site_t>();
+        table_ ? std::span(table_->room).first(static_cast<size_t>(table_->sites.count))
+               : std::span<const ast_site_t>();
     table_ = std::make_shared<const Table>(known, site);
 }
 

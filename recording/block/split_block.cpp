@@ -20,7 +20,7 @@ Records::Records() : made_(kNoRecord) {}
 // A record and an item take an octet at least.
 void Records::make_room(uint64_t octets) {
     if (octets <= split_.item_room) return;
-    const uint64_t room = std::bit_ceil(octets);
+    const auto room = static_cast<size_t>(std::bit_ceil(octets));
     records_ = std::make_unique_for_overwrite<ast_split_record_t[]>(room);
     items_ = std::make_unique_for_overwrite<ast_split_item_t[]>(room);
     split_.records = records_.get();
@@ -34,7 +34,7 @@ bool Records::read(EditionMemory &editions, Octets octets, ast_reader_result_t &
     make_room(octets.size());
     if (!editions.split(split_, octets, result)) result.end = split_.end;
     if (split_.item_count <= AST_DATARECORD_MAX_ITEMS) return result.valid;
-    const std::span records(split_.records, split_.record_count);
+    const std::span records(split_.records, static_cast<size_t>(split_.record_count));
     const auto overfull = std::ranges::find_if(
         records, [](const ast_split_record_t &record) { return record.item_count > AST_DATARECORD_MAX_ITEMS; });
     if (overfull == records.end()) return result.valid;

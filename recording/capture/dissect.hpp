@@ -41,7 +41,7 @@ public:
     explicit PlainDatagram(Octets octets) : octets_(octets) {}
 
     explicit operator bool() const { return !octets_.empty(); } // whether it is one
-    RouteOctets route() const { return octets_.first<kRouteOctets>(); }
+    RouteOctets route() const { return Octets::Span(octets_).first<kRouteOctets>(); }
     Octets payload() const { return octets_.subspan(kRouteOctets + kLengthAndChecksumOctets); }
 
 private:

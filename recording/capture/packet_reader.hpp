@@ -82,7 +82,7 @@ public:
 private:
     static constexpr auto kPart = Piece::Kind::part;
 
-    void skip(uint64_t octets, size_t available) {
+    void skip(uint64_t octets, uint64_t available) {
         position_ += octets;
         if (octets <= available) return;
         left_to_skip_ = octets - available;
@@ -119,14 +119,14 @@ private:
             complaint_.clear();
             return true;
         }
-        doubtful_ = octets.size() - std::min(position_, octets.size());
+        doubtful_ = octets.size() - std::min<uint64_t>(position_, octets.size());
         position_ = octets.size();
         return false;
     }
 
     // What the stream itself complains of, and what the user has had enough of, is not told here.
     void tell_end(Chunk &chunk) {
-        const size_t rest = chunk.octets().size() - position_;
+        const uint64_t rest = chunk.octets().size() - position_;
         if (stream_->cut_off() || !stream_->damage().empty()) return;
         if (!complaint_.empty())
             chunk.reports().unfinished(complaint_ + ", and nothing behind it can be read");
@@ -141,12 +141,12 @@ private:
     Window window_;
     Form form_;
     Piece piece_;               // the last one
-    size_t position_ = 0;       // in the chunk
+    uint64_t position_ = 0;     // in the chunk
     uint64_t left_to_skip_ = 0; // behind it
     bool is_at_end_ = false;
     std::string complaint_;  // while the place is to be found again
     uint64_t lost_from_ = 0; // in the file
-    size_t doubtful_ = 0;    // octets before `position_` that may begin a piece
+    uint64_t doubtful_ = 0;  // octets before `position_` that may begin a piece
 };
 
 } // namespace ast::recording

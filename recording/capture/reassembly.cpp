@@ -18,7 +18,7 @@ constexpr int64_t kPatience_s = 30;
 
 size_t hash(const Fragment &fragment) {
     const auto *const octets = reinterpret_cast<const char *>(fragment.octets.data());
-    return std::hash<std::string_view>()({octets, fragment.octets.size()}) ^ fragment.offset;
+    return std::hash<std::string_view>()({octets, fragment.octets.size()}) ^ static_cast<size_t>(fragment.offset);
 }
 
 size_t hash(uint64_t offset, const std::vector<uint8_t> &octets) {
@@ -32,8 +32,8 @@ bool is_too_late(const Time &since, const Time &time) {
 } // namespace
 
 size_t Reassembler::octets_of(const Partial &partial) {
-    return kPartialOctets + partial.key.size() + partial.received + partial.pieces.size() * kPieceOctets +
-           partial.repeatable.size() * sizeof(size_t);
+    return kPartialOctets + partial.key.size() + static_cast<size_t>(partial.received) +
+           partial.pieces.size() * kPieceOctets + partial.repeatable.size() * sizeof(size_t);
 }
 
 void Reassembler::restart(Partial &partial) {

@@ -121,7 +121,7 @@ std::optional<size_t> BlockStream::look_for_chain(Octets octets, uint64_t blocks
 }
 
 void BlockStream::take_blocks(bool is_end, const Datagram &stamp, Chunk &chunk) {
-    size_t taken = 0;
+    uint64_t taken = 0;
     Patience patience = chunk.patience();
     while (taken < pending_.size() && (is_end || pending_.size() >= next_look_)) {
         const Octets rest = Octets(pending_).subspan(taken);
@@ -150,7 +150,7 @@ uint64_t BlockStream::gap_at(Octets rest, const Soundness &soundness, Patience &
     return rest.size() > kMostOctets ? std::max<uint64_t>(soundness.no_blocks, 1) : 0;
 }
 
-void BlockStream::emit(Octets octets, size_t place, const Datagram &stamp, Chunk &chunk) const {
+void BlockStream::emit(Octets octets, uint64_t place, const Datagram &stamp, Chunk &chunk) const {
     if (octets.empty()) return;
     Datagram datagram = stamp;
     datagram.octets = chunk.keep(octets);
@@ -165,7 +165,7 @@ void BlockStream::note(const Datagram &stamp, const char *what, uint64_t octets,
                          " within a block, of which it has " + counted(octets, "octet"));
 }
 
-void BlockStream::drop(size_t octets) {
+void BlockStream::drop(uint64_t octets) {
     if (octets == 0) return;
     pending_.erase(pending_.begin(), pending_.begin() + static_cast<std::ptrdiff_t>(octets));
     offset_ += octets;

@@ -45,9 +45,9 @@ private:
     std::optional<size_t> look_for_chain(Octets octets, uint64_t blocks, bool is_end, Patience &patience);
     void take_blocks(bool is_end, const Datagram &stamp, Chunk &chunk);
     uint64_t gap_at(Octets rest, const Soundness &soundness, Patience &patience);
-    void emit(Octets octets, size_t place, const Datagram &stamp, Chunk &chunk) const;
+    void emit(Octets octets, uint64_t place, const Datagram &stamp, Chunk &chunk) const;
     static void note(const Datagram &stamp, const char *what, uint64_t octets, Chunk &chunk);
-    void drop(size_t octets);
+    void drop(uint64_t octets);
 
     State state_ = State::unknown;
     bool is_from_start_;

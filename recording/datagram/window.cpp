@@ -17,7 +17,7 @@ bool Window::read(Chunk &chunk) {
     return count != 0;
 }
 
-void Window::leave(const Chunk &chunk, size_t begin) {
+void Window::leave(const Chunk &chunk, uint64_t begin) {
     const Octets rest = chunk.octets().subspan(begin);
     left_over_.assign(rest.begin(), rest.end());
 }

@@ -19,7 +19,7 @@ public:
     bool read(Chunk &chunk);
 
     // Leaves the octets of the chunk from `begin` on to the next one.
-    void leave(const Chunk &chunk, size_t begin);
+    void leave(const Chunk &chunk, uint64_t begin);
 
     Octets left_over() const { return left_over_; }
 

@@ -255,12 +255,12 @@ uint64_t chain_of_blocks(Octets octets) {
 // A chain that leads to octets which begin no block does so from each of its blocks: none of them is walked twice.
 std::optional<uint64_t> find_chain(Octets octets, uint64_t blocks, Patience &patience) {
     std::vector<bool> leads_nowhere(octets.size() + 1);
-    std::vector<uint64_t> chain; // where its blocks begin
-    for (uint64_t place = 1; place < octets.size() && patience.lasts(1); ++place) {
+    std::vector<size_t> chain; // where its blocks begin
+    for (size_t place = 1; place < octets.size() && patience.lasts(1); ++place) {
         chain.clear();
-        uint64_t end = place;
+        size_t end = place;
         while (!leads_nowhere[end]) {
-            const uint64_t length = block_at(octets.subspan(end));
+            const auto length = static_cast<size_t>(block_at(octets.subspan(end)));
             if (length == 0) break;
             chain.push_back(end);
             end += length;
@@ -269,7 +269,7 @@ std::optional<uint64_t> find_chain(Octets octets, uint64_t blocks, Patience &pat
             if (chain.size() >= blocks) return place;
             continue;
         }
-        for (const uint64_t begin : chain) leads_nowhere[begin] = true;
+        for (const size_t begin : chain) leads_nowhere[begin] = true;
     }
     return std::nullopt;
 }

@@ -29,7 +29,7 @@ private:
     Window window_;
     std::vector<uint8_t> storage_;
     uint64_t offset_ = 0; // of the next chunk in the file
-    size_t place_ = 0;    // in the chunk
+    uint64_t place_ = 0;  // in the chunk
     bool is_read_ = false;
     bool is_unsure_ = true;       // whether frames stand where they seem to: at the start, and behind what is none
     std::optional<uint64_t> gap_; // where octets began that are no frame

@@ -266,7 +266,7 @@ bool JsonFile::goes_on_together(const Chunk &chunk) const {
 
 void JsonFile::report(std::string_view object, uint64_t position, std::string_view path, const char *error,
                       Chunk &chunk) {
-    const std::string_view before = object.substr(0, position);
+    const std::string_view before = object.substr(0, static_cast<size_t>(position));
     const size_t feed = before.rfind('\n');
     chunk.reports().line(line_ + feeds_in(before),
                          feed == std::string_view::npos ? column_ + before.size() + 1 : before.size() - feed, path,

@@ -74,8 +74,8 @@ private:
     std::condition_variable changed_;
     std::vector<Place *> idle_;
     std::vector<Place *> finished_; // a ring: the place of a chunk is its number
-    uint64_t read_ = 0;             // chunks so far
-    uint64_t taken_ = 0;
+    size_t read_ = 0;               // chunks so far
+    size_t taken_ = 0;
     bool reading_ = false;
     bool taking_ = false;
     bool at_end_ = false;

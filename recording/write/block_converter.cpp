@@ -26,7 +26,7 @@ constexpr Conversion kConversions[] = {
 };
 
 bool is_of_use(const ast_datarecord_t &record, const Conversion &conversion) {
-    const std::span items(record.items, record.item_count);
+    const std::span items(record.items, static_cast<size_t>(record.item_count));
     return record.valid && std::ranges::count(items, conversion.needed, &ast_dataitem_t::type) != 0;
 }
 
@@ -62,7 +62,7 @@ std::optional<uint64_t> BlockConverter::convert(DecodedBlock &decoded) {
         left_out += stays ? 0U : 1U;
         size += stays ? made.size : 0;
     }
-    octets_.resize(size);
+    octets_.resize(static_cast<size_t>(size));
     set_block_length(octets_);
     block_.read(editions_, octets_);
     decoded.octets = octets_;

@@ -71,7 +71,7 @@ Blocks Counter::add(const EditionMemory &editions, Octets blocks) {
 
 void Counter::take_census() {
     if (census_->group_count == 0) return;
-    for (const ast_census_group_t &group : std::span(census_->groups, census_->group_count)) {
+    for (const ast_census_group_t &group : std::span(census_->groups, static_cast<size_t>(census_->group_count))) {
         if (group.blocks == 0) continue;
         Counts &counts = counts_of(group.category);
         counts += {.blocks = group.blocks, .records = group.records, .items = group.items, .octets = group.octets};

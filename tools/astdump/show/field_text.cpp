@@ -48,7 +48,7 @@ Scale scale_of(uint64_t numerator, uint64_t denominator) {
 // A recording has few steps, and finding the decimals takes long.
 const Scale &known_scale(const ast_field_t &field) {
     thread_local std::array<Scale, 64> known;
-    Scale &scale = known[(field.numerator * 31 + field.denominator % 61) % known.size()];
+    Scale &scale = known[static_cast<size_t>(field.numerator * 31 + field.denominator % 61) % known.size()];
     if (scale.numerator != field.numerator || scale.denominator != field.denominator)
         scale = scale_of(field.numerator, field.denominator);
     return scale;

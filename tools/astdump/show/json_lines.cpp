@@ -83,9 +83,9 @@ void JsonRenderer::block(const DecodedBlock &decoded, TextBuffer &out) {
             return ast_datarecord_to_json(text, capacity, &record, &line);
         };
         if (ast_datarecord_is_implausible(&record))
-            put_implausible(record.size, out, write);
+            put_implausible(static_cast<size_t>(record.size), out, write);
         else
-            put(record.size, out, write);
+            put(static_cast<size_t>(record.size), out, write);
     }
     if (form_.remainders && has_remainder(decoded)) remainder(decoded, line, out);
 }

@@ -41,7 +41,7 @@ Octets encode(const Json &record) {
     const ast_json_result_t result = ast_datarecord_from_json(octets.data(), octets.size(), text.data(), text.size());
     if (!result.valid)
         throw std::logic_error(std::string(result.path) + " " + (result.error ? result.error : "does not fit"));
-    octets.resize(result.size);
+    octets.resize(static_cast<size_t>(result.size));
     return octets;
 }
 

@@ -36,7 +36,7 @@ private:
     Traffic &traffic_;
     Random &random_;
     double start_s_;
-    uint64_t batches_ = 0;
+    size_t batches_ = 0;
     uint32_t last_track_number_ = 0;
     std::vector<Memory> memories_; // one for each aircraft, in the order of the traffic
 };

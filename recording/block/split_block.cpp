@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <limits>
+#include <utility>
 
 #include "framing/block_header.hpp"
 #include "framing/soundness.hpp"
@@ -21,8 +22,9 @@ Records::Records() : made_(kNoRecord) {}
 void Records::make_room(uint64_t octets) {
     if (octets <= split_.item_room) return;
     const auto room = static_cast<size_t>(std::bit_ceil(octets));
-    records_ = std::make_unique_for_overwrite<ast_split_record_t[]>(room);
+    auto records = std::make_unique_for_overwrite<ast_split_record_t[]>(room);
     items_ = std::make_unique_for_overwrite<ast_split_item_t[]>(room);
+    records_ = std::move(records);
     split_.records = records_.get();
     split_.record_room = room;
     split_.items = items_.get();

@@ -13,10 +13,9 @@
 AST_BEGIN_DECLARATIONS
 
 /* What a piece of text is. */
-#define AST_DETAIL_PLAIN UINT32_C(0) /* words of the library or of the application's lookups, numbers */
-#define AST_DETAIL_RECEIVED                                                                                            \
-    UINT32_C(1)                       /* printable ASCII characters that the item carries, markup of any kind as well */
-#define AST_DETAIL_STRONG UINT32_C(2) /* such characters that are to stand out */
+#define AST_DETAIL_PLAIN UINT32_C(0)    /* words of the library or of the application's lookups, numbers */
+#define AST_DETAIL_RECEIVED UINT32_C(1) /* printable ASCII characters that the item carries, of any kind */
+#define AST_DETAIL_STRONG UINT32_C(2)   /* such characters that are to stand out */
 
 /** A piece of text, as it is to be read: nothing is escaped. */
 typedef struct {

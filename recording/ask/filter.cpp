@@ -54,7 +54,8 @@ constexpr TextName kTexts[] = {
 constexpr size_t kKeywordRoom = 128; // more characters than the text of any keyword takes
 
 std::string_view keyword_text(const ast_datarecord_t &record, uint32_t keyword, char (&text)[kKeywordRoom]) {
-    return {text, ast_datarecord_write_keyword(text, sizeof text, &record, keyword, AST_POSITION_DEGREES)};
+    return {text, static_cast<size_t>(
+                      ast_datarecord_write_keyword(text, sizeof text, &record, keyword, AST_POSITION_DEGREES))};
 }
 
 std::string_view text_of(const Quantity &quantity, const ast_answers_t &answers, char (&text)[kQuantityRoom]) {

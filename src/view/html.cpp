@@ -210,28 +210,21 @@ void HtmlWriter::link(const ast_detail_link_t &link) {
     append("</a>");
 }
 
+static std::span<const ViewText> of(const ViewText *texts, uint64_t count) {
+    return {texts, static_cast<size_t>(count)};
+}
+
 const ast_details_visitor_t HtmlView::kVisitor = {
-    .title =
-        [](void *html, const ViewText *pieces, uint64_t count) {
-            writer(html).title({pieces, count});
-        },
-    .paragraph =
-        [](void *html, const ViewText *pieces, uint64_t count) {
-            writer(html).paragraph({pieces, count});
-        },
+    .title = [](void *html, const ViewText *pieces, uint64_t count) { writer(html).title(of(pieces, count)); },
+    .paragraph = [](void *html, const ViewText *pieces, uint64_t count) { writer(html).paragraph(of(pieces, count)); },
     .table_begin =
         [](void *html, const ViewText *header, uint64_t count) {
             writer(html).table_begin();
-            writer(html).header_row({header, count});
+            writer(html).header_row(of(header, count));
         },
-    .row =
-        [](void *html, const ViewText *cells, uint64_t count) {
-            writer(html).row({cells, count});
-        },
-    .link_row =
-        [](void *html, const ViewText *cells, uint64_t count, const ast_detail_link_t *link) {
-            writer(html).link_row({cells, count}, *link);
-        },
+    .row = [](void *html, const ViewText *cells, uint64_t count) { writer(html).row(of(cells, count)); },
+    .link_row = [](void *html, const ViewText *cells, uint64_t count,
+                   const ast_detail_link_t *link) { writer(html).link_row(of(cells, count), *link); },
     .table_end = [](void *html) { writer(html).table_end(); },
     .bits = [](void *html, const uint8_t *octets, uint64_t count) { writer(html).bit_table(octets, count); },
 };

@@ -56,7 +56,7 @@ bool Detail::compound(TextBuffer &out, const ast_dataitem_t &item, const Reading
         const size_t begin = texts_.size();
         memo_.put(texts_, present.type, {present.data, present.size}, reading.number,
                   [&](TextBuffer &to) { subfield(to, item, reading, static_cast<uint32_t>(i + 1)); });
-        subfields_.push_back({i + 1, present.size, &names[i], begin});
+        subfields_.push_back({i + 1, present.size, &names[static_cast<size_t>(i)], begin});
     }
     below_title_ = false;
     put_title(out, "Primary Subfield");

@@ -31,7 +31,7 @@ struct Members {
 std::vector<std::string> subfield_paths(ast_dataitem_type_t type, const ast_uap_t &uap) {
     Members members{std::string_view(ast_dataitem_type_to_str(type)).size()};
     ast_dataitem_describe(type, uap, Members::take, &members);
-    std::vector<std::string> paths(1 + ast_dataitem_subfields_get_number(type));
+    std::vector<std::string> paths(1 + static_cast<size_t>(ast_dataitem_subfields_get_number(type)));
     auto next = members.paths.begin();
     for (uint32_t number = 1; number < paths.size() && next != members.paths.end(); ++number)
         if (ast_subfield_get_id(AST_SUBFIELD_TYPE(type, number)) != kSpare) paths[number] = std::move(*next++);
@@ -127,7 +127,7 @@ bool ItemViews::compound(DetailSink &sink, const ast_dataitem_t &item, const Rea
         const ast_subfield_t &subfield = split.subfields[number - 1];
         if (!subfield.present) continue;
         sink.title(texts("Subfield #", std::to_string(number), " - ", ast_subfield_get_name(subfield.type)));
-        if (subfield.data && subfield.size != 0) sink.bits({subfield.data, subfield.size});
+        if (subfield.data && subfield.size != 0) sink.bits(Octets(subfield.data, subfield.size));
         sink.paragraph(texts(""));
         subfield_detail(sink, item, reading, number);
     }

@@ -46,7 +46,8 @@ void write_address(CellWriter &out, const ListedRecord &record) { out.digits<16>
 // Writes what the record is asked for by a keyword, and returns whether there is anything.
 bool write_keyword(CellWriter &out, const ListedRecord &record, uint32_t keyword) {
     char text[kListValueRoom];
-    const uint64_t size = ast_datarecord_write_keyword(text, sizeof text, record.record, keyword, AST_POSITION_DEGREES);
+    const auto size = static_cast<size_t>(
+        ast_datarecord_write_keyword(text, sizeof text, record.record, keyword, AST_POSITION_DEGREES));
     out.put({text, size});
     return size != 0;
 }

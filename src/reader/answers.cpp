@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "core/limits.hpp"
 #include "reader/answer_tables.hpp"
-#include "reader/limits.hpp"
 
 namespace ast::reader {
 

@@ -11,7 +11,8 @@ struct Candidate {
     const ast_uap_t *uap;
     uint8_t tier;          // a higher one is only taken when it fits more blocks than all of a lower one
     bool is_mixed = false; // each record tells its own profile; those that do not are read with this one
-    const ast_uap_t *laid_out_as = nullptr; // another profile with the same items by FRN, which need not be asked
+    const ast_uap_t *laid_out_as = nullptr; // another profile whose items are as long and as plausible, FRN by FRN,
+    uint64_t but_for = 0;                   // but for these, as an FspecWord announces them
 };
 
 using Candidates = std::span<const Candidate>;
@@ -27,9 +28,11 @@ inline constexpr Candidate kServiceMessages[] = {{&AST_UAP_STANDARD, 0},
                                                  {&AST_UAP_ASR10SS, 2},
                                                  {&AST_UAP_ASR10SS_MK2, 2},
                                                  {&AST_UAP_MANAGAIR, 2}};
+// I021/271, which ends otherwise up to edition 2.1.
+inline constexpr uint64_t kSurfaceCapabilities = UINT64_C(1) << bit_of_frn(37);
 inline constexpr Candidate kAdsB[] = {{&AST_UAP_PUBLISHED, 0, false, &AST_UAP_CAT021_VER24},
                                       {&AST_UAP_CAT021_VER24, 0},
-                                      {&AST_UAP_CAT021_VER21, 0},
+                                      {&AST_UAP_CAT021_VER21, 0, false, &AST_UAP_CAT021_VER24, kSurfaceCapabilities},
                                       {&AST_UAP_CAT021_VER026, 0},
                                       {&AST_UAP_CAT021_VER023, 0},
                                       {&AST_UAP_THALES, 1}};
@@ -71,6 +74,13 @@ inline Candidates forced(const CategoryCandidates &own, const ast_uap_t &uap) {
         if (candidate.is_mixed ? is_standard : candidate.uap->get_dataitem == wanted->get_dataitem)
             return {&candidate, 1};
     return own.candidates;
+}
+
+// Whether records that announce no more than this read as well by one of two as by the other.
+inline bool are_alike(const Candidate &one, const Candidate &other, uint64_t announced) {
+    const auto layout = [](const Candidate &each) { return each.laid_out_as ? each.laid_out_as : each.uap; };
+    return &one == &other || (layout(one) == layout(other) && one.is_mixed == other.is_mixed &&
+                              (announced & (one.but_for | other.but_for)) == 0);
 }
 
 // Those of a category that a reader chooses from.

@@ -178,7 +178,7 @@ Group *find_group(ast_census_t &census, uint32_t category, const Candidate &cand
 // How the blocks of a source are read, or those of any source of a category of which none is known.
 struct Way {
     uint32_t category;
-    const Source *known;
+    Mask leading;               // none where nothing fitted
     const Candidate *candidate; // null where that is not settled
     Group *group;               // null where there is no room
     Reading reading;            // of a candidate that is not mixed
@@ -201,14 +201,14 @@ public:
 private:
     static constexpr size_t kWays = 8;
 
-    Way find_way(uint32_t category, const Source *known) const {
+    Way find_way(uint32_t category, const Source *known, Mask leading) const {
         static constexpr Source kUnknown{};
         const Candidates candidates = candidates_for(&reader_, category).candidates;
         const auto [tried, is_settled] = first_tried(known ? *known : kUnknown, candidates, false);
-        const Candidate &candidate = candidates[static_cast<size_t>(std::countr_zero(tried))];
+        const Candidate &candidate = candidates[first_of(tried)];
         const bool is_ambiguous = !std::has_single_bit(tried);
         return {.category = category,
-                .known = known,
+                .leading = leading,
                 .candidate = is_settled ? &candidate : nullptr,
                 .group = is_settled ? find_group(census_, category, candidate, is_ambiguous) : nullptr,
                 .reading = reading_of(candidate, category)};
@@ -216,9 +216,10 @@ private:
 
     const Way &way_of(const Block &block) {
         const Source *const known = find_known(reader_, block);
+        const Mask leading = known && known->blocks != 0 ? leading_of(*known) : 0;
         std::optional<Way> &way = ways_[block.category() % kWays];
-        if (!way || way->category != block.category() || way->known != known)
-            way.emplace(find_way(block.category(), known));
+        if (!way || way->category != block.category() || way->leading != leading)
+            way.emplace(find_way(block.category(), known, leading));
         return *way;
     }
 

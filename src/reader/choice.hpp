@@ -11,7 +11,8 @@ namespace ast::reader {
 
 // Of one that is not mixed.
 inline Reading reading_of(const Candidate &candidate, uint32_t category) {
-    Reading reading(category, candidate.laid_out_as ? *candidate.laid_out_as : *candidate.uap, size_item);
+    const bool is_laid_out_as = candidate.laid_out_as && candidate.but_for == 0;
+    Reading reading(category, is_laid_out_as ? *candidate.laid_out_as : *candidate.uap, size_item);
     reading.uap = candidate.uap;
     return reading;
 }

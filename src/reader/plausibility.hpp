@@ -1,9 +1,7 @@
 // How much of what an item says cannot be.
 #pragma once
 
-#include "reader/limits.hpp"
-#include "schema/number.hpp"
-#include "schema/texts.hpp"
+#include "schema/judgement.hpp"
 #include "schema/walk.hpp"
 
 namespace ast::reader {
@@ -18,8 +16,10 @@ public:
     void element() {}
     void open_register(const schema::Field &, uint32_t, uint64_t) {}
     void value(const schema::Field &field, uint64_t raw) {
-        if (field.kind == schema::Kind::Icao) return judge_characters(field, raw);
-        if (field.is_quantity()) judge(field, field.meaning ? field.meaning : "", schema::number_of(field, raw));
+        if (field.kind == schema::Kind::Icao) count_ += schema::undefined_characters(field.bits, raw);
+        if (!field.is_quantity()) return;
+        const int64_t steps = schema::steps_of(field.bits, field.kind == schema::Kind::Signed, raw);
+        count_ += !schema::limits_of(field).allow(steps);
     }
     void octets(const schema::Field &field, const uint8_t *data, uint64_t count) {
         if (field.kind != schema::Kind::Ascii) return;
@@ -27,18 +27,6 @@ public:
     }
 
 private:
-    static constexpr unsigned kTimeOfDayBits = 24;
-
-    void judge(const schema::Field &field, std::string_view unit, double number) {
-        if (unit == "s") count_ += field.bits == kTimeOfDayBits && number >= kDayS;
-        if (unit == "°") count_ += field.name() == "LAT" && (number < -kMaxLatitudeDeg || number > kMaxLatitudeDeg);
-        if (unit == "FL") count_ += number < kLowestLevelFl || number > kHighestLevelFl;
-    }
-    void judge_characters(const schema::Field &field, uint64_t raw) {
-        for (unsigned i = 0; i < field.bits / schema::kIcaoBits; ++i)
-            count_ += schema::icao_character(field, raw, i) == schema::kUndefinedCharacter;
-    }
-
     uint32_t count_ = 0;
 };
 
@@ -48,11 +36,16 @@ inline bool is_of_other_direction(const ast_uap_t &uap, uint8_t message) {
     return is_request != (uap.get_dataitem == AST_UAP_PUBLISHED_OTHER.get_dataitem);
 }
 
-// Of one item; one that cannot be read at all is as bad as a value.
-inline uint32_t flaws_of(const ast_uap_t &uap, ast_dataitem_type_t type, const uint8_t *data, uint64_t size) {
+// Of one item as a record of a profile carries it, by the edition of that; one that cannot be read at all is as bad as
+// a value.
+inline uint32_t flaws_of(const schema::Edition *edition, const ast_uap_t &uap, ast_dataitem_type_t type,
+                         const uint8_t *data, uint64_t size) {
+    if (type == AST_DATAITEM_TYPE(7, 410)) return is_of_other_direction(uap, data[0]) ? 1 : 0;
+    const uint32_t place = edition ? edition->place_of(item_number(type)) : 0;
+    if (place != 0 && edition->judgements[place - 1].by != schema::Judgement::By::Walk)
+        return schema::flaws_by(edition->judgements[place - 1], data, size);
     const schema::Field *const field = schema::find_item(type, uap);
     if (!field) return 0;
-    if (type == AST_DATAITEM_TYPE(7, 410)) return is_of_other_direction(uap, data[0]) ? 1 : 0;
     Flaws flaws;
     const schema::Context context{uap, type / kItemNumbers, 0};
     const bool is_read = schema::Walk<Flaws>(schema::BitReader(data, size, 0), flaws, context).field(field);

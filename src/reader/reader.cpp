@@ -27,33 +27,25 @@ struct Place {
     ast_dataitem_type_t type = AST_DATAITEM_NONE;
 };
 
-// A store of which nothing is left but where it ended and, when somebody asks, how plausible it was.
+// A store of which nothing is left but where it ended.
 class Look {
 public:
-    Look(const CandidateBlock &block, const ast_uap_t &uap, bool judges) : block_(block), uap_(uap), judges_(judges) {}
+    Look(const CandidateBlock &block, const ast_uap_t &uap) : block_(block), uap_(uap) {}
 
     static uint64_t room() { return UINT32_MAX; }
     static int next() { return 0; }
     static void take(int) {}
-    void put(int &, const uint8_t *data, uint64_t size, ast_dataitem_type_t type, uint64_t) {
-        if (!judges_) return;
-        flaws_ += flaws_of(uap_, type, data, size);
-        // A layout of its own stands for the item whose place it takes.
-        const uint16_t variant_of = find_item(type).variant_of;
-        const uint16_t number = variant_of ? variant_of : item_number(type);
-        for (size_t i = 0; i < block_.own.mandatory.size(); ++i)
-            for (const uint16_t item : block_.own.mandatory[i].items) found_ |= item == number ? 1U << i : 0;
-    }
+    static void put(int, const uint8_t *, uint64_t, ast_dataitem_type_t, uint64_t) {}
     void break_off(uint32_t reason, const uint8_t *at, uint32_t frn, ast_dataitem_type_t type) {
         // What the registry knows by name alone has its published size.
         const bool is_cut = reason == AST_SPLIT_UNSUPPORTED && schema::find_item(type, uap_);
         place_ = {is_cut ? AST_SPLIT_ITEM_CUT : reason, static_cast<uint64_t>(at - block_.data), frn, type};
     }
-    void end_record() {
-        ++records_;
-        flaws_ += static_cast<uint32_t>(block_.own.mandatory.size()) - static_cast<uint32_t>(std::popcount(found_));
-        found_ = 0;
+    void begin_record(const uint8_t *data, uint64_t left) {
+        const FspecWord fspec = read_fspec_word(data, left);
+        announced_ |= fspec.octets == 0 ? UINT64_MAX : fspec.announced;
     }
+    static void end_record() {}
 
     // The walk is over, at an offset that is that of the fault unless it was told before.
     void end_block(uint64_t offset) {
@@ -64,22 +56,54 @@ public:
 
     bool is_whole() const { return place_.reason == AST_SPLIT_WHOLE; }
     const Place &place() const { return place_; }
+    uint64_t announced() const { return announced_; } // by any of the records
+
+protected:
+    const CandidateBlock &block_;
+    const ast_uap_t &uap_;
+
+private:
+    Place place_;
+    uint64_t announced_ = 0;
+};
+
+// One that keeps how plausible it was, too.
+class JudgingLook : public Look {
+public:
+    JudgingLook(const CandidateBlock &block, const ast_uap_t &uap)
+        : Look(block, uap),
+          edition_(schema::find_edition(block.category(), uap)),
+          own_(find_category(block.category())) {}
+
+    void put(int, const uint8_t *data, uint64_t size, ast_dataitem_type_t type, uint64_t) {
+        flaws_ += flaws_of(edition_, uap_, type, data, size);
+        // A layout of its own stands for the item whose place it takes.
+        const uint16_t variant_of = find_item(own_, item_number(type)).variant_of;
+        const uint16_t number = variant_of ? variant_of : item_number(type);
+        for (size_t i = 0; i < block_.own.mandatory.size(); ++i)
+            for (const uint16_t item : block_.own.mandatory[i].items) found_ |= item == number ? 1U << i : 0;
+    }
+    void end_record() {
+        ++records_;
+        flaws_ += static_cast<uint32_t>(block_.own.mandatory.size()) - static_cast<uint32_t>(std::popcount(found_));
+        found_ = 0;
+    }
+
     uint32_t flaws() const { return flaws_; }
     uint32_t records() const { return records_; }
 
 private:
-    Place place_;
+    const schema::Edition *edition_;
+    const Category &own_;
     uint32_t records_ = 0;
-    const CandidateBlock &block_;
-    const ast_uap_t &uap_;
-    bool judges_;
     uint32_t flaws_ = 0;
     uint32_t found_ = 0; // of the mandatory items of this record
 };
 
-template <typename Choose>
-void look_by(Look &look, const CandidateBlock &block, Choose choose) {
+template <typename Store, typename Choose>
+void look_by(Store &look, const CandidateBlock &block, Choose choose) {
     const auto take = [&](const uint8_t *data, uint64_t left, const Reading &reading) {
+        look.begin_record(data, left);
         const uint64_t octets = read_record(reading, data, left, look).octets;
         if (octets != 0) look.end_record();
         return octets;
@@ -87,26 +111,46 @@ void look_by(Look &look, const CandidateBlock &block, Choose choose) {
     look.end_block(walk_records(block.data, block.length, std::min(block.available, kMaxAvailable), choose, take));
 }
 
-Look look_at(const CandidateBlock &block, const Candidate &by, bool judges = false) {
-    Look look(block, *by.uap, judges);
+template <typename Store = Look>
+Store look_at(const CandidateBlock &block, const Candidate &by) {
+    Store look(block, *by.uap);
     with_choice(by, block.category(), [&](const auto &choice) { look_by(look, block, chooser(choice)); });
     return look;
 }
 
-Mask fitting(const CandidateBlock &block, Mask among) {
+// Looks once for all those by which the block reads alike: `visit(look, they)`.
+template <typename Store = Look, typename Visitor>
+void each_look(const CandidateBlock &block, Mask among, Visitor visit) {
+    const Candidates &candidates = block.own.candidates;
+    while (among != 0) {
+        const Store look = look_at<Store>(block, candidates[first_of(among)]);
+        const Mask alike = alike_first(candidates, among, look.announced());
+        visit(look, alike);
+        among &= ~alike;
+    }
+}
+
+struct Fitting {
     Mask fits = 0;
-    each(among, [&](size_t i) { fits |= look_at(block, block.own.candidates[i]).is_whole() ? bit_of(i) : 0; });
-    return fits;
+    uint64_t announced = 0; // by the records
+};
+
+Fitting fitting(const CandidateBlock &block, Mask among) {
+    Fitting found;
+    each_look(block, among, [&](const Look &look, Mask alike) {
+        found.fits |= look.is_whole() ? alike : 0;
+        found.announced |= look.announced();
+    });
+    return found;
 }
 
 size_t furthest(const CandidateBlock &block, Mask among) {
     size_t best = 0;
     uint64_t end = 0;
-    each(among, [&](size_t i) {
-        const Look look = look_at(block, block.own.candidates[i]);
+    each_look(block, among, [&](const Look &look, Mask alike) {
         if (look.place().end <= end) return;
         end = look.place().end;
-        best = i;
+        best = first_of(alike);
     });
     return best;
 }
@@ -115,7 +159,7 @@ size_t furthest(const CandidateBlock &block, Mask among) {
 Mask lowest_tier(const Candidates &candidates, Mask among) {
     Mask lowest = 0;
     each(among, [&](size_t i) {
-        if (candidates[i].tier == candidates[static_cast<size_t>(std::countr_zero(among))].tier) lowest |= bit_of(i);
+        if (candidates[i].tier == candidates[first_of(among)].tier) lowest |= bit_of(i);
     });
     return lowest;
 }
@@ -125,27 +169,34 @@ bool judge(Source &source, const CandidateBlock &block, Mask fits) {
     const Mask rivals = lowest_tier(block.own.candidates, fits);
     if (source.judged >= kJudgedRecords || std::has_single_bit(rivals)) return false;
     uint32_t records = 0;
-    each(rivals, [&](size_t i) {
-        const Look look = look_at(block, block.own.candidates[i], true);
-        source.flaws[i] += look.flaws();
+    each_look<JudgingLook>(block, rivals, [&](const JudgingLook &look, Mask alike) {
+        each(alike, [&](size_t i) { source.flaws[i] += look.flaws(); });
         records = look.records();
     });
     source.judged += records;
     return true;
 }
 
-// Which candidates fit a block, told to its source.
+// Which candidates fit a block, told to its source. Once that is sure, others are not tried while what leads fits, and
+// it is not judged, which would tell nothing of them.
 Mask learn(Source &source, const CandidateBlock &block, Mask tried) {
-    const Mask all = all_of(block.own.candidates.size());
-    Mask fits = fitting(block, tried);
+    const Candidates &candidates = block.own.candidates;
+    const Mask all = all_of(candidates.size());
+    const bool sure = is_sure(source, candidates);
+    const Mask needless = sure ? tried & hopeless(source, candidates) : 0;
+    const Fitting first = fitting(block, tried & ~needless);
+    Mask fits = first.fits;
+    const bool is_as_before = sure && fits == leading_of(source) && are_one_kind(candidates, fits, first.announced);
+    if (!is_as_before && needless != 0) fits |= fitting(block, needless).fits;
     if (fits == 0 && tried != all) {
-        fits = fitting(block, all & ~tried);
+        fits = fitting(block, all & ~tried).fits;
         tried = all;
     }
     if (fits == 0) return 0;
     each(tried & ~fits, [&](size_t i) { ++source.misses[i]; });
-    const bool is_judged = judge(source, block, fits);
-    if (source.blocks++ == 0 || is_judged || fits != tried) source.leading = leaders(source, block.own.candidates, all);
+    const bool is_judged = !is_as_before && judge(source, block, fits);
+    if (source.blocks == 0 || is_judged || (!is_as_before && fits != tried))
+        set_leading(source, leaders(source, candidates, all));
     return fits;
 }
 
@@ -159,8 +210,9 @@ struct Choice {
 Choice choose(const Source &source, const CandidateBlock &block, Mask fits) {
     const Mask all = all_of(block.own.candidates.size());
     if (fits == 0 && source.blocks == 0) return {furthest(block, all), false};
-    const Mask leading = leaders(source, block.own.candidates, fits ? fits : all);
-    return {static_cast<size_t>(std::countr_zero(leading)), !std::has_single_bit(leading)};
+    const bool is_as_before = fits != 0 && fits == leading_of(source);
+    const Mask leading = is_as_before ? fits : leaders(source, block.own.candidates, fits ? fits : all);
+    return {first_of(leading), !std::has_single_bit(leading)};
 }
 
 void set_place(ast_reader_result_t &result, const Place &place) {
@@ -177,12 +229,37 @@ void describe(ast_reader_result_t &result, const Candidate &candidate) {
     result.edition = description.edition;
 }
 
-bool learns_by_reading(const ast_reader_t *reader) { return !reader || !reader->frozen; }
+enum class Purpose { Learn, Read, ReadAndLearn };
+
+Purpose purpose_of(const ast_reader_t *reader) {
+    return !reader || !reader->frozen ? Purpose::ReadAndLearn : Purpose::Read;
+}
+
+// Whether a block is as those of the source that speaks for its category.
+bool is_spoken_for(const Source *spokesman, const CandidateBlock &block) {
+    if (!spokesman) return false;
+    const auto look = look_at<JudgingLook>(block, block.own.candidates[first_of(leading_of(*spokesman))]);
+    return look.is_whole() && look.flaws() == 0;
+}
+
+struct OwnSource {
+    Source *source;
+    bool is_spoken_for = false;
+};
+
+// The place of the source that a block tells something of.
+OwnSource learning_source(ast_reader_t &reader, const CandidateBlock &block) {
+    const uint32_t key = key_of(block);
+    if (Source *const known = find_source(reader, key)) return {known};
+    Source *const spokesman = find_spokesman(reader, block.own.candidates, block.category());
+    if (is_spoken_for(spokesman, block)) return {spokesman, true};
+    return {&add_source(reader, key)};
+}
 
 // Reads a block into what `read(candidate, category)` fills, which tells whether it became valid.
 template <typename Read>
-bool read_block(ast_reader_t *reader, bool learns, const uint8_t *data, uint64_t available, ast_reader_result_t &result,
-                Read read) {
+bool read_block(ast_reader_t *reader, Purpose purpose, const uint8_t *data, uint64_t available,
+                ast_reader_result_t &result, Read read) {
     static constexpr Candidate kStandard{&AST_UAP_STANDARD, 0};
     const bool has_header = data && available >= kBlockHeaderOctets;
     result = {};
@@ -197,28 +274,33 @@ bool read_block(ast_reader_t *reader, bool learns, const uint8_t *data, uint64_t
     }
 
     const CandidateBlock block{{data, available, result.length}, candidates_for(reader, result.category)};
+    const bool learns = purpose != Purpose::Read;
     const Source *const known = reader && !learns ? find_known(*reader, block) : nullptr;
-    Source own = known ? *known : Source{};
-    Source &source = reader && learns ? find_source(*reader, key_of(block)) : own;
-    const auto [tried, is_settled] = first_tried(source, block.own.candidates, learns);
-    const auto is_read_with = [&](const Choice &choice) {
+    Source unshared = known ? *known : Source{};
+    const OwnSource own = reader && learns ? learning_source(*reader, block) : OwnSource{&unshared};
+    Source &source = *own.source;
+    const auto count = [&] { reader &&learns ? count_block(*reader, source) : static_cast<void>(++source.blocks); };
+    const Trial trial =
+        own.is_spoken_for ? Trial{leading_of(source), true} : first_tried(source, block.own.candidates, learns);
+    const auto is_read_with = [&](const Choice &choice, bool is_known_to_fit) {
         const Candidate &candidate = block.own.candidates[choice.candidate];
         describe(result, candidate);
         result.ambiguous = choice.is_ambiguous;
         result.end = result.length;
-        result.valid = read(candidate, result.category);
+        result.valid = (is_known_to_fit && purpose == Purpose::Learn) || read(candidate, result.category);
         result.reason = result.valid ? AST_SPLIT_WHOLE : AST_SPLIT_NO_ROOM;
         return result.valid;
     };
-    const Choice first{static_cast<size_t>(std::countr_zero(tried)), !std::has_single_bit(tried)};
-    if (is_settled && is_read_with(first)) {
-        ++source.blocks;
+    const Choice first{first_of(trial.tried), !std::has_single_bit(trial.tried)};
+    if (trial.is_settled && is_read_with(first, own.is_spoken_for)) {
+        count();
         return true;
     }
 
-    const Mask fits = learn(source, block, tried);
+    const Mask fits = learn(source, block, trial.tried);
+    if (fits != 0) count();
     const Choice choice = choose(source, block, fits);
-    is_read_with(choice);
+    is_read_with(choice, fits != 0);
     if (fits != 0) return result.valid;
     set_place(result, look_at(block, block.own.candidates[choice.candidate]).place());
     return result.valid = false;
@@ -229,9 +311,7 @@ bool is_whole_block(const uint8_t *data, uint64_t available) {
     if (!data || available < kBlockHeaderOctets) return false;
     const CandidateBlock block{{data, available, read_u16(data + 1)}, find_candidates(data[0])};
     if (block.length < kBlockHeaderOctets || block.length > available) return false;
-    for (const Candidate &candidate : block.own.candidates)
-        if (look_at(block, candidate).is_whole()) return true;
-    return false;
+    return fitting(block, all_of(block.own.candidates.size())).fits != 0;
 }
 
 // A result for those who do not ask for one.
@@ -255,13 +335,12 @@ bool ast_reader_decode(ast_reader_t *reader, ast_datablock_t *block, const uint8
                        ast_reader_result_t *result) {
     if (!block) return ast_reader_learn(reader, data, available, result);
     Answer answer(result);
-    const bool is_valid = read_block(reader, learns_by_reading(reader), data, available, *answer,
-                                     [&](const Candidate &candidate, uint32_t category) {
-                                         with_choice(candidate, category, [&](const auto &choice) {
-                                             decode_block(*block, data, available, choice);
-                                         });
-                                         return block->valid;
-                                     });
+    const bool is_valid = read_block(
+        reader, purpose_of(reader), data, available, *answer, [&](const Candidate &candidate, uint32_t category) {
+            with_choice(candidate, category,
+                        [&](const auto &choice) { decode_block(*block, data, available, choice); });
+            return block->valid;
+        });
     if ((*answer).reason == AST_SPLIT_NO_ROOM) {
         const ast_datarecord_t *const last = block->record_count ? &block->records[block->record_count - 1] : nullptr;
         (*answer).end = last ? static_cast<uint64_t>(last->data - data) + last->size : kBlockHeaderOctets;
@@ -273,12 +352,11 @@ bool ast_reader_split(ast_reader_t *reader, ast_split_t *split, const uint8_t *d
                       ast_reader_result_t *result) {
     if (!split) return ast_reader_learn(reader, data, available, result);
     Answer answer(result);
-    const bool is_valid = read_block(reader, learns_by_reading(reader), data, available, *answer,
-                                     [&](const Candidate &candidate, uint32_t category) {
-                                         return with_choice(candidate, category, [&](const auto &choice) {
-                                             return split_block(*split, data, available, choice);
-                                         });
-                                     });
+    const bool is_valid = read_block(
+        reader, purpose_of(reader), data, available, *answer, [&](const Candidate &candidate, uint32_t category) {
+            return with_choice(candidate, category,
+                               [&](const auto &choice) { return split_block(*split, data, available, choice); });
+        });
     if ((*answer).reason == AST_SPLIT_NO_ROOM) (*answer).end = split->end;
     return is_valid;
 }
@@ -286,9 +364,10 @@ bool ast_reader_split(ast_reader_t *reader, ast_split_t *split, const uint8_t *d
 bool ast_reader_learn(ast_reader_t *reader, const uint8_t *data, uint64_t available, ast_reader_result_t *result) {
     if (!reader && !result) return is_whole_block(data, available);
     Answer answer(result);
-    return read_block(reader, true, data, available, *answer, [&](const Candidate &candidate, uint32_t category) {
-        const CandidateBlock block{{data, available, (*answer).length}, find_candidates(category)};
-        const bool is_whole = block.length >= kBlockHeaderOctets && block.length <= available;
-        return is_whole && look_at(block, candidate).is_whole();
-    });
+    return read_block(reader, Purpose::Learn, data, available, *answer,
+                      [&](const Candidate &candidate, uint32_t category) {
+                          const CandidateBlock block{{data, available, (*answer).length}, find_candidates(category)};
+                          const bool is_whole = block.length >= kBlockHeaderOctets && block.length <= available;
+                          return is_whole && look_at(block, candidate).is_whole();
+                      });
 }

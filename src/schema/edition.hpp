@@ -1,6 +1,7 @@
 // Where the tables are: the items of each edition of each category, and which FRN announces them.
 #pragma once
 
+#include "schema/judgement.hpp"
 #include "schema/piece.hpp"
 
 namespace ast::schema {
@@ -38,6 +39,7 @@ struct Edition {
     const Item *items = nullptr;
     uint32_t item_count = 0;
     const Writer *writers = nullptr;    // of the items
+    const Judgement *judgements = nullptr;
     Profile profile;                    // none for an edition that the profiles of the codec cover
     Profile other_profile;              // of a category that has two: plots of category 001, uplink of category 007
     std::array<uint8_t, 1000> places{}; // of an item number in items, counted from 1

@@ -16,6 +16,7 @@ consteval Edition edition(uint32_t category, const char *number, const char *tit
                     .items = items,
                     .item_count = count,
                     .writers = kWritersOf<kItems>.data(),
+                    .judgements = kJudgementsOf<kItems>.data(),
                     .profile = profile,
                     .other_profile = other_profile};
     for (size_t i = 0; i < count; ++i) {

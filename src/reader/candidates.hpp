@@ -1,6 +1,7 @@
 // Which profiles a block of a category may have been written by.
 #pragma once
 
+#include <array>
 #include <span>
 
 #include "codec/category.hpp"
@@ -37,23 +38,29 @@ inline constexpr Candidate kAdsB[] = {{&AST_UAP_PUBLISHED, 0, false, &AST_UAP_CA
                                       {&AST_UAP_CAT021_VER023, 0},
                                       {&AST_UAP_THALES, 1}};
 
-// What a record has to have: one item of each row.
-struct Mandatory {
-    uint16_t items[2];
-};
-inline constexpr Mandatory kAdsBMandatory[] = {{{10, 10}}, {{40, 40}}, {{80, 161}}};
+// What a record has to have: one item of each group, whose bit stands at the numbers of its items.
+using Mandatory = std::array<uint8_t, kItemNumbers>;
+inline constexpr Mandatory kAdsBMandatory = [] {
+    Mandatory groups{};
+    groups[10] = 1;
+    groups[40] = 2;
+    groups[80] = groups[161] = 4;
+    return groups;
+}();
+
+inline constexpr uint32_t kAllMandatory = 7;
 
 struct CategoryCandidates {
     uint32_t category;
     Candidates candidates;
-    std::span<const Mandatory> mandatory{};
+    const Mandatory *mandatory = nullptr;
     const ast_uap_t *standard = &AST_UAP_STANDARD; // what the standard profile leaves the category to
 };
 
 inline constexpr CategoryCandidates kByCategory[] = {
     {1, kTargetReports},
     {2, kServiceMessages},
-    {21, kAdsB, kAdsBMandatory, &AST_UAP_CAT021_VER026},
+    {21, kAdsB, &kAdsBMandatory, &AST_UAP_CAT021_VER026},
 };
 
 inline CategoryCandidates find_candidates(uint32_t category) {

@@ -77,15 +77,11 @@ public:
 
     void put(int, const uint8_t *data, uint64_t size, ast_dataitem_type_t type, uint64_t) {
         flaws_ += flaws_of(edition_, uap_, type, data, size);
-        // A layout of its own stands for the item whose place it takes.
-        const uint16_t variant_of = find_item(own_, item_number(type)).variant_of;
-        const uint16_t number = variant_of ? variant_of : item_number(type);
-        for (size_t i = 0; i < block_.own.mandatory.size(); ++i)
-            for (const uint16_t item : block_.own.mandatory[i].items) found_ |= item == number ? 1U << i : 0;
+        if (mandatory_) found_ |= (*mandatory_)[kept_number(item_number(type))];
     }
     void end_record() {
         ++records_;
-        flaws_ += static_cast<uint32_t>(block_.own.mandatory.size()) - static_cast<uint32_t>(std::popcount(found_));
+        if (mandatory_) flaws_ += static_cast<uint32_t>(std::popcount(kAllMandatory & ~found_));
         found_ = 0;
     }
 
@@ -93,11 +89,19 @@ public:
     uint32_t records() const { return records_; }
 
 private:
+    // The item whose place one with a layout of its own takes.
+    uint16_t kept_number(uint16_t number) const {
+        constexpr uint16_t kOwnLayouts = 900;
+        const uint16_t variant_of = number < kOwnLayouts ? uint16_t{0} : find_item(own_, number).variant_of;
+        return variant_of ? variant_of : number;
+    }
+
     const schema::Edition *edition_;
     const Category &own_;
+    const Mandatory *mandatory_ = block_.own.mandatory;
     uint32_t records_ = 0;
     uint32_t flaws_ = 0;
-    uint32_t found_ = 0; // of the mandatory items of this record
+    uint32_t found_ = 0; // of the mandatory groups of this record
 };
 
 template <typename Store, typename Choose>
@@ -229,17 +233,11 @@ void describe(ast_reader_result_t &result, const Candidate &candidate) {
     result.edition = description.edition;
 }
 
-enum class Purpose { Learn, Read, ReadAndLearn };
+bool learns_by_reading(const ast_reader_t *reader) { return !reader || !reader->frozen; }
 
-Purpose purpose_of(const ast_reader_t *reader) {
-    return !reader || !reader->frozen ? Purpose::ReadAndLearn : Purpose::Read;
-}
-
-// Whether a block is as those of the source that speaks for its category.
+// Whether a block is read by what speaks for its category, as it is once nothing is learnt any more.
 bool is_spoken_for(const Source *spokesman, const CandidateBlock &block) {
-    if (!spokesman) return false;
-    const auto look = look_at<JudgingLook>(block, block.own.candidates[first_of(leading_of(*spokesman))]);
-    return look.is_whole() && look.flaws() == 0;
+    return spokesman && look_at(block, block.own.candidates[first_of(leading_of(*spokesman))]).is_whole();
 }
 
 struct OwnSource {
@@ -258,8 +256,8 @@ OwnSource learning_source(ast_reader_t &reader, const CandidateBlock &block) {
 
 // Reads a block into what `read(candidate, category)` fills, which tells whether it became valid.
 template <typename Read>
-bool read_block(ast_reader_t *reader, Purpose purpose, const uint8_t *data, uint64_t available,
-                ast_reader_result_t &result, Read read) {
+bool read_block(ast_reader_t *reader, bool learns, const uint8_t *data, uint64_t available, ast_reader_result_t &result,
+                Read read) {
     static constexpr Candidate kStandard{&AST_UAP_STANDARD, 0};
     const bool has_header = data && available >= kBlockHeaderOctets;
     result = {};
@@ -274,7 +272,6 @@ bool read_block(ast_reader_t *reader, Purpose purpose, const uint8_t *data, uint
     }
 
     const CandidateBlock block{{data, available, result.length}, candidates_for(reader, result.category)};
-    const bool learns = purpose != Purpose::Read;
     const Source *const known = reader && !learns ? find_known(*reader, block) : nullptr;
     Source unshared = known ? *known : Source{};
     const OwnSource own = reader && learns ? learning_source(*reader, block) : OwnSource{&unshared};
@@ -282,17 +279,17 @@ bool read_block(ast_reader_t *reader, Purpose purpose, const uint8_t *data, uint
     const auto count = [&] { reader &&learns ? count_block(*reader, source) : static_cast<void>(++source.blocks); };
     const Trial trial =
         own.is_spoken_for ? Trial{leading_of(source), true} : first_tried(source, block.own.candidates, learns);
-    const auto is_read_with = [&](const Choice &choice, bool is_known_to_fit) {
+    const auto is_read_with = [&](const Choice &choice) {
         const Candidate &candidate = block.own.candidates[choice.candidate];
         describe(result, candidate);
         result.ambiguous = choice.is_ambiguous;
         result.end = result.length;
-        result.valid = (is_known_to_fit && purpose == Purpose::Learn) || read(candidate, result.category);
+        result.valid = read(candidate, result.category);
         result.reason = result.valid ? AST_SPLIT_WHOLE : AST_SPLIT_NO_ROOM;
         return result.valid;
     };
     const Choice first{first_of(trial.tried), !std::has_single_bit(trial.tried)};
-    if (trial.is_settled && is_read_with(first, own.is_spoken_for)) {
+    if (trial.is_settled && is_read_with(first)) {
         count();
         return true;
     }
@@ -300,18 +297,38 @@ bool read_block(ast_reader_t *reader, Purpose purpose, const uint8_t *data, uint
     const Mask fits = learn(source, block, trial.tried);
     if (fits != 0) count();
     const Choice choice = choose(source, block, fits);
-    is_read_with(choice, fits != 0);
+    is_read_with(choice);
     if (fits != 0) return result.valid;
     set_place(result, look_at(block, block.own.candidates[choice.candidate]).place());
     return result.valid = false;
 }
 
-// Where nothing is to be known but whether any profile fits.
-bool is_whole_block(const uint8_t *data, uint64_t available) {
+// Whether a block is all that is known of its source again.
+bool is_as_before(const Source &source, const CandidateBlock &block) {
+    const Candidates &candidates = block.own.candidates;
+    if (!is_sure(source, candidates)) return false;
+    const Mask leading = leading_of(source);
+    const Look look = look_at(block, candidates[first_of(leading)]);
+    return look.is_whole() && are_one_kind(candidates, leading, look.announced());
+}
+
+// Whether any profile fits a block, told to its source where there is a reader.
+bool learn_block(ast_reader_t *reader, const uint8_t *data, uint64_t available) {
     if (!data || available < kBlockHeaderOctets) return false;
-    const CandidateBlock block{{data, available, read_u16(data + 1)}, find_candidates(data[0])};
+    const CandidateBlock block{{data, available, read_u16(data + 1)}, candidates_for(reader, data[0])};
     if (block.length < kBlockHeaderOctets || block.length > available) return false;
-    return fitting(block, all_of(block.own.candidates.size())).fits != 0;
+    const Candidates &candidates = block.own.candidates;
+    if (!reader) return fitting(block, all_of(candidates.size())).fits != 0;
+    const OwnSource own = learning_source(*reader, block);
+    Source &source = *own.source;
+    const auto fits = [&] {
+        const auto [tried, is_settled] = first_tried(source, candidates, true);
+        if (is_settled && look_at(block, candidates[first_of(tried)]).is_whole()) return true;
+        return learn(source, block, tried) != 0;
+    };
+    const bool is_whole = own.is_spoken_for || is_as_before(source, block) || fits();
+    if (is_whole) count_block(*reader, source);
+    return is_whole;
 }
 
 // A result for those who do not ask for one.
@@ -335,12 +352,13 @@ bool ast_reader_decode(ast_reader_t *reader, ast_datablock_t *block, const uint8
                        ast_reader_result_t *result) {
     if (!block) return ast_reader_learn(reader, data, available, result);
     Answer answer(result);
-    const bool is_valid = read_block(
-        reader, purpose_of(reader), data, available, *answer, [&](const Candidate &candidate, uint32_t category) {
-            with_choice(candidate, category,
-                        [&](const auto &choice) { decode_block(*block, data, available, choice); });
-            return block->valid;
-        });
+    const bool is_valid = read_block(reader, learns_by_reading(reader), data, available, *answer,
+                                     [&](const Candidate &candidate, uint32_t category) {
+                                         with_choice(candidate, category, [&](const auto &choice) {
+                                             decode_block(*block, data, available, choice);
+                                         });
+                                         return block->valid;
+                                     });
     if ((*answer).reason == AST_SPLIT_NO_ROOM) {
         const ast_datarecord_t *const last = block->record_count ? &block->records[block->record_count - 1] : nullptr;
         (*answer).end = last ? static_cast<uint64_t>(last->data - data) + last->size : kBlockHeaderOctets;
@@ -352,22 +370,21 @@ bool ast_reader_split(ast_reader_t *reader, ast_split_t *split, const uint8_t *d
                       ast_reader_result_t *result) {
     if (!split) return ast_reader_learn(reader, data, available, result);
     Answer answer(result);
-    const bool is_valid = read_block(
-        reader, purpose_of(reader), data, available, *answer, [&](const Candidate &candidate, uint32_t category) {
-            return with_choice(candidate, category,
-                               [&](const auto &choice) { return split_block(*split, data, available, choice); });
-        });
+    const bool is_valid = read_block(reader, learns_by_reading(reader), data, available, *answer,
+                                     [&](const Candidate &candidate, uint32_t category) {
+                                         return with_choice(candidate, category, [&](const auto &choice) {
+                                             return split_block(*split, data, available, choice);
+                                         });
+                                     });
     if ((*answer).reason == AST_SPLIT_NO_ROOM) (*answer).end = split->end;
     return is_valid;
 }
 
 bool ast_reader_learn(ast_reader_t *reader, const uint8_t *data, uint64_t available, ast_reader_result_t *result) {
-    if (!reader && !result) return is_whole_block(data, available);
-    Answer answer(result);
-    return read_block(reader, Purpose::Learn, data, available, *answer,
-                      [&](const Candidate &candidate, uint32_t category) {
-                          const CandidateBlock block{{data, available, (*answer).length}, find_candidates(category)};
-                          const bool is_whole = block.length >= kBlockHeaderOctets && block.length <= available;
-                          return is_whole && look_at(block, candidate).is_whole();
-                      });
+    if (!result) return learn_block(reader, data, available);
+    return read_block(reader, true, data, available, *result, [&](const Candidate &candidate, uint32_t category) {
+        const CandidateBlock block{{data, available, result->length}, find_candidates(category)};
+        const bool is_whole = block.length >= kBlockHeaderOctets && block.length <= available;
+        return is_whole && look_at(block, candidate).is_whole();
+    });
 }

@@ -34,6 +34,7 @@ uint64_t size_item(const ItemRow &row, ast_dataitem_type_t type, const ast_uap_t
                    uint64_t left) {
     const SizeRule &rule = row.handlers.size;
     if (type == AST_DATAITEM_NONE || left == 0) return 0;
+    if (rule.kind == SizeRule::Kind::Fixed && !rule.is_disputed && rule.octets <= left) return rule.octets;
     const schema::Field *const item = schema::find_item(type, uap);
     if (item && may_be_newer(rule, data, left)) return published_size(item, type, uap, data, left);
     if (const uint64_t size = item && rule.is_disputed ? published_size(item, type, uap, data, left) : 0) return size;

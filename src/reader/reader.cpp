@@ -41,9 +41,10 @@ public:
         const bool is_cut = reason == AST_SPLIT_UNSUPPORTED && schema::find_item(type, uap_);
         place_ = {is_cut ? AST_SPLIT_ITEM_CUT : reason, static_cast<uint64_t>(at - block_.data), frn, type};
     }
-    void begin_record(const uint8_t *data, uint64_t left) {
-        const FspecWord fspec = read_fspec_word(data, left);
-        announced_ |= fspec.octets == 0 ? UINT64_MAX : fspec.announced;
+    // Whether the record that begins here is to be read.
+    bool begin_record(const Reading &, const uint8_t *data, uint64_t left) {
+        add_announced(read_fspec_word(data, left));
+        return true;
     }
     static void end_record() {}
 
@@ -59,12 +60,30 @@ public:
     uint64_t announced() const { return announced_; } // by any of the records
 
 protected:
+    void add_announced(const FspecWord &fspec) { announced_ |= fspec.octets == 0 ? UINT64_MAX : fspec.announced; }
+
     const CandidateBlock &block_;
     const ast_uap_t &uap_;
 
 private:
     Place place_;
     uint64_t announced_ = 0;
+};
+
+// One that only keeps whether the block is whole, and need not read a record that announces what there is not.
+class QuickLook : public Look {
+public:
+    using Look::Look;
+
+    bool begin_record(const Reading &reading, const uint8_t *data, uint64_t left) {
+        const FspecWord fspec = read_fspec_word(data, left);
+        add_announced(fspec);
+        const SlotsByBit &slots = *reading.slots;
+        const bool knows_all = &slots != &kNoSlots && !slots.is_open;
+        if (!knows_all || (fspec.announced & slots.unknown) == 0) return true;
+        break_off(AST_SPLIT_NO_ITEM, data, 0, AST_DATAITEM_NONE);
+        return false;
+    }
 };
 
 // One that keeps how plausible it was, too.
@@ -107,7 +126,7 @@ private:
 template <typename Store, typename Choose>
 void look_by(Store &look, const CandidateBlock &block, Choose choose) {
     const auto take = [&](const uint8_t *data, uint64_t left, const Reading &reading) {
-        look.begin_record(data, left);
+        if (!look.begin_record(reading, data, left)) return uint64_t{0};
         const uint64_t octets = read_record(reading, data, left, look).octets;
         if (octets != 0) look.end_record();
         return octets;
@@ -141,7 +160,7 @@ struct Fitting {
 
 Fitting fitting(const CandidateBlock &block, Mask among) {
     Fitting found;
-    each_look(block, among, [&](const Look &look, Mask alike) {
+    each_look<QuickLook>(block, among, [&](const QuickLook &look, Mask alike) {
         found.fits |= look.is_whole() ? alike : 0;
         found.announced |= look.announced();
     });
@@ -237,7 +256,7 @@ bool learns_by_reading(const ast_reader_t *reader) { return !reader || !reader->
 
 // Whether a block is read by what speaks for its category, as it is once nothing is learnt any more.
 bool is_spoken_for(const Source *spokesman, const CandidateBlock &block) {
-    return spokesman && look_at(block, block.own.candidates[first_of(leading_of(*spokesman))]).is_whole();
+    return spokesman && look_at<QuickLook>(block, block.own.candidates[first_of(leading_of(*spokesman))]).is_whole();
 }
 
 struct OwnSource {
@@ -308,7 +327,7 @@ bool is_as_before(const Source &source, const CandidateBlock &block) {
     const Candidates &candidates = block.own.candidates;
     if (!is_sure(source, candidates)) return false;
     const Mask leading = leading_of(source);
-    const Look look = look_at(block, candidates[first_of(leading)]);
+    const auto look = look_at<QuickLook>(block, candidates[first_of(leading)]);
     return look.is_whole() && are_one_kind(candidates, leading, look.announced());
 }
 
@@ -323,7 +342,7 @@ bool learn_block(ast_reader_t *reader, const uint8_t *data, uint64_t available) 
     Source &source = *own.source;
     const auto fits = [&] {
         const auto [tried, is_settled] = first_tried(source, candidates, true);
-        if (is_settled && look_at(block, candidates[first_of(tried)]).is_whole()) return true;
+        if (is_settled && look_at<QuickLook>(block, candidates[first_of(tried)]).is_whole()) return true;
         return learn(source, block, tried) != 0;
     };
     const bool is_whole = own.is_spoken_for || is_as_before(source, block) || fits();

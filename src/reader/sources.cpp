@@ -3,6 +3,7 @@
 #include <tuple>
 
 #include "codec/block.hpp"
+#include "schema/edition.hpp"
 
 namespace ast::reader {
 
@@ -133,7 +134,8 @@ uint32_t key_of(const Block &block) {
     if (block.length == place || !bit(block.data[place], 8)) return key;
     while (place < block.length && has_fx(block.data[place])) ++place;
     ++place; // behind the FSPEC
-    const bool is_first = ast_uap_get_dataitem_published(category, 1) == AST_DATAITEM_TYPE(category, kDataSource);
+    const schema::Edition *const edition = schema::newest_edition(category);
+    const bool is_first = edition && edition->profile.at(1) == kDataSource;
     if (!is_first || place + 2 > block.length) return key;
     return kHasSource ^ key ^ read_u16(block.data + place);
 }

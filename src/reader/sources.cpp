@@ -92,9 +92,10 @@ void keep_most_known(ast_reader_t &reader, uint32_t category, uint32_t number) {
 // The first place of those with the most blocks that a profile fitted, 0 where none did.
 uint32_t most_known(const ast_reader_t &reader, uint32_t category) {
     const Source *most = nullptr;
-    for (const Source &source : reader.sources)
-        if (source.key != 0 && category_of(source.key) == category && source.blocks > (most ? most->blocks : 0))
-            most = &source;
+    for (const Source &source : reader.sources) {
+        if (source.key == 0) break; // the places are taken in their order
+        if (category_of(source.key) == category && source.blocks > (most ? most->blocks : 0)) most = &source;
+    }
     return most ? number_of(reader, *most) : 0;
 }
 
@@ -162,6 +163,7 @@ Source &add_source(ast_reader_t &reader, uint32_t key) {
 }
 
 const Source *find_known(const ast_reader_t &reader, const Block &block) {
+    if (reader.sources[0].key == 0) return nullptr;
     const uint32_t own = find_number(reader, key_of(block));
     const uint32_t known = own ? own : find_most_known(reader, block.category());
     return known ? &reader.sources[known - 1] : nullptr;

@@ -1,6 +1,8 @@
 // Walking the octets of an item field by field.
 #pragma once
 
+#include <type_traits>
+
 #include "core/bits.hpp"
 #include "schema/edition.hpp"
 
@@ -50,7 +52,7 @@ struct Context {
     uint32_t message_type = 0; // of the record
 };
 
-// A visitor for whom nothing counts but that the octets can be walked.
+// A visitor for whom nothing counts but that the octets can be walked: what is of fixed size is passed over.
 struct Nobody {
     void open(const Field &) {}
     void close(const Field &) {}
@@ -110,10 +112,13 @@ public:
     const BitReader &bits() const { return bits_; }
 
 private:
+    static constexpr bool kPassesOver = std::is_same_v<Visitor, Nobody>;
+
     bool composite(const Field *field) {
         switch (field->kind) {
         case Kind::Group:
             if (!bits_.has(field->bits)) return false;
+            if constexpr (kPassesOver) return bits_.skip(field->bits), true;
             visitor_.open(*field); // also where it has no name: it stands in a list
             members(field);
             visitor_.close(*field);
@@ -141,6 +146,7 @@ private:
 
     // The members of a group whose octets are there.
     void members(const Field *parent) {
+        if constexpr (kPassesOver) return bits_.skip(parent->bits);
         if (is_number(*parent)) return members_of(parent, bits_.take(parent->bits));
         for (const Field *member = parent + 1; member != behind(parent); member = behind(member))
             if (member->kind != Kind::Status)
@@ -294,6 +300,7 @@ private:
         if (!bits_.has(8)) return false;
         uint64_t left = bits_.take(8);
         if (!bits_.has(left * list[1].bits)) return false;
+        if constexpr (kPassesOver) return bits_.skip(left * list[1].bits), true;
         visitor_.open(*list);
         for (; left != 0; --left) {
             visitor_.element();

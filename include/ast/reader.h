@@ -23,7 +23,8 @@
 
 AST_BEGIN_DECLARATIONS
 
-/** Data sources that a reader keeps in mind; the one that was not seen for the longest time makes room for another. */
+/** Data sources that a reader keeps in mind. Of more of them, those are read as the best known one of their category
+ *  that send what it does; for one that does not, the one that was not seen for the longest time makes room. */
 #define AST_READER_SOURCES 64
 
 /** The most profiles that are tried for one category. */
@@ -33,7 +34,8 @@ AST_BEGIN_DECLARATIONS
 typedef struct {
     uint32_t key;                           /* category and data source; 0 where there is none */
     uint32_t judged;                        /* records looked at for plausibility, per profile */
-    uint32_t leading;                       /* profiles that nothing puts behind another one, a bit each */
+    uint32_t leading;                       /* profiles that nothing puts behind another one, a bit each; in the higher
+                                               octets, places of other sources */
     uint64_t last_seen;                     /* by the reader's clock */
     uint64_t blocks;                        /* that a profile fitted */
     uint32_t misses[AST_READER_CANDIDATES]; /* blocks that this profile did not fit while another one did */

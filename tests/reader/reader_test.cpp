@@ -154,6 +154,81 @@ TEST_F(Reader, RanksEditionsByPlausibility) {
     EXPECT_STREQ(result.edition, "2.7");
 }
 
+TEST_F(Reader, CountsWhatCannotBe) {
+    const auto flaws = [&](std::string_view record) {
+        ast_reader_init(reader.get());
+        EXPECT_TRUE(decode(21, record)) << record;
+        return reader->sources[0].flaws[0];
+    };
+    EXPECT_EQ(flaws("C1 10 19 0C 00 12 34 56"), 0U); // I021/010, 040 and 080
+    EXPECT_EQ(flaws("C0 19 0C 00"), 1U);             // neither I021/080 nor 161
+    // I021/073: 24 hours in 1/128 s, and a step less
+    EXPECT_EQ(flaws("C1 18 19 0C 00 12 34 56 A8 C0 00"), 1U);
+    EXPECT_EQ(flaws("C1 18 19 0C 00 12 34 56 A8 BF FF"), 0U);
+    // I021/130: 90° in 180/2^23, and a step beyond, to the north and to the south; I021/131 in 180/2^30
+    EXPECT_EQ(flaws("C5 10 19 0C 00 40 00 00 00 00 00 12 34 56"), 0U);
+    EXPECT_EQ(flaws("C5 10 19 0C 00 40 00 01 00 00 00 12 34 56"), 1U);
+    EXPECT_EQ(flaws("C5 10 19 0C 00 C0 00 00 7F FF FF 12 34 56"), 0U);
+    EXPECT_EQ(flaws("C5 10 19 0C 00 BF FF FF 00 00 00 12 34 56"), 1U);
+    EXPECT_EQ(flaws("C3 10 19 0C 00 20 00 00 00 00 00 00 00 12 34 56"), 0U);
+    EXPECT_EQ(flaws("C3 10 19 0C 00 DF FF FF FF 00 00 00 00 12 34 56"), 1U);
+    // I021/145: 1500 and -15 in 1/4, and a step beyond
+    EXPECT_EQ(flaws("C1 11 02 19 0C 00 12 34 56 17 70"), 0U);
+    EXPECT_EQ(flaws("C1 11 02 19 0C 00 12 34 56 17 71"), 1U);
+    EXPECT_EQ(flaws("C1 11 02 19 0C 00 12 34 56 FF C4"), 0U);
+    EXPECT_EQ(flaws("C1 11 02 19 0C 00 12 34 56 FF C3"), 1U);
+    // I021/170: "AAAAAAAA", and the same with two codes that are none
+    EXPECT_EQ(flaws("C1 11 01 01 80 19 0C 00 12 34 56 04 10 41 04 10 41"), 0U);
+    EXPECT_EQ(flaws("C1 11 01 01 80 19 0C 00 12 34 56 00 10 41 04 10 40"), 2U);
+}
+
+// What has fitted none of eight blocks is no longer tried while what leads fits, and yet counted.
+TEST_F(Reader, FollowsASourceThatChangesItsEdition) {
+    const auto edition = [&] {
+        ast_reader_t before = *reader;
+        EXPECT_TRUE(decode(21, "C1 10 19 0C 00 12 34 56")); // which all editions since 2.1 fit
+        std::swap(*reader, before);
+        return std::string_view(result.edition);
+    };
+    constexpr int kBlocks = 20;
+    for (int i = 0; i < kBlocks; ++i) EXPECT_TRUE(decode(21, "C1 11 01 01 01 40 19 0C 00 12 34 56 01 03"));
+    // I021/271 of three octets, which edition 2.1 does not have
+    for (int i = 1; i <= kBlocks; ++i) {
+        EXPECT_EQ(edition(), "2.1") << i;
+        EXPECT_TRUE(decode(21, "C1 11 01 01 01 40 19 0C 00 12 34 56 01 03 02"));
+    }
+    EXPECT_EQ(edition(), "2.7");
+}
+
+TEST_F(Reader, HasTheBestKnownSourceSpeakForThoseThatFindNoPlace) {
+    const auto of_source = [](int sac, std::string_view rest) {
+        const std::string hex = {'1', static_cast<char>('0' + sac / 16), ' ', "0123456789ABCDEF"[sac % 16], '0'};
+        return "C1 11 01 01 01 40 " + hex + " 00 12 34 56 " + std::string(rest);
+    };
+    constexpr std::string_view kOnly21 = "01 03";
+    constexpr std::string_view kSince24 = "01 03 02";
+    constexpr int kSources = AST_READER_SOURCES + 20;
+    const auto key_of_last = [&](int sac) {
+        const uint64_t place = reader->latest;
+        return (reader->sources[place].key & 0xFFFF) ==
+               static_cast<uint32_t>(0x1000 + sac / 16 * 0x100 + sac % 16 * 16);
+    };
+    for (int sac = 0; sac < kSources; ++sac) {
+        EXPECT_TRUE(decode(21, of_source(sac, kOnly21)));
+        EXPECT_STREQ(result.edition, "2.1");
+        EXPECT_EQ(key_of_last(sac), sac < AST_READER_SOURCES) << sac;
+    }
+    EXPECT_TRUE(decode(21, of_source(kSources, kSince24))); // which takes a place after all
+    EXPECT_STREQ(result.edition, "2.7");
+    EXPECT_TRUE(key_of_last(kSources));
+    for (int sac = 0; sac < AST_READER_SOURCES; ++sac) {
+        EXPECT_TRUE(decode(21, of_source(sac, kOnly21)));
+        EXPECT_STREQ(result.edition, "2.1");
+    }
+    EXPECT_TRUE(decode(21, of_source(kSources, kSince24)));
+    EXPECT_TRUE(key_of_last(kSources));
+}
+
 TEST_F(Reader, ReplacesTheSourceNotSeenForLongest) {
     const auto of_source = [](int sic) {
         const std::string hex = {"0123456789ABCDEF"[sic / 16], "0123456789ABCDEF"[sic % 16]};

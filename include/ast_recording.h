@@ -4,7 +4,8 @@
  *
  * A second library beside the one of ast.h, which it is built upon. That one is handed octets; this one finds them: in
  * captures (pcap and pcapng, of UDP, TCP and LLC frames), in files of blocks back to back or as recorders wrap them, in
- * records as JSON, all of them also in gzip or zstd, on standard input, in memory, and on the network as they come.
+ * records as JSON, all of them also in gzip or zstd, on standard input, in memory, and on the network as they come. It
+ * also sends datagrams, at the times of a recording.
  *
  *     static void tell(void *context, const ast_recording_report_t *report) {
  *         (void)context;
@@ -216,14 +217,16 @@ typedef struct {
     const void *reserved[8];                /* null */
 } ast_recording_options_t;
 
-/* Why a recording cannot be opened, or an input not read. */
+/* Why a recording or a sender cannot be opened, an input not read, or a datagram not sent. */
 #define AST_RECORDING_ERROR_NONE UINT32_C(0)
 #define AST_RECORDING_ERROR_OPTION UINT32_C(1)     /* an option, or a URL, has no meaning */
 #define AST_RECORDING_ERROR_NOT_FOUND UINT32_C(2)  /* there is no such file, host, address or interface */
 #define AST_RECORDING_ERROR_NO_ACCESS UINT32_C(3)  /* the system does not allow it */
 #define AST_RECORDING_ERROR_IN_USE UINT32_C(4)     /* another program listens to that port */
 #define AST_RECORDING_ERROR_CONNECTION UINT32_C(5) /* the other side refuses, or cannot be reached */
-#define AST_RECORDING_ERROR_INPUT UINT32_C(6)      /* it is of a kind that cannot be read, or reading it fails */
+#define AST_RECORDING_ERROR_INPUT                                                                                      \
+    UINT32_C(6) /* it is of a kind that cannot be read, or that or sending                                             \
+                   fails */
 #define AST_RECORDING_ERROR_MEMORY UINT32_C(7)
 
 /** What went wrong: a code, and a sentence with the name of the input. */
@@ -338,6 +341,65 @@ AST_RECORDING_API uint32_t ast_recording_get_state(const ast_recording_t *record
 /** Ends any wait and any search within a tenth of a second; no call hands over a block from then on. From any thread,
  * and from a signal handler, as long as the recording is not closed. Null is none. */
 AST_RECORDING_API void ast_recording_interrupt(ast_recording_t *recording);
+
+/* ------------------------------------------------------------------------------------------------------- sending -- */
+
+/** Sends datagrams to the network, each when it is due: a recording at its own pace, or faster. It belongs to one
+ * thread at a time, but for ast_sender_interrupt. */
+typedef struct ast_sender ast_sender_t;
+
+/** How datagrams are sent. Texts are copied. */
+typedef struct {
+    double speed;                  /* by which the times of datagrams pass: 2 for twice as fast, HUGE_VAL for as fast as
+                                      can be; 0 for 1 */
+    uint64_t most_bits_per_s;      /* of what datagrams hold; 0 for any */
+    uint32_t ttl;                  /* routers on the way plus one, at most 255; 0 for 1 to a multicast group, and for as
+                                      many as usual to anything else */
+    const char *network_interface; /* that multicast leaves by, by name or address; null for the system's choice */
+    const void *reserved[8];       /* null */
+} ast_sender_options_t;
+
+/** Opens a way to send.
+ *  url      udp://HOST:PORT: a host, or a multicast group; copied
+ *  options  null for the defaults
+ *  error    is set whatever comes; null when nobody asks
+ *  Returns null when an option or the URL has no meaning, the address is a broadcast or an unspecified one, or nothing
+ *  can be sent to it. */
+AST_RECORDING_API ast_sender_t *ast_sender_open(const char *url, const ast_sender_options_t *options,
+                                                ast_recording_error_t *error);
+
+/** Waits until a datagram is due, and sends it.
+ *  octets   borrowed; null only where count is 0
+ *  count    at most 65507, which is what a datagram holds
+ *  time_ns  any time: the first datagram is due at once, others by how much later than its time theirs is, divided by
+ *           the speed; one that has an earlier time than another before it, with that. AST_TIME_UNKNOWN is due at once
+ *  Returns whether it has been sent. After an interruption it has not; else see ast_sender_get_statistics. What has
+ *  failed does not keep what follows from being sent. */
+AST_RECORDING_API bool ast_sender_send_at(ast_sender_t *sender, const uint8_t *octets, uint64_t count, int64_t time_ns);
+
+/** The next datagram is due at once, whatever its time, and those behind it by theirs against that: where a recording
+ *  begins anew, or another one begins. */
+AST_RECORDING_API void ast_sender_restart(ast_sender_t *sender);
+
+/** What has become of datagrams. */
+typedef struct {
+    uint64_t sent;                 /* datagrams */
+    uint64_t octets;               /* of these */
+    uint64_t failed;               /* datagrams that were not sent, or that the other side has refused */
+    int64_t late_median_ns;        /* of those that were due at a time, to 3 %; 0 where there was none */
+    int64_t late_greatest_ns;      /* the same */
+    ast_recording_error_t failure; /* the first that there was */
+} ast_sender_statistics_t;
+
+/** Writes what has become of the datagrams so far. All zero without a sender. */
+AST_RECORDING_API void ast_sender_get_statistics(const ast_sender_t *sender, ast_sender_statistics_t *statistics);
+
+/** Ends any wait; nothing is sent from then on. From any thread, and from a signal handler, as long as the sender is
+ * not closed. Null is none. */
+AST_RECORDING_API void ast_sender_interrupt(ast_sender_t *sender);
+
+/** Closes a sender. Null is none. */
+AST_RECORDING_API void ast_sender_close(ast_sender_t *sender);
 
 AST_END_DECLARATIONS
 

@@ -5,6 +5,7 @@
 #include <new>
 
 #include "api/failure.hpp"
+#include "api/opening.hpp"
 #include "api/recording.hpp"
 #include "datagram/report_words.hpp"
 
@@ -15,27 +16,6 @@ struct ast_recording {
 namespace {
 
 using namespace ast::recording;
-
-// What is opened by `make(options)`; null with the reason where it cannot be.
-template <typename Make>
-ast_recording_t *open(const ast_recording_options_t *options, ast_recording_error_t *error, Make make) {
-    ast_recording_error_t ignored;
-    ast_recording_error_t &why = error ? *error : ignored;
-    why = {};
-    try {
-        static constexpr ast_recording_options_t kDefaults{};
-        return make(options ? *options : kDefaults);
-    } catch (const CannotOpen &failure) {
-        set_error(why, failure.code(), failure.what());
-    } catch (const std::bad_alloc &) {
-        set_error(why, AST_RECORDING_ERROR_MEMORY, "no memory");
-    } catch (const std::system_error &failure) {
-        set_error(why, code_of(failure.code()), failure.what());
-    } catch (const std::exception &failure) {
-        set_error(why, AST_RECORDING_ERROR_INPUT, failure.what());
-    }
-    return nullptr;
-}
 
 // A text that `make()` makes, for a caller; "" without memory for it.
 template <typename Make>
@@ -51,7 +31,7 @@ uint64_t write(char *text, uint64_t capacity, Make make) {
 
 ast_recording_t *ast_recording_open(const char *const *inputs, uint64_t count, const ast_recording_options_t *options,
                                     ast_recording_error_t *error) {
-    return open(options, error, [&](const ast_recording_options_t &chosen) {
+    return opened(options, error, [&](const ast_recording_options_t &chosen) {
         ReadOptions read = read_open_options(chosen);
         std::vector<Origin> origins = origins_of({inputs, inputs ? static_cast<size_t>(count) : 0}, read);
         read.merge = read.merge && origins.size() > 1;
@@ -61,7 +41,7 @@ ast_recording_t *ast_recording_open(const char *const *inputs, uint64_t count, c
 
 ast_recording_t *ast_recording_open_octets(const uint8_t *octets, uint64_t count, const char *name,
                                            const ast_recording_options_t *options, ast_recording_error_t *error) {
-    return open(options, error, [&](const ast_recording_options_t &chosen) {
+    return opened(options, error, [&](const ast_recording_options_t &chosen) {
         if (!octets && count != 0) throw CannotOpen(AST_RECORDING_ERROR_OPTION, "there are no octets");
         ReadOptions read = read_open_options(chosen);
         read.follow = read.merge = false;

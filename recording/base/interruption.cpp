@@ -81,4 +81,20 @@ bool Interruption::for_growth() {
     return !ended();
 }
 
+// By the clock each time anew: a wait is late by what the system takes to wake up, and that does not add up.
+bool Interruption::until(std::chrono::steady_clock::time_point when) {
+    using namespace std::chrono;
+    while (!ended()) {
+        auto left = duration_cast<nanoseconds>(when - steady_clock::now());
+        if (left <= nanoseconds::zero()) break;
+        if (meanwhile_) left = std::min<nanoseconds>(left, milliseconds(kMeanwhileInterval_ms));
+        const auto whole = duration_cast<seconds>(left);
+        const timespec limit{static_cast<time_t>(whole.count()), static_cast<long>((left - whole).count())};
+        pollfd event{.fd = event_, .events = POLLIN, .revents = 0};
+        ppoll(&event, 1, &limit, nullptr);
+        if (meanwhile_) meanwhile_();
+    }
+    return !ended();
+}
+
 } // namespace ast::recording

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <functional>
 #include <optional>
 #include <poll.h>
@@ -26,6 +27,9 @@ public:
     bool for_input(int descriptor);
     bool for_output(int descriptor);
     bool for_growth();
+
+    // The same up to a time.
+    bool until(std::chrono::steady_clock::time_point when);
 
     // The place of a descriptor that can be read, the one at `first` before others; nothing when it has been
     // interrupted.

@@ -40,6 +40,12 @@ public:
     // is none.
     bool open_next();
 
+    // The next input is the first once more.
+    void restart() {
+        close();
+        next_ = 0;
+    }
+
     // Fills a job with what comes next of the input at hand; false at its end. Throws what attempt() catches.
     bool fill(Job &job);
 

@@ -5,6 +5,7 @@
 #include <asio/io_context.hpp>
 #include <asio/ip/address.hpp>
 #include <asio/ip/basic_resolver.hpp>
+#include <asio/ip/udp.hpp>
 #include <string>
 #include <vector>
 
@@ -39,5 +40,9 @@ std::vector<typename Protocol::endpoint> resolve(const LiveUrl &url, asio::io_co
         endpoints.push_back(entry.endpoint());
     return endpoints;
 }
+
+// A link-local address of IPv6 is one of an interface, and is given it. The index of that; of others, that of the one
+// that is given, 0 for the system's choice.
+unsigned give_scope(asio::ip::udp::endpoint &endpoint, unsigned interface);
 
 } // namespace ast::recording

@@ -37,17 +37,6 @@ void join(udp::socket &socket, const udp::endpoint &group, unsigned interface) {
     set_option(socket, group.address().is_v4() ? IPPROTO_IP : IPPROTO_IPV6, MCAST_JOIN_GROUP, request);
 }
 
-// A link-local address of IPv6 is one of an interface. The index of that; of others, that of the one that is given.
-unsigned give_scope(udp::endpoint &endpoint, unsigned interface) {
-    if (!endpoint.address().is_v6()) return interface;
-    auto address = endpoint.address().to_v6();
-    if (!address.is_link_local() && !address.is_multicast_link_local()) return interface;
-    if (interface != 0) address.scope_id(interface);
-    if (address.scope_id() == 0) address.scope_id(link_local_interface());
-    endpoint.address(address);
-    return static_cast<unsigned>(address.scope_id());
-}
-
 // Keeps out what other interfaces receive, also for the groups that other programs have joined there.
 void bind_to_device(udp::socket &socket, unsigned interface) {
     char name[IF_NAMESIZE] = "";

@@ -32,7 +32,7 @@ private:
 std::unique_ptr<Output> open_capture(const std::string &path, uint8_t station);
 std::unique_ptr<Output> open_raw_file(const std::string &path);
 
-// Sends in real time, or faster by a factor, to "udp://ADDRESS:PORT".
-std::unique_ptr<Output> open_sender(const std::string &url, double speed);
+// Sends in real time, or faster by a factor, to "udp://HOST:PORT".
+std::unique_ptr<Output> open_live(const std::string &url, double speed);
 
 } // namespace simulation

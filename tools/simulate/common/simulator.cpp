@@ -53,7 +53,7 @@ void describe_output(CLI::App &app, Options &options) {
     CLI::Option *const file =
         where->add_option("--output", options.file, "Write a capture; - is standard output")->type_name("FILE");
     CLI::Option *const url =
-        where->add_option("--send", options.url, "Send the datagrams to udp://ADDRESS:PORT")->type_name("URL");
+        where->add_option("--send", options.url, "Send the datagrams to udp://HOST:PORT")->type_name("URL");
     where->require_option(1);
     app.add_flag("--raw", options.raw, "Write the blocks one after the other instead of a capture")->needs(file);
     app.add_option("--speed", options.speed, "Send faster than real time by this factor")
@@ -63,7 +63,7 @@ void describe_output(CLI::App &app, Options &options) {
 }
 
 std::unique_ptr<Output> open(const Options &options, uint8_t station) {
-    if (!options.url.empty()) return open_sender(options.url, options.speed);
+    if (!options.url.empty()) return open_live(options.url, options.speed);
     return options.raw ? open_raw_file(options.file) : open_capture(options.file, station);
 }
 

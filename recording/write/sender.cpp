@@ -1,0 +1,32 @@
+#include "write/sender.hpp"
+
+namespace ast::recording {
+
+bool Sender::send(Octets octets) {
+    const std::error_code failure = outlet_->send(octets);
+    if (failure) {
+        ++sent_.failed;
+        if (!sent_.failure) sent_.failure = failure;
+        return false;
+    }
+    ++sent_.datagrams;
+    sent_.octets += octets.size();
+    return true;
+}
+
+bool Sender::send(Octets octets, std::optional<int64_t> time_ns) {
+    const Schedule::Due due = schedule_.next(time_ns, octets.size());
+    if (due.earliest ? !interruption_.until(*due.earliest) : interruption_.ended()) return false;
+    if (due.by_time) sent_.lateness.add(Schedule::Clock::now() - *due.by_time);
+    return send(octets);
+}
+
+bool Sender::relay(Octets octets, const std::optional<Time> &received) {
+    const bool is_sent = send(octets);
+    const auto received_ns = received ? nanoseconds_of(*received) : std::nullopt;
+    const auto now_ns = nanoseconds_of(now());
+    if (received_ns && now_ns) sent_.lateness.add(std::chrono::nanoseconds(*now_ns - *received_ns));
+    return is_sent;
+}
+
+} // namespace ast::recording

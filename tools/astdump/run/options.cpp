@@ -2,7 +2,10 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <charconv>
+#include <cmath>
 #include <filesystem>
+#include <limits>
 #include <sched.h>
 #include <sstream>
 #include <stdexcept>
@@ -44,8 +47,8 @@ record that is asked for are left out.
 G behind them is placed as on the ground, without a height, and E from a place that is only an estimate. A height with
 ? is garbled or not validated.
 
-Exit status: 0 when all is well, 1 when a block or the input is damaged, or what a source sends cannot be, 2 for a
-mistake on the command line or a file that cannot be read.
+Exit status: 0 when all is well, 1 when a block or the input is damaged, or what a source sends cannot be, or not all
+could be sent, 2 for a mistake on the command line or a file that cannot be read.
 
 Examples:
   astdump recording.pcap                     list all blocks
@@ -64,6 +67,10 @@ Examples:
                                              the reports of one track as a capture of their own
   astdump a.pcap --convert 1,2 --write b.pcap
                                              a recording of a modern radar for an old display
+  astdump --write udp://239.1.1.1:8600 --speed 10 a.pcap
+                                             send a recording, ten times as fast as it was made
+  astdump udp://239.1.1.1:8600 --where 'fl>100' --write udp://127.0.0.1:9000
+                                             pass on what flies high
   astdump --list --where squawk=7700 a.pcap  who is in distress
   astdump --list --site 25/12=43.57,16.41,780 a.pcap
                                              what a radar sees, as latitude and longitude
@@ -101,19 +108,35 @@ struct Texts {
     std::optional<std::string> to;
     std::vector<std::string> sites;
     std::optional<std::string> site_file;
+    std::optional<std::string> speed;
+    std::optional<std::string> rate;
+    std::optional<std::string> loop;
+    std::optional<std::string> ttl;
+
+    bool shape_sending() const { return speed || rate || loop || ttl; }
 };
 
 constexpr size_t kMaxJobs = 256;
-constexpr const char *kUsualColumns = "-";
+constexpr const char *kUsualValue = "-";
 
-// The parser takes whatever stands behind --csv for its columns; what is none, such as a file, is set apart from it.
+bool is_number(const std::string &text) { return read_number<uint64_t>(text).has_value(); }
+
+struct OptionalValue {
+    std::string_view option;
+    bool (*is_value)(const std::string &text);
+};
+
+constexpr OptionalValue kOptionalValues[] = {{"--csv", is_csv_columns}, {"--loop", is_number}};
+
+// The parser takes whatever stands behind these for their value; what is none, such as a file, is set apart from it.
 // Last first, as the parser wants them.
 std::vector<std::string> arguments(int argc, char **argv) {
     std::vector<std::string> arguments;
     for (int i = 1; i < argc; ++i) {
         arguments.emplace_back(argv[i]);
-        const bool has_columns = i + 1 < argc && is_csv_columns(argv[i + 1]);
-        if (arguments.back() == "--csv" && !has_columns) arguments.emplace_back(kUsualColumns);
+        const auto option = std::ranges::find(kOptionalValues, arguments.back(), &OptionalValue::option);
+        const bool has_value = i + 1 < argc && option != std::end(kOptionalValues) && option->is_value(argv[i + 1]);
+        if (option != std::end(kOptionalValues) && !has_value) arguments.emplace_back(kUsualValue);
     }
     std::ranges::reverse(arguments);
     return arguments;
@@ -148,6 +171,17 @@ void describe_sites(CLI::App &app, Texts &texts) {
         ->type_name("SAC/SIC=PLACE");
     app.add_option("--sites", texts.site_file, "The same by lines of a file, such as 25,12,43.57,16.41,780,name")
         ->type_name("FILE");
+}
+
+void describe_sending(CLI::App &app, Texts &texts) {
+    app.add_option("--speed", texts.speed,
+                   "Send a recording so many times as fast as it was made, or as fast as can be")
+        ->type_name("N|max");
+    app.add_option("--rate", texts.rate, "Send no more than so many bits a second, such as 500k or 100M")
+        ->type_name("BITS");
+    app.add_option("--loop", texts.loop, "Read and send the input N times over, or without an end")->type_name("[N]");
+    app.add_option("--ttl", texts.ttl, "Send over so many networks, to a multicast group over one if not given")
+        ->type_name("N");
 }
 
 void describe(CLI::App &app, Options &options, Texts &texts) {
@@ -195,9 +229,14 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_option("--convert", texts.convert,
                    "Turn records into those of categories that say the same: 1 from 48, 2 from 34, and back")
         ->type_name("LIST");
-    app.add_option("--write", options.write, "Write what is chosen to a .pcap, .ast or .json file instead")
+    app.add_option(
+           "--write", options.writes,
+           "Write what is chosen to a .pcap, .ast or .json file instead, or send it to udp://HOST:PORT; repeated")
         ->check(is_name)
+        ->take_all()
+        ->allow_extra_args(false)
         ->type_name("NEWFILE");
+    describe_sending(app, texts);
     app.add_flag("--quiet", options.quiet, "No listing, only reports of damage");
     app.add_flag("--verbose", options.verbose, "Report everything that is damaged, not a line for each reason");
     app.add_option("--jobs", options.jobs,
@@ -223,9 +262,9 @@ CommandLine end_for(const CLI::App &app, const CLI::ParseError &error) {
     return {.options = {}, .status = is_clean ? kExitClean : kExitUnusable, .output = output.str()};
 }
 
-uint64_t read_count(const std::string &text) {
+uint64_t read_count(const std::string &option, const std::string &text) {
     const auto count = read_number<uint64_t>(text);
-    if (!count || *count == 0) throw std::invalid_argument("--count: '" + text + "' is no number of 1 or more");
+    if (!count || *count == 0) throw std::invalid_argument(option + ": '" + text + "' is no number of 1 or more");
     return *count;
 }
 
@@ -252,6 +291,18 @@ void refuse_two_forms(const Options &options) {
         throw std::invalid_argument("--list, --csv, --json, --stats and --top exclude each other");
 }
 
+// Each is a file of its own, or an address.
+void check_outputs(const Options &options) {
+    std::vector<std::string> files = {options.html};
+    for (const std::string &write : options.writes) {
+        if (is_live(write)) continue;
+        file_kind(write);
+        if (std::ranges::any_of(files, [&](const std::string &other) { return is_same_file(write, other); }))
+            throw std::invalid_argument("--html and --write are to be different files");
+        files.push_back(write);
+    }
+}
+
 // What is wrong with a text is said of its option.
 template <typename Read>
 auto read_for(const char *option, const std::string &text, Read read) try {
@@ -263,7 +314,7 @@ auto read_for(const char *option, const std::string &text, Read read) try {
 // Datagrams, and how much of them.
 void read_choice(Options &options, const Texts &texts) {
     DatagramChoice &datagrams = options.datagrams;
-    if (texts.count) options.count = read_count(*texts.count);
+    if (texts.count) options.count = read_count("--count", *texts.count);
     if (texts.ports) datagrams.ports = read_for("--port", *texts.ports, read_ports);
     if (texts.hosts) datagrams.hosts = read_for("--host", *texts.hosts, read_hosts);
     if (texts.from) datagrams.from = read_limit("--from", *texts.from);
@@ -282,6 +333,50 @@ void read_sites(Options &options, const Texts &texts) {
     options.locates = options.list || wants_positions(options);
 }
 
+double read_speed(const std::string &text) {
+    if (text == "max") return Pace::kUnlimited;
+    double speed = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), speed);
+    if (error != std::errc() || end != text.data() + text.size() || !(speed > 0) || std::isinf(speed))
+        throw std::invalid_argument('\'' + text + "' is neither a number above 0 nor max");
+    return speed;
+}
+
+// "100M", "500k", "1200"
+uint64_t read_rate(const std::string &text) {
+    constexpr std::string_view kPrefixes = "kMG";
+    constexpr uint64_t kMost = 1'000'000'000'000;
+    std::string_view digits = text;
+    uint64_t factor = 1;
+    if (const size_t prefix = kPrefixes.find(text.empty() ? ' ' : text.back()); prefix != std::string_view::npos) {
+        digits.remove_suffix(1);
+        for (size_t i = 0; i <= prefix; ++i) factor *= 1000;
+    }
+    const auto number = read_number<uint64_t>(digits);
+    if (!number || *number == 0 || *number > kMost / factor)
+        throw std::invalid_argument('\'' + text + "' is no number of bits such as 500k or 100M");
+    return *number * factor;
+}
+
+uint8_t read_ttl(const std::string &text) {
+    const auto ttl = read_number<uint8_t>(text);
+    if (!ttl || *ttl == 0) throw std::invalid_argument('\'' + text + "' is no number from 1 to 255");
+    return *ttl;
+}
+
+// How it is sent.
+void read_sending(Options &options, const Texts &texts) {
+    if (texts.speed) options.send.pace.speed = read_for("--speed", *texts.speed, read_speed);
+    if (texts.rate) options.send.pace.bits_per_s = read_for("--rate", *texts.rate, read_rate);
+    if (texts.ttl) options.send.form.ttl = read_for("--ttl", *texts.ttl, read_ttl);
+    options.send.form.interface = options.interface;
+    if (!texts.loop) return;
+    options.passes =
+        *texts.loop == kUsualValue ? std::numeric_limits<uint64_t>::max() : read_count("--loop", *texts.loop);
+    if (options.follow || std::ranges::count(options.files, "-") != 0)
+        throw std::invalid_argument("--loop is for files, which can be read again");
+}
+
 // What the parser cannot tell. Throws std::invalid_argument for a mistake.
 void complete(Options &options, const Texts &texts) {
     options.profile = find_profile(texts.profile);
@@ -290,10 +385,8 @@ void complete(Options &options, const Texts &texts) {
     for (const std::string &condition : texts.conditions) options.where.push_back(read_condition(condition));
     read_choice(options, texts);
     if (!texts.convert.empty()) options.convert = read_convert_targets(texts.convert);
-    if (!options.write.empty()) file_kind(options.write);
-    if (!options.write.empty() && is_same_file(options.write, options.html))
-        throw std::invalid_argument("--html and --write are to be different files");
-    if (texts.csv) options.csv = read_csv_columns(*texts.csv == kUsualColumns ? "" : *texts.csv);
+    check_outputs(options);
+    if (texts.csv) options.csv = read_csv_columns(*texts.csv == kUsualValue ? "" : *texts.csv);
     refuse_two_forms(options);
     read_sites(options, texts);
     const bool live = join_live(options.files);
@@ -302,7 +395,12 @@ void complete(Options &options, const Texts &texts) {
         throw std::invalid_argument("--follow takes one FILE, since it has no end");
     options.merge = options.merge && options.files.size() > 1;
     if (options.merge && options.follow) throw std::invalid_argument("--merge is for files that have an end");
-    if (!options.interface.empty() && !live) throw std::invalid_argument("--interface is for udp://HOST:PORT");
+    const bool sends = std::ranges::any_of(options.writes, is_live);
+    if (!options.interface.empty() && !live && !sends)
+        throw std::invalid_argument("--interface is for udp://HOST:PORT");
+    if (texts.shape_sending() && !sends)
+        throw std::invalid_argument("--speed, --rate, --loop and --ttl are for --write udp://HOST:PORT");
+    read_sending(options, texts);
 }
 
 } // namespace

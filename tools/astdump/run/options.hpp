@@ -9,6 +9,7 @@
 #include "ask/filter.hpp"
 #include "show/csv.hpp"
 #include "source/read_options.hpp"
+#include "write/sender.hpp"
 
 namespace ast::recording::astdump {
 
@@ -19,11 +20,13 @@ struct Options : ReadOptions {
     std::optional<uint64_t> count; // of what is to be shown: blocks, or lines of records
     bool list = false;
     bool json = false;
-    bool texts = false;         // of codes, in JSON
+    bool texts = false;                        // of codes, in JSON
     std::optional<std::vector<CsvColumn>> csv; // those behind the ones that are always there
-    bool detail = false;        // in the listing
-    std::string html;           // the page to write; empty for none
-    std::string write;          // the file of what is chosen; empty for none
+    bool detail = false;                       // in the listing
+    std::string html;                          // the page to write; empty for none
+    std::vector<std::string> writes;           // of what is chosen: files, and addresses to send to
+    SendOptions send;                          // to these
+    uint64_t passes = 1;                       // over the input
     bool stats = false;
     bool top = false;
     bool quiet = false;
@@ -32,7 +35,7 @@ struct Options : ReadOptions {
     size_t jobs = 1;                    // threads
     std::optional<size_t> chunk_octets; // read at a time; nothing: what suits the output
 
-    bool writes_files() const { return !html.empty() || !write.empty(); }
+    bool writes_files() const { return !html.empty() || !writes.empty(); }
 };
 
 constexpr int kExitClean = 0;

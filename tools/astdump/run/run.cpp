@@ -57,12 +57,18 @@ Worker &Run::worker(size_t number) {
 
 int Run::files() {
     Pipeline pipeline(*this, threads_of(options_), chunk_octets_of(options_, sinks_));
-    while (!done() && inputs_.open_next()) inputs_.attempt([&] { read_input(pipeline); });
-    inputs_.close();
+    for (pass_ = 0; pass_ < options_.passes && !done(); ++pass_) {
+        const uint64_t shown_before = shown_;
+        inputs_.restart();
+        while (!done() && inputs_.open_next()) inputs_.attempt([&] { read_input(pipeline); });
+        inputs_.close();
+        if (unreadable_ || shown_ == shown_before) break; // the next would be no better
+    }
     clear_line();
     finish();
     if (unreadable_) return kExitUnusable;
-    return reports_.any_damage() || is_implausible_ ? kExitDamaged : kExitClean;
+    const bool has_lost_any = std::ranges::any_of(sinks_, [](const auto &sink) { return sink->has_lost_any(); });
+    return reports_.any_damage() || is_implausible_ || has_lost_any ? kExitDamaged : kExitClean;
 }
 
 // What is not read is left out; the rest of the run goes on.
@@ -96,6 +102,7 @@ void Run::tell_what_cannot_be() {
     for (const auto &[source, judgement] : judgements_) {
         if (!judgement.is_implausible()) continue;
         is_implausible_ = true;
+        if (pass_ != 0) continue;
         reports_.tell_of_file(judgement_text(source, judgement));
         for (const auto &sink : sinks_) sink->doubt(source, judgement);
     }
@@ -136,7 +143,7 @@ bool Run::take(Job &job) {
         if (!sinks_.empty()) sinks_.front()->take(rendered.texts.front().text().substr(taken, report.place - taken));
         if (!sinks_.empty() && reports_.shows_each()) sinks_.front()->flush();
         taken = report.place;
-        reports_.show(report);
+        if (pass_ == 0) reports_.show(report);
     }
     for (size_t i = 0; i < sinks_.size(); ++i) {
         sinks_[i]->take(rendered.texts[i].text().substr(i == 0 ? taken : 0));
@@ -144,7 +151,8 @@ bool Run::take(Job &job) {
     }
     consumed_ = job.chunk.consumed;
     last_block_ = job.chunk.end_number - 1;
-    progress_.update(inputs_.name(), consumed_, inputs_.input().size(), job.chunk.end_number - 1);
+    progress_.update(inputs_.name(), consumed_, inputs_.input().size(), job.chunk.end_number - 1,
+                     sinks_.empty() ? std::string() : sinks_.back()->progress());
     return !has_enough() && !is_broken_off(); // what comes live has still to say what it holds back
 }
 

@@ -59,15 +59,16 @@ private:
     Interruption *interruption_;
     InputSequence inputs_;
     std::vector<std::optional<Worker>> workers_; // made when their threads have something to do
+    uint64_t pass_ = 0;                          // over all inputs; what the first has told holds for all
     uint64_t shown_ = 0;                         // as the first sink counts
     ConditionCoverage coverage_;
     Judgements judgements_;       // of the input at hand
     bool is_implausible_ = false; // any source of any input
-    uint64_t unconverted_ = 0; // records
-    uint64_t octets_read_ = 0; // of the files before this one
-    uint64_t consumed_ = 0;    // of this one
-    uint64_t last_block_ = 0;  // that has been taken
-    bool is_live_ = false;     // the input at hand, or the last one
+    uint64_t unconverted_ = 0;    // records
+    uint64_t octets_read_ = 0;    // of the files before this one
+    uint64_t consumed_ = 0;       // of this one
+    uint64_t last_block_ = 0;     // that has been taken
+    bool is_live_ = false;        // the input at hand, or the last one
     bool unreadable_ = false;
 };
 

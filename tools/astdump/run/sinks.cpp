@@ -8,6 +8,7 @@
 #include "show/json_lines.hpp"
 #include "show/listing.hpp"
 #include "show/record_list.hpp"
+#include "show/send.hpp"
 #include "show/stats.hpp"
 #include "show/terminal.hpp"
 #include "show/top.hpp"
@@ -16,6 +17,11 @@
 namespace ast::recording::astdump {
 
 namespace {
+
+// Datagrams leave as they came.
+bool chooses_all(const Options &options) {
+    return options.where.empty() && options.convert.none() && options.categories.all() && !options.count;
+}
 
 JsonForm json_form(const Options &options) {
     return {.texts = options.texts, .name_files = options.files.size() > 1, .remainders = options.where.empty()};
@@ -38,6 +44,17 @@ RecordList::Form list_form(const Options &options) {
             .name_files = options.files.size() > 1 && !options.merge};
 }
 
+void add_outputs(Sinks &sinks, const Options &options, Interruption &interruption) {
+    std::vector<std::string> urls;
+    for (const std::string &write : options.writes)
+        if (is_live(write))
+            urls.push_back(write);
+        else
+            sinks.push_back(std::make_unique<WriteFile>(write, options.files, json_form(options)));
+    if (!urls.empty())
+        sinks.push_back(std::make_unique<Send>(urls, options.send, options.files, chooses_all(options), interruption));
+}
+
 } // namespace
 
 bool use_color(const Options &options, std::FILE *file) {
@@ -57,15 +74,14 @@ Sinks make_sinks(const Options &options, Output &out, const ReportLog &reports, 
         sinks.push_back(std::make_unique<Csv>(out, *options.csv, options.files.size() > 1, options.merge));
     else if (options.list)
         sinks.push_back(std::make_unique<RecordList>(out, list_form(options)));
-    else if (!options.quiet && options.html.empty() && options.write.empty())
+    else if (!options.quiet && options.html.empty() && options.writes.empty())
         sinks.push_back(std::make_unique<Listing>(out, Listing::Form{columns(stdout), color,
                                                                      options.files.size() > 1 && !options.merge,
                                                                      options.detail, is_terminal(stdout)}));
     if (options.follow && !options.top && !options.stats && !options.json && !options.csv)
         sinks.push_back(std::make_unique<Stats>(out, color));
     if (!options.html.empty()) sinks.push_back(std::make_unique<Page>(options.html, options.files));
-    if (!options.write.empty())
-        sinks.push_back(std::make_unique<WriteFile>(options.write, options.files, json_form(options)));
+    add_outputs(sinks, options, interruption);
     return sinks;
 }
 

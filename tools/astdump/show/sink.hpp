@@ -58,6 +58,12 @@ public:
     // What a data source of the file at hand has sent cannot be.
     virtual void doubt(const JudgedSource &, const Judgement &) {}
 
+    // Whether anything has not reached where it was to go, which has been told.
+    virtual bool has_lost_any() const { return false; }
+
+    // How far it has got, where that is not how far the reading is; empty else.
+    virtual std::string progress() const { return {}; }
+
     // Something else is shown next, behind what has been taken.
     virtual void flush() {}
 

@@ -156,12 +156,13 @@ void Drawing::put() {
 
 Progress::Progress(bool enabled) : enabled_(enabled && has_cursor(stderr)), next_(Clock::now() + kFirstProgress) {}
 
-void Progress::update(const std::string &file, uint64_t consumed, std::optional<uint64_t> size, uint64_t blocks) {
+void Progress::update(const std::string &file, uint64_t consumed, std::optional<uint64_t> size, uint64_t blocks,
+                      const std::string &more) {
     if (!enabled_ || Clock::now() < next_) return;
     next_ = Clock::now() + kProgressInterval;
     const std::string done =
         size && *size > 0 ? std::to_string(100 * consumed / *size) + " %" : std::to_string(consumed / 1000000) + " MB";
-    const std::string text = file + ": " + done + ", " + counted(blocks, "block");
+    const std::string text = file + ": " + done + ", " + counted(blocks, "block") + (more.empty() ? "" : ", ") + more;
     std::fprintf(stderr, "\r%s\033[K", cut(text, columns(stderr) - 1).c_str());
 }
 

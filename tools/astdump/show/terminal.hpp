@@ -85,7 +85,8 @@ private:
 class Progress {
 public:
     explicit Progress(bool enabled);
-    void update(const std::string &file, uint64_t consumed, std::optional<uint64_t> size, uint64_t blocks);
+    void update(const std::string &file, uint64_t consumed, std::optional<uint64_t> size, uint64_t blocks,
+                const std::string &more);
 
 private:
     using Clock = std::chrono::steady_clock;

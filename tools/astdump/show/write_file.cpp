@@ -5,7 +5,7 @@
 #include <stdexcept>
 
 #include "base/counted.hpp"
-#include "framing/block_header.hpp"
+#include "show/chosen_datagrams.hpp"
 #include "show/terminal.hpp"
 #include "write/packets.hpp"
 
@@ -25,30 +25,6 @@ constexpr Extension kExtensions[] = {
 
 std::string_view as_characters(Octets octets) { return {reinterpret_cast<const char *>(octets.data()), octets.size()}; }
 
-// A block with the records that are asked for. What is damaged stays as it is where nothing is chosen.
-class ChosenBlock {
-public:
-    explicit ChosenBlock(bool remainders) : remainders_(remainders) {}
-
-    // Good until the next call.
-    Octets of(const DecodedBlock &decoded) {
-        const SplitBlock &block = *decoded.block;
-        const bool is_whole = remainders_ || (!decoded.fault && decoded.shown.count() == block.record_count);
-        if (is_whole) return decoded.octets;
-        octets_.assign(kBlockHeaderOctets, static_cast<uint8_t>(block.category));
-        for (uint64_t i = 0; i < block.record_count; ++i) {
-            const ast_datarecord_t &record = block.records[i];
-            if (decoded.shown[i]) octets_.insert(octets_.end(), record.data, record.data + record.size);
-        }
-        set_block_length(octets_);
-        return octets_;
-    }
-
-private:
-    bool remainders_;
-    std::vector<uint8_t> octets_;
-};
-
 class BlockRenderer : public Renderer {
 public:
     explicit BlockRenderer(bool remainders) : chosen_(remainders) {}
@@ -58,33 +34,12 @@ private:
     ChosenBlock chosen_;
 };
 
-// Blocks that came in one datagram leave in one.
-class PacketRenderer : public Renderer {
+class PacketRenderer : public DatagramRenderer {
 public:
-    explicit PacketRenderer(bool remainders) : chosen_(remainders) {}
-
-    void block(const DecodedBlock &decoded, TextBuffer &out) override {
-        const Octets octets = chosen_.of(decoded);
-        const Datagram &datagram = *decoded.datagram;
-        const bool fits = payload_.size() + octets.size() + datagram.trailer.size() <= kMaxPayloadOctets;
-        if (!datagram.is_same_as(packet_) || !fits) end(out);
-        packet_ = datagram;
-        payload_.insert(payload_.end(), octets.begin(), octets.end());
-    }
-
-    // What a recorder has put behind the last block stays where all in front of it does.
-    void end(TextBuffer &out) override {
-        if (!packet_.trailer.empty() && std::ranges::equal(payload_, packet_.octets))
-            payload_.insert(payload_.end(), packet_.trailer.begin(), packet_.trailer.end());
-        if (!payload_.empty()) put_packet(out, packet_, payload_);
-        payload_.clear();
-        packet_ = {};
-    }
+    explicit PacketRenderer(bool remainders) : DatagramRenderer(remainders, Behind::trailers) {}
 
 private:
-    ChosenBlock chosen_;
-    Datagram packet_;
-    std::vector<uint8_t> payload_;
+    void put(TextBuffer &out, const Datagram &datagram, Octets payload) override { put_packet(out, datagram, payload); }
 };
 
 } // namespace

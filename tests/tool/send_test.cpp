@@ -1,0 +1,181 @@
+// What is sent to the network: recordings at their times, and live input as it comes.
+
+#include <gtest/gtest.h>
+
+#include "background.hpp"
+#include "captures.hpp"
+#include "command.hpp"
+#include "sender.hpp"
+#include "support/receiver.hpp"
+
+namespace {
+
+using ast_test::octets_of;
+using ast_test::Receiver;
+using std::chrono::milliseconds;
+
+// North markers of category 034, at 12:00:00 and with some other sector; a plot of 048; and a block that breaks.
+const std::string kMarker = hex("22 0008 D0 190C 01 00");
+const std::string kPlots = hex("30 0009 08 0053 08 012E");
+const std::string kBroken = hex("30 0008 08 0053 08 01");
+const std::string kTrailer = hex("00 00 00 0C FF");
+
+std::string packet(const std::string &payload) { return ethernet(ipv4(udp(payload))); }
+
+bool has(const std::string &text, const std::string &part) { return text.find(part) != std::string::npos; }
+
+// A packet a second, of which one is text; ten times as fast.
+TEST(Send, PlaysDatagramsAsTheyWereRecorded) {
+    Command command;
+    command.write("a.pcap", pcap(1, {packet(kPlots + kMarker), packet("GET / HTTP/1.1"), packet(kPlots + kTrailer),
+                                     packet(kMarker + kBroken + "rest")}));
+    Receiver receiver;
+    const auto begin = Receiver::Clock::now();
+    const Result result = command.run("--write " + receiver.url() + " --speed 10 a.pcap");
+    EXPECT_GE(Receiver::Clock::now() - begin, milliseconds(300));
+    EXPECT_LT(Receiver::Clock::now() - begin, milliseconds(2500));
+    EXPECT_EQ(
+        octets_of(receiver.receive(4)),
+        (std::vector<std::string>{kPlots + kMarker, "GET / HTTP/1.1", kPlots + kTrailer, kMarker + kBroken + "rest"}));
+    EXPECT_EQ(result.out, "");
+    EXPECT_TRUE(has(result.err, "astdump: " + receiver.url() + ": 4 datagrams sent, late by ")) << result.err;
+    EXPECT_EQ(receiver.receive(1, milliseconds(50)).size(), 0U);
+}
+
+// Of several inputs, those that follow begin at once; merged, they keep their times.
+TEST(Send, GoesThroughFilesAgainAndTogether) {
+    Command command;
+    command.write("a.pcap", pcap(1, {packet(kPlots), packet(kPlots)}));
+    command.write("b.pcap", pcap(1, {packet(kMarker)}));
+    const struct {
+        std::string arguments;
+        std::vector<std::string> sent;
+        int least_ms;
+    } cases[] = {
+        {"--speed 20 a.pcap b.pcap", {kPlots, kPlots, kMarker}, 50},
+        {"--speed 20 a.pcap b.pcap --merge", {kPlots, kMarker, kPlots}, 50},
+        {"--speed 20 a.pcap --loop 2", {kPlots, kPlots, kPlots, kPlots}, 100},
+        {"--speed max --loop 2 a.pcap b.pcap --category 34", {kMarker, kMarker}, 0},
+        {"--speed max --loop --count 3 a.pcap", {kPlots, kPlots, kPlots}, 0},
+        {"--speed max --rate 1k a.pcap", {kPlots, kPlots}, 67},
+        {"--speed max a.pcap --from 07:08:10", {kPlots}, 0},
+        {"--speed max a.pcap --where squawk=456", {hex("30 0006 08 012E"), hex("30 0006 08 012E")}, 0},
+    };
+    for (const auto &test : cases) {
+        SCOPED_TRACE(test.arguments);
+        Receiver receiver;
+        const auto begin = Receiver::Clock::now();
+        const Result result = command.run("--write " + receiver.url() + ' ' + test.arguments);
+        EXPECT_GE(Receiver::Clock::now() - begin, milliseconds(test.least_ms));
+        EXPECT_LT(Receiver::Clock::now() - begin, milliseconds(900)) << "as fast as was asked for";
+        EXPECT_EQ(octets_of(receiver.receive(test.sent.size())), test.sent) << result.err;
+        EXPECT_EQ(receiver.receive(1, milliseconds(20)).size(), 0U);
+    }
+}
+
+// Two markers from before and from behind midnight, half a second apart, and one without a time.
+TEST(Send, GoesByTimesOfDayWhereThereIsNoOther) {
+    const std::string before = hex("22 000A E0 190C 01 A8BFE0"), behind = hex("22 000A E0 190C 01 000020"),
+                      untimed = hex("22 0007 C0 190C 01");
+    Command command;
+    command.write("a.ast", before + behind + untimed);
+    Receiver receiver;
+    const auto begin = Receiver::Clock::now();
+    const Result result = command.run("--write " + receiver.url() + " a.ast --speed 5");
+    EXPECT_GE(Receiver::Clock::now() - begin, milliseconds(100));
+    EXPECT_LT(Receiver::Clock::now() - begin, milliseconds(2500));
+    EXPECT_EQ(octets_of(receiver.receive(3)), (std::vector<std::string>{before, behind, untimed})) << result.err;
+    EXPECT_TRUE(has(result.err, "3 datagrams sent, late by ")) << result.err;
+}
+
+// More than is read at a time: neither waits for the other.
+TEST(Send, ServesSeveralAlike) {
+    Command command;
+    const std::string large = hex("FA 2710") + std::string(9997, 'x');
+    command.write("a.pcap", pcap(1, {packet(large), packet(large), packet(large), packet(large)}));
+    Receiver one, other;
+    Background tool(command, "--speed 4 a.pcap --quiet --write " + one.url() + " --write " + other.url());
+    for (int i = 0; i < 4; ++i) {
+        const auto first = one.receive(1), second = other.receive(1);
+        ASSERT_EQ(first.size() + second.size(), 2U);
+        EXPECT_LT(second[0].time - first[0].time, milliseconds(200));
+    }
+    tool.wait();
+}
+
+TEST(Send, SaysWhatHasFailed) {
+    Command command;
+    command.write("a.pcap", pcap(1, {packet(kPlots), packet(kPlots)}));
+    std::string nobody;
+    {
+        const Receiver receiver;
+        nobody = receiver.url();
+    }
+    const Result result = command.run("--write " + nobody + " --speed max a.pcap");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err, "astdump: " + nobody + ": 1 datagram sent; 1 datagram failed: Connection refused\n");
+}
+
+TEST(Send, RefusesInputsAndWhatMakesNoSense) {
+    Command command;
+    command.write("a.pcap", pcap(1, {packet(kPlots)}));
+    const struct {
+        std::string arguments;
+        std::string error;
+    } cases[] = {
+        {"udp://127.0.0.1:18600 --write udp://127.0.0.1:18600", "is an input"},
+        {"udp://0.0.0.0:18600 --write udp://127.0.0.1:18600", "is an input"},
+        {"udp://0.0.0.0:18600 --write udp://localhost:18600", "is an input"},
+        {"udp://239.1.1.1:18600 --write udp://239.1.1.1:18600 --interface lo", "is an input"},
+        {"a.pcap --write udp://255.255.255.255:8600", "broadcast"},
+        {"a.pcap --write udp://0.0.0.0:8600", "broadcast"},
+        {"a.pcap --write udp://127.0.0.1", "is not udp://HOST:PORT"},
+        {"a.pcap --write udp://239.1.1.1:8600 --interface none0", "No such device"},
+        {"a.pcap --speed 2 --write b.pcap", "are for --write udp://"},
+        {"a.pcap --speed 0 --write udp://127.0.0.1:9", "--speed: '0' is neither"},
+        {"a.pcap --speed fast --write udp://127.0.0.1:9", "--speed: 'fast' is neither"},
+        {"a.pcap --rate 5x --write udp://127.0.0.1:9", "--rate: '5x'"},
+        {"a.pcap --ttl 300 --write udp://127.0.0.1:9", "--ttl: '300'"},
+        {"a.pcap --loop 0 --write udp://127.0.0.1:9", "--loop: '0'"},
+        {"- --loop --write udp://127.0.0.1:9 < a.pcap", "--loop is for files"},
+        {"a.pcap --write b.pcap --write b.pcap", "different files"},
+    };
+    for (const auto &test : cases) {
+        const Result result = command.run(test.arguments);
+        EXPECT_EQ(result.status, 2) << test.arguments;
+        EXPECT_TRUE(has(result.err, test.error)) << test.arguments << '\n' << result.err;
+    }
+}
+
+TEST(Send, IsBrokenOffInTheMiddle) {
+    Command command;
+    command.write("a.pcap", pcap(1, {packet(kPlots), packet(kMarker)}));
+    Receiver receiver;
+    Background tool(command, "--write " + receiver.url() + " --speed 0.0001 a.pcap");
+    EXPECT_EQ(octets_of(receiver.receive(1)), std::vector<std::string>{kPlots});
+    const Result result = tool.end(SIGINT);
+    EXPECT_EQ(result.status, -1) << "by the signal";
+    EXPECT_TRUE(has(result.err, ": 1 datagram sent, late by ")) << result.err;
+}
+
+// One datagram after the other: what is relayed waits for nothing behind it.
+TEST(Relay, PassesOnEachDatagramAtOnce) {
+    Command command;
+    Receiver one, other;
+    Background tool(command, "udp://127.0.0.1:0 --where squawk --write " + one.url() + " --write " + other.url() +
+                                 " --write kept.pcap");
+    const std::string report = tool.wait_for_report("\n");
+    const Sender sender("127.0.0.1", static_cast<uint16_t>(std::stoi(report.substr(report.rfind(':') + 1))));
+    for (int i = 0; i < 20; ++i) {
+        sender.send(kMarker);
+        sender.send(kPlots + kMarker + kPlots);
+        EXPECT_EQ(octets_of(one.receive(1)), std::vector<std::string>{kPlots + kPlots});
+        EXPECT_EQ(octets_of(other.receive(1)), std::vector<std::string>{kPlots + kPlots});
+    }
+    const Result result = tool.end();
+    EXPECT_EQ(result.status, 0);
+    EXPECT_TRUE(has(result.err, one.url() + ": 20 datagrams sent, late by ")) << result.err;
+    EXPECT_TRUE(has(command.run("--stats kept.pcap").out, "048              40")) << result.err;
+}
+
+} // namespace

@@ -1,0 +1,45 @@
+// What is chosen, sent to the network datagram by datagram.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "show/sink.hpp"
+#include "show/timeline.hpp"
+#include "write/sender.hpp"
+
+namespace ast::recording::astdump {
+
+class Send : public Sink {
+public:
+    // To several addresses alike. Throws std::runtime_error when nothing can be sent to one, or it would be an input.
+    // `remainders`: nothing is chosen by what records hold.
+    Send(const std::vector<std::string> &urls, const SendOptions &options, const std::vector<std::string> &inputs,
+         bool remainders, Interruption &interruption);
+
+    std::unique_ptr<Renderer> renderer() const override;
+    size_t chunk_octets() const override { return size_t{16} * 1024; }
+    void file(const std::string &name) override;
+    void live() override { is_live_ = true; }
+    void take(std::string_view rendered) override;
+    bool has_lost_any() const override;
+    std::string progress() const override;
+    void finish(uint64_t octets_read) override;
+
+private:
+    struct Way {
+        std::string url;
+        Sender sender;
+    };
+
+    void send(Octets octets, const std::optional<Time> &time);
+
+    bool remainders_;
+    Interruption &interruption_;
+    std::vector<Way> ways_;
+    Timeline timeline_;
+    bool is_live_ = false;
+    std::optional<Time> last_; // recorded
+};
+
+} // namespace ast::recording::astdump

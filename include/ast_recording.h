@@ -224,9 +224,7 @@ typedef struct {
 #define AST_RECORDING_ERROR_NO_ACCESS UINT32_C(3)  /* the system does not allow it */
 #define AST_RECORDING_ERROR_IN_USE UINT32_C(4)     /* another program listens to that port */
 #define AST_RECORDING_ERROR_CONNECTION UINT32_C(5) /* the other side refuses, or cannot be reached */
-#define AST_RECORDING_ERROR_INPUT                                                                                      \
-    UINT32_C(6) /* it is of a kind that cannot be read, or that or sending                                             \
-                   fails */
+#define AST_RECORDING_ERROR_INPUT UINT32_C(6)      /* it is of a kind that cannot be read or sent, or that fails */
 #define AST_RECORDING_ERROR_MEMORY UINT32_C(7)
 
 /** What went wrong: a code, and a sentence with the name of the input. */

@@ -2,8 +2,6 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <charconv>
-#include <cmath>
 #include <filesystem>
 #include <limits>
 #include <sched.h>
@@ -13,6 +11,7 @@
 #include <thread>
 
 #include "base/numbers.hpp"
+#include "run/output_options.hpp"
 #include "show/terminal.hpp"
 #include "show/write_file.hpp"
 #include "source/given_sites.hpp"
@@ -71,6 +70,8 @@ Examples:
                                              send a recording, ten times as fast as it was made
   astdump udp://239.1.1.1:8600 --where 'fl>100' --write udp://127.0.0.1:9000
                                              pass on what flies high
+  astdump udp://239.1.1.1:8600 --write day-%Y%m%d-%H.pcap --rotate 1h --keep 48
+                                             record, and keep the last two days
   astdump --list --where squawk=7700 a.pcap  who is in distress
   astdump --list --site 25/12=43.57,16.41,780 a.pcap
                                              what a radar sees, as latitude and longitude
@@ -112,6 +113,8 @@ struct Texts {
     std::optional<std::string> rate;
     std::optional<std::string> loop;
     std::optional<std::string> ttl;
+    std::optional<std::string> rotation;
+    std::optional<std::string> keep;
 
     bool shape_sending() const { return speed || rate || loop || ttl; }
 };
@@ -184,6 +187,14 @@ void describe_sending(CLI::App &app, Texts &texts) {
         ->type_name("N");
 }
 
+void describe_rotation(CLI::App &app, Texts &texts) {
+    app.add_option("--rotate", texts.rotation,
+                   "Write captures one after the other, each of so long or so many octets: 10m, 1h, 100M; NEWFILE may "
+                   "have %Y%m%d-%H%M%S")
+        ->type_name("LIMIT");
+    app.add_option("--keep", texts.keep, "Delete the oldest of these where there are more than N")->type_name("N");
+}
+
 void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_option("FILE", options.files,
                    "Captures and files of blocks, - for standard input, udp://HOST:PORT or tcp://HOST:PORT")
@@ -237,6 +248,7 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
         ->allow_extra_args(false)
         ->type_name("NEWFILE");
     describe_sending(app, texts);
+    describe_rotation(app, texts);
     app.add_flag("--quiet", options.quiet, "No listing, only reports of damage");
     app.add_flag("--verbose", options.verbose, "Report everything that is damaged, not a line for each reason");
     app.add_option("--jobs", options.jobs,
@@ -333,37 +345,6 @@ void read_sites(Options &options, const Texts &texts) {
     options.locates = options.list || wants_positions(options);
 }
 
-double read_speed(const std::string &text) {
-    if (text == "max") return Pace::kUnlimited;
-    double speed = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), speed);
-    if (error != std::errc() || end != text.data() + text.size() || !(speed > 0) || std::isinf(speed))
-        throw std::invalid_argument('\'' + text + "' is neither a number above 0 nor max");
-    return speed;
-}
-
-// "100M", "500k", "1200"
-uint64_t read_rate(const std::string &text) {
-    constexpr std::string_view kPrefixes = "kMG";
-    constexpr uint64_t kMost = 1'000'000'000'000;
-    std::string_view digits = text;
-    uint64_t factor = 1;
-    if (const size_t prefix = kPrefixes.find(text.empty() ? ' ' : text.back()); prefix != std::string_view::npos) {
-        digits.remove_suffix(1);
-        for (size_t i = 0; i <= prefix; ++i) factor *= 1000;
-    }
-    const auto number = read_number<uint64_t>(digits);
-    if (!number || *number == 0 || *number > kMost / factor)
-        throw std::invalid_argument('\'' + text + "' is no number of bits such as 500k or 100M");
-    return *number * factor;
-}
-
-uint8_t read_ttl(const std::string &text) {
-    const auto ttl = read_number<uint8_t>(text);
-    if (!ttl || *ttl == 0) throw std::invalid_argument('\'' + text + "' is no number from 1 to 255");
-    return *ttl;
-}
-
 // How it is sent.
 void read_sending(Options &options, const Texts &texts) {
     if (texts.speed) options.send.pace.speed = read_for("--speed", *texts.speed, read_speed);
@@ -375,6 +356,17 @@ void read_sending(Options &options, const Texts &texts) {
         *texts.loop == kUsualValue ? std::numeric_limits<uint64_t>::max() : read_count("--loop", *texts.loop);
     if (options.follow || std::ranges::count(options.files, "-") != 0)
         throw std::invalid_argument("--loop is for files, which can be read again");
+}
+
+// How captures follow one another.
+void read_files(Options &options, const Texts &texts) {
+    if (texts.rotation) options.rotation = read_for("--rotate", *texts.rotation, read_rotation);
+    if (texts.keep) options.rotation.keep = read_count("--keep", *texts.keep);
+    if (texts.keep && !texts.rotation) throw std::invalid_argument("--keep is for --rotate");
+    if (!texts.rotation) return;
+    const auto rotates = [](const std::string &write) { return !is_live(write) && file_kind(write) == FileKind::pcap; };
+    if (!std::ranges::any_of(options.writes, rotates))
+        throw std::invalid_argument("--rotate is for --write NEWFILE.pcap");
 }
 
 // What the parser cannot tell. Throws std::invalid_argument for a mistake.
@@ -401,6 +393,7 @@ void complete(Options &options, const Texts &texts) {
     if (texts.shape_sending() && !sends)
         throw std::invalid_argument("--speed, --rate, --loop and --ttl are for --write udp://HOST:PORT");
     read_sending(options, texts);
+    read_files(options, texts);
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 
 #include "ask/filter.hpp"
 #include "show/csv.hpp"
+#include "show/rotating_file.hpp"
 #include "source/read_options.hpp"
 #include "write/sender.hpp"
 
@@ -26,6 +27,7 @@ struct Options : ReadOptions {
     std::string html;                          // the page to write; empty for none
     std::vector<std::string> writes;           // of what is chosen: files, and addresses to send to
     SendOptions send;                          // to these
+    Rotation rotation;                         // of captures; none for one file
     uint64_t passes = 1;                       // over the input
     bool stats = false;
     bool top = false;

@@ -8,6 +8,7 @@
 #include "show/json_lines.hpp"
 #include "show/listing.hpp"
 #include "show/record_list.hpp"
+#include "show/rotating_file.hpp"
 #include "show/send.hpp"
 #include "show/stats.hpp"
 #include "show/terminal.hpp"
@@ -49,6 +50,9 @@ void add_outputs(Sinks &sinks, const Options &options, Interruption &interruptio
     for (const std::string &write : options.writes)
         if (is_live(write))
             urls.push_back(write);
+        else if (options.rotation.is_any() && file_kind(write) == FileKind::pcap)
+            sinks.push_back(std::make_unique<RotatingFile>(write, options.files, options.rotation,
+                                                           json_form(options).remainders));
         else
             sinks.push_back(std::make_unique<WriteFile>(write, options.files, json_form(options)));
     if (!urls.empty())

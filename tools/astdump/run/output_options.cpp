@@ -1,0 +1,71 @@
+#include "run/output_options.hpp"
+
+#include <charconv>
+#include <cmath>
+#include <optional>
+#include <span>
+#include <stdexcept>
+#include <string_view>
+
+#include "base/numbers.hpp"
+#include "write/schedule.hpp"
+
+namespace ast::recording::astdump {
+
+namespace {
+
+struct Unit {
+    char letter;
+    uint64_t factor;
+};
+
+constexpr Unit kThousands[] = {{'k', 1'000}, {'M', 1'000'000}, {'G', 1'000'000'000}};
+constexpr Unit kSpans_s[] = {{'s', 1}, {'m', 60}, {'h', 3600}, {'d', 86400}};
+constexpr uint64_t kMost = 1'000'000'000'000;
+
+// A number above 0 in front of the letter of one of these units.
+std::optional<uint64_t> read_in_units(std::string_view text, std::span<const Unit> units) {
+    for (const Unit &unit : units) {
+        if (!text.ends_with(unit.letter)) continue;
+        const auto number = read_number<uint64_t>(text.substr(0, text.size() - 1));
+        if (!number || *number == 0 || *number > kMost / unit.factor) return std::nullopt;
+        return *number * unit.factor;
+    }
+    return std::nullopt;
+}
+
+[[noreturn]] void refuse(const std::string &text, const char *what) {
+    throw std::invalid_argument('\'' + text + "' is " + what);
+}
+
+} // namespace
+
+double read_speed(const std::string &text) {
+    if (text == "max") return Pace::kUnlimited;
+    double speed = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), speed);
+    const bool is_number = error == std::errc() && end == text.data() + text.size();
+    if (!is_number || !(speed > 0) || std::isinf(speed)) refuse(text, "neither a number above 0 nor max");
+    return speed;
+}
+
+uint64_t read_rate(const std::string &text) {
+    const auto scaled = read_in_units(text, kThousands);
+    const auto rate = scaled ? scaled : read_number<uint64_t>(text);
+    if (!rate || *rate == 0 || *rate > kMost) refuse(text, "no number of bits such as 500k or 100M");
+    return *rate;
+}
+
+uint8_t read_ttl(const std::string &text) {
+    const auto ttl = read_number<uint8_t>(text);
+    if (!ttl || *ttl == 0) refuse(text, "no number from 1 to 255");
+    return *ttl;
+}
+
+Rotation read_rotation(const std::string &text) {
+    if (const auto period_s = read_in_units(text, kSpans_s)) return {.period_s = static_cast<int64_t>(*period_s)};
+    if (const auto octets = read_in_units(text, kThousands)) return {.octets = *octets};
+    refuse(text, "neither a time such as 10m or 1h nor a number of octets such as 100M");
+}
+
+} // namespace ast::recording::astdump

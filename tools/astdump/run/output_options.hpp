@@ -1,0 +1,25 @@
+// What is said on the command line of files that are written and of what is sent.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "show/rotating_file.hpp"
+
+namespace ast::recording::astdump {
+
+// Each throws std::invalid_argument.
+
+// "10", "0.5", or "max".
+double read_speed(const std::string &text);
+
+// "100M", "500k", "1200"
+uint64_t read_rate(const std::string &text);
+
+// From 1 to 255.
+uint8_t read_ttl(const std::string &text);
+
+// "1h", "30m", "100M"; how many stay is left open.
+Rotation read_rotation(const std::string &text);
+
+} // namespace ast::recording::astdump

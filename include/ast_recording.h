@@ -358,7 +358,7 @@ typedef struct {
 } ast_sender_options_t;
 
 /** Opens a way to send.
- *  url      udp://HOST:PORT: a host, or a multicast group; copied
+ *  url      udp://HOST:PORT, a host or a multicast group, or tcp://HOST:PORT, a server that is waited for; copied
  *  options  null for the defaults
  *  error    is set whatever comes; null when nobody asks
  *  Returns null when an option or the URL has no meaning, the address is a broadcast or an unspecified one, or nothing
@@ -368,11 +368,11 @@ AST_RECORDING_API ast_sender_t *ast_sender_open(const char *url, const ast_sende
 
 /** Waits until a datagram is due, and sends it.
  *  octets   borrowed; null only where count is 0
- *  count    at most 65507, which is what a datagram holds
+ *  count    at most 65507, which is what a datagram holds; over a connection, any
  *  time_ns  any time: the first datagram is due at once, others by how much later than its time theirs is, divided by
  *           the speed; one that has an earlier time than another before it, with that. AST_TIME_UNKNOWN is due at once
  *  Returns whether it has been sent. After an interruption it has not; else see ast_sender_get_statistics. What has
- *  failed does not keep what follows from being sent. */
+ *  failed does not keep what follows from being sent, but for a connection: once that has failed, all fails. */
 AST_RECORDING_API bool ast_sender_send_at(ast_sender_t *sender, const uint8_t *octets, uint64_t count, int64_t time_ns);
 
 /** The next datagram is due at once, whatever its time, and those behind it by theirs against that: where a recording

@@ -1,8 +1,7 @@
-// Where datagrams leave this host.
+// Where what is sent leaves this host.
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -27,15 +26,8 @@ class Outlet {
 public:
     virtual ~Outlet() = default;
 
-    // Sends one datagram. Why it has not been sent; none when it has.
+    // Sends one datagram, or its blocks over a connection. Why it has not been sent; none when it has.
     virtual std::error_code send(Octets octets) = 0;
 };
-
-// "udp://HOST:PORT". Throws NoDestination for any other text, and for broadcast and unspecified addresses, and
-// std::system_error.
-std::unique_ptr<Outlet> open_outlet(const std::string &url, const OutletForm &form);
-
-// Whether what is sent to an address is received from an input, which may be several addresses, or a file.
-bool is_heard_by(const std::string &url, const std::string &input);
 
 } // namespace ast::recording

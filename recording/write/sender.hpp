@@ -8,7 +8,7 @@
 #include "base/interruption.hpp"
 #include "base/time.hpp"
 #include "write/lateness.hpp"
-#include "write/outlet.hpp"
+#include "write/open_outlet.hpp"
 #include "write/schedule.hpp"
 
 namespace ast::recording {
@@ -31,7 +31,7 @@ class Sender {
 public:
     // Throws what open_outlet does.
     Sender(const std::string &url, const SendOptions &options, Interruption &interruption)
-        : outlet_(open_outlet(url, options.form)), schedule_(options.pace), interruption_(interruption) {}
+        : outlet_(open_outlet(url, options.form, interruption)), schedule_(options.pace), interruption_(interruption) {}
 
     // Waits until it is due, if it has a time, and sends it. Whether it has been sent: not after an interruption.
     bool send(Octets octets, std::optional<int64_t> time_ns);

@@ -147,6 +147,73 @@ TEST(Sender, CountsWhatFailsAndGoesOn) {
     EXPECT_EQ(statistics.octets, 8U + 7);
 }
 
+// Takes one connection.
+class Server {
+public:
+    Server() : listener_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+        sockaddr_in own{};
+        own.sin_family = AF_INET;
+        own.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t size = sizeof own;
+        EXPECT_EQ(bind(listener_, reinterpret_cast<const sockaddr *>(&own), size), 0);
+        EXPECT_EQ(listen(listener_, 1), 0);
+        getsockname(listener_, reinterpret_cast<sockaddr *>(&own), &size);
+        url_ = "tcp://127.0.0.1:" + std::to_string(ntohs(own.sin_port));
+    }
+    ~Server() {
+        close();
+        ::close(listener_);
+    }
+    Server(const Server &) = delete;
+    Server &operator=(const Server &) = delete;
+
+    const std::string &url() const { return url_; }
+    void take() { connection_ = accept(listener_, nullptr, nullptr); }
+    std::string read(size_t count) const {
+        std::string octets(count, '\0');
+        octets.resize(static_cast<size_t>(recv(connection_, octets.data(), count, MSG_WAITALL)));
+        return octets;
+    }
+    void close() {
+        if (connection_ >= 0) ::close(connection_);
+        connection_ = -1;
+    }
+
+private:
+    int listener_;
+    int connection_ = -1;
+    std::string url_;
+};
+
+TEST(Sender, GoesOverAConnectionAsLongAsThatLasts) {
+    Server server;
+    const Sender sender = open_sender(server.url());
+    server.take();
+    EXPECT_TRUE(send(sender, "one"));
+    EXPECT_TRUE(send(sender, std::string(100'000, '2')));
+    EXPECT_EQ(server.read(100'003), "one" + std::string(100'000, '2'));
+    server.close();
+    for (int i = 0; i < 2000 && statistics_of(sender).failed == 0; ++i) {
+        send(sender, "lost");
+        std::this_thread::sleep_for(milliseconds(1));
+    }
+    EXPECT_FALSE(send(sender, "lost, too"));
+    EXPECT_EQ(statistics_of(sender).failed, 2U);
+    EXPECT_EQ(statistics_of(sender).failure.code, AST_RECORDING_ERROR_CONNECTION);
+}
+
+TEST(Sender, IsInterruptedWhileAServerDoesNotRead) {
+    const Server server;
+    const Sender sender = open_sender(server.url());
+    std::thread other([&] {
+        std::this_thread::sleep_for(milliseconds(50));
+        ast_sender_interrupt(sender.get());
+    });
+    while (send(sender, std::string(1'000'000, 'x'))) continue;
+    other.join();
+    EXPECT_FALSE(send(sender, "at once"));
+}
+
 TEST(Sender, IsInterruptedWhileItWaits) {
     Receiver receiver;
     const Sender sender = open_sender(receiver.url());

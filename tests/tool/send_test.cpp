@@ -129,7 +129,7 @@ TEST(Send, RefusesInputsAndWhatMakesNoSense) {
         {"udp://239.1.1.1:18600 --write udp://239.1.1.1:18600 --interface lo", "is an input"},
         {"a.pcap --write udp://255.255.255.255:8600", "broadcast"},
         {"a.pcap --write udp://0.0.0.0:8600", "broadcast"},
-        {"a.pcap --write udp://127.0.0.1", "is not udp://HOST:PORT"},
+        {"a.pcap --write udp://127.0.0.1", "is neither udp://HOST:PORT nor"},
         {"a.pcap --write udp://239.1.1.1:8600 --interface none0", "No such device"},
         {"a.pcap --speed 2 --write b.pcap", "are for --write udp://"},
         {"a.pcap --speed 0 --write udp://127.0.0.1:9", "--speed: '0' is neither"},

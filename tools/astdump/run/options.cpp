@@ -240,9 +240,9 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_option("--convert", texts.convert,
                    "Turn records into those of categories that say the same: 1 from 48, 2 from 34, and back")
         ->type_name("LIST");
-    app.add_option(
-           "--write", options.writes,
-           "Write what is chosen to a .pcap, .ast or .json file instead, or send it to udp://HOST:PORT; repeated")
+    app.add_option("--write", options.writes,
+                   "Write what is chosen to a .pcap, .ast or .json file instead, or send it to udp:// or "
+                   "tcp://HOST:PORT; repeated")
         ->check(is_name)
         ->take_all()
         ->allow_extra_args(false)
@@ -391,7 +391,7 @@ void complete(Options &options, const Texts &texts) {
     if (!options.interface.empty() && !live && !sends)
         throw std::invalid_argument("--interface is for udp://HOST:PORT");
     if (texts.shape_sending() && !sends)
-        throw std::invalid_argument("--speed, --rate, --loop and --ttl are for --write udp://HOST:PORT");
+        throw std::invalid_argument("--speed, --rate, --loop and --ttl are for --write udp://HOST:PORT or tcp://");
     read_sending(options, texts);
     read_files(options, texts);
 }

@@ -1,4 +1,4 @@
-#include "write/outlet.hpp"
+#include "write/open_outlet.hpp"
 
 #include <algorithm>
 #include <asio/io_context.hpp>
@@ -11,6 +11,7 @@
 #include "source/live_url.hpp"
 #include "source/network_interface.hpp"
 #include "source/socket_endpoint.hpp"
+#include "write/tcp_outlet.hpp"
 
 namespace ast::recording {
 
@@ -25,10 +26,11 @@ std::error_code last_error() { return {errno, std::generic_category()}; }
 LiveUrl read_destination(const std::string &text) {
     try {
         const std::vector<LiveUrl> urls = read_live_urls(text);
-        if (urls.size() == 1 && !urls.front().is_tcp && urls.front().port != 0) return urls.front();
+        if (urls.size() == 1 && urls.front().port != 0) return urls.front();
     } catch (const std::invalid_argument &) {
     }
-    throw NoDestination('\'' + text + "' is not udp://HOST:PORT with the address and the port to send to");
+    throw NoDestination('\'' + text +
+                        "' is neither udp://HOST:PORT nor tcp://HOST:PORT with the address and the port to send to");
 }
 
 class UdpOutlet : public Outlet {
@@ -126,15 +128,19 @@ bool is_heard(const udp::endpoint &sent, const udp::endpoint &heard, asio::io_co
 
 bool is_heard_by(const std::string &url, const std::string &input) {
     asio::io_context context;
-    const std::vector<udp::endpoint> sent = resolve<udp>(read_destination(url), context);
+    const LiveUrl destination = read_destination(url);
+    const std::vector<udp::endpoint> sent = resolve<udp>(destination, context);
     for (const LiveUrl &heard : read_live_urls(input))
-        for (const udp::endpoint &at : heard.is_tcp ? std::vector<udp::endpoint>() : resolve<udp>(heard, context))
+        for (const udp::endpoint &at :
+             heard.is_tcp == destination.is_tcp ? resolve<udp>(heard, context) : std::vector<udp::endpoint>())
             if (std::ranges::any_of(sent, [&](const auto &to) { return is_heard(to, at, context); })) return true;
     return false;
 }
 
-std::unique_ptr<Outlet> open_outlet(const std::string &url, const OutletForm &form) {
-    return std::make_unique<UdpOutlet>(read_destination(url), form);
+std::unique_ptr<Outlet> open_outlet(const std::string &url, const OutletForm &form, Interruption &interruption) {
+    const LiveUrl destination = read_destination(url);
+    if (destination.is_tcp) return std::make_unique<TcpOutlet>(destination, interruption);
+    return std::make_unique<UdpOutlet>(destination, form);
 }
 
 } // namespace ast::recording

@@ -51,8 +51,8 @@ void add_outputs(Sinks &sinks, const Options &options, Interruption &interruptio
         if (is_live(write))
             urls.push_back(write);
         else if (options.rotation.is_any() && file_kind(write) == FileKind::pcap)
-            sinks.push_back(std::make_unique<RotatingFile>(write, options.files, options.rotation,
-                                                           json_form(options).remainders));
+            sinks.push_back(
+                std::make_unique<RotatingFile>(write, options.files, options.rotation, json_form(options).remainders));
         else
             sinks.push_back(std::make_unique<WriteFile>(write, options.files, json_form(options)));
     if (!urls.empty())

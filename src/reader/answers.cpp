@@ -133,6 +133,7 @@ constexpr const char *kMessages[AST_MESSAGES] = {
 
 } // namespace ast::reader
 
+using namespace ast;
 using namespace ast::reader;
 
 uint64_t ast_datarecord_get_answers(const ast_datarecord_t *record, const ast_answer_context_t *context,

@@ -14,6 +14,7 @@
 #include "show/terminal.hpp"
 #include "show/top.hpp"
 #include "show/write_file.hpp"
+#include "source/live_url.hpp"
 
 namespace ast::recording::astdump {
 

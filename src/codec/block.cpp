@@ -80,7 +80,8 @@ void decode(ast_datablock_t &block, const uint8_t *data, uint64_t available, con
 
 // Clears the records of an attempt before the next one, which may have fewer.
 void forget_records(ast_datablock_t &block) {
-    std::memset(static_cast<void *>(block.records), 0, static_cast<size_t>(block.record_count) * sizeof block.records[0]);
+    std::memset(static_cast<void *>(block.records), 0,
+                static_cast<size_t>(block.record_count) * sizeof block.records[0]);
 }
 
 } // namespace

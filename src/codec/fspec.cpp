@@ -24,7 +24,8 @@ ast_fspec_t ast_fspec_copy(uint8_t *buffer, uint64_t length, const ast_fspec_t *
     copy.frn_count = source->frn_count;
     copy.item_count = source->item_count;
     if (!source->valid || !buffer || source->length > length) return copy;
-    if (source->length != 0) std::memcpy(buffer, source->data, static_cast<size_t>(source->length)); // an empty one may have no octets
+    if (source->length != 0)
+        std::memcpy(buffer, source->data, static_cast<size_t>(source->length)); // an empty one may have no octets
     copy.length = source->length;
     copy.valid = true;
     return copy;

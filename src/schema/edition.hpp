@@ -38,7 +38,7 @@ struct Edition {
     const char *title = nullptr;
     const Item *items = nullptr;
     uint32_t item_count = 0;
-    const Writer *writers = nullptr;    // of the items
+    const Writer *writers = nullptr; // of the items
     const Judgement *judgements = nullptr;
     Profile profile;                    // none for an edition that the profiles of the codec cover
     Profile other_profile;              // of a category that has two: plots of category 001, uplink of category 007

@@ -11,11 +11,13 @@ namespace ast::schema {
 
 // The lowest and the highest number, in steps of a field, that may be.
 struct Limits {
-    int64_t lowest = INT64_MIN;
-    int64_t highest = INT64_MAX;
+    static constexpr int64_t kAny = int64_t{1} << 62; // beyond any number of a field
+
+    int64_t lowest = -kAny;
+    int64_t highest = kAny;
 
     constexpr bool allow(int64_t number) const { return number >= lowest && number <= highest; }
-    constexpr bool allow_all() const { return lowest == INT64_MIN && highest == INT64_MAX; }
+    constexpr bool allow_all() const { return lowest == -kAny && highest == kAny; }
 };
 
 // What lies within these, in the unit of a field.
@@ -36,7 +38,7 @@ constexpr Limits limits_of(const Field &field) {
         constexpr auto kDay = static_cast<int64_t>(kDayS);
         const int64_t midnight = within(field, 0, kDayS).highest;
         const bool is_midnight_a_step = midnight * field.numerator == kDay * field.denominator;
-        return {INT64_MIN, midnight - (is_midnight_a_step ? 1 : 0)};
+        return {-Limits::kAny, midnight - (is_midnight_a_step ? 1 : 0)};
     }
     if (unit == "°" && field.name() == "LAT") return within(field, -kMaxLatitudeDeg, kMaxLatitudeDeg);
     if (unit == "FL") return within(field, kLowestLevelFl, kHighestLevelFl);

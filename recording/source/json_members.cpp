@@ -20,9 +20,9 @@ constexpr auto kIsMark = [] {
 
 // Whether a small letter stands behind a quote anywhere, as in every key that is looked for.
 bool may_have_key(std::string_view text) {
-    uint8_t found = 0;
+    unsigned found = 0; // by arithmetic, which compilers do for many characters at a time
     for (size_t i = 1; i < text.size(); ++i)
-        found |= static_cast<uint8_t>((text[i - 1] == '"') & (text[i] >= 'a') & (text[i] <= 'z'));
+        found |= unsigned{text[i - 1] == '"'} * unsigned{text[i] >= 'a'} * unsigned{text[i] <= 'z'};
     return found != 0;
 }
 

@@ -90,11 +90,12 @@ bool PublishedBeside::concerns(ast_dataitem_type_t type) {
 }
 
 void PublishedBeside::row(DetailTexts cells) {
-    const auto fields = std::ranges::equal_range(kFields, item_.type, {}, &Field::type);
-    const auto field = std::ranges::find_if(fields, [&](const Field &each) {
+    const Field *const end = std::ranges::upper_bound(kFields, item_.type, {}, &Field::type);
+    const Field *const begin = std::ranges::lower_bound(kFields, item_.type, {}, &Field::type);
+    const Field *const field = std::find_if(begin, end, [&](const Field &each) {
         return std::ranges::any_of(cells, [&](const DetailText &cell) { return text_of(cell) == each.row; });
     });
-    if (field == fields.end()) return sink_.row(cells);
+    if (field == end) return sink_.row(cells);
     const std::string shown(text_of(cells.back()));
     const std::string published = ItemValues::find(item_, reading_, field->path, [&](const ast_field_value_t &value) {
         return differ(value, field->comparison, shown);

@@ -7,6 +7,7 @@
 #include <map>
 #include <numeric>
 #include <regex>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -83,10 +84,16 @@ const std::map<std::string, std::string> kMended = {
     {"I015/605/RSVA/SDVA", "64/25"},
 };
 // Registers that the definitions give as bits.
-const std::map<std::string, const char *> kRegisters = {{"I020/250", "[]|BDS Register Data|7|64|"},
+const std::map<std::string, const char *> kRegisters = {{"I007/250", "[]|Mode S Comm B Message Data|7|64|"},
+                                                        {"I010/250", "[]||7|64|"},
+                                                        {"I020/250", "[]|BDS Register Data|7|64|"},
                                                         {"I048/250", "[]|BDS Register Data|7|64|"},
+                                                        {"I007/260", "|ACAS Resolution Advisory Report|7|56|"},
                                                         {"I020/260", "|ACAS Resolution Advisory Report|7|56|"},
                                                         {"I048/260", "|ACAS Resolution Advisory Report|7|56|"}};
+// Bits whose texts the definitions have the wrong way round: those of the technologies that took part.
+const std::set<std::string> kReversed = {"I020/020/SSR", "I020/020/MS",  "I020/020/HF", "I020/020/VDL4",
+                                         "I020/020/UAT", "I020/020/DME", "I020/020/OT"};
 
 std::string row(const std::string &path, const std::string &title, uint32_t kind, unsigned bits,
                 const std::string &rest = "") {
@@ -171,7 +178,7 @@ private:
             rows.push_back(
                 row(path, title, is_signed ? AST_FIELD_SIGNED : AST_FIELD_UNSIGNED, bits, step + " " + found[3].str()));
         } else if (content.is("table")) {
-            rows.push_back(row(path, title, AST_FIELD_CODE, bits, texts(content)));
+            rows.push_back(row(path, title, AST_FIELD_CODE, bits, texts(content, kReversed.contains(path))));
         } else if (content.is("case")) {
             rows.push_back(row(path, title, AST_FIELD_EITHER, bits));
             for (const Node &reading : content.inner)
@@ -194,13 +201,13 @@ private:
         }
     }
 
-    static std::string texts(const Node &table) {
+    static std::string texts(const Node &table, bool is_reversed) {
         std::map<int, std::string> by_code;
         for (const Node &code : table.inner) {
             std::string text = code.text;
             for (const Node &more : code.inner) text += " " + more.text;
             const size_t first = text.find_first_not_of(' ', text.find(':') + 1);
-            by_code[std::stoi(text)] = first == std::string::npos ? "" : text.substr(first);
+            by_code[std::stoi(text) ^ int{is_reversed}] = first == std::string::npos ? "" : text.substr(first);
         }
         std::string all;
         for (const auto &[code, text] : by_code) all += std::to_string(code) + "=" + text + ";";

@@ -322,12 +322,9 @@ constexpr auto I230 = group("I230", "Communications/ACAS Capability and Flight S
 constexpr auto I240 = icao("I240", "Aircraft Identification", 48);
 
 constexpr auto I250 = repetitive("I250", "Mode S MB Data",
-    group("", "",
-        raw("MBDATA", "Mode S Comm B Message Data", 56),
-        raw("BDS1", "Comm B Data Buffer Store 1 Address", 4),
-        raw("BDS2", "Comm B Data Buffer Store 2 Address", 4)));
+    bds("", "Mode S Comm B Message Data", 64));
 
-constexpr auto I260 = raw("I260", "ACAS Resolution Advisory Report", 56);
+constexpr auto I260 = bds("I260", "ACAS Resolution Advisory Report", 56, 0x30);
 
 constexpr auto I400 = group("I400", "Directed Interrogation Request Number",
     code("PRI", "Priority of Command", 1,

@@ -111,10 +111,7 @@ constexpr auto I245 = group("I245", "Target Identification",
     icao("CHR", "Characters 1-8 (Coded on 6 Bits Each) Defining Target Identification", 48));
 
 constexpr auto I250 = repetitive("I250", "Mode S MB Data",
-    group("", "",
-        raw("MBDATA", "", 56),
-        raw("BDS1", "", 4),
-        raw("BDS2", "", 4)));
+    bds("", "", 64));
 
 constexpr auto I270 = extended("I270", "Target Size and Orientation",
     part(quantity("LENGTH", "Length", 7, {1, 1}, "m")),

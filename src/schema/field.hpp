@@ -112,17 +112,17 @@ constexpr uint64_t greatest_common_divisor(uint64_t a, uint64_t b) {
 
 constexpr unsigned kMaxDecimals = 12;
 
-// Shown with as many decimals as tell each step from the next, exactly where two more decimals make it exact.
+// Shown with two decimals more than tell its steps apart, or exactly where fewer are enough.
 constexpr Field scaled(Field field, Step step, Text unit) {
+    constexpr unsigned kDecimalsBeyond = 2;
     const uint64_t divisor = greatest_common_divisor(step.numerator, step.denominator);
     step = {step.numerator / divisor, step.denominator / divisor};
     must(step.numerator <= UINT32_MAX && step.denominator <= UINT32_MAX && step.numerator != 0);
     uint64_t power = 1;
-    const auto is_exact = [&](uint64_t times) { return step.numerator * power * times % step.denominator == 0; };
+    const auto is_exact = [&] { return step.numerator * power % step.denominator == 0; };
     const auto more = [&] { power *= 10, ++field.decimals; };
-    while (step.numerator * power < 2 * step.denominator && !is_exact(1)) more();
-    if (is_exact(100))
-        while (!is_exact(1)) more();
+    while (step.numerator * power < step.denominator) more();
+    for (unsigned left = kDecimalsBeyond; left != 0 && !is_exact(); --left) more();
     must(field.decimals <= kMaxDecimals);
     field.numerator = static_cast<uint32_t>(step.numerator);
     field.denominator = static_cast<uint32_t>(step.denominator);

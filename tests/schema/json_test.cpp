@@ -1,9 +1,11 @@
 // Records as JSON, and JSON as records.
 
 #include <algorithm>
+#include <cctype>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <random>
 #include <set>
 #include <string>
@@ -81,29 +83,29 @@ struct ItemCase {
 constexpr ItemCase kValues[] = {
     {48010, "19 0C", R"("I010":{"SAC":25,"SIC":12})"},
     {48140, "54 60 40", R"("I140":43200.5)"},
-    {48140, "00 00 01", R"("I140":0.008)"},
+    {48140, "00 00 01", R"("I140":0.00781)"},
     {48220, "4C A7 A8", R"("I220":"4CA7A8")"},
     {48161, "00 7B", R"("I161":{"TRN":123})"},
     {48070, "8F C0", R"("I070":{"V":1,"G":0,"L":0,"MODE3A":"7700"})"},
     {48090, "3F FF", R"("I090":{"V":0,"G":0,"FL":-0.25})"},
     {48040, "00 80 40 00", R"("I040":{"RHO":0.5,"THETA":90})"},
     {48030, "05 20", R"("I030":[2,16])"},
-    {48130, "A0 10 FF", R"("I130":{"SRL":0.7,"SAM":-1})"},
+    {48130, "A0 10 FF", R"("I130":{"SRL":0.7031,"SAM":-1})"},
     {48120, "40 01 00 01 FF FE 00 03", R"("I120":{"RDS":[{"DOP":1,"AMB":65534,"FRQ":3}]})"},
     {48240, "2C C3 60 82 08 20", R"("I240":"KLM")"},
     {48250, "00", R"("I250":[])"},
     {48250, "01 C6 50 00 31 94 00 00 40", R"("I250":[{"bds":"40","MCP_ALT":36000,"BARO":1025}])"},
-    {48250, "01 FF E0 00 00 00 00 00 50", R"("I250":[{"bds":"50","ROLL":-0.18}])"},
+    {48250, "01 FF E0 00 00 00 00 00 50", R"("I250":[{"bds":"50","ROLL":-0.176}])"},
     {48250, "01 00 00 00 00 00 00 07 17", R"("I250":[{"bds":"17","octets":"00000000000007"}])"},
     {48998, "03 AB CD", R"("REF":"ABCD")"},
     {62998, "08 80 01 19 0C 03 00 07", R"("REF":{"CST":[{"SAC":25,"SIC":12,"TYP":3,"LTN":7}]})"},
     {62998, "07 80 01 19 0C 03 00", R"("REF":"8001190C0300")"}, // one octet short of what it announces
     {21150, "40 00", R"("I150":{"IM":0,"AS":1})"},
     {21150, "81 F4", R"("I150":{"IM":1,"AS":0.5})"},
-    {62105, "00 00 00 01 FF FF FF FF", R"("I105":{"LAT":0.000005,"LON":-0.000005})"},
-    {62105, "80 00 00 00 7F FF FF FF", R"("I105":{"LAT":-11520,"LON":11519.999995})"},
-    {21131, "00 00 00 01 FF FF FF FF", R"("I131":{"LAT":0.00000017,"LON":-0.00000017})"},
-    {21131, "00 98 96 80 40 00 00 00", R"("I131":{"LAT":1.67638063,"LON":180})"},
+    {62105, "00 00 00 01 FF FF FF FF", R"("I105":{"LAT":0.00000536,"LON":-0.00000536})"},
+    {62105, "80 00 00 00 7F FF FF FF", R"("I105":{"LAT":-11520,"LON":11519.99999464})"},
+    {21131, "00 00 00 01 FF FF FF FF", R"("I131":{"LAT":0.000000168,"LON":-0.000000168})"},
+    {21131, "00 98 96 80 40 00 00 00", R"("I131":{"LAT":1.676380634,"LON":180})"},
     {62390, "40 4B 4C 4D 31 32 20 20", R"("I390":{"CS":"KLM12"})"},
     {62390, "40 22 4B 5C 31 20 20 20", R"("I390":{"CS":"\"K\\1"})"},
     {4120, "40 1A", R"("I120":{"CC":{"TID":1,"CPC":5,"CS":0}})"}, // no message type, so a raw number
@@ -211,6 +213,147 @@ TEST(Json, GivesNoTextWhereACodeHasNone) {
     EXPECT_NE(texts_of(48230, "1C 00").find(R"("STAT":{"value":7,"text":"Unknown"})"), std::string::npos);
     EXPECT_NE(texts_of(48230, "18 00").find(R"("STAT":6,)"), std::string::npos);
     EXPECT_NE(texts_of(48230, "A0 00").find(R"("COM":5,)"), std::string::npos);
+}
+
+// ---- Decimals ----
+
+// The values in an object: strings without their quotes, and numbers.
+std::vector<std::string> scalars_of(const std::string &json) {
+    std::vector<std::string> scalars;
+    for (size_t at = 0, end = 0; at < json.size(); at = end) {
+        const bool is_string = json[at] == '"';
+        end = at + 1;
+        if (is_string) {
+            for (; json[end] != '"'; ++end) end += json[end] == '\\';
+            if (json[++end] != ':') scalars.push_back(json.substr(at + 1, end - at - 2));
+        } else if (json[at] == '-' || std::isdigit(json[at])) {
+            end = json.find_first_of(",]}", at);
+            scalars.push_back(json.substr(at, end - at));
+        }
+    }
+    return scalars;
+}
+
+// A quantity by long division: two decimals more than its step has zeros behind the point in front of its digits and
+// one, rounded, and none of them a zero at the end.
+std::string quantity_text(const ast_field_value_t &value) {
+    const ast_field_t &field = *value.field;
+    const bool is_negative = field.kind == AST_FIELD_SIGNED && (value.raw >> (field.bits - 1) & 1) != 0;
+    const auto steps = static_cast<int64_t>(value.raw) - (is_negative ? int64_t{1} << field.bits : 0);
+    const auto denominator = static_cast<int64_t>(field.denominator);
+    const int64_t parts = steps * static_cast<int64_t>(field.numerator) + field.offset * denominator;
+    size_t decimals = 2;
+    for (uint64_t step = field.numerator; step < field.denominator; step *= 10) ++decimals;
+    int64_t digits = std::abs(parts) / denominator, rest = std::abs(parts) % denominator;
+    for (size_t i = 0; i < decimals; ++i, rest = rest * 10 % denominator)
+        digits = digits * 10 + rest * 10 / denominator;
+    std::string text = std::to_string(digits + (2 * rest >= denominator ? 1 : 0));
+    text.insert(0, std::max(text.size(), decimals + 1) - text.size(), '0');
+    text.insert(text.size() - decimals, ".");
+    text.erase(text.find_last_not_of('0') + 1);
+    if (text.back() == '.') text.pop_back();
+    return parts < 0 ? '-' + text : text;
+}
+
+// Paths of quantities with their steps, those of lists without places.
+using Paths = std::set<std::string>;
+
+std::string with_step(const std::string &path, const ast_field_t &field) {
+    return path + ' ' + std::to_string(field.numerator) + '/' + std::to_string(field.denominator);
+}
+
+struct Quantities {
+    std::vector<std::string> scalars; // of a record of one item, as its JSON has them
+    size_t next = 0;
+    Paths shown;
+};
+
+void expect_exact(void *context, const ast_field_value_t *value) {
+    auto &[scalars, next, shown] = *static_cast<Quantities *>(context);
+    ASSERT_LT(next, scalars.size()) << value->field->path;
+    const std::string &text = scalars[next++];
+    if (value->field->numerator == 0) return;
+    EXPECT_EQ(text, quantity_text(*value)) << value->field->path << " of " << value->raw;
+    std::string path;
+    for (const char *at = value->field->path; *at; ++at)
+        if (path.empty() || path.back() != '[' || *at == ']') path += *at;
+    shown.insert(with_step(path, *value->field));
+}
+
+// Those of registers as an item has them.
+void add_quantity(void *context, const ast_field_t *field) {
+    const std::string path = field->path;
+    if (field->numerator != 0)
+        static_cast<Paths *>(context)->insert(
+            with_step(path.starts_with("BDS") ? "I048/250[]" + path.substr(5) : path, *field));
+}
+
+// Octets that announce one subfield after the other, of one element if it is a list, and FX alone in front of it; or
+// any, some of which are chained by FX.
+Octets octets_of_round(unsigned round, size_t begin, size_t size, std::mt19937 &random) {
+    constexpr unsigned kPresenceOctets = 5, kSubfieldsOfOctet = 7;
+    Octets octets(size);
+    const bool has_few_bits = round % 4 != 0, is_chain = round % 4 == 1;
+    for (uint8_t &octet : octets)
+        octet = static_cast<uint8_t>((random() & (has_few_bits ? random() & random() : 0xFF)) | is_chain);
+    size_t last = begin + round / kSubfieldsOfOctet % kPresenceOctets;
+    if (last + 1 >= size || round / (kSubfieldsOfOctet * kPresenceOctets) % 2 != 0) return octets;
+    octets[last] = static_cast<uint8_t>(0x80U >> round % kSubfieldsOfOctet);
+    octets[last + 1] = 1;
+    while (last != begin) octets[--last] = 0x01;
+    return octets;
+}
+
+// A length that counts itself, and the presence bit of one subfield, of any length.
+Octets expansion_of_round(unsigned round, std::mt19937 &random) {
+    constexpr unsigned kSubfields = 8, kMostOctets = 40;
+    const size_t size = 2 + round / kSubfields % kMostOctets;
+    Octets octets = octets_of_round(round / (kSubfields * kMostOctets), 2, size, random);
+    octets[0] = static_cast<uint8_t>(size);
+    octets[1] = static_cast<uint8_t>(0x80U >> round % kSubfields);
+    return octets;
+}
+
+TEST(Json, ShowsEveryQuantityWithTheDecimalsThatItsStepTakes) {
+    ast_log_handler_reg(nullptr);
+    std::mt19937 random(1); // NOLINT: the same octets every time
+    Quantities quantities;
+    Paths described;
+    const auto try_octets = [&](ast_dataitem_type_t type, Octets octets, const ast_uap_t &uap) {
+        octets.resize(ast_dataitem_get_published_size(octets.data(), octets.size(), type, uap));
+        const ast_datarecord_t record = record_of(type, octets, uap);
+        quantities.scalars = scalars_of(json_of(record));
+        quantities.next = 2; // behind category and profile
+        if (!octets.empty()) ast_dataitem_walk(&record.items[0], uap, 0, expect_exact, &quantities);
+    };
+    for (const ast_uap_t &uap : {AST_UAP_PUBLISHED, AST_UAP_PUBLISHED_OTHER, AST_UAP_CAT021_VER023,
+                                 AST_UAP_CAT021_VER026, AST_UAP_CAT021_VER21, AST_UAP_CAT021_VER24})
+        for (uint32_t category = 1; category < 256; ++category)
+            for (uint32_t frn = 1; frn <= uap.max_frn(category); ++frn) {
+                const ast_dataitem_type_t type = uap.get_dataitem(category, frn);
+                const size_t before = described.size();
+                ast_dataitem_describe(type, uap, add_quantity, &described);
+                const bool is_expansion = type % 1000 == 998;
+                if (described.size() == before) continue;
+                for (unsigned round = 0; round < (is_expansion ? 30000U : 700U); ++round)
+                    try_octets(
+                        type, is_expansion ? expansion_of_round(round, random) : octets_of_round(round, 0, 300, random),
+                        uap);
+            }
+    for (uint32_t bds = 0; bds < 256; ++bds) {
+        if (!ast_bds_describe(bds, add_quantity, &described)) continue;
+        Octets octets(9, 0xFF);
+        octets[0] = 1, octets[8] = static_cast<uint8_t>(bds);
+        for (int round = 0; round < 200; ++round) {
+            try_octets(48250, octets, AST_UAP_PUBLISHED);
+            for (size_t i = 1; i < 8; ++i) octets[i] = static_cast<uint8_t>(random());
+        }
+    }
+    Paths missing;
+    std::ranges::set_difference(described, quantities.shown, std::inserter(missing, missing.end()));
+    EXPECT_EQ(missing, Paths{});
+    EXPECT_GT(described.size(), 600U);
+    ast_log_handler_reg(ast_log_stdout);
 }
 
 // ---- There and back again ----

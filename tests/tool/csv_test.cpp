@@ -83,18 +83,18 @@ TEST(Csv, ShowsPublishedFieldsAndQuantities) {
     const std::string columns = "squawk,I040/RHO,048/I040/THETA,I070/MODE3A,i070/v,I250/MCP_ALT,I250[1]/MCP_ALT,I220";
     EXPECT_EQ(command.run("--csv " + columns + " a").out,
               "block,record,received,category," + columns +
-                  "\n1,1,2024-05-06T07:08:09.000012Z,48,\"7400\",2.504,119.998,7400,0,16 35008,35008,\n");
+                  "\n1,1,2024-05-06T07:08:09.000012Z,48,\"7400\",2.50391,119.99817,7400,0,16 35008,35008,\n");
 }
 
 TEST(Csv, ShowsQuantitiesAsTheirJsonDoes) {
     const struct {
         const char *items, *columns, *cells;
     } cases[] = {
-        {R"("I130":{"SRL":0.79,"SRR":4,"SAM":-56})", "I130/SRL,I130/SAM,I130/SRR", "0.79,-56,4"},
+        {R"("I130":{"SRL":0.79,"SRR":4,"SAM":-56})", "I130/SRL,I130/SAM,I130/SRR", "0.791,-56,4"},
         {R"("I090":{"V":0,"G":0,"FL":-0.25},"I200":{"GSP":0.11945,"HDG":128.002})", "I090/FL,I200/GSP,I200/HDG",
-         "-0.25,0.11945,128.002"},
+         "-0.25,0.1194458,128.00171"},
         {R"("I250":[{"bds":"40","BARO":800},{"bds":"40","BARO":1013.2}])", "I250/BARO", "800 1013.2"},
-        {R"("I042":{"X":-0.0078125,"Y":-256},"I140":86399.992)", "I042/X,I042/Y,I140", "-0.008,-256,86399.992"},
+        {R"("I042":{"X":-0.0078125,"Y":-256},"I140":86399.992)", "I042/X,I042/Y,I140", "-0.00781,-256,86399.99219"},
     };
     for (const auto &test : cases) {
         Command command;

@@ -142,7 +142,8 @@ TEST(LongBlocks, ShowAllTheirRecords) {
                   .out.find("034               1          0           0         70          210           353\n"),
               std::string::npos);
     // 69 sectors of 360/256 degrees are 97.03125.
-    EXPECT_EQ(command.run("--csv I020 --where 'I020>96' b").out, "block,record,received,category,I020\n1,70,,34,97\n");
+    EXPECT_EQ(command.run("--csv I020 --where 'I020>96' b").out,
+              "block,record,received,category,I020\n1,70,,34,97.03\n");
     EXPECT_EQ(lines("--json --convert 2 b"), kRecords);
 
     command.run("--write part.ast --where 'I020>90' b");

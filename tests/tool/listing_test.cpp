@@ -56,7 +56,7 @@ TEST(Listing, ShowsLongDetailsToTheirEnd) {
               "8 selected altitude  35008 ft\n"
               "1 selected altitude  16 ft\n");
     command.write("b", hex("30 000E 01 20 01 FF000000000000 60"));
-    EXPECT_EQ(command.run("--detail b | grep HDG").out, "                I250[0]/HDG  Magnetic heading  -2.81 deg\n");
+    EXPECT_EQ(command.run("--detail b | grep HDG").out, "                I250[0]/HDG  Magnetic heading  -2.813 deg\n");
 }
 
 // Where the library reads a field in a way of its own, and that makes a difference.

@@ -29,16 +29,17 @@ struct Scale {
     uint64_t divisor = 1;
 };
 
+constexpr unsigned kDecimalsBeyond = 2; // those that tell steps apart
+
 Scale scale_of(uint64_t numerator, uint64_t denominator) {
     Scale scale{.numerator = numerator, .denominator = denominator};
-    const auto is_exact = [&](uint64_t times) { return numerator * scale.one * times % denominator == 0; };
+    const auto is_exact = [&] { return numerator * scale.one % denominator == 0; };
     const auto more = [&] {
         scale.one *= 10;
         ++scale.decimals;
     };
-    while (numerator * scale.one < 2 * denominator && !is_exact(1)) more();
-    if (is_exact(100))
-        while (!is_exact(1)) more();
+    while (numerator * scale.one < denominator) more();
+    for (unsigned left = kDecimalsBeyond; left != 0 && !is_exact(); --left) more();
     const uint64_t common = std::gcd(numerator * scale.one, denominator);
     scale.factor = numerator * scale.one / common;
     scale.divisor = denominator / common;

@@ -7,8 +7,8 @@
 
 namespace ast::recording::astdump {
 
-// A value that has a number, with the decimals that the JSON of a record has: as many as tell each step from the next,
-// exactly where two more decimals make it exact; halves are rounded away from zero.
+// A value that has a number, with the decimals that the JSON of a record has: two more than tell its steps apart, or
+// exactly where fewer are enough; halves are rounded away from zero.
 void put_quantity(TextBuffer &out, const ast_field_value_t &value);
 
 // As in the JSON of a record, characters without the blanks at their end; codes are numbers.

@@ -73,6 +73,46 @@ TEST(Listing, ShowsPublishedValuesBesideDescribedOnes) {
     EXPECT_EQ(command.run("--detail c | grep -c published").out, "0\n");
 }
 
+// Two fields in a row, elements of a list, bits and codes as texts, and subfields that have but a summary. Steps of an
+// angle are 180/2^23 and 180/2^31 degrees, of a Doppler velocity 0.01 m/s.
+TEST(Listing, ShowsPublishedValuesWhereverTheyAreOthers) {
+    const struct {
+        const char *json, *rows;
+    } cases[] = {
+        {R"("category":34,"I120":{"HGT":780,"LAT":-16.4,"LON":43.5})",
+         "WGS84_COORDINATES -16.399970, 43.500001 (published: -16.3999915 deg, 43.5000014 deg)\n"},
+        {R"("category":34,"I120":{"HGT":780,"LAT":16.4,"LON":43.5})", ""},
+        {R"("category":16,"I410":[{"TID":1,"LAT":1,"LON":2,"ALT":3,"TTO":6,"ATO":1,"PCI":2},)"
+         R"({"TID":2,"LAT":-90,"LON":45,"ALT":-3,"TTO":-6,"ATO":1,"PCI":2}],)"
+         R"("I420":[{"RID":1,"LAT":45,"LON":-45,"ALT":0}])",
+         "WGS-84 Coordinate -89.99999992, 0045.00000000 (published: -90 deg, 45 deg)\n"
+         "Altitude -2.75 (published: -3 m)\nTime Offset -4 (published: -6 ns)\n"
+         "WGS-84 Coordinate 045.00000000, -044.99999992 (published: 45 deg, -45 deg)\n"},
+        {R"("category":63,"I060":{"CON":0,"PSR":0,"SSR":0,"MDS":0,"ADS":0,"MLT":0,"OPS":0,"ODP":0,"OXT":0,"MSC":0,)"
+         R"("TSV":1,"NPW":0})",
+         "TSV NO (published: 1 Invalid)\n"},
+        {R"("category":15,"I626":{"DV":-12.3})", "1 DV Doppler Velocity 3 1 -122.900000 M/S (published: -12.3 m/s)\n"},
+        {R"("category":48,"I130":{"SRR":1,"SAM":-55})",
+         "3 SAM Amplitude of (M)SSR Reply 1 1 -201 LSB=DBM (published: -55 dBm)\n"},
+        {R"("category":21,"profile":"cat021-0.26","I040":{"DCR":0,"GBS":0,"SIM":0,"TST":0,"RAB":0,"SAA":0,"SPI":0,)"
+         R"("ATP":5,"ARC":1},"I090":{"AC":0,"MN":0,"DC":0,"PA":-3})",
+         "ADDRESS_TYPE RESERVED (published: 5 Reserved for future use)\n"
+         "ALTITUDE_REPORT_CAPABILITY 100FT (published: 1 25 ft)\nPOSITION_ACCURACY 13 (published: -3)\n"},
+        {R"("category":21,"profile":"cat021-2.1","I040":{"ATP":3,"ARC":1,"RC":0,"RAB":0,"DCR":0,"GBS":0,"SIM":0,"TST":0,)"
+         R"("SAA":0,"CL":0,"IPC":0,"NOGO":1,"CPR":1,"LDPJ":0,"RCF":1})",
+         "NOGO 0 (published: 1 NOGO-bit set)\nLDPJ LDPJ_DETECTED (published: 0 LDPJ not detected)\n"
+         "RANGE_CHECK_FAILED 0 (published: 1 Range Check failed)\n"},
+        {R"("category":19,"I553":{"REFTR1":1,"REFTR2":2})", "RT1 GOOD (published: 1 Warning)\n"},
+    };
+    for (const auto &test : cases) {
+        Command command;
+        command.write("a.json", '{' + std::string(test.json) + "}\n");
+        const std::string rows =
+            "--detail a.json | grep '(published:' | sed -E 's/^ *([0-9]+  )?(Octet|Bit)[^ ]* *//; s/  +/ /g; s/^ //'";
+        EXPECT_EQ(command.run(rows).out, test.rows);
+    }
+}
+
 // Altitudes of other lengths, which make their column narrower and wider again, and change within it.
 TEST(Listing, ShowsAnItemAlikeWhateverCameBefore) {
     Command command;

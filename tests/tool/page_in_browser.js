@@ -37,7 +37,8 @@ async function look() {
 
     const texts = (type, selector) =>
         [...items.find(item => item.textContent.startsWith(type)).querySelectorAll(selector)].map(e => e.textContent);
-    check('a compound item has an overview', texts('I048/130', 'tr').includes('3SAMAmplitude of (M)SSR Reply11-186 LSB=DBM') &&
+    check('a compound item has an overview',
+          texts('I048/130', 'tr').includes('3SAMAmplitude of (M)SSR Reply11-186 LSB=DBM (published: -70 dBm)') &&
           texts('I048/130', 'tr').includes('1SRLSSR Plot Runlength00'));
     check('and its subfields', texts('I048/130', 'h4').includes('Subfield #3 - Amplitude of (M)SSR Reply') &&
           texts('I048/130', 'th').includes('Octet 1 - BA') && texts('I048/130', 'td').includes('-70 dBm'));

@@ -93,7 +93,11 @@ std::string ItemViews::subfield_summary(const ast_dataitem_t &item, const Readin
     char text[kSummaryOctets];
     ast_subfield_get_summary(text, sizeof text, &item, AST_SUBFIELD_TYPE(item.type, number));
     const std::string summary = text;
-    if (!summary.empty() && summary != kNoSummary) return summary;
+    if (!summary.empty() && summary != kNoSummary) {
+        const char *const id = ast_subfield_get_id(AST_SUBFIELD_TYPE(item.type, number));
+        const std::string both = PublishedBeside::both(item, reading, texts(id, summary));
+        return both.empty() ? summary : both;
+    }
     const std::string &path = subfield_path(item, reading, number);
     const std::string own = path.empty() ? std::string() : values_.summary(item, reading, path);
     return own.empty() ? summary : own;

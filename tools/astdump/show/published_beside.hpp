@@ -1,6 +1,7 @@
 // The published value behind a described one, where the two differ.
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -10,10 +11,14 @@
 namespace ast::recording::astdump {
 
 // Passes a view of an item on, and adds "(published: -0.01 NM)" to the rows of fields that the library reads in a way
-// of its own: those of docs/differences.md that stand in a row by themselves.
+// of its own, those of docs/differences.md, and to the summaries of such subfields.
 class PublishedBeside final : public DetailSink {
 public:
     static bool concerns(ast_dataitem_type_t type);
+
+    // The last cell of a row, or the summary behind the id of a subfield, with the published value; empty where there
+    // is no other one.
+    static std::string both(const ast_dataitem_t &item, const Reading &reading, DetailTexts cells);
 
     PublishedBeside(DetailSink &sink, const ast_dataitem_t &item, const Reading &reading)
         : sink_(sink), item_(item), reading_(reading) {}

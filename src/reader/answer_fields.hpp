@@ -8,6 +8,8 @@
 #include <cstddef>
 #include <cstring>
 #include <iterator>
+#include <type_traits>
+#include <utility>
 
 #include "ast.h"
 #include "core/bits.hpp"
@@ -253,7 +255,7 @@ constexpr Field flag_if_set(Answer answer, unsigned bit) { return flag(answer, b
 
 // ---- Reading fields ----
 
-// Where fields are read: in octets, or in the eight octets of a register and its number.
+// Where fields are read: in octets, or in so many of them as one number, so that they are read from memory once.
 struct Octets {
     const uint8_t *data;
 
@@ -266,12 +268,27 @@ struct Octets {
     }
 };
 
-struct Word {
-    uint64_t octets;
+template <unsigned octets>
+struct Number {
+    using Value = std::conditional_t<(octets > 4), uint64_t, uint32_t>;
+    Value value;
+
+    explicit Number(const uint8_t *data) : value(read(data)) {}
 
     template <unsigned first, unsigned width>
     uint32_t bits() const {
-        return static_cast<uint32_t>(octets << (first - 1) >> (64 - width));
+        constexpr unsigned kBehind = 8 * octets - (first + width - 1);
+        return static_cast<uint32_t>(value >> kBehind) & (UINT32_MAX >> (32 - width));
+    }
+
+private:
+    static Value read(const uint8_t *data) {
+        if constexpr (octets == 1) return *data;
+        if constexpr (octets == 2) return read_u16(data);
+        if constexpr (octets == 3) return read_u24(data);
+        if constexpr (octets == 4) return read_u32(data);
+        if constexpr (octets == 6) return Value{read_u16(data)} << 32 | read_u32(data + 2);
+        if constexpr (octets == 8) return read_u64(data);
     }
 };
 
@@ -283,6 +300,13 @@ bool is_set(Source source) {
         return source.template bits<bit, 1>() != 0;
 }
 
+template <Field field>
+bool is_yes(uint32_t raw) {
+    if constexpr (field.width == 1 && field.yes == 1U << 1) return raw != 0;
+    if constexpr (field.width == 1 && field.yes == 1U << 0) return raw == 0;
+    return (field.yes >> raw & 1) != 0;
+}
+
 // Reads a field that is wanted, whatever is said beside it, and returns its answer; 0 when the value is none.
 template <Field field, typename Source>
 uint64_t take_field(Answering &answering, Source source) {
@@ -291,9 +315,9 @@ uint64_t take_field(Answering &answering, Source source) {
     if constexpr (field.form == Form::Flag) {
         if (field.width > kMaxFlagBits && raw >> kMaxFlagBits != 0) return 0;
         if (field.unknown != 0 && (field.unknown >> raw & 1) != 0) return 0;
-        answering.member<bool>(field.answer) |= (field.yes >> raw & 1) != 0;
+        answering.member<bool>(field.answer) |= is_yes<field>(raw);
     } else if constexpr (field.form == Form::Mark) {
-        answering.member<bool>(field.answer) = (field.yes >> raw & 1) != 0;
+        answering.member<bool>(field.answer) = is_yes<field>(raw);
     } else if constexpr (field.form == Form::Code) {
         answering.member<uint32_t>(field.answer) = raw;
     } else {
@@ -317,13 +341,22 @@ uint64_t read_field(Answering &answering, Source source) {
 template <unsigned octets, Field... fields>
 void read(Answering &answering, const uint8_t *data, uint64_t size) {
     if (size < octets) return;
+    const Number<octets> number(data);
     uint64_t given[kChoices] = {};
     const auto read_if_there = [&]<Field field>() {
-        if (field.last() <= 8 * octets || size * 8 >= field.last())
+        if constexpr (field.last() <= 8 * octets)
+            given[field.choice] |= read_field<field>(answering, number);
+        else if (size * 8 >= field.last())
             given[field.choice] |= read_field<field>(answering, Octets{data});
     };
     (read_if_there.template operator()<fields>(), ...);
-    for (unsigned i = 0; i < kChoices; ++i) answering.given[i] |= given[i];
+    const auto give = [&]<unsigned choice>() {
+        if constexpr (((fields.choice == choice) || ...)) answering.given[choice] |= given[choice];
+    };
+    [&]<unsigned... choices>(std::integer_sequence<unsigned, choices...>) {
+        (give.template operator()<choices>(), ...);
+    }
+    (std::make_integer_sequence<unsigned, kChoices>());
 }
 
 // Ways to read an item, one after the other.
@@ -536,8 +569,7 @@ constexpr unsigned kRegisterOctets = 8; // its number is the last one
 // Each behind its status bit; of those that answer the same, the first one that is valid. Angles are sent from -180 to
 // 180 degrees in two's complement, which is 0 to 360 in as many bits without a sign.
 template <unsigned choice, Field... fields>
-void read_register_fields(Answering &answering, const uint8_t *data) {
-    const Word word{read_u64(data)};
+void read_register_fields(Answering &answering, const Number<kRegisterOctets> &word) {
     uint64_t taken = 0; // by others or here
     for (unsigned i = 0; i <= choice; ++i) taken |= answering.given[i];
     const uint64_t before = taken;
@@ -552,24 +584,25 @@ void read_register_fields(Answering &answering, const uint8_t *data) {
 template <unsigned choice>
 void read_register(Answering &answering, const uint8_t *data) {
     using enum Answer;
-    switch (data[kRegisterOctets - 1]) {
+    const Number<kRegisterOctets> word(data);
+    switch (word.bits<8 * kRegisterOctets - 7, 8>()) {
     case 0x20:
         if (data[0] == 0x20) read_six_bit_callsign<1, choice>(answering, data, kRegisterOctets);
         break;
     case 0x40:
         read_register_fields<choice, number(SelectedAltitude, 2, 12, {16, 1}),
-                             number(SelectedAltitude, 15, 12, {16, 1})>(answering, data);
+                             number(SelectedAltitude, 15, 12, {16, 1})>(answering, word);
         break;
     case 0x50:
         read_register_fields<choice, signed_number(Roll, 2, 10, {45, 256}), number(Track, 13, 11, {90, 512}),
                              number(Groundspeed, 25, 10, {2, 1}), number(TrueAirspeed, 47, 10, {2, 1})>(answering,
-                                                                                                        data);
+                                                                                                        word);
         break;
     case 0x60:
         read_register_fields<choice, number(MagneticHeading, 2, 11, {90, 512}),
                              number(IndicatedAirspeed, 14, 10, {1, 1}), number(Mach, 25, 10, {4, 1000}),
                              signed_number(VerticalRate, 36, 10, {32, 1}),
-                             signed_number(VerticalRate, 47, 10, {32, 1})>(answering, data);
+                             signed_number(VerticalRate, 47, 10, {32, 1})>(answering, word);
         break;
     default:
         break;

@@ -72,6 +72,16 @@ void settle_position(Answering &answering) {
     out.latitude_deg = out.longitude_deg = 0;
 }
 
+// In pieces that compilers make a few stores of: of the whole they make a loop.
+[[gnu::always_inline]] inline void clear(ast_answers_t &answers) {
+    constexpr size_t kPiece = 32;
+    constexpr size_t kPieces = sizeof answers / kPiece;
+    char *const first = reinterpret_cast<char *>(&answers);
+    [&]<size_t... pieces>(std::index_sequence<pieces...>) { (std::memset(first + pieces * kPiece, 0, kPiece), ...); }
+    (std::make_index_sequence<kPieces>());
+    std::memset(first + kPieces * kPiece, 0, sizeof answers % kPiece);
+}
+
 constexpr uint32_t kUnlawfulInterference = 07500;
 constexpr uint32_t kNoRadio = 07600;
 constexpr uint32_t kEmergency = 07700;
@@ -139,7 +149,7 @@ using namespace ast::reader;
 uint64_t ast_datarecord_get_answers(const ast_datarecord_t *record, const ast_answer_context_t *context,
                                     ast_answers_t *answers) {
     if (!answers) return 0;
-    *answers = {};
+    clear(*answers);
     const AnswerTable *const table = record && record->valid ? find_answers(record->category, record->uap) : nullptr;
     if (!table) return 0;
     Answering answering{*answers, {AST_ANSWER_CATEGORY}};

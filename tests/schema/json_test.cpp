@@ -96,6 +96,8 @@ constexpr ItemCase kValues[] = {
     {48250, "00", R"("I250":[])"},
     {48250, "01 C6 50 00 31 94 00 00 40", R"("I250":[{"bds":"40","MCP_ALT":36000,"BARO":1025}])"},
     {48250, "01 FF E0 00 00 00 00 00 50", R"("I250":[{"bds":"50","ROLL":-0.176}])"},
+    {10250, "01 C6 50 00 31 94 00 00 40", R"("I250":[{"bds":"40","MCP_ALT":36000,"BARO":1025}])"},
+    {10270, "05 08", R"("I270":{"LENGTH":2,"ORIENTATION":11.25})"}, // 4 × 360/128
     {48250, "01 00 00 00 00 00 00 07 17", R"("I250":[{"bds":"17","octets":"00000000000007"}])"},
     {48998, "03 AB CD", R"("REF":"ABCD")"},
     {62998, "08 80 01 19 0C 03 00 07", R"("REF":{"CST":[{"SAC":25,"SIC":12,"TYP":3,"LTN":7}]})"},
@@ -172,6 +174,11 @@ TEST(Json, GivesTextsOfCodesWhereWanted) {
     EXPECT_NE(json.find(R"("I020":{"TYP":{"value":5,"text":"Single ModeS Roll-Call"},"SIM":{"value":0,)"),
               std::string::npos);
     EXPECT_EQ(encoded(json), octets("20 A0"));
+    const Octets technologies = octets("40");
+    EXPECT_NE(json_of(record_of(20020, technologies, AST_UAP_PUBLISHED), &line)
+                  .find(R"("MS":{"value":1,"text":"Mode-S 1090 MHz multilateration"},)"
+                        R"("HF":{"value":0,"text":"No HF multilateration"})"),
+              std::string::npos);
 }
 
 void expect_within_any_room(const ast_datarecord_t &record, bool texts) {

@@ -1,5 +1,6 @@
 #include "schema/ordered.hpp"
 
+#include <algorithm>
 #include <bit>
 #include <cstring>
 
@@ -153,11 +154,14 @@ private:
     static bool nearest(uint64_t &raw, const Field &field, uint64_t value, bool is_negative, size_t decimals) {
         constexpr int kMostBits = 62;
         if (field.is_quantity()) {
-            const uint64_t unit = field.numerator * kPowersOfTen[decimals];
-            if (std::bit_width(value) + std::bit_width(field.denominator) > kMostBits ||
-                std::bit_width(kPowersOfTen[decimals]) + std::bit_width(field.numerator) > kMostBits)
+            const auto common = std::min(static_cast<size_t>(std::countr_zero(field.denominator)), decimals);
+            const uint64_t denominator = field.denominator >> common; // less the powers of two that ten has as well
+            const uint64_t one = kPowersOfTen[decimals] >> common;
+            if (std::bit_width(value) + std::bit_width(denominator) > kMostBits ||
+                std::bit_width(one) + std::bit_width(field.numerator) > kMostBits)
                 return false;
-            value = (2 * value * field.denominator + unit) / (2 * unit);
+            const uint64_t unit = field.numerator * one;
+            value = (2 * value * denominator + unit) / (2 * unit);
         } else if (decimals != 0) {
             return false;
         }

@@ -43,7 +43,7 @@ void SiteMemory::learn(const SplitBlock &block) {
 }
 
 void SiteMemory::add(const ast_site_t &site) {
-    const ast_site_t *const there = table_ ? ast_sites_find(&table_->sites, site.sac, site.sic) : nullptr;
+    const ast_site_t *const there = find(site.sac, site.sic);
     if (there && (there->known > site.known || is_same(there->place, site.place))) return;
     const std::span<const ast_site_t> known =
         table_ ? std::span(table_->room).first(static_cast<size_t>(table_->sites.count))

@@ -31,6 +31,14 @@ public:
     void freeze() { learns_ = false; }
     bool learns() const { return learns_; }
 
+    // Unless the source has a place that is known better.
+    void add(const ast_site_t &site);
+
+    // Null where there is none; good until another one is added.
+    const ast_site_t *find(uint32_t sac, uint32_t sic) const {
+        return table_ ? ast_sites_find(&table_->sites, sac, sic) : nullptr;
+    }
+
     // As ast_sites_locate.
     bool locate(ast_answers_t &answers) const { return table_ && ast_sites_locate(&table_->sites, &answers); }
 
@@ -42,8 +50,6 @@ private:
         std::vector<ast_site_t> room;
         ast_sites_t sites;
     };
-
-    void add(const ast_site_t &site);
 
     std::shared_ptr<const Table> table_; // null for no sites
     bool learns_ = false;

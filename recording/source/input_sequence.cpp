@@ -16,6 +16,7 @@ InputSequence::InputSequence(std::vector<Origin> origins, const ReadOptions &opt
 
 bool InputSequence::open_next() {
     input_.reset();
+    measuring_ = {};
     if (options_.merge && next_ == 0 && !origins_.empty()) open_merged();
     while (!input_ && next_ < origins_.size()) {
         const Origin &origin = origins_[next_++];
@@ -59,14 +60,16 @@ size_t InputSequence::place_of(const std::string &name) const {
 bool InputSequence::fill(Job &job) {
     const bool is_filled = input_->fill(job.chunk);
     job.known = known_;
-    if (!known_.grows()) return is_filled;
+    if (!known_.grows() && !options_.locates) return is_filled;
     for (const Datagram &datagram : job.chunk.datagrams())
-        if (datagram.may_hold_blocks())
-            each_block(datagram.octets, [&](Octets block) {
-                if (options_.categories.test(block[0]) || known_.sites.learns_from(block))
-                    learner_.learn(known_, block);
-            });
+        if (datagram.may_hold_blocks()) each_block(datagram.octets, [&](Octets block) { learn(block); });
     return is_filled;
+}
+
+void InputSequence::learn(Octets block) {
+    const bool is_wanted = options_.categories.test(block[0]);
+    if (is_wanted && options_.locates) measuring_.add(block);
+    if (known_.grows() && (is_wanted || known_.sites.learns_from(block))) learner_.learn(known_, block);
 }
 
 } // namespace ast::recording

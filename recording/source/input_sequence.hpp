@@ -6,6 +6,7 @@
 #include <system_error>
 #include <vector>
 
+#include "block/measuring_sources.hpp"
 #include "source/input.hpp"
 #include "source/pipeline.hpp"
 
@@ -64,6 +65,13 @@ public:
     // Of several that are merged, their number.
     const std::string &name() const { return name_; }
 
+    // How the places are known, by now, from which the sources of the input at hand measure, where positions are asked
+    // for.
+    PlaceCounts places() const { return measuring_.places(known_.sites); }
+
+    // Those of the sources of the input at hand whose places are worked out.
+    std::vector<ast_site_t> worked_out() const { return measuring_.worked_out(known_.sites); }
+
     // Closes the input at hand.
     void close() { input_.reset(); }
 
@@ -80,6 +88,7 @@ private:
         }
         return false;
     }
+    void learn(Octets block);
     void open_one(const Origin &origin);
     void open_merged();
 
@@ -93,6 +102,7 @@ private:
     std::string path_; // empty for several
     Known known_;      // in front of what is read next
     BlockLearner learner_;
+    MeasuringSources measuring_; // of the input at hand
 };
 
 } // namespace ast::recording

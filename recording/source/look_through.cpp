@@ -6,6 +6,8 @@
 #include <unistd.h>
 
 #include "base/interruption.hpp"
+#include "block/measuring_sources.hpp"
+#include "block/station_finder.hpp"
 #include "framing/block_header.hpp"
 #include "source/input.hpp"
 
@@ -42,23 +44,58 @@ bool can_be_read_twice(const Origin &origin) {
     return result == 0 && S_ISREG(status.st_mode);
 }
 
-// Whether that was all of the input.
-bool learn_from(Input &input, Known &known, const Interruption *interruption) {
+// Hands over the blocks at the beginning of an input as long as more of them are wanted. Whether that were all.
+template <typename IsEnough, typename Take>
+bool each_block_of(Input &input, const Interruption *interruption, IsEnough is_enough, Take take) {
     Chunk chunk(kChunkOctets);
-    BlockLearner learner;
     uint64_t blocks = 0;
     const auto is_cut_off = [&] { return interruption && interruption->ended(); };
-    const auto is_enough = [&] {
-        return blocks >= kMostBlocks || (blocks > kBlocksOfSource && known.editions.have_seen(kBlocksOfSource));
-    };
-    while (!is_enough() && !is_cut_off()) {
+    while (!is_enough(blocks) && !is_cut_off()) {
         if (!input.fill(chunk)) return true;
         for (const Datagram &datagram : chunk.datagrams())
-            if (datagram.may_hold_blocks() && !is_cut_off())
-                each_block(datagram.octets, [&](Octets block) { learner.learn(known, block); });
+            if (datagram.may_hold_blocks() && !is_cut_off()) each_block(datagram.octets, take);
         blocks = chunk.end_number;
     }
     return false;
+}
+
+// The same of all inputs.
+template <typename IsEnough, typename Take>
+bool each_block_of(std::span<const Origin> origins, const ReadOptions &options, Interruption *interruption,
+                   IsEnough is_enough, Take take) {
+    bool is_all = true;
+    for (const Origin &origin : origins) {
+        const Place place(origin.path);
+        Input input(origin, {.framing = options.framing}, interruption, {});
+        is_all = each_block_of(input, interruption, is_enough, take) && is_all;
+    }
+    return is_all;
+}
+
+// Whether that was all of the inputs.
+bool learn_from(std::span<const Origin> origins, const ReadOptions &options, Interruption *interruption, Known &known,
+                MeasuringSources &measuring) {
+    BlockLearner learner;
+    const auto is_enough = [&](uint64_t blocks) {
+        return blocks >= kMostBlocks || (blocks > kBlocksOfSource && known.editions.have_seen(kBlocksOfSource));
+    };
+    return each_block_of(origins, options, interruption, is_enough, [&](Octets block) {
+        learner.learn(known, block);
+        if (options.locates) measuring.add(block);
+    });
+}
+
+void find_stations(std::span<const Origin> origins, const ReadOptions &options, Interruption *interruption,
+                   Known &known) {
+    StationFinder finder;
+    SplitBlock split;
+    const auto is_enough = [&](uint64_t blocks) { return blocks >= kMostBlocks || finder.is_full(); };
+    each_block_of(origins, options, interruption, is_enough, [&](Octets block) {
+        if (!StationFinder::looks_at(block)) return;
+        split.read(known.editions, block);
+        finder.look(split);
+    });
+    finder.find(known.sites);
 }
 
 } // namespace
@@ -66,18 +103,15 @@ bool learn_from(Input &input, Known &known, const Interruption *interruption) {
 Known look_through(std::span<const Origin> origins, const ReadOptions &options, Interruption *interruption) {
     Known known{EditionMemory(options.profile), options.locates ? SiteMemory(options.sites) : SiteMemory()};
     if (options.follow || !std::ranges::all_of(origins, can_be_read_twice)) return known;
-    bool is_all = true;
-    for (const Origin &origin : origins) {
-        const Place place(origin.path);
-        try {
-            Input input(origin, {.framing = options.framing}, interruption, {});
-            is_all = learn_from(input, known, interruption) && is_all;
-        } catch (const std::runtime_error &) {
-            return known; // which whoever reads it will find, too
-        }
+    try {
+        MeasuringSources measuring;
+        const bool is_all = learn_from(origins, options, interruption, known, measuring);
+        known.editions.freeze();
+        if (measuring.can_be_worked_out(known.sites)) find_stations(origins, options, interruption, known);
+        if (is_all) known.sites.freeze();
+    } catch (const std::runtime_error &) {
+        // Whoever reads it will find that, too.
     }
-    known.editions.freeze();
-    if (is_all) known.sites.freeze();
     return known;
 }
 

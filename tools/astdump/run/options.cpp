@@ -342,7 +342,7 @@ bool wants_positions(const Options &options) {
 void read_sites(Options &options, const Texts &texts) {
     if (texts.site_file) options.sites = read_for("--sites", *texts.site_file, read_site_file);
     for (const std::string &site : texts.sites) options.sites.push_back(read_for("--site", site, read_site));
-    options.locates = options.list || wants_positions(options);
+    options.locates = options.list || !options.html.empty() || wants_positions(options);
 }
 
 // How it is sent.

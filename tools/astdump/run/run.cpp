@@ -5,6 +5,7 @@
 
 #include "base/counted.hpp"
 #include "base/printable.hpp"
+#include "show/places_text.hpp"
 
 namespace ast::recording::astdump {
 
@@ -95,6 +96,16 @@ void Run::read_input(Pipeline &pipeline) {
     if (!sinks_.empty()) sinks_.front()->flush();
     reports_.end_file();
     tell_what_cannot_be();
+    tell_places();
+}
+
+// From where what was measured is placed. Of a single source, what is shown tells that.
+void Run::tell_places() const {
+    if (!options_.locates || pass_ != 0) return;
+    const PlaceCounts counts = inputs_.places();
+    if (counts.sources() > 1) reports_.tell_of_file(places_text(counts));
+    if (!options_.verbose) return;
+    for (const ast_site_t &site : inputs_.worked_out()) reports_.tell_of_file(estimate_text(site));
 }
 
 // Once for each source.

@@ -40,6 +40,7 @@ private:
     void finish();
     void tell_what_is_left_out() const;
     void tell_what_cannot_be();
+    void tell_places() const;
 
     std::unique_ptr<Job> make_job(size_t chunk_octets) override;
     bool read(Job &job) override { return inputs_.fill(job); }

@@ -19,7 +19,7 @@ bool is_in(std::span<const uint32_t> categories, uint32_t category) {
 }
 
 // That of the first record, whose first item it is in all of these categories.
-std::optional<size_t> source_of(Octets block) {
+std::optional<uint32_t> source_of(Octets block) {
     constexpr size_t kSourceOctets = 2;
     constexpr uint8_t kHasSource = 0x80;
     constexpr uint8_t kGoesOn = 0x01;
@@ -28,7 +28,7 @@ std::optional<size_t> source_of(Octets block) {
     while (at < block.size() && (block[at] & kGoesOn) != 0) ++at;
     ++at;
     if (at + kSourceOctets > block.size()) return std::nullopt;
-    return size_t{block[at]} << 8 | block[at + 1];
+    return uint32_t{block[at]} << 8 | block[at + 1];
 }
 
 } // namespace
@@ -36,7 +36,10 @@ std::optional<size_t> source_of(Octets block) {
 void MeasuringSources::add(Octets block) {
     are_placed_ = are_placed_ || is_in(kPlacing, block[0]);
     if (!is_in(kMeasuring, block[0])) return;
-    if (const auto source = source_of(block)) measuring_.set(*source);
+    const auto source = source_of(block);
+    if (!source) return;
+    const auto at = std::ranges::lower_bound(measuring_, *source);
+    if (at == measuring_.end() || *at != *source) measuring_.insert(at, *source);
 }
 
 bool MeasuringSources::can_be_worked_out(const SiteMemory &sites) const {
@@ -47,8 +50,7 @@ bool MeasuringSources::can_be_worked_out(const SiteMemory &sites) const {
 
 template <typename Take>
 void MeasuringSources::each_site(const SiteMemory &sites, Take take) const {
-    for (uint32_t source = 0; source < kSources; ++source)
-        if (measuring_[source]) take(sites.find(source >> 8, source & 0xFF));
+    for (const uint32_t source : measuring_) take(sites.find(source >> 8, source & 0xFF));
 }
 
 PlaceCounts MeasuringSources::places(const SiteMemory &sites) const {

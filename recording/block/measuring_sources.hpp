@@ -2,7 +2,7 @@
 #pragma once
 
 #include <array>
-#include <bitset>
+#include <cstdint>
 #include <numeric>
 #include <vector>
 
@@ -35,10 +35,8 @@ private:
     template <typename Take>
     void each_site(const SiteMemory &sites, Take take) const;
 
-    static constexpr size_t kSources = 65536; // by SAC and SIC
-
-    std::bitset<kSources> measuring_;
-    bool are_placed_ = false; // some targets, by what sends latitude and longitude
+    std::vector<uint32_t> measuring_; // SAC × 256 + SIC, ascending
+    bool are_placed_ = false;         // some targets, by what sends latitude and longitude
 };
 
 } // namespace ast::recording

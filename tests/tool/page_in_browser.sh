@@ -27,7 +27,7 @@ END
 # The recording, these, and one more block, which is damaged.
 { cat "$recording" more.ast && printf '\x30\x00\x06\xc0\x19\x0c'; } >'<i>&.ast'
 status=0
-"$astdump" --html page.html '<i>&.ast' 2>reports || status=$?
+"$astdump" --site 25/10=49.55,15.5 --html page.html '<i>&.ast' 2>reports || status=$?
 if [[ $status -ne 1 ]]; then
     echo "astdump: exit status $status"
     cat reports

@@ -80,6 +80,7 @@ void PlanColumns::clear() {
 void PlanColumns::block(const DecodedBlock &decoded) {
     const size_t before = rows_[source].size();
     answerer_.set_block(decoded);
+    sites_ = decoded.sites;
     for (uint64_t i = 0; i < decoded.block->record_count; ++i)
         if (decoded.shown[i]) record(decoded, decoded.block->records[i]);
     blocks_.push_back(static_cast<uint32_t>(rows_[source].size() - before));
@@ -130,8 +131,6 @@ uint32_t PlanColumns::text_of(const std::string &text) {
 void PlanColumns::put_position(const ast_datarecord_t &record, const ast_answers_t &answers) {
     const bool is_sent = answers.located == 0;
     const bool is_of_sensor = answers.frame != AST_FRAME_SYSTEM;
-    ast_site_t site{};
-    ast_sites_t told{.sites = &site, .room = 1, .count = 0};
     if (ast_datarecord_is_implausible(&record))
         put_position(no_position, 0, 0);
     else if (is_sent && has(answers, AST_ANSWER_LATITUDE | AST_ANSWER_LONGITUDE))
@@ -140,8 +139,6 @@ void PlanColumns::put_position(const ast_datarecord_t &record, const ast_answers
         put_position(polar, answers.range_nm * kNauticalMile, answers.azimuth_deg * kAzimuth);
     else if (has(answers, AST_ANSWER_X | AST_ANSWER_Y))
         put_position(cartesian, answers.x_nm * kNauticalMile, answers.y_nm * kNauticalMile);
-    else if (ast_sites_learn(&told, &record))
-        put_position(station, site.place.latitude_deg * kDegree, site.place.longitude_deg * kDegree);
     else
         put_position(no_position, 0, 0);
 }
@@ -152,6 +149,23 @@ void PlanColumns::put_position(PositionKind kind, double first_value, double sec
     put(second, to_word(second_value));
 }
 
+// AST_SITE_... × 2^24, 0 for a source without a place, and the standard error of one that is worked out, in metres.
+void PlanColumns::put_sites(std::string &octets) const {
+    constexpr double kMostErrorM = (1 << 24) - 1;
+    std::vector<uint32_t> known;
+    std::vector<uint32_t> latitudes;
+    std::vector<uint32_t> longitudes;
+    for (const uint32_t word : sources_) {
+        const ast_site_t *const site =
+            sites_ && (word & kHasSource) != 0 ? sites_->find(word >> 8 & 0xFF, word & 0xFF) : nullptr;
+        const ast_site_t shown = site ? *site : ast_site_t{};
+        known.push_back(shown.known << 24 | to_word(std::min(shown.standard_error_m, kMostErrorM)));
+        latitudes.push_back(to_word(shown.place.latitude_deg * kDegree));
+        longitudes.push_back(to_word(shown.place.longitude_deg * kDegree));
+    }
+    for (const auto &column : {known, latitudes, longitudes}) put_planes(octets, column);
+}
+
 std::string PlanColumns::pack() const {
     std::string octets;
     put_planes(octets, {static_cast<uint32_t>(blocks_.size()), static_cast<uint32_t>(rows_[source].size()),
@@ -159,6 +173,7 @@ std::string PlanColumns::pack() const {
     put_planes(octets, blocks_);
     for (const auto &column : rows_) put_planes(octets, column);
     put_planes(octets, sources_);
+    put_sites(octets);
     put_planes(octets, shapes_);
     return astdump::pack(octets + texts_);
 }

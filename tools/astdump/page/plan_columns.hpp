@@ -10,9 +10,9 @@
 namespace ast::recording::astdump {
 
 // Little-endian words, packed: how many blocks, rows, sources and words of shapes there are; the rows of each block;
-// the columns below, one after the other; the sources; the shapes, as plan_shapes.hpp describes them; the texts, a line
-// each. Each of these arrays stands in four planes, the low octets of all words first, which packs well. A row is a
-// record that is shown.
+// the columns below, one after the other; the sources, how their places are known, the latitudes and the longitudes of
+// these; the shapes, as plan_shapes.hpp describes them; the texts, a line each. Each of these arrays stands in four
+// planes, the low octets of all words first, which packs well. A row is a record that is shown.
 class PlanColumns {
 public:
     void block(const DecodedBlock &decoded);
@@ -37,17 +37,19 @@ private:
         columns
     };
     enum TimeKind : uint32_t { no_time, own_time, truncated_time, received };
-    enum PositionKind : uint32_t { no_position, wgs84, polar, cartesian, station };
+    enum PositionKind : uint32_t { no_position, wgs84, polar, cartesian };
 
     void record(const DecodedBlock &decoded, const ast_datarecord_t &record);
     uint32_t source_of(uint32_t category, const ast_answers_t &answers);
     uint32_t time_of(const DecodedBlock &decoded, const ast_datarecord_t &record, const ast_answers_t &answers) const;
     uint32_t text_of(const std::string &text);
+    void put_sites(std::string &octets) const;
     void put_position(const ast_datarecord_t &record, const ast_answers_t &answers);
     void put_position(PositionKind kind, double first_value, double second_value);
     void put(Column column, uint32_t word) { rows_[column].push_back(word); }
 
     Answerer answerer_;
+    const SiteMemory *sites_ = nullptr; // as they are known behind the last block
     std::vector<uint32_t> blocks_;
     std::vector<uint32_t> rows_[columns];
     std::vector<uint32_t> sources_; // category × 2^16 + SAC × 256 + SIC, and 2^24 where there is a source

@@ -6,7 +6,6 @@ class Plane {
     constructor(records) {
         this.stations = findStations(records);
         this.centre = findCentre(records, this.stations);
-        this.located = locateStations(records, this.stations);
         this.places = new Map(); // of stations on the plane
         for (const [word, {place}] of this.stations) this.places.set(word, this.project(...place));
         this.homeless = new Set(); // data sources that measure from a place that is not known
@@ -74,8 +73,10 @@ class Plane {
         else if (this.isOnEarth())
             sentences.push(`Centre: the middle of the positions, ${placeText(this.centre)}.`);
         const list = words => words.map(word => sacSicText(word) || 'a source without a name').sort().join(', ');
-        if (this.located.length > 0)
-            sentences.push(`The place of ${list(this.located)} is worked out from aircraft that others saw, too.`);
+        const located = [...this.stations.values()].filter(({known}) => known === SITE.workedOut);
+        if (located.length > 0)
+            sentences.push('Worked out from aircraft that others saw, too, is the place of ' +
+                located.map(({word, errorM}) => `${sacSicText(word)} ± ${errorM} m`).sort().join(', ') + '.');
         if (this.homeless.size > 0)
             sentences.push(`Not known is the place of ${list([...this.homeless])}: drawn around the centre.`);
         sentences.push('Ranges are drawn as measured; north is up.');

@@ -2,7 +2,8 @@
 // The records of all sections in columns, which the sections hold packed: typed arrays, for there may be hundreds of
 // thousands of them.
 
-const POSITION = {none: 0, wgs84: 1, polar: 2, cartesian: 3, station: 4};
+const POSITION = {none: 0, wgs84: 1, polar: 2, cartesian: 3};
+const SITE = {none: 0, workedOut: 1, learnt: 2, given: 3};
 const TIME = {none: 0, own: 1, truncated: 2, received: 3};
 const COLUMNS = ['source', 'time', 'kind', 'first', 'second', 'callsign', 'code', 'address', 'track', 'level'];
 
@@ -31,6 +32,7 @@ function readColumns(buffer) {
     const part = {rows, blocks: take(blocks)};
     for (const name of COLUMNS) part[name] = take(rows);
     part.sources = take(sources);
+    part.sites = [take(sources), take(sources), take(sources)];
     part.shapes = take(shapes);
     part.texts = new TextDecoder().decode(octets.subarray(place)).split('\n').slice(0, -1);
     return part;
@@ -51,6 +53,7 @@ class Records {
         this.sections = [];       // the first row of each
         this.blocks = [];         // by section, the first row of each block, and the end
         this.sources = [];        // words of category and SAC/SIC
+        this.sites = new Map();   // the places of sources by SAC/SIC, and how they are known
         this.texts = [''];        // callsigns
         this.shapes = [];         // words of a section, and the row that theirs are counted from
         this.source = new Uint16Array(this.count);
@@ -77,6 +80,7 @@ class Records {
             return known[kind].get(value);
         };
         const sources = Array.from(part.sources, word => number('sources', word));
+        this.addSites(part);
         const texts = [0, ...part.texts.map(text => number('texts', text))];
         for (let i = 0; i < part.rows; ++i) {
             this.source[start + i] = sources[part.source[i]];
@@ -87,6 +91,17 @@ class Records {
         for (const name of ['kind', 'first', 'second', 'code', 'address', 'track', 'level'])
             this[name].set(part[name], start);
         if (part.shapes.length > 0) this.shapes.push({start, words: part.shapes});
+    }
+
+    // What is known better, or later, takes the place of what is there.
+    addSites({sources, sites: [known, latitudes, longitudes]}) {
+        const degree = 1e7;
+        sources.forEach((word, i) => {
+            const how = known[i] >>> 24;
+            if (how === SITE.none || this.sites.get(word & 0xFFFF)?.known > how) return;
+            const place = [(latitudes[i] | 0) / degree, (longitudes[i] | 0) / degree];
+            this.sites.set(word & 0xFFFF, {place, known: how, errorM: known[i] & 0xFFFFFF});
+        });
     }
 
     // Times that run on over midnight, for all rows: a truncated time is the one next to the last whole one, or to the

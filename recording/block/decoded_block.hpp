@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 
 #include "block/block_learner.hpp"
 #include "block/fault.hpp"
@@ -23,8 +24,11 @@ struct DecodedBlock {
 
 class Decoder {
 public:
-    // What is known in front of the next block.
-    void set_known(const Known &known) { known_ = known; }
+    // What is known in front of the next block, and what from later ones on, for as long as these are decoded.
+    void set_known(const Known &known, std::span<const SitesFrom> later) {
+        known_ = known;
+        later_ = later;
+    }
 
     const EditionMemory &editions() const { return known_.editions; }
 
@@ -33,6 +37,7 @@ public:
     DecodedBlock &decode(const Datagram &datagram, uint64_t number, uint64_t offset, Octets octets) {
         block_.read(known_.editions, octets);
         if (known_.sites.learns_from(octets)) known_.sites.learn(block_);
+        take_worked_out(octets);
         decoded_.datagram = &datagram;
         decoded_.number = number;
         decoded_.offset = offset;
@@ -47,13 +52,22 @@ public:
 
     // A block that is not asked for tells where its source stands all the same.
     void pass(Octets octets) {
-        if (!known_.sites.learns_from(octets)) return;
-        block_.read(known_.editions, octets);
-        known_.sites.learn(block_);
+        if (known_.sites.learns_from(octets)) {
+            block_.read(known_.editions, octets);
+            known_.sites.learn(block_);
+        }
+        take_worked_out(octets);
     }
 
 private:
+    void take_worked_out(Octets octets) {
+        if (later_.empty() || later_.front().block != octets.data()) return;
+        known_.sites = later_.front().sites;
+        later_ = later_.subspan(1);
+    }
+
     Known known_;
+    std::span<const SitesFrom> later_;
     SplitBlock block_;
     DecodedBlock decoded_;
 };

@@ -21,6 +21,7 @@ constexpr double kSecondsPerHour = 3600;
 // long before or after it where it says how fast they fly.
 constexpr double kMostBetweenS = 13;
 constexpr double kMostBeyondS = 4;
+constexpr double kSameMomentS = 0.1;
 
 // Of a station, evenly chosen.
 constexpr size_t kMostMeetings = 500;
@@ -136,6 +137,7 @@ std::optional<StationFinder::Placed> StationFinder::between(const Placed &before
 std::optional<StationFinder::Placed> StationFinder::carried_on(const Placed &from, double time_s) {
     constexpr double kHalfCircleDeg = 180;
     const double seconds = time_s - from.time_s;
+    if (std::abs(seconds) <= kSameMomentS) return from;
     if (std::abs(seconds) > kMostBeyondS || !from.speed_nm_s) return std::nullopt;
     Placed placed = from;
     const double bearing_deg = from.track_deg + (seconds < 0 ? kHalfCircleDeg : 0);
@@ -183,10 +185,11 @@ std::vector<Meeting> StationFinder::meetings_of(std::span<const Measured> measur
 // ---- Rounds ----
 
 // The stations of a round are not used in it, so that their order does not matter.
-void StationFinder::find(SiteMemory &sites) {
+bool StationFinder::find(SiteMemory &sites) {
     std::ranges::stable_sort(measured_, {}, [](const Measured &each) { return each.source; });
+    bool is_any_found = false;
     for (int round = 0; round < kMostRounds; ++round) {
-        if (!place_those_of_known(sites) && round != 0) return;
+        if (!place_those_of_known(sites) && round != 0) break;
         std::ranges::stable_sort(placed_, {}, [](const Placed &each) { return std::tuple(each.address, each.time_s); });
         for (auto first = measured_.begin(); first != measured_.end();) {
             const uint32_t source = first->source;
@@ -195,6 +198,7 @@ void StationFinder::find(SiteMemory &sites) {
             const auto fit = fit_station(meetings_of({first, last}));
             first = last;
             if (!fit) continue;
+            is_any_found = true;
             sites.add({.sac = source >> 8,
                        .sic = source & 0xFF,
                        .known = AST_SITE_WORKED_OUT,
@@ -202,6 +206,7 @@ void StationFinder::find(SiteMemory &sites) {
                        .standard_error_m = fit->standard_error_m});
         }
     }
+    return is_any_found;
 }
 
 } // namespace ast::recording

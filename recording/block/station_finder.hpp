@@ -23,8 +23,12 @@ public:
     // Some minutes of busy skies are enough, and fit into some megabytes.
     bool is_full() const { return measured_.size() >= kMostOfEach || placed_.size() >= kMostOfEach; }
 
-    // Adds the stations that can be worked out to those that are known; each may help to find others.
-    void find(SiteMemory &sites);
+    // How much has been kept.
+    size_t size() const { return measured_.size() + placed_.size(); }
+
+    // Adds the stations that can be worked out to those that are known; each may help to find others. Whether there are
+    // any.
+    bool find(SiteMemory &sites);
 
 private:
     static constexpr size_t kMostOfEach = size_t{1} << 16;

@@ -17,6 +17,7 @@ InputSequence::InputSequence(std::vector<Origin> origins, const ReadOptions &opt
 bool InputSequence::open_next() {
     input_.reset();
     measuring_ = {};
+    stations_ = {};
     if (options_.merge && next_ == 0 && !origins_.empty()) open_merged();
     while (!input_ && next_ < origins_.size()) {
         const Origin &origin = origins_[next_++];
@@ -60,16 +61,23 @@ size_t InputSequence::place_of(const std::string &name) const {
 bool InputSequence::fill(Job &job) {
     const bool is_filled = input_->fill(job.chunk);
     job.known = known_;
+    job.later.clear();
     if (!known_.grows() && !options_.locates) return is_filled;
     for (const Datagram &datagram : job.chunk.datagrams())
-        if (datagram.may_hold_blocks()) each_block(datagram.octets, [&](Octets block) { learn(block); });
+        if (datagram.may_hold_blocks()) each_block(datagram.octets, [&](Octets block) { learn(job, block); });
     return is_filled;
 }
 
-void InputSequence::learn(Octets block) {
-    const bool is_wanted = options_.categories.test(block[0]);
-    if (is_wanted && options_.locates) measuring_.add(block);
-    if (known_.grows() && (is_wanted || known_.sites.learns_from(block))) learner_.learn(known_, block);
+void InputSequence::learn(Job &job, Octets block) {
+    if (options_.locates) measuring_.add(block);
+    // Editions are still learnt where nothing could be looked through.
+    const bool seeks_stations = options_.locates && known_.editions.grows();
+    if (seeks_stations && stations_.wants(block, measuring_, known_.sites)) {
+        const bool is_any_found = stations_.learn(learner_.split(known_, block), known_.sites);
+        if (is_any_found) job.later.push_back({block.data(), known_.sites});
+    } else if (known_.grows() && (options_.categories.test(block[0]) || known_.sites.learns_from(block))) {
+        learner_.learn(known_, block);
+    }
 }
 
 } // namespace ast::recording

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "block/measuring_sources.hpp"
+#include "block/station_learner.hpp"
 #include "source/input.hpp"
 #include "source/pipeline.hpp"
 
@@ -88,7 +89,7 @@ private:
         }
         return false;
     }
-    void learn(Octets block);
+    void learn(Job &job, Octets block);
     void open_one(const Origin &origin);
     void open_merged();
 
@@ -103,6 +104,7 @@ private:
     Known known_;      // in front of what is read next
     BlockLearner learner_;
     MeasuringSources measuring_; // of the input at hand
+    StationLearner stations_;
 };
 
 } // namespace ast::recording

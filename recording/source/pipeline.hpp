@@ -21,7 +21,8 @@ struct Job {
     Job &operator=(const Job &) = delete;
 
     Chunk chunk;
-    Known known; // in front of its first block
+    Known known;                  // in front of its first block
+    std::vector<SitesFrom> later; // what is worked out further on, in that order
 };
 
 // What is done with a chunk. `worker` counts the threads from 0.

@@ -73,6 +73,44 @@ TEST(Places, AreLearntInTheOrderOfTheRecording) {
         }
 }
 
+// A tracker shows three aircraft on the equator, 60 NM to the east and to the west of 10 degrees, and 30 NM to the
+// east.
+const std::string kSeen = hex("3E0016 9910 190D 546000 00000000 001F48A9 80 000001"
+                              "3E0016 9910 190D 546000 00000000 00199AE5 80 000002"
+                              "3E0016 9910 190D 546000 00000000 001DDD37 80 000003");
+// 25/12 sees them, too.
+const std::string kSeenFromThere = hex("300013 D580 190C 546000 3C00 4000 0000 000001"
+                                       "300013 D580 190C 546000 3C00 C000 0000 000002"
+                                       "300013 D580 190C 546000 1E00 4000 0000 000003");
+
+TEST(Places, AreWorkedOutFromWhatOthersSee) {
+    Command command;
+    command.write("a", kOverhead + kSeenFromThere + kSeen);
+    const Result list = command.run("--list --category 48 a");
+    EXPECT_NE(list.out.find(" 009.999999 E\n"), std::string::npos) << list.out;
+    EXPECT_NE(list.out.find(", 010.998220 E\n"), std::string::npos) << list.out;
+    EXPECT_EQ(list.err, "");
+    command.write("b", kOverhead + kSeenFromThere + hex("30000A 90 190E 0001 4000") + kTold + kSeen);
+    EXPECT_EQ(command.run("--list b").err, "astdump: b: places of 2 sources: 1 learnt, 1 not known\n");
+    command.write("c", kSeenFromThere + hex("30000A 90 190E 0001 4000") + kSeen);
+    const std::string err = command.run("--list --verbose --site 25/14=0,0 c").err;
+    EXPECT_NE(err.find("astdump: c: places of 2 sources: 1 given, 1 worked out\n"), std::string::npos) << err;
+    EXPECT_NE(err.find("0.0000, 10.0000 as worked out, standard error 110 m\n"), std::string::npos) << err;
+}
+
+// As soon as there is enough to go by, at the same record on however many threads, and however the pipe is filled.
+TEST(Places, AreWorkedOutWhileAPipeIsRead) {
+    std::string octets;
+    for (int i = 0; i < 4000; ++i) octets += kSeenFromThere + kSeen;
+    Command command;
+    command.write("a", octets);
+    const std::string list = " | " ASTDUMP " --list --category 48 --jobs ";
+    const std::string marks = " - | tail -n +2 | sed 's/.* E .*/E/; s/.*R:.*/R/' | uniq -c | tr -s ' '";
+    const std::string out = command.run("--quiet a; cat a" + list + "1" + marks).out;
+    EXPECT_EQ(out, " 64 R\n 11936 E\n"); // from block 128 on, 64 behind where sources are looked at
+    EXPECT_EQ(command.run("--quiet a; (head -c 500 a; sleep 0.2; tail -c +501 a)" + list + "3" + marks).out, out);
+}
+
 TEST(Places, AreRefusedWhereTheyCannotBe) {
     Command command;
     command.write("a", kPlot);

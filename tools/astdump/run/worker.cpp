@@ -47,7 +47,7 @@ void Worker::render(const Job &job, uint64_t most, Rendered &rendered) {
     rendered.shown = 0;
     rendered.unconverted = 0;
     rendered.judgements.clear();
-    decoder_.set_known(job.known);
+    decoder_.set_known(job.known, job.later);
     Walk walk{*this, most, rendered, only_counts(job.chunk)};
     walk_chunk(job.chunk, walk);
     for (size_t i = 0; i < renderers_.size(); ++i)

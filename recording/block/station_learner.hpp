@@ -1,0 +1,27 @@
+// Working out stations while what shows them is read, where it cannot be looked through beforehand.
+#pragma once
+
+#include "block/measuring_sources.hpp"
+#include "block/station_finder.hpp"
+
+namespace ast::recording {
+
+class StationLearner {
+public:
+    // Whether a block that is next may help, where some stations have no place.
+    bool wants(Octets block, const MeasuringSources &measuring, const SiteMemory &sites);
+
+    // Learns from such a block. Whether stations have become known by it.
+    bool learn(const SplitBlock &block, SiteMemory &sites);
+
+private:
+    // Each attempt has twice as much to go by as the one before, until it is about something new.
+    static constexpr size_t kFirstAttempt = 64;
+
+    StationFinder finder_;
+    size_t next_attempt_ = kFirstAttempt;
+    uint64_t blocks_ = 0;
+    bool seeks_ = false;
+};
+
+} // namespace ast::recording

@@ -42,15 +42,15 @@ void MeasuringSources::add(Octets block) {
     if (at == measuring_.end() || *at != *source) measuring_.insert(at, *source);
 }
 
-bool MeasuringSources::can_be_worked_out(const SiteMemory &sites) const {
-    const PlaceCounts counts = places(sites);
-    const uint64_t unknown = counts.by_how[0];
-    return unknown != 0 && (are_placed_ || unknown != counts.sources());
-}
-
 template <typename Take>
 void MeasuringSources::each_site(const SiteMemory &sites, Take take) const {
     for (const uint32_t source : measuring_) take(sites.find(source >> 8, source & 0xFF));
+}
+
+bool MeasuringSources::can_be_worked_out(const SiteMemory &sites, bool are_sought_again) const {
+    const PlaceCounts counts = places(sites);
+    const uint64_t sought = counts.by_how[0] + (are_sought_again ? counts.by_how[AST_SITE_WORKED_OUT] : 0);
+    return sought != 0 && (are_placed_ || sought != counts.sources());
 }
 
 PlaceCounts MeasuringSources::places(const SiteMemory &sites) const {

@@ -22,8 +22,9 @@ public:
     // Takes all records of a block for those of the source of the first.
     void add(Octets block);
 
-    // Whether there are sources without a place, and others that may help to find it.
-    bool can_be_worked_out(const SiteMemory &sites) const;
+    // Whether there are sources without a place, or also such as have one that is worked out, and others that may help
+    // to find it.
+    bool can_be_worked_out(const SiteMemory &sites, bool are_sought_again = false) const;
 
     PlaceCounts places(const SiteMemory &sites) const;
 

@@ -51,4 +51,12 @@ void SiteMemory::add(const ast_site_t &site) {
     table_ = std::make_shared<const Table>(known, site);
 }
 
+SiteMemory SiteMemory::told() const {
+    SiteMemory told;
+    if (!table_) return told;
+    for (const ast_site_t &site : std::span(table_->room).first(static_cast<size_t>(table_->sites.count)))
+        if (site.known != AST_SITE_WORKED_OUT) told.add(site);
+    return told;
+}
+
 } // namespace ast::recording

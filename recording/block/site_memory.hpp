@@ -39,6 +39,9 @@ public:
         return table_ ? ast_sites_find(&table_->sites, sac, sic) : nullptr;
     }
 
+    // Those of them that are given or learnt.
+    SiteMemory told() const;
+
     // As ast_sites_locate.
     bool locate(ast_answers_t &answers) const { return table_ && ast_sites_locate(&table_->sites, &answers); }
 

@@ -111,10 +111,10 @@ void StationFinder::place(const Measured &measured, const ast_site_t &site) {
 }
 
 // What is measured from known places says where aircraft were. Whether there was any.
-bool StationFinder::place_those_of_known(const SiteMemory &sites) {
+bool StationFinder::place_those_of_known(const SiteMemory &known) {
     const size_t before = placed_.size();
     std::erase_if(measured_, [&](const Measured &measured) {
-        const ast_site_t *const site = sites.find(measured.source >> 8, measured.source & 0xFF);
+        const ast_site_t *const site = known.find(measured.source >> 8, measured.source & 0xFF);
         if (site) place(measured, *site);
         return site != nullptr;
     });
@@ -184,29 +184,47 @@ std::vector<Meeting> StationFinder::meetings_of(std::span<const Measured> measur
 
 // ---- Rounds ----
 
+std::vector<ast_site_t> StationFinder::find_next() const {
+    std::vector<ast_site_t> found;
+    for (auto first = measured_.begin(); first != measured_.end();) {
+        const uint32_t source = first->source;
+        const auto is_other = [&](const Measured &each) { return each.source != source; };
+        const auto last = std::find_if(first, measured_.end(), is_other);
+        if (const auto fit = fit_station(meetings_of({first, last})))
+            found.push_back({.sac = source >> 8,
+                             .sic = source & 0xFF,
+                             .known = AST_SITE_WORKED_OUT,
+                             .place = fit->place,
+                             .standard_error_m = fit->standard_error_m});
+        first = last;
+    }
+    return found;
+}
+
 // The stations of a round are not used in it, so that their order does not matter.
-bool StationFinder::find(SiteMemory &sites) {
+std::vector<ast_site_t> StationFinder::find_all(SiteMemory known) {
+    std::vector<ast_site_t> all;
     std::ranges::stable_sort(measured_, {}, [](const Measured &each) { return each.source; });
-    bool is_any_found = false;
     for (int round = 0; round < kMostRounds; ++round) {
-        if (!place_those_of_known(sites) && round != 0) break;
+        if (!place_those_of_known(known) && round != 0) break;
         std::ranges::stable_sort(placed_, {}, [](const Placed &each) { return std::tuple(each.address, each.time_s); });
-        for (auto first = measured_.begin(); first != measured_.end();) {
-            const uint32_t source = first->source;
-            const auto last =
-                std::find_if(first, measured_.end(), [&](const Measured &each) { return each.source != source; });
-            const auto fit = fit_station(meetings_of({first, last}));
-            first = last;
-            if (!fit) continue;
-            is_any_found = true;
-            sites.add({.sac = source >> 8,
-                       .sic = source & 0xFF,
-                       .known = AST_SITE_WORKED_OUT,
-                       .place = fit->place,
-                       .standard_error_m = fit->standard_error_m});
+        for (const ast_site_t &site : find_next()) {
+            known.add(site);
+            all.push_back(site);
         }
     }
-    return is_any_found;
+    return all;
+}
+
+bool StationFinder::find(SiteMemory &sites) const {
+    bool is_any_better = false;
+    for (const ast_site_t &site : StationFinder(*this).find_all(sites.told())) {
+        const ast_site_t *const there = sites.find(site.sac, site.sic);
+        if (there && there->standard_error_m <= site.standard_error_m) continue;
+        sites.add(site);
+        is_any_better = true;
+    }
+    return is_any_better;
 }
 
 } // namespace ast::recording

@@ -26,9 +26,9 @@ public:
     // How much has been kept.
     size_t size() const { return measured_.size() + placed_.size(); }
 
-    // Adds the stations that can be worked out to those that are known; each may help to find others. Whether there are
-    // any.
-    bool find(SiteMemory &sites);
+    // Adds the stations that can be worked out by all that is kept, each of which may help to find others, or another
+    // place of one that is known less well. Whether there are any.
+    bool find(SiteMemory &sites) const;
 
 private:
     static constexpr size_t kMostOfEach = size_t{1} << 16;
@@ -60,7 +60,9 @@ private:
     static bool find_measured(const ast_answers_t &answers, Measured &measured);
     void look(const ast_answers_t &answers);
     void place(const Measured &measured, const ast_site_t &site);
-    bool place_those_of_known(const SiteMemory &sites);
+    std::vector<ast_site_t> find_all(SiteMemory known);
+    bool place_those_of_known(const SiteMemory &known);
+    std::vector<ast_site_t> find_next() const;
     std::vector<Meeting> meetings_of(std::span<const Measured> measured) const;
     std::optional<Meeting> meeting_of(const Measured &measured) const;
     static std::optional<Placed> between(const Placed &before, const Placed &after, double time_s);

@@ -4,7 +4,7 @@ namespace ast::recording {
 
 bool StationLearner::wants(Octets block, const MeasuringSources &measuring, const SiteMemory &sites) {
     constexpr uint64_t kBlocksBetweenLooks = 64;
-    if (blocks_++ % kBlocksBetweenLooks == 0) seeks_ = measuring.can_be_worked_out(sites);
+    if (blocks_++ % kBlocksBetweenLooks == 0) seeks_ = measuring.can_be_worked_out(sites, !has_seen_much_);
     return seeks_ && StationFinder::looks_at(block);
 }
 
@@ -13,7 +13,11 @@ bool StationLearner::learn(const SplitBlock &block, SiteMemory &sites) {
     if (finder_.size() < next_attempt_ && !finder_.is_full()) return false;
     const bool is_any_found = finder_.find(sites);
     next_attempt_ = 2 * finder_.size();
-    if (finder_.is_full()) *this = {};
+    if (finder_.is_full()) {
+        finder_ = {};
+        next_attempt_ = kFirstAttempt;
+        has_seen_much_ = true;
+    }
     return is_any_found;
 }
 

@@ -31,7 +31,7 @@ public:
     bool find(SiteMemory &sites) const;
 
 private:
-    static constexpr size_t kMostOfEach = size_t{1} << 16;
+    static constexpr size_t kMostOfEach = size_t{1} << 15;
 
     // An aircraft as someone saw it.
     struct Seen {

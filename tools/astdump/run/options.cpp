@@ -43,8 +43,8 @@ texts, * and ? stand for any characters. They know every published field, too, b
 record that is asked for are left out.
 
 --list shows latitude and longitude also of what is measured from a place that the recording tells or --site gives:
-G behind them is placed as on the ground, without a height, and E from a place that is only an estimate. A height with
-? is garbled or not validated.
+G behind them is placed as on the ground, without a height, and E from a place that is worked out by aircraft that others
+saw, too; --verbose says where that is. A height with ? is garbled or not validated.
 
 Exit status: 0 when all is well, 1 when a block or the input is damaged, or what a source sends cannot be, or not all
 could be sent, 2 for a mistake on the command line or a file that cannot be read.

@@ -104,19 +104,28 @@ private:
     ast_census_t census_{};
 };
 
+LastProfiles &last_profiles() {
+    thread_local const auto last = std::make_unique<LastProfiles>();
+    return *last;
+}
+
+// The same as is_read_whole, of blocks whose profile needs no search.
+bool is_read_as_last(Octets octets) {
+    const Frame frame = frame_block(octets);
+    return frame.framing == Framing::block && last_profiles().read(octets.first(frame.length));
+}
+
 } // namespace
 
 bool is_read_whole(Octets octets) {
+    if (is_read_as_last(octets)) return true;
     const Frame frame = frame_block(octets);
     if (frame.framing != Framing::block) return false;
     const Octets block = octets.first(frame.length);
-    thread_local std::unique_ptr<LastProfiles> last;
-    if (!last) last = std::make_unique<LastProfiles>();
-    if (last->read(block)) return true;
     if (!ast_reader_learn(nullptr, block.data(), block.size(), nullptr)) return false;
     ast_reader_result_t result;
     ast_reader_learn(nullptr, block.data(), block.size(), &result);
-    last->keep(frame.category, result.uap);
+    last_profiles().keep(frame.category, result.uap);
     return true;
 }
 
@@ -141,16 +150,66 @@ struct RunAt {
     uint64_t octets = 0; // of these blocks
 };
 
-RunAt run_at(Octets octets, bool is_end, Patience &patience) {
+// By headers alone: never sure.
+RunAt header_run_at(Octets octets, bool is_end) {
     const uint64_t first = block_at(octets);
     if (first == 0) return {!is_end && may_begin_block(octets) ? Run::open : Run::none, 0};
     const Octets behind = octets.subspan(first);
     const uint64_t second = block_at(behind);
-    const bool is_last = behind.empty() && is_end;
-    if (!is_last && second == 0) return {!is_end && may_begin_block(behind) ? Run::open : Run::none, 0};
-    const bool is_sure = patience.lasts(first + second) && is_read_whole(octets) && (is_last || is_read_whole(behind));
-    return {is_sure ? Run::sure : Run::loose, first + second};
+    if (second == 0 && !(behind.empty() && is_end))
+        return {!is_end && may_begin_block(behind) ? Run::open : Run::none, 0};
+    return {Run::loose, first + second};
 }
+
+// Whether each block of a run, one or two, is read whole.
+template <typename IsRead>
+bool reads_run(Octets run, IsRead is_read) {
+    const Octets behind = run.subspan(frame_block(run).length);
+    return is_read(run) && (behind.empty() || is_read(behind));
+}
+
+// Finds out from which places blocks run, none before the last one asked for. What looks like blocks among true ones
+// mostly runs over the beginning of one of these; to try all profiles on it takes far longer than to see that blocks of
+// a known profile begin there.
+class Runs {
+public:
+    Runs(Octets octets, bool is_end, Patience &patience) : octets_(octets), is_end_(is_end), patience_(patience) {}
+
+    RunAt at(uint64_t place) {
+        RunAt found = header_run_at(octets_.subspan(place), is_end_);
+        if (found.run != Run::loose || !patience_.lasts(found.octets)) return found;
+        const Octets run = octets_.subspan(place, found.octets);
+        const bool is_sure =
+            reads_run(run, is_read_as_last) || (!runs_over_known(place, found.octets) && reads_run(run, is_read_whole));
+        if (is_sure) found.run = Run::sure;
+        return found;
+    }
+
+private:
+    bool runs_over_known(uint64_t place, uint64_t octets) {
+        find_known(place + 1, place + octets);
+        const uint64_t second = place + frame_block(octets_.subspan(place)).length;
+        return is_known_ && known_ < place + octets && known_ != second;
+    }
+
+    void find_known(uint64_t from, uint64_t to) {
+        if (known_ >= from && is_known_) return;
+        is_known_ = false;
+        for (known_ = std::max(known_, from); known_ < to && patience_.lasts(1); ++known_) {
+            if (!may_be_header(octets_, known_)) continue;
+            const RunAt found = header_run_at(octets_.subspan(known_), is_end_);
+            if (found.run != Run::loose) continue;
+            is_known_ = reads_run(octets_.subspan(known_, found.octets), is_read_as_last);
+            if (is_known_) break;
+        }
+    }
+
+    Octets octets_;
+    bool is_end_;
+    Patience &patience_;
+    uint64_t known_ = 0;    // up to here no blocks of known profiles begin,
+    bool is_known_ = false; // but here
+};
 
 struct Search {
     uint64_t place = 0; // where blocks run again, or, if that is not found, up to where they do not
@@ -162,11 +221,12 @@ struct Search {
 Search next_blocks(Octets octets, uint64_t from, bool is_end, Patience &patience) {
     Search first;
     TextRuns text(octets);
+    Runs runs(octets, is_end, patience);
     uint64_t end = octets.size(); // of the blocks that were found first
     for (uint64_t place = from + 1; place < end && patience.lasts(1); ++place) {
         if (!may_be_header(octets, place)) continue;
         if (text.is_text_from(place) && frame_block(octets.subspan(place)).framing == Framing::block) continue;
-        const RunAt found = run_at(octets.subspan(place), is_end, patience);
+        const RunAt found = runs.at(place);
         if (found.run == Run::sure) return {.place = place, .is_found = true};
         if (first.is_found || first.place != 0 || found.run == Run::none) continue;
         first = {.place = place, .is_found = found.run == Run::loose};
@@ -179,9 +239,10 @@ Search next_blocks(Octets octets, uint64_t from, bool is_end, Patience &patience
 
 std::optional<uint64_t> find_sure_blocks(Octets octets, bool is_end, Patience &patience, uint64_t places) {
     TextRuns text(octets);
+    Runs runs(octets, is_end, patience);
     for (uint64_t place = 0; place < std::min<uint64_t>(octets.size(), places) && patience.lasts(1); ++place) {
         if (!may_be_header(octets, place) || text.is_text_from(place)) continue;
-        if (run_at(octets.subspan(place), is_end, patience).run == Run::sure) return place;
+        if (runs.at(place).run == Run::sure) return place;
     }
     return std::nullopt;
 }

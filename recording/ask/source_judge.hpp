@@ -1,11 +1,11 @@
 // Whether what data sources send can be what it was read as.
 #pragma once
 
-#include <compare>
 #include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
+#include <tuple>
 #include <utility>
 
 #include "block/split_block.hpp"
@@ -17,7 +17,10 @@ struct JudgedSource {
     uint32_t category;
     std::optional<std::pair<uint32_t, uint32_t>> source; // SAC and SIC, where they are sent
 
-    auto operator<=>(const JudgedSource &other) const = default;
+    bool operator==(const JudgedSource &other) const = default;
+    bool operator<(const JudgedSource &other) const {
+        return std::tie(category, source) < std::tie(other.category, other.source);
+    }
 
     // "025/012", empty without SAC and SIC.
     std::string source_text() const;

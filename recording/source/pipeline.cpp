@@ -1,7 +1,7 @@
 #include "source/pipeline.hpp"
 
 #include <exception>
-#include <thread>
+#include <future>
 #include <utility>
 
 namespace ast::recording {
@@ -36,9 +36,10 @@ void Pipeline::start() {
     for (Place &place : places_) idle_.push_back(&place);
     read_ = taken_ = 0;
     at_end_ = enough_ = false;
-    std::vector<std::jthread> others;
+    std::vector<std::future<void>> others; // which are waited for
     try {
-        for (size_t worker = 1; worker < threads_; ++worker) others.emplace_back([this, worker] { work(worker); });
+        for (size_t worker = 1; worker < threads_; ++worker)
+            others.push_back(std::async(std::launch::async, [this, worker] { work(worker); }));
     } catch (const std::exception &) {
         // Those that the system and the memory grant will do.
     }

@@ -52,7 +52,9 @@ public:
     std::vector<Arrival> receive(size_t count, std::chrono::milliseconds patience = std::chrono::seconds(20)) {
         std::vector<Arrival> arrivals;
         std::string buffer(65536, '\0');
-        const timeval limit{patience.count() / 1000, patience.count() % 1000 * 1000};
+        timeval limit{};
+        limit.tv_sec = static_cast<time_t>(patience.count() / 1000);
+        limit.tv_usec = static_cast<suseconds_t>(patience.count() % 1000 * 1000);
         setsockopt(descriptor_, SOL_SOCKET, SO_RCVTIMEO, &limit, sizeof limit);
         while (arrivals.size() < count) {
             char control[64];

@@ -1,6 +1,5 @@
 #include "run/output_options.hpp"
 
-#include <charconv>
 #include <cmath>
 #include <optional>
 #include <span>
@@ -42,11 +41,9 @@ std::optional<uint64_t> read_in_units(std::string_view text, std::span<const Uni
 
 double read_speed(const std::string &text) {
     if (text == "max") return Pace::kUnlimited;
-    double speed = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), speed);
-    const bool is_number = error == std::errc() && end == text.data() + text.size();
-    if (!is_number || !(speed > 0) || std::isinf(speed)) refuse(text, "neither a number above 0 nor max");
-    return speed;
+    const auto speed = read_number<double>(text);
+    if (!speed || !(*speed > 0) || std::isinf(*speed)) refuse(text, "neither a number above 0 nor max");
+    return *speed;
 }
 
 uint64_t read_rate(const std::string &text) {

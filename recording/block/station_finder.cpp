@@ -11,7 +11,6 @@ namespace ast::recording {
 
 namespace {
 
-constexpr double kMetresPerNm = 1852;
 constexpr double kMetresPerFoot = 0.3048;
 constexpr double kFeetPerLevel = 100;
 constexpr double kDegreesPerRadian = 180 / std::numbers::pi;

@@ -12,6 +12,11 @@ if(AST_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${AST_CCACHE})
 endif()
 
+# Files of more than 2 GB, and times after 2038, also where the system's own numbers have 32 bits.
+if(CMAKE_SYSTEM_NAME STREQUAL "Linux" AND CMAKE_SIZEOF_VOID_P EQUAL 4)
+  add_compile_definitions(_FILE_OFFSET_BITS=64 _TIME_BITS=64)
+endif()
+
 # Warnings, for targets of this project only.
 add_library(ast_warnings INTERFACE)
 target_compile_options(

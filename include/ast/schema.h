@@ -107,6 +107,35 @@ typedef void (*ast_field_value_visitor_t)(void *context, const ast_field_value_t
 AST_API bool ast_dataitem_walk(const ast_dataitem_t *item, ast_uap_t uap, uint32_t message_type,
                                ast_field_value_visitor_t visit, void *context);
 
+/** Where a field stands, found once for many items. */
+typedef struct {
+    const void *field; /* the library's own, for as long as it is loaded */
+    uint32_t bit;      /* where it begins in each item of its type, from 0; AST_FIELD_VARIES where items tell */
+    uint32_t needed;   /* the bits that an item must have then */
+} ast_field_place_t;
+
+#define AST_FIELD_VARIES UINT32_MAX
+
+/** Finds a field of an item type by its path, as ast_dataitem_describe has it: "I048/250[]/MCP_ALT" with the name of a
+ *  register's field behind the register. Returns the number of fields with that path that carry a value, of which the
+ *  first ones up to room are written to places: readings of the same bits share one, and so may several registers. 0
+ *  where there is none. */
+AST_API uint32_t ast_dataitem_find_field(ast_dataitem_type_t type, ast_uap_t uap, const char *path,
+                                         ast_field_place_t *places, uint32_t room);
+
+/** Hands over the values that ast_dataitem_walk would for one path, far faster where the place does not vary: of fields
+ *  with an empty path, in the order of the octets, codes without their texts (ast_field_get_text has them). The places
+ *  are those that were found for the type of the item and a profile of the same edition. False as there, and for null
+ *  places. */
+AST_API bool ast_dataitem_read_field(const ast_dataitem_t *item, ast_uap_t uap, uint32_t message_type,
+                                     const ast_field_place_t *places, uint32_t count, ast_field_value_visitor_t visit,
+                                     void *context);
+
+/** The bits of a field whose place does not vary, as they are sent. False, and raw unchanged, where it varies, for more
+ *  than 64 bits, for an item that is not valid or ends before the field does, for a field in which 0 says that there is
+ *  nothing, and for null pointers. */
+AST_API bool ast_dataitem_get_bits(const ast_dataitem_t *item, const ast_field_place_t *place, uint64_t *raw);
+
 /* ------------------------------------------------------------------------------------------------------------ JSON --
  */
 

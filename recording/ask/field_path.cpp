@@ -5,7 +5,6 @@
 #include <numeric>
 #include <stdexcept>
 
-#include "ask/published_reading.hpp"
 #include "base/numbers.hpp"
 #include "block/profile_names.hpp"
 
@@ -39,6 +38,15 @@ std::string_view item_of(std::string_view path) {
 bool has_value(const ast_field_t &field) { return field.kind < AST_FIELD_REGISTER || field.kind == AST_FIELD_EXPLICIT; }
 
 } // namespace
+
+double number_of(const ast_field_value_t &value) {
+    const ast_field_t &field = *value.field;
+    const bool is_negative = field.kind == AST_FIELD_SIGNED && (value.raw >> (field.bits - 1) & 1) != 0;
+    const auto size = static_cast<double>(is_negative ? (uint64_t{1} << field.bits) - value.raw : value.raw);
+    const double number = is_negative ? -size : size;
+    if (field.numerator == 0) return number;
+    return number * static_cast<double>(field.numerator) / static_cast<double>(field.denominator) + field.offset;
+}
 
 struct FieldPath::Parts {
     std::optional<uint8_t> category;
@@ -84,6 +92,7 @@ std::optional<FieldPath> FieldPath::read(std::string_view text) {
     result.types_.erase(repeated, result.types_.end());
     for (const ast_dataitem_type_t type : result.types_) ++result.ends_[type / kItems % kCategories];
     std::partial_sum(result.ends_.begin(), result.ends_.end(), result.ends_.begin());
+    result.find_places();
     if (!result.types_.empty()) return result;
     throw std::invalid_argument("'" + std::string(text) + "' is a field of no " +
                                 (category ? "edition of that category" : "category"));
@@ -117,6 +126,7 @@ struct FieldPath::Resolver {
         if (match != Match::exact || !has_value(field)) return;
         path.fields_.push_back(field);
         path.fields_.back().path = ""; // which is good for this call alone
+        if (std::ranges::find(path.names_, name) == path.names_.end()) path.names_.emplace_back(name);
     }
 };
 
@@ -131,6 +141,43 @@ void FieldPath::resolve(uint32_t category, const ast_uap_t &uap) {
         if (!resolver.any) continue;
         types_.push_back(type);
         categories_.set(category);
+    }
+}
+
+FieldPath::Known FieldPath::find_known(ast_dataitem_type_t type, const ast_uap_t &uap) const {
+    constexpr uint32_t kRoom = 8; // several registers have fields of one name, and codes several readings
+    Known known{.profile = uap.get_dataitem, .places = {}, .is_plain = false, .field = {}};
+    for (const std::string &name : names_) {
+        ast_field_place_t room[kRoom];
+        const uint32_t count = ast_dataitem_find_field(type, uap, name.c_str(), room, kRoom);
+        known.places.insert(known.places.end(), room, room + std::min(count, kRoom));
+    }
+    if (known.places.size() != 1 || known.places[0].bit == AST_FIELD_VARIES) return known;
+    struct Search {
+        const std::vector<std::string> &names;
+        Known &known;
+    } search{names_, known};
+    const auto visit = [](void *context, const ast_field_t *field) {
+        const auto &[names, found] = *static_cast<Search *>(context);
+        if (std::ranges::find(names, field->path) == names.end()) return;
+        found.field = *field;
+        found.field.path = "";
+        found.is_plain = field->kind == AST_FIELD_CODE || field->kind == AST_FIELD_UNSIGNED ||
+                         field->kind == AST_FIELD_SIGNED || (field->kind == AST_FIELD_RAW && field->bits < kOctetsBits);
+    };
+    ast_dataitem_describe(type, uap, visit, &search);
+    return known;
+}
+
+void FieldPath::find_places() {
+    for (const ast_dataitem_type_t type : types_) {
+        Places places{.is_same_for_all = type / kItems != kAdsB, .by_profile = {}};
+        if (places.is_same_for_all)
+            places.by_profile.push_back(find_known(type, AST_UAP_PUBLISHED));
+        else
+            for (const ast_uap_info_t &profile : profiles())
+                places.by_profile.insert(places.by_profile.begin(), find_known(type, *profile.uap));
+        places_.push_back(std::move(places));
     }
 }
 
@@ -167,18 +214,6 @@ FieldPath::Match FieldPath::match(std::string_view path) const {
     return path[at] == '/' ? Match::within : Match::none;
 }
 
-void FieldPath::walk(const ast_datarecord_t &record, ast_field_value_visitor_t visit, void *context) const {
-    if (!categories_.test(record.category % kCategories)) return;
-    const auto [first, last] = types_of(record.category);
-    const bool is_one_type = last - first == 1; // as a rule, and no record has an item twice
-    for (uint64_t i = 0; i < record.item_count; ++i) {
-        const ast_dataitem_t &item = record.items[i];
-        if (item.type != *first && (is_one_type || std::ranges::find(first, last, item.type) == last)) continue;
-        ast_dataitem_walk(&item, record.uap, message_type_of(record), visit, context);
-        if (is_one_type) return;
-    }
-}
-
 bool FieldPath::is_in(const ast_datarecord_t &record) const {
     if (names_item_)
         return std::ranges::any_of(record.items, record.items + record.item_count, [&](const ast_dataitem_t &item) {
@@ -192,7 +227,9 @@ bool FieldPath::is_in(const ast_datarecord_t &record) const {
         auto &[path, any] = *static_cast<Found *>(context);
         any = any || path.match(value->field->path) != Match::none;
     };
-    walk(record, visit, &found);
+    each_item(record, [&](const ast_dataitem_t &item, size_t) {
+        ast_dataitem_walk(&item, record.uap, message_type_of(record), visit, &found);
+    });
     return found.any;
 }
 

@@ -1,6 +1,7 @@
 // Published fields by their paths, "I070/MODE3A".
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <ast.h>
 #include <bitset>
@@ -10,7 +11,14 @@
 #include <utility>
 #include <vector>
 
+#include "ask/published_reading.hpp"
+
 namespace ast::recording {
+
+constexpr uint32_t kOctetsBits = 24; // from so many bits on, what is raw is octets
+
+// The number of a value that has one, in its unit.
+double number_of(const ast_field_value_t &value);
 
 class FieldPath {
 public:
@@ -30,11 +38,28 @@ public:
 
     bool is_in(const ast_datarecord_t &record) const;
 
-    // Calls take(value) for each value of the record that the path names.
+    // Calls take(value) for each value of the record that the path names. Codes may come without their texts, and
+    // numbers as they are sent alone: number_of has them.
     template <typename Take>
     void each_value(const ast_datarecord_t &record, Take take) const {
         Visit<Take> visit{*this, take};
-        walk(record, visit_value<Take>, &visit);
+        const auto take_any = [](void *context, const ast_field_value_t *value) {
+            static_cast<Visit<Take> *>(context)->take(*value);
+        };
+        each_item(record, [&](const ast_dataitem_t &item, size_t type) {
+            const Known *const known = known_of(type, record.uap);
+            if (known && known->is_plain) {
+                ast_field_value_t value{.field = &known->field, .raw = 0, .has_number = true, .number = 0, .text = ""};
+                if (ast_dataitem_get_bits(&item, known->places.data(), &value.raw)) take(value);
+                return;
+            }
+            const uint32_t message_type = message_type_of(record);
+            if (known)
+                ast_dataitem_read_field(&item, record.uap, message_type, known->places.data(),
+                                        static_cast<uint32_t>(known->places.size()), take_any, &visit);
+            else
+                ast_dataitem_walk(&item, record.uap, message_type, visit_value<Take>, &visit);
+        });
     }
 
 private:
@@ -56,8 +81,30 @@ private:
         if (visit.path.is_exactly(value->field->path)) visit.take(*value);
     }
 
+    // Where the field stands in items of a type as a profile has them.
+    struct Known {
+        decltype(ast_uap_t::get_dataitem) profile;
+        std::vector<ast_field_place_t> places;
+        bool is_plain;     // one number whose place does not vary,
+        ast_field_t field; // which is this field
+    };
+    // By profile, the newest first, but where all profiles agree.
+    struct Places {
+        bool is_same_for_all = false;
+        std::vector<Known> by_profile;
+    };
+
     struct Resolver;
     void resolve(uint32_t category, const ast_uap_t &uap);
+    void find_places();
+    Known find_known(ast_dataitem_type_t type, const ast_uap_t &uap) const;
+    const Known *known_of(size_t type, const ast_uap_t &uap) const {
+        if (chooses_) return nullptr;
+        const Places &places = places_[type];
+        for (const Known &known : places.by_profile)
+            if (places.is_same_for_all || known.profile == uap.get_dataitem) return &known;
+        return nullptr;
+    }
     Match match(std::string_view path) const;
     bool is_exactly(const char *path) const;
 
@@ -67,7 +114,22 @@ private:
         const ast_dataitem_type_t *const types = types_.data();
         return std::pair(types + first, types + ends_[category % ends_.size()]);
     }
-    void walk(const ast_datarecord_t &record, ast_field_value_visitor_t visit, void *context) const;
+
+    // Calls visit(item, type) for the items that may have the field; `type` counts those of types_.
+    template <typename Visitor>
+    void each_item(const ast_datarecord_t &record, Visitor visit) const {
+        if (!categories_.test(record.category % categories_.size())) return;
+        const auto [first, last] = types_of(record.category);
+        const bool is_one_type = last - first == 1; // as a rule, and no record has an item twice
+        for (uint64_t i = 0; i < record.item_count; ++i) {
+            const ast_dataitem_t &item = record.items[i];
+            if (item.type != *first && is_one_type) continue;
+            const ast_dataitem_type_t *const type = is_one_type ? first : std::find(first, last, item.type);
+            if (type == last) continue;
+            visit(item, static_cast<size_t>(type - types_.data()));
+            if (is_one_type) return;
+        }
+    }
 
     std::string path_; // as the library writes it, without the category: "070/MODE3A"
     bool names_item_ = false;
@@ -76,6 +138,8 @@ private:
     std::vector<ast_dataitem_type_t> types_; // items that have the field, sorted
     std::bitset<256> categories_;            // of these
     std::array<uint16_t, 256> ends_{};       // of those of a category, and of all before it
+    std::vector<Places> places_;             // of each type
+    std::vector<std::string> names_;         // of the fields that the path means, as the library describes them
     std::vector<ast_field_t> fields_;
 };
 

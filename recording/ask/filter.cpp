@@ -51,6 +51,7 @@ constexpr TextName kTexts[] = {
     {"velocity", Notation::text, AST_KEYWORD_CARTESIANVEL, kWord},
 };
 
+constexpr size_t kCodeTextRoom = 256;
 constexpr size_t kKeywordRoom = 128; // more characters than the text of any keyword takes
 
 std::string_view keyword_text(const ast_datarecord_t &record, uint32_t keyword, char (&text)[kKeywordRoom]) {
@@ -64,11 +65,17 @@ std::string_view text_of(const Quantity &quantity, const ast_answers_t &answers,
     return {text, writer.size()};
 }
 
+std::string code_text(const ast_field_value_t &value) {
+    char text[kCodeTextRoom];
+    ast_field_get_text(text, sizeof text, value.field, value.raw);
+    return text;
+}
+
 // What the document of a category calls its message type.
 std::string message_text(const ast_datarecord_t &record) {
     static const auto path = FieldPath::read("I000");
     std::string text;
-    path->each_value(record, [&](const ast_field_value_t &value) { text = value.text; });
+    path->each_value(record, [&](const ast_field_value_t &value) { text = code_text(value); });
     return text;
 }
 
@@ -118,9 +125,7 @@ bool meets(Answerer &answerer, const QuantityCondition &condition, const Compari
 
 // ---- Conditions on published fields ----
 
-// How values of a field are compared. A raw field of 24 bits or more is octets.
-constexpr uint32_t kOctetsBits = 24;
-
+// How values of a field are compared.
 Notation notation_of(const ast_field_t &field) {
     switch (field.kind) {
     case AST_FIELD_OCTAL:
@@ -158,10 +163,10 @@ bool meets(const ast_field_value_t &value, const Comparison &comparison) {
     text = text.substr(0, text.find_last_not_of(' ') + 1);
     if (notation == Notation::text) return comparison.meets_text(text);
     if (notation != Notation::decimal) return comparison.meets_digits(text, notation);
-    const double number = value.has_number ? value.number : static_cast<double>(value.raw);
+    const double number = number_of(value);
     if (comparison.fits(Notation::decimal)) return comparison.meets(number, tolerance_of(field));
     if (takes_clock(field)) return comparison.meets(number, tolerance_of(field), Notation::clock);
-    return takes_text(field) && comparison.meets_text(text);
+    return takes_text(field) && comparison.meets_text(code_text(value));
 }
 
 bool meets(Answerer &answerer, const FieldPath &path, const Comparison &comparison) {

@@ -1,20 +1,44 @@
 #include "base/text_buffer.hpp"
 
 #include <array>
+#include <iterator>
 
 namespace ast::recording {
 
-// Most numbers here are small, and most widths.
-void TextBuffer::number(uint64_t value, size_t width, char fill) {
-    size_t count = 1;
-    for (uint64_t rest = value; rest >= 10; rest /= 10) ++count;
-    const size_t digits = count;
-    count = std::max(digits, width);
-    char *const begin = room(count);
-    char *at = begin + count;
-    for (char *const first = at - digits; at != first; value /= 10) *--at = static_cast<char>('0' + value % 10);
-    while (at != begin) *--at = fill;
-    size_ += count;
+namespace {
+
+// "00", "01" ... "99".
+constexpr auto kPairs = [] {
+    std::array<std::array<char, 2>, 100> pairs{};
+    for (size_t i = 0; i < pairs.size(); ++i)
+        pairs[i] = {static_cast<char>('0' + i / 10), static_cast<char>('0' + i % 10)};
+    return pairs;
+}();
+
+// The digits of a number in front of a place.
+template <typename Number>
+char *digits_before(char *at, Number value) {
+    for (; value >= kPairs.size(); value /= kPairs.size())
+        std::memcpy(at -= 2, kPairs[static_cast<size_t>(value % kPairs.size())].data(), 2);
+    const auto &last = kPairs[static_cast<size_t>(value)];
+    *--at = last[1];
+    if (value >= 10) *--at = last[0];
+    return at;
+}
+
+} // namespace
+
+void TextBuffer::long_number(uint64_t value, size_t width, char fill) {
+    char digits[20];
+    char *const end = std::end(digits);
+    const char *const first =
+        value <= UINT32_MAX ? digits_before(end, static_cast<uint32_t>(value)) : digits_before(end, value);
+    const auto count = static_cast<size_t>(end - first);
+    const size_t filled = std::max(count, width) - count;
+    char *const begin = room(filled + count);
+    std::memset(begin, fill, filled);
+    std::memcpy(begin + filled, first, count);
+    size_ += filled + count;
 }
 
 namespace {

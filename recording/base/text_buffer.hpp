@@ -66,7 +66,10 @@ public:
     }
 
     // Decimal, right-aligned in at least `width` characters.
-    void number(uint64_t value, size_t width = 0, char fill = ' ');
+    void number(uint64_t value, size_t width = 0, char fill = ' ') {
+        if (value < 10 && width <= 1) return put(static_cast<char>('0' + value));
+        long_number(value, width, fill);
+    }
 
     // "0a 1b", and "0a1b".
     void hex(Octets octets);
@@ -81,6 +84,8 @@ public:
     }
 
 private:
+    void long_number(uint64_t value, size_t width, char fill);
+
     char *room(size_t count) {
         if (capacity_ - size_ < count) grow(count);
         return characters_.get() + size_;

@@ -118,16 +118,17 @@ void put_cell(TextBuffer &out, Answerer &answerer, const Quantity *quantity) {
     quote(out, begin);
 }
 
-// The elements of a list are set apart by blanks.
+// The elements of a list are set apart by blanks. One number is a cell as it is.
 void put_cell(TextBuffer &out, Answerer &answerer, const FieldPath &path) {
     const size_t begin = out.size();
-    bool is_first = true;
+    size_t values = 0;
+    bool is_number = true;
     path.each_value(answerer.record(), [&](const ast_field_value_t &value) {
-        if (!is_first) out.put(' ');
-        is_first = false;
+        if (values++ != 0) out.put(' ');
+        is_number = is_number && value.has_number;
         put_value(out, value);
     });
-    finish_cell(out, begin);
+    if (values > 1 || !is_number) finish_cell(out, begin);
 }
 
 class CsvRenderer : public Renderer {

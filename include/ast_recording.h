@@ -5,7 +5,7 @@
  * A second library beside the one of ast.h, which it is built upon. That one is handed octets; this one finds them: in
  * captures (pcap and pcapng, of UDP, TCP and LLC frames), in files of blocks back to back or as recorders wrap them, in
  * records as JSON, all of them also in gzip or zstd, on standard input, in memory, and on the network as they come. It
- * also sends datagrams, at the times of a recording.
+ * also sends datagrams, at the times of a recording, and to those who connect.
  *
  *     static void tell(void *context, const ast_recording_report_t *report) {
  *         (void)context;
@@ -353,16 +353,19 @@ typedef struct {
     uint64_t most_bits_per_s;      /* of what datagrams hold; 0 for any */
     uint32_t ttl;                  /* routers on the way plus one, at most 255; 0 for 1 to a multicast group, and for as
                                       many as usual to anything else */
+    bool listens;                  /* at a tcp:// URL: whoever connects gets all datagrams from then on */
     const char *network_interface; /* that multicast leaves by, by name or address; null for the system's choice */
     const void *reserved[8];       /* null */
 } ast_sender_options_t;
 
 /** Opens a way to send.
- *  url      udp://HOST:PORT, a host or a multicast group, or tcp://HOST:PORT, a server that is waited for; copied
+ *  url      udp://HOST:PORT, a host or a multicast group, or tcp://HOST:PORT, a server that is connected to, or, with
+ *           options.listens, one of this host's own addresses, with port 0 for one of the system's choice; copied
  *  options  null for the defaults
  *  error    is set whatever comes; null when nobody asks
  *  Returns null when an option or the URL has no meaning, the address is a broadcast or an unspecified one, or nothing
- *  can be sent to it. */
+ *  can be sent to it. Connections are served by a thread. A server whose connection fails is connected to again, after
+ *  pauses that grow from a tenth of a second to ten. Up to 100 clients may be connected; further ones are closed. */
 AST_RECORDING_API ast_sender_t *ast_sender_open(const char *url, const ast_sender_options_t *options,
                                                 ast_recording_error_t *error);
 
@@ -372,7 +375,12 @@ AST_RECORDING_API ast_sender_t *ast_sender_open(const char *url, const ast_sende
  *  time_ns  any time: the first datagram is due at once, others by how much later than its time theirs is, divided by
  *           the speed; one that has an earlier time than another before it, with that. AST_TIME_UNKNOWN is due at once
  *  Returns whether it has been sent. After an interruption it has not; else see ast_sender_get_statistics. What has
- *  failed does not keep what follows from being sent, but for a connection: once that has failed, all fails. */
+ *  failed does not keep what follows from being sent.
+ *
+ *  Over a connection, what the other side does not take as yet is kept, up to 4 MiB for each; beyond that, whole
+ *  datagrams are lost to it, while others get them. A datagram that is due at a time waits for nobody. One that may go
+ *  at any time, or at speed HUGE_VAL, waits for a server to take what is before it, as long as that takes anything at
+ *  least once a second; never for clients. */
 AST_RECORDING_API bool ast_sender_send_at(ast_sender_t *sender, const uint8_t *octets, uint64_t count, int64_t time_ns);
 
 /** The next datagram is due at once, whatever its time, and those behind it by theirs against that: where a recording
@@ -392,11 +400,32 @@ typedef struct {
 /** Writes what has become of the datagrams so far. All zero without a sender. */
 AST_RECORDING_API void ast_sender_get_statistics(const ast_sender_t *sender, ast_sender_statistics_t *statistics);
 
+/* What has become of a connection. */
+#define AST_SENDER_LISTENING UINT32_C(1) /* clients may connect to this endpoint */
+#define AST_SENDER_CONNECTED UINT32_C(2) /* a client; or the server once more, which has lost so much in between */
+#define AST_SENDER_SLOW UINT32_C(3)      /* it takes less than is sent, and has begun to lose datagrams */
+#define AST_SENDER_GONE UINT32_C(4)      /* it is closed, or has failed, having lost so much in all */
+
+/** One thing that has happened to a connection. */
+typedef struct {
+    uint32_t kind;           /* AST_SENDER_... */
+    ast_endpoint_t endpoint; /* of the other side; with AST_SENDER_LISTENING, of this one */
+    uint64_t lost_blocks;
+    uint64_t lost_octets;
+    ast_recording_error_t failure; /* with AST_SENDER_GONE, why */
+} ast_sender_event_t;
+
+/** Hands over what has happened to connections, one after the other, up to 1000 that nobody has asked for.
+ *  event  the caller's; all zero where nothing more has
+ *  Returns whether anything has. Never waits. */
+AST_RECORDING_API bool ast_sender_next_event(ast_sender_t *sender, ast_sender_event_t *event);
+
 /** Ends any wait; nothing is sent from then on. From any thread, and from a signal handler, as long as the sender is
  * not closed. Null is none. */
 AST_RECORDING_API void ast_sender_interrupt(ast_sender_t *sender);
 
-/** Closes a sender. Null is none. */
+/** Closes a sender. What has been sent over connections is waited for, as long as they take anything at least once a
+ * second, unless it has been interrupted. Null is none. */
 AST_RECORDING_API void ast_sender_close(ast_sender_t *sender);
 
 AST_END_DECLARATIONS

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "api/failure.hpp"
+#include "base/signals_blocked.hpp"
 
 namespace ast::recording {
 
@@ -25,22 +26,6 @@ public:
 
 private:
     bool was_silent_;
-};
-
-// Threads that are started as long as it lives leave all signals to those of the caller.
-class SignalsBlocked {
-public:
-    SignalsBlocked() {
-        sigset_t all;
-        sigfillset(&all);
-        pthread_sigmask(SIG_SETMASK, &all, &before_);
-    }
-    ~SignalsBlocked() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
-    SignalsBlocked(const SignalsBlocked &) = delete;
-    SignalsBlocked &operator=(const SignalsBlocked &) = delete;
-
-private:
-    sigset_t before_;
 };
 
 bool is_regular_file(const std::string &path) {

@@ -1,16 +1,24 @@
 // The exported functions that send. None lets an exception out.
 
 #include <algorithm>
+#include <deque>
 #include <iterator>
 
 #include "api/opening.hpp"
+#include "datagram/report.hpp"
 #include "write/sender.hpp"
 
 struct ast_sender {
     ast_sender(const char *url, const ast::recording::SendOptions &options) : sender(url, options, interruption) {}
+    ~ast_sender() {
+        if (!interruption.ended()) sender.finish();
+    }
+    ast_sender(const ast_sender &) = delete;
+    ast_sender &operator=(const ast_sender &) = delete;
 
     ast::recording::Interruption interruption;
     ast::recording::Sender sender;
+    std::deque<ast::recording::OutletEvent> events; // that are still to be handed over
 };
 
 namespace {
@@ -26,10 +34,25 @@ SendOptions read_send_options(const ast_sender_options_t &options) {
     read.pace.bits_per_s = options.most_bits_per_s;
     if (options.ttl > UINT8_MAX) refuse("ttl: is more than 255");
     if (options.ttl != 0) read.form.ttl = static_cast<uint8_t>(options.ttl);
+    read.form.listens = options.listens;
     if (options.network_interface) read.form.interface = options.network_interface;
     if (std::ranges::any_of(options.reserved, [](const void *any) { return any != nullptr; }))
         refuse("reserved: is for later versions, and null");
     return read;
+}
+
+uint32_t kind_of(OutletEvent::Kind kind) {
+    switch (kind) {
+    case OutletEvent::Kind::listening:
+        return AST_SENDER_LISTENING;
+    case OutletEvent::Kind::connected:
+        return AST_SENDER_CONNECTED;
+    case OutletEvent::Kind::slow:
+        return AST_SENDER_SLOW;
+    case OutletEvent::Kind::gone:
+        break;
+    }
+    return AST_SENDER_GONE;
 }
 
 } // namespace
@@ -66,6 +89,23 @@ void ast_sender_get_statistics(const ast_sender_t *sender, ast_sender_statistics
     } catch (const std::exception &) {
         statistics->failure.code = AST_RECORDING_ERROR_MEMORY;
     }
+}
+
+bool ast_sender_next_event(ast_sender_t *sender, ast_sender_event_t *event) try {
+    if (event) *event = {};
+    if (!sender || !event) return false;
+    if (sender->events.empty()) std::ranges::copy(sender->sender.take_events(), std::back_inserter(sender->events));
+    if (sender->events.empty()) return false;
+    const OutletEvent &next = sender->events.front();
+    event->kind = kind_of(next.kind);
+    event->endpoint = to_public(next.endpoint);
+    event->lost_blocks = next.lost.blocks;
+    event->lost_octets = next.lost.octets;
+    if (next.failure) set_error(event->failure, code_of(next.failure), next.failure.message());
+    sender->events.pop_front();
+    return true;
+} catch (const std::exception &) {
+    return false;
 }
 
 void ast_sender_interrupt(ast_sender_t *sender) {

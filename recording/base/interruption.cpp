@@ -6,7 +6,6 @@
 #include <sys/eventfd.h>
 #include <system_error>
 #include <unistd.h>
-#include <vector>
 
 namespace ast::recording {
 
@@ -33,13 +32,18 @@ void Interruption::interrupt() noexcept {
     errno = error;
 }
 
+void Interruption::do_meanwhile() const {
+    for (const auto &what : meanwhile_) what();
+}
+
 // Whether one of the descriptors is ready, waiting for that up to a limit, or for a while at least. The first of them
 // is that of the interruption.
 bool Interruption::is_ready(std::span<pollfd> files, int limit_ms) {
     files.front() = {.fd = event_, .events = POLLIN, .revents = 0};
     const bool is_endless = limit_ms == kNoLimit;
-    if (poll(files.data(), files.size(), meanwhile_ && is_endless ? kMeanwhileInterval_ms : limit_ms) < 0) return false;
-    if (meanwhile_ && limit_ms != 0) meanwhile_();
+    if (poll(files.data(), files.size(), !meanwhile_.empty() && is_endless ? kMeanwhileInterval_ms : limit_ms) < 0)
+        return false;
+    if (limit_ms != 0) do_meanwhile();
     return std::ranges::any_of(files.subspan(1), [](const pollfd &file) { return file.revents != 0; });
 }
 
@@ -87,12 +91,12 @@ bool Interruption::until(std::chrono::steady_clock::time_point when) {
     while (!ended()) {
         auto left = duration_cast<nanoseconds>(when - steady_clock::now());
         if (left <= nanoseconds::zero()) break;
-        if (meanwhile_) left = std::min<nanoseconds>(left, milliseconds(kMeanwhileInterval_ms));
+        if (!meanwhile_.empty()) left = std::min<nanoseconds>(left, milliseconds(kMeanwhileInterval_ms));
         const auto whole = duration_cast<seconds>(left);
         const timespec limit{static_cast<time_t>(whole.count()), static_cast<long>((left - whole).count())};
         pollfd event{.fd = event_, .events = POLLIN, .revents = 0};
         ppoll(&event, 1, &limit, nullptr);
-        if (meanwhile_) meanwhile_();
+        do_meanwhile();
     }
     return !ended();
 }

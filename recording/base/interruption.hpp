@@ -7,6 +7,7 @@
 #include <optional>
 #include <poll.h>
 #include <span>
+#include <vector>
 
 namespace ast::recording {
 
@@ -38,15 +39,16 @@ public:
     // Whether a descriptor can be read within a time. At once, when it has been interrupted.
     bool has_input(int descriptor, int limit_ms);
 
-    // Has something done now and then while it waits.
-    void meanwhile(std::function<void()> what) { meanwhile_ = std::move(what); }
+    // Has something done, too, now and then while it waits.
+    void meanwhile(std::function<void()> what) { meanwhile_.push_back(std::move(what)); }
 
 private:
+    void do_meanwhile() const;
     bool is_ready(std::span<pollfd> files, int limit_ms);
     bool is_ready(int descriptor, short event, int limit_ms);
 
-    int event_;                       // can be read as soon as it has been interrupted
-    std::function<void()> meanwhile_; // empty for nothing
+    int event_; // can be read as soon as it has been interrupted
+    std::vector<std::function<void()>> meanwhile_;
     std::atomic<bool> ended_ = false;
 };
 

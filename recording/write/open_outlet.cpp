@@ -11,6 +11,7 @@
 #include "source/live_url.hpp"
 #include "source/network_interface.hpp"
 #include "source/socket_endpoint.hpp"
+#include "write/listening_outlet.hpp"
 #include "write/tcp_outlet.hpp"
 
 namespace ast::recording {
@@ -23,10 +24,10 @@ constexpr int kSendBufferOctets = 8 * 1024 * 1024; // asked for; the system may 
 
 std::error_code last_error() { return {errno, std::generic_category()}; }
 
-LiveUrl read_destination(const std::string &text) {
+LiveUrl read_destination(const std::string &text, bool listens) {
     try {
         const std::vector<LiveUrl> urls = read_live_urls(text);
-        if (urls.size() == 1 && urls.front().port != 0) return urls.front();
+        if (urls.size() == 1 && (urls.front().port != 0 || listens)) return urls.front();
     } catch (const std::invalid_argument &) {
     }
     throw NoDestination('\'' + text +
@@ -47,7 +48,7 @@ public:
     }
 
     // A refusal comes from the other side, of a datagram before this one.
-    std::error_code send(Octets octets) override {
+    std::error_code send(Octets octets, bool) override {
         std::error_code failure;
         for (;;) {
             const ssize_t sent = ::send(socket_.native_handle(), octets.data(), octets.size(), MSG_NOSIGNAL);
@@ -126,19 +127,25 @@ bool is_heard(const udp::endpoint &sent, const udp::endpoint &heard, asio::io_co
 
 } // namespace
 
-bool is_heard_by(const std::string &url, const std::string &input) {
+bool is_heard_by(const std::string &url, bool listens, const std::string &input) {
     asio::io_context context;
-    const LiveUrl destination = read_destination(url);
+    const LiveUrl destination = read_destination(url, listens);
     const std::vector<udp::endpoint> sent = resolve<udp>(destination, context);
     for (const LiveUrl &heard : read_live_urls(input))
         for (const udp::endpoint &at :
              heard.is_tcp == destination.is_tcp ? resolve<udp>(heard, context) : std::vector<udp::endpoint>())
-            if (std::ranges::any_of(sent, [&](const auto &to) { return is_heard(to, at, context); })) return true;
+            if (std::ranges::any_of(sent, [&](const auto &to) {
+                    return listens ? is_heard(at, to, context) : is_heard(to, at, context);
+                }))
+                return true;
     return false;
 }
 
 std::unique_ptr<Outlet> open_outlet(const std::string &url, const OutletForm &form, Interruption &interruption) {
-    const LiveUrl destination = read_destination(url);
+    const LiveUrl destination = read_destination(url, form.listens);
+    if (form.listens && !destination.is_tcp)
+        throw NoDestination('\'' + url + "' is not tcp://HOST:PORT, to which clients can connect");
+    if (form.listens) return std::make_unique<ListeningOutlet>(destination, interruption);
     if (destination.is_tcp) return std::make_unique<TcpOutlet>(destination, interruption);
     return std::make_unique<UdpOutlet>(destination, form);
 }

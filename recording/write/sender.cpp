@@ -2,8 +2,9 @@
 
 namespace ast::recording {
 
-bool Sender::send(Octets octets) {
-    const std::error_code failure = outlet_->send(octets);
+bool Sender::deliver(Octets octets, bool may_wait) {
+    const std::error_code failure = outlet_->send(octets, may_wait);
+    if (failure == std::errc::operation_canceled) return false;
     if (failure) {
         ++sent_.failed;
         if (!sent_.failure) sent_.failure = failure;
@@ -18,11 +19,11 @@ bool Sender::send(Octets octets, std::optional<int64_t> time_ns) {
     const Schedule::Due due = schedule_.next(time_ns, octets.size());
     if (due.earliest ? !interruption_.until(*due.earliest) : interruption_.ended()) return false;
     if (due.by_time) sent_.lateness.add(Schedule::Clock::now() - *due.by_time);
-    return send(octets);
+    return deliver(octets, !due.by_time);
 }
 
 bool Sender::relay(Octets octets, const std::optional<Time> &received) {
-    const bool is_sent = send(octets);
+    const bool is_sent = deliver(octets, false);
     const auto received_ns = received ? nanoseconds_of(*received) : std::nullopt;
     const auto now_ns = nanoseconds_of(now());
     if (received_ns && now_ns) sent_.lateness.add(std::chrono::nanoseconds(*now_ns - *received_ns));

@@ -33,17 +33,23 @@ public:
     Sender(const std::string &url, const SendOptions &options, Interruption &interruption)
         : outlet_(open_outlet(url, options.form, interruption)), schedule_(options.pace), interruption_(interruption) {}
 
-    // Waits until it is due, if it has a time, and sends it. Whether it has been sent: not after an interruption.
+    // Waits until it is due, if it has a time, and sends it; what may go at any time waits for a connection that is
+    // slow. Whether it has been sent: not after an interruption.
     bool send(Octets octets, std::optional<int64_t> time_ns);
 
     // What has just been received goes on at once, and is late by what that has taken.
     bool relay(Octets octets, const std::optional<Time> &received);
 
+    // Waits for what is on its way over connections; nothing is sent from then on.
+    void finish() { outlet_->finish(); }
+
+    std::vector<OutletEvent> take_events() { return outlet_->take_events(); }
+
     void restart() { schedule_.restart(); }
     const Sent &sent() const { return sent_; }
 
 private:
-    bool send(Octets octets);
+    bool deliver(Octets octets, bool may_wait);
 
     std::unique_ptr<Outlet> outlet_;
     Schedule schedule_;

@@ -1,39 +1,62 @@
 #include "write/tcp_outlet.hpp"
 
-#include <cerrno>
-#include <sys/socket.h>
-#include <unistd.h>
+#include <algorithm>
 
+#include "base/signals_blocked.hpp"
 #include "source/tcp_source.hpp"
 
 namespace ast::recording {
 
-namespace {
-
-int connected(const LiveUrl &url, Interruption &interruption) {
-    const auto connection = connect_tcp(url, interruption, [](const std::string &) {});
-    if (!connection) throw std::system_error(std::make_error_code(std::errc::operation_canceled), url.text);
-    return connection->descriptor;
+TcpOutlet::TcpOutlet(const LiveUrl &url, Interruption &interruption) : url_(url), interruption_(interruption) {
+    if (!connect(interruption, false))
+        throw std::system_error(std::make_error_code(std::errc::operation_canceled), url.text);
+    const SignalsBlocked blocked;
+    thread_ = std::thread([this] { serve(); });
 }
 
-} // namespace
+TcpOutlet::~TcpOutlet() {
+    end_.interrupt();
+    connections_.end();
+    thread_.join();
+}
 
-TcpOutlet::TcpOutlet(const LiveUrl &url, Interruption &interruption)
-    : interruption_(interruption), descriptor_(connected(url, interruption)) {}
+bool TcpOutlet::connect(Interruption &interruption, bool is_again) {
+    const auto connection = connect_tcp(url_, interruption, [](const std::string &) {});
+    if (connection) connections_.add(connection->descriptor, connection->endpoints.source, is_again);
+    return connection.has_value();
+}
 
-TcpOutlet::~TcpOutlet() { ::close(descriptor_); }
+void TcpOutlet::serve() {
+    while (connections_.serve(-1) != Connections::Turn::end)
+        if (connections_.count() == 0) connect_again();
+}
 
-std::error_code TcpOutlet::send(Octets octets) {
-    while (!failure_ && !octets.empty()) {
-        const ssize_t count = ::send(descriptor_, octets.data(), octets.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
-        if (count >= 0)
-            octets = octets.subspan(static_cast<size_t>(count));
-        else if (errno != EAGAIN && errno != EINTR)
-            failure_ = {errno, std::generic_category()};
-        else if (!interruption_.for_output(descriptor_))
-            failure_ = std::make_error_code(std::errc::operation_canceled);
+// Not at once, so that a server that ends each connection is not kept busy by that.
+void TcpOutlet::connect_again() {
+    using namespace std::chrono;
+    constexpr milliseconds kFirstPause{100}, kLongestPause{10'000};
+    for (auto pause = kFirstPause; end_.until(steady_clock::now() + pause);
+         pause = std::min(2 * pause, kLongestPause)) {
+        try {
+            connect(end_, true);
+            return;
+        } catch (const std::exception &) {
+            // It is told that the connection is gone, and not how often it is tried.
+        }
     }
-    return failure_;
+}
+
+std::error_code TcpOutlet::send(Octets octets, bool may_wait) {
+    if (may_wait) connections_.wait_for_room(octets.size(), interruption_);
+    if (may_wait && interruption_.ended()) return std::make_error_code(std::errc::operation_canceled);
+    return connections_.send(octets);
+}
+
+void TcpOutlet::finish() {
+    connections_.wait_for_all(interruption_);
+    end_.interrupt();
+    connections_.end();
+    connections_.close();
 }
 
 } // namespace ast::recording

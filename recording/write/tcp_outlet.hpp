@@ -1,27 +1,36 @@
 // Blocks over a connection to a server.
 #pragma once
 
-#include "base/interruption.hpp"
+#include <thread>
+
 #include "source/live_url.hpp"
-#include "write/outlet.hpp"
+#include "write/connections.hpp"
 
 namespace ast::recording {
 
 class TcpOutlet : public Outlet {
 public:
-    // Waits for the connection, and for a server that is slow, up to an interruption. Throws std::system_error.
+    // Waits for the connection up to an interruption. Throws std::system_error where there is none at first; one that
+    // fails later is made again.
     TcpOutlet(const LiveUrl &url, Interruption &interruption);
     ~TcpOutlet() override;
     TcpOutlet(const TcpOutlet &) = delete;
     TcpOutlet &operator=(const TcpOutlet &) = delete;
 
-    // Sends nothing more once a part has not been sent: what stands behind a gap is no stream of blocks.
-    std::error_code send(Octets octets) override;
+    std::error_code send(Octets octets, bool may_wait) override;
+    void finish() override;
+    std::vector<OutletEvent> take_events() override { return connections_.take_events(); }
 
 private:
+    bool connect(Interruption &interruption, bool is_again);
+    void serve();
+    void connect_again();
+
+    LiveUrl url_;
     Interruption &interruption_;
-    int descriptor_;
-    std::error_code failure_;
+    Interruption end_; // of the thread
+    Connections connections_{Connections::Role::server};
+    std::thread thread_;
 };
 
 } // namespace ast::recording

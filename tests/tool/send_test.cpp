@@ -6,10 +6,12 @@
 #include "captures.hpp"
 #include "command.hpp"
 #include "sender.hpp"
+#include "support/client.hpp"
 #include "support/receiver.hpp"
 
 namespace {
 
+using ast_test::Client;
 using ast_test::octets_of;
 using ast_test::Receiver;
 using std::chrono::milliseconds;
@@ -138,6 +140,10 @@ TEST(Send, RefusesInputsAndWhatMakesNoSense) {
         {"a.pcap --ttl 300 --write udp://127.0.0.1:9", "--ttl: '300'"},
         {"a.pcap --loop 0 --write udp://127.0.0.1:9", "--loop: '0'"},
         {"- --loop --write udp://127.0.0.1:9 < a.pcap", "--loop is for files"},
+        {"tcp://127.0.0.1:18600 --listen tcp://127.0.0.1:18600", "is an input"},
+        {"tcp://127.0.0.1:18600 --listen tcp://0.0.0.0:18600", "is an input"},
+        {"a.pcap --listen udp://127.0.0.1:18600", "to which clients can connect"},
+        {"a.pcap --listen here", "is neither"},
         {"a.pcap --write b.pcap --write b.pcap", "different files"},
     };
     for (const auto &test : cases) {
@@ -176,6 +182,54 @@ TEST(Relay, PassesOnEachDatagramAtOnce) {
     EXPECT_EQ(result.status, 0);
     EXPECT_TRUE(has(result.err, one.url() + ": 20 datagrams sent, late by ")) << result.err;
     EXPECT_TRUE(has(command.run("--stats kept.pcap").out, "048              40")) << result.err;
+}
+
+// Behind some words of a report.
+uint16_t port_behind(const std::string &report, const std::string &words) {
+    return static_cast<uint16_t>(std::stoi(report.substr(report.find(words) + words.size())));
+}
+
+// One client reads, and one is stuck; 24 MB go by.
+TEST(Relay, ServesThoseWhoConnect) {
+    Command command;
+    Background tool(command, "udp://127.0.0.1:0 --listen tcp://127.0.0.1:0");
+    const std::string at = "astdump: tcp://127.0.0.1:0: listening on 127.0.0.1:",
+                      from = "astdump: listening on 127.0.0.1:";
+    const uint16_t port = port_behind(tool.wait_for_report(at), at);
+    const Sender sender("127.0.0.1", port_behind(tool.wait_for_report(from), from));
+    const Client reading(port), stuck(port, true);
+    for (const Client *client : {&reading, &stuck})
+        tool.wait_for_report("connected to 127.0.0.1:" + std::to_string(client->port()) + '\n');
+    const std::string large = hex("FA EA60") + std::string(59'997, 'x');
+    constexpr size_t kDatagrams = 400;
+    for (size_t i = 0; i < kDatagrams; ++i) {
+        sender.send(large);
+        EXPECT_TRUE(reading.read(large.size()) == large) << i;
+    }
+    const std::string who = "astdump: tcp://127.0.0.1:0: 127.0.0.1:" + std::to_string(stuck.port());
+    tool.wait_for_report(who + " takes less than is sent, and loses blocks\n");
+    const Result result = tool.end();
+    EXPECT_EQ(result.status, 1);
+    EXPECT_TRUE(has(result.err, who + " has lost ")) << result.err;
+    EXPECT_TRUE(has(result.err, " failed: taken too slowly\n")) << result.err;
+}
+
+TEST(Relay, ConnectsAgain) {
+    Command command;
+    Server server;
+    const std::string url = "tcp://127.0.0.1:" + std::to_string(server.port()), from = "listening on 127.0.0.1:";
+    Background tool(command, "udp://127.0.0.1:0 --write " + url);
+    const Sender sender("127.0.0.1", port_behind(tool.wait_for_report(from), from));
+    server.accept();
+    server.reset();
+    tool.wait_for_report(url + ": " + url.substr(6) + " has gone: Connection reset by peer\n");
+    tool.wait_for_report(url + ": connected to " + url.substr(6) + '\n');
+    server.accept();
+    sender.send(kMarker);
+    EXPECT_EQ(server.read(kMarker.size()), kMarker);
+    const Result result = tool.end();
+    EXPECT_EQ(result.status, 0) << result.err;
+    EXPECT_TRUE(has(result.err, url + ": 1 datagram sent, late by ")) << result.err;
 }
 
 } // namespace

@@ -80,6 +80,13 @@ void Server::accept() { connection_ = ::accept4(listener_, nullptr, nullptr, SOC
 
 void Server::send(const std::string &octets) const { ::send(connection_, octets.data(), octets.size(), MSG_NOSIGNAL); }
 
+std::string Server::read(size_t count) const {
+    std::string octets(count, '\0');
+    const ssize_t size = recv(connection_, octets.data(), count, MSG_WAITALL);
+    octets.resize(size < 0 ? 0 : static_cast<size_t>(size));
+    return octets;
+}
+
 void Server::close() {
     if (connection_ >= 0) ::close(connection_);
     connection_ = -1;

@@ -35,6 +35,7 @@ public:
     uint16_t port() const;
     void accept();
     void send(const std::string &octets) const;
+    std::string read(size_t count) const;
     void close();
     void reset(); // closes without a word
 

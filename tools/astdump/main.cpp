@@ -22,7 +22,7 @@ namespace {
 // A listing on a terminal shows by itself how far the work has got.
 bool wants_progress(const Options &options) {
     if (options.top) return !is_terminal(stdout);
-    return options.quiet || options.stats || !options.html.empty() || !options.writes.empty() || !is_terminal(stdout);
+    return options.quiet || options.stats || options.writes_files() || !is_terminal(stdout);
 }
 
 // A reader that has seen enough is no fault.

@@ -70,6 +70,8 @@ Examples:
                                              send a recording, ten times as fast as it was made
   astdump udp://239.1.1.1:8600 --where 'fl>100' --write udp://127.0.0.1:9000
                                              pass on what flies high
+  astdump udp://239.1.1.1:8600 --listen tcp://127.0.0.1:8600
+                                             let others connect and get what comes
   astdump udp://239.1.1.1:8600 --write day-%Y%m%d-%H.pcap --rotate 1h --keep 48
                                              record, and keep the last two days
   astdump --list --where squawk=7700 a.pcap  who is in distress
@@ -176,7 +178,12 @@ void describe_sites(CLI::App &app, Texts &texts) {
         ->type_name("FILE");
 }
 
-void describe_sending(CLI::App &app, Texts &texts) {
+void describe_sending(CLI::App &app, Options &options, Texts &texts) {
+    app.add_option("--listen", options.listens,
+                   "Send what is chosen to whoever connects to tcp://HOST:PORT, an address of this host; repeated")
+        ->take_all()
+        ->allow_extra_args(false)
+        ->type_name("URL");
     app.add_option("--speed", texts.speed,
                    "Send a recording so many times as fast as it was made, or as fast as can be")
         ->type_name("N|max");
@@ -247,7 +254,7 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
         ->take_all()
         ->allow_extra_args(false)
         ->type_name("NEWFILE");
-    describe_sending(app, texts);
+    describe_sending(app, options, texts);
     describe_rotation(app, texts);
     app.add_flag("--quiet", options.quiet, "No listing, only reports of damage");
     app.add_flag("--verbose", options.verbose, "Report everything that is damaged, not a line for each reason");
@@ -387,11 +394,12 @@ void complete(Options &options, const Texts &texts) {
         throw std::invalid_argument("--follow takes one FILE, since it has no end");
     options.merge = options.merge && options.files.size() > 1;
     if (options.merge && options.follow) throw std::invalid_argument("--merge is for files that have an end");
-    const bool sends = std::ranges::any_of(options.writes, is_live);
+    const bool sends = !options.listens.empty() || std::ranges::any_of(options.writes, is_live);
     if (!options.interface.empty() && !live && !sends)
         throw std::invalid_argument("--interface is for udp://HOST:PORT");
     if (texts.shape_sending() && !sends)
-        throw std::invalid_argument("--speed, --rate, --loop and --ttl are for --write udp://HOST:PORT or tcp://");
+        throw std::invalid_argument(
+            "--speed, --rate, --loop and --ttl are for --write udp://HOST:PORT or tcp://, and --listen");
     read_sending(options, texts);
     read_files(options, texts);
 }

@@ -26,6 +26,7 @@ struct Options : ReadOptions {
     bool detail = false;                       // in the listing
     std::string html;                          // the page to write; empty for none
     std::vector<std::string> writes;           // of what is chosen: files, and addresses to send to
+    std::vector<std::string> listens;          // where those connect who get what is chosen
     SendOptions send;                          // to these
     Rotation rotation;                         // of captures; none for one file
     uint64_t passes = 1;                       // over the input
@@ -37,7 +38,7 @@ struct Options : ReadOptions {
     size_t jobs = 1;                    // threads
     std::optional<size_t> chunk_octets; // read at a time; nothing: what suits the output
 
-    bool writes_files() const { return !html.empty() || !writes.empty(); }
+    bool writes_files() const { return !html.empty() || !writes.empty() || !listens.empty(); }
 };
 
 constexpr int kExitClean = 0;

@@ -47,17 +47,20 @@ RecordList::Form list_form(const Options &options) {
 }
 
 void add_outputs(Sinks &sinks, const Options &options, Interruption &interruption) {
-    std::vector<std::string> urls;
+    std::vector<Destination> destinations;
+    for (const std::string &url : options.listens) destinations.push_back({url, true});
     for (const std::string &write : options.writes)
         if (is_live(write))
-            urls.push_back(write);
+            destinations.push_back({write, false});
         else if (options.rotation.is_any() && file_kind(write) == FileKind::pcap)
             sinks.push_back(
                 std::make_unique<RotatingFile>(write, options.files, options.rotation, json_form(options).remainders));
         else
             sinks.push_back(std::make_unique<WriteFile>(write, options.files, json_form(options)));
-    if (!urls.empty())
-        sinks.push_back(std::make_unique<Send>(urls, options.send, options.files, chooses_all(options), interruption));
+    if (destinations.empty()) return;
+    auto send = std::make_unique<Send>(destinations, options.send, options.files, chooses_all(options), interruption);
+    if (options.follow) interruption.meanwhile([&send = *send] { send.tell_events(); });
+    sinks.push_back(std::move(send));
 }
 
 } // namespace
@@ -79,7 +82,7 @@ Sinks make_sinks(const Options &options, Output &out, const ReportLog &reports, 
         sinks.push_back(std::make_unique<Csv>(out, *options.csv, options.files.size() > 1, options.merge));
     else if (options.list)
         sinks.push_back(std::make_unique<RecordList>(out, list_form(options)));
-    else if (!options.quiet && options.html.empty() && options.writes.empty())
+    else if (!options.quiet && !options.writes_files())
         sinks.push_back(std::make_unique<Listing>(out, Listing::Form{columns(stdout), color,
                                                                      options.files.size() > 1 && !options.merge,
                                                                      options.detail, is_terminal(stdout)}));

@@ -4,6 +4,7 @@
 
 #include "ask/answerer.hpp"
 #include "base/counted.hpp"
+#include "base/endpoint.hpp"
 #include "show/chosen_datagrams.hpp"
 #include "show/stamped.hpp"
 #include "show/terminal.hpp"
@@ -62,16 +63,41 @@ std::string lateness_text(const Lateness &lateness) {
            milliseconds_text(lateness.greatest()) + " at most";
 }
 
+// "127.0.0.1:51234 has gone, having lost 12 blocks of 3400 octets: Connection reset by peer"
+std::string event_text(const OutletEvent &event) {
+    const std::string other = event.endpoint == Endpoint() ? "the connection" : endpoint_text(event.endpoint);
+    const auto lost = [&](const char *words) {
+        if (event.lost.octets == 0) return std::string();
+        return words + counted(event.lost.blocks, "block") + " of " + counted(event.lost.octets, "octet");
+    };
+    switch (event.kind) {
+    case OutletEvent::Kind::listening:
+        return "listening on " + other;
+    case OutletEvent::Kind::connected:
+        return "connected to " + other + lost(", which meanwhile has lost ");
+    case OutletEvent::Kind::slow:
+        return other + " takes less than is sent, and loses blocks";
+    case OutletEvent::Kind::gone:
+        break;
+    }
+    return other + (event.failure ? " has gone" : "") + lost(event.failure ? ", having lost " : " has lost ") +
+           (event.failure ? ": " + event.failure.message() : "");
+}
+
 } // namespace
 
-Send::Send(const std::vector<std::string> &urls, const SendOptions &options, const std::vector<std::string> &inputs,
-           bool remainders, Interruption &interruption)
+Send::Send(const std::vector<Destination> &destinations, const SendOptions &options,
+           const std::vector<std::string> &inputs, bool remainders, Interruption &interruption)
     : remainders_(remainders), interruption_(interruption) {
-    for (const std::string &url : urls) {
-        ways_.push_back({url, Sender(url, options, interruption)});
+    for (const auto &[url, listens] : destinations) {
+        SendOptions own = options;
+        own.form.listens = listens;
+        ways_.push_back({url, Sender(url, own, interruption)});
         for (const std::string &input : inputs)
-            if (is_heard_by(url, input)) throw std::runtime_error(url + ": is an input, and nothing is sent to it");
+            if (is_heard_by(url, listens, input))
+                throw std::runtime_error(url + ": is an input, and nothing is sent to it");
     }
+    tell_events();
 }
 
 std::unique_ptr<Renderer> Send::renderer() const { return std::make_unique<SendRenderer>(remainders_); }
@@ -99,6 +125,15 @@ void Send::send(Octets octets, const std::optional<Time> &time) {
             way.sender.relay(octets, time);
         else
             way.sender.send(octets, time_ns);
+    tell_events();
+}
+
+void Send::tell_events() {
+    for (Way &way : ways_) tell_events(way);
+}
+
+void Send::tell_events(Way &way) {
+    for (const OutletEvent &event : way.sender.take_events()) tell(way.url + ": " + event_text(event));
 }
 
 bool Send::has_lost_any() const {
@@ -114,7 +149,9 @@ std::string Send::progress() const {
 }
 
 void Send::finish(uint64_t) {
-    for (const Way &way : ways_) {
+    for (Way &way : ways_) {
+        way.sender.finish();
+        tell_events(way);
         const Sent &sent = way.sender.sent();
         std::string text = way.url + ": " + counted(sent.datagrams, "datagram") + " sent";
         if (sent.lateness.count() != 0) text += ", " + lateness_text(sent.lateness);

@@ -10,12 +10,21 @@
 
 namespace ast::recording::astdump {
 
+// Where it goes.
+struct Destination {
+    std::string url;
+    bool listens; // there, to those who connect
+};
+
 class Send : public Sink {
 public:
-    // To several addresses alike. Throws std::runtime_error when nothing can be sent to one, or it would be an input.
+    // To several alike. Throws std::runtime_error when nothing can be sent to one, or it would be an input.
     // `remainders`: nothing is chosen by what records hold.
-    Send(const std::vector<std::string> &urls, const SendOptions &options, const std::vector<std::string> &inputs,
-         bool remainders, Interruption &interruption);
+    Send(const std::vector<Destination> &destinations, const SendOptions &options,
+         const std::vector<std::string> &inputs, bool remainders, Interruption &interruption);
+
+    // Says what has become of connections.
+    void tell_events();
 
     std::unique_ptr<Renderer> renderer() const override;
     size_t chunk_octets() const override { return size_t{16} * 1024; }
@@ -33,6 +42,7 @@ private:
     };
 
     void send(Octets octets, const std::optional<Time> &time);
+    static void tell_events(Way &way);
 
     bool remainders_;
     Interruption &interruption_;

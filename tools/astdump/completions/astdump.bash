@@ -25,7 +25,7 @@ _astdump() {
     --category) known='1 2 4 7 8 9 10 11 15 16 17 18 19 20 21 23 25 32 34 48 62 63 65 150 205 240 247' ;;
     --convert) known='1 2 34 48' ;;
     --interface) known=$(cd /sys/class/net 2>/dev/null && printf '%s\n' *) ;;
-    --html | --write | --sites) ;;
+    --html | --write | --sites | --metrics) ;;
     --*)
         # Another value, of which nothing is known: not that it is a file.
         if _astdump_options "$tool" | grep -q "^$option [A-Z]"; then

@@ -38,7 +38,7 @@ for line in (astdump --help 2>/dev/null </dev/null)
             set --append option --no-files --arguments '(__astdump_list 1 2 34 48)'
         case interface
             set --append option --no-files --arguments '(__astdump_interfaces)'
-        case html write sites
+        case html write sites metrics
         case '*'
             # Another value, of which nothing is known: not that it is a file.
             test (count $parts) = 3; and set --append option --no-files

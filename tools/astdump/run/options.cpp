@@ -111,6 +111,7 @@ struct Texts {
     std::optional<std::string> to;
     std::vector<std::string> sites;
     std::optional<std::string> site_file;
+    std::optional<std::string> stats_every;
     std::optional<std::string> speed;
     std::optional<std::string> rate;
     std::optional<std::string> loop;
@@ -242,6 +243,12 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_option("--csv", texts.csv, "A line per record as comma-separated values: all quantities, or PATHS")
         ->type_name("[PATHS]");
     app.add_flag("--stats", options.stats, "Instead of the listing, count by category, by item and by edition");
+    app.add_option("--stats-every", texts.stats_every,
+                   "Every so often, such as 10s or 1m, say on standard error what goes through each second")
+        ->type_name("TIME");
+    app.add_option("--metrics", options.metrics, "Keep the same in a file for Prometheus' textfile collector")
+        ->check(is_name)
+        ->type_name("FILE");
     app.add_flag("--top", options.top,
                  "Instead of the listing, a table of what each data source sends, drawn anew every second");
     app.add_option("--convert", texts.convert,
@@ -312,12 +319,12 @@ void refuse_two_forms(const Options &options) {
 
 // Each is a file of its own, or an address.
 void check_outputs(const Options &options) {
-    std::vector<std::string> files = {options.html};
+    std::vector<std::string> files = {options.html, options.metrics};
     for (const std::string &write : options.writes) {
         if (is_live(write)) continue;
         file_kind(write);
         if (std::ranges::any_of(files, [&](const std::string &other) { return is_same_file(write, other); }))
-            throw std::invalid_argument("--html and --write are to be different files");
+            throw std::invalid_argument("--html, --metrics and --write are to be different files");
         files.push_back(write);
     }
 }
@@ -394,12 +401,12 @@ void complete(Options &options, const Texts &texts) {
         throw std::invalid_argument("--follow takes one FILE, since it has no end");
     options.merge = options.merge && options.files.size() > 1;
     if (options.merge && options.follow) throw std::invalid_argument("--merge is for files that have an end");
-    const bool sends = !options.listens.empty() || std::ranges::any_of(options.writes, is_live);
-    if (!options.interface.empty() && !live && !sends)
+    if (!options.interface.empty() && !live && !options.sends())
         throw std::invalid_argument("--interface is for udp://HOST:PORT");
-    if (texts.shape_sending() && !sends)
+    if (texts.shape_sending() && !options.sends())
         throw std::invalid_argument(
             "--speed, --rate, --loop and --ttl are for --write udp://HOST:PORT or tcp://, and --listen");
+    if (texts.stats_every) options.stats_every = read_for("--stats-every", *texts.stats_every, read_interval);
     read_sending(options, texts);
     read_files(options, texts);
 }

@@ -1,6 +1,8 @@
 // The command line.
 #pragma once
 
+#include <algorithm>
+#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -9,6 +11,7 @@
 #include "ask/filter.hpp"
 #include "show/csv.hpp"
 #include "show/rotating_file.hpp"
+#include "source/live_url.hpp"
 #include "source/read_options.hpp"
 #include "write/sender.hpp"
 
@@ -31,6 +34,8 @@ struct Options : ReadOptions {
     Rotation rotation;                         // of captures; none for one file
     uint64_t passes = 1;                       // over the input
     bool stats = false;
+    std::chrono::seconds stats_every{0}; // of what goes through; 0 for none
+    std::string metrics;                 // the file for those who collect these; empty for none
     bool top = false;
     bool quiet = false;
     bool verbose = false; // each report by itself
@@ -39,6 +44,10 @@ struct Options : ReadOptions {
     std::optional<size_t> chunk_octets; // read at a time; nothing: what suits the output
 
     bool writes_files() const { return !html.empty() || !writes.empty() || !listens.empty(); }
+    bool sends() const { return !listens.empty() || std::ranges::any_of(writes, is_live); }
+
+    // Whether something is due by the clock, and not only when something has come.
+    bool goes_by_clock() const { return top || stats_every.count() != 0 || !metrics.empty() || sends(); }
 };
 
 constexpr int kExitClean = 0;

@@ -59,6 +59,12 @@ uint8_t read_ttl(const std::string &text) {
     return *ttl;
 }
 
+std::chrono::seconds read_interval(const std::string &text) {
+    const auto seconds = read_in_units(text, kSpans_s);
+    if (!seconds) refuse(text, "no time such as 10s or 1m");
+    return std::chrono::seconds(*seconds);
+}
+
 Rotation read_rotation(const std::string &text) {
     if (const auto period_s = read_in_units(text, kSpans_s)) return {.period_s = static_cast<int64_t>(*period_s)};
     if (const auto octets = read_in_units(text, kThousands)) return {.octets = *octets};

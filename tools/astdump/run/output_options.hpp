@@ -1,6 +1,7 @@
 // What is said on the command line of files that are written and of what is sent.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <string>
 
@@ -18,6 +19,9 @@ uint64_t read_rate(const std::string &text);
 
 // From 1 to 255.
 uint8_t read_ttl(const std::string &text);
+
+// "10s", "1m"
+std::chrono::seconds read_interval(const std::string &text);
 
 // "1h", "30m", "100M"; how many stay is left open.
 Rotation read_rotation(const std::string &text);

@@ -1,6 +1,7 @@
 #include "run/run.hpp"
 
 #include <algorithm>
+#include <filesystem>
 #include <utility>
 
 #include "base/counted.hpp"
@@ -16,9 +17,18 @@ struct RenderJob : Job {
     Rendered rendered;
 };
 
+bool is_waited_for(const std::string &file) {
+    std::error_code unknown;
+    return !std::filesystem::is_regular_file(file, unknown);
+}
+
 // --follow, --count and --top take one thread: what they show must appear as its blocks arrive, blocks that count are
-// counted one after the other, and the table is drawn anew between them.
-size_t threads_of(const Options &options) { return options.follow || options.count || options.top ? 1 : options.jobs; }
+// counted one after the other, and the table is drawn anew between them. What is due by the clock is done by whoever
+// waits for input, who is to be the one that takes it.
+size_t threads_of(const Options &options) {
+    const bool is_timed = options.goes_by_clock() && std::ranges::any_of(options.files, is_waited_for);
+    return options.follow || options.count || options.top || is_timed ? 1 : options.jobs;
+}
 
 size_t chunk_octets_of(const Options &options, const Sinks &sinks) {
     if (options.chunk_octets) return *options.chunk_octets;

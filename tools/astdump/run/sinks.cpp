@@ -12,6 +12,7 @@
 #include "show/send.hpp"
 #include "show/stats.hpp"
 #include "show/terminal.hpp"
+#include "show/throughput.hpp"
 #include "show/top.hpp"
 #include "show/write_file.hpp"
 #include "source/live_url.hpp"
@@ -46,7 +47,8 @@ RecordList::Form list_form(const Options &options) {
             .name_files = options.files.size() > 1 && !options.merge};
 }
 
-void add_outputs(Sinks &sinks, const Options &options, Interruption &interruption) {
+// Where anything is sent, what does that.
+const Send *add_outputs(Sinks &sinks, const Options &options, Interruption &interruption) {
     std::vector<Destination> destinations;
     for (const std::string &url : options.listens) destinations.push_back({url, true});
     for (const std::string &write : options.writes)
@@ -57,10 +59,20 @@ void add_outputs(Sinks &sinks, const Options &options, Interruption &interruptio
                 std::make_unique<RotatingFile>(write, options.files, options.rotation, json_form(options).remainders));
         else
             sinks.push_back(std::make_unique<WriteFile>(write, options.files, json_form(options)));
-    if (destinations.empty()) return;
+    if (destinations.empty()) return nullptr;
     auto send = std::make_unique<Send>(destinations, options.send, options.files, chooses_all(options), interruption);
-    if (options.follow) interruption.meanwhile([&send = *send] { send.tell_events(); });
+    const Send *const made = send.get();
+    interruption.meanwhile([&send = *send] { send.tell_events(); });
     sinks.push_back(std::move(send));
+    return made;
+}
+
+void add_throughput(Sinks &sinks, const Options &options, const Send *send, Interruption &interruption) {
+    if (options.stats_every.count() == 0 && options.metrics.empty()) return;
+    const Throughput::Form form{.every = options.stats_every, .metrics = options.metrics, .inputs = options.files};
+    auto throughput = std::make_unique<Throughput>(form, send);
+    interruption.meanwhile([&throughput = *throughput] { throughput.refresh(); });
+    sinks.push_back(std::move(throughput));
 }
 
 } // namespace
@@ -89,7 +101,8 @@ Sinks make_sinks(const Options &options, Output &out, const ReportLog &reports, 
     if (options.follow && !options.top && !options.stats && !options.json && !options.csv)
         sinks.push_back(std::make_unique<Stats>(out, color));
     if (!options.html.empty()) sinks.push_back(std::make_unique<Page>(options.html, options.files));
-    add_outputs(sinks, options, interruption);
+    const Send *const send = add_outputs(sinks, options, interruption);
+    add_throughput(sinks, options, send, interruption);
     return sinks;
 }
 

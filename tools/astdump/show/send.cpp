@@ -58,11 +58,6 @@ std::string milliseconds_text(std::chrono::nanoseconds late) {
     return text;
 }
 
-std::string lateness_text(const Lateness &lateness) {
-    return "late by " + milliseconds_text(lateness.median()) + " in the median and " +
-           milliseconds_text(lateness.greatest()) + " at most";
-}
-
 // "127.0.0.1:51234 has gone, having lost 12 blocks of 3400 octets: Connection reset by peer"
 std::string event_text(const OutletEvent &event) {
     const std::string other = event.endpoint == Endpoint() ? "the connection" : endpoint_text(event.endpoint);
@@ -85,6 +80,11 @@ std::string event_text(const OutletEvent &event) {
 }
 
 } // namespace
+
+std::string lateness_text(const Lateness &lateness) {
+    return "late by " + milliseconds_text(lateness.median()) + " in the median and " +
+           milliseconds_text(lateness.greatest()) + " at most";
+}
 
 Send::Send(const std::vector<Destination> &destinations, const SendOptions &options,
            const std::vector<std::string> &inputs, bool remainders, Interruption &interruption)
@@ -126,6 +126,12 @@ void Send::send(Octets octets, const std::optional<Time> &time) {
         else
             way.sender.send(octets, time_ns);
     tell_events();
+}
+
+std::vector<SentTo> Send::sent() const {
+    std::vector<SentTo> sent;
+    for (const Way &way : ways_) sent.push_back({way.url, way.sender.sent()});
+    return sent;
 }
 
 void Send::tell_events() {

@@ -4,11 +4,15 @@
 #include <string>
 #include <vector>
 
+#include "show/metrics.hpp"
 #include "show/sink.hpp"
 #include "show/timeline.hpp"
 #include "write/sender.hpp"
 
 namespace ast::recording::astdump {
+
+// "late by 0.080 ms in the median and 1.200 ms at most"
+std::string lateness_text(const Lateness &lateness);
 
 // Where it goes.
 struct Destination {
@@ -25,6 +29,9 @@ public:
 
     // Says what has become of connections.
     void tell_events();
+
+    // By destination.
+    std::vector<SentTo> sent() const;
 
     std::unique_ptr<Renderer> renderer() const override;
     size_t chunk_octets() const override { return size_t{16} * 1024; }

@@ -136,6 +136,21 @@ AST_API bool ast_dataitem_read_field(const ast_dataitem_t *item, ast_uap_t uap, 
  *  nothing, and for null pointers. */
 AST_API bool ast_dataitem_get_bits(const ast_dataitem_t *item, const ast_field_place_t *place, uint64_t *raw);
 
+/* ----------------------------------------------------------------------------------------------------------- times --
+ */
+
+/** Moves all times of a record by so many seconds, in every published item that has any: times of day over midnight,
+ *  also I001/141 and others of which only the lower bits are sent, times with hours and minutes, and dates. Ages,
+ *  durations and fractions of a second stay.
+ *  octets      the record's own or a copy of them, record->size octets; nothing else in them changes
+ *  record      a valid record, read only
+ *  recorded_s  when the record was made, since 1970-01-01 UTC: the lower bits and hours are read by it, which four
+ *              minutes more or less do not matter to. The date of a day counts only as part of the sum with seconds
+ *  seconds     may be negative
+ *  Returns how many times have been moved; 0 unless the record is valid. */
+AST_API uint64_t ast_datarecord_move_times(uint8_t *octets, const ast_datarecord_t *record, int64_t recorded_s,
+                                           int64_t seconds);
+
 /* ------------------------------------------------------------------------------------------------------------ JSON --
  */
 

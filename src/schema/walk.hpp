@@ -26,6 +26,9 @@ public:
     uint64_t bits_left() const { return bits_ - position_; }
     uint64_t octets_read() const { return position_ / 8; }
     const uint8_t *here() const { return data_ + position_ / 8; }
+    // The octet that holds the bit in front of this place, and how many bits stand behind that in it.
+    const uint8_t *octet_before() const { return data_ + (position_ - 1) / 8; }
+    unsigned bits_behind() const { return static_cast<unsigned>((8 - position_ % 8) % 8); }
     // From here to so many octets on.
     BitReader next(uint64_t octets) const { return {here(), octets, 0}; }
 
@@ -113,6 +116,8 @@ public:
 
 private:
     static constexpr bool kPassesOver = std::is_same_v<Visitor, Nobody>;
+    // A visitor for whom the places count is told where a number ends, by ends_at(bits), before it gets that.
+    static constexpr bool kTellsPlaces = requires(Visitor visitor, BitReader bits) { visitor.ends_at(bits); };
 
     bool composite(const Field *field) {
         switch (field->kind) {
@@ -147,7 +152,7 @@ private:
     // The members of a group whose octets are there.
     void members(const Field *parent) {
         if constexpr (kPassesOver) return bits_.skip(parent->bits);
-        if (is_number(*parent)) return members_of(parent, bits_.take(parent->bits));
+        if (is_number(*parent) && !kTellsPlaces) return members_of(parent, bits_.take(parent->bits));
         for (const Field *member = parent + 1; member != behind(parent); member = behind(member))
             if (member->kind != Kind::Status)
                 leaf(member);
@@ -181,7 +186,8 @@ private:
     }
 
     void leaf(const Field *field) {
-        if (is_number(*field)) return bits_of(field, bits_.take(field->bits));
+        if (is_number(*field) && !(kTellsPlaces && field->kind == Kind::Group))
+            return bits_of(field, bits_.take(field->bits));
         if (field->kind == Kind::Register) return mode_s_register(field);
         if (field->kind == Kind::Group) return group(field, [&] { members(field); });
         visitor_.octets(*field, bits_.here(), field->bits / 8);
@@ -209,6 +215,7 @@ private:
 
     void number(const Field *field, uint64_t raw) {
         last_ = raw;
+        if constexpr (kTellsPlaces) visitor_.ends_at(bits_);
         visitor_.value(*field, raw);
     }
 

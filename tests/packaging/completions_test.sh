@@ -35,6 +35,7 @@ check() {
     "complete_$1" - | sort | diff -u options - || { echo "in $1"; exit 1; }
     expect "$1" '--framing h' hdlc hex
     expect "$1" '--uap cat001' cat001-plot
+    expect "$1" '--shift ' now
     expect "$1" '--quiet --color ' always auto never
     expect "$1" '--where sq' squawk
     expect "$1" '--csv time,sq' time,squawk

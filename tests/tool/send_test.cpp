@@ -1,5 +1,7 @@
 // What is sent to the network: recordings at their times, and live input as it comes.
 
+#include <cmath>
+#include <ctime>
 #include <gtest/gtest.h>
 
 #include "background.hpp"
@@ -88,6 +90,39 @@ TEST(Send, GoesByTimesOfDayWhereThereIsNoOther) {
     EXPECT_LT(Receiver::Clock::now() - begin, milliseconds(2500));
     EXPECT_EQ(octets_of(receiver.receive(3)), (std::vector<std::string>{before, behind, untimed})) << result.err;
     EXPECT_TRUE(has(result.err, "3 datagrams sent, late by ")) << result.err;
+}
+
+// The seconds behind a key, in each line.
+std::vector<double> seconds_of(const std::string &lines, const std::string &key) {
+    std::vector<double> seconds;
+    for (size_t at = lines.find(key); at != std::string::npos; at = lines.find(key, at + 1))
+        seconds.push_back(std::stod(lines.substr(at + key.size())));
+    return seconds;
+}
+
+// Markers of 23:59:59.5 and of half a second behind midnight, received on a day in 2024; then plots of two passes.
+TEST(Send, ShiftsTimesToNow) {
+    constexpr double kDay_s = 86400;
+    Command command;
+    const std::string before = hex("22 000A E0 190C 01 A8BFC0"), behind = hex("22 000A E0 190C 01 000040");
+    command.write("a.pcap", pcap(1, {packet(before + kPlots), packet(behind), packet("text")}));
+    command.write("b.ast", behind);
+    const auto now_s = [] { return static_cast<double>(time(nullptr)); };
+    const double begin_s = now_s();
+    const Result result = command.run("--shift now --json a.pcap b.ast --write c.pcap --write c.ast");
+    const std::vector<double> times = seconds_of(result.out, "\"I030\":");
+    ASSERT_EQ(times.size(), 3U) << result.out;
+    const double late_s = std::fmod(times[0] - std::fmod(begin_s, kDay_s) + kDay_s + kDay_s / 2, kDay_s) - kDay_s / 2;
+    EXPECT_GE(late_s, -1);
+    EXPECT_LE(late_s, now_s() - begin_s + 1);
+    EXPECT_EQ(std::fmod(times[1] - times[0] + kDay_s, kDay_s), 1);
+    EXPECT_EQ(std::fmod(times[2] * 2, 2), 1) << "the fraction stays";
+    EXPECT_LE(std::fmod(times[2] - times[0] + kDay_s, kDay_s), now_s() - begin_s + 1) << "a file by itself";
+    const std::string received = command.run("--json c.pcap").out;
+    const size_t year = static_cast<size_t>(received.find("\"time\":\"") + 8);
+    EXPECT_GE(std::stoi(received.substr(year)), 2025) << received;
+    EXPECT_EQ(seconds_of(command.run("--json c.ast").out, "\"I030\":"), times);
+    EXPECT_EQ(command.run("--shift then a.pcap").status, 2);
 }
 
 // More than is read at a time: neither waits for the other.

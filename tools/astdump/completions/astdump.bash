@@ -20,7 +20,7 @@ _astdump() {
         option=${COMP_WORDS[COMP_CWORD - 2]}
     fi
     case $option in
-    --uap | --framing | --color) known=$(_astdump_values "$tool" "$option") ;;
+    --uap | --framing | --color | --shift) known=$(_astdump_values "$tool" "$option") ;;
     --where | --csv) known=$(_astdump_values "$tool" --where) ;;
     --category) known='1 2 4 7 8 9 10 11 15 16 17 18 19 20 21 23 25 32 34 48 62 63 65 150 205 240 247' ;;
     --convert) known='1 2 34 48' ;;

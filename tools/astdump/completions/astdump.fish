@@ -26,7 +26,7 @@ for line in (astdump --help 2>/dev/null </dev/null)
     set --local option complete --command astdump --long-option $parts[1] --description $parts[-1]
     test (count $parts) = 3; and set --append option --require-parameter
     switch $parts[1]
-        case uap framing color
+        case uap framing color shift
             set --append option --no-files --arguments "(__astdump_values --$parts[1])"
         case where
             set --append option --no-files --arguments '(__astdump_values --where)'

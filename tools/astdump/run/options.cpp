@@ -68,6 +68,8 @@ Examples:
                                              a recording of a modern radar for an old display
   astdump --write udp://239.1.1.1:8600 --speed 10 a.pcap
                                              send a recording, ten times as fast as it was made
+  astdump --write udp://239.1.1.1:8600 --shift now --loop a.pcap
+                                             send it over and over, as if it were made now
   astdump udp://239.1.1.1:8600 --where 'fl>100' --write udp://127.0.0.1:9000
                                              pass on what flies high
   astdump udp://239.1.1.1:8600 --listen tcp://127.0.0.1:8600
@@ -111,6 +113,7 @@ struct Texts {
     std::optional<std::string> to;
     std::vector<std::string> sites;
     std::optional<std::string> site_file;
+    std::optional<std::string> shift;
     std::optional<std::string> stats_every;
     std::optional<std::string> speed;
     std::optional<std::string> rate;
@@ -251,6 +254,9 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
         ->type_name("FILE");
     app.add_flag("--top", options.top,
                  "Instead of the listing, a table of what each data source sends, drawn anew every second");
+    app.add_option("--shift", texts.shift, "Move all times in records, and of reception, so that the first is now")
+        ->check(CLI::IsMember({"now"}).description(""))
+        ->type_name("now");
     app.add_option("--convert", texts.convert,
                    "Turn records into those of categories that say the same: 1 from 48, 2 from 34, and back")
         ->type_name("LIST");
@@ -407,6 +413,7 @@ void complete(Options &options, const Texts &texts) {
         throw std::invalid_argument(
             "--speed, --rate, --loop and --ttl are for --write udp://HOST:PORT or tcp://, and --listen");
     if (texts.stats_every) options.stats_every = read_for("--stats-every", *texts.stats_every, read_interval);
+    options.shifts = texts.shift.has_value();
     read_sending(options, texts);
     read_files(options, texts);
 }

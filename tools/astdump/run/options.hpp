@@ -36,6 +36,7 @@ struct Options : ReadOptions {
     bool stats = false;
     std::chrono::seconds stats_every{0}; // of what goes through; 0 for none
     std::string metrics;                 // the file for those who collect these; empty for none
+    bool shifts = false;                 // all times to now
     bool top = false;
     bool quiet = false;
     bool verbose = false; // each report by itself

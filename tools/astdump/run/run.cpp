@@ -22,12 +22,13 @@ bool is_waited_for(const std::string &file) {
     return !std::filesystem::is_regular_file(file, unknown);
 }
 
-// --follow, --count and --top take one thread: what they show must appear as its blocks arrive, blocks that count are
-// counted one after the other, and the table is drawn anew between them. What is due by the clock is done by whoever
-// waits for input, who is to be the one that takes it.
+// --follow, --count, --top and --shift take one thread: what they show must appear as its blocks arrive, blocks that
+// count are counted one after the other, the first time is that of the first block, and the table is drawn anew between
+// them. What is due by the clock is done by whoever waits for input, who is to be the one that takes it.
 size_t threads_of(const Options &options) {
     const bool is_timed = options.goes_by_clock() && std::ranges::any_of(options.files, is_waited_for);
-    return options.follow || options.count || options.top || is_timed ? 1 : options.jobs;
+    const bool is_in_order = options.follow || options.count || options.top || options.shifts;
+    return is_in_order || is_timed ? 1 : options.jobs;
 }
 
 size_t chunk_octets_of(const Options &options, const Sinks &sinks) {

@@ -9,14 +9,15 @@
 namespace ast::recording::astdump {
 
 Worker::Worker(const Options &options, const Sinks &sinks) : options_(options), converter_(options.convert) {
+    if (options.shifts) shift_.emplace();
     if (!sinks.empty()) first_ = sinks.front().get();
     for (const auto &sink : sinks) {
         renderers_.push_back(sink->renderer());
         counts_ = counts_ || sink->counts();
     }
     const bool shows_none = std::ranges::none_of(renderers_, [](const auto &renderer) { return renderer != nullptr; });
-    only_counts_ =
-        shows_none && options.categories.all() && options.where.empty() && options.convert.none() && !options.count;
+    only_counts_ = shows_none && options.categories.all() && options.where.empty() && options.convert.none() &&
+                   !options.count && !options.shifts;
 }
 
 // What becomes of a chunk, piece by piece.
@@ -47,6 +48,8 @@ void Worker::render(const Job &job, uint64_t most, Rendered &rendered) {
     rendered.shown = 0;
     rendered.unconverted = 0;
     rendered.judgements.clear();
+    constexpr uint64_t kFirst = 1;
+    if (shift_ && job.chunk.first_number == kFirst) shift_->restart();
     decoder_.set_known(job.known, job.later);
     Walk walk{*this, most, rendered, only_counts(job.chunk)};
     walk_chunk(job.chunk, walk);
@@ -71,7 +74,8 @@ void Worker::no_block(const Datagram &datagram, uint64_t offset, const Frame &fr
     if (!options_.categories.test(datagram.octets[offset])) return;
     const std::string reason = framing_text(report.facts());
     for (size_t i = 0; i < renderers_.size(); ++i)
-        if (renderers_[i]) renderers_[i]->no_block(datagram, offset, reason, rendered.texts[i]);
+        if (renderers_[i])
+            renderers_[i]->no_block(shift_ ? shift_->move(datagram) : datagram, offset, reason, rendered.texts[i]);
     if (!rendered.texts.empty()) rendered.reports.place = rendered.texts.front().size();
 }
 
@@ -81,6 +85,10 @@ void Worker::block(const Datagram &datagram, uint64_t number, uint64_t offset, O
     if (number <= kJudgedBlocks) judge(rendered.judgements, *decoded.block);
     select_records(decoded, options_.where);
     if (!options_.where.empty()) coverage_.look(decoded, options_.where);
+    if (shift_) {
+        shift_->move(decoded, decoder_.editions());
+        decoded.datagram = &shift_->move(datagram);
+    }
     const bool is_wanted = options_.where.empty() || decoded.shown.any();
     if (is_wanted && options_.convert.any())
         show_converted(decoded, most, rendered);

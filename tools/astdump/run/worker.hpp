@@ -13,6 +13,7 @@
 #include "show/sink.hpp"
 #include "source/pipeline.hpp"
 #include "write/block_converter.hpp"
+#include "write/time_shift.hpp"
 
 namespace ast::recording::astdump {
 
@@ -52,6 +53,7 @@ private:
 
     const Options &options_;
     Decoder decoder_;
+    std::optional<TimeShift> shift_;
     BlockConverter converter_;
     Counter counter_;
     ConditionCoverage coverage_;                       // of all that has been decoded here

@@ -1,0 +1,57 @@
+#include "write/time_shift.hpp"
+
+namespace ast::recording {
+
+namespace {
+
+// The time with this time of day that is nearest to another one.
+int64_t nearest_s(int64_t of_day_s, int64_t to_s) {
+    constexpr int64_t kHalfDay = kSecondsPerDay / 2;
+    const int64_t apart = (of_day_s - to_s % kSecondsPerDay) % kSecondsPerDay;
+    return to_s + (apart + kSecondsPerDay + kHalfDay) % kSecondsPerDay - kHalfDay;
+}
+
+} // namespace
+
+// When a record was made, on a line of time that goes on over midnight. What has no time of day was made when the one
+// before it was, or else when it was received.
+int64_t TimeShift::recorded_s(const ast_datarecord_t &record, const std::optional<Time> &received) {
+    answerer_.set_record(record);
+    const ast_answers_t &answers = answerer_.answers();
+    const std::optional<int64_t> about_s = last_s_    ? last_s_
+                                           : received ? std::optional(received->seconds)
+                                                      : std::nullopt;
+    if ((answers.present & AST_ANSWER_TIME) == 0 || !(answers.time_of_day_s < kSecondsPerDay))
+        return about_s.value_or(0);
+    const auto of_day_s = static_cast<int64_t>(answers.time_of_day_s);
+    last_s_ = about_s ? nearest_s(of_day_s, *about_s) : of_day_s;
+    if (!seconds_) seconds_ = now().seconds - *last_s_;
+    return *last_s_;
+}
+
+void TimeShift::move(DecodedBlock &decoded, const EditionMemory &editions) {
+    octets_.assign(decoded.octets.begin(), decoded.octets.end());
+    answerer_.set_block(decoded);
+    for (uint64_t i = 0; i < decoded.block->record_count; ++i) {
+        const ast_datarecord_t &record = decoded.block->records[i];
+        const int64_t at_s = recorded_s(record, decoded.datagram->time);
+        const std::optional<int64_t> seconds = seconds_ ? seconds_ : reception_s_;
+        if (seconds)
+            ast_datarecord_move_times(&octets_[static_cast<size_t>(record.data - decoded.octets.data())], &record, at_s,
+                                      *seconds);
+    }
+    EditionMemory known = editions; // the block has told already what it tells of its source
+    block_.read(known, octets_);
+    decoded.octets = octets_;
+    decoded.block = &block_;
+}
+
+const Datagram &TimeShift::move(const Datagram &datagram) {
+    datagram_ = datagram;
+    if (!datagram.time) return datagram_;
+    if (!reception_s_) reception_s_ = now().seconds - datagram.time->seconds;
+    datagram_.time->seconds += *reception_s_;
+    return datagram_;
+}
+
+} // namespace ast::recording

@@ -63,8 +63,10 @@ void open_standard_descriptors() {
 int main(int argc, char **argv) try {
     using namespace ast::recording::astdump;
     open_standard_descriptors();
-    // Writing to a pipe that nobody reads any more then fails instead of ending the process.
+    // Writing to a pipe that nobody reads any more, or beyond what a file may hold, then fails instead of ending the
+    // process.
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
     const CommandLine command_line = read_command_line(argc, argv);
     if (command_line.options) return run(*command_line.options);
     ast::recording::Output out(STDOUT_FILENO);

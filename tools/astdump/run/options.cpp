@@ -200,7 +200,7 @@ void describe_sending(CLI::App &app, Options &options, Texts &texts) {
 
 void describe_rotation(CLI::App &app, Texts &texts) {
     app.add_option("--rotate", texts.rotation,
-                   "Write captures one after the other, each of so long or so many octets: 10m, 1h, 100M; NEWFILE may "
+                   "Write files one after the other, each of so long or so many octets: 10m, 1h, 100M; NEWFILE may "
                    "have %Y%m%d-%H%M%S")
         ->type_name("LIMIT");
     app.add_option("--keep", texts.keep, "Delete the oldest of these where there are more than N")->type_name("N");
@@ -384,9 +384,7 @@ void read_files(Options &options, const Texts &texts) {
     if (texts.keep) options.rotation.keep = read_count("--keep", *texts.keep);
     if (texts.keep && !texts.rotation) throw std::invalid_argument("--keep is for --rotate");
     if (!texts.rotation) return;
-    const auto rotates = [](const std::string &write) { return !is_live(write) && file_kind(write) == FileKind::pcap; };
-    if (!std::ranges::any_of(options.writes, rotates))
-        throw std::invalid_argument("--rotate is for --write NEWFILE.pcap");
+    if (std::ranges::all_of(options.writes, is_live)) throw std::invalid_argument("--rotate is for --write NEWFILE");
 }
 
 // What the parser cannot tell. Throws std::invalid_argument for a mistake.

@@ -31,7 +31,7 @@ struct Options : ReadOptions {
     std::vector<std::string> writes;           // of what is chosen: files, and addresses to send to
     std::vector<std::string> listens;          // where those connect who get what is chosen
     SendOptions send;                          // to these
-    Rotation rotation;                         // of captures; none for one file
+    Rotation rotation;                         // of files; none for one file
     uint64_t passes = 1;                       // over the input
     bool stats = false;
     std::chrono::seconds stats_every{0}; // of what goes through; 0 for none

@@ -58,6 +58,7 @@ Run::Run(const Options &options, Sinks sinks, const Output &out, ReportLog &repo
       interruption_(interruption),
       inputs_(origins_of(options), options, interruption, *this),
       workers_(threads_of(options)) {
+    if (interruption && options.sends()) interruption->meanwhile([this] { show_progress(); });
     ast_log_handler_reg(nullptr); // attempts with a profile that does not fit write messages, too
 }
 
@@ -102,12 +103,22 @@ void Run::read_input(Pipeline &pipeline) {
     is_live_ = inputs_.input().is_live() && !options_.merge;
     reports_.set_file(inputs_.name(), is_live_);
     consumed_ = last_block_ = 0;
+    is_reading_ = true;
     if (!done()) pipeline.run();
+    is_reading_ = false;
     octets_read_ += consumed_;
     if (!sinks_.empty()) sinks_.front()->flush();
     reports_.end_file();
     tell_what_cannot_be();
     tell_places();
+}
+
+void Run::show_progress() {
+    if (!is_reading_ || !progress_.is_due()) return;
+    std::string more;
+    for (const auto &sink : sinks_)
+        if (more.empty()) more = sink->progress();
+    progress_.show(inputs_.name(), consumed_, inputs_.input().size(), last_block_, more);
 }
 
 // From where what was measured is placed. Of a single source, what is shown tells that.
@@ -173,8 +184,7 @@ bool Run::take(Job &job) {
     }
     consumed_ = job.chunk.consumed;
     last_block_ = job.chunk.end_number - 1;
-    progress_.update(inputs_.name(), consumed_, inputs_.input().size(), job.chunk.end_number - 1,
-                     sinks_.empty() ? std::string() : sinks_.back()->progress());
+    show_progress();
     return !has_enough() && !is_broken_off(); // what comes live has still to say what it holds back
 }
 

@@ -37,6 +37,7 @@ private:
     // What comes as it is sent is whole wherever the user ends it.
     bool is_broken_off() const { return interruption_ && interruption_->ended() && !is_live_; }
     void read_input(Pipeline &pipeline);
+    void show_progress();
     void finish();
     void tell_what_is_left_out() const;
     void tell_what_cannot_be();
@@ -69,7 +70,8 @@ private:
     uint64_t octets_read_ = 0;    // of the files before this one
     uint64_t consumed_ = 0;       // of this one
     uint64_t last_block_ = 0;     // that has been taken
-    bool is_live_ = false;        // the input at hand, or the last one
+    bool is_reading_ = false;
+    bool is_live_ = false; // the input at hand, or the last one
     bool unreadable_ = false;
 };
 

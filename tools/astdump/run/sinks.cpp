@@ -54,9 +54,8 @@ const Send *add_outputs(Sinks &sinks, const Options &options, Interruption &inte
     for (const std::string &write : options.writes)
         if (is_live(write))
             destinations.push_back({write, false});
-        else if (options.rotation.is_any() && file_kind(write) == FileKind::pcap)
-            sinks.push_back(
-                std::make_unique<RotatingFile>(write, options.files, options.rotation, json_form(options).remainders));
+        else if (options.rotation.is_any())
+            sinks.push_back(std::make_unique<RotatingFile>(write, options.files, options.rotation, json_form(options)));
         else
             sinks.push_back(std::make_unique<WriteFile>(write, options.files, json_form(options)));
     if (destinations.empty()) return nullptr;

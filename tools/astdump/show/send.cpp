@@ -1,6 +1,8 @@
 #include "show/send.hpp"
 
 #include <algorithm>
+#include <cstdio>
+#include <utility>
 
 #include "ask/answerer.hpp"
 #include "base/counted.hpp"
@@ -146,11 +148,16 @@ bool Send::has_lost_any() const {
     return std::ranges::any_of(ways_, [](const Way &way) { return way.sender.sent().failed != 0; });
 }
 
-// "sent up to 2014-02-25 12:43:47.401501, late by 0.080 ms in the median and 1.200 ms at most"
-std::string Send::progress() const {
-    std::string text = last_ ? "sent up to " + time_text(*last_) : "sent";
-    const Lateness &lateness = ways_.front().sender.sent().lateness;
-    if (lateness.count() != 0) text += ", " + lateness_text(lateness);
+// "sent up to 2014-02-25 12:43:47.401501, 35.0 datagrams/s, late by 0.080 ms in the median and 1.200 ms at most"
+std::string Send::progress() {
+    const Sent &sent = ways_.front().sender.sent();
+    const auto now = std::chrono::steady_clock::now();
+    const double seconds = std::chrono::duration<double>(now - std::exchange(shown_at_, now)).count();
+    const uint64_t datagrams = sent.datagrams - std::exchange(shown_, sent.datagrams);
+    char rate[64];
+    std::snprintf(rate, sizeof rate, ", %.1f datagrams/s", static_cast<double>(datagrams) / seconds);
+    std::string text = (last_ ? "sent up to " + time_text(*last_) : "sent") + rate;
+    if (sent.lateness.count() != 0) text += ", " + lateness_text(sent.lateness);
     return text;
 }
 

@@ -1,6 +1,7 @@
 // What is chosen, sent to the network datagram by datagram.
 #pragma once
 
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -39,7 +40,7 @@ public:
     void live() override { is_live_ = true; }
     void take(std::string_view rendered) override;
     bool has_lost_any() const override;
-    std::string progress() const override;
+    std::string progress() override;
     void finish(uint64_t octets_read) override;
 
 private:
@@ -57,6 +58,8 @@ private:
     Timeline timeline_;
     bool is_live_ = false;
     std::optional<Time> last_; // recorded
+    uint64_t shown_ = 0;       // datagrams, by the last progress
+    std::chrono::steady_clock::time_point shown_at_ = std::chrono::steady_clock::now();
 };
 
 } // namespace ast::recording::astdump

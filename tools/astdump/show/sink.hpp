@@ -62,7 +62,7 @@ public:
     virtual bool has_lost_any() const { return false; }
 
     // How far it has got, where that is not how far the reading is; empty else.
-    virtual std::string progress() const { return {}; }
+    virtual std::string progress() { return {}; }
 
     // Something else is shown next, behind what has been taken.
     virtual void flush() {}

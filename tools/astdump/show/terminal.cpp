@@ -156,9 +156,8 @@ void Drawing::put() {
 
 Progress::Progress(bool enabled) : enabled_(enabled && has_cursor(stderr)), next_(Clock::now() + kFirstProgress) {}
 
-void Progress::update(const std::string &file, uint64_t consumed, std::optional<uint64_t> size, uint64_t blocks,
-                      const std::string &more) {
-    if (!enabled_ || Clock::now() < next_) return;
+void Progress::show(const std::string &file, uint64_t consumed, std::optional<uint64_t> size, uint64_t blocks,
+                    const std::string &more) {
     next_ = Clock::now() + kProgressInterval;
     const std::string done =
         size && *size > 0 ? std::to_string(100 * consumed / *size) + " %" : std::to_string(consumed / 1000000) + " MB";

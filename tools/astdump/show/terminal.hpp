@@ -85,8 +85,9 @@ private:
 class Progress {
 public:
     explicit Progress(bool enabled);
-    void update(const std::string &file, uint64_t consumed, std::optional<uint64_t> size, uint64_t blocks,
-                const std::string &more);
+    bool is_due() const { return enabled_ && Clock::now() >= next_; }
+    void show(const std::string &file, uint64_t consumed, std::optional<uint64_t> size, uint64_t blocks,
+              const std::string &more);
 
 private:
     using Clock = std::chrono::steady_clock;

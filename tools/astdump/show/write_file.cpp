@@ -61,15 +61,19 @@ void tell_part(OutputFile &file) {
         tell(file.path() + ": interrupted and left as it was; " + octets + " of what was to be written are in " + part);
 }
 
-WriteFile::WriteFile(const std::string &path, const std::vector<std::string> &inputs, const JsonForm &form)
-    : kind_(file_kind(path)), form_(form), file_(path, inputs) {
-    if (kind_ == FileKind::pcap) file_.write(pcap_header());
+std::unique_ptr<Renderer> make_file_renderer(FileKind kind, const JsonForm &form, const std::string &input) {
+    if (kind == FileKind::json) return make_json_renderer(form, input);
+    if (kind == FileKind::pcap) return std::make_unique<PacketRenderer>(form.remainders);
+    return std::make_unique<BlockRenderer>(form.remainders);
 }
 
-std::unique_ptr<Renderer> WriteFile::renderer() const {
-    if (kind_ == FileKind::json) return make_json_renderer(form_, input_);
-    if (kind_ == FileKind::pcap) return std::make_unique<PacketRenderer>(form_.remainders);
-    return std::make_unique<BlockRenderer>(form_.remainders);
+std::string file_header(FileKind kind) { return kind == FileKind::pcap ? pcap_header() : std::string(); }
+
+WriteFile::WriteFile(const std::string &path, const std::vector<std::string> &inputs, const JsonForm &form)
+    : kind_(file_kind(path)), form_(form), file_(path, inputs) {
+    file_.write(file_header(kind_));
 }
+
+std::unique_ptr<Renderer> WriteFile::renderer() const { return make_file_renderer(kind_, form_, input_); }
 
 } // namespace ast::recording::astdump

@@ -14,6 +14,12 @@ enum class FileKind { pcap, blocks, json };
 // By the extension of its name. Throws std::invalid_argument for one that it does not know.
 FileKind file_kind(const std::string &path);
 
+// For each thread; `input` is the name of the file at hand.
+std::unique_ptr<Renderer> make_file_renderer(FileKind kind, const JsonForm &form, const std::string &input);
+
+// What a file begins with.
+std::string file_header(FileKind kind);
+
 // Says on standard error what there is of a file that the user has broken off, and keeps that beside it.
 void tell_part(OutputFile &file);
 

@@ -353,21 +353,27 @@ typedef struct {
     uint64_t most_bits_per_s;      /* of what datagrams hold; 0 for any */
     uint32_t ttl;                  /* routers on the way plus one, at most 255; 0 for 1 to a multicast group, and for as
                                       many as usual to anything else */
-    bool listens;                  /* at a tcp:// URL: whoever connects gets all datagrams from then on */
     const char *network_interface; /* that multicast leaves by, by name or address; null for the system's choice */
     const void *reserved[8];       /* null */
 } ast_sender_options_t;
 
 /** Opens a way to send.
- *  url      udp://HOST:PORT, a host or a multicast group, or tcp://HOST:PORT, a server that is connected to, or, with
- *           options.listens, one of this host's own addresses, with port 0 for one of the system's choice; copied
+ *  url      udp://HOST:PORT, a host or a multicast group, or tcp://HOST:PORT, a server that is connected to; copied
  *  options  null for the defaults
  *  error    is set whatever comes; null when nobody asks
  *  Returns null when an option or the URL has no meaning, the address is a broadcast or an unspecified one, or nothing
- *  can be sent to it. Connections are served by a thread. A server whose connection fails is connected to again, after
- *  pauses that grow from a tenth of a second to ten. Up to 100 clients may be connected; further ones are closed. */
+ *  can be sent to it. A connection is served by a thread; where it fails, it is made again, after pauses that grow from
+ *  a tenth of a second to ten. */
 AST_RECORDING_API ast_sender_t *ast_sender_open(const char *url, const ast_sender_options_t *options,
                                                 ast_recording_error_t *error);
+
+/** Opens a way to send to whoever connects: each gets all datagrams from then on. Clients are served by a thread. Up to
+ *  100 may be connected; further ones are closed.
+ *  url      tcp://HOST:PORT, an address of this host, with port 0 for one of the system's choice, which
+ *           ast_sender_next_event tells; copied
+ *  Otherwise as above. */
+AST_RECORDING_API ast_sender_t *ast_sender_listen(const char *url, const ast_sender_options_t *options,
+                                                  ast_recording_error_t *error);
 
 /** Waits until a datagram is due, and sends it.
  *  octets   borrowed; null only where count is 0
@@ -391,7 +397,8 @@ AST_RECORDING_API void ast_sender_restart(ast_sender_t *sender);
 typedef struct {
     uint64_t sent;                 /* datagrams */
     uint64_t octets;               /* of these */
-    uint64_t failed;               /* datagrams that were not sent, or that the other side has refused */
+    uint64_t failed;               /* datagrams that were not sent, that the other side has refused, or that a client
+                                      has lost */
     int64_t late_median_ns;        /* of those that were due at a time, to 3 %; 0 where there was none */
     int64_t late_greatest_ns;      /* the same */
     ast_recording_error_t failure; /* the first that there was */

@@ -27,18 +27,25 @@ using namespace ast::recording;
 
 [[noreturn]] void refuse(const char *what) { throw CannotOpen(AST_RECORDING_ERROR_OPTION, what); }
 
-SendOptions read_send_options(const ast_sender_options_t &options) {
+SendOptions read_send_options(const ast_sender_options_t &options, bool listens) {
     SendOptions read;
     if (!(options.speed >= 0)) refuse("speed: is less than 0, or no number");
     if (options.speed > 0) read.pace.speed = options.speed;
     read.pace.bits_per_s = options.most_bits_per_s;
     if (options.ttl > UINT8_MAX) refuse("ttl: is more than 255");
     if (options.ttl != 0) read.form.ttl = static_cast<uint8_t>(options.ttl);
-    read.form.listens = options.listens;
+    read.form.listens = listens;
     if (options.network_interface) read.form.interface = options.network_interface;
     if (std::ranges::any_of(options.reserved, [](const void *any) { return any != nullptr; }))
         refuse("reserved: is for later versions, and null");
     return read;
+}
+
+ast_sender *open_sender(const char *url, const ast_sender_options_t *options, bool listens,
+                        ast_recording_error_t *error) {
+    return opened(options, error, [&](const ast_sender_options_t &chosen) {
+        return new ast_sender(url ? url : "", read_send_options(chosen, listens));
+    });
 }
 
 uint32_t kind_of(OutletEvent::Kind kind) {
@@ -58,9 +65,11 @@ uint32_t kind_of(OutletEvent::Kind kind) {
 } // namespace
 
 ast_sender_t *ast_sender_open(const char *url, const ast_sender_options_t *options, ast_recording_error_t *error) {
-    return opened(options, error, [&](const ast_sender_options_t &chosen) {
-        return new ast_sender(url ? url : "", read_send_options(chosen));
-    });
+    return open_sender(url, options, false, error);
+}
+
+ast_sender_t *ast_sender_listen(const char *url, const ast_sender_options_t *options, ast_recording_error_t *error) {
+    return open_sender(url, options, true, error);
 }
 
 bool ast_sender_send_at(ast_sender_t *sender, const uint8_t *octets, uint64_t count, int64_t time_ns) {

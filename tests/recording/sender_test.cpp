@@ -120,8 +120,6 @@ TEST(Sender, RefusesWhatIsNoDestination) {
         {"udp://127.0.0.1:8600", {.speed = NAN}, AST_RECORDING_ERROR_OPTION},
         {"udp://127.0.0.1:8600", {.ttl = 256}, AST_RECORDING_ERROR_OPTION},
         {"udp://127.0.0.1:8600", {.reserved = {"x"}}, AST_RECORDING_ERROR_OPTION},
-        {"udp://127.0.0.1:8600", {.listens = true}, AST_RECORDING_ERROR_OPTION},
-        {"tcp://192.0.2.1:8600", {.listens = true}, AST_RECORDING_ERROR_NOT_FOUND},
         {"udp://239.1.1.1:8600", {.network_interface = "none0"}, AST_RECORDING_ERROR_NOT_FOUND},
     };
     for (const auto &test : cases) {
@@ -130,6 +128,11 @@ TEST(Sender, RefusesWhatIsNoDestination) {
         EXPECT_EQ(error.code, test.code) << (test.url ? test.url : "null");
         EXPECT_NE(error.text[0], '\0');
     }
+    ast_recording_error_t error;
+    EXPECT_EQ(ast_sender_listen("udp://127.0.0.1:8600", nullptr, &error), nullptr);
+    EXPECT_EQ(error.code, AST_RECORDING_ERROR_OPTION);
+    EXPECT_EQ(ast_sender_listen("tcp://192.0.2.1:8600", nullptr, &error), nullptr);
+    EXPECT_EQ(error.code, AST_RECORDING_ERROR_NOT_FOUND) << error.text;
     EXPECT_FALSE(ast_sender_send_at(nullptr, nullptr, 0, 0));
     ast_sender_restart(nullptr);
     ast_sender_interrupt(nullptr);
@@ -227,7 +230,8 @@ TEST(Sender, MakesAConnectionAgain) {
 
 // 48 MB, far more than is kept for one that reads nothing; each that it gets is whole.
 TEST(Sender, ServesClientsEachAtItsPace) {
-    const Sender sender = open_sender("tcp://127.0.0.1:0", {.listens = true});
+    const Sender sender(ast_sender_listen("tcp://127.0.0.1:0", nullptr, nullptr));
+    ASSERT_NE(sender, nullptr);
     const uint16_t port = wait_for(sender, AST_SENDER_LISTENING).endpoint.port;
     std::optional<Client> reading(port), stuck(std::in_place, port, true);
     wait_for(sender, AST_SENDER_CONNECTED);

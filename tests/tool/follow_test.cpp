@@ -257,7 +257,7 @@ TEST(Follow, RefusesWhatCannotBe) {
     } cases[] = {
         {"--follow a b", "astdump: --follow takes one FILE"},
         {"--list --stats a", "astdump: --list, --csv, --json, --stats and --top exclude each other"},
-        {"--html ./b.json --write b.json a", "astdump: --html and --write are to be different files"},
+        {"--html ./b.json --write b.json a", "astdump: --html, --metrics and --write are to be different files"},
         {"udp://127.0.0.1:0 a", "udp:// takes no FILE but other udp://"},
         {"udp://127.0.0.1:0 tcp://127.0.0.1:1", "tcp:// none at all"},
         {"--interface lo a", "--interface is for udp://"},

@@ -7,6 +7,7 @@
 #include "background.hpp"
 #include "captures.hpp"
 #include "command.hpp"
+#include "pseudo_terminal.hpp"
 #include "sender.hpp"
 #include "support/client.hpp"
 #include "support/receiver.hpp"
@@ -186,6 +187,17 @@ TEST(Send, RefusesInputsAndWhatMakesNoSense) {
         EXPECT_EQ(result.status, 2) << test.arguments;
         EXPECT_TRUE(has(result.err, test.error)) << test.arguments << '\n' << result.err;
     }
+}
+
+// A packet a second, sent as it comes: where it is in the recording, while it waits for the next one.
+TEST(Send, ShowsOnATerminalHowFarItIs) {
+    Command command;
+    command.write("a.pcap", pcap(1, {packet(kPlots), packet(kPlots), packet(kMarker)}));
+    Receiver receiver;
+    PseudoTerminal terminal(command, "--write " + receiver.url() + " a.pcap", 160);
+    terminal.wait_for("sent up to 2024-05-06 07:08:10");
+    terminal.wait_for(" datagrams/s, late by ");
+    EXPECT_EQ(terminal.wait(), 0);
 }
 
 TEST(Send, IsBrokenOffInTheMiddle) {

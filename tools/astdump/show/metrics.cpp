@@ -49,7 +49,7 @@ constexpr SentMetric kOfSent[] = {
      [](const Sent &sent) { return static_cast<double>(sent.datagrams); }},
     {"astdump_sent_octets_total", "Octets of datagrams that were sent.", "counter",
      [](const Sent &sent) { return static_cast<double>(sent.octets); }},
-    {"astdump_failed_datagrams_total", "Datagrams that were not sent, or lost by one who is slow.", "counter",
+    {"astdump_failed_datagrams_total", "Datagrams that were not sent, or that a slow client has lost.", "counter",
      [](const Sent &sent) { return static_cast<double>(sent.failed); }},
     {"astdump_late_median_seconds", "By how much datagrams were late, in the median.", "gauge",
      [](const Sent &sent) { return static_cast<double>(sent.lateness.median().count()) / kNanosecondsPerS; }},

@@ -131,7 +131,7 @@ TEST(Sender, RefusesWhatIsNoDestination) {
     ast_recording_error_t error;
     EXPECT_EQ(ast_sender_listen("udp://127.0.0.1:8600", nullptr, &error), nullptr);
     EXPECT_EQ(error.code, AST_RECORDING_ERROR_OPTION);
-    EXPECT_EQ(ast_sender_listen("tcp://192.0.2.1:8600", nullptr, &error), nullptr);
+    EXPECT_EQ(ast_sender_listen("tcp://198.51.100.1:8600", nullptr, &error), nullptr);
     EXPECT_EQ(error.code, AST_RECORDING_ERROR_NOT_FOUND) << error.text;
     EXPECT_FALSE(ast_sender_send_at(nullptr, nullptr, 0, 0));
     ast_sender_restart(nullptr);

@@ -88,7 +88,7 @@ std::string metrics_text(const Flow &flow) {
         for (size_t category = 0; category < flow.categories.size(); ++category) {
             const Counts &counts = flow.categories[category];
             if (counts.blocks == 0) continue;
-            char label[32];
+            char label[48];
             std::snprintf(label, sizeof label, "{category=\"%03zu\"} ", category);
             text.append(metric.name).append(label).append(std::to_string(counts.*metric.count)).append("\n");
         }

@@ -75,7 +75,7 @@ std::string Throughput::line(double seconds) const {
     for (size_t i = 0; i < flow_.categories.size(); ++i) {
         const Counts &counts = flow_.categories[i], &before = told_.categories[i];
         if (counts.blocks == 0) continue;
-        char category[32];
+        char category[48];
         std::snprintf(category, sizeof category, "%scategory %03zu: ", is_any ? "; " : "", i);
         text += category + rate_text(counts.blocks - before.blocks, seconds, "blocks") + ", " +
                 rate_text(counts.records - before.records, seconds, "records") + ", " +

@@ -18,7 +18,7 @@ constexpr auto kPairs = [] {
 // The digits of a number in front of a place.
 template <typename Number>
 char *digits_before(char *at, Number value) {
-    for (; value >= kPairs.size(); value /= kPairs.size())
+    for (; value >= kPairs.size(); value = static_cast<Number>(value / kPairs.size()))
         std::memcpy(at -= 2, kPairs[static_cast<size_t>(value % kPairs.size())].data(), 2);
     const auto &last = kPairs[static_cast<size_t>(value)];
     *--at = last[1];

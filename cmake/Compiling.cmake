@@ -44,6 +44,11 @@ target_compile_options(
             -Wno-gnu-zero-variadic-macro-arguments>
             $<$<BOOL:${AST_WERROR}>:-Werror>)
 
+if(WIN32)
+  # Windows 10, without the parts of its headers that nothing here uses, and which take the names min and max.
+  add_compile_definitions(_WIN32_WINNT=0x0A00 WIN32_LEAN_AND_MEAN NOMINMAX)
+endif()
+
 if(AST_SANITIZE)
   add_compile_options(-fsanitize=${AST_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${AST_SANITIZE})

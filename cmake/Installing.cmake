@@ -77,6 +77,9 @@ if(AST_BUILD_RECORDING)
     FILE ast-recording-targets.cmake
     DESTINATION ${AST_CMAKE_DIR}
     COMPONENT libast-recording-dev)
+  if(AST_ZSTD)
+    set(AST_ALSO_ZSTD " libzstd")
+  endif()
   configure_file(${CMAKE_CURRENT_LIST_DIR}/ast-recording.pc.in ${PROJECT_BINARY_DIR}/ast-recording.pc @ONLY)
   install(
     FILES ${PROJECT_BINARY_DIR}/ast-recording.pc

@@ -51,3 +51,14 @@ check() {
     build "$preset"
     ctest --test-dir "$root/build/$preset" --parallel "$jobs" --output-on-failure --no-tests=error
 }
+
+# outputs ASTDUMP...: what the tool makes of each sample, in each mode.
+outputs() {
+    local sample mode
+    for sample in "$root"/samples/*.{ast,pcap,json,hex}; do
+        for mode in --list --json '--json --texts' --verbose --detail --csv --stats; do
+            # shellcheck disable=SC2086
+            printf '== %s %s\n' "$mode" "${sample##*/}" && "$@" --jobs 1 $mode "$sample" 2>&1 || true
+        done
+    done
+}

@@ -5,6 +5,8 @@
 #include <cerrno>
 #include <iterator>
 
+#include "system/failure.hpp"
+
 namespace ast::recording {
 
 namespace {
@@ -31,7 +33,7 @@ uint32_t code_of(const std::error_code &error) {
     if (error.category() == asio::error::get_netdb_category() ||
         error.category() == asio::error::get_addrinfo_category())
         return AST_RECORDING_ERROR_NOT_FOUND;
-    const auto found = std::ranges::find(kMeanings, error.value(), &Meaning::error);
+    const auto found = std::ranges::find(kMeanings, system::errno_of(error), &Meaning::error);
     return found == std::end(kMeanings) ? AST_RECORDING_ERROR_INPUT : found->code;
 }
 

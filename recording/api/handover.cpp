@@ -1,26 +1,14 @@
 #include "api/handover.hpp"
 
-#include <cerrno>
 #include <chrono>
-#include <cstdint>
-#include <sys/eventfd.h>
-#include <system_error>
-#include <unistd.h>
 
 namespace ast::recording {
-
-Handover::Handover() : event_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
-    if (event_ < 0) throw std::system_error(errno, std::generic_category());
-}
-
-Handover::~Handover() { ::close(event_); }
 
 bool Handover::give(const Delivery &delivery) {
     std::unique_lock lock(mutex_);
     if (is_closed_) return false;
     delivery_ = &delivery;
-    constexpr uint64_t kOnce = 1;
-    [[maybe_unused]] const ssize_t written = write(event_, &kOnce, sizeof kOnce);
+    event_.set();
     changed_.wait(lock, [&] { return !delivery_ || is_closed_; });
     return !is_closed_;
 }
@@ -30,7 +18,7 @@ const Delivery *Handover::take(int limit_ms, Interruption &interruption) {
     using Clock = std::chrono::steady_clock;
     const auto end = Clock::now() + std::chrono::milliseconds(limit_ms);
     for (int left_ms = limit_ms; !interruption.ended();) {
-        if (interruption.has_input(event_, left_ms)) {
+        if (interruption.has_input(event_.descriptor(), left_ms)) {
             const std::lock_guard lock(mutex_);
             return delivery_;
         }
@@ -43,8 +31,7 @@ const Delivery *Handover::take(int limit_ms, Interruption &interruption) {
 
 void Handover::done() {
     const std::lock_guard lock(mutex_);
-    uint64_t taken = 0;
-    [[maybe_unused]] const ssize_t got = read(event_, &taken, sizeof taken);
+    event_.reset();
     delivery_ = nullptr;
     changed_.notify_all();
 }

@@ -6,13 +6,13 @@
 
 #include "api/delivery.hpp"
 #include "base/interruption.hpp"
+#include "system/waiting.hpp"
 
 namespace ast::recording {
 
 class Handover {
 public:
-    Handover();
-    ~Handover();
+    Handover() = default;
     Handover(const Handover &) = delete;
     Handover &operator=(const Handover &) = delete;
 
@@ -29,7 +29,7 @@ public:
     void close();
 
 private:
-    int event_; // can be read as long as a piece is offered
+    system::Event event_; // set as long as a piece is offered
     std::mutex mutex_;
     std::condition_variable changed_;
     const Delivery *delivery_ = nullptr;

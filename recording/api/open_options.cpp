@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <system_error>
-#include <unistd.h>
 
 #include "api/failure.hpp"
 #include "source/live_url.hpp"
+#include "system/files.hpp"
 
 namespace ast::recording {
 
@@ -64,7 +64,7 @@ bool is_standard_input(std::string_view input) { return input == "-"; }
 void check_url(std::string_view input) {
     const bool is_blank_within = is_live(std::string(input)) && input.find_first_of(" \t\n") != std::string_view::npos;
     const bool is_other = input.find("://") != std::string_view::npos && !is_live(std::string(input));
-    if (is_blank_within || (is_other && ::access(std::string(input).c_str(), F_OK) != 0))
+    if (is_blank_within || (is_other && !system::exists(std::string(input))))
         refuse("'" + std::string(input) + "' is neither a file nor udp://HOST:PORT nor tcp://HOST:PORT");
 }
 
@@ -107,9 +107,8 @@ std::vector<Origin> origins_of(std::span<const char *const> inputs, const ReadOp
 
 void check_access(const Origin &origin) {
     if (origin.octets || origin.path == "-" || is_live(origin.path)) return;
-    if (::access(origin.path.c_str(), R_OK) == 0) return;
-    const std::error_code code(errno, std::generic_category());
-    throw CannotOpen(code_of(code), origin.path + ": " + code.message());
+    const std::error_code failure = system::check_readable(origin.path);
+    if (failure) throw CannotOpen(code_of(failure), origin.path + ": " + failure.message());
 }
 
 } // namespace ast::recording

@@ -2,13 +2,12 @@
 
 #include <algorithm>
 #include <chrono>
-#include <csignal>
 #include <new>
-#include <sys/stat.h>
 #include <utility>
 
 #include "api/failure.hpp"
-#include "base/signals_blocked.hpp"
+#include "system/files.hpp"
+#include "system/process.hpp"
 
 namespace ast::recording {
 
@@ -29,8 +28,8 @@ private:
 };
 
 bool is_regular_file(const std::string &path) {
-    struct stat status {};
-    return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+    const auto file = system::look_at(path);
+    return file && file->is_regular;
 }
 
 // Whether the caller would have to wait for what comes.
@@ -65,8 +64,7 @@ Recording::Recording(std::vector<Origin> origins, const ReadOptions &read, const
     is_opening_ = false;
     if (!is_threaded_) own_job_ = std::make_unique<BlockJob>(kChunkOctets);
     has_thread_ = is_threaded_;
-    const SignalsBlocked blocked;
-    if (has_thread_) thread_ = std::thread([this] { read_all(); });
+    if (has_thread_) thread_ = system::start_thread([this] { read_all(); });
 }
 
 Recording::~Recording() {

@@ -31,7 +31,12 @@ public:
 // As much as the kinds of compression are told by.
 constexpr size_t kCompressionMagicOctets = 4;
 
-// Null for octets that are not compressed, as far as one can tell.
+// Null for octets that are not compressed, as far as one can tell. Throws UnreadableInput for a kind that this build
+// does not support.
 std::unique_ptr<Compression> find_compression(Octets head);
+
+// Each of these kinds.
+std::unique_ptr<Compression> make_gzip();
+std::unique_ptr<Compression> make_zstd();
 
 } // namespace ast::recording

@@ -1,13 +1,9 @@
 #include "base/octet_stream.hpp"
 
 #include <algorithm>
-#include <cerrno>
-#include <fcntl.h>
-#include <poll.h>
-#include <sys/stat.h>
-#include <system_error>
-#include <unistd.h>
 #include <utility>
+
+#include "system/files.hpp"
 
 namespace ast::recording {
 
@@ -15,31 +11,21 @@ namespace {
 
 constexpr size_t kOctetsAtATime = size_t{64} * 1024; // of compressed files, and of what they hold
 
-[[noreturn]] void fail() { throw std::system_error(errno, std::generic_category()); }
-
-// With an interruption, a pipe that nobody writes to yet is waited for by that, and not here where it is opened.
-int open_to_read(const std::string &path, bool is_interruptible) {
-    if (path == "-") return STDIN_FILENO;
-    const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | (is_interruptible ? O_NONBLOCK : 0));
-    if (descriptor >= 0 && is_interruptible) ::fcntl(descriptor, F_SETFL, 0);
-    return descriptor;
-}
-
 } // namespace
 
+// With an interruption, a pipe that nobody writes to yet is waited for by that, and not here where it is opened.
 OctetStream::OctetStream(const std::string &path, Interruption *interruption, bool follow)
-    : descriptor_(open_to_read(path, interruption)), interruption_(interruption) {
-    if (descriptor_ < 0) fail();
-    struct stat status {};
-    if (::fstat(descriptor_, &status) != 0 || !S_ISREG(status.st_mode)) return;
+    : descriptor_(
+          system::file_descriptor(path == "-" ? system::kStandardInput : system::open_to_read(path, !interruption))),
+      interruption_(interruption) {
+    const auto file = system::look_at(static_cast<int>(descriptor_.number));
+    if (!file || !file->is_regular) return;
     grows_ = interruption_ && follow;
     is_at_rest_ = !grows_;
-    if (is_at_rest_) size_ = static_cast<uint64_t>(status.st_size);
+    if (is_at_rest_) size_ = file->octets;
 }
 
-OctetStream::~OctetStream() {
-    if (descriptor_ > STDIN_FILENO) ::close(descriptor_);
-}
+OctetStream::~OctetStream() { system::close(descriptor_); }
 
 size_t OctetStream::read_memory(uint8_t *buffer, size_t count) {
     const Octets taken = cut_off() ? Octets() : memory_.first(std::min(count, memory_.size()));
@@ -49,15 +35,13 @@ size_t OctetStream::read_memory(uint8_t *buffer, size_t count) {
 }
 
 size_t OctetStream::read_file(uint8_t *buffer, size_t count) {
-    if (descriptor_ < 0) return read_memory(buffer, count);
+    if (!descriptor_) return read_memory(buffer, count);
     for (;;) {
         if (interruption_ && !interruption_->for_input(descriptor_)) return 0;
-        const ssize_t got = ::read(descriptor_, buffer, count);
-        if (got > 0 || (got == 0 && !grows_)) return static_cast<size_t>(got);
-        if (got == 0)
-            interruption_->for_growth();
-        else if (errno != EINTR)
-            fail();
+        const auto got = system::read(descriptor_, {buffer, count});
+        if (!got) continue;
+        if (*got != 0 || !grows_) return *got;
+        interruption_->for_growth();
     }
 }
 
@@ -124,23 +108,22 @@ Octets OctetStream::peek(size_t count) {
 // Octets, or the end.
 bool OctetStream::comes_within(int limit_ms) const {
     if (interruption_) return interruption_->has_input(descriptor_, limit_ms);
-    pollfd file{.fd = descriptor_, .events = POLLIN, .revents = 0};
-    return ::poll(&file, 1, limit_ms) == 1;
+    system::Awaited file{.descriptor = descriptor_};
+    system::wait({&file, 1}, std::chrono::milliseconds(limit_ms));
+    return file.is_ready;
 }
 
 // A file that grows can always be read, and gives nothing at its end.
 OctetStream::Peek OctetStream::peek_on(size_t count, int limit_ms) {
     if (!comes_within(limit_ms)) return Peek::quiet;
     const size_t had = peeked_.size();
-    peeked_.resize(std::max(count, had));
-    const ssize_t got = ::read(descriptor_, peeked_.data() + had, peeked_.size() - had);
-    const int error = errno;
-    peeked_.resize(had + static_cast<size_t>(std::max<ssize_t>(got, 0)));
-    errno = error;
-    if (got < 0 && error != EINTR) fail();
-    if (got > 0) return Peek::more;
-    if (got == 0 && grows_ && limit_ms != 0) interruption_->for_growth();
-    return got < 0 || grows_ ? Peek::quiet : Peek::end;
+    std::vector<uint8_t> more(std::max(count, had) - had);
+    const auto got = system::read(descriptor_, more);
+    if (!got) return Peek::quiet;
+    peeked_.insert(peeked_.end(), more.begin(), more.begin() + static_cast<std::ptrdiff_t>(*got));
+    if (*got != 0) return Peek::more;
+    if (grows_ && limit_ms != 0) interruption_->for_growth();
+    return grows_ ? Peek::quiet : Peek::end;
 }
 
 void OctetStream::put_back(Octets octets) {
@@ -149,10 +132,10 @@ void OctetStream::put_back(Octets octets) {
 }
 
 bool OctetStream::is_ready() const {
-    if (descriptor_ < 0 || !peeked_.empty() || plain_begin_ < plain_.size() || packed_begin_ < packed_.size())
-        return true;
-    pollfd file{.fd = descriptor_, .events = POLLIN, .revents = 0};
-    return !grows_ && ::poll(&file, 1, 0) == 1;
+    if (!descriptor_ || !peeked_.empty() || plain_begin_ < plain_.size() || packed_begin_ < packed_.size()) return true;
+    system::Awaited file{.descriptor = descriptor_};
+    system::wait({&file, 1}, std::chrono::nanoseconds::zero());
+    return !grows_ && file.is_ready;
 }
 
 size_t OctetStream::read(uint8_t *buffer, size_t count) {

@@ -23,7 +23,8 @@ public:
         : interruption_(interruption), memory_(memory), is_at_rest_(true), size_(memory.size()) {}
 
     // What comes through a descriptor that is open already, which it closes in the end.
-    OctetStream(int descriptor, Interruption *interruption) : descriptor_(descriptor), interruption_(interruption) {}
+    OctetStream(system::Descriptor descriptor, Interruption *interruption)
+        : descriptor_(descriptor), interruption_(interruption) {}
     ~OctetStream();
     OctetStream(const OctetStream &) = delete;
     OctetStream &operator=(const OctetStream &) = delete;
@@ -73,7 +74,7 @@ private:
     bool unpack();
     bool read_packed();
 
-    int descriptor_ = -1; // of none
+    system::Descriptor descriptor_; // of none for memory
     Interruption *interruption_;
     Octets memory_; // what is left of it
     bool grows_ = false;

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "base/numbers.hpp"
+#include "system/calendar.hpp"
 
 namespace ast::recording {
 
@@ -134,8 +135,7 @@ const std::string &second_text(std::time_t seconds) {
     if (seconds == second.seconds) return last;
     second.seconds = seconds;
     if (!is_in_calendar({seconds, 0})) return last = std::to_string(seconds);
-    std::tm utc{};
-    gmtime_r(&seconds, &utc);
+    const std::tm utc = system::calendar_of(seconds);
     char text[32];
     return last.assign(text, std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &utc));
 }

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "base/counted.hpp"
+#include "base/unreadable_input.hpp"
 
 namespace ast::recording {
 

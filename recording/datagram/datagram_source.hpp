@@ -1,18 +1,11 @@
 // What datagrams come from.
 #pragma once
 
-#include <stdexcept>
 #include <string>
 
 #include "datagram/chunk.hpp"
 
 namespace ast::recording {
-
-// An input of a kind that cannot be read; what() says why.
-class UnreadableInput : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
 
 class DatagramSource {
 public:

@@ -6,6 +6,7 @@
 #include <system_error>
 #include <vector>
 
+#include "base/unreadable_input.hpp"
 #include "block/measuring_sources.hpp"
 #include "block/station_learner.hpp"
 #include "source/input.hpp"

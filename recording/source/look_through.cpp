@@ -2,14 +2,13 @@
 
 #include <algorithm>
 #include <stdexcept>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include "base/interruption.hpp"
 #include "block/measuring_sources.hpp"
 #include "block/station_finder.hpp"
 #include "framing/block_header.hpp"
 #include "source/input.hpp"
+#include "system/files.hpp"
 
 namespace ast::recording {
 
@@ -23,25 +22,22 @@ constexpr size_t kChunkOctets = size_t{256} * 1024;
 // A file on standard input is read again from where it stood.
 class Place {
 public:
-    explicit Place(const std::string &path)
-        : descriptor_(path == "-" ? STDIN_FILENO : -1), place_(::lseek(descriptor_, 0, SEEK_CUR)) {}
+    explicit Place(const std::string &path) : place_(path == "-" ? system::place_of_input() : kNone) {}
     ~Place() {
-        if (descriptor_ >= 0) ::lseek(descriptor_, place_, SEEK_SET);
+        if (place_ >= 0) system::set_place_of_input(place_);
     }
     Place(const Place &) = delete;
     Place &operator=(const Place &) = delete;
 
 private:
-    int descriptor_;
-    off_t place_;
+    static constexpr int64_t kNone = -1;
+    int64_t place_;
 };
 
 bool can_be_read_twice(const Origin &origin) {
     if (origin.octets) return true;
-    const std::string &path = origin.path;
-    struct stat status {};
-    const int result = path == "-" ? ::fstat(STDIN_FILENO, &status) : ::stat(path.c_str(), &status);
-    return result == 0 && S_ISREG(status.st_mode);
+    const auto file = system::look_at_input(origin.path);
+    return file && file->is_regular;
 }
 
 // Hands over the blocks at the beginning of an input as long as more of them are wanted. Whether that were all.

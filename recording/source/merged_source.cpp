@@ -1,5 +1,6 @@
 #include "source/merged_source.hpp"
 #include "base/time.hpp"
+#include "base/unreadable_input.hpp"
 
 #include <algorithm>
 #include <limits>

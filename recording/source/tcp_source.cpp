@@ -2,12 +2,12 @@
 
 #include <asio/io_context.hpp>
 #include <asio/ip/tcp.hpp>
-#include <cerrno>
 #include <sstream>
 #include <system_error>
 #include <utility>
 
 #include "source/socket_endpoint.hpp"
+#include "system/sockets.hpp"
 
 namespace ast::recording {
 
@@ -15,20 +15,28 @@ namespace {
 
 using asio::ip::tcp;
 
-// 0 when the connection stands; without waiting any longer when the user has ended that.
-std::error_code connect(tcp::socket &socket, const tcp::endpoint &endpoint, Interruption &interruption) {
-    socket.open(endpoint.protocol());
-    socket.native_non_blocking(true);
-    int error =
-        ::connect(socket.native_handle(), endpoint.data(), static_cast<socklen_t>(endpoint.size())) == 0 ? 0 : errno;
-    if (error == EINPROGRESS) {
-        if (!interruption.for_output(socket.native_handle())) return {};
-        socklen_t size = sizeof error;
-        getsockopt(socket.native_handle(), SOL_SOCKET, SO_ERROR, &error, &size);
+// A socket that is closed, unless the connection stands.
+class Attempt {
+public:
+    explicit Attempt(const tcp::endpoint &endpoint) : connection_(system::open_connection(endpoint)) {}
+    ~Attempt() { system::close(connection_); }
+    Attempt(const Attempt &) = delete;
+    Attempt &operator=(const Attempt &) = delete;
+
+    // None when the connection stands; without waiting any longer when the user has ended that.
+    std::error_code connect(const tcp::endpoint &endpoint, Interruption &interruption) {
+        const std::error_code failure = system::begin_to_connect(connection_, endpoint);
+        if (failure != std::errc::operation_in_progress) return failure;
+        if (!interruption.for_output(connection_)) return {};
+        return system::connect_failure(connection_);
     }
-    socket.native_non_blocking(false);
-    return {error, std::generic_category()};
-}
+
+    tcp::endpoint local() const { return system::endpoint_of(connection_); }
+    system::Descriptor release() { return std::exchange(connection_, {}); }
+
+private:
+    system::Descriptor connection_;
+};
 
 } // namespace
 
@@ -36,15 +44,15 @@ std::optional<TcpConnection> connect_tcp(const LiveUrl &url, Interruption &inter
     asio::io_context context;
     std::error_code failure;
     for (const tcp::endpoint &endpoint : resolve<tcp>(url, context)) {
-        tcp::socket socket(context);
-        failure = connect(socket, endpoint, interruption);
+        Attempt attempt(endpoint);
+        failure = attempt.connect(endpoint, interruption);
         if (interruption.ended()) return std::nullopt;
         if (failure) continue;
         std::ostringstream text;
         text << endpoint;
         announce("connected to " + text.str());
-        const Endpoints endpoints{to_endpoint(endpoint), to_endpoint(socket.local_endpoint())};
-        return TcpConnection{socket.release(), endpoints};
+        const Endpoints endpoints{to_endpoint(endpoint), to_endpoint(attempt.local())};
+        return TcpConnection{attempt.release(), endpoints};
     }
     throw std::system_error(failure, url.text);
 }

@@ -11,7 +11,7 @@
 namespace ast::recording {
 
 struct TcpConnection {
-    int descriptor;
+    system::Descriptor descriptor;
     Endpoints endpoints; // from the other side to this one
 };
 

@@ -1,10 +1,6 @@
 #include "source/udp_source.hpp"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
-#include <net/if.h>
-#include <netinet/in.h>
 #include <sstream>
 #include <stdexcept>
 #include <system_error>
@@ -22,28 +18,6 @@ using asio::ip::udp;
 constexpr size_t kMaxDatagramOctets = 65535;
 constexpr int kReceiveBufferOctets = 8 * 1024 * 1024; // asked for; the system may grant less
 
-[[noreturn]] void fail() { throw std::system_error(errno, std::generic_category()); }
-
-template <typename Value>
-void set_option(udp::socket &socket, int level, int name, const Value &value) {
-    if (setsockopt(socket.native_handle(), level, name, &value, sizeof value) != 0) fail();
-}
-
-// An interface of 0 is the system's choice.
-void join(udp::socket &socket, const udp::endpoint &group, unsigned interface) {
-    group_req request{};
-    request.gr_interface = interface;
-    std::memcpy(&request.gr_group, group.data(), group.size());
-    set_option(socket, group.address().is_v4() ? IPPROTO_IP : IPPROTO_IPV6, MCAST_JOIN_GROUP, request);
-}
-
-// Keeps out what other interfaces receive, also for the groups that other programs have joined there.
-void bind_to_device(udp::socket &socket, unsigned interface) {
-    char name[IF_NAMESIZE] = "";
-    if (!if_indextoname(interface, name)) fail();
-    set_option(socket, SOL_SOCKET, SO_BINDTODEVICE, name);
-}
-
 } // namespace
 
 UdpSource::UdpSource(const std::vector<LiveUrl> &urls, const std::string &interface, Interruption &interruption,
@@ -52,7 +26,7 @@ UdpSource::UdpSource(const std::vector<LiveUrl> &urls, const std::string &interf
     const unsigned index = interface.empty() ? 0 : interface_index(interface);
     for (const LiveUrl &url : urls) listen(url, index);
     for (Socket &socket : sockets_) {
-        descriptors_.push_back(socket.socket.native_handle());
+        descriptors_.push_back(system::socket_descriptor(socket.socket.native_handle()));
         std::ostringstream text;
         text << socket.local;
         announce("listening on " + text.str());
@@ -75,13 +49,13 @@ void UdpSource::listen(udp::endpoint endpoint, unsigned interface) {
     const bool multicast = endpoint.address().is_multicast();
     const unsigned scope = give_scope(endpoint, interface);
     udp::socket socket(context_, endpoint.protocol());
-    if (interface != 0) bind_to_device(socket, interface);
+    system::prepare_to_receive(socket, interface);
     if (multicast) socket.set_option(udp::socket::reuse_address(true));
     socket.set_option(udp::socket::receive_buffer_size(kReceiveBufferOctets));
-    set_option(socket, SOL_SOCKET, SO_RXQ_OVFL, 1);
-    socket.bind(endpoint);
-    if (multicast) join(socket, endpoint, scope);
-    const udp::endpoint local = socket.local_endpoint();
+    socket.bind(system::bound_to_hear(endpoint));
+    if (multicast) system::join(socket, endpoint, scope);
+    udp::endpoint local = socket.local_endpoint();
+    if (multicast) local.address(endpoint.address());
     sockets_.push_back({.socket = std::move(socket), .local = local});
 }
 
@@ -100,35 +74,21 @@ bool UdpSource::fill(Chunk &chunk) {
     return false;
 }
 
-// Nothing when there is no datagram after all, which happens when its checksum is wrong.
+// Nothing when there is no datagram after all.
 std::optional<size_t> UdpSource::receive(Socket &socket, Reports &reports) {
-    alignas(cmsghdr) char control[CMSG_SPACE(sizeof socket.dropped)];
-    iovec buffer{.iov_base = buffer_.data(), .iov_len = buffer_.size()};
-    msghdr message{.msg_name = sender_.data(),
-                   .msg_namelen = static_cast<socklen_t>(sender_.capacity()),
-                   .msg_iov = &buffer,
-                   .msg_iovlen = 1,
-                   .msg_control = control,
-                   .msg_controllen = sizeof control,
-                   .msg_flags = 0};
-    const ssize_t length = recvmsg(socket.socket.native_handle(), &message, MSG_DONTWAIT);
-    if (length < 0 && (errno == EAGAIN || errno == EINTR)) return std::nullopt;
-    if (length < 0) fail();
+    const auto received = system::receive(socket.socket, buffer_, sender_);
+    if (!received) return std::nullopt;
     ++packet_;
-    sender_.resize(message.msg_namelen);
-    check(socket, message, reports);
-    return static_cast<size_t>(length);
+    check(socket, *received, reports);
+    return received->octets;
 }
 
 // What the system has lost: of this datagram, and others before it for which the receive buffer had no room.
-void UdpSource::check(Socket &socket, const msghdr &message, Reports &reports) {
-    if (message.msg_flags & MSG_TRUNC) reports.truncated({.octets = buffer_, .packet = packet_}, 0);
-    const cmsghdr *const control = CMSG_FIRSTHDR(&message);
-    if (!control || control->cmsg_level != SOL_SOCKET || control->cmsg_type != SO_RXQ_OVFL) return;
-    uint32_t dropped = 0;
-    std::memcpy(&dropped, CMSG_DATA(control), sizeof dropped);
-    reports.dropped(dropped - socket.dropped);
-    socket.dropped = dropped;
+void UdpSource::check(Socket &socket, const system::Received &received, Reports &reports) {
+    if (received.is_cut) reports.truncated({.octets = buffer_, .packet = packet_}, 0);
+    if (!received.dropped) return;
+    reports.dropped(*received.dropped - socket.dropped);
+    socket.dropped = *received.dropped;
 }
 
 } // namespace ast::recording

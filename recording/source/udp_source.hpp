@@ -3,12 +3,12 @@
 
 #include <asio/io_context.hpp>
 #include <asio/ip/udp.hpp>
-#include <sys/socket.h>
 #include <vector>
 
 #include "base/octet_stream.hpp"
 #include "datagram/datagram_source.hpp"
 #include "source/live_url.hpp"
+#include "system/sockets.hpp"
 
 namespace ast::recording {
 
@@ -32,13 +32,13 @@ private:
     void listen(const LiveUrl &url, unsigned interface);
     void listen(asio::ip::udp::endpoint endpoint, unsigned interface);
     std::optional<size_t> receive(Socket &socket, Reports &reports);
-    void check(Socket &socket, const msghdr &message, Reports &reports);
+    void check(Socket &socket, const system::Received &received, Reports &reports);
 
     Interruption &interruption_;
     asio::io_context context_;
     std::vector<Socket> sockets_;
-    std::vector<int> descriptors_; // of these
-    size_t next_ = 0;              // socket to look at, so that a busy one leaves the others their turn
+    std::vector<system::Descriptor> descriptors_; // of these
+    size_t next_ = 0;                             // socket to look at, so that a busy one leaves the others their turn
     asio::ip::udp::endpoint sender_;
     std::vector<uint8_t> buffer_;
     uint64_t packet_ = 0;

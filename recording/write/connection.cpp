@@ -1,12 +1,7 @@
 #include "write/connection.hpp"
 
-#include <cerrno>
-#include <netinet/in.h>
-#include <netinet/tcp.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
 #include "framing/block_header.hpp"
+#include "system/sockets.hpp"
 
 namespace ast::recording {
 
@@ -20,14 +15,11 @@ constexpr int kSendBufferOctets = 256 * 1024;
 
 Lost all_of(Octets datagram) { return {.blocks = count_blocks(datagram).count, .octets = datagram.size()}; }
 
-// A block goes at once: it does not wait for others to fill a packet.
-Connection::Connection(int descriptor, const Endpoint &other) : descriptor_(descriptor), other_(other) {
-    constexpr int kOn = 1;
-    ::setsockopt(descriptor_, IPPROTO_TCP, TCP_NODELAY, &kOn, sizeof kOn);
-    ::setsockopt(descriptor_, SOL_SOCKET, SO_SNDBUF, &kSendBufferOctets, sizeof kSendBufferOctets);
+Connection::Connection(system::Descriptor descriptor, const Endpoint &other) : descriptor_(descriptor), other_(other) {
+    system::prepare_to_send(descriptor_, kSendBufferOctets);
 }
 
-Connection::~Connection() { ::close(descriptor_); }
+Connection::~Connection() { system::close(descriptor_); }
 
 // Any datagram goes into what is empty.
 bool Connection::has_room(size_t octets) const {
@@ -65,24 +57,18 @@ size_t Connection::flush() {
 
 // As many octets as the system takes.
 size_t Connection::send_some(Octets octets) {
-    size_t sent = 0;
-    while (!failure_ && sent < octets.size()) {
-        const ssize_t count =
-            ::send(descriptor_, octets.data() + sent, octets.size() - sent, MSG_NOSIGNAL | MSG_DONTWAIT);
-        if (count >= 0)
-            sent += static_cast<size_t>(count);
-        else if (errno == EAGAIN)
-            break;
-        else if (errno != EINTR)
-            failure_ = {errno, std::generic_category()};
+    std::span<const uint8_t> left = octets;
+    while (!failure_ && !left.empty()) {
+        const std::error_code failure = system::send(descriptor_, left);
+        if (failure == std::errc::operation_would_block) break;
+        failure_ = failure;
     }
-    return sent;
+    return octets.size() - left.size();
 }
 
 void Connection::pass_over_input() {
-    char octets[4096];
-    const ssize_t count = ::recv(descriptor_, octets, sizeof octets, MSG_DONTWAIT);
-    if (count < 0 && errno != EAGAIN && errno != EINTR) failure_ = {errno, std::generic_category()};
+    uint8_t octets[4096];
+    const auto count = system::receive(descriptor_, octets, failure_);
     if (count == 0 && has_input_ended_) failure_ = std::make_error_code(std::errc::connection_reset);
     has_input_ended_ = has_input_ended_ || count == 0;
 }

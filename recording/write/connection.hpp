@@ -6,6 +6,7 @@
 
 #include "base/endpoint.hpp"
 #include "base/octets.hpp"
+#include "system/descriptor.hpp"
 #include "write/outlet.hpp"
 
 namespace ast::recording {
@@ -15,12 +16,12 @@ namespace ast::recording {
 class Connection {
 public:
     // Owns the descriptor of a socket.
-    Connection(int descriptor, const Endpoint &other);
+    Connection(system::Descriptor descriptor, const Endpoint &other);
     ~Connection();
     Connection(const Connection &) = delete;
     Connection &operator=(const Connection &) = delete;
 
-    int descriptor() const { return descriptor_; }
+    system::Descriptor descriptor() const { return descriptor_; }
     const Endpoint &other() const { return other_; }
 
     bool has_room(size_t octets) const;
@@ -44,7 +45,7 @@ public:
 private:
     size_t send_some(Octets octets);
 
-    int descriptor_;
+    system::Descriptor descriptor_;
     Endpoint other_;
     std::deque<std::vector<uint8_t>> waiting_; // datagrams
     size_t sent_of_first_ = 0;                 // octets

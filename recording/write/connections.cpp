@@ -2,9 +2,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <poll.h>
-#include <sys/eventfd.h>
-#include <unistd.h>
 #include <utility>
 
 namespace ast::recording {
@@ -27,21 +24,10 @@ std::error_code too_slow() {
 
 } // namespace
 
-Connections::Connections(Role role) : role_(role), wake_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
-    if (wake_ < 0) throw std::system_error(errno, std::generic_category());
-}
-
-Connections::~Connections() { ::close(wake_); }
-
-void Connections::wake() const {
-    constexpr uint64_t kOnce = 1;
-    [[maybe_unused]] const ssize_t written = ::write(wake_, &kOnce, sizeof kOnce);
-}
-
 void Connections::end() {
     const std::lock_guard lock(mutex_);
     ended_ = true;
-    wake();
+    wake_.set();
 }
 
 size_t Connections::count() const {
@@ -49,14 +35,14 @@ size_t Connections::count() const {
     return list_.size();
 }
 
-void Connections::add(int descriptor, const Endpoint &other, bool is_told) {
+void Connections::add(system::Descriptor descriptor, const Endpoint &other, bool is_told) {
     auto connection = std::make_unique<Connection>(descriptor, other);
     const std::lock_guard lock(mutex_);
     list_.push_back(std::move(connection));
     const Lost lost = std::exchange(lost_meanwhile_, {});
     if (is_told) put({OutletEvent::Kind::connected, other, lost});
     ++moves_;
-    wake();
+    wake_.set();
     moved_.notify_all();
 }
 
@@ -93,7 +79,7 @@ std::error_code Connections::send(Octets octets) {
         }
         is_changed = is_changed || has_failed || connection->waits() != waited;
     }
-    if (is_changed) wake();
+    if (is_changed) wake_.set();
     if (!list_.empty() || role_ == Role::client) return failure;
     lost_meanwhile_ += all_of(octets);
     return failure_;
@@ -153,31 +139,33 @@ void Connections::sweep() {
     std::erase_if(list_, has_gone);
 }
 
-Connections::Turn Connections::serve(int listener) {
-    std::vector<pollfd> files = {{.fd = wake_, .events = POLLIN, .revents = 0},
-                                 {.fd = listener, .events = POLLIN, .revents = 0}};
-    const size_t first = files.size();
+Connections::Turn Connections::serve(system::Descriptor listener) {
+    using system::Awaited;
+    std::vector<Awaited> awaited = {{.descriptor = wake_.descriptor()}, {.descriptor = listener}};
+    const size_t first = awaited.size();
+    constexpr size_t kOfEach = 2;
     {
         const std::lock_guard lock(mutex_);
         if (ended_) return Turn::end;
         for (const auto &connection : list_) {
-            const int events = (connection->waits() ? POLLOUT : 0) | (connection->has_input_ended() ? 0 : POLLIN);
-            files.push_back({.fd = connection->descriptor(), .events = static_cast<short>(events), .revents = 0});
+            const system::Descriptor descriptor = connection->descriptor();
+            awaited.push_back({.descriptor = descriptor,
+                               .what = connection->has_input_ended() ? Awaited::For::failure : Awaited::For::input});
+            awaited.push_back(
+                {.descriptor = connection->waits() ? descriptor : system::Descriptor(), .what = Awaited::For::output});
         }
     }
-    constexpr int kNoLimit = -1;
-    if (::poll(files.data(), files.size(), kNoLimit) < 0) return Turn::served;
-    uint64_t woken = 0;
-    [[maybe_unused]] const ssize_t count = ::read(wake_, &woken, sizeof woken);
+    system::wait(awaited, system::kNoLimit);
+    wake_.reset();
     const std::lock_guard lock(mutex_);
     if (ended_) return Turn::end;
-    for (size_t i = 0; i < list_.size() && first + i < files.size(); ++i) {
-        if ((files[first + i].revents & ~POLLOUT) != 0) list_[i]->pass_over_input();
+    for (size_t i = 0; i < list_.size() && first + kOfEach * i < awaited.size(); ++i) {
+        if (awaited[first + kOfEach * i].is_ready) list_[i]->pass_over_input();
         moves_ += list_[i]->flush();
     }
     sweep();
     moved_.notify_all();
-    return files[1].revents != 0 ? Turn::client : Turn::served;
+    return awaited[1].is_ready ? Turn::client : Turn::served;
 }
 
 } // namespace ast::recording

@@ -17,12 +17,11 @@ public:
     // A server that ends its side has gone; a client may have nothing to say.
     enum class Role { server, client };
 
-    explicit Connections(Role role);
-    ~Connections();
+    explicit Connections(Role role) : role_(role) {}
     Connections(const Connections &) = delete;
     Connections &operator=(const Connections &) = delete;
 
-    void add(int descriptor, const Endpoint &other, bool is_told = true);
+    void add(system::Descriptor descriptor, const Endpoint &other, bool is_told = true);
     size_t count() const;
 
     // Sends to all of them. Why not to one, or why there is none; none where nobody has asked for anything.
@@ -36,10 +35,10 @@ public:
     // What is left is lost.
     void close();
 
-    // For the thread that serves: waits until something can be sent, or the listener, unless it is negative, has a
+    // For the thread that serves: waits until something can be sent, or the listener, if there is one, has a
     // client, which it returns. False, once it is told to end.
     enum class Turn { end, served, client };
-    Turn serve(int listener);
+    Turn serve(system::Descriptor listener);
     void end();
 
     void tell(const OutletEvent &event);
@@ -48,14 +47,13 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
 
-    void wake() const;
     void put(const OutletEvent &event);
     void sweep();
     template <typename Done>
     void wait(Done done, Interruption &interruption);
 
     const Role role_;
-    int wake_; // can be read when there is something new to wait for
+    system::Event wake_; // set when there is something new to wait for
     mutable std::mutex mutex_;
     std::condition_variable moved_;
     std::vector<std::unique_ptr<Connection>> list_;

@@ -1,7 +1,8 @@
 #include "write/listening_outlet.hpp"
 
-#include "base/signals_blocked.hpp"
 #include "source/socket_endpoint.hpp"
+#include "system/process.hpp"
+#include "system/sockets.hpp"
 
 namespace ast::recording {
 
@@ -20,8 +21,7 @@ ListeningOutlet::ListeningOutlet(const LiveUrl &url, Interruption &interruption)
         throw std::system_error(error.code(), url.text);
     }
     connections_.tell({OutletEvent::Kind::listening, to_endpoint(listener_.local_endpoint())});
-    const SignalsBlocked blocked;
-    thread_ = std::thread([this] { serve(); });
+    thread_ = system::start_thread([this] { serve(); });
 }
 
 void ListeningOutlet::listen(const tcp::endpoint &endpoint) {
@@ -40,7 +40,7 @@ ListeningOutlet::~ListeningOutlet() {
 
 void ListeningOutlet::serve() {
     for (;;) {
-        const Connections::Turn turn = connections_.serve(listener_.native_handle());
+        const Connections::Turn turn = connections_.serve(system::socket_descriptor(listener_.native_handle()));
         if (turn == Connections::Turn::end) return;
         if (turn == Connections::Turn::client) accept();
     }
@@ -51,11 +51,13 @@ void ListeningOutlet::accept() {
     constexpr auto kPause = std::chrono::milliseconds(100);
     std::error_code failure;
     tcp::endpoint other;
-    tcp::socket socket = listener_.accept(other, failure);
+    const system::Descriptor client = system::accept(listener_, other, failure);
     if (failure)
         end_.until(std::chrono::steady_clock::now() + kPause);
     else if (connections_.count() < kMostClients)
-        connections_.add(socket.release(), to_endpoint(other));
+        connections_.add(client, to_endpoint(other));
+    else
+        system::close(client);
 }
 
 std::error_code ListeningOutlet::send(Octets octets, bool) { return connections_.send(octets); }

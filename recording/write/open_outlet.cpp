@@ -6,11 +6,12 @@
 #include <asio/ip/udp.hpp>
 #include <asio/ip/unicast.hpp>
 #include <cerrno>
-#include <sys/socket.h>
 
 #include "source/live_url.hpp"
 #include "source/network_interface.hpp"
 #include "source/socket_endpoint.hpp"
+#include "system/failure.hpp"
+#include "system/sockets.hpp"
 #include "write/listening_outlet.hpp"
 #include "write/tcp_outlet.hpp"
 
@@ -21,8 +22,6 @@ namespace {
 using asio::ip::udp;
 
 constexpr int kSendBufferOctets = 8 * 1024 * 1024; // asked for; the system may grant less
-
-std::error_code last_error() { return {errno, std::generic_category()}; }
 
 LiveUrl read_destination(const std::string &text, bool listens) {
     try {
@@ -42,21 +41,17 @@ public:
             failure = connect(endpoint, form);
             if (!failure) return;
         }
-        if (failure.value() == EACCES)
+        if (system::errno_of(failure) == EACCES)
             throw NoDestination(url.text + ": is a broadcast address, to which nothing is sent");
         throw std::system_error(failure, url.text);
     }
 
     // A refusal comes from the other side, of a datagram before this one.
     std::error_code send(Octets octets, bool) override {
-        std::error_code failure;
-        for (;;) {
-            const ssize_t sent = ::send(socket_.native_handle(), octets.data(), octets.size(), MSG_NOSIGNAL);
-            if (sent >= 0) return failure;
-            if (errno == EINTR) continue;
-            if (errno != ECONNREFUSED || failure) return last_error();
-            failure = last_error();
-        }
+        const std::error_code failure = system::send(socket_, octets);
+        if (system::errno_of(failure) != ECONNREFUSED) return failure;
+        const std::error_code second = system::send(socket_, octets);
+        return second ? second : failure;
     }
 
 private:
@@ -82,14 +77,7 @@ private:
     void shape_multicast(const udp::endpoint &group, unsigned interface, const OutletForm &form) {
         constexpr uint8_t kThisNetwork = 1;
         socket_.set_option(asio::ip::multicast::hops(form.ttl.value_or(kThisNetwork)));
-        if (interface == 0) return;
-        const bool is_v4 = group.address().is_v4();
-        ip_mreqn request{};
-        request.imr_ifindex = static_cast<int>(interface);
-        const int result =
-            is_v4 ? setsockopt(socket_.native_handle(), IPPROTO_IP, IP_MULTICAST_IF, &request, sizeof request)
-                  : setsockopt(socket_.native_handle(), IPPROTO_IPV6, IPV6_MULTICAST_IF, &interface, sizeof interface);
-        if (result != 0) throw std::system_error(last_error());
+        if (interface != 0) system::send_groups_by(socket_, group.address().is_v6(), interface);
     }
 
     asio::io_context context_;

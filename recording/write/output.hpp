@@ -8,7 +8,7 @@ namespace ast::recording {
 
 class Output {
 public:
-    explicit Output(int descriptor) : descriptor_(descriptor) {}
+    explicit Output(int file) : file_(file) {}
 
     // Writes all of it, unless a write has failed: nothing is written behind a gap.
     void write(std::string_view text);
@@ -18,9 +18,7 @@ public:
     uint64_t written() const { return written_; }
 
 private:
-    void wait() const;
-
-    int descriptor_;
+    int file_;
     int error_ = 0;
     uint64_t written_ = 0; // octets
 };

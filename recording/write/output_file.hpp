@@ -3,6 +3,7 @@
 
 #include <span>
 #include <string>
+#include <system_error>
 
 #include "write/output.hpp"
 
@@ -35,12 +36,13 @@ public:
 
 private:
     int open_beside();
-    [[noreturn]] void fail(int error) const;
+    void close();
+    [[noreturn]] void fail(const std::error_code &why) const;
 
     std::string path_;
     std::string target_;    // the path, links followed
     std::string temporary_; // empty for none
-    int descriptor_;
+    int file_ = -1;         // of none once it is closed
     Output out_;
 };
 

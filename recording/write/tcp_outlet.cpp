@@ -2,16 +2,15 @@
 
 #include <algorithm>
 
-#include "base/signals_blocked.hpp"
 #include "source/tcp_source.hpp"
+#include "system/process.hpp"
 
 namespace ast::recording {
 
 TcpOutlet::TcpOutlet(const LiveUrl &url, Interruption &interruption) : url_(url), interruption_(interruption) {
     if (!connect(interruption, false))
         throw std::system_error(std::make_error_code(std::errc::operation_canceled), url.text);
-    const SignalsBlocked blocked;
-    thread_ = std::thread([this] { serve(); });
+    thread_ = system::start_thread([this] { serve(); });
 }
 
 TcpOutlet::~TcpOutlet() {
@@ -27,7 +26,7 @@ bool TcpOutlet::connect(Interruption &interruption, bool is_again) {
 }
 
 void TcpOutlet::serve() {
-    while (connections_.serve(-1) != Connections::Turn::end)
+    while (connections_.serve({}) != Connections::Turn::end)
         if (connections_.count() == 0) connect_again();
 }
 

@@ -1,19 +1,18 @@
 // astdump: shows the ASTERIX surveillance data in captures and recordings.
 
 #include <cerrno>
-#include <csignal>
 #include <cstdio>
 #include <exception>
-#include <fcntl.h>
 #include <new>
 #include <stdexcept>
-#include <unistd.h>
 
 #include "run/options.hpp"
 #include "run/run.hpp"
 #include "run/signals.hpp"
 #include "run/sinks.hpp"
 #include "show/terminal.hpp"
+#include "system/descriptor.hpp"
+#include "system/process.hpp"
 
 namespace ast::recording::astdump {
 
@@ -41,7 +40,7 @@ int files_of(Run &run) try { return run.files(); } catch (const std::logic_error
 int run(const Options &options) {
     Interruption interruption;
     const Signals signals(interruption);
-    Output out(STDOUT_FILENO);
+    Output out(system::kStandardOutput);
     ReportLog reports(use_color(options, stderr), options.verbose);
     Run run(options, make_sinks(options, out, reports, interruption), out, reports, Progress(wants_progress(options)),
             &interruption);
@@ -50,26 +49,16 @@ int run(const Options &options) {
     return check_output(out.error(), status);
 }
 
-// Where whoever started this has closed one, a file that is opened later would take its place, and be written to.
-void open_standard_descriptors() {
-    for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
-        if (::fcntl(descriptor, F_GETFD) < 0) ::open("/dev/null", descriptor == STDIN_FILENO ? O_RDONLY : O_WRONLY);
-}
-
 } // namespace
 
 } // namespace ast::recording::astdump
 
 int main(int argc, char **argv) try {
     using namespace ast::recording::astdump;
-    open_standard_descriptors();
-    // Writing to a pipe that nobody reads any more, or beyond what a file may hold, then fails instead of ending the
-    // process.
-    std::signal(SIGPIPE, SIG_IGN);
-    std::signal(SIGXFSZ, SIG_IGN);
+    ast::recording::system::prepare_standard_streams();
     const CommandLine command_line = read_command_line(argc, argv);
     if (command_line.options) return run(*command_line.options);
-    ast::recording::Output out(STDOUT_FILENO);
+    ast::recording::Output out(ast::recording::system::kStandardOutput);
     out.write(command_line.output);
     return check_output(out.error(), command_line.status);
 } catch (const std::runtime_error &error) {

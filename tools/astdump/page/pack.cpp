@@ -12,11 +12,11 @@ namespace {
 constexpr int kLevel = 4;
 
 std::vector<uint8_t> deflate(std::string_view text) {
-    uLongf size = compressBound(text.size());
+    const auto count = static_cast<uLong>(text.size());
+    uLongf size = compressBound(count);
     std::vector<uint8_t> octets(size);
     const auto *const source = reinterpret_cast<const Bytef *>(text.data());
-    if (compress2(octets.data(), &size, source, text.size(), kLevel) != Z_OK)
-        throw std::runtime_error("cannot compress");
+    if (compress2(octets.data(), &size, source, count, kLevel) != Z_OK) throw std::runtime_error("cannot compress");
     octets.resize(size);
     return octets;
 }

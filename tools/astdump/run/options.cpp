@@ -4,11 +4,9 @@
 #include <algorithm>
 #include <filesystem>
 #include <limits>
-#include <sched.h>
 #include <sstream>
 #include <stdexcept>
 #include <string_view>
-#include <thread>
 
 #include "base/numbers.hpp"
 #include "run/output_options.hpp"
@@ -16,6 +14,7 @@
 #include "show/write_file.hpp"
 #include "source/given_sites.hpp"
 #include "source/live_url.hpp"
+#include "system/process.hpp"
 #include "write/block_converter.hpp"
 
 namespace ast::recording::astdump {
@@ -418,17 +417,11 @@ void complete(Options &options, const Texts &texts) {
 
 } // namespace
 
-size_t processors() {
-    cpu_set_t set;
-    CPU_ZERO(&set);
-    if (sched_getaffinity(0, sizeof set, &set) == 0) return static_cast<size_t>(CPU_COUNT(&set));
-    return std::max(std::thread::hardware_concurrency(), 1U);
-}
-
 CommandLine read_command_line(int argc, char **argv) {
     CLI::App app("Shows the ASTERIX surveillance data in captures and recordings.", "astdump");
+    app.allow_windows_style_options(false); // "/" begins a path, on every system
     Options options;
-    options.jobs = std::min(processors(), kMaxJobs);
+    options.jobs = std::min(system::processors(), kMaxJobs);
     Texts texts;
     describe(app, options, texts);
     try {

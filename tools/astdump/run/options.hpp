@@ -65,7 +65,4 @@ struct CommandLine {
 };
 CommandLine read_command_line(int argc, char **argv);
 
-// The processors that this process may use.
-size_t processors();
-
 } // namespace ast::recording::astdump

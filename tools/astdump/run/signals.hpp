@@ -1,9 +1,8 @@
-// SIGINT, SIGTERM and SIGHUP end the reading, not the process.
+// What would end the process ends the reading: SIGINT, SIGTERM and SIGHUP, or Ctrl-C.
 #pragma once
 
-#include <csignal>
-
 #include "base/interruption.hpp"
+#include "system/process.hpp"
 
 namespace ast::recording::astdump {
 
@@ -16,10 +15,10 @@ public:
     Signals &operator=(const Signals &) = delete;
 
     // Ends the process by the signal that has come, for whoever started it to see.
-    void pass_on() const;
+    void pass_on() const { ending_.pass_on(); }
 
 private:
-    struct sigaction before_[3];
+    system::Ending ending_;
 };
 
 } // namespace ast::recording::astdump

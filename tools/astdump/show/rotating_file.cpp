@@ -8,12 +8,13 @@
 #include <regex>
 #include <sstream>
 #include <stdexcept>
-#include <unistd.h>
 #include <utility>
 
 #include "base/counted.hpp"
 #include "show/stamped.hpp"
 #include "show/terminal.hpp"
+#include "system/calendar.hpp"
+#include "system/files.hpp"
 
 namespace ast::recording::astdump {
 
@@ -102,15 +103,13 @@ std::unique_ptr<Renderer> RotatingFile::renderer() const {
 
 // "day-20140225-120000.pcap", or "day-20140225-120000-2.pcap" where there is that already.
 std::string RotatingFile::name_for(const Time &time) const {
-    const auto seconds = static_cast<std::time_t>(time.seconds);
-    std::tm utc{};
-    gmtime_r(&seconds, &utc);
+    const std::tm utc = system::calendar_of(time.seconds);
     std::ostringstream text;
     text << std::put_time(&utc, pattern_.c_str());
     const std::string first = text.str();
     const size_t extension = first.rfind('.');
     std::string name = first;
-    for (int i = 2; ::access(name.c_str(), F_OK) == 0; ++i)
+    for (int i = 2; system::exists(name); ++i)
         name = first.substr(0, extension) + '-' + std::to_string(i) + first.substr(extension);
     return name;
 }
@@ -157,7 +156,7 @@ void RotatingFile::delete_oldest() const {
             !is_input(entry.path()))
             files.emplace_back(entry.last_write_time(ignored), entry.path().string());
     std::ranges::sort(files);
-    for (size_t i = 0; i + rotation_.keep < files.size(); ++i) ::unlink(files[i].second.c_str());
+    for (size_t i = 0; i + rotation_.keep < files.size(); ++i) system::remove(files[i].second);
 }
 
 // What a full disk has left of a file is worth keeping.

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <sys/ioctl.h>
-#include <unistd.h>
 #include <utility>
 
 #include "base/counted.hpp"
@@ -41,8 +39,6 @@ const char *Style::on(Color color) const {
 
 const char *Style::off() const { return enabled_ ? "\033[0m" : ""; }
 
-bool is_terminal(std::FILE *file) { return ::isatty(::fileno(file)) == 1; }
-
 namespace {
 
 std::string_view environment(const char *name) {
@@ -52,17 +48,14 @@ std::string_view environment(const char *name) {
 
 } // namespace
 
-bool has_cursor(std::FILE *file) {
-    const std::string_view kind = environment("TERM");
-    return is_terminal(file) && !kind.empty() && kind != "dumb";
-}
+bool has_cursor(std::FILE *file) { return is_terminal(file) && system::takes_escapes(file); }
 
 bool takes_color(std::FILE *file) { return has_cursor(file) && environment("NO_COLOR").empty(); }
 
 std::optional<ScreenSize> screen_size(std::FILE *file) {
-    winsize size{};
-    if (::ioctl(::fileno(file), TIOCGWINSZ, &size) != 0 || size.ws_col == 0) return std::nullopt;
-    return ScreenSize{size.ws_col, size.ws_row == 0 ? kUsualRows : size.ws_row};
+    auto size = system::screen_size(file);
+    if (size && size->rows == 0) size->rows = kUsualRows;
+    return size;
 }
 
 unsigned columns(std::FILE *file) {

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "system/process.hpp"
 #include "write/output.hpp"
 
 namespace ast::recording::astdump {
@@ -25,7 +26,7 @@ private:
     bool enabled_;
 };
 
-bool is_terminal(std::FILE *file);
+using system::is_terminal;
 
 // Whether it is a terminal that knows more than lines of text: whose cursor can be moved, and, unless the user wants
 // none (NO_COLOR), that shows colours.
@@ -36,10 +37,7 @@ bool takes_color(std::FILE *file);
 unsigned columns(std::FILE *file);
 
 // Of the terminal itself; nothing where that is not known.
-struct ScreenSize {
-    unsigned columns;
-    unsigned rows;
-};
+using system::ScreenSize;
 std::optional<ScreenSize> screen_size(std::FILE *file);
 
 // Texts of more than `width` characters end in "...".

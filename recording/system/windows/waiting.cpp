@@ -86,11 +86,12 @@ private:
         return each.what != Awaited::For::input || !is_pipe(each.descriptor) || holds_any(each.descriptor);
     }
 
+    // One that somebody has closed meanwhile is ready, as all are then, and fails for whoever goes on to use it.
     void look_at_sockets(milliseconds limit) {
         if (sockets_.empty()) return;
         const auto limit_ms = static_cast<INT>(std::clamp<int64_t>(limit.count(), -1, INT_MAX));
         if (WSAPoll(sockets_.data(), static_cast<ULONG>(sockets_.size()), limit_ms) < 0)
-            throw std::system_error(socket_failure());
+            for (WSAPOLLFD &socket : sockets_) socket.revents = POLLNVAL;
     }
 
     std::span<Awaited> awaited_;

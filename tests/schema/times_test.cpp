@@ -105,7 +105,7 @@ TEST(Times, OfDayMoveInEveryCategory) {
         {"\"category\":247", {"I140"}},
     };
     for (const auto &[begin, items] : cases) {
-        const auto all = [&](const char *time) {
+        const auto all = [&items = items](const char *time) {
             std::string text;
             for (const char *item : items) text.append(text.empty() ? "\"" : ",\"").append(item).append("\":") += time;
             return text;

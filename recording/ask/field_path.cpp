@@ -39,15 +39,6 @@ bool has_value(const ast_field_t &field) { return field.kind < AST_FIELD_REGISTE
 
 } // namespace
 
-double number_of(const ast_field_value_t &value) {
-    const ast_field_t &field = *value.field;
-    const bool is_negative = field.kind == AST_FIELD_SIGNED && (value.raw >> (field.bits - 1) & 1) != 0;
-    const auto size = static_cast<double>(is_negative ? (uint64_t{1} << field.bits) - value.raw : value.raw);
-    const double number = is_negative ? -size : size;
-    if (field.numerator == 0) return number;
-    return number * static_cast<double>(field.numerator) / static_cast<double>(field.denominator) + field.offset;
-}
-
 struct FieldPath::Parts {
     std::optional<uint8_t> category;
     std::string path;
@@ -142,6 +133,14 @@ void FieldPath::resolve(uint32_t category, const ast_uap_t &uap) {
         types_.push_back(type);
         categories_.set(category);
     }
+}
+
+double FieldPath::number_of(const ast_field_t &field, uint64_t raw) {
+    const bool is_negative = field.kind == AST_FIELD_SIGNED && (raw >> (field.bits - 1) & 1) != 0;
+    const auto size = static_cast<double>(is_negative ? (uint64_t{1} << field.bits) - raw : raw);
+    const double number = is_negative ? -size : size;
+    if (field.numerator == 0) return number;
+    return number * static_cast<double>(field.numerator) / static_cast<double>(field.denominator) + field.offset;
 }
 
 FieldPath::Known FieldPath::find_known(ast_dataitem_type_t type, const ast_uap_t &uap) const {

@@ -17,9 +17,6 @@ namespace ast::recording {
 
 constexpr uint32_t kOctetsBits = 24; // from so many bits on, what is raw is octets
 
-// The number of a value that has one, in its unit.
-double number_of(const ast_field_value_t &value);
-
 class FieldPath {
 public:
     // "I070/MODE3A", of every category that has it, "048/I070/MODE3A" of that one, "I250[1]/MCP_ALT" of the second
@@ -38,8 +35,7 @@ public:
 
     bool is_in(const ast_datarecord_t &record) const;
 
-    // Calls take(value) for each value of the record that the path names. Codes may come without their texts, and
-    // numbers as they are sent alone: number_of has them.
+    // Calls take(value) for each value of the record that the path names; codes may come without their texts.
     template <typename Take>
     void each_value(const ast_datarecord_t &record, Take take) const {
         Visit<Take> visit{*this, take};
@@ -50,8 +46,9 @@ public:
             const Known *const known = known_of(type, record.uap);
             if (known && known->is_plain) {
                 ast_field_value_t value{.field = &known->field, .raw = 0, .has_number = true, .number = 0, .text = ""};
-                if (ast_dataitem_get_bits(&item, known->places.data(), &value.raw)) take(value);
-                return;
+                if (!ast_dataitem_get_bits(&item, known->places.data(), &value.raw)) return;
+                value.number = number_of(known->field, value.raw);
+                return take(value);
             }
             const uint32_t message_type = message_type_of(record);
             if (known)
@@ -97,6 +94,7 @@ private:
     struct Resolver;
     void resolve(uint32_t category, const ast_uap_t &uap);
     void find_places();
+    static double number_of(const ast_field_t &field, uint64_t raw); // in its unit
     Known find_known(ast_dataitem_type_t type, const ast_uap_t &uap) const;
     const Known *known_of(size_t type, const ast_uap_t &uap) const {
         if (chooses_) return nullptr;

@@ -163,7 +163,7 @@ bool meets(const ast_field_value_t &value, const Comparison &comparison) {
     text = text.substr(0, text.find_last_not_of(' ') + 1);
     if (notation == Notation::text) return comparison.meets_text(text);
     if (notation != Notation::decimal) return comparison.meets_digits(text, notation);
-    const double number = number_of(value);
+    const double number = value.has_number ? value.number : static_cast<double>(value.raw);
     if (comparison.fits(Notation::decimal)) return comparison.meets(number, tolerance_of(field));
     if (takes_clock(field)) return comparison.meets(number, tolerance_of(field), Notation::clock);
     return takes_text(field) && comparison.meets_text(code_text(value));

@@ -35,8 +35,8 @@ public:
     // What is left is lost.
     void close();
 
-    // For the thread that serves: waits until something can be sent, or the listener, if there is one, has a
-    // client, which it returns. False, once it is told to end.
+    // For the thread that serves: waits until something can be sent, or the listener, if there is one, has a client,
+    // and tells which it was, until it is told to end.
     enum class Turn { end, served, client };
     Turn serve(system::Descriptor listener);
     void end();

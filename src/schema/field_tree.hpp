@@ -49,7 +49,6 @@ inline bool is_inside(const Field &field) {
            field.kind == Kind::Status;
 }
 
-// All fields of an item or register as they are told to the world, each with its path.
 constexpr uint32_t kVaries = AST_FIELD_VARIES;
 
 struct Place {
@@ -57,6 +56,7 @@ struct Place {
     uint32_t needed = 0;    // the bits that these must have
 };
 
+// All fields of an item or register as they are told to the world: visit(field, path, place).
 template <typename Visit>
 class FieldTree {
 public:

@@ -74,24 +74,21 @@ ReportWords trailers(const Facts &facts) {
                     counted(facts.available, "octet") + " in all; passed over",
             .cause = "octets behind the last block",
             .example = {},
-            .noun = "datagram",
-            .count = facts.count};
+            .noun = "datagram"};
 }
 
 ReportWords fragments(const Facts &facts) {
     return {.text = "fragments are missing of " + counted(facts.count, "datagram"),
             .cause = "fragments are missing",
             .example = {},
-            .noun = "datagram",
-            .count = facts.count};
+            .noun = "datagram"};
 }
 
 ReportWords dropped(const Facts &facts) {
     return {.text = counted(facts.count, "datagram") + " dropped by the system",
             .cause = "dropped by the system",
             .example = {},
-            .noun = "datagram",
-            .count = facts.count};
+            .noun = "datagram"};
 }
 
 ReportWords truncated(const Facts &facts) {
@@ -108,11 +105,7 @@ ReportWords stream(const Facts &facts) {
     const std::string example =
         packet_text(facts) + ": TCP " + route_text(facts) + ": " + counted(facts.octets, "octet");
     const std::string what = facts.reason == AST_REASON_STREAM_GAP ? " missing" : " before the next block; skipped";
-    return {.text = example + what,
-            .cause = "octets of a TCP stream" + what,
-            .example = example,
-            .noun = "octet",
-            .count = facts.octets};
+    return {.text = example + what, .cause = "octets of a TCP stream" + what, .example = example, .noun = "octet"};
 }
 
 ReportWords no_frame(const Facts &facts) {
@@ -171,6 +164,11 @@ static_assert(std::size(kKinds) == AST_REPORT_KINDS);
 
 ReportWords words_of(const ast_recording_report_t &report) {
     return report.reason < std::size(kWords) ? kWords[report.reason](report) : ReportWords{};
+}
+
+uint64_t count_of(const ast_recording_report_t &report) {
+    const bool is_stream = report.reason == AST_REASON_STREAM_GAP || report.reason == AST_REASON_STREAM_REST;
+    return is_stream ? report.octets : report.count;
 }
 
 std::string framing_text(const ast_recording_report_t &report) {

@@ -14,10 +14,13 @@ struct ReportWords {
     std::string cause;     // what reports have in common that can be told together
     std::string example;   // where this one is, and what is its own; empty where there is no more to say
     std::string_view noun; // for what is counted; empty where a count says nothing
-    uint64_t count = 1;
 };
 
+// The cause follows from kind, reason, category and detail alone.
 ReportWords words_of(const ast_recording_report_t &report);
+
+// How many of what its noun names a report is about.
+uint64_t count_of(const ast_recording_report_t &report);
 
 // Where it is: "packet 12, octet 40", "offset 1234", "line 3, character 1"; empty where it has no place.
 std::string place_text(const ast_recording_report_t &report);

@@ -22,10 +22,16 @@ struct Recoded {
 
 using Recode = Recoded(ast_dataitem_type_t type, const std::vector<uint8_t> &octets);
 
-// Member by member. A compiler that cannot leave out what lies between them leaves it to the octets alone.
+// Whether the compiler can leave out what lies between members. One that cannot leaves it to the octets alone.
+#if __has_builtin(__builtin_clear_padding)
+#define COMPARES_MEMBERS 1
+#else
+#define COMPARES_MEMBERS 0
+#endif
+
 template <typename Value>
 bool are_same([[maybe_unused]] Value one, [[maybe_unused]] Value other) {
-#if __has_builtin(__builtin_clear_padding)
+#if COMPARES_MEMBERS
     __builtin_clear_padding(&one);
     __builtin_clear_padding(&other);
     return std::memcmp(&one, &other, sizeof one) == 0;
@@ -209,6 +215,7 @@ TEST(EveryEncoder, WritesWhatItsDecoderReads) {
 
 // An exception that no longer is one has to go.
 TEST(EveryEncoder, HasExceptionsThatAreNeeded) {
+    if (!COMPARES_MEMBERS) GTEST_SKIP() << "the compiler cannot compare values member by member";
     const auto &all = registered_items();
     LogCapture log;
     for (const Exception &exception : kChanged) {

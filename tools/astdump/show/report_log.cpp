@@ -7,6 +7,15 @@
 
 namespace ast::recording::astdump {
 
+namespace {
+
+// Where reports do not come in the order of packets, the packet that says which one is the first.
+uint64_t packet_of(const Report &report) {
+    return report.data.reason == AST_REASON_OTHER_DATAGRAM ? report.data.packet : 0;
+}
+
+} // namespace
+
 // What has happened once is told as it is.
 std::string ReportLog::text_of(const Group &group) {
     const ReportWords &first = group.first;
@@ -32,23 +41,33 @@ void ReportLog::show(const Report &report) {
         collect(report);
 }
 
+// Damage comes by the hundred thousand: words are made of the first of a cause alone.
 void ReportLog::collect(const Report &report) {
     const std::string &file = report.file ? *report.file : file_;
-    const bool is_ordered = report.data.reason != AST_REASON_OTHER_DATAGRAM;
-    const uint64_t packet = is_ordered ? 0 : report.data.packet;
-    const ReportWords words = words_of(report.facts());
-    const auto [place, is_new] = places_.try_emplace({file, report.data.kind, words.cause}, groups_.size());
-    if (is_new) {
-        groups_.push_back({.first = words, .kind = report.data.kind, .packet = packet, .file = file});
-        if (is_live_) line(file, words.text);
-    }
-    Group &group = groups_[place->second];
+    const auto &data = report.data;
+    const auto known = causes_.find(std::tuple<std::string_view, uint32_t, uint32_t, uint32_t, std::string_view>{
+        file, data.kind, data.reason, data.category, report.detail});
+    Group &group = groups_[known != causes_.end() ? known->second : new_cause(report, file)];
+    const uint64_t packet = packet_of(report);
     if (packet < group.packet) {
-        group.first = words;
+        group.first = words_of(report.facts());
         group.packet = packet;
     }
     ++group.reports;
-    group.count += words.count;
+    group.count += count_of(data);
+}
+
+// Several causes may be one in words.
+size_t ReportLog::new_cause(const Report &report, const std::string &file) {
+    const auto &data = report.data;
+    const ReportWords words = words_of(report.facts());
+    const auto [place, is_new] = places_.try_emplace({file, data.kind, words.cause}, groups_.size());
+    causes_.try_emplace({file, data.kind, data.reason, data.category, report.detail}, place->second);
+    if (is_new) {
+        groups_.push_back({.first = words, .kind = data.kind, .packet = packet_of(report), .file = file});
+        if (is_live_) line(file, words.text);
+    }
+    return place->second;
 }
 
 // What was shown at once is shown again only where there is more of it.
@@ -58,6 +77,7 @@ void ReportLog::end_file() {
         if (!is_live_ || group.reports > 1) line(group.file, text_of(group));
     groups_.clear();
     places_.clear();
+    causes_.clear();
 }
 
 void ReportLog::line(const std::string &file, const std::string &text) const {

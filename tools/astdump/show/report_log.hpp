@@ -41,9 +41,12 @@ private:
         uint64_t reports = 0;
         uint64_t count = 0; // of what they are about
     };
-    using Key = std::tuple<std::string, uint32_t, std::string>; // file, kind and cause
+    // File, kind, reason, category and detail, from which the words of the cause follow.
+    using Cause = std::tuple<std::string, uint32_t, uint32_t, uint32_t, std::string>;
+    using Key = std::tuple<std::string, uint32_t, std::string>; // file, kind and the words of the cause
 
     void collect(const Report &report);
+    size_t new_cause(const Report &report, const std::string &file);
     static std::string text_of(const Group &group);
     void line(const std::string &file, const std::string &text) const;
 
@@ -51,7 +54,8 @@ private:
     bool each_;
     bool is_live_ = false;
     std::string file_;
-    std::map<Key, size_t> places_; // of the groups
+    std::map<Cause, size_t, std::less<>> causes_; // the places of their groups
+    std::map<Key, size_t> places_;                // of the groups
     std::vector<Group> groups_;    // in the order of their first reports
     Losses losses_;
 };

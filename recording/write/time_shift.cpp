@@ -18,15 +18,14 @@ int64_t nearest_s(int64_t of_day_s, int64_t to_s) {
 int64_t TimeShift::recorded_s(const ast_datarecord_t &record, const std::optional<Time> &received) {
     answerer_.set_record(record);
     const ast_answers_t &answers = answerer_.answers();
-    const std::optional<int64_t> about_s = last_s_    ? last_s_
-                                           : received ? std::optional(received->seconds)
-                                                      : std::nullopt;
-    if ((answers.present & AST_ANSWER_TIME) == 0 || !(answers.time_of_day_s < kSecondsPerDay))
-        return about_s.value_or(0);
+    const bool is_about_known = last_s_ || received;
+    const int64_t about_s = last_s_ ? *last_s_ : received ? received->seconds : 0;
+    if ((answers.present & AST_ANSWER_TIME) == 0 || !(answers.time_of_day_s < kSecondsPerDay)) return about_s;
     const auto of_day_s = static_cast<int64_t>(answers.time_of_day_s);
-    last_s_ = about_s ? nearest_s(of_day_s, *about_s) : of_day_s;
-    if (!seconds_) seconds_ = now().seconds - *last_s_;
-    return *last_s_;
+    const int64_t at_s = is_about_known ? nearest_s(of_day_s, about_s) : of_day_s;
+    last_s_ = at_s;
+    if (!seconds_) seconds_ = now().seconds - at_s;
+    return at_s;
 }
 
 void TimeShift::move(DecodedBlock &decoded, const EditionMemory &editions) {

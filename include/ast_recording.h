@@ -187,7 +187,7 @@ AST_RECORDING_API const char *ast_recording_report_kind_to_str(uint32_t kind);
 /** What may be asked of a recording. Texts are copied. */
 typedef struct {
     const char *framing;    /* how the blocks of files are wrapped: "raw", "final", "gps", "oradis", "hdlc", "mac-llc",
-                               "hex" or "json"; null or "auto" where the content is to tell */
+                               "hex", "text" or "json"; null or "auto" where the content is to tell */
     const char *profile;    /* that is read with, as far as it lays out a category: "cat021-2.1"; null or "auto" for the
                                one that fits each data source, learnt from the beginning of files before they are read,
                                and on the network from what has come */

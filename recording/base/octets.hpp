@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <ranges>
 #include <span>
+#include <string_view>
 
 namespace ast::recording {
 
@@ -26,6 +27,9 @@ public:
     }
     constexpr const uint8_t &operator[](uint64_t place) const { return Span::operator[](static_cast<size_t>(place)); }
 };
+
+// The characters of a text, good as long as that.
+inline Octets octets_of(std::string_view text) { return {reinterpret_cast<const uint8_t *>(text.data()), text.size()}; }
 
 // As packets have numbers, with the most significant octet first.
 inline uint16_t read_u16(Octets octets, size_t offset) {

@@ -22,6 +22,7 @@ constexpr FramingKind kFramings[] = {
     {"hdlc", "HDLC frames between flags 7E", 0, find_hdlc, 0x7E},
     {"mac-llc", "IEEE 802.3 frames with a logical link header", 0, find_mac_llc},
     {"hex", "hexadecimal text, a block or datagram a line", 0, find_hex, {}, true},
+    {"text", "octets in a text: dumps, quotes, programs", 0, nullptr, {}, true},
     {"json", "records as JSON, an object a line", 0, nullptr, {}, true},
 };
 

@@ -9,6 +9,7 @@
 #include "source/json_file.hpp"
 #include "source/raw_file.hpp"
 #include "source/tcp_source.hpp"
+#include "source/text_file.hpp"
 #include "source/udp_source.hpp"
 
 namespace ast::recording {
@@ -18,20 +19,28 @@ namespace {
 // How much of a file is looked at to tell its framing.
 constexpr size_t kHeadOctets = size_t{64} * 1024;
 
-const FramingKind *framing_of_recording(OctetStream &stream) {
+// Lines of digits may be parts of a larger text.
+const FramingKind *recognise(Octets peeked, bool is_whole_file, const CategorySet &categories) {
+    const Octets head = peeked.first(std::min(peeked.size(), kHeadOctets));
+    const FramingKind *const framing = recognise_framing(head, is_whole_file);
+    const bool may_be_text = framing ? framing->is_text : is_whole_file || head.size() == kHeadOctets;
+    return may_be_text && is_text_of_octets(head, categories) ? find_framing("text") : framing;
+}
+
+const FramingKind *framing_of_recording(OctetStream &stream, const CategorySet &categories) {
     const Octets head = stream.peek(kHeadOctets + 1);
-    return recognise_framing(head.first(std::min(head.size(), kHeadOctets)), head.size() <= kHeadOctets);
+    return recognise(head, head.size() <= kHeadOctets, categories);
 }
 
 // Of a pipe or a file that grows, so much is looked at as it takes to find a frame; what stands there after a moment of
 // silence, and may not be the beginning of one, is left to the reader of raw blocks.
-const FramingKind *framing_of_live(OctetStream &stream) {
+const FramingKind *framing_of_live(OctetStream &stream, const CategorySet &categories) {
     constexpr int kMoment_ms = 300;
     for (bool is_end = false;;) {
         while (stream.peeked().size() < kHeadOctets && stream.peek_on(kHeadOctets, 0) == OctetStream::Peek::more)
             continue;
         const Octets head = stream.peeked();
-        const FramingKind *const framing = recognise_framing(head.first(std::min(head.size(), kHeadOctets)), is_end);
+        const FramingKind *const framing = recognise(head, is_end, categories);
         if (framing || is_end || head.size() >= kHeadOctets || stream.cut_off()) return framing;
         const OctetStream::Peek came = stream.peek_on(kHeadOctets, kMoment_ms);
         const Framing first = frame_block(head).framing;
@@ -42,19 +51,21 @@ const FramingKind *framing_of_live(OctetStream &stream) {
 }
 
 // Tells captures by their magic numbers, and looks no further than these need. Sets the name of what it has found.
-std::unique_ptr<DatagramSource> open_source(OctetStream &stream, const FramingKind *framing, std::string &name) {
+std::unique_ptr<DatagramSource> open_source(OctetStream &stream, const FramingKind *framing,
+                                            const CategorySet &categories, std::string &name) {
     if (!framing) {
         if (const char *const form = Capture::form_of(stream)) {
             name = form;
             return std::make_unique<Capture>(stream);
         }
         framing = begins_json(stream)   ? find_framing("json")
-                  : stream.is_at_rest() ? framing_of_recording(stream)
-                                        : framing_of_live(stream);
+                  : stream.is_at_rest() ? framing_of_recording(stream, categories)
+                                        : framing_of_live(stream, categories);
     }
     if (!framing) framing = find_framing("raw");
     name = framing->name;
     if (name == "raw") return std::make_unique<RawFile>(stream);
+    if (name == "text") return std::make_unique<TextFile>(stream, categories);
     if (name == "json") return std::make_unique<JsonFile>(stream);
     return std::make_unique<FramedFile>(stream, *framing);
 }
@@ -66,34 +77,34 @@ Input::Input(const Origin &origin, const ReadOptions &options, Interruption *int
     const std::vector<LiveUrl> urls = origin.octets ? std::vector<LiveUrl>() : read_live_urls(origin.path);
     if (origin.octets) {
         stream_ = std::make_unique<OctetStream>(*origin.octets, interruption);
-        open(options.framing);
+        open(origin.framing ? origin.framing : options.framing, options.categories);
     } else if (urls.empty()) {
         stream_ = std::make_unique<OctetStream>(origin.path, interruption, options.follow);
-        open(options.framing);
+        open(options.framing, options.categories);
     } else if (urls.front().is_tcp) {
-        connect(urls.front(), *interruption, options.framing, announce);
+        connect(urls.front(), *interruption, options, announce);
     } else {
         framing_ = "udp";
         source_ = std::make_unique<UdpSource>(urls, options.interface, *interruption, announce);
     }
 }
 
-void Input::open(const FramingKind *framing) {
+void Input::open(const FramingKind *framing, const CategorySet &categories) {
     stream_->take_off_compression();
-    source_ = open_source(*stream_, framing, framing_);
+    source_ = open_source(*stream_, framing, categories, framing_);
     if (!stream_->compression().empty()) framing_.append(", ").append(stream_->compression());
 }
 
 Input::Input(std::unique_ptr<DatagramSource> source, const DatagramChoice &choice)
     : source_(std::move(source)), filter_(choice) {}
 
-void Input::connect(const LiveUrl &url, Interruption &interruption, const FramingKind *framing,
+void Input::connect(const LiveUrl &url, Interruption &interruption, const ReadOptions &options,
                     const Announce &announce) {
     const auto connection = connect_tcp(url, interruption, announce);
     is_read_ = !connection;
     if (!connection) return;
     stream_ = std::make_unique<OctetStream>(connection->descriptor, &interruption);
-    open(framing);
+    open(options.framing, options.categories);
     framing_.append(", tcp");
     source_ = std::make_unique<TcpSource>(std::move(source_), *stream_, connection->endpoints);
 }

@@ -36,8 +36,8 @@ public:
     std::optional<uint64_t> size() const { return stream_ ? stream_->size() : std::nullopt; }
 
 private:
-    void open(const FramingKind *framing);
-    void connect(const LiveUrl &url, Interruption &interruption, const FramingKind *framing, const Announce &announce);
+    void open(const FramingKind *framing, const CategorySet &categories);
+    void connect(const LiveUrl &url, Interruption &interruption, const ReadOptions &options, const Announce &announce);
     bool tell_end(Chunk &chunk);
 
     std::unique_ptr<OctetStream> stream_; // null for datagrams

@@ -26,9 +26,10 @@ struct ReadOptions {
 
 // Where an input comes from.
 struct Origin {
-    std::string path;             // "-" for standard input, or URLs set apart by blanks
-    std::string name;             // under which it is shown
-    std::optional<Octets> octets; // that are its content, in place of a path
+    std::string path;                     // "-" for standard input, or URLs set apart by blanks
+    std::string name;                     // under which it is shown
+    std::optional<Octets> octets;         // that are its content, in place of a path
+    const FramingKind *framing = nullptr; // of its own; null for that of all
 };
 
 } // namespace ast::recording

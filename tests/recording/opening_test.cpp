@@ -37,7 +37,7 @@ TEST(Opening, SaysWhatIsWrong) {
          {fine},
          {.framing = "tar"},
          AST_RECORDING_ERROR_OPTION,
-         "framing: 'tar' is none of raw, final, gps, oradis, hdlc, mac-llc, hex, json"},
+         "framing: 'tar' is none of raw, final, gps, oradis, hdlc, mac-llc, hex, text, json"},
         {"a list",
          {fine},
          {.categories = "48,x"},

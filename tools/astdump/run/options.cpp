@@ -9,11 +9,13 @@
 #include <string_view>
 
 #include "base/numbers.hpp"
+#include "framing/text_octets.hpp"
 #include "run/output_options.hpp"
 #include "show/terminal.hpp"
 #include "show/write_file.hpp"
 #include "source/given_sites.hpp"
 #include "source/live_url.hpp"
+#include "system/files.hpp"
 #include "system/process.hpp"
 #include "write/block_converter.hpp"
 
@@ -57,6 +59,7 @@ Examples:
   astdump --list --merge a.pcap b.pcap       two recordings as one, in the order of time
   astdump --detail --count 1 a.pcap          the value of every field of the first block
   astdump --html a.html a.pcap               a page to click through, with the bits of every item
+  astdump 300007A0190CA0                     the octets of a block, and so does a mail on standard input
   astdump --quiet *.ast || echo damaged      check files in a script
   astdump --uap cat021-2.1 adsb.pcap         read category 021 as edition 2.1
   astdump --list recording.pcap | less -S    one line per record
@@ -208,8 +211,13 @@ void describe_rotation(CLI::App &app, Texts &texts) {
 void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_option("FILE", options.files,
                    "Captures and files of blocks, - for standard input, udp://HOST:PORT or tcp://HOST:PORT")
-        ->required()
         ->type_name("");
+    app.add_option(
+           "--hex", options.hex,
+           "Read the octets in a text, as FILE may be one, too; with one --category, records without CAT and LEN")
+        ->take_all()
+        ->allow_extra_args(false)
+        ->type_name("TEXT");
     describe_live(app, options);
     app.add_option("--uap", texts.profile,
                    "Profile to read with what it lays out, see below; auto, if not given, what fits each source")
@@ -217,8 +225,8 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
         ->type_name("NAME");
     app.add_option(
            "--framing", texts.framing,
-           "How the blocks of a file are wrapped: raw, final, gps, oradis, hdlc, mac-llc, hex or json; auto, if not "
-           "given, finds out")
+           "How the blocks of a file are wrapped: raw, final, gps, oradis, hdlc, mac-llc, hex, text or json; auto, if "
+           "not given, finds out")
         ->check(CLI::IsMember(framing_names()).description(""))
         ->type_name("NAME");
     app.add_option("--category", texts.categories, "Categories to show, such as 34,48 or 1-21")
@@ -386,8 +394,19 @@ void read_files(Options &options, const Texts &texts) {
     if (std::ranges::all_of(options.writes, is_live)) throw std::invalid_argument("--rotate is for --write NEWFILE");
 }
 
+// Names that are none of files but octets in digits: a text of its own, cut to words by the shell or not.
+void read_octets(Options &options) {
+    std::string text;
+    for (const std::string &file : options.files) text.append(text.empty() ? "" : " ").append(file);
+    if (std::ranges::any_of(options.files, system::exists) || !is_hexadecimal_text(text)) return;
+    options.files.clear();
+    options.hex.insert(options.hex.begin(), text);
+}
+
 // What the parser cannot tell. Throws std::invalid_argument for a mistake.
 void complete(Options &options, const Texts &texts) {
+    read_octets(options);
+    if (options.files.empty() && options.hex.empty()) throw CLI::RequiredError("FILE");
     options.profile = find_profile(texts.profile);
     options.framing = find_framing(texts.framing);
     options.categories = *read_categories(texts.categories);

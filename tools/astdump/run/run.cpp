@@ -38,11 +38,15 @@ size_t chunk_octets_of(const Options &options, const Sinks &sinks) {
     return octets;
 }
 
-// What files are shown as.
+constexpr const char *kGiven = "octets given"; // as octets of the command line are called
+
+// What inputs are shown as.
 std::vector<Origin> origins_of(const Options &options) {
     std::vector<Origin> origins;
     for (const std::string &path : options.files)
         origins.push_back({.path = path, .name = path == "-" ? "standard input" : readable(path), .octets = {}});
+    for (const std::string &text : options.hex)
+        origins.push_back({.path = kGiven, .name = kGiven, .octets = octets_of(text), .framing = find_framing("text")});
     return origins;
 }
 

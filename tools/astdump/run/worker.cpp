@@ -4,6 +4,7 @@
 
 #include "datagram/report_words.hpp"
 #include "datagram/walk_chunk.hpp"
+#include "framing/soundness.hpp"
 #include "show/video.hpp"
 
 namespace ast::recording::astdump {
@@ -76,7 +77,24 @@ void Worker::no_block(const Datagram &datagram, uint64_t offset, const Frame &fr
     for (size_t i = 0; i < renderers_.size(); ++i)
         if (renderers_[i])
             renderers_[i]->no_block(shift_ ? shift_->move(datagram) : datagram, offset, reason, rendered.texts[i]);
+    if (frame.framing == Framing::past_end && datagram.may_hold_blocks() && options_.where.empty())
+        show_part(datagram, offset, frame.length, rendered);
     if (!rendered.texts.empty()) rendered.reports.place = rendered.texts.front().size();
+}
+
+// Of a block that breaks off, what is there, as if its LEN counted no more; of one that may be any octets, nothing.
+void Worker::show_part(const Datagram &datagram, uint64_t offset, uint64_t announced, Rendered &rendered) {
+    const Octets octets = datagram.octets.subspan(offset);
+    if (!has_published_category(octets)) return;
+    part_.assign(octets.begin(), octets.end());
+    set_block_length(part_);
+    DecodedBlock &decoded = decoder_.decode(datagram, 0, offset, part_);
+    const bool is_any_read =
+        decoded.block->record_count != 0 || (decoded.fault && decoded.fault->record.item_count != 0);
+    if (!is_any_read) return;
+    decoded.shown.set_all(decoded.block->record_count);
+    for (size_t i = 0; i < renderers_.size(); ++i)
+        if (renderers_[i]) renderers_[i]->part_of_block(decoded, announced, rendered.texts[i]);
 }
 
 void Worker::block(const Datagram &datagram, uint64_t number, uint64_t offset, Octets octets, uint64_t most,

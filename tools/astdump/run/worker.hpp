@@ -45,6 +45,7 @@ private:
     bool only_counts(const Chunk &chunk) const { return only_counts_ && chunk.first_number > kJudgedBlocks; }
     Blocks count(Octets blocks, Rendered &rendered);
     void no_block(const Datagram &datagram, uint64_t offset, const Frame &frame, Rendered &rendered);
+    void show_part(const Datagram &datagram, uint64_t offset, uint64_t announced, Rendered &rendered);
     void block(const Datagram &datagram, uint64_t number, uint64_t offset, Octets octets, uint64_t most,
                Rendered &rendered);
     uint64_t cut(DecodedBlock &decoded, uint64_t most) const;
@@ -55,6 +56,7 @@ private:
     Decoder decoder_;
     std::optional<TimeShift> shift_;
     BlockConverter converter_;
+    std::vector<uint8_t> part_; // of a block
     Counter counter_;
     ConditionCoverage coverage_;                       // of all that has been decoded here
     const Sink *first_ = nullptr;                      // whose count counts

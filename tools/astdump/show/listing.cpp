@@ -14,10 +14,14 @@ public:
     explicit ListingRenderer(const Listing::Form &form)
         : form_(form), style_(form.color), lines_(form.columns, style_, form.detail) {}
 
-    void block(const DecodedBlock &decoded, TextBuffer &out) override;
+    void block(const DecodedBlock &decoded, TextBuffer &out) override { block(decoded, decoded.octets.size(), out); }
+    void part_of_block(const DecodedBlock &decoded, uint64_t announced, TextBuffer &out) override {
+        block(decoded, announced, out);
+    }
 
 private:
-    void block_line(const DecodedBlock &decoded, TextBuffer &out);
+    void block(const DecodedBlock &decoded, uint64_t announced, TextBuffer &out);
+    void block_line(const DecodedBlock &decoded, uint64_t announced, TextBuffer &out);
     void fold(size_t begin, size_t place, TextBuffer &out) const;
     void record(const ast_datarecord_t &record, uint64_t number, const ast_uap_t &block_uap, TextBuffer &out);
     void items(const ast_datarecord_t &record, TextBuffer &out);
@@ -29,9 +33,9 @@ private:
     Readings readings_;
 };
 
-void ListingRenderer::block(const DecodedBlock &decoded, TextBuffer &out) {
+void ListingRenderer::block(const DecodedBlock &decoded, uint64_t announced, TextBuffer &out) {
     const SplitBlock &block = *decoded.block;
-    block_line(decoded, out);
+    block_line(decoded, announced, out);
     for (uint64_t i = 0; i < block.record_count; ++i)
         if (decoded.shown[i]) record(block.records[i], i + 1, *block.uap, out);
     if (decoded.fault) fault(decoded, out);
@@ -44,13 +48,18 @@ const char *state_of(const DecodedBlock &decoded) {
     return is_unsupported(decoded.fault->kind) ? "NOT SUPPORTED" : "DAMAGED";
 }
 
-void ListingRenderer::block_line(const DecodedBlock &decoded, TextBuffer &out) {
+// Blocks that are not whole have no number.
+void ListingRenderer::block_line(const DecodedBlock &decoded, uint64_t announced, TextBuffer &out) {
     const Datagram &datagram = *decoded.datagram;
     const SplitBlock &block = *decoded.block;
     const size_t begin = out.size();
     out.put(style_.on(Color::heading));
     out.put('#');
-    out.number(decoded.number);
+    const bool is_whole = announced == decoded.octets.size();
+    if (is_whole)
+        out.number(decoded.number);
+    else
+        out.put('-');
     if (datagram.file) {
         out.put("  ");
         out.put(*datagram.file);
@@ -70,13 +79,17 @@ void ListingRenderer::block_line(const DecodedBlock &decoded, TextBuffer &out) {
     out.put(style_.off());
     out.put("  ");
     out.number(decoded.octets.size());
+    if (!is_whole) {
+        out.put(" of ");
+        out.number(announced);
+    }
     out.put(" octets  ");
     put_profile(out, block.profile);
     if (*block.profile.name) out.put("  ");
     put_counted(out, block.record_count, "record");
     out.put("  ");
-    out.put(style_.on(block.valid ? Color::good : Color::fault));
-    out.put(state_of(decoded));
+    out.put(style_.on(block.valid && is_whole ? Color::good : Color::fault));
+    out.put(is_whole ? state_of(decoded) : "DAMAGED");
     out.put(style_.off());
     if (form_.folds) fold(begin, place, out);
     out.put('\n');

@@ -56,7 +56,7 @@ private:
     std::string file_;
     std::map<Cause, size_t, std::less<>> causes_; // the places of their groups
     std::map<Key, size_t> places_;                // of the groups
-    std::vector<Group> groups_;    // in the order of their first reports
+    std::vector<Group> groups_;                   // in the order of their first reports
     Losses losses_;
 };
 

@@ -21,6 +21,9 @@ public:
     // Octets of a datagram, from `offset` on, that do not start a whole block.
     virtual void no_block(const Datagram &, uint64_t, const std::string &, TextBuffer &) {}
 
+    // The same octets, where they begin one: what is there of it, of so many octets that it announces.
+    virtual void part_of_block(const DecodedBlock &, uint64_t, TextBuffer &) {}
+
     // No block follows in this chunk.
     virtual void end(TextBuffer &) {}
 };

@@ -81,6 +81,7 @@ Examples:
   astdump --list --where squawk=7700 a.pcap  who is in distress
   astdump --list --site 25/12=43.57,16.41,780 a.pcap
                                              what a radar sees, as latitude and longitude
+  astdump --diff --within 0.1s a.pcap b.pcap what two recordings of one radar do not have in common
   astdump --where track --where fl=350 a.pcap tracks at flight level 350
   astdump --where 'I070/MODE3A>=7500' a.pcap  by a published field
   astdump --list udp://239.1.1.1:8600        join a multicast group and list what comes; several at once
@@ -117,6 +118,7 @@ struct Texts {
     std::optional<std::string> site_file;
     std::optional<std::string> shift;
     std::optional<std::string> stats_every;
+    std::optional<std::string> within;
     std::optional<std::string> speed;
     std::optional<std::string> rate;
     std::optional<std::string> loop;
@@ -261,6 +263,10 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
         ->type_name("FILE");
     app.add_flag("--top", options.top,
                  "Instead of the listing, a table of what each data source sends, drawn anew every second");
+    app.add_flag("--diff", options.diff,
+                 "Instead of the listing, what differs between two files, record by record and field by field");
+    app.add_option("--within", texts.within, "With --diff, how far apart the times of one report may be: 0.1s, 100ms")
+        ->type_name("TIME");
     app.add_option("--shift", texts.shift, "Move all times in records, and of reception, so that the first is now")
         ->check(CLI::IsMember({"now"}).description(""))
         ->type_name("now");
@@ -326,8 +332,9 @@ bool is_same_file(const std::string &one, const std::string &other) {
 
 // Of the forms that take the place of the listing, standard output has room for one.
 void refuse_two_forms(const Options &options) {
-    if (options.list + options.json + options.stats + options.top + options.csv.has_value() > 1)
-        throw std::invalid_argument("--list, --csv, --json, --stats and --top exclude each other");
+    const bool is_json = options.json && !options.diff; // a form of the comparison, too
+    if (options.list + is_json + options.stats + options.top + options.csv.has_value() + options.diff > 1)
+        throw std::invalid_argument("--list, --csv, --json, --stats, --top and --diff exclude each other");
 }
 
 // Each is a file of its own, or an address.
@@ -403,6 +410,18 @@ void read_octets(Options &options) {
     options.hex.insert(options.hex.begin(), text);
 }
 
+// Two recordings are compared as a whole.
+void read_comparison(Options &options, const Texts &texts) {
+    if (texts.within) options.diff_within_s = read_for("--within", *texts.within, read_tolerance);
+    if (texts.within && !options.diff) throw std::invalid_argument("--within is for --diff");
+    if (!options.diff) return;
+    if (options.files.size() + options.hex.size() != 2) throw std::invalid_argument("--diff takes two FILEs");
+    if (options.follow || options.merge || options.count || options.shifts || options.passes != 1 || options.detail ||
+        options.writes_files())
+        throw std::invalid_argument("--diff only reads two files: no --follow, --merge, --count, --shift, --loop, "
+                                    "--detail, --html or --write");
+}
+
 // What the parser cannot tell. Throws std::invalid_argument for a mistake.
 void complete(Options &options, const Texts &texts) {
     read_octets(options);
@@ -432,6 +451,7 @@ void complete(Options &options, const Texts &texts) {
     options.shifts = texts.shift.has_value();
     read_sending(options, texts);
     read_files(options, texts);
+    read_comparison(options, texts);
 }
 
 } // namespace

@@ -65,6 +65,15 @@ std::chrono::seconds read_interval(const std::string &text) {
     return std::chrono::seconds(*seconds);
 }
 
+double read_tolerance(const std::string &text) {
+    constexpr double kMillisecondsPerSecond = 1000;
+    const bool is_ms = text.ends_with("ms");
+    const size_t unit = is_ms ? 2 : text.ends_with('s') ? 1 : 0;
+    const auto number = read_number<double>(std::string_view(text).substr(0, text.size() - unit));
+    if (unit == 0 || !number || !(*number >= 0) || std::isinf(*number)) refuse(text, "no time such as 0.1s or 100ms");
+    return is_ms ? *number / kMillisecondsPerSecond : *number;
+}
+
 Rotation read_rotation(const std::string &text) {
     if (const auto period_s = read_in_units(text, kSpans_s)) return {.period_s = static_cast<int64_t>(*period_s)};
     if (const auto octets = read_in_units(text, kThousands)) return {.octets = *octets};

@@ -23,6 +23,9 @@ uint8_t read_ttl(const std::string &text);
 // "10s", "1m"
 std::chrono::seconds read_interval(const std::string &text);
 
+// "0.1s" or "100ms", in seconds.
+double read_tolerance(const std::string &text);
+
 // "1h", "30m", "100M"; how many stay is left open.
 Rotation read_rotation(const std::string &text);
 

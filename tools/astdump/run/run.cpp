@@ -84,8 +84,9 @@ int Run::files() {
     clear_line();
     finish();
     if (unreadable_) return kExitUnusable;
-    const bool has_lost_any = std::ranges::any_of(sinks_, [](const auto &sink) { return sink->has_lost_any(); });
-    return reports_.any_damage() || is_implausible_ || has_lost_any ? kExitDamaged : kExitClean;
+    const bool has_any =
+        std::ranges::any_of(sinks_, [](const auto &sink) { return sink->has_lost_any() || sink->has_found_any(); });
+    return reports_.any_damage() || is_implausible_ || has_any ? kExitDamaged : kExitClean;
 }
 
 // What is not read is left out; the rest of the run goes on.

@@ -3,6 +3,7 @@
 #include <limits>
 #include <memory>
 
+#include "compare/diff.hpp"
 #include "page/page.hpp"
 #include "show/csv.hpp"
 #include "show/json_lines.hpp"
@@ -83,7 +84,9 @@ bool use_color(const Options &options, std::FILE *file) {
 Sinks make_sinks(const Options &options, Output &out, const ReportLog &reports, Interruption &interruption) {
     Sinks sinks;
     const bool color = use_color(options, stdout);
-    if (options.top)
+    if (options.diff)
+        sinks.push_back(std::make_unique<Diff>(out, Diff::Form{options.diff_within_s, options.json}));
+    else if (options.top)
         sinks.push_back(make_top(options, out, reports, interruption));
     else if (options.stats)
         sinks.push_back(std::make_unique<Stats>(out, color));

@@ -87,6 +87,13 @@ void put_value(TextBuffer &out, const ast_field_value_t &value) {
     put_printable(out, text.substr(0, text.find_last_not_of(' ') + 1));
 }
 
+void put_option_path(TextBuffer &out, std::string_view path) {
+    constexpr size_t kCategory = std::string_view("I048/").size();
+    path.remove_prefix(std::min(kCategory, path.size()));
+    if (!path.empty() && path[0] >= '0' && path[0] <= '9') out.put('I');
+    out.put(path);
+}
+
 // Most texts are ASCII throughout.
 void put_plain(TextBuffer &out, std::string_view text) {
     while (!text.empty()) {

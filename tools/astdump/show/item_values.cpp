@@ -47,14 +47,6 @@ std::string_view last_name(std::string_view path) {
     return path.substr(0, path.find('['));
 }
 
-// As options take it: "I040/RHO" of "I048/040/RHO".
-void put_option_path(TextBuffer &out, std::string_view path) {
-    constexpr size_t kCategory = std::string_view("I048/").size();
-    path.remove_prefix(std::min(kCategory, path.size()));
-    if (!path.empty() && path[0] >= '0' && path[0] <= '9') out.put('I');
-    out.put(path);
-}
-
 // Calls visit(value) for the values of an item below a path.
 template <typename Visit>
 void each_value(const ast_dataitem_t &item, const Reading &reading, std::string_view below, Visit visit) {

@@ -64,6 +64,9 @@ public:
     // Whether anything has not reached where it was to go, which has been told.
     virtual bool has_lost_any() const { return false; }
 
+    // Whether it has found what ends the run with a status of its own, though nothing is damaged.
+    virtual bool has_found_any() const { return false; }
+
     // How far it has got, where that is not how far the reading is; empty else.
     virtual std::string progress() { return {}; }
 

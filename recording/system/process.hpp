@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <functional>
 #include <optional>
@@ -29,6 +30,22 @@ struct ScreenSize {
     unsigned rows; // 0 where that is not known
 };
 std::optional<ScreenSize> screen_size(std::FILE *file);
+
+// As long as it lives, what is written to standard output goes to the program with which the user looks at long texts,
+// PAGER or else less, and so does what would stand on the same terminal as an error. In the end it waits for the user
+// to have seen enough. Where there is no such program, output goes where it went; on Windows always.
+class Pager {
+public:
+    Pager();
+    ~Pager();
+    Pager(const Pager &) = delete;
+    Pager &operator=(const Pager &) = delete;
+
+private:
+    int64_t process_ = -1; // none
+    int output_ = -1;      // as they were
+    int errors_ = -1;
+};
 
 // As long as it lives, something is done instead when the process is to end: for SIGINT, SIGTERM and SIGHUP, but those
 // that it was told to ignore, as in the background of a shell; or for Ctrl-C, Ctrl-Break and the end of the console.

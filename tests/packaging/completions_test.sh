@@ -9,7 +9,7 @@ PATH=$(dirname "$tool"):$PATH
 cd "$work"
 touch recording.ast
 
-"$tool" --help | sed -n 's/^  \(-[a-z],\)\{0,1\}\(--[a-z-]*\).*/\2/p' | sort >options
+"$tool" --help all | sed -n 's/^  \(-[a-z],\)\{0,1\}\(--[a-z-]*\).*/\2/p' | sort >options
 grep -qx -- --framing options
 
 # complete WORD...: what each shell makes of the last word of a command line.

@@ -35,6 +35,34 @@ TEST(Terminal, HasColoursUnlessItOrTheUserWantsNone) {
     }
 }
 
+TEST(Terminal, IsShownDetailsByAPager) {
+    const struct {
+        const char *arguments;
+        const char *pager;
+        bool is_paged;
+    } cases[] = {
+        {"--detail a", "PAGER='sed s/^/page:/'", true},
+        {"--detail --no-pager a", "PAGER='sed s/^/page:/'", false},
+        {"--list a", "PAGER='sed s/^/page:/'", false},
+        {"--list --pager a", "PAGER='sed s/^/page:/'", true},
+        {"--detail --pager a | cat", "PAGER='sed s/^/page:/'", false},
+        {"--detail a", "PAGER=", false},
+        {"--detail a", "", false}, // less ends where it all fits the screen
+    };
+    for (const auto &test : cases) {
+        Command command;
+        command.write("a", kSector + kSector.substr(0, 5));
+        PseudoTerminal terminal(command, test.arguments, 120, 60, std::string("TERM=xterm ") + test.pager);
+        terminal.wait();
+        const std::string &screen = terminal.written();
+        EXPECT_NE(screen.find("034"), std::string::npos) << screen;
+        EXPECT_NE(screen.find("5 octets"), std::string::npos) << "reports go the same way\n" << screen;
+        EXPECT_EQ(screen.find("page:") != std::string::npos, test.is_paged) << test.arguments << '\n' << screen;
+        EXPECT_EQ(screen.find("page:\033[1;31mastdump") != std::string::npos, test.is_paged) << test.arguments << '\n'
+                                                                                             << screen;
+    }
+}
+
 // Nobody's name, and no text of an item, acts on the terminal.
 TEST(Terminal, GetsNoControlCharactersFromInput) {
     const std::string name = "r\xC3\xB6"

@@ -139,9 +139,15 @@ TEST(Tool, ReadsOtherFilesWhenOneIsMissing) {
 }
 
 TEST(Tool, ExplainsItself) {
-    const Result help = Command().run("--help");
+    std::string line;
+    const Result all = Command().run("--help all");
+    EXPECT_EQ(all.status, 0);
+    EXPECT_NE(all.out.find("Examples:\n  astdump recording.pcap"), std::string::npos);
+    const Result help = Command().run("-h");
     EXPECT_EQ(help.status, 0);
-    EXPECT_NE(help.out.find("Examples:\n  astdump recording.pcap"), std::string::npos);
+    size_t rows = 0;
+    for (std::istringstream lines(help.out); std::getline(lines, line); ++rows) EXPECT_LE(line.size(), 80U) << line;
+    EXPECT_LE(rows, 24U) << "the screen of a terminal";
     EXPECT_EQ(Command().run("--version").out.find("astdump 1."), 0U);
 }
 

@@ -4,7 +4,9 @@
 #include <cstdio>
 #include <exception>
 #include <new>
+#include <optional>
 #include <stdexcept>
+#include <utility>
 
 #include "run/options.hpp"
 #include "run/run.hpp"
@@ -37,14 +39,24 @@ int files_of(Run &run) try { return run.files(); } catch (const std::logic_error
     return kExitInternal;
 }
 
+// As git does; what comes live is not kept waiting for anyone.
+bool wants_pager(const Options &options) {
+    const bool is_shown = !options.top && !options.quiet && !options.follow && !options.writes_files();
+    return is_shown && options.pager.value_or(options.detail) && has_cursor(stdout);
+}
+
 int run(const Options &options) {
     Interruption interruption;
     const Signals signals(interruption);
     Output out(system::kStandardOutput);
     ReportLog reports(use_color(options, stderr), options.verbose);
-    Run run(options, make_sinks(options, out, reports, interruption), out, reports, Progress(wants_progress(options)),
-            &interruption);
+    Sinks sinks = make_sinks(options, out, reports, interruption); // which look at the terminal
+    const bool progress = wants_progress(options);
+    std::optional<system::Pager> pager;
+    if (wants_pager(options)) pager.emplace();
+    Run run(options, std::move(sinks), out, reports, Progress(progress), &interruption);
     const int status = files_of(run);
+    pager.reset();
     if (interruption.ended() && !options.follow) signals.pass_on();
     return check_output(out.error(), status);
 }

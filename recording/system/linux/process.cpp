@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
@@ -9,6 +10,7 @@
 #include <sched.h>
 #include <string_view>
 #include <sys/ioctl.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace ast::recording::system {
@@ -76,6 +78,61 @@ std::optional<ScreenSize> screen_size(std::FILE *file) {
     winsize size{};
     if (::ioctl(::fileno(file), TIOCGWINSZ, &size) != 0 || size.ws_col == 0) return std::nullopt;
     return ScreenSize{size.ws_col, size.ws_row};
+}
+
+namespace {
+
+constexpr const char *kUsualPager = "if command -v less >/dev/null; then exec less; else exec cat; fi";
+
+// The shell says so itself where the user's own program is not there.
+[[noreturn]] void become_pager(const char *command) {
+    constexpr int kKeep = 0;
+    ::setenv("LESS", "FRX", kKeep); // a text of one screen is not kept waiting, and colours are shown
+    std::signal(SIGPIPE, SIG_DFL);
+    std::signal(SIGXFSZ, SIG_DFL);
+    ::execl("/bin/sh", "sh", "-c", command, static_cast<char *>(nullptr));
+    ::_exit(1);
+}
+
+// Lets a standard stream be another one, and returns a descriptor of what it was.
+int replace(int stream, int other) {
+    const int kept = ::fcntl(stream, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    ::dup2(other, stream);
+    return kept;
+}
+
+void restore(int stream, int kept) {
+    if (kept < 0) return;
+    ::dup2(kept, stream);
+    ::close(kept);
+}
+
+} // namespace
+
+Pager::Pager() {
+    const char *const chosen = std::getenv("PAGER");
+    const char *const command = chosen ? chosen : kUsualPager;
+    int ends[2];
+    if (*command == '\0' || std::string_view(command) == "cat" || ::pipe2(ends, O_CLOEXEC) != 0) return;
+    process_ = ::fork();
+    if (process_ == 0) {
+        ::dup2(ends[0], STDIN_FILENO);
+        become_pager(command);
+    }
+    if (process_ > 0) {
+        output_ = replace(STDOUT_FILENO, ends[1]);
+        if (is_terminal(stderr)) errors_ = replace(STDERR_FILENO, ends[1]);
+    }
+    ::close(ends[0]);
+    ::close(ends[1]);
+}
+
+Pager::~Pager() {
+    if (process_ <= 0) return;
+    std::fflush(stderr);
+    restore(STDOUT_FILENO, output_);
+    restore(STDERR_FILENO, errors_);
+    while (::waitpid(static_cast<pid_t>(process_), nullptr, 0) < 0 && errno == EINTR) continue;
 }
 
 Ending::Ending(void (*act)()) {

@@ -63,6 +63,9 @@ std::optional<ScreenSize> screen_size(std::FILE *file) {
                       static_cast<unsigned>(window.Bottom - window.Top + 1)};
 }
 
+Pager::Pager() = default;
+Pager::~Pager() = default;
+
 Ending::Ending(void (*act)()) {
     act_of_process = act;
     SetConsoleCtrlHandler(on_event, TRUE);

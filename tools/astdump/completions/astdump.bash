@@ -2,7 +2,7 @@
 
 # The lines of --help on options: "--uap NAME  Profile to decode with".
 _astdump_options() {
-    "$1" --help 2>/dev/null </dev/null | sed -n 's/^  \(-[a-z],\)\{0,1\}\(--[a-z]\)/\2/p'
+    "$1" --help all 2>/dev/null </dev/null | sed -n 's/^  \(-[a-z],\)\{0,1\}\(--[a-z]\)/\2/p'
 }
 
 # What an option may be, in the words of the tool on something that it cannot be.
@@ -24,8 +24,8 @@ _astdump() {
     --where | --csv) known=$(_astdump_values "$tool" --where) ;;
     --category) known='1 2 4 7 8 9 10 11 15 16 17 18 19 20 21 23 25 32 34 48 62 63 65 150 205 240 247' ;;
     --convert) known='1 2 34 48' ;;
-    --interface) known=$(cd /sys/class/net 2>/dev/null && printf '%s\n' *) ;;
-    --html | --write | --sites | --metrics) ;;
+    --interface | -i) known=$(cd /sys/class/net 2>/dev/null && printf '%s\n' *) ;;
+    --html | --write | -w | --sites | --metrics) ;;
     --*)
         # Another value, of which nothing is known: not that it is a file.
         if _astdump_options "$tool" | grep -q "^$option [A-Z]"; then

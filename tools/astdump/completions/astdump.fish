@@ -20,7 +20,7 @@ function __astdump_interfaces
 end
 
 # "  --uap NAME   Profile to decode with"
-for line in (astdump --help 2>/dev/null </dev/null)
+for line in (astdump --help all 2>/dev/null </dev/null)
     set --local parts (string match --regex --groups-only '^  (?:-[a-z],)?--([a-z-]+)(?: (\S+))?.*?  +(.*)' -- $line)
     or continue
     set --local option complete --command astdump --long-option $parts[1] --description $parts[-1]

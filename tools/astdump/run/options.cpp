@@ -23,6 +23,31 @@ namespace ast::recording::astdump {
 
 namespace {
 
+constexpr const char *kHelp = R"(Shows the ASTERIX surveillance data in recordings, and as it arrives.
+Usage: astdump [OPTIONS] FILE...
+
+FILE is a capture, a file of blocks or of JSON, a text with octets,
+- for standard input, udp://HOST:PORT, or tcp://HOST:PORT.
+
+  --list, --detail          a line per record; every field; neither: every item
+  --json, --csv [PATHS]     data; a table of quantities and fields
+  --stats, --top            counts; a table of what arrives
+  --html PAGE               a page for web browsers
+  --diff                    what differs between two files
+  -w,--write NEWFILE        a .pcap, .ast or .json file, or udp://, of a choice
+  --where NAME=VALUE        only such records: callsign=KLM*, 'fl>=350'
+  --category LIST           only these: 34,48
+  -c,--count N              only so many
+  -q,--quiet, -v,--verbose  only what is damaged; each of it by itself
+
+  astdump recording.pcap
+  astdump --list --where squawk=7700 recording.pcap
+  astdump --list udp://239.1.1.1:8600
+  astdump 300007A0190CA0
+
+--help all explains everything, and so does man astdump.
+)";
+
 constexpr const char *kExamples =
     R"(Captures may be pcap or pcapng, of Ethernet with or without VLAN tags, Linux cooked, loopback or raw IP, with UDP
 or TCP over IPv4 or IPv6, or LLC frames; any other file holds blocks, one after the other or as a recorder has wrapped
@@ -103,6 +128,7 @@ std::vector<std::string> framing_names() {
 }
 
 struct Texts {
+    std::optional<std::string> help; // how much of it
     std::string profile = "auto";
     std::string framing = "auto";
     std::string categories = "0-255";
@@ -139,7 +165,10 @@ struct OptionalValue {
     bool (*is_value)(const std::string &text);
 };
 
-constexpr OptionalValue kOptionalValues[] = {{"--csv", is_csv_columns}, {"--loop", is_number}};
+bool is_all(const std::string &text) { return text == "all"; }
+
+constexpr OptionalValue kOptionalValues[] = {
+    {"--csv", is_csv_columns}, {"--loop", is_number}, {"--help", is_all}, {"-h", is_all}};
 
 // The parser takes whatever stands behind these for their value; what is none, such as a file, is set apart from it.
 // Last first, as the parser wants them.
@@ -160,7 +189,7 @@ std::string is_name(const std::string &file) { return file.empty() ? "the name o
 
 void describe_live(CLI::App &app, Options &options) {
     app.add_flag("--follow", options.follow, "Wait for more at the end; SIGINT (Ctrl-C) ends it and shows --stats");
-    app.add_option("--interface", options.interface, "Network interface to listen on, by name or address")
+    app.add_option("-i,--interface", options.interface, "Network interface to listen on, by name or address")
         ->type_name("NAME");
 }
 
@@ -211,6 +240,11 @@ void describe_rotation(CLI::App &app, Texts &texts) {
 }
 
 void describe(CLI::App &app, Options &options, Texts &texts) {
+    app.set_help_flag();
+    app.failure_message([](const CLI::App *, const CLI::Error &error) {
+        return std::string(error.what()) + "\nRun with --help for more information.\n";
+    });
+    app.add_option("-h,--help", texts.help, "Print a page of help and exit, or all of it")->type_name("[all]");
     app.add_option("FILE", options.files,
                    "Captures and files of blocks, - for standard input, udp://HOST:PORT or tcp://HOST:PORT")
         ->type_name("");
@@ -241,7 +275,7 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
         ->take_all()
         ->allow_extra_args(false)
         ->type_name("NAME[=VALUE]");
-    app.add_option("--count", texts.count, "Stop after N blocks, or N records where these are the lines")
+    app.add_option("-c,--count", texts.count, "Stop after N blocks, or N records where these are the lines")
         ->type_name("N");
     describe_datagrams(app, options, texts);
     describe_sites(app, texts);
@@ -273,7 +307,7 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_option("--convert", texts.convert,
                    "Turn records into those of categories that say the same: 1 from 48, 2 from 34, and back")
         ->type_name("LIST");
-    app.add_option("--write", options.writes,
+    app.add_option("-w,--write", options.writes,
                    "Write what is chosen to a .pcap, .ast or .json file instead, or send it to udp:// or "
                    "tcp://HOST:PORT; repeated")
         ->check(is_name)
@@ -282,12 +316,17 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
         ->type_name("NEWFILE");
     describe_sending(app, options, texts);
     describe_rotation(app, texts);
-    app.add_flag("--quiet", options.quiet, "No listing, only reports of damage");
-    app.add_flag("--verbose", options.verbose, "Report everything that is damaged, not a line for each reason");
+    app.add_flag("-q,--quiet", options.quiet, "No listing, only reports of damage");
+    app.add_flag("-v,--verbose", options.verbose, "Report everything that is damaged, not a line for each reason");
     app.add_option("--jobs", options.jobs,
                    "Threads, as many as there are processors if not given; the output is the same")
         ->check(CLI::Range(size_t{1}, kMaxJobs).description(""))
         ->type_name("N");
+    app.add_flag_callback(
+        "--pager", [&] { options.pager = true; },
+        "Show what is listed on a terminal page by page, with PAGER or less; --detail does so anyway");
+    app.add_flag_callback(
+        "--no-pager", [&] { options.pager = false; }, "Do not do so");
     app.add_option("--color", options.color, "Colours: always, never, or auto, if not given, on terminals")
         ->check(CLI::IsMember({"auto", "always", "never"}).description(""))
         ->type_name("WHEN");
@@ -465,6 +504,7 @@ CommandLine read_command_line(int argc, char **argv) {
     describe(app, options, texts);
     try {
         app.parse(arguments(argc, argv));
+        if (texts.help) return {.output = is_all(*texts.help) ? app.help() : kHelp};
         complete(options, texts);
     } catch (const CLI::ParseError &error) {
         return end_for(app, error);

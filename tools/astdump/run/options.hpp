@@ -42,7 +42,8 @@ struct Options : ReadOptions {
     bool shifts = false;                 // all times to now
     bool top = false;
     bool quiet = false;
-    bool verbose = false; // each report by itself
+    bool verbose = false;      // each report by itself
+    std::optional<bool> pager; // what is shown on a terminal; nothing: details
     std::string color = "auto";
     size_t jobs = 1;                    // threads
     std::optional<size_t> chunk_octets; // read at a time; nothing: what suits the output

@@ -147,14 +147,52 @@ void Drawing::put() {
     out_.write(text.append(kWipeRestOfScreen));
 }
 
-Progress::Progress(bool enabled) : enabled_(enabled && has_cursor(stderr)), next_(Clock::now() + kFirstProgress) {}
+Progress::Progress(bool enabled)
+    : enabled_(enabled && has_cursor(stderr)), next_(Clock::now() + kFirstProgress), begin_(Clock::now()) {}
+
+namespace {
+
+// "1:05", "2:03:00".
+std::string span_text(uint64_t seconds) {
+    constexpr uint64_t kSixty = 60;
+    char text[32];
+    const uint64_t minutes = seconds / kSixty;
+    if (minutes < kSixty)
+        std::snprintf(text, sizeof text, "%d:%02d", static_cast<int>(minutes), static_cast<int>(seconds % kSixty));
+    else
+        std::snprintf(text, sizeof text, "%llu:%02d:%02d", static_cast<unsigned long long>(minutes / kSixty),
+                      static_cast<int>(minutes % kSixty), static_cast<int>(seconds % kSixty));
+    return text;
+}
+
+} // namespace
+
+// ", 12.3 MB/s, 1:05 left", by what has been read since the file was begun; empty while there is too little of that.
+std::string Progress::pace(const std::string &file, uint64_t consumed, std::optional<uint64_t> size) {
+    constexpr double kOctetsPerMb = 1e6;
+    const Clock::time_point now = Clock::now();
+    if (file != file_) {
+        begin_ = file_.empty() ? begin_ : now;
+        file_ = file;
+    }
+    const double elapsed_s = std::chrono::duration<double>(now - begin_).count();
+    if (consumed == 0 || elapsed_s <= 0) return {};
+    const double octets_per_s = static_cast<double>(consumed) / elapsed_s;
+    char text[64];
+    std::snprintf(text, sizeof text, ", %.1f MB/s", octets_per_s / kOctetsPerMb);
+    if (!size || *size < consumed) return text;
+    const double left_s = static_cast<double>(*size - consumed) / octets_per_s;
+    constexpr double kMost_s = 1e9;
+    return text + (", " + span_text(static_cast<uint64_t>(std::min(left_s, kMost_s)))) + " left";
+}
 
 void Progress::show(const std::string &file, uint64_t consumed, std::optional<uint64_t> size, uint64_t blocks,
                     const std::string &more) {
     next_ = Clock::now() + kProgressInterval;
     const std::string done =
         size && *size > 0 ? std::to_string(100 * consumed / *size) + " %" : std::to_string(consumed / 1000000) + " MB";
-    const std::string text = file + ": " + done + ", " + counted(blocks, "block") + (more.empty() ? "" : ", ") + more;
+    const std::string text = file + ": " + done + pace(file, consumed, size) + ", " + counted(blocks, "block") +
+                             (more.empty() ? "" : ", ") + more;
     std::fprintf(stderr, "\r%s\033[K", cut(text, columns(stderr) - 1).c_str());
 }
 

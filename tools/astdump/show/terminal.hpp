@@ -78,8 +78,8 @@ private:
     std::string lines_;
 };
 
-// How far the reading of a file has got, on standard error, from a second after the start on. Silent unless standard
-// error is a terminal and `enabled`.
+// How far the reading of a file has got, how fast, and how long it is likely to take, on standard error, from a second
+// after the start on. Silent unless standard error is a terminal and `enabled`.
 class Progress {
 public:
     explicit Progress(bool enabled);
@@ -90,8 +90,12 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
 
+    std::string pace(const std::string &file, uint64_t consumed, std::optional<uint64_t> size);
+
     bool enabled_;
     Clock::time_point next_;
+    std::string file_; // that is read, from `begin_` on
+    Clock::time_point begin_;
 };
 
 } // namespace ast::recording::astdump

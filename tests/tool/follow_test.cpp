@@ -162,20 +162,27 @@ TEST(Udp, ListsWhatARadarSends) {
 }
 #endif
 
+// More than the system keeps for a tool that stands still, and is ended before anything else comes.
 TEST(Udp, CountsWhatItWasTooSlowFor) {
-    // More than the system keeps for a tool that stands still. The number of datagrams lost comes with the next one.
-    constexpr int kDatagrams = 600;
+    constexpr unsigned long kDatagrams = 600;
     const std::string big = hex("1E EA60") + std::string(59997, '\0');
     Command command;
-    Background tool(command, "--category 34 --count 1 udp://127.0.0.1:0");
+    Background tool(command, "--stats udp://127.0.0.1:0");
     const Sender sender("127.0.0.1", port_of(tool));
     tool.send(SIGSTOP);
-    for (int i = 0; i < kDatagrams; ++i) sender.send(big);
+    for (unsigned long i = 0; i < kDatagrams; ++i) sender.send(big);
+    tool.send(SIGTERM);
     tool.send(SIGCONT);
-    while (tool.runs()) sender.send(kSector);
     const Result result = tool.wait();
     EXPECT_EQ(result.status, 1);
+    const size_t all = result.out.find("\nall"), lost = result.err.find("lost: ");
+    ASSERT_NE(all, std::string::npos) << result.out;
+    ASSERT_NE(lost, std::string::npos) << result.err;
     EXPECT_NE(result.err.find(" dropped by the system\n"), std::string::npos) << result.err;
+    const unsigned long received = std::stoul(result.out.substr(all + 4)),
+                        dropped = std::stoul(result.err.substr(lost + 6));
+    EXPECT_GT(dropped, 0U);
+    EXPECT_EQ(received + dropped, kDatagrams);
 }
 
 TEST(Connection, IsReadAsItComes) {

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <linux/sock_diag.h>
 #include <net/if.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
@@ -30,12 +31,23 @@ void set_option(udp::socket &socket, int level, int name, const Value &value) {
         throw std::system_error(last_failure());
 }
 
-std::optional<uint32_t> dropped_before(msghdr &message) {
-    const cmsghdr *const control = CMSG_FIRSTHDR(&message);
-    if (!control || control->cmsg_level != SOL_SOCKET || control->cmsg_type != SO_RXQ_OVFL) return std::nullopt;
-    uint32_t dropped = 0;
-    std::memcpy(&dropped, CMSG_DATA(control), sizeof dropped);
-    return dropped;
+template <typename Value>
+Value value_of(const cmsghdr &control) {
+    Value value;
+    std::memcpy(&value, CMSG_DATA(&control), sizeof value);
+    return value;
+}
+
+// What the system says beside the octets.
+void read_controls(msghdr &message, Arrival &arrival) {
+    constexpr int64_t kNanosecondsPerSecond = 1'000'000'000;
+    for (cmsghdr *control = CMSG_FIRSTHDR(&message); control; control = CMSG_NXTHDR(&message, control)) {
+        if (control->cmsg_level != SOL_SOCKET) continue;
+        if (control->cmsg_type == SO_RXQ_OVFL) arrival.dropped = value_of<uint32_t>(*control);
+        if (control->cmsg_type != SCM_TIMESTAMPNS) continue;
+        const auto time = value_of<timespec>(*control);
+        arrival.came_ns = time.tv_sec * kNanosecondsPerSecond + time.tv_nsec;
+    }
 }
 
 } // namespace
@@ -46,7 +58,21 @@ void prepare_to_receive(udp::socket &socket, unsigned interface) {
     if (interface != 0 && !if_indextoname(interface, name)) throw std::system_error(last_failure());
     if (interface != 0) set_option(socket, SOL_SOCKET, SO_BINDTODEVICE, name);
     set_option(socket, SOL_SOCKET, SO_RXQ_OVFL, 1);
+    set_option(socket, SOL_SOCKET, SO_TIMESTAMPNS, 1);
 }
+
+// Who may do so is not kept to what the system grants all. It says twice what it grants, for what it keeps beside it.
+uint64_t ask_for_room(udp::socket &socket, int octets) {
+    const int number = socket.native_handle();
+    if (::setsockopt(number, SOL_SOCKET, SO_RCVBUFFORCE, &octets, sizeof octets) != 0)
+        set_option(socket, SOL_SOCKET, SO_RCVBUF, octets);
+    int granted = 0;
+    socklen_t size = sizeof granted;
+    ::getsockopt(number, SOL_SOCKET, SO_RCVBUF, &granted, &size);
+    return static_cast<uint64_t>(granted) / 2;
+}
+
+std::string_view setting_of_room() { return "net.core.rmem_max"; }
 
 udp::endpoint bound_to_hear(const udp::endpoint &endpoint) { return endpoint; }
 
@@ -65,23 +91,43 @@ void send_groups_by(udp::socket &socket, bool is_ipv6, unsigned interface) {
 }
 
 // There is none after all when its checksum is wrong.
-std::optional<Received> receive(udp::socket &socket, std::span<uint8_t> buffer, udp::endpoint &sender) {
-    alignas(cmsghdr) char control[CMSG_SPACE(sizeof(uint32_t))];
-    iovec octets{.iov_base = buffer.data(), .iov_len = buffer.size()};
-    msghdr message{.msg_name = sender.data(),
-                   .msg_namelen = static_cast<socklen_t>(sender.capacity()),
-                   .msg_iov = &octets,
-                   .msg_iovlen = 1,
-                   .msg_control = control,
-                   .msg_controllen = sizeof control,
-                   .msg_flags = 0};
-    const ssize_t length = recvmsg(socket.native_handle(), &message, MSG_DONTWAIT);
-    if (length < 0 && (errno == EAGAIN || errno == EINTR)) return std::nullopt;
-    if (length < 0) throw std::system_error(last_failure());
-    sender.resize(message.msg_namelen);
-    return Received{.octets = static_cast<size_t>(length),
-                    .is_cut = (message.msg_flags & MSG_TRUNC) != 0,
-                    .dropped = dropped_before(message)};
+size_t Arrivals::receive(udp::socket &socket) {
+    struct Controls {
+        alignas(cmsghdr) char octets[CMSG_SPACE(sizeof(uint32_t)) + CMSG_SPACE(sizeof(timespec))];
+    };
+    std::array<iovec, kMost> octets;
+    std::array<Controls, kMost> controls;
+    std::array<mmsghdr, kMost> messages{};
+    for (size_t i = 0; i < kMost; ++i) {
+        octets[i] = {.iov_base = room(i).data(), .iov_len = room(i).size()};
+        messages[i].msg_hdr = {.msg_name = senders_[i].data(),
+                               .msg_namelen = static_cast<socklen_t>(senders_[i].capacity()),
+                               .msg_iov = &octets[i],
+                               .msg_iovlen = 1,
+                               .msg_control = controls[i].octets,
+                               .msg_controllen = sizeof controls[i].octets,
+                               .msg_flags = 0};
+    }
+    const int count = recvmmsg(socket.native_handle(), messages.data(), kMost, MSG_DONTWAIT, nullptr);
+    if (count < 0 && (errno == EAGAIN || errno == EINTR)) return 0;
+    if (count < 0) throw std::system_error(last_failure());
+    for (size_t i = 0; i < static_cast<size_t>(count); ++i) {
+        msghdr &message = messages[i].msg_hdr;
+        arrivals_[i] = {.octets = room(i).first(messages[i].msg_len),
+                        .is_cut = (message.msg_flags & MSG_TRUNC) != 0,
+                        .came_ns = std::nullopt,
+                        .dropped = std::nullopt};
+        read_controls(message, arrivals_[i]);
+        senders_[i].resize(message.msg_namelen);
+    }
+    return static_cast<size_t>(count);
+}
+
+std::optional<uint32_t> dropped_of(udp::socket &socket) {
+    std::array<uint32_t, SK_MEMINFO_VARS> counts{};
+    socklen_t size = sizeof counts;
+    const bool is_told = ::getsockopt(socket.native_handle(), SOL_SOCKET, SO_MEMINFO, counts.data(), &size) == 0;
+    return is_told && size == sizeof counts ? std::optional(counts[SK_MEMINFO_DROPS]) : std::nullopt;
 }
 
 std::error_code send(udp::socket &socket, std::span<const uint8_t> datagram) {

@@ -29,8 +29,18 @@ int sent(SOCKET socket, std::span<const uint8_t> octets) {
 
 } // namespace
 
-// Neither can be had.
+// None of it can be had.
 void prepare_to_receive(udp::socket &, unsigned) {}
+std::optional<uint32_t> dropped_of(udp::socket &) { return std::nullopt; }
+
+uint64_t ask_for_room(udp::socket &socket, int octets) {
+    socket.set_option(udp::socket::receive_buffer_size(octets));
+    udp::socket::receive_buffer_size granted;
+    socket.get_option(granted);
+    return static_cast<uint64_t>(granted.value());
+}
+
+std::string_view setting_of_room() { return {}; }
 
 // No group can be bound to.
 udp::endpoint bound_to_hear(const udp::endpoint &endpoint) {
@@ -53,18 +63,24 @@ void send_groups_by(udp::socket &socket, bool is_ipv6, unsigned interface) {
 }
 
 // Refusals are those of what has been sent.
-std::optional<Received> receive(udp::socket &socket, std::span<uint8_t> buffer, udp::endpoint &sender) {
-    auto size = static_cast<int>(sender.capacity());
+size_t Arrivals::receive(udp::socket &socket) {
     set_waiting(socket.native_handle(), false);
-    const int length = ::recvfrom(socket.native_handle(), reinterpret_cast<char *>(buffer.data()),
-                                  static_cast<int>(buffer.size()), 0, sender.data(), &size);
-    const int error = length < 0 ? WSAGetLastError() : 0;
-    if (error == WSAEWOULDBLOCK || error == WSAECONNRESET) return std::nullopt;
-    if (error != 0 && error != WSAEMSGSIZE) throw std::system_error(socket_failure());
-    sender.resize(static_cast<size_t>(size));
-    return Received{.octets = error == 0 ? static_cast<size_t>(length) : buffer.size(),
-                    .is_cut = error != 0,
-                    .dropped = std::nullopt};
+    for (size_t count = 0; count < kMost; ++count) {
+        udp::endpoint &sender = senders_[count];
+        auto size = static_cast<int>(sender.capacity());
+        const int length = ::recvfrom(socket.native_handle(), reinterpret_cast<char *>(room(count).data()),
+                                      static_cast<int>(kRoomOctets), 0, sender.data(), &size);
+        const int error = length < 0 ? WSAGetLastError() : 0;
+        if (error == WSAEWOULDBLOCK || error == WSAECONNRESET) return count;
+        if (error != 0 && error != WSAEMSGSIZE) throw std::system_error(socket_failure());
+        sender.resize(static_cast<size_t>(size));
+        const size_t octets = error == 0 ? static_cast<size_t>(length) : kRoomOctets;
+        arrivals_[count] = {.octets = room(count).first(octets),
+                            .is_cut = error != 0,
+                            .came_ns = std::nullopt,
+                            .dropped = std::nullopt};
+    }
+    return kMost;
 }
 
 std::error_code send(udp::socket &socket, std::span<const uint8_t> datagram) {

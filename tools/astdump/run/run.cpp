@@ -170,12 +170,8 @@ std::unique_ptr<Job> Run::make_job(size_t chunk_octets) { return std::make_uniqu
 
 void Run::work(Job &job, size_t number) { worker(number).render(job, most(), static_cast<RenderJob &>(job).rendered); }
 
-bool Run::take(Job &job) {
-    const Rendered &rendered = static_cast<const RenderJob &>(job).rendered;
-    unconverted_ += rendered.unconverted;
-    shown_ += rendered.shown;
-    coverage_ |= rendered.coverage;
-    for (const auto &[source, judgement] : rendered.judgements) judgements_[source] += judgement;
+// With reports at their places.
+void Run::take_first(const Rendered &rendered) {
     size_t taken = 0;
     for (const Report &report : rendered.reports.list()) {
         if (!sinks_.empty()) sinks_.front()->take(rendered.texts.front().text().substr(taken, report.place - taken));
@@ -183,10 +179,19 @@ bool Run::take(Job &job) {
         taken = report.place;
         if (pass_ == 0) reports_.show(report);
     }
-    for (size_t i = 0; i < sinks_.size(); ++i) {
-        sinks_[i]->take(rendered.texts[i].text().substr(i == 0 ? taken : 0));
-        sinks_[i]->count(rendered.tally);
-    }
+    if (!sinks_.empty()) sinks_.front()->take(rendered.texts.front().text().substr(taken));
+}
+
+// What has been shown has been written to files before, whatever ends the run.
+bool Run::take(Job &job) {
+    const Rendered &rendered = static_cast<const RenderJob &>(job).rendered;
+    unconverted_ += rendered.unconverted;
+    shown_ += rendered.shown;
+    coverage_ |= rendered.coverage;
+    for (const auto &[source, judgement] : rendered.judgements) judgements_[source] += judgement;
+    for (size_t i = 0; i < sinks_.size(); ++i) sinks_[i]->count(rendered.tally);
+    for (size_t i = 1; i < sinks_.size(); ++i) sinks_[i]->take(rendered.texts[i].text());
+    take_first(rendered);
     consumed_ = job.chunk.consumed;
     last_block_ = job.chunk.end_number - 1;
     show_progress();

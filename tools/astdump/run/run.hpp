@@ -47,6 +47,7 @@ private:
     bool read(Job &job) override { return inputs_.fill(job); }
     void work(Job &job, size_t worker) override;
     bool take(Job &job) override;
+    void take_first(const Rendered &rendered);
     Worker &worker(size_t number);
 
     void opened(const std::string &name, const Input &input) override;

@@ -5,7 +5,7 @@
  * A second library beside the one of ast.h, which it is built upon. That one is handed octets; this one finds them: in
  * captures (pcap and pcapng, of UDP, TCP and LLC frames), in files of blocks back to back or as recorders wrap them, in
  * records as JSON, all of them also in gzip or zstd, on standard input, in memory, and on the network as they come. It
- * also sends datagrams, at the times of a recording, and to those who connect.
+ * also chooses records by what they hold, and sends datagrams, at the times of a recording, and to those who connect.
  *
  *     static void tell(void *context, const ast_recording_report_t *report) {
  *         (void)context;
@@ -339,6 +339,58 @@ AST_RECORDING_API uint32_t ast_recording_get_state(const ast_recording_t *record
 /** Ends any wait and any search within a tenth of a second; no call hands over a block from then on. From any thread,
  * and from a signal handler, as long as the recording is not closed. Null is none. */
 AST_RECORDING_API void ast_recording_interrupt(ast_recording_t *recording);
+
+/* ------------------------------------------------------------------------------------------------------ choosing -- */
+
+/** What records must hold to be wanted: conditions as users write them, joined to an expression.
+ *
+ *      squawk in (7500, 7600, 7700) or callsign = DLH* and not (fl < 100)
+ *      I048/020/TYP = "ModeS roll-call" and within 40nm of 48.35,11.79
+ *
+ *  docs/filter.md has the grammar, and all names. It is read once:
+ *
+ *      ast_filter_error_t mistake;
+ *      ast_filter_t *filter = ast_filter_open("squawk = 7700 or emergency = 1", &mistake);
+ *      if (!filter) return fprintf(stderr, "%s\n", mistake.text), 2;
+ *      while (ast_recording_next(recording, &block))
+ *          for (uint64_t r = 0; ast_recording_get_record(recording, r, &record); ++r)
+ *              if (ast_filter_matches(filter, &record, NULL)) show(&record);
+ *      ast_filter_close(filter);
+ *
+ *  Any number of threads may ask the same one at once; it keeps nothing of a record. */
+typedef struct ast_filter ast_filter_t;
+
+/** What is wrong in an expression, and where. */
+typedef struct {
+    uint64_t position; /* octets of the expression in front of what is wrong */
+    uint64_t length;   /* octets of that; 0 where something is missing */
+    char text[1000];   /* "'sqawk' is no quantity, nor a path such as I070/MODE3A; did you mean squawk?"; "" for none */
+} ast_filter_error_t;
+
+/** Reads an expression.
+ *  expression  copied; the file behind "inside" is read here
+ *  error       is set whatever comes; null when nobody asks
+ *  Returns null when the expression has no meaning, is empty or null, or names a file that is no area. */
+AST_RECORDING_API ast_filter_t *ast_filter_open(const char *expression, ast_filter_error_t *error);
+
+/** Whether a record meets it. Allocates nothing.
+ *  record   a decoded record of any category, from wherever it came; read only
+ *  answers  what ast_datarecord_get_answers said of it, completed with ast_sites_locate where positions are to be known
+ *           that are not sent; null to have the record asked, without a time of reception, hence without a timestamp
+ *  False without a filter or a record. */
+AST_RECORDING_API bool ast_filter_matches(const ast_filter_t *filter, const ast_datarecord_t *record,
+                                          const ast_answers_t *answers);
+
+/** Whether it asks for latitude and longitude. */
+AST_RECORDING_API bool ast_filter_asks_position(const ast_filter_t *filter);
+
+/** Writes what is asked for under one name that means different quantities in different categories: "I140 is Time of
+ * Day (s) in 048; Geometric Height (ft) in 021", a line for each; nothing as a rule. Cut at the capacity, and
+ * terminated. Returns the length of the whole text. */
+AST_RECORDING_API uint64_t ast_filter_get_ambiguities(char *text, uint64_t capacity, const ast_filter_t *filter);
+
+/** Null is none. No thread may be asking it. */
+AST_RECORDING_API void ast_filter_close(ast_filter_t *filter);
 
 /* ------------------------------------------------------------------------------------------------------- sending -- */
 

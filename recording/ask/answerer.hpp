@@ -21,6 +21,13 @@ public:
         is_asked_ = false;
     }
 
+    // The same where the answers are known, whatever was said of its block.
+    void set_record(const ast_datarecord_t &record, const ast_answers_t &answers) {
+        record_ = &record;
+        answers_ = answers;
+        is_asked_ = true;
+    }
+
     const ast_datarecord_t &record() const { return *record_; }
 
     // Located, and without a timestamp where the recording tells no date. Good until the next record.

@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <stdexcept>
 #include <system_error>
+#include <utility>
 
+#include "ask/units.hpp"
+#include "base/letters.hpp"
 #include "base/numbers.hpp"
 #include "base/time.hpp"
 
@@ -15,15 +17,6 @@ namespace {
 
 constexpr double kSacStep = 1000; // a data source is compared as SAC × 1000 + SIC
 constexpr double kSecondsOfMinute = 60;
-
-// The longer ones first.
-constexpr struct {
-    std::string_view sign;
-    Operator means;
-} kOperators[] = {
-    {"!=", Operator::unequal}, {"<=", Operator::at_most}, {">=", Operator::at_least},
-    {"=", Operator::equal},    {"<", Operator::less},     {">", Operator::more},
-};
 
 std::optional<double> digits_in(std::string_view text, int base) {
     uint64_t number = 0;
@@ -72,34 +65,6 @@ std::optional<double> moment(std::string_view text) {
            read->time.nanoseconds * kSecondsPerNanosecond;
 }
 
-// Letters of ASCII alone, whatever the host's locale is.
-char fold(char character) {
-    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
-}
-
-// Goes back to the last "*", which takes one character more, where the text does not go on as the pattern does.
-bool matches(std::string_view text, std::string_view pattern) {
-    size_t at = 0;
-    size_t p = 0;
-    size_t star = std::string_view::npos;
-    size_t resume = 0;
-    while (at < text.size()) {
-        if (p < pattern.size() && pattern[p] == '*') {
-            star = p++;
-            resume = at;
-        } else if (p < pattern.size() && (pattern[p] == '?' || fold(pattern[p]) == fold(text[at]))) {
-            ++p;
-            ++at;
-        } else if (star != std::string_view::npos) {
-            p = star + 1;
-            at = ++resume;
-        } else {
-            return false;
-        }
-    }
-    return pattern.find_first_not_of('*', p) == std::string_view::npos;
-}
-
 } // namespace
 
 std::optional<double> number_in(std::string_view text, Notation notation) {
@@ -122,53 +87,62 @@ std::optional<double> number_in(std::string_view text, Notation notation) {
     return std::nullopt;
 }
 
-Comparison::Comparison(std::string_view text) {
-    if (text.empty()) return;
-    const auto *const found =
-        std::ranges::find_if(kOperators, [&](const auto &each) { return text.starts_with(each.sign); });
-    if (found == std::end(kOperators))
-        throw std::invalid_argument("'" + std::string(text) + "' does not begin with one of = != < <= > >=");
-    operator_ = found->means;
-    value_ = text.substr(found->sign.size());
-    is_pattern_ = value_.find_first_of("*?") != std::string::npos;
+Comparison::Comparison(Operator means, std::string_view value)
+    : operator_(means), value_(value), is_pattern_(value.find_first_of("*?") != std::string_view::npos) {
     for (const Notation notation : {Notation::decimal, Notation::octal, Notation::hexadecimal, Notation::clock,
                                     Notation::source, Notation::moment})
         numbers_[static_cast<size_t>(notation)] = number_in(value_, notation);
+    const auto measure = number(Notation::decimal) ? std::nullopt : read_measure(value_); // "1e5" has no unit
+    if (!measure || measure->unit.empty()) return;
+    measured_ = measure->number;
+    unit_ = measure->unit;
 }
 
-bool Comparison::fits(Notation notation) const {
-    if (!asks_for_value()) return true;
+void Comparison::set_unit(std::string_view unit) {
+    measured_ = std::exchange(numbers_[static_cast<size_t>(Notation::decimal)], std::nullopt);
+    unit_ = unit;
+}
+
+bool Comparison::fits(Notation notation, std::string_view unit) const {
     if (notation == Notation::text) return !is_ordered() && !value_.empty();
+    if (notation == Notation::decimal && measured_) return unit_factor(unit, unit_).has_value();
     const bool is_digits =
         notation == Notation::octal || notation == Notation::hexadecimal || notation == Notation::source;
-    return numbers_[static_cast<size_t>(notation)].has_value() || (is_digits && is_pattern_ && !is_ordered());
+    return number(notation).has_value() || (is_digits && is_pattern_ && !is_ordered());
 }
 
-bool Comparison::meets(double number, double tolerance, Notation notation) const {
-    const std::optional<double> &asked = numbers_[static_cast<size_t>(notation)];
-    if (!asked) return false;
-    const bool equal = number == *asked || std::abs(number - *asked) < tolerance;
+bool Comparison::compare(double number, double asked, double tolerance) const {
+    const bool equal = number == asked || std::abs(number - asked) < tolerance;
     switch (operator_) {
-    case Operator::exists:
-        return true;
     case Operator::equal:
         return equal;
     case Operator::unequal:
         return !equal;
     case Operator::less:
-        return !equal && number < *asked;
+        return !equal && number < asked;
     case Operator::at_most:
-        return equal || number < *asked;
+        return equal || number < asked;
     case Operator::more:
-        return !equal && number > *asked;
+        return !equal && number > asked;
     case Operator::at_least:
-        return equal || number > *asked;
+        return equal || number > asked;
     }
     return false;
 }
 
+bool Comparison::meets(double number, double tolerance, Notation notation) const {
+    const std::optional<double> &asked = this->number(notation);
+    return asked && compare(number, *asked, tolerance);
+}
+
+bool Comparison::meets_measure(double number, double tolerance, std::string_view unit) const {
+    if (!measured_) return meets(number, tolerance);
+    const auto factor = unit_factor(unit, unit_);
+    return factor && compare(number * *factor, *measured_, tolerance * *factor);
+}
+
 bool Comparison::meets_text(std::string_view text) const {
-    return !is_ordered() && matches(text, value_) == (operator_ == Operator::equal);
+    return !is_ordered() && is_like(text, value_) == (operator_ == Operator::equal);
 }
 
 bool Comparison::meets_any_text(std::initializer_list<std::string_view> texts) const {

@@ -8,25 +8,34 @@
 
 namespace ast::recording {
 
-enum class Operator { exists, equal, unequal, less, at_most, more, at_least };
+enum class Operator { equal, unequal, less, at_most, more, at_least };
 
 // How a value is written.
 enum class Notation { text, decimal, octal, hexadecimal, clock, source, moment };
 
 class Comparison {
 public:
-    // Takes "", or an operator with the value behind it, "=KLM*" or ">=350". Throws std::invalid_argument for an
-    // operator that there is not, and one without a value.
-    explicit Comparison(std::string_view text);
+    Comparison(Operator means, std::string_view value);
 
-    bool asks_for_value() const { return operator_ != Operator::exists; }
     const std::string &value() const { return value_; }
+    bool is_ordered() const { return operator_ > Operator::unequal; }
+    bool is_pattern() const { return is_pattern_; }
 
-    // Whether values of that notation can be compared.
-    bool fits(Notation notation) const;
+    // Of the value, where it is one in that notation; as a decimal number, without a unit.
+    const std::optional<double> &number(Notation notation) const { return numbers_[static_cast<size_t>(notation)]; }
+
+    // The unit that is written behind the number, "" for none; or was to be, as behind the other end of a range.
+    const std::string &unit() const { return unit_; }
+    void set_unit(std::string_view unit);
+
+    // Whether values of that notation can be compared, numbers being of that unit.
+    bool fits(Notation notation, std::string_view unit = {}) const;
 
     // A number equals those that are less than the tolerance away.
     bool meets(double number, double tolerance, Notation notation = Notation::decimal) const;
+
+    // The same of a number of some unit, which is compared in the one that is written, if any is.
+    bool meets_measure(double number, double tolerance, std::string_view unit) const;
 
     // Whether any of the texts, or with != none of them. No text meets nothing.
     bool meets_any_text(std::initializer_list<std::string_view> texts) const;
@@ -38,12 +47,14 @@ public:
     bool meets_digits(std::string_view digits, Notation notation) const;
 
 private:
-    bool is_ordered() const { return operator_ > Operator::unequal; }
+    bool compare(double number, double asked, double tolerance) const;
 
-    Operator operator_ = Operator::exists;
+    Operator operator_;
     std::string value_;
-    bool is_pattern_ = false;
+    bool is_pattern_;
     std::optional<double> numbers_[7]; // by notation
+    std::optional<double> measured_;   // with the unit
+    std::string unit_;
 };
 
 // The number that a text gives in a notation; nothing for none, and for text.

@@ -5,6 +5,8 @@
 #include <numeric>
 #include <stdexcept>
 
+#include "ask/published_fields.hpp"
+#include "base/letters.hpp"
 #include "base/numbers.hpp"
 #include "block/profile_names.hpp"
 
@@ -16,26 +18,35 @@ constexpr uint32_t kCategories = 256;
 constexpr uint32_t kItems = 1000;     // numbers of a category
 constexpr uint32_t kFirstOther = 900; // from here on they are no numbers of items: other layouts of some, REF, SPF
 constexpr uint32_t kAdsB = 21;        // the category whose editions differ under one number
-constexpr uint32_t kRegisters = 256;  // numbers of Mode S registers
 constexpr size_t kCategoryDigits = 5; // "I048/" in front of an item
 constexpr size_t kItemDigits = 3;
 
 constexpr std::string_view kFields[] = {"REF", "SPF", "RFS"};
 
-char upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+bool is_number(std::string_view text) { return text.size() == kItemDigits && std::ranges::all_of(text, is_digit); }
 
-bool is_digit(char c) { return c >= '0' && c <= '9'; }
+bool is_special(std::string_view item) { return std::ranges::find(kFields, item) != std::end(kFields); }
 
-// "I070" and "REF" as the library writes them behind the category; empty for anything else.
-std::string_view item_of(std::string_view path) {
-    const std::string_view item = path.substr(0, path.find_first_of("/["));
-    if (std::ranges::find(kFields, item) != std::end(kFields)) return item;
-    const bool is_number =
-        item.size() == 1 + kItemDigits && item[0] == 'I' && std::ranges::all_of(item.substr(1), is_digit);
-    return is_number ? item.substr(1) : std::string_view();
+// "I048/070/MODE3A", as the library itself writes a path. No field of an item is called by a number.
+bool names_category(std::string_view text) {
+    if (text.size() <= kCategoryDigits || to_capital(text[0]) != 'I' || text[kCategoryDigits - 1] != '/') return false;
+    std::string item(text.substr(kCategoryDigits, kItemDigits));
+    std::ranges::transform(item, item.begin(), to_capital);
+    const bool ends = text.size() == kCategoryDigits + kItemDigits ||
+                      std::string_view("/[").find(text[kCategoryDigits + kItemDigits]) != std::string_view::npos;
+    return is_number(text.substr(1, kItemDigits)) && ends && (is_number(item) || is_special(item));
 }
 
-bool has_value(const ast_field_t &field) { return field.kind < AST_FIELD_REGISTER || field.kind == AST_FIELD_EXPLICIT; }
+// "070" of "I070", and of "070" behind a category, and "REF", as the library writes them; empty for anything else.
+std::string_view item_of(std::string_view path, bool has_category) {
+    std::string_view item = path.substr(0, path.find_first_of("/["));
+    if (is_special(item)) return item;
+    if (item.starts_with('I'))
+        item.remove_prefix(1);
+    else if (!has_category)
+        return {};
+    return is_number(item) ? item : std::string_view();
+}
 
 } // namespace
 
@@ -47,6 +58,7 @@ struct FieldPath::Parts {
 
 std::optional<FieldPath::Parts> FieldPath::split(std::string_view text) {
     Parts parts;
+    if (names_category(text)) text.remove_prefix(1);
     if (!text.empty() && is_digit(text[0])) {
         const size_t slash = std::min(text.find('/'), text.size());
         parts.category = read_number<uint8_t>(text.substr(0, slash));
@@ -54,10 +66,10 @@ std::optional<FieldPath::Parts> FieldPath::split(std::string_view text) {
         text.remove_prefix(slash + 1);
     }
     parts.path = text;
-    std::ranges::transform(parts.path, parts.path.begin(), upper);
-    parts.item = item_of(parts.path);
+    std::ranges::transform(parts.path, parts.path.begin(), to_capital);
+    parts.item = item_of(parts.path, parts.category.has_value());
     if (parts.item.empty()) return std::nullopt;
-    if (is_digit(parts.item[0])) parts.path.erase(0, 1);
+    if (is_digit(parts.item[0]) && parts.path[0] == 'I') parts.path.erase(0, 1);
     return parts;
 }
 
@@ -89,37 +101,16 @@ std::optional<FieldPath> FieldPath::read(std::string_view text) {
                                 (category ? "edition of that category" : "category"));
 }
 
-// Takes the fields of an item, those of Mode S registers behind the path of the field that holds one.
-struct FieldPath::Resolver {
-    FieldPath &path;
-    std::string prefix;
-    bool any = false;
-
-    static void field(void *context, const ast_field_t *field) {
-        auto &resolver = *static_cast<Resolver *>(context);
-        resolver.take(*field, field->path);
-        if (field->kind != AST_FIELD_REGISTER) return;
-        resolver.prefix = field->path;
-        for (uint32_t bds = 0; bds < kRegisters; ++bds) ast_bds_describe(bds, field_of_register, context);
-    }
-
-    static void field_of_register(void *context, const ast_field_t *field) {
-        auto &resolver = *static_cast<Resolver *>(context);
-        const std::string_view name = field->path;
-        const size_t slash = name.find('/'); // behind the number of the register
-        if (slash != std::string_view::npos) resolver.take(*field, resolver.prefix + std::string(name.substr(slash)));
-    }
-
-    void take(const ast_field_t &field, std::string_view name) {
-        const Match match = path.match(name);
-        if (match == Match::none || field.kind == AST_FIELD_SPARE) return;
-        any = true;
-        if (match != Match::exact || !has_value(field)) return;
-        path.fields_.push_back(field);
-        path.fields_.back().path = ""; // which is good for this call alone
-        if (std::ranges::find(path.names_, name) == path.names_.end()) path.names_.emplace_back(name);
-    }
-};
+void FieldPath::take(const ast_field_t &field, std::string_view name, uint32_t category, bool &any) {
+    const Match found = match(name);
+    if (found == Match::none || field.kind == AST_FIELD_SPARE) return;
+    any = true;
+    if (found != Match::exact || !has_value(field)) return;
+    fields_.push_back(field);
+    fields_.back().path = ""; // which is good for this call alone
+    categories_of_fields_.push_back(static_cast<uint8_t>(category));
+    if (std::ranges::find(names_, name) == names_.end()) names_.emplace_back(name);
+}
 
 void FieldPath::resolve(uint32_t category, const ast_uap_t &uap) {
     if (AST_UAP_PUBLISHED.max_frn(category) == 0) return;
@@ -127,9 +118,10 @@ void FieldPath::resolve(uint32_t category, const ast_uap_t &uap) {
     for (uint32_t number = 0; number < kItems; ++number) {
         if (number < kFirstOther && number != own) continue;
         const ast_dataitem_type_t type = AST_DATAITEM_TYPE(category, number);
-        Resolver resolver{*this, {}};
-        ast_dataitem_describe(type, uap, Resolver::field, &resolver);
-        if (!resolver.any) continue;
+        bool any = false;
+        describe_fields(type, uap,
+                        [&](const ast_field_t &field, std::string_view name) { take(field, name, category, any); });
+        if (!any) continue;
         types_.push_back(type);
         categories_.set(category);
     }
@@ -185,7 +177,8 @@ bool FieldPath::is_exactly(const char *path) const {
     const char *at = path + kCategoryDigits + kItemDigits;
     for (const char wanted : std::string_view(path_).substr(kItemDigits)) {
         const char found = *at++;
-        if (found != wanted && upper(found) != wanted) return (found == '[' || chooses_) && match(path) == Match::exact;
+        if (found != wanted && to_capital(found) != wanted)
+            return (found == '[' || chooses_) && match(path) == Match::exact;
     }
     return *at == '\0' || (*at == '[' && match(path) == Match::exact);
 }
@@ -206,7 +199,7 @@ FieldPath::Match FieldPath::match(std::string_view path) const {
                 continue;
             }
         }
-        if (at >= path.size() || upper(path[at]) != path_[wanted]) return Match::none;
+        if (at >= path.size() || to_capital(path[at]) != path_[wanted]) return Match::none;
     }
     if (at < path.size() && path[at] == '[') at = std::min(path.find(']', at), path.size() - 1) + 1;
     if (at == path.size()) return Match::exact;

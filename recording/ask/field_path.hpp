@@ -19,9 +19,9 @@ constexpr uint32_t kOctetsBits = 24; // from so many bits on, what is raw is oct
 
 class FieldPath {
 public:
-    // "I070/MODE3A", of every category that has it, "048/I070/MODE3A" of that one, "I250[1]/MCP_ALT" of the second
-    // element of a list, "I240" the item itself. Nothing for a text of another form. Throws std::invalid_argument for a
-    // path that no edition of a category has.
+    // "I070/MODE3A", of every category that has it, "I048/070/MODE3A" or "048/I070/MODE3A" of that one,
+    // "I250[1]/MCP_ALT" of the second element of a list, "I240" the item itself. Nothing for a text of another form.
+    // Throws std::invalid_argument for a path that no edition of a category has.
     static std::optional<FieldPath> read(std::string_view text);
 
     // Whether a text has the form of a path, be it known or not.
@@ -29,6 +29,9 @@ public:
 
     // What carries a value under this path, of all categories; none for what only holds others.
     const std::vector<ast_field_t> &fields() const { return fields_; }
+
+    // The category of each of these.
+    const std::vector<uint8_t> &categories_of_fields() const { return categories_of_fields_; }
 
     // The one category that the path names, if it does.
     std::optional<uint8_t> category() const { return category_; }
@@ -91,7 +94,7 @@ private:
         std::vector<Known> by_profile;
     };
 
-    struct Resolver;
+    void take(const ast_field_t &field, std::string_view name, uint32_t category, bool &any);
     void resolve(uint32_t category, const ast_uap_t &uap);
     void find_places();
     static double number_of(const ast_field_t &field, uint64_t raw); // in its unit
@@ -139,6 +142,7 @@ private:
     std::vector<Places> places_;             // of each type
     std::vector<std::string> names_;         // of the fields that the path means, as the library describes them
     std::vector<ast_field_t> fields_;
+    std::vector<uint8_t> categories_of_fields_;
 };
 
 } // namespace ast::recording

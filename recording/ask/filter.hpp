@@ -1,62 +1,64 @@
-// Which records of a block are wanted, and which conditions no record of a category can meet.
+// Which records of a block are wanted, and what is worth saying of what was asked for.
 #pragma once
 
-#include <algorithm>
 #include <bitset>
-#include <optional>
 #include <string>
-#include <variant>
+#include <string_view>
 #include <vector>
 
-#include "ask/comparison.hpp"
-#include "ask/field_path.hpp"
-#include "ask/quantities.hpp"
+#include "ask/expression.hpp"
+#include "base/category_set.hpp"
 #include "block/decoded_block.hpp"
 
 namespace ast::recording {
 
-// A quantity, or several that one name stands for, and how their values are compared.
-struct QuantityCondition {
-    QuantityName asked;
-    Notation notation;
-    std::optional<uint32_t> keyword; // AST_KEYWORD_..., whose text may be asked for, too
-};
-
-// What a record must hold: a quantity or a published field, of any value or of those given.
-struct Condition {
-    std::variant<QuantityCondition, FieldPath> what;
-    Comparison comparison;
-    std::string name;
-    std::string text; // all of it
-};
-
-// "NAME" or "NAME=VALUE", with any of the operators. Throws std::invalid_argument for an unknown name and for a value
-// that none can have.
-Condition read_condition(const std::string &text);
-
-// Whether it needs to be known where on the earth targets are.
-bool asks_position(const Condition &condition);
-
-// Sets those records of a block that meet all conditions as shown; all records when there is none.
-void select_records(DecodedBlock &decoded, const std::vector<Condition> &conditions);
-
-// Which categories have what conditions ask for, so that a condition that none of their records can meet is told.
-class ConditionCoverage {
+// Expressions that records must all meet. Read once; several threads may ask the same one.
+class Filter {
 public:
-    // Looks at the records of a block, until its category has shown everything.
-    void look(const DecodedBlock &decoded, const std::vector<Condition> &conditions);
+    // Throws Mistake, and stays as it is.
+    void add(std::string_view expression);
 
-    ConditionCoverage &operator|=(const ConditionCoverage &other);
+    // Whether nothing is asked for.
+    bool empty() const { return expressions_.empty(); }
 
-    // "--where squawk=7700: no record of category 034 has squawk"; a line for each condition that leaves out whole
-    // categories.
-    std::vector<std::string> complaints(const std::vector<Condition> &conditions) const;
+    // Whether it needs to be known where on the earth targets are.
+    bool asks_position() const;
+
+    bool meets(Answerer &answerer) const;
+
+    const std::vector<Condition> &conditions() const { return conditions_; }
+    const std::vector<std::string> &texts() const { return texts_; }
+
+    // What is asked for under one name that means different quantities in these categories, a line for each.
+    std::vector<std::string> ambiguities(const CategorySet &categories) const;
 
 private:
-    using Categories = std::bitset<256>;
+    std::vector<Condition> conditions_; // of all expressions
+    std::vector<Expression> expressions_;
+    std::vector<std::string> texts_; // of these
+};
 
-    Categories seen_;
-    std::vector<Categories> found_; // by condition
+// Sets those records of a block that meet a filter as shown; all records when it asks for nothing.
+void select_records(DecodedBlock &decoded, const Filter &filter);
+
+// Whether records have what a filter asks for, whatever its value, and how many meet it: where nothing comes out, that
+// tells why.
+class FilterCoverage {
+public:
+    // Looks at the records of a block of which those that meet the filter are set.
+    void look(const DecodedBlock &decoded, const Filter &filter);
+
+    // What has been seen since the last call, and all that has been found.
+    FilterCoverage take();
+    FilterCoverage &operator|=(const FilterCoverage &other);
+
+    // "no record meets --where squawk=7700: none of 20 has squawk", or what none has although records meet the rest.
+    std::vector<std::string> complaints(const Filter &filter) const;
+
+private:
+    uint64_t records_ = 0;
+    bool any_met_ = false;
+    std::vector<bool> found_; // by condition
 };
 
 } // namespace ast::recording

@@ -29,6 +29,14 @@ constexpr struct {
     {"vrate", {"vertical_rate_ftmin"}},
 };
 
+// "altitude" of "altitude_ft"; empty where the name has no unit.
+std::string_view name_without_unit(const Quantity &quantity) {
+    constexpr std::string_view kUnits[] = {"_ft", "_nm", "_deg", "_kt", "_ftmin"};
+    for (const std::string_view unit : kUnits)
+        if (quantity.name.ends_with(unit)) return quantity.name.substr(0, quantity.name.size() - unit.size());
+    return {};
+}
+
 // To the microsecond, so that all have the same form.
 void write_moment(CellWriter &out, int64_t nanoseconds) {
     constexpr int64_t kNanosecondsPerMicrosecond = 1000;
@@ -123,13 +131,20 @@ QuantityName find_quantities(std::string_view name) {
         for (const std::string_view each : other.quantities)
             if (const Quantity *const quantity = find_quantity(each)) found.quantities.push_back(quantity);
     }
+    if (!found.quantities.empty() || name.empty()) return found;
+    for (const Quantity &each : kQuantities)
+        if (name_without_unit(each) == name) return {each.name, {&each}};
     return found;
 }
 
-std::string quantity_names() {
-    std::string names;
-    for (const Quantity &each : kQuantities) names.append(names.empty() ? "" : ", ").append(each.name);
-    for (const auto &other : kOtherNames) names.append(", ").append(other.name);
+std::vector<std::string_view> known_names() {
+    std::vector<std::string_view> names;
+    for (const Quantity &each : kQuantities) names.push_back(each.name);
+    for (const auto &other : kOtherNames) names.push_back(other.name);
+    for (const Quantity &each : kQuantities) {
+        const std::string_view name = name_without_unit(each);
+        if (!name.empty() && std::ranges::count(names, name) == 0) names.push_back(name);
+    }
     return names;
 }
 

@@ -7,18 +7,12 @@
 #include <stdexcept>
 #include <system_error>
 
+#include "base/letters.hpp"
 #include "base/numbers.hpp"
 
 namespace ast::recording {
 
 namespace {
-
-std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view kBlanks = " \t\r";
-    const size_t first = text.find_first_not_of(kBlanks);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
-}
 
 // Takes what stands in front of the first separator, which goes, too; all where there is none.
 std::string_view take_field(std::string_view &text, char separator) {

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/endpoint.hpp"
+#include "base/letters.hpp"
 #include "base/time.hpp"
 
 namespace ast::recording {
@@ -25,8 +26,6 @@ bool may_have_key(std::string_view text) {
         found |= unsigned{text[i - 1] == '"'} * unsigned{text[i] >= 'a'} * unsigned{text[i] <= 'z'};
     return found != 0;
 }
-
-bool is_blank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 
 // Goes over the members of an object, without a look inside what they hold.
 class Members {

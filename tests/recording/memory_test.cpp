@@ -77,6 +77,34 @@ TEST(Memory, RunsOutAnywhere) {
     }
 }
 
+// Each kind of condition, and all of them met.
+TEST(Memory, IsNotNeededToMatchARecord) {
+    ast_filter_t *filter = nullptr;
+    for (int64_t allocations = 0; !filter; allocations += 1 + allocations / 16) {
+        ast_filter_error_t error;
+        left = allocations;
+        filter =
+            ast_filter_open("squawk=2345 and callsign in (KLM*, DLH*) and I048/020/TYP=\"roll-call\" and I140>12h and "
+                            "type!=north marker and not (fl<100 or within 1nm of 0,0) and I250/MCP_ALT and icao=3c*",
+                            &error);
+        left = kAll;
+        ASSERT_TRUE(filter || std::string(error.text) == "no memory") << error.text;
+    }
+    const Recording recording = open({sample("radar.ast")});
+    ast_recording_block_t block;
+    ast_datarecord_t record;
+    int met = 0;
+    while (ast_recording_next(recording.get(), &block)) {
+        for (uint64_t r = 0; ast_recording_get_record(recording.get(), r, &record); ++r) {
+            left = 0;
+            met += ast_filter_matches(filter, &record, nullptr) ? 1 : 0;
+            left = kAll;
+        }
+    }
+    EXPECT_EQ(met, 1);
+    ast_filter_close(filter);
+}
+
 } // namespace
 
 } // namespace ast_test

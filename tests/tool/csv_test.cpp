@@ -125,7 +125,7 @@ TEST(Csv, RefusesColumnsThatAreNone) {
         const char *complaint;
     } cases[] = {
         {"I010/SAC,I010/SIX", "--csv: 'I010/SIX' is a field of no category"},
-        {"I010/SAC,level", "--csv: 'level' is none of timestamp, time, "},
+        {"I010/SAC,level", "--csv: 'level' is no quantity, nor a path such as I010/SIC; did you mean fl?"},
         {"048/I070", "--csv: '048/I070' has no value of its own"},
     };
     for (const auto &test : cases) {

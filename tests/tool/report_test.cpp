@@ -176,9 +176,11 @@ TEST(Reports, SayWhatThereIsNoneOf) {
         {"--port 1 " SAMPLES "/radar.ast",
          SAMPLES "/radar.ast: what has no addresses is left out by --port and --host"},
         {"--from 12:00 " SAMPLES "/radar.ast", SAMPLES "/radar.ast: what has no time is left out by --from and --to"},
-        {"--category 34 --list --where squawk=7700 --where 048/I140 " SAMPLES "/radar.ast",
-         "--where squawk=7700: no record of category 034 has squawk"},
-        {"--list --where I220 " SAMPLES "/radar.ast", "--where I220: no record of category 001, 034 has I220"},
+        {"--category 34 --list --where squawk=7700 --where time " SAMPLES "/radar.ast",
+         "no record meets --where 'squawk=7700' --where 'time': none of 2 records has squawk"},
+        {"--list --where squawk=7700 " SAMPLES "/radar.ast", "no record meets --where 'squawk=7700'"},
+        {"--quiet --where 'squawk or I220 or I048/260' " SAMPLES "/radar.ast", "--where: no record has I048/260"},
+        {"--category 7 --list --where squawk " SAMPLES "/radar.ast", "no record meets --where 'squawk': there is none"},
     };
     for (const auto &test : cases) {
         const Result result = command.run(test.arguments);

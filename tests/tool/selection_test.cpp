@@ -181,6 +181,19 @@ TEST(Where, ChoosesRecords) {
     }
 }
 
+TEST(Where, SaysOnceWhatHasTwoMeanings) {
+    const auto warned = [&](const std::string &arguments) {
+        const std::string err = Command().run("--list " + arguments + ' ' + kSample).err;
+        EXPECT_EQ(err.find("I140 is", err.find("I140 is") + 1), std::string::npos) << err;
+        return err.find("I140 is") != std::string::npos;
+    };
+    EXPECT_TRUE(warned("--where 'I140>5 or I140>1000'"));
+    EXPECT_FALSE(warned("--where 'I048/140>5'"));
+    EXPECT_FALSE(warned("--where 'I140>5' --category 48"));
+    EXPECT_FALSE(warned("--where 'I140>=12:00'")); // which no height is
+    EXPECT_FALSE(warned("--where I140"));
+}
+
 TEST(Where, LeavesOutTheRestOfABlock) {
     const std::string primary = "--category 34,48 --where track=43 " + kSample;
     const Result listed = Command().run(primary);
@@ -225,10 +238,13 @@ TEST(Where, RefusesWhatCannotBe) {
         const char *condition;
         const char *complaint;
     } cases[] = {
-        {"level=350", "'level' is none of timestamp, time, category, sac, "},
-        {"level=350", ", simulated, sacsic, track, selalt, icao, position, polar, speed, heading, velocity, vrate, nor "
-                      "a path such as I070/MODE3A\n"},
-        {"=350", "'' is none of timestamp"},
+        {"level=350", "'level' is no quantity, nor a path such as I070/MODE3A; did you mean fl?\n"
+                      "  level=350\n"
+                      "  ^^^^^\n"},
+        {"'callsign=\303\204* or sqauwk=1'", "did you mean squawk?\n"
+                                             "  callsign=\303\204* or sqauwk=1\n"
+                                             "                 ^^^^^^\n"},
+        {"=350", "expected a condition, such as squawk=7700\n  =350\n  ^\n"},
         {"timestamp=12:00", "'12:00' is no value of timestamp, which is a date and time, such as 2014-"},
         {"squawk=7780", "'7780' is no value of squawk, which is octal digits"},
         {"icao=KLM1", "'KLM1' is no value of icao, which is hexadecimal digits"},

@@ -8,7 +8,12 @@ _astdump_options() {
 # What an option may be, in the words of the tool on something that it cannot be.
 _astdump_values() {
     "$1" "$2" '?' - 2>&1 </dev/null |
-        sed -n 's/.* not in {\(.*\)}.*/\1/p; s/.* is none of \(.*\), nor a path.*/\1/p' | tr -d ' ' | tr , '\n'
+        sed -n 's/.* not in {\(.*\)}.*/\1/p' | tr -d ' ' | tr , '\n'
+}
+
+# The quantities and fields whose name begins so.
+_astdump_names() {
+    "$1" --fields "$2*" 2>/dev/null </dev/null | sed '1d; s/ .*//'
 }
 
 _astdump() {
@@ -21,7 +26,7 @@ _astdump() {
     fi
     case $option in
     --uap | --framing | --color | --shift) known=$(_astdump_values "$tool" "$option") ;;
-    --where | --csv) known=$(_astdump_values "$tool" --where) ;;
+    --where | --csv | --fields) known=$(_astdump_names "$tool" "${word##*,}") ;;
     --category) known='1 2 4 7 8 9 10 11 15 16 17 18 19 20 21 23 25 32 34 48 62 63 65 150 205 240 247' ;;
     --convert) known='1 2 34 48' ;;
     --interface | -i) known=$(cd /sys/class/net 2>/dev/null && printf '%s\n' *) ;;
@@ -39,7 +44,7 @@ _astdump() {
         list=${word%"${word##*,}"}
         compopt -o nospace 2>/dev/null
         ;;
-    --where) compopt -o nospace 2>/dev/null ;;
+    --where | --fields) compopt -o nospace 2>/dev/null ;;
     esac
     [[ -z $known && $word == -* ]] && known=$(_astdump_options "$tool" | sed 's/ .*//')
     # Nothing known leaves it to the names of files.

@@ -3,8 +3,13 @@
 # What an option may be, in the words of the tool on something that it cannot be.
 function __astdump_values
     astdump $argv[1] '?' - 2>&1 </dev/null |
-        string match --regex --groups-only '(?: not in {| is none of )(.*?)(?:}|, nor a path)' |
+        string match --regex --groups-only ' not in {(.*?)}' |
         string split , | string trim
+end
+
+# The quantities and fields, behind the head of their table.
+function __astdump_names
+    astdump --fields 2>/dev/null </dev/null | string replace --regex ' .*' '' | string match --invert Path
 end
 
 # The same behind each comma of a list.
@@ -28,10 +33,10 @@ for line in (astdump --help all 2>/dev/null </dev/null)
     switch $parts[1]
         case uap framing color shift
             set --append option --no-files --arguments "(__astdump_values --$parts[1])"
-        case where
-            set --append option --no-files --arguments '(__astdump_values --where)'
+        case where fields
+            set --append option --no-files --arguments '(__astdump_names)'
         case csv
-            set --append option --arguments '(__astdump_list (__astdump_values --where))'
+            set --append option --arguments '(__astdump_list (__astdump_names))'
         case category
             set --append option --no-files --arguments '(__astdump_list 1 2 4 7 8 9 10 11 15 16 17 18 19 20 21 23 25 32 34 48 62 63 65 150 205 240 247)'
         case convert

@@ -8,9 +8,12 @@
 #include <stdexcept>
 #include <string_view>
 
+#include "ask/suggestion.hpp"
+#include "base/nearest.hpp"
 #include "base/numbers.hpp"
 #include "framing/text_octets.hpp"
 #include "run/output_options.hpp"
+#include "show/field_list.hpp"
 #include "show/terminal.hpp"
 #include "show/write_file.hpp"
 #include "source/given_sites.hpp"
@@ -35,7 +38,8 @@ FILE is a capture, a file of blocks or of JSON, a text with octets,
   --html PAGE               a page for web browsers
   --diff                    what differs between two files
   -w,--write NEWFILE        a .pcap, .ast or .json file, or udp://, of a choice
-  --where NAME=VALUE        only such records: callsign=KLM*, 'fl>=350'
+  --where EXPRESSION        only such records: 'callsign=KLM* and fl>=350'
+  --fields [PATTERN]        the names that it knows: '*level*'
   --category LIST           only these: 34,48
   -c,--count N              only so many
   -q,--quiet, -v,--verbose  only what is damaged; each of it by itself
@@ -60,13 +64,18 @@ summary pushes them to the next line.
 Profiles: standard, cat001-plot, cat021-0.23, cat021-0.26, cat021-2.1, cat021-2.4, asr10ss, asr10ss-mk2, thales,
 managair, published, published-other. A block for which a profile has nothing of its own is read by the standard one.
 
+--where takes an expression: conditions, joined by and, or, not and parentheses. A condition is a name, to have any value;
+a name with an operator, = != < <= > >=, and a value, or with = and a range, fl=100..200; squawk in (7500,7600,7700); within
+40nm of 48.35,11.79; or inside area.geojson. Numbers may have a unit, altitude>3000m, times are as 12:00:01.5, in texts *
+and ? stand for any characters, and codes of fields are known by number or text, I048/020/TYP="ModeS roll-call". Blocks
+without a record that is asked for are left out.
+
 --where and --csv know timestamp, time, category, sac, sic, type, track_number, squawk (octal), callsign, icao24
 (hexadecimal), fl (350), altitude_ft, selected_altitude_ft, latitude, longitude, range_nm, azimuth_deg, x_nm, y_nm,
 groundspeed_kt, track_deg, magnetic_heading_deg, true_heading_deg, vertical_rate_ftmin, spi, emergency, on_ground and
-simulated, and the shorter sacsic (25/12), track, icao, selalt, position, polar, speed, heading, velocity and vrate. In
-texts, * and ? stand for any characters. They know every published field, too, by its path (I070/MODE3A,
-048/I070/MODE3A, I250/MCP_ALT), in published units, and items (I240). Operators are = != < <= > >=. Blocks without a
-record that is asked for are left out.
+simulated, and the shorter sacsic (25/12), track, icao, selalt, position, polar, speed, heading, velocity and vrate; and
+every published field by its path (I070/MODE3A of any category, I048/070/MODE3A of one, I250/MCP_ALT), in published
+units, and items (I240). --fields lists them all.
 
 --list shows latitude and longitude also of what is measured from a place that the recording tells or --site gives:
 G behind them is placed as on the ground, without a height, and E from a place that is worked out by aircraft that others
@@ -109,6 +118,9 @@ Examples:
   astdump --diff --within 0.1s a.pcap b.pcap what two recordings of one radar do not have in common
   astdump --where track --where fl=350 a.pcap tracks at flight level 350
   astdump --where 'I070/MODE3A>=7500' a.pcap  by a published field
+  astdump --list --where 'fl=100..200 and within 40nm of 48.35,11.79' a.pcap
+                                             who is there, at these levels
+  astdump --fields '*level*'                 how fields are called that have to do with levels
   astdump --list udp://239.1.1.1:8600        join a multicast group and list what comes; several at once
   astdump --list tcp://radar.example:8600    connect to a server and list what it sends
   astdump --top udp://239.1.1.1:8600         watch who sends how much
@@ -134,7 +146,8 @@ struct Texts {
     std::string categories = "0-255";
     std::vector<std::string> conditions;
     std::string convert;
-    std::optional<std::string> csv; // its columns
+    std::optional<std::string> csv;    // its columns
+    std::optional<std::string> fields; // their pattern
     std::optional<std::string> count;
     std::optional<std::string> ports;
     std::optional<std::string> hosts;
@@ -166,9 +179,15 @@ struct OptionalValue {
 };
 
 bool is_all(const std::string &text) { return text == "all"; }
+bool is_no_option(const std::string &text) { return !text.starts_with("-"); }
 
-constexpr OptionalValue kOptionalValues[] = {
-    {"--csv", is_csv_columns}, {"--loop", is_number}, {"--help", is_all}, {"-h", is_all}};
+constexpr const char *kFieldsOption = "--fields";
+
+constexpr OptionalValue kOptionalValues[] = {{"--csv", is_csv_columns},
+                                             {"--loop", is_number},
+                                             {kFieldsOption, is_no_option},
+                                             {"--help", is_all},
+                                             {"-h", is_all}};
 
 // The parser takes whatever stands behind these for their value; what is none, such as a file, is set apart from it.
 // Last first, as the parser wants them.
@@ -267,14 +286,19 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
         ->type_name("NAME");
     app.add_option("--category", texts.categories, "Categories to show, such as 34,48 or 1-21")
         ->check([](const std::string &list) {
-            return read_categories(list) ? std::string() : "'" + list + "' is not a list of categories";
+            return read_categories(list) ? std::string() : "'" + list + "' is not a list of categories, 0 to 255";
         })
         ->type_name("LIST");
     app.add_option("--where", texts.conditions,
-                   "Show only records with NAME, or that VALUE (= != < <= > >=) for it; repeated, all must hold")
+                   "Show only records that meet it, such as squawk=7700 or 'fl>100 and callsign', see below; repeated, "
+                   "all must hold")
         ->take_all()
         ->allow_extra_args(false)
-        ->type_name("NAME[=VALUE]");
+        ->type_name("EXPRESSION");
+    app.add_option(kFieldsOption, texts.fields,
+                   "List what --where and --csv know, quantities and published fields, by a pattern such as '*level*' "
+                   "or 'I048/*', with --json as data, and exit")
+        ->type_name("[PATTERN]");
     app.add_option("-c,--count", texts.count, "Stop after N blocks, or N records where these are the lines")
         ->type_name("N");
     describe_datagrams(app, options, texts);
@@ -334,15 +358,33 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.footer(kExamples);
 }
 
-// Shows the help that was asked for, or what is wrong, which may quote names of files that a pattern of the shell
-// found.
-CommandLine end_for(const CLI::App &app, const CLI::ParseError &error) {
-    std::ostringstream output, messages;
-    const bool is_clean = app.exit(error, output, messages) == 0;
-    std::istringstream lines(messages.str());
+// The first line is the message; those behind it show what it is about, and may quote names of files that a pattern of
+// the shell found.
+void tell_lines(const std::string &text) {
+    std::istringstream lines(text);
     std::string line;
     if (std::getline(lines, line)) tell(line);
     while (std::getline(lines, line)) std::fprintf(stderr, "%s\n", readable(line).c_str());
+}
+
+// "; did you mean --json?" of an option that there is not.
+std::string option_meant(const CLI::App &app, const std::string &message) {
+    const size_t begin = message.find("--");
+    if (begin == std::string::npos) return {};
+    Nearest nearest(std::string_view(message).substr(begin, message.find_first_of(" =", begin) - begin));
+    for (const CLI::Option *const option : app.get_options())
+        for (const std::string &name : option->get_lnames()) nearest.offer("--" + name);
+    return nearest.found().empty() ? std::string() : "; did you mean " + nearest.found() + '?';
+}
+
+// Shows the help that was asked for, or what is wrong.
+CommandLine end_for(const CLI::App &app, const CLI::ParseError &error) {
+    std::ostringstream output, messages;
+    const bool is_unknown = error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError);
+    const CLI::ParseError said(error.what() + (is_unknown ? option_meant(app, error.what()) : ""),
+                               error.get_exit_code());
+    const bool is_clean = app.exit(is_unknown ? said : error, output, messages) == 0;
+    tell_lines(messages.str());
     return {.options = {}, .status = is_clean ? kExitClean : kExitUnusable, .output = output.str()};
 }
 
@@ -406,9 +448,13 @@ void read_choice(Options &options, const Texts &texts) {
     if (texts.to) datagrams.to = read_limit("--to", *texts.to);
 }
 
+void add_condition(Filter &where, const std::string &text) try { where.add(text); } catch (const Mistake &mistake) {
+    throw std::invalid_argument("--where: " + mistake_text(text, mistake));
+}
+
 bool wants_positions(const Options &options) {
-    const auto asks = [](const auto &each) { return asks_position(each); };
-    return std::ranges::any_of(options.where, asks) || (options.csv && std::ranges::any_of(*options.csv, asks));
+    const auto asks = [](const CsvColumn &each) { return asks_position(each); };
+    return options.where.asks_position() || (options.csv && std::ranges::any_of(*options.csv, asks));
 }
 
 // Where data sources stand; what is given by itself goes over what a file has.
@@ -468,7 +514,7 @@ void complete(Options &options, const Texts &texts) {
     options.profile = find_profile(texts.profile);
     options.framing = find_framing(texts.framing);
     options.categories = *read_categories(texts.categories);
-    for (const std::string &condition : texts.conditions) options.where.push_back(read_condition(condition));
+    for (const std::string &condition : texts.conditions) add_condition(options.where, condition);
     read_choice(options, texts);
     if (!texts.convert.empty()) options.convert = read_convert_targets(texts.convert);
     check_outputs(options);
@@ -493,6 +539,16 @@ void complete(Options &options, const Texts &texts) {
     read_comparison(options, texts);
 }
 
+// What stands behind other options is no file, which is not needed, but the pattern.
+CommandLine list_fields(const Options &options, const Texts &texts) {
+    std::string pattern = *texts.fields == kUsualValue ? "" : *texts.fields;
+    if (pattern.empty() && !options.files.empty()) pattern = options.files.front();
+    std::string list = field_list(pattern, options.json);
+    if (list.empty())
+        throw std::invalid_argument("--fields: nothing is called '" + pattern + "'" + suggestion(pattern));
+    return {.options = {}, .status = kExitClean, .output = std::move(list)};
+}
+
 } // namespace
 
 CommandLine read_command_line(int argc, char **argv) {
@@ -505,11 +561,12 @@ CommandLine read_command_line(int argc, char **argv) {
     try {
         app.parse(arguments(argc, argv));
         if (texts.help) return {.output = is_all(*texts.help) ? app.help() : kHelp};
+        if (texts.fields) return list_fields(options, texts);
         complete(options, texts);
     } catch (const CLI::ParseError &error) {
         return end_for(app, error);
     } catch (const std::invalid_argument &error) {
-        tell(error.what());
+        tell_lines(error.what());
         return {.status = kExitUnusable};
     }
     return {.options = options};

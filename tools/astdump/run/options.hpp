@@ -21,7 +21,7 @@ struct Options : ReadOptions {
     std::vector<std::string> files;
     std::vector<std::string> hex;  // texts with octets, read behind the files
     CategorySet convert;           // to these, what converts to them
-    std::vector<Condition> where;  // that records must meet to be shown
+    Filter where;                  // that records must meet to be shown
     std::optional<uint64_t> count; // of what is to be shown: blocks, or lines of records
     bool list = false;
     bool json = false;

@@ -73,6 +73,8 @@ Worker &Run::worker(size_t number) {
 }
 
 int Run::files() {
+    for (const std::string &text : options_.where.ambiguities(options_.categories))
+        tell("--where: " + text + "; with a category in front, as in I048/140, it is that of one");
     Pipeline pipeline(*this, threads_of(options_), chunk_octets_of(options_, sinks_));
     for (pass_ = 0; pass_ < options_.passes && !done(); ++pass_) {
         const uint64_t shown_before = shown_;

@@ -64,7 +64,7 @@ private:
     std::vector<std::optional<Worker>> workers_; // made when their threads have something to do
     uint64_t pass_ = 0;                          // over all inputs; what the first has told holds for all
     uint64_t shown_ = 0;                         // as the first sink counts
-    ConditionCoverage coverage_;
+    FilterCoverage coverage_;
     Judgements judgements_;       // of the input at hand
     bool is_implausible_ = false; // any source of any input
     uint64_t unconverted_ = 0;    // records

@@ -58,7 +58,7 @@ void Worker::render(const Job &job, uint64_t most, Rendered &rendered) {
         if (renderers_[i]) renderers_[i]->end(rendered.texts[i]);
     rendered.tally = counter_.take();
     for (const Report &made : rendered.reports.list()) rendered.tally.losses.add(made);
-    rendered.coverage = coverage_;
+    rendered.coverage = coverage_.take();
 }
 
 // As many blocks as there is no need to take apart.

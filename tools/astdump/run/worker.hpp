@@ -26,7 +26,7 @@ struct Rendered {
     Tally tally;
     uint64_t unconverted = 0; // records that are left out
     uint64_t shown = 0;       // as the first sink counts
-    ConditionCoverage coverage;
+    FilterCoverage coverage;
     Judgements judgements;
 };
 
@@ -58,7 +58,7 @@ private:
     BlockConverter converter_;
     std::vector<uint8_t> part_; // of a block
     Counter counter_;
-    ConditionCoverage coverage_;                       // of all that has been decoded here
+    FilterCoverage coverage_;                          // of all that has been decoded here
     const Sink *first_ = nullptr;                      // whose count counts
     bool counts_ = false;                              // whether any sink wants that
     bool only_counts_ = false;                         // whether that is all that becomes of a block without a fault

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "ask/answerer.hpp"
+#include "ask/suggestion.hpp"
 #include "base/numbers.hpp"
 #include "base/time.hpp"
 #include "show/field_text.hpp"
@@ -34,13 +35,19 @@ void add(std::vector<CsvColumn> &columns, CsvColumn column) {
     if (!is_there) columns.push_back(std::move(column));
 }
 
+std::optional<FieldPath> read_path(const std::string &name) try {
+    return FieldPath::read(name);
+} catch (const std::invalid_argument &error) {
+    throw std::invalid_argument(error.what() + suggestion(name));
+}
+
 void add(std::vector<CsvColumn> &columns, const std::string &name) {
     const QuantityName quantity = find_quantities(name);
     for (const Quantity *const each : quantity.quantities) add(columns, {std::string(each->name), each});
     if (!quantity.quantities.empty()) return;
-    const auto path = FieldPath::read(name);
+    const auto path = read_path(name);
     if (!path)
-        throw std::invalid_argument("'" + name + "' is none of " + quantity_names() + ", nor a path such as I010/SIC");
+        throw std::invalid_argument("'" + name + "' is no quantity, nor a path such as I010/SIC" + suggestion(name));
     if (path->fields().empty())
         throw std::invalid_argument("'" + name + "' has no value of its own but holds fields that have");
     add(columns, {name, *path});

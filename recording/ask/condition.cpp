@@ -504,7 +504,7 @@ void set_values(Condition &condition, const Word &name, const WrittenValues &val
 bool has_text(const Condition &condition, std::string_view text) {
     const auto *const field = std::get_if<FieldCondition>(&condition.what);
     bool any = false;
-    if (!field) return any;
+    if (!field || text.find(' ') == std::string_view::npos) return any; // one word has no other meaning
     for (const ast_field_t &each : field->path.fields())
         each_code_text(each, [&](uint64_t, std::string_view known) { any = any || is_same_word(known, text); });
     return any;

@@ -99,9 +99,9 @@ private:
         do {
             skip_blanks();
             if (next() != '"') fail("expected the name of a member");
-            std::string name = string();
+            result.names.push_back(string());
             if (!takes(':')) fail("expected :");
-            result.members.emplace_back(std::move(name), value(level + 1));
+            result.elements.push_back(value(level + 1));
         } while (takes(','));
         if (!takes('}')) fail("expected , or }");
         return result;
@@ -144,9 +144,8 @@ private:
 } // namespace
 
 const JsonValue *JsonValue::find(std::string_view name) const {
-    const auto found =
-        std::ranges::find(members, name, [](const auto &member) { return std::string_view(member.first); });
-    return found == members.end() ? nullptr : &found->second;
+    const auto found = std::ranges::find(names, name);
+    return found == names.end() ? nullptr : &elements[static_cast<size_t>(found - names.begin())];
 }
 
 const char *JsonValue::kind_text() const {

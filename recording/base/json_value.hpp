@@ -4,7 +4,6 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace ast::recording {
@@ -16,8 +15,8 @@ struct JsonValue {
     bool boolean = false;
     double number = 0;
     std::string text;
-    std::vector<JsonValue> elements;
-    std::vector<std::pair<std::string, JsonValue>> members;
+    std::vector<JsonValue> elements; // of a list, and the values of the members of an object
+    std::vector<std::string> names;  // of these members
 
     // The first member of that name; null where there is none, also of what is no object.
     const JsonValue *find(std::string_view name) const;

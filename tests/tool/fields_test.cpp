@@ -23,10 +23,9 @@ TEST(Fields, AreFoundByPathAndTitle) {
         {"I048/020/RAB --json",
          "{\"path\":\"I048/020/RAB\",\"title\":\"\",\"bits\":1,\"texts\":{\"0\":\"Report from aircraft transponder\","
          "\"1\":\"Report from field monitor (fixed transponder)\"}}\n"},
-        {"--json I048/250/MCP_ALT",
-         "{\"path\":\"I048/250/MCP_ALT\",\"title\":\"MCP/FCU selected "
-         "altitude\",\"unit\":\"ft\",\"bits\":12,\"step\":\"16\","
-         "\"list\":true}\n"},
+        {"--json I048/250/MCP_ALT", "{\"path\":\"I048/250/MCP_ALT\",\"title\":\"MCP/FCU selected "
+                                    "altitude\",\"unit\":\"ft\",\"bits\":12,\"step\":\"16\","
+                                    "\"list\":true}\n"},
         {"'selected_altitude*' --json",
          "{\"path\":\"selected_altitude_ft\",\"title\":\"Altitude that the crew has selected\",\"unit\":\"ft\"}\n"
          "{\"path\":\"selected_altitude\",\"title\":\"Altitude that the crew has selected\","

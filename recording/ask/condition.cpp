@@ -175,7 +175,8 @@ double tolerance_of(const ast_field_t &field) {
 
 bool meets_code(const Value &asked, const ast_field_value_t &value) {
     for (const Value::Codes &known : asked.codes)
-        if (known.texts == value.field->texts) return value.raw < known.codes.size() && known.codes.test(value.raw);
+        if (known.texts == value.field->texts)
+            return value.raw < known.codes.size() && known.codes.test(static_cast<size_t>(value.raw));
     char text[kCodeTextRoom];
     return asked.comparison.meets_text(code_text(*value.field, value.raw, text));
 }
@@ -347,7 +348,7 @@ void set_values(QuantityCondition &condition, const Word &name, const WrittenVal
 
 // ---- Texts of codes ----
 
-constexpr uint64_t kCodes = 256; // of eight bits, as many as any field of codes has
+constexpr size_t kCodes = 256; // of eight bits, as many as any field of codes has
 
 template <typename Take>
 void each_code_text(const ast_field_t &field, Take take) {
@@ -392,7 +393,7 @@ std::vector<Value::Codes> find_codes(const FieldPath &path, Operator means, cons
         if (!takes_text(field)) continue;
         Value::Codes codes{.texts = field.texts, .codes = {}};
         char text[kCodeTextRoom];
-        for (uint64_t code = 0; code < kCodes; ++code)
+        for (size_t code = 0; code < kCodes; ++code)
             codes.codes.set(code, comparison.meets_text(code_text(field, code, text)));
         all.push_back(codes);
     }

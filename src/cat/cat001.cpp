@@ -80,9 +80,7 @@ struct I001_020 : Item<1020, ast_dataitem_001_020_t, extended<2>> {
     }
 };
 
-AST_DEFINE_DECODE(I001_020, ast_dataitem_001_020_decode)
-AST_DEFINE_VIEWS(I001_020, ast_dataitem_001_020_get_summary, ast_dataitem_001_020_get_detail_html)
-AST_DEFINE_ENCODE(I001_020, ast_dataitem_001_020_encode)
+AST_DEFINE_ENCODED_ITEM(I001_020, ast_dataitem_001_020)
 
 // ---- I001/030 Warning/Error Conditions ----
 
@@ -117,9 +115,7 @@ const char *describe_condition(uint32_t code) {
 
 struct I001_030 : WarningConditions<1030, kUnlimitedOctets, describe_condition> {};
 
-AST_DEFINE_DECODE(I001_030, ast_dataitem_001_030_decode)
-AST_DEFINE_VIEWS(I001_030, ast_dataitem_001_030_get_summary, ast_dataitem_001_030_get_detail_html)
-AST_DEFINE_ENCODE(I001_030, ast_dataitem_001_030_encode)
+AST_DEFINE_ENCODED_ITEM(I001_030, ast_dataitem_001_030)
 
 // ---- I001/040 Measured Position in Polar Co-ordinates ----
 
@@ -128,9 +124,7 @@ struct I001_040 : PolarPosition<1040, ast_dataitem_001_040_t, &ast_dataitem_001_
     static bool write(uint8_t *octets, Value &position) { return write_fitting(octets, position); }
 };
 
-AST_DEFINE_DECODE(I001_040, ast_dataitem_001_040_decode)
-AST_DEFINE_VIEWS(I001_040, ast_dataitem_001_040_get_summary, ast_dataitem_001_040_get_detail_html)
-AST_DEFINE_ENCODE(I001_040, ast_dataitem_001_040_encode)
+AST_DEFINE_ENCODED_ITEM(I001_040, ast_dataitem_001_040)
 
 // ---- I001/042 Calculated Position in Cartesian Co-ordinates ----
 
@@ -152,9 +146,7 @@ struct I001_042 : ScaledPairItem<1042, FieldScale{2, true, 1, kCartesianUnitsPer
     }
 };
 
-AST_DEFINE_DECODE(I001_042, ast_dataitem_001_042_decode)
-AST_DEFINE_VIEWS(I001_042, ast_dataitem_001_042_get_summary, ast_dataitem_001_042_get_detail_html)
-AST_DEFINE_ENCODE(I001_042, ast_dataitem_001_042_encode)
+AST_DEFINE_ENCODED_ITEM(I001_042, ast_dataitem_001_042)
 
 // ---- I001/120 Measured Radial Doppler Speed ----
 
@@ -169,9 +161,7 @@ struct I001_120 : ScaledItem<1120, FieldScale{1, true, 225, 16}> { // 1/256 NM/s
     }
 };
 
-AST_DEFINE_DECODE(I001_120, ast_dataitem_001_120_decode)
-AST_DEFINE_VIEWS(I001_120, ast_dataitem_001_120_get_summary, ast_dataitem_001_120_get_detail_html)
-AST_DEFINE_ENCODE(I001_120, ast_dataitem_001_120_encode)
+AST_DEFINE_ENCODED_ITEM(I001_120, ast_dataitem_001_120)
 
 // ---- I001/130 Radar Plot Characteristics ----
 
@@ -190,9 +180,7 @@ struct I001_131 : ScaledItem<1131, FieldScale{1, true, 1, 1}> {
     }
 };
 
-AST_DEFINE_DECODE(I001_131, ast_dataitem_001_131_decode)
-AST_DEFINE_VIEWS(I001_131, ast_dataitem_001_131_get_summary, ast_dataitem_001_131_get_detail_html)
-AST_DEFINE_ENCODE(I001_131, ast_dataitem_001_131_encode)
+AST_DEFINE_ENCODED_ITEM(I001_131, ast_dataitem_001_131)
 
 // ---- I001/141 Truncated Time of Day ----
 
@@ -209,9 +197,7 @@ struct I001_141 : ScaledItem<1141, FieldScale{2, false, 1, 128}> {
     }
 };
 
-AST_DEFINE_DECODE(I001_141, ast_dataitem_001_141_decode)
-AST_DEFINE_VIEWS(I001_141, ast_dataitem_001_141_get_summary, ast_dataitem_001_141_get_detail_html)
-AST_DEFINE_ENCODE(I001_141, ast_dataitem_001_141_encode)
+AST_DEFINE_ENCODED_ITEM(I001_141, ast_dataitem_001_141)
 
 // ---- I001/150 Presence of X-Pulse ----
 
@@ -251,9 +237,7 @@ struct I001_150 : Item<1150, ast_dataitem_001_150_t, fixed<1>> {
     }
 };
 
-AST_DEFINE_DECODE(I001_150, ast_dataitem_001_150_decode)
-AST_DEFINE_VIEWS(I001_150, ast_dataitem_001_150_get_summary, ast_dataitem_001_150_get_detail_html)
-AST_DEFINE_ENCODE(I001_150, ast_dataitem_001_150_encode)
+AST_DEFINE_ENCODED_ITEM(I001_150, ast_dataitem_001_150)
 
 // ---- I001/170 Track Status ----
 
@@ -306,17 +290,13 @@ struct I001_170 : Item<1170, ast_dataitem_001_170_t, extended<2>> {
     }
 };
 
-AST_DEFINE_DECODE(I001_170, ast_dataitem_001_170_decode)
-AST_DEFINE_VIEWS(I001_170, ast_dataitem_001_170_get_summary, ast_dataitem_001_170_get_detail_html)
-AST_DEFINE_ENCODE(I001_170, ast_dataitem_001_170_encode)
+AST_DEFINE_ENCODED_ITEM(I001_170, ast_dataitem_001_170)
 
 // ---- I001/210 Track Quality ----
 
 struct I001_210 : OctetChain<1210, kUnlimitedOctets> {};
 
-AST_DEFINE_DECODE(I001_210, ast_dataitem_001_210_decode)
-AST_DEFINE_VIEWS(I001_210, ast_dataitem_001_210_get_summary, ast_dataitem_001_210_get_detail_html)
-AST_DEFINE_ENCODE(I001_210, ast_dataitem_001_210_encode)
+AST_DEFINE_ENCODED_ITEM(I001_210, ast_dataitem_001_210)
 
 // ---- I001/130 and I001/210 of two radar families, which bound them ----
 
@@ -325,14 +305,10 @@ struct I001_A02 : OctetChain<1902, 1> {};
 struct I001_A03 : OctetChain<1903, 4> {};
 struct I001_A04 : OctetChain<1904, 11> {};
 
-AST_DEFINE_DECODE(I001_A01, ast_dataitem_001_A01_decode)
-AST_DEFINE_VIEWS(I001_A01, ast_dataitem_001_A01_get_summary, ast_dataitem_001_A01_get_detail_html)
-AST_DEFINE_DECODE(I001_A02, ast_dataitem_001_A02_decode)
-AST_DEFINE_VIEWS(I001_A02, ast_dataitem_001_A02_get_summary, ast_dataitem_001_A02_get_detail_html)
-AST_DEFINE_DECODE(I001_A03, ast_dataitem_001_A03_decode)
-AST_DEFINE_VIEWS(I001_A03, ast_dataitem_001_A03_get_summary, ast_dataitem_001_A03_get_detail_html)
-AST_DEFINE_DECODE(I001_A04, ast_dataitem_001_A04_decode)
-AST_DEFINE_VIEWS(I001_A04, ast_dataitem_001_A04_get_summary, ast_dataitem_001_A04_get_detail_html)
+AST_DEFINE_ITEM(I001_A01, ast_dataitem_001_A01)
+AST_DEFINE_ITEM(I001_A02, ast_dataitem_001_A02)
+AST_DEFINE_ITEM(I001_A03, ast_dataitem_001_A03)
+AST_DEFINE_ITEM(I001_A04, ast_dataitem_001_A04)
 
 // ---- Accessors ----
 

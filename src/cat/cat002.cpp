@@ -41,10 +41,8 @@ struct I002_A02 : OctetChain<2902, 16> {};
 
 AST_DEFINE_DECODE(I002_050, ast_dataitem_002_050_decode)
 AST_DEFINE_DETAIL(I002_050, ast_dataitem_002_050_get_detail_html)
-AST_DEFINE_DECODE(I002_A01, ast_dataitem_002_A01_decode)
-AST_DEFINE_VIEWS(I002_A01, ast_dataitem_002_A01_get_summary, ast_dataitem_002_A01_get_detail_html)
-AST_DEFINE_DECODE(I002_A02, ast_dataitem_002_A02_decode)
-AST_DEFINE_VIEWS(I002_A02, ast_dataitem_002_A02_get_summary, ast_dataitem_002_A02_get_detail_html)
+AST_DEFINE_ITEM(I002_A01, ast_dataitem_002_A01)
+AST_DEFINE_ITEM(I002_A02, ast_dataitem_002_A02)
 
 // ---- Accessors ----
 

@@ -140,8 +140,7 @@ struct I004_060 : Item<4060, ast_dataitem_004_060_t, extended<6>> {
     }
 };
 
-AST_DEFINE_DECODE(I004_060, ast_dataitem_004_060_decode)
-AST_DEFINE_VIEWS(I004_060, ast_dataitem_004_060_get_summary, ast_dataitem_004_060_get_detail_html)
+AST_DEFINE_ITEM(I004_060, ast_dataitem_004_060)
 
 // ---- I004/100 Area Definition ----
 

@@ -69,8 +69,7 @@ struct I008_020 : Item<8020, ast_dataitem_008_020_t, extended<2>> {
     }
 };
 
-AST_DEFINE_DECODE(I008_020, ast_dataitem_008_020_decode)
-AST_DEFINE_VIEWS(I008_020, ast_dataitem_008_020_get_summary, ast_dataitem_008_020_get_detail_html)
+AST_DEFINE_ITEM(I008_020, ast_dataitem_008_020)
 
 // ---- Sequences of vectors and points ----
 
@@ -132,8 +131,7 @@ struct I008_034 : Sequence<I008_034, 8034, ast_dataitem_008_034_t, repetitive<4>
     }
 };
 
-AST_DEFINE_DECODE(I008_034, ast_dataitem_008_034_decode)
-AST_DEFINE_VIEWS(I008_034, ast_dataitem_008_034_get_summary, ast_dataitem_008_034_get_detail_html)
+AST_DEFINE_ITEM(I008_034, ast_dataitem_008_034)
 
 // ---- I008/036 Sequence of Cartesian Vectors in SPF Notation ----
 
@@ -157,8 +155,7 @@ struct I008_036 : Sequence<I008_036, 8036, ast_dataitem_008_036_t, repetitive<3>
     }
 };
 
-AST_DEFINE_DECODE(I008_036, ast_dataitem_008_036_decode)
-AST_DEFINE_VIEWS(I008_036, ast_dataitem_008_036_get_summary, ast_dataitem_008_036_get_detail_html)
+AST_DEFINE_ITEM(I008_036, ast_dataitem_008_036)
 
 // ---- I008/038 Sequence of Weather Vectors in SPF Notation ----
 
@@ -183,8 +180,7 @@ struct I008_038 : Sequence<I008_038, 8038, ast_dataitem_008_038_t, repetitive<4>
     }
 };
 
-AST_DEFINE_DECODE(I008_038, ast_dataitem_008_038_decode)
-AST_DEFINE_VIEWS(I008_038, ast_dataitem_008_038_get_summary, ast_dataitem_008_038_get_detail_html)
+AST_DEFINE_ITEM(I008_038, ast_dataitem_008_038)
 
 // ---- I008/040 Contour Identifier ----
 
@@ -212,8 +208,7 @@ struct I008_040 : Item<8040, ast_dataitem_008_040_t, fixed<2>> {
     }
 };
 
-AST_DEFINE_DECODE(I008_040, ast_dataitem_008_040_decode)
-AST_DEFINE_VIEWS(I008_040, ast_dataitem_008_040_get_summary, ast_dataitem_008_040_get_detail_html)
+AST_DEFINE_ITEM(I008_040, ast_dataitem_008_040)
 
 // ---- I008/050 Sequence of Contour Points in SPF Notation ----
 
@@ -234,8 +229,7 @@ struct I008_050 : Sequence<I008_050, 8050, ast_dataitem_008_050_t, repetitive<2>
     }
 };
 
-AST_DEFINE_DECODE(I008_050, ast_dataitem_008_050_decode)
-AST_DEFINE_VIEWS(I008_050, ast_dataitem_008_050_get_summary, ast_dataitem_008_050_get_detail_html)
+AST_DEFINE_ITEM(I008_050, ast_dataitem_008_050)
 
 // ---- I008/100 Processing Status ----
 
@@ -288,8 +282,7 @@ struct I008_100 : Item<8100, ast_dataitem_008_100_t, SizeRule{}> {
     }
 };
 
-AST_DEFINE_DECODE(I008_100, ast_dataitem_008_100_decode)
-AST_DEFINE_VIEWS(I008_100, ast_dataitem_008_100_get_summary, ast_dataitem_008_100_get_detail_html)
+AST_DEFINE_ITEM(I008_100, ast_dataitem_008_100)
 
 // ---- I008/110 Station Configuration Status ----
 

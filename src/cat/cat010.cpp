@@ -25,33 +25,33 @@ AST_DEFINE_SUMMARY(I010_000, ast_dataitem_010_000_get_summary)
 // ---- I010/020 Target Report Descriptor ----
 
 struct I010_020 : Item<10020, ast_dataitem_010_020_t, extended<3>> {
-    static constexpr uint32_t kFirstChain = 1;
-    static constexpr uint32_t kSecondChain = 2;
-    static constexpr Value kDefault = {.chn = kFirstChain};
-
-    static void read(Value &report, const ast_dataitem_t &item) {
-        const uint8_t first = item.data[0];
-        report.typ = bits(first, 8, 6);
-        report.dcr = bit(first, 5);
-        report.chn = bit(first, 4) ? kSecondChain : kFirstChain;
-        report.gbs = bit(first, 3);
-        report.crt = bit(first, 2);
-        if (item.size < 2) return;
-        const uint8_t second = item.data[1];
-        report.sim = bit(second, 8);
-        report.tst = bit(second, 7);
-        report.rab = bit(second, 6);
-        report.lop = bits(second, 5, 4);
-        report.tot = bits(second, 3, 2);
-        report.spi = item.size >= 3 && bit(item.data[2], 8);
-    }
-
+    static constexpr Value kDefault = {.chn = 1};
     static constexpr const char *kTypes[] = {"SSR_MLAT",      "MODE_S_MLAT", "ADS-B",     "PSR",
                                              "MAGNETIC_LOOP", "HF_MLAT",     "UNDEFINED", "OTHER"};
+    static constexpr const char *kLoops[] = {"UNDETERMINED", "LOOP_START", "LOOP_FINISH", "UNDEFINED"};
+    static constexpr const char *kTargets[] = {"UNDETERMINED", "AIRCRAFT", "GROUND_VEHICLE", "HELICOPTER"};
+
+    static constexpr Row<Value> kRows[] = {
+        {&Value::typ, 3, "TARGET_TYPE", kTypes},
+        {&Value::dcr, "DIFFERENTIAL_CORRECTION"},
+        {&Value::chn, kFirstOrSecond, "PROCESSING_CHAIN"},
+        {&Value::gbs, "GROUND_BIT_SET"},
+        {&Value::crt, "CORRUPTED_REPLIES"},
+        fx,
+        {&Value::sim, "SIMULATED_TARGET"},
+        {&Value::tst, "TEST_TARGET"},
+        {&Value::rab, "FIXED_TRANSPONDER"},
+        {&Value::lop, 2, "LOOP_STATUS", kLoops},
+        {&Value::tot, 2, "TYPE_OF_TARGET", kTargets},
+        fx,
+        {&Value::spi, "SPI"},
+        spare(6, "0"),
+        fx,
+    };
 
     static void summarize(TextWriter &out, const Value &report) {
-        static constexpr const char *kLoops[] = {"", " LOOP_START", " LOOP_FINISH", " LOOP_UNDEFINED"};
-        static constexpr const char *kTargets[] = {"", " AIRCRAFT", " GROUND_VEHICLE", " HELICOPTER"};
+        static constexpr const char *kLoopWords[] = {"", " LOOP_START", " LOOP_FINISH", " LOOP_UNDEFINED"};
+        static constexpr const char *kTargetWords[] = {"", " AIRCRAFT", " GROUND_VEHICLE", " HELICOPTER"};
         out.print("TYPE:%s%s CHN%u", kTypes[report.typ], shown_if(report.sim, " SIM"), report.chn);
         out.append(shown_if(report.spi, " SPI"));
         out.append(shown_if(report.rab, " RAB"));
@@ -59,49 +59,12 @@ struct I010_020 : Item<10020, ast_dataitem_010_020_t, extended<3>> {
         out.append(shown_if(report.dcr, " DCR"));
         out.append(shown_if(report.gbs, " GBS"));
         out.append(shown_if(report.crt, " CRT"));
-        out.append(kLoops[report.lop]);
-        out.append(kTargets[report.tot]);
-    }
-
-    static void show(ViewWriter &view, const Value &report, const ast_dataitem_t &item) {
-        static constexpr const char *kLoops[] = {"UNDETERMINED", "LOOP_START", "LOOP_FINISH", "UNDEFINED"};
-        static constexpr const char *kTargets[] = {"UNDETERMINED", "AIRCRAFT", "GROUND_VEHICLE", "HELICOPTER"};
-        DetailTable table(view, "Bit", "Item", "Value");
-        table.row("Bit[0-2]", "TARGET_TYPE", kTypes[report.typ]);
-        table.row("Bit[3]", "DIFFERENTIAL_CORRECTION", Cell<2>("%d", report.dcr));
-        table.row("Bit[4]", "PROCESSING_CHAIN", Cell<2>("%u", report.chn));
-        table.row("Bit[5]", "GROUND_BIT_SET", Cell<2>("%d", report.gbs));
-        table.row("Bit[6]", "CORRUPTED_REPLIES", Cell<2>("%d", report.crt));
-        table.row("Bit[7]", "FX", Cell<2>("%d", item.size >= 2));
-        if (item.size < 2) return;
-        table.row("Bit[8]", "SIMULATED_TARGET", Cell<2>("%d", report.sim));
-        table.row("Bit[9]", "TEST_TARGET", Cell<2>("%d", report.tst));
-        table.row("Bit[10]", "FIXED_TRANSPONDER", Cell<2>("%d", report.rab));
-        table.row("Bit[11-12]", "LOOP_STATUS", kLoops[report.lop]);
-        table.row("Bit[13-14]", "TYPE_OF_TARGET", kTargets[report.tot]);
-        table.row("Bit[15]", "FX", Cell<2>("%d", item.size >= 3));
-        if (item.size < 3) return;
-        table.row("Bit[16]", "SPI", Cell<2>("%d", report.spi));
-        table.row("Bit[17-22]", "SPARE", "0");
-        table.row("Bit[23]", "FX", Cell<2>("%d", has_fx(item.data[2])));
-    }
-
-    static uint64_t write(uint8_t *octets, const Value &report) {
-        if (!fits(report.typ, 3) || !fits(report.lop, 2) || !fits(report.tot, 2)) return 0;
-        if (!is_first_or_second(report.chn)) return 0;
-        octets[0] =
-            static_cast<uint8_t>(placed(report.typ, 8, 6) | placed(report.dcr, 5) |
-                                 placed(report.chn == kSecondChain, 4) | placed(report.gbs, 3) | placed(report.crt, 2));
-        octets[1] = static_cast<uint8_t>(placed(report.sim, 8) | placed(report.tst, 7) | placed(report.rab, 6) |
-                                         placed(report.lop, 5, 4) | placed(report.tot, 3, 2));
-        octets[2] = placed(report.spi, 8);
-        return chain_to_last(octets, 3);
+        out.append(kLoopWords[report.lop]);
+        out.append(kTargetWords[report.tot]);
     }
 };
 
-AST_DEFINE_DECODE(I010_020, ast_dataitem_010_020_decode)
-AST_DEFINE_VIEWS(I010_020, ast_dataitem_010_020_get_summary, ast_dataitem_010_020_get_detail_html)
-AST_DEFINE_ENCODE(I010_020, ast_dataitem_010_020_encode)
+AST_DEFINE_ENCODED_ITEM(I010_020, ast_dataitem_010_020)
 
 // ---- I010/040 Measured Position in Polar Co-ordinates ----
 
@@ -113,9 +76,7 @@ struct I010_040 : PolarPosition<10040, ast_dataitem_010_040_t, &ast_dataitem_010
     static bool write(uint8_t *octets, Value &position) { return write_fitting(octets, position); }
 };
 
-AST_DEFINE_DECODE(I010_040, ast_dataitem_010_040_decode)
-AST_DEFINE_VIEWS(I010_040, ast_dataitem_010_040_get_summary, ast_dataitem_010_040_get_detail_html)
-AST_DEFINE_ENCODE(I010_040, ast_dataitem_010_040_encode)
+AST_DEFINE_ENCODED_ITEM(I010_040, ast_dataitem_010_040)
 
 // ---- I010/042 Position in Cartesian Co-ordinates ----
 
@@ -130,28 +91,42 @@ struct I010_042 : ScaledPairItem<10042, FieldScale{2, true, 1, 1}> { // metres
     }
 };
 
-AST_DEFINE_DECODE(I010_042, ast_dataitem_010_042_decode)
-AST_DEFINE_VIEWS(I010_042, ast_dataitem_010_042_get_summary, ast_dataitem_010_042_get_detail_html)
-AST_DEFINE_ENCODE(I010_042, ast_dataitem_010_042_encode)
+AST_DEFINE_ENCODED_ITEM(I010_042, ast_dataitem_010_042)
 
 // ---- I010/170 Track Status ----
 
 struct I010_170 : Item<10170, ast_dataitem_010_170_t, extended<3>> {
-    static void read(Value &status, const ast_dataitem_t &item) {
-        const uint8_t first = item.data[0];
-        status.cnf = bit(first, 8);
-        status.tre = bit(first, 7);
-        status.cst = bits(first, 6, 5);
-        status.mah = bit(first, 4);
-        status.tcc = bit(first, 3);
-        status.sth = bit(first, 2);
-        if (item.size < 2) return;
-        const uint8_t second = item.data[1];
-        status.tom = bits(second, 8, 7);
-        status.dou = bits(second, 6, 4);
-        status.mrs = bits(second, 3, 2);
-        status.gho = item.size >= 3 && bit(item.data[2], 8);
-    }
+    static constexpr const char *kExtrapolations[] = {"NONE", "SENSOR_REFRESH_PERIOD", "MASKED_AREA",
+                                                      "UNPREDICTABLE_ABSENCE"};
+    static constexpr const char *kMovements[] = {"UNKNOWN", "TAKING_OFF", "LANDING", "OTHER"};
+    static constexpr const char *kDoubts[] = {"NO_DOUBT",
+                                              "DOUBTFUL_CORRELATION",
+                                              "DOUBTFUL_CORRELATION_IN_CLUTTER",
+                                              "LOSS_OF_ACCURACY",
+                                              "LOSS_OF_ACCURACY_IN_CLUTTER",
+                                              "UNSTABLE_TRACK",
+                                              "PREVIOUSLY_COASTED",
+                                              "UNDEFINED"};
+    static constexpr const char *kMerges[] = {"UNDETERMINED", "MERGED_BY_ASSOCIATION", "MERGED_BY_NON_ASSOCIATION",
+                                              "SPLIT"};
+
+    static constexpr Columns kColumns = kBitColumnsWithIds;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::cnf, {"CNF", "TENTATIVE"}},
+        {&Value::tre, {"TRE", "TRACK_END"}},
+        {&Value::cst, 2, {"CST", "EXTRAPOLATION"}, kExtrapolations},
+        {&Value::mah, {"MAH", "HORIZONTAL_MANOEUVRE"}},
+        {&Value::tcc, {"TCC", "TRACKING_PLANE"}, {"SENSOR_PLANE", "REFERENCE_PLANE"}},
+        {&Value::sth, {"STH", "POSITION"}, {"MEASURED", "SMOOTHED"}},
+        fx,
+        {&Value::tom, 2, {"TOM", "TYPE_OF_MOVEMENT"}, kMovements},
+        {&Value::dou, 3, {"DOU", "DOUBT"}, kDoubts},
+        {&Value::mrs, 2, {"MRS", "MERGE_OR_SPLIT"}, kMerges},
+        fx,
+        {&Value::gho, {"GHO", "GHOST_TRACK"}},
+        spare(6, ""),
+        fx,
+    };
 
     static void summarize(TextWriter &out, const Value &status) {
         out.print("TRACK_STS:%s", status.cnf ? "TENTATIVE" : "CONFIRMED");
@@ -159,138 +134,53 @@ struct I010_170 : Item<10170, ast_dataitem_010_170_t, extended<3>> {
         out.append(shown_if(status.cst != 0, " COASTED"));
         out.append(shown_if(status.gho, " GHOST"));
     }
-
-    static void show(ViewWriter &view, const Value &status, const ast_dataitem_t &item) {
-        static constexpr const char *kExtrapolations[] = {"NONE", "SENSOR_REFRESH_PERIOD", "MASKED_AREA",
-                                                          "UNPREDICTABLE_ABSENCE"};
-        static constexpr const char *kMovements[] = {"UNKNOWN", "TAKING_OFF", "LANDING", "OTHER"};
-        static constexpr const char *kDoubts[] = {"NO_DOUBT",
-                                                  "DOUBTFUL_CORRELATION",
-                                                  "DOUBTFUL_CORRELATION_IN_CLUTTER",
-                                                  "LOSS_OF_ACCURACY",
-                                                  "LOSS_OF_ACCURACY_IN_CLUTTER",
-                                                  "UNSTABLE_TRACK",
-                                                  "PREVIOUSLY_COASTED",
-                                                  "UNDEFINED"};
-        static constexpr const char *kMerges[] = {"UNDETERMINED", "MERGED_BY_ASSOCIATION", "MERGED_BY_NON_ASSOCIATION",
-                                                  "SPLIT"};
-        DetailTable table(view, "Bit", "ID", "Item", "Value");
-        table.row("Bit[0]", "CNF", "TENTATIVE", Cell<2>("%d", status.cnf));
-        table.row("Bit[1]", "TRE", "TRACK_END", Cell<2>("%d", status.tre));
-        table.row("Bit[2-3]", "CST", "EXTRAPOLATION", kExtrapolations[status.cst]);
-        table.row("Bit[4]", "MAH", "HORIZONTAL_MANOEUVRE", Cell<2>("%d", status.mah));
-        table.row("Bit[5]", "TCC", "TRACKING_PLANE", status.tcc ? "REFERENCE_PLANE" : "SENSOR_PLANE");
-        table.row("Bit[6]", "STH", "POSITION", status.sth ? "SMOOTHED" : "MEASURED");
-        table.row("Bit[7]", "FX", "FIELD_EXTENSION", Cell<2>("%d", item.size >= 2));
-        if (item.size < 2) return;
-        table.row("Bit[8-9]", "TOM", "TYPE_OF_MOVEMENT", kMovements[status.tom]);
-        table.row("Bit[10-12]", "DOU", "DOUBT", kDoubts[status.dou]);
-        table.row("Bit[13-14]", "MRS", "MERGE_OR_SPLIT", kMerges[status.mrs]);
-        table.row("Bit[15]", "FX", "FIELD_EXTENSION", Cell<2>("%d", item.size >= 3));
-        if (item.size < 3) return;
-        table.row("Bit[16]", "GHO", "GHOST_TRACK", Cell<2>("%d", status.gho));
-        table.row("Bit[17-22]", "---", "SPARE", "");
-        table.row("Bit[23]", "FX", "FIELD_EXTENSION", Cell<2>("%d", has_fx(item.data[2])));
-    }
-
-    static uint64_t write(uint8_t *octets, const Value &status) {
-        if (!fits(status.cst, 2) || !fits(status.tom, 2) || !fits(status.dou, 3) || !fits(status.mrs, 2)) return 0;
-        octets[0] = static_cast<uint8_t>(placed(status.cnf, 8) | placed(status.tre, 7) | placed(status.cst, 6, 5) |
-                                         placed(status.mah, 4) | placed(status.tcc, 3) | placed(status.sth, 2));
-        octets[1] =
-            static_cast<uint8_t>(placed(status.tom, 8, 7) | placed(status.dou, 6, 4) | placed(status.mrs, 3, 2));
-        octets[2] = placed(status.gho, 8);
-        return chain_to_last(octets, 3);
-    }
 };
 
-AST_DEFINE_DECODE(I010_170, ast_dataitem_010_170_decode)
-AST_DEFINE_VIEWS(I010_170, ast_dataitem_010_170_get_summary, ast_dataitem_010_170_get_detail_html)
-AST_DEFINE_ENCODE(I010_170, ast_dataitem_010_170_encode)
+AST_DEFINE_ENCODED_ITEM(I010_170, ast_dataitem_010_170)
 
 // ---- I010/270 Target Size and Orientation ----
 
 struct I010_270 : TargetSize<10270, ast_dataitem_010_270_t> {};
 
-AST_DEFINE_DECODE(I010_270, ast_dataitem_010_270_decode)
-AST_DEFINE_VIEWS(I010_270, ast_dataitem_010_270_get_summary, ast_dataitem_010_270_get_detail_html)
-AST_DEFINE_ENCODE(I010_270, ast_dataitem_010_270_encode)
+AST_DEFINE_ENCODED_ITEM(I010_270, ast_dataitem_010_270)
 
 // ---- I010/500 Standard Deviation of Position ----
 
 struct I010_500 : Item<10500, ast_dataitem_010_500_t, fixed<4>> {
     static constexpr double kLsbM = 0.25;
 
-    static void read(Value &deviation, const uint8_t *octets) {
-        deviation.x_raw = octets[0];
-        deviation.y_raw = octets[1];
-        deviation.xy_raw = twos_complement(read_u16(octets + 2), 16);
-        deviation.x_m = deviation.x_raw * kLsbM;
-        deviation.y_m = deviation.y_raw * kLsbM;
-        deviation.xy_m = deviation.xy_raw * kLsbM;
-    }
+    static constexpr Columns kColumns = kOctetColumns;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::x_raw, 8, "SIGMA(X) LSB:0.25M", {&Value::x_m, kLsbM, "SIGMA(X) LSB:M"}},
+        {&Value::y_raw, 8, "SIGMA(Y) LSB:0.25M", {&Value::y_m, kLsbM, "SIGMA(Y) LSB:M"}},
+        {&Value::xy_raw, kSigned16, "XY_COVARIANCE LSB:0.25M", {&Value::xy_m, kLsbM, "XY_COVARIANCE LSB:M"}},
+    };
 
     static void summarize(TextWriter &out, const Value &deviation) {
         out.print("X:%.2f Y:%.2f COV:%.2f LSB:M", deviation.x_m, deviation.y_m, deviation.xy_m);
     }
-
-    static void show(ViewWriter &view, const Value &deviation) {
-        DetailTable table(view, "Octet", "Item", "Value");
-        table.row("Octet[1]", "SIGMA(X) LSB:0.25M", Cell<20>("%u", deviation.x_raw));
-        table.row("Octet[1]", "SIGMA(X) LSB:M", Cell<20>("%.2f", deviation.x_m));
-        table.row("Octet[2]", "SIGMA(Y) LSB:0.25M", Cell<20>("%u", deviation.y_raw));
-        table.row("Octet[2]", "SIGMA(Y) LSB:M", Cell<20>("%.2f", deviation.y_m));
-        table.row("Octet[3-4]", "XY_COVARIANCE LSB:0.25M", Cell<20>("%d", deviation.xy_raw));
-        table.row("Octet[3-4]", "XY_COVARIANCE LSB:M", Cell<20>("%.2f", deviation.xy_m));
-    }
-
-    static bool write(uint8_t *octets, const Value &deviation) {
-        octets[0] = static_cast<uint8_t>(deviation.x_raw);
-        octets[1] = static_cast<uint8_t>(deviation.y_raw);
-        write_u16(octets + 2, static_cast<uint32_t>(deviation.xy_raw));
-        return fits(deviation.x_raw, 8) && fits(deviation.y_raw, 8) && fits_signed(deviation.xy_raw, 16);
-    }
 };
 
-AST_DEFINE_DECODE(I010_500, ast_dataitem_010_500_decode)
-AST_DEFINE_VIEWS(I010_500, ast_dataitem_010_500_get_summary, ast_dataitem_010_500_get_detail_html)
-AST_DEFINE_ENCODE(I010_500, ast_dataitem_010_500_encode)
+AST_DEFINE_ENCODED_ITEM(I010_500, ast_dataitem_010_500)
 
 // ---- I010/550 System Status ----
 
 struct I010_550 : Item<10550, ast_dataitem_010_550_t, fixed<1>> {
-    static void read(Value &status, const uint8_t *octets) {
-        status.nogo = bits(octets[0], 8, 7);
-        status.ovl = bit(octets[0], 6);
-        status.time_valid = !bit(octets[0], 5);
-        status.div = bit(octets[0], 4);
-        status.ttf = bit(octets[0], 3);
-    }
-
     static constexpr const char *kStates[] = {"OPERATIONAL", "DEGRADED", "NOGO", "UNDEFINED"};
 
+    static constexpr Row<Value> kRows[] = {
+        {&Value::nogo, 2, "SYS_STATUS", kStates},
+        {&Value::ovl, "OVERLOAD"},
+        {&Value::time_valid, kInverted, "TIME_SOURCE_INVALID"},
+        {&Value::div, "DIVERSITY_DEGRADED"},
+        {&Value::ttf, "TEST_TARGET_FAILURE"},
+        spare(2, "0"),
+    };
+
     static void summarize(TextWriter &out, const Value &status) { out.print("SYS_STAT:%s", kStates[status.nogo]); }
-
-    static void show(ViewWriter &view, const Value &status) {
-        DetailTable table(view, "Bit", "Item", "Value");
-        table.row("Bit[0-1]", "SYS_STATUS", kStates[status.nogo]);
-        table.row("Bit[2]", "OVERLOAD", Cell<2>("%d", status.ovl));
-        table.row("Bit[3]", "TIME_SOURCE_INVALID", Cell<2>("%d", !status.time_valid));
-        table.row("Bit[4]", "DIVERSITY_DEGRADED", Cell<2>("%d", status.div));
-        table.row("Bit[5]", "TEST_TARGET_FAILURE", Cell<2>("%d", status.ttf));
-        table.row("Bit[6-7]", "SPARE", "0");
-    }
-
-    static bool write(uint8_t *octets, const Value &status) {
-        octets[0] = static_cast<uint8_t>(placed(status.nogo, 8, 7) | placed(status.ovl, 6) |
-                                         placed(!status.time_valid, 5) | placed(status.div, 4) | placed(status.ttf, 3));
-        return fits(status.nogo, 2);
-    }
 };
 
-AST_DEFINE_DECODE(I010_550, ast_dataitem_010_550_decode)
-AST_DEFINE_VIEWS(I010_550, ast_dataitem_010_550_get_summary, ast_dataitem_010_550_get_detail_html)
-AST_DEFINE_ENCODE(I010_550, ast_dataitem_010_550_encode)
+AST_DEFINE_ENCODED_ITEM(I010_550, ast_dataitem_010_550)
 
 // ---- Accessors ----
 

@@ -61,8 +61,7 @@ struct I015_020 : Item<15020, ast_dataitem_015_020_t, extended<1>> {
     }
 };
 
-AST_DEFINE_DECODE(I015_020, ast_dataitem_015_020_decode)
-AST_DEFINE_VIEWS(I015_020, ast_dataitem_015_020_get_summary, ast_dataitem_015_020_get_detail_html)
+AST_DEFINE_ITEM(I015_020, ast_dataitem_015_020)
 
 // ---- I015/170 Track/Plot Status ----
 
@@ -102,8 +101,7 @@ struct I015_170 : Item<15170, ast_dataitem_015_170_t, fixed<1>> {
     }
 };
 
-AST_DEFINE_DECODE(I015_170, ast_dataitem_015_170_decode)
-AST_DEFINE_VIEWS(I015_170, ast_dataitem_015_170_get_summary, ast_dataitem_015_170_get_detail_html)
+AST_DEFINE_ITEM(I015_170, ast_dataitem_015_170)
 
 // ---- I015/300 Object Classification ----
 
@@ -128,8 +126,7 @@ struct I015_300 : Item<15300, ast_dataitem_015_300_t, repetitive<2>> {
     }
 };
 
-AST_DEFINE_DECODE(I015_300, ast_dataitem_015_300_decode)
-AST_DEFINE_VIEWS(I015_300, ast_dataitem_015_300_get_summary, ast_dataitem_015_300_get_detail_html)
+AST_DEFINE_ITEM(I015_300, ast_dataitem_015_300)
 
 // ---- I015/400 Measurement Identifier ----
 
@@ -157,8 +154,7 @@ struct I015_400 : Item<15400, ast_dataitem_015_400_t, fixed<5>> {
     }
 };
 
-AST_DEFINE_DECODE(I015_400, ast_dataitem_015_400_decode)
-AST_DEFINE_VIEWS(I015_400, ast_dataitem_015_400_get_summary, ast_dataitem_015_400_get_detail_html)
+AST_DEFINE_ITEM(I015_400, ast_dataitem_015_400)
 
 // ---- I015/480 Associations ----
 
@@ -178,14 +174,11 @@ struct I015_480 : Item<15480, ast_dataitem_015_480_t, repetitive<5>> {
     }
 };
 
-AST_DEFINE_DECODE(I015_480, ast_dataitem_015_480_decode)
-AST_DEFINE_VIEWS(I015_480, ast_dataitem_015_480_get_summary, ast_dataitem_015_480_get_detail_html)
+AST_DEFINE_ITEM(I015_480, ast_dataitem_015_480)
 
 // ---- Kinds of subfields ----
 
 namespace {
-
-enum class Sign : uint8_t { None, TwosComplement, MagnitudeLessMaximum };
 
 // How a subfield carries a number: its width, its sign rule, and its LSB as a fraction of its unit.
 struct Field {
@@ -196,15 +189,7 @@ struct Field {
 
     // The number as sent, so many bits behind the start of the subfield.
     constexpr int32_t raw(const uint8_t *octets, unsigned behind = 0) const {
-        const uint32_t bits = field(octets, behind + 1, behind + width);
-        switch (sign) {
-        case Sign::TwosComplement:
-            return twos_complement(bits, width);
-        case Sign::MagnitudeLessMaximum:
-            return magnitude_less_maximum(bits, width);
-        default:
-            return static_cast<int32_t>(bits);
-        }
+        return signed_number(field(octets, behind + 1, behind + width), width, sign);
     }
 
     // The same in its unit.
@@ -318,12 +303,7 @@ constexpr SubfieldRow kHorizontalPosition[] = {
 
 } // namespace
 
-AST_DEFINE_COMPOUND(kItem600, 15600, kHorizontalPosition, ast_dataitem_015_600_get_size, ast_subfield_015_600_get_size,
-                    ast_subfield_015_600_get_id, ast_subfield_015_600_get_name, ast_subfield_015_600_get_summary,
-                    ast_subfield_015_600_get_detail_html, .summarizes_unknown_subfields = true)
-AST_DEFINE_COMPOUND_DECODE(kItem600, kHorizontalPosition, Position, ast_dataitem_015_600_decode)
-AST_DEFINE_SUBFIELD_SUMMARY(kItem600, ast_subfield_015_600_get_summary)
-AST_DEFINE_SUBFIELD_DETAIL(kItem600, ast_subfield_015_600_get_detail_html)
+AST_DEFINE_COMPOUND_ITEM(kItem600, 15600, kHorizontalPosition, Position, 015_600, .summarizes_unknown_subfields = true)
 
 // ---- I015/601 Geometric Height Information ----
 
@@ -359,12 +339,7 @@ constexpr SubfieldRow kGeometricHeight[] = {
 
 } // namespace
 
-AST_DEFINE_COMPOUND(kItem601, 15601, kGeometricHeight, ast_dataitem_015_601_get_size, ast_subfield_015_601_get_size,
-                    ast_subfield_015_601_get_id, ast_subfield_015_601_get_name, ast_subfield_015_601_get_summary,
-                    ast_subfield_015_601_get_detail_html, .summarizes_unknown_subfields = true)
-AST_DEFINE_COMPOUND_DECODE(kItem601, kGeometricHeight, Height, ast_dataitem_015_601_decode)
-AST_DEFINE_SUBFIELD_SUMMARY(kItem601, ast_subfield_015_601_get_summary)
-AST_DEFINE_SUBFIELD_DETAIL(kItem601, ast_subfield_015_601_get_detail_html)
+AST_DEFINE_COMPOUND_ITEM(kItem601, 15601, kGeometricHeight, Height, 015_601, .summarizes_unknown_subfields = true)
 
 // ---- I015/602 Horizontal Velocity Information ----
 
@@ -395,12 +370,7 @@ constexpr SubfieldRow kHorizontalVelocity[] = {
 
 } // namespace
 
-AST_DEFINE_COMPOUND(kItem602, 15602, kHorizontalVelocity, ast_dataitem_015_602_get_size, ast_subfield_015_602_get_size,
-                    ast_subfield_015_602_get_id, ast_subfield_015_602_get_name, ast_subfield_015_602_get_summary,
-                    ast_subfield_015_602_get_detail_html, .summarizes_unknown_subfields = true)
-AST_DEFINE_COMPOUND_DECODE(kItem602, kHorizontalVelocity, Velocity, ast_dataitem_015_602_decode)
-AST_DEFINE_SUBFIELD_SUMMARY(kItem602, ast_subfield_015_602_get_summary)
-AST_DEFINE_SUBFIELD_DETAIL(kItem602, ast_subfield_015_602_get_detail_html)
+AST_DEFINE_COMPOUND_ITEM(kItem602, 15602, kHorizontalVelocity, Velocity, 015_602, .summarizes_unknown_subfields = true)
 
 // ---- I015/604 Vertical Velocity Information ----
 
@@ -429,12 +399,7 @@ constexpr SubfieldRow kVerticalVelocity[] = {
 
 } // namespace
 
-AST_DEFINE_COMPOUND(kItem604, 15604, kVerticalVelocity, ast_dataitem_015_604_get_size, ast_subfield_015_604_get_size,
-                    ast_subfield_015_604_get_id, ast_subfield_015_604_get_name, ast_subfield_015_604_get_summary,
-                    ast_subfield_015_604_get_detail_html, .summarizes_unknown_subfields = true)
-AST_DEFINE_COMPOUND_DECODE(kItem604, kVerticalVelocity, ClimbRate, ast_dataitem_015_604_decode)
-AST_DEFINE_SUBFIELD_SUMMARY(kItem604, ast_subfield_015_604_get_summary)
-AST_DEFINE_SUBFIELD_DETAIL(kItem604, ast_subfield_015_604_get_detail_html)
+AST_DEFINE_COMPOUND_ITEM(kItem604, 15604, kVerticalVelocity, ClimbRate, 015_604, .summarizes_unknown_subfields = true)
 
 // ---- I015/625 Range Information ----
 
@@ -466,12 +431,7 @@ constexpr SubfieldRow kRange[] = {
 
 } // namespace
 
-AST_DEFINE_COMPOUND(kItem625, 15625, kRange, ast_dataitem_015_625_get_size, ast_subfield_015_625_get_size,
-                    ast_subfield_015_625_get_id, ast_subfield_015_625_get_name, ast_subfield_015_625_get_summary,
-                    ast_subfield_015_625_get_detail_html, .summarizes_unknown_subfields = true)
-AST_DEFINE_COMPOUND_DECODE(kItem625, kRange, Range, ast_dataitem_015_625_decode)
-AST_DEFINE_SUBFIELD_SUMMARY(kItem625, ast_subfield_015_625_get_summary)
-AST_DEFINE_SUBFIELD_DETAIL(kItem625, ast_subfield_015_625_get_detail_html)
+AST_DEFINE_COMPOUND_ITEM(kItem625, 15625, kRange, Range, 015_625, .summarizes_unknown_subfields = true)
 
 // ---- I015/626 Doppler Information ----
 
@@ -502,12 +462,7 @@ constexpr SubfieldRow kDoppler[] = {
 
 } // namespace
 
-AST_DEFINE_COMPOUND(kItem626, 15626, kDoppler, ast_dataitem_015_626_get_size, ast_subfield_015_626_get_size,
-                    ast_subfield_015_626_get_id, ast_subfield_015_626_get_name, ast_subfield_015_626_get_summary,
-                    ast_subfield_015_626_get_detail_html, .summarizes_unknown_subfields = true)
-AST_DEFINE_COMPOUND_DECODE(kItem626, kDoppler, Doppler, ast_dataitem_015_626_decode)
-AST_DEFINE_SUBFIELD_SUMMARY(kItem626, ast_subfield_015_626_get_summary)
-AST_DEFINE_SUBFIELD_DETAIL(kItem626, ast_subfield_015_626_get_detail_html)
+AST_DEFINE_COMPOUND_ITEM(kItem626, 15626, kDoppler, Doppler, 015_626, .summarizes_unknown_subfields = true)
 
 // ---- I015/627 Azimuth Information ----
 
@@ -537,12 +492,7 @@ constexpr SubfieldRow kAzimuth[] = {
 
 } // namespace
 
-AST_DEFINE_COMPOUND(kItem627, 15627, kAzimuth, ast_dataitem_015_627_get_size, ast_subfield_015_627_get_size,
-                    ast_subfield_015_627_get_id, ast_subfield_015_627_get_name, ast_subfield_015_627_get_summary,
-                    ast_subfield_015_627_get_detail_html, .summarizes_unknown_subfields = true)
-AST_DEFINE_COMPOUND_DECODE(kItem627, kAzimuth, Azimuth, ast_dataitem_015_627_decode)
-AST_DEFINE_SUBFIELD_SUMMARY(kItem627, ast_subfield_015_627_get_summary)
-AST_DEFINE_SUBFIELD_DETAIL(kItem627, ast_subfield_015_627_get_detail_html)
+AST_DEFINE_COMPOUND_ITEM(kItem627, 15627, kAzimuth, Azimuth, 015_627, .summarizes_unknown_subfields = true)
 
 // ---- Accessors ----
 

@@ -128,8 +128,7 @@ struct I016_405 : Item<16405, ast_dataitem_016_405_t, fixed<2>> {
     }
 };
 
-AST_DEFINE_DECODE(I016_405, ast_dataitem_016_405_decode)
-AST_DEFINE_VIEWS(I016_405, ast_dataitem_016_405_get_summary, ast_dataitem_016_405_get_detail_html)
+AST_DEFINE_ITEM(I016_405, ast_dataitem_016_405)
 
 // ---- I016/410 Transmitter Properties ----
 

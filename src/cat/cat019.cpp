@@ -49,8 +49,7 @@ struct I019_550 : Item<19550, ast_dataitem_019_550_t, fixed<1>> {
     }
 };
 
-AST_DEFINE_DECODE(I019_550, ast_dataitem_019_550_decode)
-AST_DEFINE_VIEWS(I019_550, ast_dataitem_019_550_get_summary, ast_dataitem_019_550_get_detail_html)
+AST_DEFINE_ITEM(I019_550, ast_dataitem_019_550)
 
 // ---- I019/551 Tracking Processor Detailed Status ----
 
@@ -86,8 +85,7 @@ struct I019_551 : Item<19551, ast_dataitem_019_551_t, fixed<1>> {
     }
 };
 
-AST_DEFINE_DECODE(I019_551, ast_dataitem_019_551_decode)
-AST_DEFINE_VIEWS(I019_551, ast_dataitem_019_551_get_summary, ast_dataitem_019_551_get_detail_html)
+AST_DEFINE_ITEM(I019_551, ast_dataitem_019_551)
 
 // ---- I019/552 Remote Sensor Detailed Status ----
 
@@ -118,8 +116,7 @@ struct I019_552 : Item<19552, ast_dataitem_019_552_t, repetitive<2>> {
     }
 };
 
-AST_DEFINE_DECODE(I019_552, ast_dataitem_019_552_decode)
-AST_DEFINE_VIEWS(I019_552, ast_dataitem_019_552_get_summary, ast_dataitem_019_552_get_detail_html)
+AST_DEFINE_ITEM(I019_552, ast_dataitem_019_552)
 
 // ---- I019/553 Reference Transponder Detailed Status ----
 
@@ -149,8 +146,7 @@ struct I019_553 : Item<19553, ast_dataitem_019_553_t, extended<kUnlimitedOctets>
     }
 };
 
-AST_DEFINE_DECODE(I019_553, ast_dataitem_019_553_decode)
-AST_DEFINE_VIEWS(I019_553, ast_dataitem_019_553_get_summary, ast_dataitem_019_553_get_detail_html)
+AST_DEFINE_ITEM(I019_553, ast_dataitem_019_553)
 
 // ---- I019/610 Height of MLT System Reference Point ----
 
@@ -172,8 +168,7 @@ struct I019_610 : Item<19610, ast_dataitem_019_610_t, fixed<2>> {
     }
 };
 
-AST_DEFINE_DECODE(I019_610, ast_dataitem_019_610_decode)
-AST_DEFINE_VIEWS(I019_610, ast_dataitem_019_610_get_summary, ast_dataitem_019_610_get_detail_html)
+AST_DEFINE_ITEM(I019_610, ast_dataitem_019_610)
 
 // ---- I019/620 WGS-84 Undulation ----
 
@@ -192,8 +187,7 @@ struct I019_620 : Item<19620, ast_dataitem_019_620_t, fixed<1>> {
     }
 };
 
-AST_DEFINE_DECODE(I019_620, ast_dataitem_019_620_decode)
-AST_DEFINE_VIEWS(I019_620, ast_dataitem_019_620_get_summary, ast_dataitem_019_620_get_detail_html)
+AST_DEFINE_ITEM(I019_620, ast_dataitem_019_620)
 
 // ---- The category ----
 

@@ -16,31 +16,32 @@ using namespace ast;
 // ---- I020/020 Target Report Descriptor ----
 
 struct I020_020 : Item<20020, ast_dataitem_020_020_t, extended<3>> {
-    static constexpr uint32_t kFirstChain = 1;
-    static constexpr uint32_t kSecondChain = 2;
     static constexpr uint32_t kFormatNotAvailable = 3;
-    static constexpr Value kDefault = {.chn = kFirstChain, .cf = kFormatNotAvailable};
+    static constexpr Value kDefault = {.chn = 1, .cf = kFormatNotAvailable};
+    static constexpr const char *kFormats[] = {"ICAO_ADDRESS", "NON_ICAO_ADDRESS", "NON_ADS-B_MESSAGE",
+                                               "NOT_AVAILABLE"};
 
-    static void read(Value &report, const ast_dataitem_t &item) {
-        const uint8_t first = item.data[0];
-        report.ssr = bit(first, 8);
-        report.ms = bit(first, 7);
-        report.hf = bit(first, 6);
-        report.vdl4 = bit(first, 5);
-        report.uat = bit(first, 4);
-        report.dme = bit(first, 3);
-        report.ot = bit(first, 2);
-        if (item.size < 2) return;
-        const uint8_t second = item.data[1];
-        report.rab = bit(second, 8);
-        report.spi = bit(second, 7);
-        report.chn = bit(second, 6) ? kSecondChain : kFirstChain;
-        report.gbs = bit(second, 5);
-        report.crt = bit(second, 4);
-        report.sim = bit(second, 3);
-        report.tst = bit(second, 2);
-        if (item.size >= 3) report.cf = bits(item.data[2], 8, 7);
-    }
+    static constexpr Row<Value> kRows[] = {
+        {&Value::ssr, "SSR_MULTILATERATION"},
+        {&Value::ms, "MODE-S_MULTILATERATION"},
+        {&Value::hf, "HF_MULTILATERATION"},
+        {&Value::vdl4, "VDL4_MULTILATERATION"},
+        {&Value::uat, "UAT_MULTILATERATION"},
+        {&Value::dme, "DME_MULTILATERATION"},
+        {&Value::ot, "OTHER_MULTILATERATION"},
+        fx,
+        {&Value::rab, "FIXED_TRANSPONDER"},
+        {&Value::spi, "SPI"},
+        {&Value::chn, kFirstOrSecond, "PROCESSING_CHAIN"},
+        {&Value::gbs, "GROUND_BIT_SET"},
+        {&Value::crt, "CORRUPTED_REPLIES"},
+        {&Value::sim, "SIMULATED_TARGET"},
+        {&Value::tst, "TEST_TARGET"},
+        fx,
+        {&Value::cf, 2, "CF_INDICATION", kFormats},
+        spare(5, "0"),
+        fx,
+    };
 
     // A bit that is set names a technology that took part; systems in service send them so.
     static void summarize(TextWriter &out, const Value &report) {
@@ -67,71 +68,30 @@ struct I020_020 : Item<20020, ast_dataitem_020_020_t, extended<3>> {
         out.append(shown_if(report.crt, " CRT"));
     }
 
-    static void show(ViewWriter &view, const Value &report, const ast_dataitem_t &item) {
-        static constexpr const char *kFormats[] = {"ICAO_ADDRESS", "NON_ICAO_ADDRESS", "NON_ADS-B_MESSAGE",
-                                                   "NOT_AVAILABLE"};
-        DetailTable table(view, "Bit", "Item", "Value");
-        table.row("Bit[0]", "SSR_MULTILATERATION", Cell<2>("%d", report.ssr));
-        table.row("Bit[1]", "MODE-S_MULTILATERATION", Cell<2>("%d", report.ms));
-        table.row("Bit[2]", "HF_MULTILATERATION", Cell<2>("%d", report.hf));
-        table.row("Bit[3]", "VDL4_MULTILATERATION", Cell<2>("%d", report.vdl4));
-        table.row("Bit[4]", "UAT_MULTILATERATION", Cell<2>("%d", report.uat));
-        table.row("Bit[5]", "DME_MULTILATERATION", Cell<2>("%d", report.dme));
-        table.row("Bit[6]", "OTHER_MULTILATERATION", Cell<2>("%d", report.ot));
-        table.row("Bit[7]", "FX", Cell<2>("%d", item.size >= 2));
-        if (item.size < 2) return;
-        table.row("Bit[8]", "FIXED_TRANSPONDER", Cell<2>("%d", report.rab));
-        table.row("Bit[9]", "SPI", Cell<2>("%d", report.spi));
-        table.row("Bit[10]", "PROCESSING_CHAIN", Cell<2>("%u", report.chn));
-        table.row("Bit[11]", "GROUND_BIT_SET", Cell<2>("%d", report.gbs));
-        table.row("Bit[12]", "CORRUPTED_REPLIES", Cell<2>("%d", report.crt));
-        table.row("Bit[13]", "SIMULATED_TARGET", Cell<2>("%d", report.sim));
-        table.row("Bit[14]", "TEST_TARGET", Cell<2>("%d", report.tst));
-        table.row("Bit[15]", "FX", Cell<2>("%d", item.size >= 3));
-        if (item.size < 3) return;
-        table.row("Bit[16-17]", "CF_INDICATION", kFormats[report.cf]);
-        table.row("Bit[18-22]", "SPARE", "0");
-        table.row("Bit[23]", "FX", Cell<2>("%d", has_fx(item.data[2])));
-    }
-
     // The third octet is left out when it would say what its absence does.
     static uint64_t write(uint8_t *octets, const Value &report) {
-        if (!is_first_or_second(report.chn) || !fits(report.cf, 2)) return 0;
-        octets[0] = static_cast<uint8_t>(placed(report.ssr, 8) | placed(report.ms, 7) | placed(report.hf, 6) |
-                                         placed(report.vdl4, 5) | placed(report.uat, 4) | placed(report.dme, 3) |
-                                         placed(report.ot, 2));
-        octets[1] = static_cast<uint8_t>(placed(report.rab, 8) | placed(report.spi, 7) |
-                                         placed(report.chn == kSecondChain, 6) | placed(report.gbs, 5) |
-                                         placed(report.crt, 4) | placed(report.sim, 3) | placed(report.tst, 2));
-        if (report.cf == kFormatNotAvailable) return chain_to_last(octets, 2);
-        octets[0] |= kFx;
-        octets[1] |= kFx;
-        octets[2] = placed(report.cf, 8, 7);
-        return kSize.octets;
+        if (!place_rows<I020_020>(octets, report)) return 0;
+        return report.cf == kFormatNotAvailable ? chain_to_last(octets, 2) : chain(octets, 3);
     }
 };
 
-AST_DEFINE_DECODE(I020_020, ast_dataitem_020_020_decode)
-AST_DEFINE_VIEWS(I020_020, ast_dataitem_020_020_get_summary, ast_dataitem_020_020_get_detail_html)
-AST_DEFINE_ENCODE(I020_020, ast_dataitem_020_020_encode)
+AST_DEFINE_ENCODED_ITEM(I020_020, ast_dataitem_020_020)
 
 // ---- I020/030 Warning/Error Conditions ----
 
 struct I020_030 : WarningConditions<20030, kUnlimitedOctets, describe_warning> {};
 
-AST_DEFINE_DECODE(I020_030, ast_dataitem_020_030_decode)
-AST_DEFINE_VIEWS(I020_030, ast_dataitem_020_030_get_summary, ast_dataitem_020_030_get_detail_html)
-AST_DEFINE_ENCODE(I020_030, ast_dataitem_020_030_encode)
+AST_DEFINE_ENCODED_ITEM(I020_030, ast_dataitem_020_030)
 
 // ---- I020/055 Mode-1 Code ----
 
 struct I020_055 : Item<20055, ast_dataitem_020_055_t, fixed<1>> {
-    static void read(Value &code, const uint8_t *octets) {
-        code.not_validated = bit(octets[0], 8);
-        code.garbled = bit(octets[0], 7);
-        code.smoothed = bit(octets[0], 6);
-        code.code = bits(octets[0], 5, 1);
-    }
+    static constexpr Row<Value> kRows[] = {
+        {&Value::not_validated, "NOT_VALIDATED"},
+        {&Value::garbled, "GARBLED"},
+        {&Value::smoothed, "SMOOTHED"},
+        {&Value::code, 5},
+    };
 
     static uint32_t digit_a(const Value &code) { return bits(code.code, 5, 3); }
     static uint32_t digit_b(const Value &code) { return bits(code.code, 2, 1); }
@@ -140,43 +100,36 @@ struct I020_055 : Item<20055, ast_dataitem_020_055_t, fixed<1>> {
         out.print("MODE_1:%o%o%s%s%s", digit_a(code), digit_b(code), shown_if(code.not_validated, kNotValidated),
                   shown_if(code.garbled, kGarbled), shown_if(code.smoothed, kSmoothed));
     }
-
     static void show(ViewWriter &view, const Value &code) {
-        DetailTable table(view, "Bit", "Item", "Value");
-        table.row("Bit[0]", "NOT_VALIDATED", Cell<2>("%d", code.not_validated));
-        table.row("Bit[1]", "GARBLED", Cell<2>("%d", code.garbled));
-        table.row("Bit[2]", "SMOOTHED", Cell<2>("%d", code.smoothed));
+        DetailTable table = table_of_rows<I020_055>(view);
+        show_rows<I020_055>(table, code);
         table.row("Bit[3-5]", "CODE-A", Cell<2>("%o", digit_a(code)));
         table.row("Bit[6-7]", "CODE-B", Cell<2>("%o", digit_b(code)));
     }
-
-    static bool write(uint8_t *octets, const Value &code) {
-        octets[0] = static_cast<uint8_t>(placed(code.not_validated, 8) | placed(code.garbled, 7) |
-                                         placed(code.smoothed, 6) | placed(code.code, 5, 1));
-        return fits(code.code, 5);
-    }
 };
 
-AST_DEFINE_DECODE(I020_055, ast_dataitem_020_055_decode)
-AST_DEFINE_VIEWS(I020_055, ast_dataitem_020_055_get_summary, ast_dataitem_020_055_get_detail_html)
-AST_DEFINE_ENCODE(I020_055, ast_dataitem_020_055_encode)
+AST_DEFINE_ENCODED_ITEM(I020_055, ast_dataitem_020_055)
 
 // ---- I020/170 Track Status ----
 
 struct I020_170 : Item<20170, ast_dataitem_020_170_t, extended<2>> {
     static constexpr uint32_t kInvalid = 3;
     static constexpr Value kDefault = {.cdm = kInvalid};
+    static constexpr const char *kVertical[] = {"MAINTAINING", "CLIMBING", "DESCENDING", "INVALID"};
 
-    static void read(Value &status, const ast_dataitem_t &item) {
-        const uint8_t first = item.data[0];
-        status.cnf = bit(first, 8);
-        status.tre = bit(first, 7);
-        status.cst = bit(first, 6);
-        status.cdm = bits(first, 5, 4);
-        status.mah = bit(first, 3);
-        status.sth = bit(first, 2);
-        status.gho = item.size >= 2 && bit(item.data[1], 8);
-    }
+    static constexpr Columns kColumns = kBitColumnsWithIds;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::cnf, {"CNF", "TENTATIVE"}},
+        {&Value::tre, {"TRE", "TRACK_END"}},
+        {&Value::cst, {"CST", "COASTING"}},
+        {&Value::cdm, 2, {"CDM", "VERTICAL_MANOEUVRE"}, kVertical},
+        {&Value::mah, {"MAH", "HORIZONTAL_MANOEUVRE"}},
+        {&Value::sth, {"STH", "POSITION"}, {"MEASURED", "SMOOTHED"}},
+        fx,
+        {&Value::gho, {"GHO", "GHOST_TRACK"}},
+        spare(6, ""),
+        fx,
+    };
 
     static void summarize(TextWriter &out, const Value &status) {
         out.print("TRACK_STS:%s", status.cnf ? "TENTATIVE" : "CONFIRMED");
@@ -184,35 +137,9 @@ struct I020_170 : Item<20170, ast_dataitem_020_170_t, extended<2>> {
         out.append(shown_if(status.cst, " COASTED"));
         out.append(shown_if(status.gho, " GHOST"));
     }
-
-    static void show(ViewWriter &view, const Value &status, const ast_dataitem_t &item) {
-        static constexpr const char *kVertical[] = {"MAINTAINING", "CLIMBING", "DESCENDING", "INVALID"};
-        DetailTable table(view, "Bit", "ID", "Item", "Value");
-        table.row("Bit[0]", "CNF", "TENTATIVE", Cell<2>("%d", status.cnf));
-        table.row("Bit[1]", "TRE", "TRACK_END", Cell<2>("%d", status.tre));
-        table.row("Bit[2]", "CST", "COASTING", Cell<2>("%d", status.cst));
-        table.row("Bit[3-4]", "CDM", "VERTICAL_MANOEUVRE", kVertical[status.cdm]);
-        table.row("Bit[5]", "MAH", "HORIZONTAL_MANOEUVRE", Cell<2>("%d", status.mah));
-        table.row("Bit[6]", "STH", "POSITION", status.sth ? "SMOOTHED" : "MEASURED");
-        table.row("Bit[7]", "FX", "FIELD_EXTENSION", Cell<2>("%d", item.size >= 2));
-        if (item.size < 2) return;
-        table.row("Bit[8]", "GHO", "GHOST_TRACK", Cell<2>("%d", status.gho));
-        table.row("Bit[9-14]", "---", "SPARE", "");
-        table.row("Bit[15]", "FX", "FIELD_EXTENSION", Cell<2>("%d", has_fx(item.data[1])));
-    }
-
-    static uint64_t write(uint8_t *octets, const Value &status) {
-        if (!fits(status.cdm, 2)) return 0;
-        octets[0] = static_cast<uint8_t>(placed(status.cnf, 8) | placed(status.tre, 7) | placed(status.cst, 6) |
-                                         placed(status.cdm, 5, 4) | placed(status.mah, 3) | placed(status.sth, 2));
-        octets[1] = placed(status.gho, 8);
-        return chain_to_last(octets, 2);
-    }
 };
 
-AST_DEFINE_DECODE(I020_170, ast_dataitem_020_170_decode)
-AST_DEFINE_VIEWS(I020_170, ast_dataitem_020_170_get_summary, ast_dataitem_020_170_get_detail_html)
-AST_DEFINE_ENCODE(I020_170, ast_dataitem_020_170_encode)
+AST_DEFINE_ENCODED_ITEM(I020_170, ast_dataitem_020_170)
 
 // ---- I020/210 Calculated Acceleration ----
 
@@ -220,6 +147,7 @@ struct I020_210 : ScaledPairItem<20210, FieldScale{1, true, 1, 4}> { // metres p
     static void summarize(TextWriter &out, const Value &acceleration) {
         out.print("AX:%.2f AY:%.2f", acceleration.value_1, acceleration.value_2);
     }
+
     static void show(ViewWriter &view, const Value &acceleration) {
         DetailTable table(view, "Octet", "Item", "Value");
         table.row("Octet[1]", "ACCELERATION_X LSB:M/S^2", Cell<20>("%.2f", acceleration.value_1));
@@ -227,77 +155,47 @@ struct I020_210 : ScaledPairItem<20210, FieldScale{1, true, 1, 4}> { // metres p
     }
 };
 
-AST_DEFINE_DECODE(I020_210, ast_dataitem_020_210_decode)
-AST_DEFINE_VIEWS(I020_210, ast_dataitem_020_210_get_summary, ast_dataitem_020_210_get_detail_html)
-AST_DEFINE_ENCODE(I020_210, ast_dataitem_020_210_encode)
+AST_DEFINE_ENCODED_ITEM(I020_210, ast_dataitem_020_210)
 
 // ---- I020/230 Communications/ACAS Capability and Flight Status ----
 
 struct I020_230 : CommAndFlightStatus<20230> {};
 
-AST_DEFINE_DECODE(I020_230, ast_dataitem_020_230_decode)
-AST_DEFINE_VIEWS(I020_230, ast_dataitem_020_230_get_summary, ast_dataitem_020_230_get_detail_html)
-AST_DEFINE_ENCODE(I020_230, ast_dataitem_020_230_encode)
+AST_DEFINE_ENCODED_ITEM(I020_230, ast_dataitem_020_230)
 
 // ---- I020/260 ACAS Resolution Advisory Report ----
 
 struct I020_260 : AcasAdvisory<20260> {};
 
-AST_DEFINE_DECODE(I020_260, ast_dataitem_020_260_decode)
-AST_DEFINE_VIEWS(I020_260, ast_dataitem_020_260_get_summary, ast_dataitem_020_260_get_detail_html)
+AST_DEFINE_ITEM(I020_260, ast_dataitem_020_260)
 
 // ---- I020/300 Vehicle Fleet Identification ----
 
 struct I020_300 : Item<20300, ast_uint_value_t, fixed<1>> {
-    static void read(Value &fleet, const uint8_t *octets) { fleet.value = octets[0]; }
+    static constexpr Columns kColumns = kOctetColumns;
+    static constexpr Row<Value> kRows[] = {{&Value::value, 8, "VEHICLE_FLEET_ID", vehicle_fleet}};
     static void summarize(TextWriter &out, const Value &fleet) { out.print("FLEET:%s", vehicle_fleet(fleet.value)); }
-    static void show(ViewWriter &view, const Value &fleet) {
-        DetailTable table(view, "Octet", "Item", "Value");
-        table.row("Octet[1]", "VEHICLE_FLEET_ID", vehicle_fleet(fleet.value));
-    }
-    static bool write(uint8_t *octets, const Value &fleet) {
-        octets[0] = static_cast<uint8_t>(fleet.value);
-        return fits(fleet.value, 8);
-    }
 };
 
-AST_DEFINE_DECODE(I020_300, ast_dataitem_020_300_decode)
-AST_DEFINE_VIEWS(I020_300, ast_dataitem_020_300_get_summary, ast_dataitem_020_300_get_detail_html)
-AST_DEFINE_ENCODE(I020_300, ast_dataitem_020_300_encode)
+AST_DEFINE_ENCODED_ITEM(I020_300, ast_dataitem_020_300)
 
 // ---- I020/310 Pre-programmed Message ----
 
 struct I020_310 : Item<20310, ast_dataitem_020_310_t, fixed<1>> {
-    static void read(Value &message, const uint8_t *octets) {
-        message.trb = bit(octets[0], 8);
-        message.msg = bits(octets[0], 7, 1);
-    }
-
     static const char *message_text(uint32_t msg) {
         static constexpr const char *kMessages[] = {"UNDEFINED",    "TOWING_AIRCRAFT",     "FOLLOW_ME",
                                                     "RUNWAY_CHECK", "EMERGENCY_OPERATION", "WORK_IN_PROGRESS"};
         return text_of(kMessages, msg, "UNDEFINED");
     }
 
+    static constexpr Row<Value> kRows[] = {{&Value::trb, "IN_TROUBLE"}, {&Value::msg, 7, "MESSAGE", message_text}};
+
     static void summarize(TextWriter &out, const Value &message) {
         out.print("MSG:%s%s", message_text(message.msg), shown_if(message.trb, " IN_TROUBLE"));
     }
-
-    static void show(ViewWriter &view, const Value &message) {
-        DetailTable table(view, "Bit", "Item", "Value");
-        table.row("Bit[0]", "IN_TROUBLE", Cell<2>("%d", message.trb));
-        table.row("Bit[1-7]", "MESSAGE", message_text(message.msg));
-    }
-
-    static bool write(uint8_t *octets, const Value &message) {
-        octets[0] = static_cast<uint8_t>(placed(message.trb, 8) | placed(message.msg, 7, 1));
-        return fits(message.msg, 7);
-    }
 };
 
-AST_DEFINE_DECODE(I020_310, ast_dataitem_020_310_decode)
-AST_DEFINE_VIEWS(I020_310, ast_dataitem_020_310_get_summary, ast_dataitem_020_310_get_detail_html)
-AST_DEFINE_ENCODE(I020_310, ast_dataitem_020_310_encode)
+AST_DEFINE_ENCODED_ITEM(I020_310, ast_dataitem_020_310)
 
 // ---- I020/400 Contributing Devices ----
 
@@ -337,9 +235,7 @@ struct I020_400 : Item<20400, ast_dataitem_020_400_t, repetitive<1>> {
     }
 };
 
-AST_DEFINE_DECODE(I020_400, ast_dataitem_020_400_decode)
-AST_DEFINE_VIEWS(I020_400, ast_dataitem_020_400_get_summary, ast_dataitem_020_400_get_detail_html)
-AST_DEFINE_ENCODE(I020_400, ast_dataitem_020_400_encode)
+AST_DEFINE_ENCODED_ITEM(I020_400, ast_dataitem_020_400)
 
 // ---- I020/500 Position Accuracy ----
 
@@ -418,8 +314,7 @@ struct I020_500 : Item<20500, ast_dataitem_020_500_t, SizeRule{}> {
     }
 };
 
-AST_DEFINE_DECODE(I020_500, ast_dataitem_020_500_decode)
-AST_DEFINE_VIEWS(I020_500, ast_dataitem_020_500_get_summary, ast_dataitem_020_500_get_detail_html)
+AST_DEFINE_ITEM(I020_500, ast_dataitem_020_500)
 
 // ---- Accessors ----
 

@@ -153,9 +153,7 @@ struct I021_020 : Tabled<21020, ast_dataitem_021_020_t, fixed<1>> {
     }
 };
 
-AST_DEFINE_DECODE(I021_020, ast_dataitem_021_020_decode)
-AST_DEFINE_VIEWS(I021_020, ast_dataitem_021_020_get_summary, ast_dataitem_021_020_get_detail_html)
-AST_DEFINE_ENCODE(I021_020, ast_dataitem_021_020_encode)
+AST_DEFINE_ENCODED_ITEM(I021_020, ast_dataitem_021_020)
 
 // ---- I021/032 Time of Day Accuracy ----
 
@@ -176,8 +174,7 @@ struct I021_032 : Tabled<21032, ast_dataitem_021_032_t, fixed<1>> {
     }
 };
 
-AST_DEFINE_DECODE(I021_032, ast_dataitem_021_032_decode)
-AST_DEFINE_VIEWS(I021_032, ast_dataitem_021_032_get_summary, ast_dataitem_021_032_get_detail_html)
+AST_DEFINE_ITEM(I021_032, ast_dataitem_021_032)
 
 // ---- I021/040 Target Report Descriptor ----
 
@@ -282,9 +279,7 @@ struct I021_040 : TabledByName<21040, ast_dataitem_021_040_t, extended<3>> {
     }
 };
 
-AST_DEFINE_DECODE(I021_040, ast_dataitem_021_040_decode)
-AST_DEFINE_VIEWS(I021_040, ast_dataitem_021_040_get_summary, ast_dataitem_021_040_get_detail_html)
-AST_DEFINE_ENCODE(I021_040, ast_dataitem_021_040_encode)
+AST_DEFINE_ENCODED_ITEM(I021_040, ast_dataitem_021_040)
 
 // ---- I021/090 Quality Indicators ----
 
@@ -350,9 +345,7 @@ struct I021_090 : Tabled<21090, ast_dataitem_021_090_t, extended<4>> {
     }
 };
 
-AST_DEFINE_DECODE(I021_090, ast_dataitem_021_090_decode)
-AST_DEFINE_VIEWS(I021_090, ast_dataitem_021_090_get_summary, ast_dataitem_021_090_get_detail_html)
-AST_DEFINE_ENCODE(I021_090, ast_dataitem_021_090_encode)
+AST_DEFINE_ENCODED_ITEM(I021_090, ast_dataitem_021_090)
 
 // ---- I021/095 Velocity Accuracy ----
 
@@ -407,9 +400,7 @@ struct I021_140 : Tabled<21140, ast_dataitem_021_140_t, fixed<2>> {
     }
 };
 
-AST_DEFINE_DECODE(I021_140, ast_dataitem_021_140_decode)
-AST_DEFINE_VIEWS(I021_140, ast_dataitem_021_140_get_summary, ast_dataitem_021_140_get_detail_html)
-AST_DEFINE_ENCODE(I021_140, ast_dataitem_021_140_encode)
+AST_DEFINE_ENCODED_ITEM(I021_140, ast_dataitem_021_140)
 
 // ---- I021/145 Flight Level ----
 
@@ -442,9 +433,7 @@ struct I021_145 : Tabled<21145, ast_dataitem_021_145_t, fixed<2>> {
     }
 };
 
-AST_DEFINE_DECODE(I021_145, ast_dataitem_021_145_decode)
-AST_DEFINE_VIEWS(I021_145, ast_dataitem_021_145_get_summary, ast_dataitem_021_145_get_detail_html)
-AST_DEFINE_ENCODE(I021_145, ast_dataitem_021_145_encode)
+AST_DEFINE_ENCODED_ITEM(I021_145, ast_dataitem_021_145)
 
 // ---- I021/146 Selected Altitude ----
 
@@ -468,8 +457,7 @@ struct I021_146 : Tabled<21146, ast_dataitem_021_146_t, fixed<2>> {
     }
 };
 
-AST_DEFINE_DECODE(I021_146, ast_dataitem_021_146_decode)
-AST_DEFINE_VIEWS(I021_146, ast_dataitem_021_146_get_summary, ast_dataitem_021_146_get_detail_html)
+AST_DEFINE_ITEM(I021_146, ast_dataitem_021_146)
 
 // ---- I021/150 Air Speed ----
 
@@ -517,9 +505,7 @@ struct I021_150 : Tabled<21150, ast_dataitem_021_150_t, fixed<2>> {
     }
 };
 
-AST_DEFINE_DECODE(I021_150, ast_dataitem_021_150_decode)
-AST_DEFINE_VIEWS(I021_150, ast_dataitem_021_150_get_summary, ast_dataitem_021_150_get_detail_html)
-AST_DEFINE_ENCODE(I021_150, ast_dataitem_021_150_encode)
+AST_DEFINE_ENCODED_ITEM(I021_150, ast_dataitem_021_150)
 
 // ---- I021/151 True Air Speed ----
 
@@ -551,8 +537,7 @@ struct I021_151 : Tabled<21151, ast_dataitem_021_151_t, fixed<2>> {
     }
 };
 
-AST_DEFINE_DECODE(I021_151, ast_dataitem_021_151_decode)
-AST_DEFINE_VIEWS(I021_151, ast_dataitem_021_151_get_summary, ast_dataitem_021_151_get_detail_html)
+AST_DEFINE_ITEM(I021_151, ast_dataitem_021_151)
 
 // ---- I021/152 Magnetic Heading ----
 
@@ -571,8 +556,7 @@ struct I021_152 : Tabled<21152, ast_dataitem_021_152_t, fixed<2>> {
     }
 };
 
-AST_DEFINE_DECODE(I021_152, ast_dataitem_021_152_decode)
-AST_DEFINE_VIEWS(I021_152, ast_dataitem_021_152_get_summary, ast_dataitem_021_152_get_detail_html)
+AST_DEFINE_ITEM(I021_152, ast_dataitem_021_152)
 
 // ---- I021/160 Ground Vector ----
 
@@ -617,9 +601,7 @@ struct I021_160 : Tabled<21160, ast_dataitem_021_160_t, fixed<4>> {
     }
 };
 
-AST_DEFINE_DECODE(I021_160, ast_dataitem_021_160_decode)
-AST_DEFINE_VIEWS(I021_160, ast_dataitem_021_160_get_summary, ast_dataitem_021_160_get_detail_html)
-AST_DEFINE_ENCODE(I021_160, ast_dataitem_021_160_encode)
+AST_DEFINE_ENCODED_ITEM(I021_160, ast_dataitem_021_160)
 
 // ---- I021/200 Target Status ----
 
@@ -687,9 +669,7 @@ struct I021_210 : TabledByName<21210, ast_dataitem_021_210_t, fixed<1>> {
     }
 };
 
-AST_DEFINE_DECODE(I021_210, ast_dataitem_021_210_decode)
-AST_DEFINE_VIEWS(I021_210, ast_dataitem_021_210_get_summary, ast_dataitem_021_210_get_detail_html)
-AST_DEFINE_ENCODE(I021_210, ast_dataitem_021_210_encode)
+AST_DEFINE_ENCODED_ITEM(I021_210, ast_dataitem_021_210)
 
 // ---- I021/220 Met Information ----
 
@@ -836,9 +816,7 @@ struct I021_A03 : TabledByName<21903, ast_dataitem_021_A03_t, fixed<2>> {
     }
 };
 
-AST_DEFINE_DECODE(I021_A03, ast_dataitem_021_A03_decode)
-AST_DEFINE_VIEWS(I021_A03, ast_dataitem_021_A03_get_summary, ast_dataitem_021_A03_get_detail_html)
-AST_DEFINE_ENCODE(I021_A03, ast_dataitem_021_A03_encode)
+AST_DEFINE_ENCODED_ITEM(I021_A03, ast_dataitem_021_A03)
 
 // ---- I021/090 Figure of Merit, editions 0.23 to 0.26 ----
 
@@ -868,9 +846,7 @@ struct I021_A05 : Tabled<21905, ast_dataitem_021_A05_t, fixed<2>> {
     }
 };
 
-AST_DEFINE_DECODE(I021_A05, ast_dataitem_021_A05_decode)
-AST_DEFINE_VIEWS(I021_A05, ast_dataitem_021_A05_get_summary, ast_dataitem_021_A05_get_detail_html)
-AST_DEFINE_ENCODE(I021_A05, ast_dataitem_021_A05_encode)
+AST_DEFINE_ENCODED_ITEM(I021_A05, ast_dataitem_021_A05)
 
 // ---- I021/210 Link Technology Indicator, editions 0.23 to 0.26 ----
 
@@ -908,9 +884,7 @@ struct I021_A06 : Tabled<21906, ast_dataitem_021_A06_t, fixed<1>> {
     }
 };
 
-AST_DEFINE_DECODE(I021_A06, ast_dataitem_021_A06_decode)
-AST_DEFINE_VIEWS(I021_A06, ast_dataitem_021_A06_get_summary, ast_dataitem_021_A06_get_detail_html)
-AST_DEFINE_ENCODE(I021_A06, ast_dataitem_021_A06_encode)
+AST_DEFINE_ENCODED_ITEM(I021_A06, ast_dataitem_021_A06)
 
 // ---- I021/271 Surface Capabilities and Characteristics, editions 1.0 to 2.1 ----
 

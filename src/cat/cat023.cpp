@@ -51,8 +51,7 @@ struct I023_015 : Item<23015, ast_dataitem_023_015_t, fixed<1>> {
     }
 };
 
-AST_DEFINE_DECODE(I023_015, ast_dataitem_023_015_decode)
-AST_DEFINE_VIEWS(I023_015, ast_dataitem_023_015_get_summary, ast_dataitem_023_015_get_detail_html)
+AST_DEFINE_ITEM(I023_015, ast_dataitem_023_015)
 
 // ---- I023/100 Ground Station Status ----
 
@@ -99,8 +98,7 @@ struct I023_100 : Item<23100, ast_dataitem_023_100_t, extended<2>> {
     }
 };
 
-AST_DEFINE_DECODE(I023_100, ast_dataitem_023_100_decode)
-AST_DEFINE_VIEWS(I023_100, ast_dataitem_023_100_get_summary, ast_dataitem_023_100_get_detail_html)
+AST_DEFINE_ITEM(I023_100, ast_dataitem_023_100)
 
 // ---- The category ----
 

@@ -102,12 +102,7 @@ constexpr SubfieldRow kStationStatus[] = {
 
 } // namespace
 
-AST_DEFINE_COMPOUND(kItem050, 34050, kStationStatus, ast_dataitem_034_050_get_size, ast_subfield_034_050_get_size,
-                    ast_subfield_034_050_get_id, ast_subfield_034_050_get_name, ast_subfield_034_050_get_summary,
-                    ast_subfield_034_050_get_detail_html)
-AST_DEFINE_COMPOUND_DECODE(kItem050, kStationStatus, Status, ast_dataitem_034_050_decode)
-AST_DEFINE_SUBFIELD_SUMMARY(kItem050, ast_subfield_034_050_get_summary)
-AST_DEFINE_SUBFIELD_DETAIL(kItem050, ast_subfield_034_050_get_detail_html)
+AST_DEFINE_COMPOUND_ITEM(kItem050, 34050, kStationStatus, Status, 034_050)
 
 // ---- I034/060 System Processing Mode ----
 
@@ -177,12 +172,7 @@ constexpr SubfieldRow kProcessingMode[] = {
 
 } // namespace
 
-AST_DEFINE_COMPOUND(kItem060, 34060, kProcessingMode, ast_dataitem_034_060_get_size, ast_subfield_034_060_get_size,
-                    ast_subfield_034_060_get_id, ast_subfield_034_060_get_name, ast_subfield_034_060_get_summary,
-                    ast_subfield_034_060_get_detail_html)
-AST_DEFINE_COMPOUND_DECODE(kItem060, kProcessingMode, Mode, ast_dataitem_034_060_decode)
-AST_DEFINE_SUBFIELD_SUMMARY(kItem060, ast_subfield_034_060_get_summary)
-AST_DEFINE_SUBFIELD_DETAIL(kItem060, ast_subfield_034_060_get_detail_html)
+AST_DEFINE_COMPOUND_ITEM(kItem060, 34060, kProcessingMode, Mode, 034_060)
 
 // ---- I034/070 Message Count Values ----
 
@@ -234,8 +224,7 @@ struct I034_070 : Item<34070, ast_dataitem_034_070_t, repetitive<2>> {
     }
 };
 
-AST_DEFINE_DECODE(I034_070, ast_dataitem_034_070_decode)
-AST_DEFINE_VIEWS(I034_070, ast_dataitem_034_070_get_summary, ast_dataitem_034_070_get_detail_html)
+AST_DEFINE_ITEM(I034_070, ast_dataitem_034_070)
 
 // ---- I034/120 3D-Position Of Data Source ----
 
@@ -265,8 +254,7 @@ struct I034_120 : Item<34120, ast_dataitem_034_120_t, fixed<8>> {
     }
 };
 
-AST_DEFINE_DECODE(I034_120, ast_dataitem_034_120_decode)
-AST_DEFINE_VIEWS(I034_120, ast_dataitem_034_120_get_summary, ast_dataitem_034_120_get_detail_html)
+AST_DEFINE_ITEM(I034_120, ast_dataitem_034_120)
 
 // ---- The flat record ----
 

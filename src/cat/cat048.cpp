@@ -86,9 +86,7 @@ struct I048_020 : Item<48020, ast_dataitem_048_020_t, extended<2>> {
     }
 };
 
-AST_DEFINE_DECODE(I048_020, ast_dataitem_048_020_decode)
-AST_DEFINE_VIEWS(I048_020, ast_dataitem_048_020_get_summary, ast_dataitem_048_020_get_detail_html)
-AST_DEFINE_ENCODE(I048_020, ast_dataitem_048_020_encode)
+AST_DEFINE_ENCODED_ITEM(I048_020, ast_dataitem_048_020)
 
 // ---- I048/030 Warning/Error Conditions ----
 
@@ -96,8 +94,7 @@ struct I048_030 : WarningConditions<48030, 23, describe_warning, 2> {           
     static bool accepts(const ast_dataitem_t &item) { return item.type == kType; } // no octets are no warnings
 };
 
-AST_DEFINE_DECODE(I048_030, ast_dataitem_048_030_decode)
-AST_DEFINE_VIEWS(I048_030, ast_dataitem_048_030_get_summary, ast_dataitem_048_030_get_detail_html)
+AST_DEFINE_ITEM(I048_030, ast_dataitem_048_030)
 
 // ---- I048/040 Measured Position in Polar Co-ordinates ----
 
@@ -109,9 +106,7 @@ struct I048_040 : PolarPosition<48040, ast_dataitem_048_040_t, &ast_dataitem_048
     }
 };
 
-AST_DEFINE_DECODE(I048_040, ast_dataitem_048_040_decode)
-AST_DEFINE_VIEWS(I048_040, ast_dataitem_048_040_get_summary, ast_dataitem_048_040_get_detail_html)
-AST_DEFINE_ENCODE(I048_040, ast_dataitem_048_040_encode)
+AST_DEFINE_ENCODED_ITEM(I048_040, ast_dataitem_048_040)
 
 // ---- I048/042 Calculated Position in Cartesian Co-ordinates ----
 
@@ -139,8 +134,7 @@ struct I048_042 : Item<48042, ast_dataitem_048_042_t, fixed<4>> {
     }
 };
 
-AST_DEFINE_DECODE(I048_042, ast_dataitem_048_042_decode)
-AST_DEFINE_VIEWS(I048_042, ast_dataitem_048_042_get_summary, ast_dataitem_048_042_get_detail_html)
+AST_DEFINE_ITEM(I048_042, ast_dataitem_048_042)
 
 // ---- I048/050 Mode-2 Code ----
 
@@ -170,9 +164,7 @@ struct I048_050 : Item<48050, ast_dataitem_048_050_t, fixed<2>> {
     }
 };
 
-AST_DEFINE_DECODE(I048_050, ast_dataitem_048_050_decode)
-AST_DEFINE_VIEWS(I048_050, ast_dataitem_048_050_get_summary, ast_dataitem_048_050_get_detail_html)
-AST_DEFINE_ENCODE(I048_050, ast_dataitem_048_050_encode)
+AST_DEFINE_ENCODED_ITEM(I048_050, ast_dataitem_048_050)
 
 // ---- I048/110 Height Measured by a 3D Radar ----
 
@@ -193,8 +185,7 @@ struct I048_110 : Item<48110, ast_dataitem_048_110_t, fixed<2>> {
     }
 };
 
-AST_DEFINE_DECODE(I048_110, ast_dataitem_048_110_decode)
-AST_DEFINE_VIEWS(I048_110, ast_dataitem_048_110_get_summary, ast_dataitem_048_110_get_detail_html)
+AST_DEFINE_ITEM(I048_110, ast_dataitem_048_110)
 
 // ---- I048/120 Radial Doppler Speed ----
 
@@ -254,12 +245,7 @@ constexpr SubfieldRow kPlotCharacteristics[] = {
 
 } // namespace
 
-AST_DEFINE_COMPOUND(kItem130, 48130, kPlotCharacteristics, ast_dataitem_048_130_get_size, ast_subfield_048_130_get_size,
-                    ast_subfield_048_130_get_id, ast_subfield_048_130_get_name, ast_subfield_048_130_get_summary,
-                    ast_subfield_048_130_get_detail_html)
-AST_DEFINE_COMPOUND_DECODE(kItem130, kPlotCharacteristics, Plot, ast_dataitem_048_130_decode)
-AST_DEFINE_SUBFIELD_SUMMARY(kItem130, ast_subfield_048_130_get_summary)
-AST_DEFINE_SUBFIELD_DETAIL(kItem130, ast_subfield_048_130_get_detail_html)
+AST_DEFINE_COMPOUND_ITEM(kItem130, 48130, kPlotCharacteristics, Plot, 048_130)
 
 // ---- I048/170 Track Status ----
 
@@ -293,8 +279,7 @@ struct I048_170 : Item<48170, ast_dataitem_048_170_t, extended<2>> {
     }
 };
 
-AST_DEFINE_DECODE(I048_170, ast_dataitem_048_170_decode)
-AST_DEFINE_VIEWS(I048_170, ast_dataitem_048_170_get_summary, ast_dataitem_048_170_get_detail_html)
+AST_DEFINE_ITEM(I048_170, ast_dataitem_048_170)
 
 // ---- I048/210 Track Quality ----
 
@@ -331,22 +316,19 @@ struct I048_210 : Item<48210, ast_dataitem_048_210_t, fixed<4>> {
     }
 };
 
-AST_DEFINE_DECODE(I048_210, ast_dataitem_048_210_decode)
-AST_DEFINE_VIEWS(I048_210, ast_dataitem_048_210_get_summary, ast_dataitem_048_210_get_detail_html)
+AST_DEFINE_ITEM(I048_210, ast_dataitem_048_210)
 
 // ---- I048/230 Communications / ACAS Capability and Flight Status ----
 
 struct I048_230 : CommAndFlightStatus<48230> {};
 
-AST_DEFINE_DECODE(I048_230, ast_dataitem_048_230_decode)
-AST_DEFINE_VIEWS(I048_230, ast_dataitem_048_230_get_summary, ast_dataitem_048_230_get_detail_html)
+AST_DEFINE_ITEM(I048_230, ast_dataitem_048_230)
 
 // ---- I048/260 ACAS Resolution Advisory Report ----
 
 struct I048_260 : AcasAdvisory<48260> {};
 
-AST_DEFINE_DECODE(I048_260, ast_dataitem_048_260_decode)
-AST_DEFINE_VIEWS(I048_260, ast_dataitem_048_260_get_summary, ast_dataitem_048_260_get_detail_html)
+AST_DEFINE_ITEM(I048_260, ast_dataitem_048_260)
 
 // ---- Accessors ----
 

@@ -147,8 +147,7 @@ struct I062_080 : Item<62080, ast_dataitem_062_080_t, extended<6>> {
     }
 };
 
-AST_DEFINE_DECODE(I062_080, ast_dataitem_062_080_decode)
-AST_DEFINE_VIEWS(I062_080, ast_dataitem_062_080_get_summary, ast_dataitem_062_080_get_detail_html)
+AST_DEFINE_ITEM(I062_080, ast_dataitem_062_080)
 
 // ---- I062/110 Mode 5 Data reports & Extended Mode 1 Code ----
 
@@ -276,12 +275,7 @@ constexpr SubfieldRow kMode5[] = {
 
 } // namespace
 
-AST_DEFINE_COMPOUND(kItem110, 62110, kMode5, ast_dataitem_062_110_get_size, ast_subfield_062_110_get_size,
-                    ast_subfield_062_110_get_id, ast_subfield_062_110_get_name, ast_subfield_062_110_get_summary,
-                    ast_subfield_062_110_get_detail_html, .summarizes_unknown_subfields = true)
-AST_DEFINE_COMPOUND_DECODE(kItem110, kMode5, Mode5, ast_dataitem_062_110_decode)
-AST_DEFINE_SUBFIELD_SUMMARY(kItem110, ast_subfield_062_110_get_summary)
-AST_DEFINE_SUBFIELD_DETAIL(kItem110, ast_subfield_062_110_get_detail_html)
+AST_DEFINE_COMPOUND_ITEM(kItem110, 62110, kMode5, Mode5, 062_110, .summarizes_unknown_subfields = true)
 
 // ---- I062/130 Calculated Track Geometric Altitude ----
 
@@ -302,8 +296,7 @@ struct I062_130 : Item<62130, ast_dataitem_062_130_t, fixed<2>> {
     }
 };
 
-AST_DEFINE_DECODE(I062_130, ast_dataitem_062_130_decode)
-AST_DEFINE_VIEWS(I062_130, ast_dataitem_062_130_get_summary, ast_dataitem_062_130_get_detail_html)
+AST_DEFINE_ITEM(I062_130, ast_dataitem_062_130)
 
 // ---- I062/135 Calculated Track Barometric Altitude ----
 
@@ -326,8 +319,7 @@ struct I062_135 : Item<62135, ast_dataitem_062_135_t, fixed<2>> {
     }
 };
 
-AST_DEFINE_DECODE(I062_135, ast_dataitem_062_135_decode)
-AST_DEFINE_VIEWS(I062_135, ast_dataitem_062_135_get_summary, ast_dataitem_062_135_get_detail_html)
+AST_DEFINE_ITEM(I062_135, ast_dataitem_062_135)
 
 // ---- I062/136 Measured Flight Level ----
 
@@ -346,8 +338,7 @@ struct I062_136 : Item<62136, ast_dataitem_062_136_t, fixed<2>> {
     }
 };
 
-AST_DEFINE_DECODE(I062_136, ast_dataitem_062_136_decode)
-AST_DEFINE_VIEWS(I062_136, ast_dataitem_062_136_get_summary, ast_dataitem_062_136_get_detail_html)
+AST_DEFINE_ITEM(I062_136, ast_dataitem_062_136)
 
 // ---- I062/200 Mode of Movement ----
 
@@ -380,8 +371,7 @@ struct I062_200 : Item<62200, ast_dataitem_062_200_t, fixed<1>> {
     }
 };
 
-AST_DEFINE_DECODE(I062_200, ast_dataitem_062_200_decode)
-AST_DEFINE_VIEWS(I062_200, ast_dataitem_062_200_get_summary, ast_dataitem_062_200_get_detail_html)
+AST_DEFINE_ITEM(I062_200, ast_dataitem_062_200)
 
 // ---- I062/210 Calculated Acceleration (Cartesian) ----
 
@@ -411,8 +401,7 @@ struct I062_210 : Item<62210, ast_dataitem_062_210_t, fixed<2>> {
     }
 };
 
-AST_DEFINE_DECODE(I062_210, ast_dataitem_062_210_decode)
-AST_DEFINE_VIEWS(I062_210, ast_dataitem_062_210_get_summary, ast_dataitem_062_210_get_detail_html)
+AST_DEFINE_ITEM(I062_210, ast_dataitem_062_210)
 
 // ---- I062/220 Calculated Rate of Climb/Descent ----
 
@@ -431,15 +420,13 @@ struct I062_220 : Item<62220, ast_dataitem_062_220_t, fixed<2>> {
     }
 };
 
-AST_DEFINE_DECODE(I062_220, ast_dataitem_062_220_decode)
-AST_DEFINE_VIEWS(I062_220, ast_dataitem_062_220_get_summary, ast_dataitem_062_220_get_detail_html)
+AST_DEFINE_ITEM(I062_220, ast_dataitem_062_220)
 
 // ---- I062/270 Target Size & Orientation ----
 
 struct I062_270 : TargetSize<62270, ast_dataitem_062_270_t> {};
 
-AST_DEFINE_DECODE(I062_270, ast_dataitem_062_270_decode)
-AST_DEFINE_VIEWS(I062_270, ast_dataitem_062_270_get_summary, ast_dataitem_062_270_get_detail_html)
+AST_DEFINE_ITEM(I062_270, ast_dataitem_062_270)
 
 // ---- I062/290 System Track Update Ages, I062/295 Track Data Age ----
 
@@ -502,19 +489,9 @@ constexpr SubfieldRow kDataAges[] = {
 
 } // namespace
 
-AST_DEFINE_COMPOUND(kItem290, 62290, kUpdateAges, ast_dataitem_062_290_get_size, ast_subfield_062_290_get_size,
-                    ast_subfield_062_290_get_id, ast_subfield_062_290_get_name, ast_subfield_062_290_get_summary,
-                    ast_subfield_062_290_get_detail_html, .summarizes_unknown_subfields = true)
-AST_DEFINE_COMPOUND_DECODE(kItem290, kUpdateAges, UpdateAges, ast_dataitem_062_290_decode)
-AST_DEFINE_SUBFIELD_SUMMARY(kItem290, ast_subfield_062_290_get_summary)
-AST_DEFINE_SUBFIELD_DETAIL(kItem290, ast_subfield_062_290_get_detail_html)
+AST_DEFINE_COMPOUND_ITEM(kItem290, 62290, kUpdateAges, UpdateAges, 062_290, .summarizes_unknown_subfields = true)
 
-AST_DEFINE_COMPOUND(kItem295, 62295, kDataAges, ast_dataitem_062_295_get_size, ast_subfield_062_295_get_size,
-                    ast_subfield_062_295_get_id, ast_subfield_062_295_get_name, ast_subfield_062_295_get_summary,
-                    ast_subfield_062_295_get_detail_html, .summarizes_unknown_subfields = true)
-AST_DEFINE_COMPOUND_DECODE(kItem295, kDataAges, DataAges, ast_dataitem_062_295_decode)
-AST_DEFINE_SUBFIELD_SUMMARY(kItem295, ast_subfield_062_295_get_summary)
-AST_DEFINE_SUBFIELD_DETAIL(kItem295, ast_subfield_062_295_get_detail_html)
+AST_DEFINE_COMPOUND_ITEM(kItem295, 62295, kDataAges, DataAges, 062_295, .summarizes_unknown_subfields = true)
 
 // ---- I062/300 Vehicle Fleet Identification ----
 
@@ -537,8 +514,7 @@ struct I062_300 : Item<62300, ast_dataitem_062_300_t, fixed<1>> {
     }
 };
 
-AST_DEFINE_DECODE(I062_300, ast_dataitem_062_300_decode)
-AST_DEFINE_VIEWS(I062_300, ast_dataitem_062_300_get_summary, ast_dataitem_062_300_get_detail_html)
+AST_DEFINE_ITEM(I062_300, ast_dataitem_062_300)
 
 // ---- I062/500 Estimated Accuracies ----
 
@@ -648,12 +624,7 @@ constexpr SubfieldRow kAccuracies[] = {
 
 } // namespace
 
-AST_DEFINE_COMPOUND(kItem500, 62500, kAccuracies, ast_dataitem_062_500_get_size, ast_subfield_062_500_get_size,
-                    ast_subfield_062_500_get_id, ast_subfield_062_500_get_name, ast_subfield_062_500_get_summary,
-                    ast_subfield_062_500_get_detail_html, .summarizes_unknown_subfields = true)
-AST_DEFINE_COMPOUND_DECODE(kItem500, kAccuracies, Accuracies, ast_dataitem_062_500_decode)
-AST_DEFINE_SUBFIELD_SUMMARY(kItem500, ast_subfield_062_500_get_summary)
-AST_DEFINE_SUBFIELD_DETAIL(kItem500, ast_subfield_062_500_get_detail_html)
+AST_DEFINE_COMPOUND_ITEM(kItem500, 62500, kAccuracies, Accuracies, 062_500, .summarizes_unknown_subfields = true)
 
 // ---- I062/510 Composed Track Number ----
 
@@ -696,8 +667,7 @@ struct I062_510 : Item<62510, ast_dataitem_062_510_t, SizeRule{}> {
     }
 };
 
-AST_DEFINE_DECODE(I062_510, ast_dataitem_062_510_decode)
-AST_DEFINE_VIEWS(I062_510, ast_dataitem_062_510_get_summary, ast_dataitem_062_510_get_detail_html)
+AST_DEFINE_ITEM(I062_510, ast_dataitem_062_510)
 
 // ---- Accessors ----
 

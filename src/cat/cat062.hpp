@@ -27,8 +27,6 @@ struct BitTable : FieldTable {
 constexpr char kOneOctet[] = "Octet[0]";
 constexpr char kTwoOctets[] = "Octet[0-1]";
 
-enum class Sign { None, TwosComplement };
-
 // A quantity of one or two octets: where views show it, its resolution and its names.
 struct SubfieldScale {
     const char *octets;

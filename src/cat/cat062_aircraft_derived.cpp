@@ -498,11 +498,6 @@ constexpr SubfieldRow kAircraftDerived[] = {
 
 } // namespace
 
-AST_DEFINE_COMPOUND(kItem380, 62380, kAircraftDerived, ast_dataitem_062_380_get_size, ast_subfield_062_380_get_size,
-                    ast_subfield_062_380_get_id, ast_subfield_062_380_get_name, ast_subfield_062_380_get_summary,
-                    ast_subfield_062_380_get_detail_html, .summarizes_unknown_subfields = true)
-AST_DEFINE_COMPOUND_DECODE(kItem380, kAircraftDerived, Derived, ast_dataitem_062_380_decode)
-AST_DEFINE_SUBFIELD_SUMMARY(kItem380, ast_subfield_062_380_get_summary)
-AST_DEFINE_SUBFIELD_DETAIL(kItem380, ast_subfield_062_380_get_detail_html)
+AST_DEFINE_COMPOUND_ITEM(kItem380, 62380, kAircraftDerived, Derived, 062_380, .summarizes_unknown_subfields = true)
 
 constinit const Compound ast::cat062::kAircraftDerivedData = kItem380;

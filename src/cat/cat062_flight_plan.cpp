@@ -259,11 +259,6 @@ constexpr SubfieldRow kFlightPlan[] = {
 
 } // namespace
 
-AST_DEFINE_COMPOUND(kItem390, 62390, kFlightPlan, ast_dataitem_062_390_get_size, ast_subfield_062_390_get_size,
-                    ast_subfield_062_390_get_id, ast_subfield_062_390_get_name, ast_subfield_062_390_get_summary,
-                    ast_subfield_062_390_get_detail_html, .summarizes_unknown_subfields = true)
-AST_DEFINE_COMPOUND_DECODE(kItem390, kFlightPlan, Plan, ast_dataitem_062_390_decode)
-AST_DEFINE_SUBFIELD_SUMMARY(kItem390, ast_subfield_062_390_get_summary)
-AST_DEFINE_SUBFIELD_DETAIL(kItem390, ast_subfield_062_390_get_detail_html)
+AST_DEFINE_COMPOUND_ITEM(kItem390, 62390, kFlightPlan, Plan, 062_390, .summarizes_unknown_subfields = true)
 
 constinit const Compound ast::cat062::kFlightPlanRelatedData = kItem390;

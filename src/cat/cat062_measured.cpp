@@ -118,11 +118,6 @@ constexpr SubfieldRow kMeasured[] = {
 
 } // namespace
 
-AST_DEFINE_COMPOUND(kItem340, 62340, kMeasured, ast_dataitem_062_340_get_size, ast_subfield_062_340_get_size,
-                    ast_subfield_062_340_get_id, ast_subfield_062_340_get_name, ast_subfield_062_340_get_summary,
-                    ast_subfield_062_340_get_detail_html, .summarizes_unknown_subfields = true)
-AST_DEFINE_COMPOUND_DECODE(kItem340, kMeasured, Measured, ast_dataitem_062_340_decode)
-AST_DEFINE_SUBFIELD_SUMMARY(kItem340, ast_subfield_062_340_get_summary)
-AST_DEFINE_SUBFIELD_DETAIL(kItem340, ast_subfield_062_340_get_detail_html)
+AST_DEFINE_COMPOUND_ITEM(kItem340, 62340, kMeasured, Measured, 062_340, .summarizes_unknown_subfields = true)
 
 constinit const Compound ast::cat062::kMeasuredInformation = kItem340;

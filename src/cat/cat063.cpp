@@ -64,8 +64,7 @@ struct I063_060 : Item<63060, ast_dataitem_063_060_t, extended<2>> {
     }
 };
 
-AST_DEFINE_DECODE(I063_060, ast_dataitem_063_060_decode)
-AST_DEFINE_VIEWS(I063_060, ast_dataitem_063_060_get_summary, ast_dataitem_063_060_get_detail_html)
+AST_DEFINE_ITEM(I063_060, ast_dataitem_063_060)
 
 // ---- The flat record ----
 

@@ -55,8 +55,7 @@ struct I065_040 : Item<65040, ast_dataitem_065_040_t, fixed<1>> {
     }
 };
 
-AST_DEFINE_DECODE(I065_040, ast_dataitem_065_040_decode)
-AST_DEFINE_VIEWS(I065_040, ast_dataitem_065_040_get_summary, ast_dataitem_065_040_get_detail_html)
+AST_DEFINE_ITEM(I065_040, ast_dataitem_065_040)
 
 // ---- The flat record ----
 

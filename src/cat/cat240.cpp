@@ -129,8 +129,7 @@ struct I240_030 : Item<240030, ast_dataitem_240_030_t, repetitive<1>> {
     }
 };
 
-AST_DEFINE_DECODE(I240_030, ast_dataitem_240_030_decode)
-AST_DEFINE_VIEWS(I240_030, ast_dataitem_240_030_get_summary, ast_dataitem_240_030_get_detail_html)
+AST_DEFINE_ITEM(I240_030, ast_dataitem_240_030)
 
 // ---- I240/040 and I240/041 Video Header Nano and Femto ----
 
@@ -184,8 +183,7 @@ struct I240_040 : VideoHeader<240040> {
     static void show(ViewWriter &view, const Value &header) { show_header(view, header, "CELL_DURATION LSB=10^-9SEC"); }
 };
 
-AST_DEFINE_DECODE(I240_040, ast_dataitem_240_040_decode)
-AST_DEFINE_VIEWS(I240_040, ast_dataitem_240_040_get_summary, ast_dataitem_240_040_get_detail_html)
+AST_DEFINE_ITEM(I240_040, ast_dataitem_240_040)
 
 struct I240_041 : VideoHeader<240041> {
     static constexpr double kFemtosecondsPerSecond = 1e15;
@@ -200,8 +198,7 @@ struct I240_041 : VideoHeader<240041> {
     }
 };
 
-AST_DEFINE_DECODE(I240_041, ast_dataitem_240_041_decode)
-AST_DEFINE_VIEWS(I240_041, ast_dataitem_240_041_get_summary, ast_dataitem_240_041_get_detail_html)
+AST_DEFINE_ITEM(I240_041, ast_dataitem_240_041)
 
 // ---- I240/048 Video Cells Resolution & Data Compression Indicator ----
 
@@ -227,8 +224,7 @@ struct I240_048 : Item<240048, ast_dataitem_240_048_t, fixed<2>> {
     }
 };
 
-AST_DEFINE_DECODE(I240_048, ast_dataitem_240_048_decode)
-AST_DEFINE_VIEWS(I240_048, ast_dataitem_240_048_get_summary, ast_dataitem_240_048_get_detail_html)
+AST_DEFINE_ITEM(I240_048, ast_dataitem_240_048)
 
 // ---- I240/049 Video Octets & Video Cells Counters ----
 
@@ -249,8 +245,7 @@ struct I240_049 : Item<240049, ast_dataitem_240_049_t, fixed<5>> {
     }
 };
 
-AST_DEFINE_DECODE(I240_049, ast_dataitem_240_049_decode)
-AST_DEFINE_VIEWS(I240_049, ast_dataitem_240_049_get_summary, ast_dataitem_240_049_get_detail_html)
+AST_DEFINE_ITEM(I240_049, ast_dataitem_240_049)
 
 // ---- I240/050, I240/051 and I240/052 Video Block Low, Medium and High Data Volume ----
 
@@ -288,19 +283,16 @@ struct VideoBlock : Item<Type, BlockValue, repetitive<ElementOctets>> {
 
 struct I240_050 : VideoBlock<240050, ast_dataitem_240_050_t, 4> {};
 
-AST_DEFINE_DECODE(I240_050, ast_dataitem_240_050_decode)
-AST_DEFINE_VIEWS(I240_050, ast_dataitem_240_050_get_summary, ast_dataitem_240_050_get_detail_html)
+AST_DEFINE_ITEM(I240_050, ast_dataitem_240_050)
 
 struct I240_051 : VideoBlock<240051, ast_dataitem_240_051_t, 64> {};
 
-AST_DEFINE_DECODE(I240_051, ast_dataitem_240_051_decode)
-AST_DEFINE_VIEWS(I240_051, ast_dataitem_240_051_get_summary, ast_dataitem_240_051_get_detail_html)
+AST_DEFINE_ITEM(I240_051, ast_dataitem_240_051)
 
 // 254 octets of each 256 are taken: users count on so many cells.
 struct I240_052 : VideoBlock<240052, ast_dataitem_240_052_t, 256, 254> {};
 
-AST_DEFINE_DECODE(I240_052, ast_dataitem_240_052_decode)
-AST_DEFINE_VIEWS(I240_052, ast_dataitem_240_052_get_summary, ast_dataitem_240_052_get_detail_html)
+AST_DEFINE_ITEM(I240_052, ast_dataitem_240_052)
 
 // ---- Accessors, for those who ask for this category by name ----
 

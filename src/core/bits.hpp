@@ -82,6 +82,18 @@ constexpr bool has_fx(uint8_t octet) { return bit(octet, 1); }
 
 constexpr uint8_t kFx = 0x01;
 
+// Chains so many octets, and returns how many they are.
+inline uint64_t chain(uint8_t *octets, uint64_t count) {
+    for (uint64_t i = 0; i + 1 < count; ++i) octets[i] |= kFx;
+    return count;
+}
+
+// Chains the octets up to the last one that holds something, and returns how many they are: at least one, of `count`.
+inline uint64_t chain_to_last(uint8_t *octets, uint64_t count) {
+    while (count > 1 && octets[count - 1] == 0) --count;
+    return chain(octets, count);
+}
+
 // How many bits of an octet are set: the sums of two, of four, of all eight. Without a population count instruction,
 // which a portable build cannot count on, the library call would cost more.
 constexpr unsigned bits_set(unsigned octet) {
@@ -109,6 +121,14 @@ constexpr int32_t magnitude_less_maximum(uint32_t raw, unsigned width) {
     const uint32_t maximum = sign - 1;
     const auto magnitude = static_cast<int32_t>(raw & maximum);
     return raw & sign ? magnitude - static_cast<int32_t>(maximum) : magnitude;
+}
+
+enum class Sign : uint8_t { None, TwosComplement, MagnitudeLessMaximum };
+
+constexpr int32_t signed_number(uint32_t raw, unsigned width, Sign sign) {
+    if (sign == Sign::TwosComplement) return twos_complement(raw, width);
+    if (sign == Sign::MagnitudeLessMaximum) return magnitude_less_maximum(raw, width);
+    return static_cast<int32_t>(raw);
 }
 
 // Encoders of some positions and levels write a negative number as 2^width - 1 + value, the one's complement of its

@@ -121,3 +121,13 @@ void read_subfield_of(const Compound &compound, const ast_dataitem_t *item, uint
     void function(char *text, uint64_t capacity, const ast_dataitem_t *, uint32_t) {                                   \
         ast::set_text(text, capacity, "");                                                                             \
     }
+
+// A compound item with a value record and with views of its subfields, whose functions are named by its reference.
+#define AST_DEFINE_COMPOUND_ITEM(compound, item_type, rows, item_value, reference, ...)                                \
+    AST_DEFINE_COMPOUND(compound, item_type, rows, ast_dataitem_##reference##_get_size,                                \
+                        ast_subfield_##reference##_get_size, ast_subfield_##reference##_get_id,                        \
+                        ast_subfield_##reference##_get_name, ast_subfield_##reference##_get_summary,                   \
+                        ast_subfield_##reference##_get_detail_html __VA_OPT__(, ) __VA_ARGS__)                         \
+    AST_DEFINE_COMPOUND_DECODE(compound, rows, item_value, ast_dataitem_##reference##_decode)                          \
+    AST_DEFINE_SUBFIELD_SUMMARY(compound, ast_subfield_##reference##_get_summary)                                      \
+    AST_DEFINE_SUBFIELD_DETAIL(compound, ast_subfield_##reference##_get_detail_html)

@@ -10,22 +10,21 @@
 //
 // and the frame checks what may be read and written, makes the exported functions, and binds them to a row:
 //
-//     AST_DEFINE_DECODE(I048_040, ast_dataitem_048_040_decode)
-//     AST_DEFINE_VIEWS(I048_040, ast_dataitem_048_040_get_summary, ast_dataitem_048_040_get_detail_html)
-//     AST_DEFINE_ENCODE(I048_040, ast_dataitem_048_040_encode)
+//     AST_DEFINE_ENCODED_ITEM(I048_040, ast_dataitem_048_040)
 //     constexpr ItemRow kItems[] = {own<I048_040>("Measured Position in Polar Co-ordinates"), ...};
 //
-// Each of the four may be left out. `read` gets octets that the size rule accepts, and may return false for others that
-// are no such item; summarize and show get valid values only, and an item may have a `show_unread` for others. Where
-// the octets and the value do not say all, they may take the item (its size, its type) as a further argument, and
-// `read` takes it in place of the octets. `write` may take the type, and returns how many octets it wrote where that
-// varies.
+// An item that has `kRows` needs no `read`, `show` and `write`; rows.hpp tells how they say it all. `read` gets octets
+// that the size rule accepts, and may return false for others that are no such item; summarize and show get valid
+// values only, and an item may have a `show_unread` for others. Where the octets and the value do not say all, they may
+// take the item (its size, its type) as a further argument, and `read` takes it in place of the octets. `write` may
+// take the type, and returns how many octets it wrote where that varies.
 #pragma once
 
 #include <type_traits>
 
 #include "codec/category.hpp"
 #include "codec/item.hpp"
+#include "items/rows.hpp"
 #include "view/html.hpp"
 
 namespace ast {
@@ -66,14 +65,24 @@ bool accepts(const ast_dataitem_t *item) {
 }
 
 template <typename I>
+void read_rows(typename I::Value &value, const ast_dataitem_t &item) {
+    if constexpr (I::kSize.kind == SizeRule::Kind::Fixed)
+        read_rows<I>(value, item.data);
+    else
+        read_rows<I>(value, item.data, item.size);
+}
+
+template <typename I>
 typename I::Value decode(const ast_dataitem_t *item) {
     typename I::Value value = default_value<I>();
     if (!accepts<I>(item)) return value;
     const auto read = [&] {
         if constexpr (requires { I::read(value, item->data); })
             return I::read(value, item->data);
-        else
+        else if constexpr (requires { I::read(value, *item); })
             return I::read(value, *item);
+        else
+            return read_rows<I>(value, *item);
     };
     if constexpr (std::is_same_v<decltype(read()), bool>) {
         if (!read()) return default_value<I>();
@@ -85,6 +94,12 @@ typename I::Value decode(const ast_dataitem_t *item) {
 }
 
 // ---- Showing ----
+
+template <typename I>
+void show_rows(ViewWriter &view, const typename I::Value &value, const ast_dataitem_t &item) {
+    DetailTable table = table_of_rows<I>(view);
+    show_rows<I>(table, value, item.data, item.size);
+}
 
 template <typename I>
 void summarize(char *text, uint64_t capacity, const ast_dataitem_t *item) {
@@ -105,8 +120,10 @@ void show(ViewWriter &view, const ast_dataitem_t *item) {
     if (!value.valid) return;
     if constexpr (requires { I::show(view, value, *item); })
         I::show(view, value, *item);
-    else
+    else if constexpr (requires { I::show(view, value); })
         I::show(view, value);
+    else
+        show_rows<I>(view, value, *item);
 }
 
 template <typename I>
@@ -151,8 +168,10 @@ uint64_t write(uint8_t *octets, typename I::Value &value, ast_dataitem_type_t ty
     const auto write = [&] {
         if constexpr (requires { I::write(octets, value, type); })
             return I::write(octets, value, type);
-        else
+        else if constexpr (requires { I::write(octets, value); })
             return I::write(octets, value);
+        else
+            return write_rows<I>(octets, value);
     };
     if constexpr (std::is_same_v<decltype(write()), bool>)
         return write() ? kLeastOctets<I> : 0;
@@ -238,3 +257,12 @@ constexpr ItemRow own(const char *name, uint16_t variant_of = 0) {
     }                                                                                                                  \
     template <>                                                                                                        \
     [[maybe_unused]] constexpr ast::Encoder *ast::kEncoderOf<item_layout> = function;
+
+// The functions of an item by what their names begin with: its decoder and views, and its encoder as well.
+#define AST_DEFINE_ITEM(item_layout, name)                                                                             \
+    AST_DEFINE_DECODE(item_layout, name##_decode)                                                                      \
+    AST_DEFINE_VIEWS(item_layout, name##_get_summary, name##_get_detail_html)
+
+#define AST_DEFINE_ENCODED_ITEM(item_layout, name)                                                                     \
+    AST_DEFINE_ITEM(item_layout, name)                                                                                 \
+    AST_DEFINE_ENCODE(item_layout, name##_encode)

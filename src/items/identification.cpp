@@ -97,10 +97,7 @@ struct DataSourceIdentifier : SharedLayout<ast_sac_sic_t, items::data_source_ide
 
 } // namespace
 
-AST_DEFINE_DECODE(DataSourceIdentifier, ast_dataitem_data_source_identifier_decode)
-AST_DEFINE_VIEWS(DataSourceIdentifier, ast_dataitem_data_source_identifier_get_summary,
-                 ast_dataitem_data_source_identifier_get_detail_html)
-AST_DEFINE_ENCODE(DataSourceIdentifier, ast_dataitem_data_source_identifier_encode)
+AST_DEFINE_ENCODED_ITEM(DataSourceIdentifier, ast_dataitem_data_source_identifier)
 
 namespace ast {
 
@@ -196,9 +193,7 @@ struct TargetAddress : SharedLayout<ast_target_address_t, items::target_address.
 
 } // namespace
 
-AST_DEFINE_DECODE(TargetAddress, ast_dataitem_target_address_decode)
-AST_DEFINE_VIEWS(TargetAddress, ast_dataitem_target_address_get_summary, ast_dataitem_target_address_get_detail_html)
-AST_DEFINE_ENCODE(TargetAddress, ast_dataitem_target_address_encode)
+AST_DEFINE_ENCODED_ITEM(TargetAddress, ast_dataitem_target_address)
 
 namespace ast {
 
@@ -244,9 +239,7 @@ struct AircraftId : SharedLayout<ast_aircraft_id_t, items::aircraft_id.size> {
 
 } // namespace
 
-AST_DEFINE_DECODE(AircraftId, ast_dataitem_aircraft_id_decode)
-AST_DEFINE_VIEWS(AircraftId, ast_dataitem_aircraft_id_get_summary, ast_dataitem_aircraft_id_get_detail_html)
-AST_DEFINE_ENCODE(AircraftId, ast_dataitem_aircraft_id_encode)
+AST_DEFINE_ENCODED_ITEM(AircraftId, ast_dataitem_aircraft_id)
 
 // ---- Target identification ----
 
@@ -284,8 +277,7 @@ struct TargetId : SharedLayout<ast_target_id_t, items::target_id.size> {
 
 } // namespace
 
-AST_DEFINE_DECODE(TargetId, ast_dataitem_target_id_decode)
-AST_DEFINE_VIEWS(TargetId, ast_dataitem_target_id_get_summary, ast_dataitem_target_id_get_detail_html)
+AST_DEFINE_ITEM(TargetId, ast_dataitem_target_id)
 
 // ---- Signal amplitude ----
 

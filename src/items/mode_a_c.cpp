@@ -97,9 +97,7 @@ struct Mode3aCode : SharedLayout<ast_mode_3a_t, items::mode_3a_code.size> {
 
 } // namespace
 
-AST_DEFINE_DECODE(Mode3aCode, ast_dataitem_mode_3a_code_decode)
-AST_DEFINE_VIEWS(Mode3aCode, ast_dataitem_mode_3a_code_get_summary, ast_dataitem_mode_3a_code_get_detail_html)
-AST_DEFINE_ENCODE(Mode3aCode, ast_dataitem_mode_3a_code_encode)
+AST_DEFINE_ENCODED_ITEM(Mode3aCode, ast_dataitem_mode_3a_code)
 
 // ---- Mode 3/A code confidence ----
 
@@ -137,10 +135,7 @@ struct Mode3aConfidence : SharedLayout<ast_mode_3a_confidence_t, items::mode_3a_
 
 } // namespace
 
-AST_DEFINE_DECODE(Mode3aConfidence, ast_dataitem_mode_3a_confidence_decode)
-AST_DEFINE_VIEWS(Mode3aConfidence, ast_dataitem_mode_3a_confidence_get_summary,
-                 ast_dataitem_mode_3a_confidence_get_detail_html)
-AST_DEFINE_ENCODE(Mode3aConfidence, ast_dataitem_mode_3a_confidence_encode)
+AST_DEFINE_ENCODED_ITEM(Mode3aConfidence, ast_dataitem_mode_3a_confidence)
 
 // ---- Mode C code ----
 
@@ -174,9 +169,7 @@ struct ModeCCode : SharedLayout<ast_mode_c_t, items::mode_c_code.size> {
 
 } // namespace
 
-AST_DEFINE_DECODE(ModeCCode, ast_dataitem_mode_c_code_decode)
-AST_DEFINE_VIEWS(ModeCCode, ast_dataitem_mode_c_code_get_summary, ast_dataitem_mode_c_code_get_detail_html)
-AST_DEFINE_ENCODE(ModeCCode, ast_dataitem_mode_c_code_encode)
+AST_DEFINE_ENCODED_ITEM(ModeCCode, ast_dataitem_mode_c_code)
 
 // ---- Mode C code with confidence ----
 
@@ -244,7 +237,4 @@ struct ModeCConfidence : SharedLayout<ast_mode_c_confidence_t, items::mode_c_con
 
 } // namespace
 
-AST_DEFINE_DECODE(ModeCConfidence, ast_dataitem_mode_c_confidence_decode)
-AST_DEFINE_VIEWS(ModeCConfidence, ast_dataitem_mode_c_confidence_get_summary,
-                 ast_dataitem_mode_c_confidence_get_detail_html)
-AST_DEFINE_ENCODE(ModeCConfidence, ast_dataitem_mode_c_confidence_encode)
+AST_DEFINE_ENCODED_ITEM(ModeCConfidence, ast_dataitem_mode_c_confidence)

@@ -30,5 +30,4 @@ struct ModesMb : SharedLayout<ast_modes_mb_t, items::modes_mb.size> {
 
 } // namespace
 
-AST_DEFINE_DECODE(ModesMb, ast_dataitem_modes_mb_decode)
-AST_DEFINE_VIEWS(ModesMb, ast_dataitem_modes_mb_get_summary, ast_dataitem_modes_mb_get_detail_html)
+AST_DEFINE_ITEM(ModesMb, ast_dataitem_modes_mb)

@@ -32,13 +32,6 @@ uint64_t write_chain(uint8_t *octets, const Number (&numbers)[N], uint64_t count
     return count;
 }
 
-// Chains the octets up to the last one that holds something, and returns how many they are: at least one, of `count`.
-inline uint64_t chain_to_last(uint8_t *octets, uint64_t count) {
-    while (count > 1 && octets[count - 1] == 0) --count;
-    for (uint64_t i = 0; i + 1 < count; ++i) octets[i] |= kFx;
-    return count;
-}
-
 // Octets whose bits mean what each radar defines, shown as bits.
 template <ast_dataitem_type_t Type, uint16_t MaximumOctets>
 struct OctetChain : Item<Type, ast_octet_chain_t, extended<MaximumOctets>> {

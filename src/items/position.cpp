@@ -57,9 +57,7 @@ struct Wgs84Low : Wgs84<items::position_wgs84_low.size> {
 
 } // namespace
 
-AST_DEFINE_DECODE(Wgs84Low, ast_dataitem_position_wgs84_low_decode)
-AST_DEFINE_VIEWS(Wgs84Low, ast_dataitem_position_wgs84_low_get_summary, ast_dataitem_position_wgs84_low_get_detail_html)
-AST_DEFINE_ENCODE(Wgs84Low, ast_dataitem_position_wgs84_low_encode)
+AST_DEFINE_ENCODED_ITEM(Wgs84Low, ast_dataitem_position_wgs84_low)
 
 // ---- WGS-84 position, eight octets ----
 
@@ -120,9 +118,7 @@ struct Wgs84High : Wgs84<items::position_wgs84.size> {
 
 } // namespace
 
-AST_DEFINE_DECODE(Wgs84High, ast_dataitem_position_wgs84_decode)
-AST_DEFINE_VIEWS(Wgs84High, ast_dataitem_position_wgs84_get_summary, ast_dataitem_position_wgs84_get_detail_html)
-AST_DEFINE_ENCODE(Wgs84High, ast_dataitem_position_wgs84_encode)
+AST_DEFINE_ENCODED_ITEM(Wgs84High, ast_dataitem_position_wgs84)
 
 // ---- Cartesian position and velocity ----
 
@@ -205,9 +201,7 @@ struct PolarVelocity : SharedLayout<ast_value_pair_t, items::velocity_polar.size
 
 } // namespace
 
-AST_DEFINE_DECODE(PolarVelocity, ast_dataitem_velocity_polar_decode)
-AST_DEFINE_VIEWS(PolarVelocity, ast_dataitem_velocity_polar_get_summary, ast_dataitem_velocity_polar_get_detail_html)
-AST_DEFINE_ENCODE(PolarVelocity, ast_dataitem_velocity_polar_encode)
+AST_DEFINE_ENCODED_ITEM(PolarVelocity, ast_dataitem_velocity_polar)
 
 // ---- Height and vertical rate ----
 
@@ -252,8 +246,5 @@ struct VerticalRate : SharedLayout<ast_scaled_value_t, items::vertical_rate.size
 
 } // namespace
 
-AST_DEFINE_DECODE(Height, ast_dataitem_height_decode)
-AST_DEFINE_VIEWS(Height, ast_dataitem_height_get_summary, ast_dataitem_height_get_detail_html)
-AST_DEFINE_DECODE(VerticalRate, ast_dataitem_vertical_rate_decode)
-AST_DEFINE_VIEWS(VerticalRate, ast_dataitem_vertical_rate_get_summary, ast_dataitem_vertical_rate_get_detail_html)
-AST_DEFINE_ENCODE(VerticalRate, ast_dataitem_vertical_rate_encode)
+AST_DEFINE_ITEM(Height, ast_dataitem_height)
+AST_DEFINE_ENCODED_ITEM(VerticalRate, ast_dataitem_vertical_rate)

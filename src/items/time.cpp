@@ -57,9 +57,7 @@ struct TimeOfDay : SharedLayout<ast_time_of_day_t, items::time_of_day.size> {
 
 } // namespace
 
-AST_DEFINE_DECODE(TimeOfDay, ast_dataitem_time_of_day_decode)
-AST_DEFINE_VIEWS(TimeOfDay, ast_dataitem_time_of_day_get_summary, ast_dataitem_time_of_day_get_detail_html)
-AST_DEFINE_ENCODE(TimeOfDay, ast_dataitem_time_of_day_encode)
+AST_DEFINE_ENCODED_ITEM(TimeOfDay, ast_dataitem_time_of_day)
 
 // ---- High-precision time of day ----
 
@@ -86,9 +84,7 @@ struct TimeOfDayHigh : SharedLayout<ast_time_of_day_high_t, items::time_of_day_h
 
 } // namespace
 
-AST_DEFINE_DECODE(TimeOfDayHigh, ast_dataitem_time_of_day_high_decode)
-AST_DEFINE_VIEWS(TimeOfDayHigh, ast_dataitem_time_of_day_high_get_summary,
-                 ast_dataitem_time_of_day_high_get_detail_html)
+AST_DEFINE_ITEM(TimeOfDayHigh, ast_dataitem_time_of_day_high)
 
 // ---- Sector number ----
 
@@ -126,9 +122,7 @@ struct SectorNumber : SharedLayout<ast_scaled_value_t, items::sector_number.size
 
 } // namespace
 
-AST_DEFINE_DECODE(SectorNumber, ast_dataitem_sector_number_decode)
-AST_DEFINE_VIEWS(SectorNumber, ast_dataitem_sector_number_get_summary, ast_dataitem_sector_number_get_detail_html)
-AST_DEFINE_ENCODE(SectorNumber, ast_dataitem_sector_number_encode)
+AST_DEFINE_ENCODED_ITEM(SectorNumber, ast_dataitem_sector_number)
 
 // ---- Antenna rotation period ----
 
@@ -159,7 +153,4 @@ struct AntennaRotationPeriod : SharedLayout<ast_scaled_value_t, items::antenna_r
 
 } // namespace
 
-AST_DEFINE_DECODE(AntennaRotationPeriod, ast_dataitem_antenna_rotation_period_decode)
-AST_DEFINE_VIEWS(AntennaRotationPeriod, ast_dataitem_antenna_rotation_period_get_summary,
-                 ast_dataitem_antenna_rotation_period_get_detail_html)
-AST_DEFINE_ENCODE(AntennaRotationPeriod, ast_dataitem_antenna_rotation_period_encode)
+AST_DEFINE_ENCODED_ITEM(AntennaRotationPeriod, ast_dataitem_antenna_rotation_period)

@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "ast.h"
+#include "core/bits.hpp"
 
 namespace ast {
 
@@ -42,6 +43,13 @@ constexpr bool fits(int64_t raw, unsigned width) { return raw >= 0 && raw < INT6
 
 // The same for a field in two's complement.
 constexpr bool fits_signed(int64_t raw, unsigned width) { return fits(raw + (INT64_C(1) << (width - 1)), width); }
+
+// The same for one with a sign of some rule, as the encoders of positions and levels write it.
+constexpr bool fits(int64_t raw, unsigned width, Sign sign) {
+    if (sign == Sign::TwosComplement) return fits_signed(raw, width);
+    if (sign == Sign::MagnitudeLessMaximum) return fits(raw < 0 ? -raw : raw, width - 1);
+    return fits(raw, width);
+}
 
 // Whether one bit tells a number that counts from 1, as chains and antennas do; 0 stands for the first.
 constexpr bool is_first_or_second(uint32_t number) { return number <= 2; }

@@ -13,70 +13,39 @@ using namespace ast;
 // ---- I001/020 Target Report Descriptor ----
 
 struct I001_020 : Item<1020, ast_dataitem_001_020_t, extended<2>> {
-    static constexpr uint32_t kFirstAntenna = 1;
-    static constexpr uint32_t kSecondAntenna = 2;
-    static constexpr Value kDefault = {.ant = kFirstAntenna};
+    static constexpr Value kDefault = {.ant = 1};
+    static constexpr const char *kDetections[] = {"NO_DETECTION", "PSR", "SSR", "PSR + SSR"};
+    static constexpr const char *kCodes[] = {"DEFAULT", "UNLAWFUL_INTERFERENCE (7500)",
+                                             "RADIO_COMMUNICATION_FAILURE (7600)", "EMERGENCY (7700)"};
 
-    static void read(Value &report, const ast_dataitem_t &item) {
-        const uint8_t first = item.data[0];
-        report.typ = bits(first, 8, 8);
-        report.sim = bit(first, 7);
-        report.ssr_psr = bits(first, 6, 5);
-        report.ant = bit(first, 4) ? kSecondAntenna : kFirstAntenna;
-        report.spi = bit(first, 3);
-        report.rab = bit(first, 2);
-        if (item.size < 2) return;
-        const uint8_t second = item.data[1];
-        report.tst = bit(second, 8);
-        report.ds1_ds2 = bits(second, 7, 6);
-        report.me = bit(second, 5);
-        report.mi = bit(second, 4);
-    }
+    static constexpr Row<Value> kRows[] = {
+        {&Value::typ, 1, "REPORT_TYPE", {"PLOT", "TRACK"}},
+        {&Value::sim, "SIMULATED_TARGET"},
+        {&Value::ssr_psr, 2, "TARGET_TYPE", kDetections},
+        {&Value::ant, kFirstOrSecond, "ANTENNA"},
+        {&Value::spi, "SPI"},
+        {&Value::rab, "FIXED_TRANSPONDER"},
+        fx,
+        {&Value::tst, "TEST_TARGET"},
+        {&Value::ds1_ds2, 2, "SPECIAL_CODE", kCodes},
+        {&Value::me, "MIL_EMERGENCY"},
+        {&Value::mi, "MIL_IDENTIFICATION"},
+        spare(2, "0"),
+        fx,
+    };
 
     // The words of the special codes are those of emergency statuses.
     static void summarize(TextWriter &out, const Value &report) {
-        static constexpr const char *kDetections[] = {"NO_DETECTION", "PSR", "SSR", "PSR+SSR"};
-        static constexpr const char *kCodes[] = {"", " EMG:UNLAWFUL", " EMG:NO_COMM", " EMG:GENERAL"};
-        out.print("TYPE:%s%s%s ANT%u", kDetections[report.ssr_psr], report.typ ? " TRACK" : " PLOT",
+        static constexpr const char *kDetectionWords[] = {"NO_DETECTION", "PSR", "SSR", "PSR+SSR"};
+        static constexpr const char *kCodeWords[] = {"", " EMG:UNLAWFUL", " EMG:NO_COMM", " EMG:GENERAL"};
+        out.print("TYPE:%s%s%s ANT%u", kDetectionWords[report.ssr_psr], report.typ ? " TRACK" : " PLOT",
                   shown_if(report.sim, " SIM"), report.ant);
         out.append(shown_if(report.spi, " SPI"));
         out.append(shown_if(report.rab, " RAB"));
         out.append(shown_if(report.tst, " TST"));
-        out.append(kCodes[report.ds1_ds2]);
+        out.append(kCodeWords[report.ds1_ds2]);
         out.append(shown_if(report.me, " ME"));
         out.append(shown_if(report.mi, " MI"));
-    }
-
-    static void show(ViewWriter &view, const Value &report, const ast_dataitem_t &item) {
-        static constexpr const char *kDetections[] = {"NO_DETECTION", "PSR", "SSR", "PSR + SSR"};
-        static constexpr const char *kCodes[] = {"DEFAULT", "UNLAWFUL_INTERFERENCE (7500)",
-                                                 "RADIO_COMMUNICATION_FAILURE (7600)", "EMERGENCY (7700)"};
-        DetailTable table(view, "Bit", "Item", "Value");
-        table.row("Bit[0]", "REPORT_TYPE", report.typ ? "TRACK" : "PLOT");
-        table.row("Bit[1]", "SIMULATED_TARGET", Cell<2>("%d", report.sim));
-        table.row("Bit[2-3]", "TARGET_TYPE", kDetections[report.ssr_psr]);
-        table.row("Bit[4]", "ANTENNA", Cell<2>("%u", report.ant));
-        table.row("Bit[5]", "SPI", Cell<2>("%d", report.spi));
-        table.row("Bit[6]", "FIXED_TRANSPONDER", Cell<2>("%d", report.rab));
-        table.row("Bit[7]", "FX", Cell<2>("%d", item.size >= 2));
-        if (item.size < 2) return;
-        table.row("Bit[8]", "TEST_TARGET", Cell<2>("%d", report.tst));
-        table.row("Bit[9-10]", "SPECIAL_CODE", kCodes[report.ds1_ds2]);
-        table.row("Bit[11]", "MIL_EMERGENCY", Cell<2>("%d", report.me));
-        table.row("Bit[12]", "MIL_IDENTIFICATION", Cell<2>("%d", report.mi));
-        table.row("Bit[13-14]", "SPARE", "0");
-        table.row("Bit[15]", "FX", Cell<2>("%d", has_fx(item.data[1])));
-    }
-
-    static uint64_t write(uint8_t *octets, const Value &report) {
-        if (!fits(report.typ, 1) || !fits(report.ssr_psr, 2) || !fits(report.ds1_ds2, 2)) return 0;
-        if (!is_first_or_second(report.ant)) return 0;
-        octets[0] = static_cast<uint8_t>(placed(report.typ, 8, 8) | placed(report.sim, 7) |
-                                         placed(report.ssr_psr, 6, 5) | placed(report.ant == kSecondAntenna, 4) |
-                                         placed(report.spi, 3) | placed(report.rab, 2));
-        octets[1] = static_cast<uint8_t>(placed(report.tst, 8) | placed(report.ds1_ds2, 7, 6) | placed(report.me, 5) |
-                                         placed(report.mi, 4));
-        return chain_to_last(octets, 2);
     }
 };
 
@@ -202,11 +171,10 @@ AST_DEFINE_ENCODED_ITEM(I001_141, ast_dataitem_001_141)
 // ---- I001/150 Presence of X-Pulse ----
 
 struct I001_150 : Item<1150, ast_dataitem_001_150_t, fixed<1>> {
-    static void read(Value &pulse, const uint8_t *octets) {
-        pulse.xa = bit(octets[0], 8);
-        pulse.xc = bit(octets[0], 6);
-        pulse.x2 = bit(octets[0], 3);
-    }
+    static constexpr Row<Value> kRows[] = {
+        {&Value::xa, "X_PULSE_MODE_3/A"}, spare(1, "0"), {&Value::xc, "X_PULSE_MODE_C"}, spare(2, "0"),
+        {&Value::x2, "X_PULSE_MODE_2"},   spare(2, "0"),
+    };
 
     static void summarize(TextWriter &out, const Value &pulse) {
         const bool any = pulse.xa || pulse.xc || pulse.x2;
@@ -220,21 +188,6 @@ struct I001_150 : Item<1150, ast_dataitem_001_150_t, fixed<1>> {
             gap = " ";
         }
     }
-
-    static void show(ViewWriter &view, const Value &pulse) {
-        DetailTable table(view, "Bit", "Item", "Value");
-        table.row("Bit[0]", "X_PULSE_MODE_3/A", Cell<2>("%d", pulse.xa));
-        table.row("Bit[1]", "SPARE", "0");
-        table.row("Bit[2]", "X_PULSE_MODE_C", Cell<2>("%d", pulse.xc));
-        table.row("Bit[3-4]", "SPARE", "0");
-        table.row("Bit[5]", "X_PULSE_MODE_2", Cell<2>("%d", pulse.x2));
-        table.row("Bit[6-7]", "SPARE", "0");
-    }
-
-    static bool write(uint8_t *octets, const Value &pulse) {
-        octets[0] = static_cast<uint8_t>(placed(pulse.xa, 8) | placed(pulse.xc, 6) | placed(pulse.x2, 3));
-        return true;
-    }
 };
 
 AST_DEFINE_ENCODED_ITEM(I001_150, ast_dataitem_001_150)
@@ -242,51 +195,27 @@ AST_DEFINE_ENCODED_ITEM(I001_150, ast_dataitem_001_150)
 // ---- I001/170 Track Status ----
 
 struct I001_170 : Item<1170, ast_dataitem_001_170_t, extended<2>> {
-    static constexpr uint32_t kFirstChain = 1;
-    static constexpr uint32_t kSecondChain = 2;
-    static constexpr Value kDefault = {.rdpc = kFirstChain};
-
-    static void read(Value &status, const ast_dataitem_t &item) {
-        const uint8_t first = item.data[0];
-        status.con = bit(first, 8);
-        status.rad = bits(first, 7, 7);
-        status.man = bit(first, 6);
-        status.dou = bit(first, 5);
-        status.rdpc = bit(first, 4) ? kSecondChain : kFirstChain;
-        status.gho = bit(first, 2);
-        status.tre = item.size >= 2 && bit(item.data[1], 8);
-    }
+    static constexpr Value kDefault = {.rdpc = 1};
+    static constexpr Columns kColumns = kBitColumnsWithIds;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::con, {"CON", "TENTATIVE"}},
+        {&Value::rad, 1, {"RAD", "TRACK_TYPE"}, {"PSR", "SSR/COMBINED"}},
+        {&Value::man, {"MAN", "MANOEUVRE"}},
+        {&Value::dou, {"DOU", "LOW_CONFIDENCE"}},
+        {&Value::rdpc, kFirstOrSecond, {"RDPC", "PROCESSING_CHAIN"}},
+        spare(1, ""),
+        {&Value::gho, {"GHO", "GHOST_TRACK"}},
+        fx,
+        {&Value::tre, {"TRE", "TRACK_END"}},
+        spare(6, ""),
+        fx,
+    };
 
     static void summarize(TextWriter &out, const Value &status) {
         out.append(status.rad ? "TYPE:SSR/CMB" : "TYPE:PSR");
         out.append(shown_if(status.con, " TENTATIVE"));
         out.append(shown_if(status.gho, " GHOST"));
         out.append(shown_if(status.tre, " END"));
-    }
-
-    static void show(ViewWriter &view, const Value &status, const ast_dataitem_t &item) {
-        DetailTable table(view, "Bit", "ID", "Item", "Value");
-        table.row("Bit[0]", "CON", "TENTATIVE", Cell<2>("%d", status.con));
-        table.row("Bit[1]", "RAD", "TRACK_TYPE", status.rad ? "SSR/COMBINED" : "PSR");
-        table.row("Bit[2]", "MAN", "MANOEUVRE", Cell<2>("%d", status.man));
-        table.row("Bit[3]", "DOU", "LOW_CONFIDENCE", Cell<2>("%d", status.dou));
-        table.row("Bit[4]", "RDPC", "PROCESSING_CHAIN", Cell<2>("%u", status.rdpc));
-        table.row("Bit[5]", "---", "SPARE", "");
-        table.row("Bit[6]", "GHO", "GHOST_TRACK", Cell<2>("%d", status.gho));
-        table.row("Bit[7]", "FX", "FIELD_EXTENSION", Cell<2>("%d", item.size >= 2));
-        if (item.size < 2) return;
-        table.row("Bit[8]", "TRE", "TRACK_END", Cell<2>("%d", status.tre));
-        table.row("Bit[9-14]", "---", "SPARE", "");
-        table.row("Bit[15]", "FX", "FIELD_EXTENSION", Cell<2>("%d", has_fx(item.data[1])));
-    }
-
-    static uint64_t write(uint8_t *octets, const Value &status) {
-        if (!fits(status.rad, 1) || !is_first_or_second(status.rdpc)) return 0;
-        octets[0] = static_cast<uint8_t>(placed(status.con, 8) | placed(status.rad, 7, 7) | placed(status.man, 6) |
-                                         placed(status.dou, 5) | placed(status.rdpc == kSecondChain, 4) |
-                                         placed(status.gho, 2));
-        octets[1] = placed(status.tre, 8);
-        return chain_to_last(octets, 2);
     }
 };
 

@@ -97,14 +97,9 @@ AST_DEFINE_VIEWS(I004_000, ast_dataitem_004_000_get_summary, ast_dataitem_004_00
 struct I004_040 : Item<4040, ast_dataitem_004_040_t, fixed<2>> {
     static bool accepts(const ast_dataitem_t &item) { return item.size == kSize.octets; } // whatever its type
 
-    static void read(Value &alert, const uint8_t *octets) { alert.value = read_u16(octets); }
+    static constexpr Row<Value> kRows[] = {{&Value::value, 16}};
 
     static void summarize(TextWriter &out, const Value &alert) { out.print("ALERT_ID:%04u", alert.value); }
-
-    static bool write(uint8_t *octets, const Value &alert) {
-        write_u16(octets, alert.value);
-        return fits(alert.value, 16);
-    }
 };
 
 AST_DEFINE_DECODE(I004_040, ast_dataitem_004_040_decode)
@@ -183,11 +178,8 @@ using Conflict = ast_dataitem_004_120_t;
 
 struct Classification {
     using Value = decltype(Conflict::cc);
-    static void read(Value &cc, const uint8_t *octets) {
-        cc.table = bits(octets[0], 8, 5);
-        cc.property = bits(octets[0], 4, 2);
-        cc.criticality = bit(octets[0], 1);
-    }
+    static constexpr Row<Value> kRows[] = {{&Value::table, 4}, {&Value::property, 3}, {&Value::criticality}};
+
     static void summarize(TextWriter &out, const Value &cc) {
         out.print("TAB:%u PROP:%u CS:%s", cc.table, cc.property, cc.criticality ? "HIGH" : "LOW");
     }
@@ -221,7 +213,7 @@ using Aircraft2 = ast_dataitem_004_171_t;
 template <typename Code>
 struct AircraftCode {
     using Value = Code;
-    static void read(Value &code, const uint8_t *octets) { code.code = field(octets, 5, 16); }
+    static constexpr Row<Value> kRows[] = {spare(4), {&Value::code, 12}};
     static void summarize(TextWriter &out, const Value &code) { out.print("MODE_3/A:%04o", code.code); }
 };
 

@@ -29,6 +29,8 @@ struct I008_000 : MessageType<8000> {
 
 AST_DEFINE_SUMMARY(I008_000, ast_dataitem_008_000_get_summary)
 
+constexpr Columns kElementColumns = {nullptr, nullptr, "Element", "Value", Columns::Count::Bits, 0};
+
 // ---- I008/020 Vector Qualifier ----
 
 namespace {
@@ -186,25 +188,18 @@ AST_DEFINE_ITEM(I008_038, ast_dataitem_008_038)
 
 struct I008_040 : Item<8040, ast_dataitem_008_040_t, fixed<2>> {
     static constexpr const char *kPositions[] = {"INTERMEDIATE", "LAST", "FIRST", "SINGLE"};
-
-    static void read(Value &contour, const uint8_t *octets) {
-        contour.org = bit(octets[0], 8);
-        contour.intensity = bits(octets[0], 7, 5);
-        contour.fst_lst = bits(octets[0], 2, 1);
-        contour.csn = octets[1];
-    }
+    static constexpr Columns kColumns = kElementColumns;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::org, "Coordinate System (ORG)", {"Local", "System"}},
+        {&Value::intensity, 3, "Intensity Level"},
+        spare(2),
+        {&Value::fst_lst, 2, "Position in Contour (FST/LST)", kPositions},
+        {&Value::csn, 8, "Contour Serial Number"},
+    };
 
     static void summarize(TextWriter &out, const Value &contour) {
         out.print("CSN:%u INT:%u POS:%s ORG:%s", contour.csn, contour.intensity, kPositions[contour.fst_lst],
                   coordinates(contour.org));
-    }
-
-    static void show(ViewWriter &view, const Value &contour) {
-        DetailTable table(view, "Element", "Value");
-        table.row("Coordinate System (ORG)", coordinates(contour.org));
-        table.row("Intensity Level", Cell<2>("%u", contour.intensity));
-        table.row("Position in Contour (FST/LST)", kPositions[contour.fst_lst]);
-        table.row("Contour Serial Number", Cell<4>("%u", contour.csn));
     }
 };
 
@@ -303,7 +298,8 @@ AST_DEFINE_DETAIL(I008_110, ast_dataitem_008_110_get_detail_html)
 // ---- I008/120 Total Number of Items Constituting One Weather Picture ----
 
 struct I008_120 : Item<8120, ast_dataitem_008_120_t, fixed<2>> {
-    static void read(Value &total, const uint8_t *octets) { total.value = read_u16(octets); }
+    static constexpr Row<Value> kRows[] = {{&Value::value, 16}};
+
     static void summarize(TextWriter &out, const Value &total) { out.print("NUM:%u", total.value); }
 };
 

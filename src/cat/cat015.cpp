@@ -13,10 +13,7 @@ using namespace ast;
 // ---- I015/000 Message Type ----
 
 struct I015_000 : Item<15000, ast_dataitem_015_000_t, fixed<1>> {
-    static void read(Value &type, const uint8_t *octets) {
-        type.mt = bits(octets[0], 8, 2);
-        type.rg = bit(octets[0], 1);
-    }
+    static constexpr Row<Value> kRows[] = {{&Value::mt, 7}, {&Value::rg}};
 
     static void summarize(TextWriter &out, const Value &type) {
         static constexpr const char *kTypes[] = {"UNDEFINED",           "MEASUREMENT_PLOT",     "MEASUREMENT_TRACK",
@@ -34,30 +31,23 @@ AST_DEFINE_SUMMARY(I015_000, ast_dataitem_015_000_get_summary)
 struct I015_020 : Item<15020, ast_dataitem_015_020_t, extended<1>> {
     static constexpr uint32_t kSimulated = 3;
     static constexpr Value kDefault = {.ttax = kSimulated};
+    static constexpr const char *kSensors[] = {"MONO", "MULTI", "OTHER", "UNKNOWN"};
+    static constexpr const char *kTargets[] = {"ACTUAL", "REFERENCE", "SYNTHETIC", "SIMULATED"};
+    static constexpr const char *kDirections[] = {"UNKNOWN", "FORWARD", "BACKWARD", "STATIC"};
 
-    static void read(Value &report, const uint8_t *octets) {
-        report.momu = bits(octets[0], 8, 7);
-        report.ttax = bits(octets[0], 6, 5);
-        report.scd = bits(octets[0], 4, 3);
-    }
+    static constexpr Row<Value> kRows[] = {
+        {&Value::momu, 2, "SENSOR_TYPE", kSensors},
+        {&Value::ttax, 2, "TARGET_TAXONOMY", kTargets},
+        {&Value::scd, 2, "SCANNING_DIRECTION", kDirections},
+        spare(1, "0"),
+        fx,
+    };
 
     static void summarize(TextWriter &out, const Value &report) {
-        static constexpr const char *kSensors[] = {"SENSOR:MONO", "SENSOR:MULTI", "SENSOR:OTHER", "SENSOR:UNKNOWN"};
-        static constexpr const char *kDirections[] = {"", " SCAN_FORWARD", " SCAN_BACKWARD", " SCAN_STATIC"};
-        out.append(kSensors[report.momu]);
-        out.append(kDirections[report.scd]);
-    }
-
-    static void show(ViewWriter &view, const Value &report, const ast_dataitem_t &item) {
-        static constexpr const char *kSensors[] = {"MONO", "MULTI", "OTHER", "UNKNOWN"};
-        static constexpr const char *kTargets[] = {"ACTUAL", "REFERENCE", "SYNTHETIC", "SIMULATED"};
-        static constexpr const char *kDirections[] = {"UNKNOWN", "FORWARD", "BACKWARD", "STATIC"};
-        DetailTable table(view, "Bit", "Item", "Value");
-        table.row("Bit[0-1]", "SENSOR_TYPE", kSensors[report.momu]);
-        table.row("Bit[2-3]", "TARGET_TAXONOMY", kTargets[report.ttax]);
-        table.row("Bit[4-5]", "SCANNING_DIRECTION", kDirections[report.scd]);
-        table.row("Bit[6]", "SPARE", "0");
-        table.row("Bit[7]", "FX", Cell<2>("%d", has_fx(item.data[0])));
+        static constexpr const char *kSensorWords[] = {"SENSOR:MONO", "SENSOR:MULTI", "SENSOR:OTHER", "SENSOR:UNKNOWN"};
+        static constexpr const char *kDirectionWords[] = {"", " SCAN_FORWARD", " SCAN_BACKWARD", " SCAN_STATIC"};
+        out.append(kSensorWords[report.momu]);
+        out.append(kDirectionWords[report.scd]);
     }
 };
 
@@ -66,14 +56,13 @@ AST_DEFINE_ITEM(I015_020, ast_dataitem_015_020)
 // ---- I015/170 Track/Plot Status ----
 
 struct I015_170 : Item<15170, ast_dataitem_015_170_t, fixed<1>> {
-    static void read(Value &status, const uint8_t *octets) {
-        status.biz = bit(octets[0], 8);
-        status.baz = bit(octets[0], 7);
-        status.tur = bit(octets[0], 6);
-        status.cstp = bit(octets[0], 4);
-        status.csth = bit(octets[0], 3);
-        status.cnf = bit(octets[0], 2);
-    }
+    static constexpr Columns kColumns = kBitColumnsWithIds;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::biz, {"BIZ", "BLIND_ZONE"}},         {&Value::baz, {"BAZ", "BLANKED_ZONE"}},
+        {&Value::tur, {"TUR", "TRACK_TERMINATED"}},   spare(1),
+        {&Value::cstp, {"CSTP", "POSITION_COASTED"}}, {&Value::csth, {"CSTH", "HEIGHT_COASTED"}},
+        {&Value::cnf, {"CNF", "TENTATIVE"}},          fx,
+    };
 
     // Of several texts the last one alone stands, with its leading blank; viewers know it so, as its spelling.
     static void summarize(TextWriter &out, const Value &status) {
@@ -84,20 +73,6 @@ struct I015_170 : Item<15170, ast_dataitem_015_170_t, fixed<1>> {
         if (status.csth) text = " H_COAST";
         if (status.cnf) text = " TENTITIVE";
         out.append(text);
-    }
-
-    static void show(ViewWriter &view, const Value &status, const ast_dataitem_t &item) {
-        DetailTable table(view, "Bit", "ID", "Item", "Value");
-        const auto flag = [&](const char *label, const char *id, const char *name, bool is_set) {
-            table.row(label, id, name, is_set ? "1" : "0");
-        };
-        flag("Bit[0]", "BIZ", "BLIND_ZONE", status.biz);
-        flag("Bit[1]", "BAZ", "BLANKED_ZONE", status.baz);
-        flag("Bit[2]", "TUR", "TRACK_TERMINATED", status.tur);
-        flag("Bit[4]", "CSTP", "POSITION_COASTED", status.cstp);
-        flag("Bit[5]", "CSTH", "HEIGHT_COASTED", status.csth);
-        flag("Bit[6]", "CNF", "TENTATIVE", status.cnf);
-        flag("Bit[7]", "FX", "FIELD_EXTENSION", has_fx(item.data[0]));
     }
 };
 
@@ -141,16 +116,14 @@ void read_measurement(Measurement &measurement, const uint8_t *octets) {
 } // namespace
 
 struct I015_400 : Item<15400, ast_dataitem_015_400_t, fixed<5>> {
-    static void read(Value &measurement, const uint8_t *octets) { read_measurement(measurement, octets); }
+    static constexpr Columns kColumns = kOctetColumnsFrom0;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::pid, 16, "PAIR_IDENTIFIER"},
+        {&Value::on, 24, "OBSERVATION_NUMBER"},
+    };
 
     static void summarize(TextWriter &out, const Value &measurement) {
         out.print("PID:%u OBS:%u", measurement.pid, measurement.on);
-    }
-
-    static void show(ViewWriter &view, const Value &measurement) {
-        DetailTable table(view, "Octet", "Item", "Value");
-        table.row("Octet[0-1]", "PAIR_IDENTIFIER", Cell<6>("%u", measurement.pid));
-        table.row("Octet[2-4]", "OBSERVATION_NUMBER", Cell<9>("%u", measurement.on));
     }
 };
 

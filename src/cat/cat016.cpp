@@ -76,7 +76,8 @@ AST_DEFINE_SUMMARY(I016_000, ast_dataitem_016_000_get_summary)
 // ---- I016/200 System Configuration Reporting Period ----
 
 struct I016_200 : Item<16200, ast_dataitem_016_200_t, fixed<1>> {
-    static void read(Value &period, const uint8_t *octets) { period.period_s = octets[0]; }
+    static constexpr Row<Value> kRows[] = {{&Value::period_s, 8}};
+
     static void summarize(TextWriter &out, const Value &period) { out.print("SCRP:%u", period.period_s); }
 };
 
@@ -112,20 +113,15 @@ AST_DEFINE_VIEWS(I016_300, ast_dataitem_016_300_get_summary, ast_dataitem_016_30
 // ---- I016/405 Height of System Reference Point ----
 
 struct I016_405 : Item<16405, ast_dataitem_016_405_t, fixed<2>> {
-    static void read(Value &height, const uint8_t *octets) {
-        height.height_raw = magnitude_less_maximum(read_u16(octets), 16);
-        height.height_m = height.height_raw * kHeightLsbM;
-    }
+    static constexpr Row<Value> kRows[] = {
+        {&Value::height_raw,
+         kMagnitude16,
+         "HEIGHT LSB=0.25M",
+         {&Value::height_m, kHeightLsbM, "HEIGHT LSB=M"},
+         {kHeightLsbM / kMetresPerFoot, "HEIGHT LSB=FT"}},
+    };
 
     static void summarize(TextWriter &out, const Value &height) { out.print("H:%.2f LSB:M", height.height_m); }
-
-    static void show(ViewWriter &view, const Value &height) {
-        constexpr char kBits[] = "Bit[0-15]";
-        DetailTable table(view, "Bit", "Item", "Value");
-        table.row(kBits, "HEIGHT LSB=0.25M", Cell<16>("%d", height.height_raw));
-        table.row(kBits, "HEIGHT LSB=M", Cell<16>("%.2f", height.height_m));
-        table.row(kBits, "HEIGHT LSB=FT", Cell<16>("%.2f", height.height_m / kMetresPerFoot));
-    }
 };
 
 AST_DEFINE_ITEM(I016_405, ast_dataitem_016_405)

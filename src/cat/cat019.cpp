@@ -24,26 +24,26 @@ AST_DEFINE_SUMMARY(I019_000, ast_dataitem_019_000_get_summary)
 
 struct I019_550 : Item<19550, ast_dataitem_019_550_t, fixed<1>> {
     static constexpr Value kDefault = {.nogo = 3};
+    static constexpr const char *kStatuses[] = {"OPERATIONAL", "DEGRADED", "NOGO", "UNDIFINED"}; // known so
 
-    static void read(Value &status, const uint8_t *octets) {
-        status.nogo = bits(octets[0], 8, 7);
-        status.ovl = bit(octets[0], 6);
-        status.tsv = bit(octets[0], 5);
-        status.ttf = bit(octets[0], 3); // not bit 4, where the document has it, and shown as "Bit[4]"; users rely on it
-    }
+    static constexpr Row<Value> kRows[] = {
+        {&Value::nogo, 2, "SYS_STATUS", kStatuses},
+        {&Value::ovl, "OVERLOAD"},
+        {&Value::tsv, "TIME_SOURCE_INVALID"},
+        spare(1), // where the document has TTF, and where it is shown; users rely on it
+        {&Value::ttf},
+        spare(2),
+    };
 
     static void summarize(TextWriter &out, const Value &status) {
-        static constexpr const char *kStatuses[] = {"OPERATIVE", "DEGRADED", "NOGO", "UNDIFINED"}; // known so
+        static constexpr const char *kStatusWords[] = {"OPERATIVE", "DEGRADED", "NOGO", "UNDIFINED"}; // known so
         out.append("SYS_STAT:");
-        out.append(kStatuses[status.nogo]);
+        out.append(kStatusWords[status.nogo]);
     }
 
     static void show(ViewWriter &view, const Value &status) {
-        static constexpr const char *kStatuses[] = {"OPERATIONAL", "DEGRADED", "NOGO", "UNDIFINED"}; // known so
-        DetailTable table(view, "Bit", "Item", "Value");
-        table.row("Bit[0-1]", "SYS_STATUS", kStatuses[status.nogo]);
-        table.row("Bit[2]", "OVERLOAD", Cell<2>("%d", status.ovl));
-        table.row("Bit[3]", "TIME_SOURCE_INVALID", Cell<2>("%d", status.tsv));
+        DetailTable table = table_of_rows<I019_550>(view);
+        show_rows<I019_550>(table, status);
         table.row("Bit[4]", "TEST_TARGET_FAILURE", Cell<2>("%d", status.ttf));
         table.row("Bit[5-7]", "SPARE", "0");
     }
@@ -151,21 +151,16 @@ AST_DEFINE_ITEM(I019_553, ast_dataitem_019_553)
 // ---- I019/610 Height of MLT System Reference Point ----
 
 struct I019_610 : Item<19610, ast_dataitem_019_610_t, fixed<2>> {
-    static void read(Value &height, const uint8_t *octets) {
-        constexpr double kLsbM = 1.0 / 4;
-        height.height_raw = magnitude_less_maximum(read_u16(octets), 16);
-        height.height_m = height.height_raw * kLsbM;
-    }
+    static constexpr double kLsbM = 1.0 / 4;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::height_raw,
+         kMagnitude16,
+         "HEIGHT (LSB=0.25M)",
+         {&Value::height_m, kLsbM, "HEIGHT (LSB=M)"},
+         {kLsbM / kMetresPerFoot, "HEIGHT (LSB=FT)"}},
+    };
 
     static void summarize(TextWriter &out, const Value &height) { out.print("H:%.2f", height.height_m); }
-
-    static void show(ViewWriter &view, const Value &height) {
-        constexpr char kBits[] = "Bit[0-15]";
-        DetailTable table(view, "Bit", "Item", "Value");
-        table.row(kBits, "HEIGHT (LSB=0.25M)", Cell<16>("%d", height.height_raw));
-        table.row(kBits, "HEIGHT (LSB=M)", Cell<16>("%.2f", height.height_m));
-        table.row(kBits, "HEIGHT (LSB=FT)", Cell<16>("%.2f", height.height_m / kMetresPerFoot));
-    }
 };
 
 AST_DEFINE_ITEM(I019_610, ast_dataitem_019_610)
@@ -173,18 +168,14 @@ AST_DEFINE_ITEM(I019_610, ast_dataitem_019_610)
 // ---- I019/620 WGS-84 Undulation ----
 
 struct I019_620 : Item<19620, ast_dataitem_019_620_t, fixed<1>> {
-    static void read(Value &undulation, const uint8_t *octets) {
-        undulation.undulation_m = magnitude_less_maximum(octets[0], 8);
-    }
+    static constexpr Row<Value> kRows[] = {
+        {&Value::undulation_m,
+         {8, Sign::MagnitudeLessMaximum},
+         "UNDULATION (LSB=M)",
+         {1 / kMetresPerFoot, "UNDULATION (LSB=FT)"}},
+    };
 
     static void summarize(TextWriter &out, const Value &undulation) { out.print("UND:%d", undulation.undulation_m); }
-
-    static void show(ViewWriter &view, const Value &undulation) {
-        constexpr char kBits[] = "Bit[0-7]";
-        DetailTable table(view, "Bit", "Item", "Value");
-        table.row(kBits, "UNDULATION (LSB=M)", Cell<16>("%d", undulation.undulation_m));
-        table.row(kBits, "UNDULATION (LSB=FT)", Cell<16>("%.2f", undulation.undulation_m / kMetresPerFoot));
-    }
 };
 
 AST_DEFINE_ITEM(I019_620, ast_dataitem_019_620)

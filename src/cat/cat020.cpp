@@ -90,21 +90,13 @@ struct I020_055 : Item<20055, ast_dataitem_020_055_t, fixed<1>> {
         {&Value::not_validated, "NOT_VALIDATED"},
         {&Value::garbled, "GARBLED"},
         {&Value::smoothed, "SMOOTHED"},
-        {&Value::code, 5},
+        {&Value::code, 5, "CODE", kOctalDigits},
     };
 
-    static uint32_t digit_a(const Value &code) { return bits(code.code, 5, 3); }
-    static uint32_t digit_b(const Value &code) { return bits(code.code, 2, 1); }
-
     static void summarize(TextWriter &out, const Value &code) {
-        out.print("MODE_1:%o%o%s%s%s", digit_a(code), digit_b(code), shown_if(code.not_validated, kNotValidated),
-                  shown_if(code.garbled, kGarbled), shown_if(code.smoothed, kSmoothed));
-    }
-    static void show(ViewWriter &view, const Value &code) {
-        DetailTable table = table_of_rows<I020_055>(view);
-        show_rows<I020_055>(table, code);
-        table.row("Bit[3-5]", "CODE-A", Cell<2>("%o", digit_a(code)));
-        table.row("Bit[6-7]", "CODE-B", Cell<2>("%o", digit_b(code)));
+        out.print("MODE_1:%o%o%s%s%s", bits(code.code, 5, 3), bits(code.code, 2, 1),
+                  shown_if(code.not_validated, kNotValidated), shown_if(code.garbled, kGarbled),
+                  shown_if(code.smoothed, kSmoothed));
     }
 };
 

@@ -20,13 +20,7 @@ constexpr uint32_t kAngleUnits = 65536; // per full circle
 // An item whose detail view is one table, which stays without rows when the item cannot be read.
 template <ast_dataitem_type_t Type, typename Value, SizeRule Rule>
 struct Tabled : Item<Type, Value, Rule> {
-    static void show_unread(ViewWriter &view) { DetailTable table(view, "Bit", "Item", "Value"); }
-};
-
-// The same with another title of the second column.
-template <ast_dataitem_type_t Type, typename Value, SizeRule Rule>
-struct TabledByName : Item<Type, Value, Rule> {
-    static void show_unread(ViewWriter &view) { DetailTable table(view, "Bit", "Name", "Value"); }
+    static constexpr bool kShowsUnread = true;
 };
 
 // A text that stands only when its flag is set.
@@ -45,6 +39,14 @@ void write_words(TextWriter &out, std::initializer_list<Word> words, const char 
         blank = " ";
     }
     if (*blank == '\0') out.append(no_word);
+}
+
+// Some items show their spare bits behind all others; viewers know them so.
+template <typename I>
+void show_with_spare_behind(ViewWriter &view, const typename I::Value &value, const char *spare_bits) {
+    DetailTable table = table_of_rows<I>(view);
+    show_rows<I>(table, value);
+    table.row(spare_bits, "SPARE", "");
 }
 
 // The nearest number of steps to a value; the raw one where the value is no number.
@@ -113,10 +115,7 @@ struct I021_016 : Item<21016, ast_dataitem_021_016_t, fixed<1>> {
     static constexpr double kLsbS = 0.5;
     static constexpr double kLongestS = 127.5; // or longer
 
-    static void read(Value &service, const uint8_t *octets) {
-        service.raw = octets[0];
-        service.period_s = service.raw * kLsbS;
-    }
+    static constexpr Row<Value> kRows[] = {{&Value::raw, 8, {}, {&Value::period_s, kLsbS}}};
 
     static void summarize(TextWriter &out, const Value &service) {
         if (service.period_s <= 0)
@@ -132,9 +131,7 @@ AST_DEFINE_SUMMARY(I021_016, ast_dataitem_021_016_get_summary)
 // ---- I021/020 Emitter Category ----
 
 struct I021_020 : Tabled<21020, ast_dataitem_021_020_t, fixed<1>> {
-    static void read(Value &emitter, const uint8_t *octets) {
-        emitter.emitter_category = ast_emitter_category_from_int(octets[0]);
-    }
+    static constexpr Row<Value> kRows[] = {{&Value::emitter_category, {8, ast_emitter_category_from_int}, "Value"}};
 
     static void summarize(TextWriter &out, const Value &emitter) {
         out.append("EMITTER:");
@@ -142,14 +139,9 @@ struct I021_020 : Tabled<21020, ast_dataitem_021_020_t, fixed<1>> {
     }
 
     static void show(ViewWriter &view, const Value &emitter) {
-        DetailTable table(view, "Bit", "Item", "Value");
-        table.row("Bit[0-7]", "Value", Cell<4>("%u", emitter.emitter_category));
+        DetailTable table = table_of_rows<I021_020>(view);
+        show_rows<I021_020>(table, emitter);
         table.row("Bit[0-7]", "Description", ast_emitter_category_to_str(emitter.emitter_category, AST_STYLE_LONG));
-    }
-
-    static bool write(uint8_t *octets, const Value &emitter) {
-        octets[0] = static_cast<uint8_t>(emitter.emitter_category);
-        return fits(emitter.emitter_category, 8);
     }
 };
 
@@ -159,19 +151,11 @@ AST_DEFINE_ENCODED_ITEM(I021_020, ast_dataitem_021_020)
 
 struct I021_032 : Tabled<21032, ast_dataitem_021_032_t, fixed<1>> {
     static constexpr double kLsbS = 1.0 / 256;
-
-    static void read(Value &time, const uint8_t *octets) {
-        time.raw = octets[0];
-        time.accuracy_s = time.raw * kLsbS;
-    }
+    static constexpr Row<Value> kRows[] = {
+        {&Value::raw, 8, "TOD_ACCURACY LSB=1/256S", {&Value::accuracy_s, kLsbS, "TOD_ACCURACY LSB=S"}},
+    };
 
     static void summarize(TextWriter &out, const Value &time) { out.print("TOD_ACCU:%.2fS", time.accuracy_s); }
-
-    static void show(ViewWriter &view, const Value &time) {
-        DetailTable table(view, "Bit", "Item", "Value");
-        table.row("Bit[0-7]", "TOD_ACCURACY LSB=1/256S", Cell<20>("%u", time.raw));
-        table.row("Bit[0-7]", "TOD_ACCURACY LSB=S", Cell<20>("%.2f", time.accuracy_s));
-    }
 };
 
 AST_DEFINE_ITEM(I021_032, ast_dataitem_021_032)
@@ -180,7 +164,8 @@ AST_DEFINE_ITEM(I021_032, ast_dataitem_021_032)
 
 namespace {
 
-constexpr uint32_t kReservedAddressType = 4; // stands for the reserved ones behind it, too
+// 4 stands for the reserved ones behind it, too.
+uint32_t address_type(uint32_t code) { return std::min(code, UINT32_C(4)); }
 
 // Altitude reporting capability: the values are one above the codes, and what is invalid is unknown.
 constexpr uint32_t kUnknownCapability = 3;
@@ -196,38 +181,34 @@ const char *capability_text(uint32_t capability) {
 
 } // namespace
 
-struct I021_040 : TabledByName<21040, ast_dataitem_021_040_t, extended<3>> {
-    static void read(Value &report, const ast_dataitem_t &item) {
-        read_first(report, item.data[0]);
-        if (item.size >= 2) read_second(report, item.data[1]);
-        if (item.size >= 3) read_third(report, item.data[2]);
-    }
+struct I021_040 : Tabled<21040, ast_dataitem_021_040_t, extended<3>> {
+    static constexpr const char *kAddresses[] = {"24-BIT_ICAO_ADDRESS", "DUPLICATED_ADDRESS", "SURFACE_VEHICLE_ADDRESS",
+                                                 "ANONYMOUS_ADDRESS"};
+    static constexpr const char *kConfidence[] = {"VALID", "SUSPECT", "NO_INFO"};
 
-    static void read_first(Value &report, uint8_t octet) {
-        report.atp = std::min(bits(octet, 8, 6), kReservedAddressType);
-        report.arc = capability_from(bits(octet, 5, 4));
-        report.rc = bit(octet, 3);
-        report.rab = bit(octet, 2);
-    }
-
-    static void read_second(Value &report, uint8_t octet) {
-        report.dcr = bit(octet, 8);
-        report.gbs = bit(octet, 7);
-        report.sim = bit(octet, 6);
-        report.tst = bit(octet, 5);
-        report.saa = bit(octet, 4);
-        report.cl = bits(octet, 3, 2);
-    }
-
-    // Each is taken from one bit above its place in the published layout, which the labels name; users rely on it.
-    static void read_third(Value &report, uint8_t octet) {
-        report.ipc = bit(octet, 7);
-        report.nogo = bit(octet, 6);
-        report.cpr = bit(octet, 5);
-        report.ldpj = bit(octet, 4);
-        report.rcf = bit(octet, 3);
-        report.bit_2 = bit(octet, 2);
-    }
+    static constexpr Columns kColumns = {"Bit", nullptr, "Name", "Value", Columns::Count::Bits, 1};
+    static constexpr Row<Value> kRows[] = {
+        {&Value::atp, {3, address_type}, "ADDRESS_TYPE", {kAddresses, "RESERVED"}},
+        {&Value::arc, {2, capability_from, capability_code}, "ALTITUDE_REPORT_CAPABILITY", capability_text},
+        {&Value::rc, "RANGE_CHECK"},
+        {&Value::rab, "FIXED_TRANSPONDER_REPORT"},
+        hidden_fx,
+        {&Value::dcr, "DIFFERENTIAL_CORRECTION"},
+        {&Value::gbs, "GROUND_BIT_SET"},
+        {&Value::sim, "SIMULATED_TARGET_REPORT"},
+        {&Value::tst, "TEST_TARGET"},
+        {&Value::saa, "NO_SELECTED_ALTITUDE_CAPABILITY"},
+        {&Value::cl, 2, "CONFIDENCE_LEVEL", {kConfidence, "RESERVED"}},
+        hidden_fx,
+        spare(1), // each of the next ones stands one bit above its place in the published layout; users rely on it
+        {&Value::ipc},
+        {&Value::nogo},
+        {&Value::cpr},
+        {&Value::ldpj},
+        {&Value::rcf},
+        {&Value::bit_2},
+        hidden_fx,
+    };
 
     static void summarize(TextWriter &out, const Value &report) {
         out.append("TARGET:");
@@ -235,47 +216,18 @@ struct I021_040 : TabledByName<21040, ast_dataitem_021_040_t, extended<3>> {
     }
 
     static void show(ViewWriter &view, const Value &report, const ast_dataitem_t &item) {
-        static constexpr const char *kAddresses[] = {"24-BIT_ICAO_ADDRESS", "DUPLICATED_ADDRESS",
-                                                     "SURFACE_VEHICLE_ADDRESS", "ANONYMOUS_ADDRESS"};
-        DetailTable table(view, "Bit", "Name", "Value");
-        table.row("Bit[1-3]", "ADDRESS_TYPE", text_of(kAddresses, report.atp, "RESERVED"));
-        table.row("Bit[4-5]", "ALTITUDE_REPORT_CAPABILITY", capability_text(report.arc));
-        table.row("Bit[6]", "RANGE_CHECK", Cell<2>("%d", report.rc));
-        table.row("Bit[7]", "FIXED_TRANSPONDER_REPORT", Cell<2>("%d", report.rab));
-        if (item.size >= 2) show_second(table, report);
-        if (item.size >= 3) show_third(table, report);
+        DetailTable table = table_of_rows<I021_040>(view);
+        show_rows<I021_040>(table, report, item.data, item.size);
+        if (item.size >= 3) show_third_as_published(table, report);
     }
 
-    static void show_second(DetailTable &table, const Value &report) {
-        static constexpr const char *kConfidence[] = {"VALID", "SUSPECT", "NO_INFO"};
-        table.row("Bit[9]", "DIFFERENTIAL_CORRECTION", Cell<2>("%d", report.dcr));
-        table.row("Bit[10]", "GROUND_BIT_SET", Cell<2>("%d", report.gbs));
-        table.row("Bit[11]", "SIMULATED_TARGET_REPORT", Cell<2>("%d", report.sim));
-        table.row("Bit[12]", "TEST_TARGET", Cell<2>("%d", report.tst));
-        table.row("Bit[13]", "NO_SELECTED_ALTITUDE_CAPABILITY", Cell<2>("%d", report.saa));
-        table.row("Bit[14-15]", "CONFIDENCE_LEVEL", text_of(kConfidence, report.cl, "RESERVED"));
-    }
-
-    static void show_third(DetailTable &table, const Value &report) {
+    static void show_third_as_published(DetailTable &table, const Value &report) {
         table.row("Bit[17-18]", "SPARE", "");
         table.row("Bit[19]", "INDEPENDENT_PONSITION_CHECK_FAILED", Cell<2>("%d", report.ipc)); // known so
         table.row("Bit[20]", "NOGO", report.nogo ? "NOGO_BIT_SET" : "0");
         table.row("Bit[21]", "CPR_VALIDATION_FAILED", Cell<2>("%d", report.cpr));
         table.row("Bit[22]", "LDPJ", report.ldpj ? "LDPJ_DETECTED" : "0");
         table.row("Bit[23]", "RANGE_CHECK_FAILED", Cell<2>("%d", report.rcf));
-    }
-
-    // Ends with the last octet that holds something.
-    static uint64_t write(uint8_t *octets, const Value &report) {
-        const uint32_t arc = capability_code(report.arc);
-        if (!fits(report.atp, 3) || !fits(arc, 2) || !fits(report.cl, 2)) return 0;
-        octets[0] = static_cast<uint8_t>(placed(report.atp, 8, 6) | placed(arc, 5, 4) | placed(report.rc, 3) |
-                                         placed(report.rab, 2));
-        octets[1] = static_cast<uint8_t>(placed(report.dcr, 8) | placed(report.gbs, 7) | placed(report.sim, 6) |
-                                         placed(report.tst, 5) | placed(report.saa, 4) | placed(report.cl, 3, 2));
-        octets[2] = static_cast<uint8_t>(placed(report.ipc, 7) | placed(report.nogo, 6) | placed(report.cpr, 5) |
-                                         placed(report.ldpj, 4) | placed(report.rcf, 3) | placed(report.bit_2, 2));
-        return chain_to_last(octets, kSize.octets);
     }
 };
 
@@ -284,64 +236,34 @@ AST_DEFINE_ENCODED_ITEM(I021_040, ast_dataitem_021_040)
 // ---- I021/090 Quality Indicators ----
 
 struct I021_090 : Tabled<21090, ast_dataitem_021_090_t, extended<4>> {
-    // The fields of the extensions, in their order: where each stands, and how it is called.
-    struct Field {
-        ast_optional_field_t Value::*member;
-        uint8_t octet; // counted from 1
-        uint8_t first_bit;
-        uint8_t last_bit;
-        const char *name;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::nucr_nacv, 3, "NUC_R, NAC_V"},
+        {&Value::nucp_nic, 4, "NUC_P, NIC"},
+        hidden_fx,
+        {&Value::nic_baro, 1, "NIC_BARO"},
+        {&Value::sil, 2, "SIL"},
+        {&Value::nac_p, 4, "NAC_P"},
+        hidden_fx,
+        spare(2, ""),
+        {&Value::sil_s, 1, "SIL_S"},
+        {&Value::sda, 2, "SDA"},
+        {&Value::gva, 2, "GVA"},
+        hidden_fx,
+        {&Value::pic, 4, "PIC"},
+        spare(3, ""),
+        hidden_fx,
     };
-    static constexpr Field kFields[] = {
-        {&Value::nic_baro, 2, 8, 8, "NIC_BARO"}, {&Value::sil, 2, 7, 6, "SIL"}, {&Value::nac_p, 2, 5, 2, "NAC_P"},
-        {&Value::sil_s, 3, 6, 6, "SIL_S"},       {&Value::sda, 3, 5, 4, "SDA"}, {&Value::gva, 3, 3, 2, "GVA"},
-        {&Value::pic, 4, 8, 5, "PIC"},
-    };
-
-    static void read(Value &quality, const ast_dataitem_t &item) {
-        quality.nucr_nacv = bits(item.data[0], 8, 6);
-        quality.nucp_nic = bits(item.data[0], 5, 2);
-        for (const Field &each : kFields)
-            if (item.size >= each.octet)
-                quality.*each.member = {.present = true,
-                                        .value = bits(item.data[each.octet - 1], each.first_bit, each.last_bit)};
-    }
 
     static void summarize(TextWriter &out, const Value &quality) {
         out.print("NUCR:%u NUCP:%u", quality.nucr_nacv, quality.nucp_nic);
     }
 
-    static void show(ViewWriter &view, const Value &quality) {
-        DetailTable table(view, "Bit", "Item", "Value");
-        table.row("Bit[0-2]", "NUC_R, NAC_V", Cell<4>("%u", quality.nucr_nacv));
-        table.row("Bit[3-6]", "NUC_P, NIC", Cell<4>("%u", quality.nucp_nic));
-        for (const Field &each : kFields) {
-            if (!(quality.*each.member).present) continue;
-            if (each.member == &Value::sil_s) table.row("Bit[16-17]", "SPARE", "");
-            const unsigned octet = each.octet * 8U;
-            const unsigned first = octet - each.first_bit;
-            const unsigned last = octet - each.last_bit;
-            table.row(first == last ? Cell<12>("Bit[%u]", first) : Cell<12>("Bit[%u-%u]", first, last), each.name,
-                      Cell<4>("%u", (quality.*each.member).value));
-        }
-        if (quality.pic.present) table.row("Bit[28-30]", "SPARE", "");
-    }
-
     // Ends with the last octet that a present field stands in.
     static uint64_t write(uint8_t *octets, const Value &quality) {
-        if (!fits(quality.nucr_nacv, 3) || !fits(quality.nucp_nic, 4)) return 0;
-        std::fill_n(octets, kSize.octets, kFx);
-        octets[0] |= static_cast<uint8_t>(placed(quality.nucr_nacv, 8, 6) | placed(quality.nucp_nic, 5, 2));
-        uint64_t size = 1;
-        for (const Field &each : kFields) {
-            const ast_optional_field_t &value = quality.*each.member;
-            if (!value.present) continue;
-            if (!fits(value.value, each.first_bit - each.last_bit + 1U)) return 0;
-            octets[each.octet - 1] |= placed(value.value, each.first_bit, each.last_bit);
-            size = each.octet;
-        }
-        octets[size - 1] ^= kFx; // ends the chain
-        return size;
+        if (!place_rows<I021_090>(octets, quality)) return 0;
+        if (quality.pic.present) return chain(octets, 4);
+        if (quality.sil_s.present || quality.sda.present || quality.gva.present) return chain(octets, 3);
+        return chain(octets, quality.nic_baro.present || quality.sil.present || quality.nac_p.present ? 2 : 1);
     }
 };
 
@@ -350,12 +272,9 @@ AST_DEFINE_ENCODED_ITEM(I021_090, ast_dataitem_021_090)
 // ---- I021/095 Velocity Accuracy ----
 
 struct I021_095 : Item<21095, ast_dataitem_021_095_t, fixed<1>> {
-    static void read(Value &accuracy, const uint8_t *octets) { accuracy.value = octets[0]; }
+    static constexpr Row<Value> kRows[] = {{&Value::value, 8}};
+
     static void summarize(TextWriter &out, const Value &accuracy) { out.print("VA:%u", accuracy.value); }
-    static bool write(uint8_t *octets, const Value &accuracy) {
-        octets[0] = static_cast<uint8_t>(accuracy.value);
-        return fits(accuracy.value, 8);
-    }
 };
 
 AST_DEFINE_DECODE(I021_095, ast_dataitem_021_095_decode)
@@ -380,23 +299,21 @@ AST_DEFINE_COMPOUND(kItem110, 21110, kTrajectoryIntent, ast_dataitem_021_110_get
 // ---- I021/140 Geometric Altitude ----
 
 struct I021_140 : Tabled<21140, ast_dataitem_021_140_t, fixed<2>> {
-    static void read(Value &altitude, const uint8_t *octets) {
-        altitude.raw = read_signed(octets);
-        altitude.altitude_ft = altitude.raw * kVerticalLsbFt;
-    }
+    static constexpr Row<Value> kRows[] = {
+        {&Value::raw,
+         kMagnitude16,
+         "GEO_ALTITUDE LSB=6.25FT",
+         {&Value::altitude_ft, kVerticalLsbFt, "GEO_ALTITUDE LSB=FT"},
+         {kVerticalLsbM, "GEO_ALTITUDE LSB=M"}},
+    };
 
     static void summarize(TextWriter &out, const Value &altitude) {
         out.print("ALTITUDE:%.2fFT", altitude.altitude_ft);
     }
 
-    static void show(ViewWriter &view, const Value &altitude) {
-        write_vertical_rows<20>(view, altitude.raw,
-                                {"GEO_ALTITUDE LSB=6.25FT", "GEO_ALTITUDE LSB=FT", "GEO_ALTITUDE LSB=M"});
-    }
-
-    static bool write(uint8_t *octets, Value &altitude) {
+    static uint64_t write(uint8_t *octets, Value &altitude) {
         altitude.raw = steps_of(altitude.altitude_ft, kVerticalLsbFt, altitude.raw);
-        return write_signed(octets, altitude.raw);
+        return write_rows<I021_140>(octets, altitude);
     }
 };
 
@@ -406,30 +323,27 @@ AST_DEFINE_ENCODED_ITEM(I021_140, ast_dataitem_021_140)
 
 namespace {
 
-void write_level_rows(DetailTable &table, const char *bit_label, int32_t raw) {
-    table.row(bit_label, "FLIGHT_LEVEL LSB=0.25FL", Cell<20>("%d", raw));
-    table.row(bit_label, "FLIGHT_LEVEL LSB=FL", Cell<20>("%.2f", raw * kLevelLsbFl));
-    table.row(bit_label, "FLIGHT_LEVEL LSB=M", Cell<20>("%.2f", raw * kLevelLsbFt * kMetresPerFoot));
+// A level below so many bits of other fields, as it is sent and in three units.
+template <typename Value>
+constexpr Row<Value> level_row(unsigned width) {
+    return {&Value::raw,
+            {width, Sign::MagnitudeLessMaximum},
+            "FLIGHT_LEVEL LSB=0.25FL",
+            {&Value::altitude_ft, kLevelLsbFt},
+            {kLevelLsbFl, "FLIGHT_LEVEL LSB=FL"},
+            {kLevelLsbM, "FLIGHT_LEVEL LSB=M"}};
 }
 
 } // namespace
 
 struct I021_145 : Tabled<21145, ast_dataitem_021_145_t, fixed<2>> {
-    static void read(Value &level, const uint8_t *octets) {
-        level.raw = read_signed(octets);
-        level.altitude_ft = level.raw * kLevelLsbFt;
-    }
+    static constexpr Row<Value> kRows[] = {level_row<Value>(16)};
 
     static void summarize(TextWriter &out, const Value &level) { out.print("LEVEL:%.2fFL", level.raw * kLevelLsbFl); }
 
-    static void show(ViewWriter &view, const Value &level) {
-        DetailTable table(view, "Bit", "Item", "Value");
-        write_level_rows(table, "Bit[0-15]", level.raw);
-    }
-
-    static bool write(uint8_t *octets, Value &level) {
+    static uint64_t write(uint8_t *octets, Value &level) {
         level.raw = steps_of(level.altitude_ft, kLevelLsbFt, level.raw);
-        return write_signed(octets, level.raw);
+        return write_rows<I021_145>(octets, level);
     }
 };
 
@@ -438,22 +352,18 @@ AST_DEFINE_ENCODED_ITEM(I021_145, ast_dataitem_021_145)
 // ---- I021/146 Selected Altitude ----
 
 struct I021_146 : Tabled<21146, ast_dataitem_021_146_t, fixed<2>> {
-    static void read(Value &selected, const uint8_t *octets) {
-        selected.sas = bit(octets[0], 8);
-        selected.source = ast_selected_altitude_source_from_int(bits(octets[0], 7, 6));
-        selected.raw = magnitude_less_maximum(read_u16(octets), 13);
-        selected.altitude_ft = selected.raw * kLevelLsbFt;
+    static const char *source_text(uint32_t source) {
+        return ast_selected_altitude_source_to_str(source, AST_STYLE_LONG);
     }
+
+    static constexpr Row<Value> kRows[] = {
+        {&Value::sas, "SOURCE_INFO_PROVIDED"},
+        {&Value::source, {2, ast_selected_altitude_source_from_int}, "SOURCE_TYPE", source_text},
+        level_row<Value>(13),
+    };
 
     static void summarize(TextWriter &out, const Value &selected) {
         out.print("SELECTED_ALTITUDE:%.2fFL", selected.raw * kLevelLsbFl);
-    }
-
-    static void show(ViewWriter &view, const Value &selected) {
-        DetailTable table(view, "Bit", "Item", "Value");
-        table.row("Bit[0]", "SOURCE_INFO_PROVIDED", Cell<2>("%d", selected.sas));
-        table.row("Bit[1-2]", "SOURCE_TYPE", ast_selected_altitude_source_to_str(selected.source, AST_STYLE_LONG));
-        write_level_rows(table, "Bit[3-15]", selected.raw);
     }
 };
 
@@ -524,10 +434,7 @@ void write_speed_rows(DetailTable &table, const char *bit_label, const char *nam
 } // namespace
 
 struct I021_151 : Tabled<21151, ast_dataitem_021_151_t, fixed<2>> {
-    static void read(Value &speed, const uint8_t *octets) {
-        speed.re = bit(octets[0], 8);
-        speed.speed_kt = field(octets, 2, 16);
-    }
+    static constexpr Row<Value> kRows[] = {{&Value::re}, {&Value::speed_kt, 15}};
 
     static void summarize(TextWriter &out, const Value &speed) { out.print("TAS:%uKT", speed.speed_kt); }
 
@@ -542,18 +449,12 @@ AST_DEFINE_ITEM(I021_151, ast_dataitem_021_151)
 // ---- I021/152 Magnetic Heading ----
 
 struct I021_152 : Tabled<21152, ast_dataitem_021_152_t, fixed<2>> {
-    static void read(Value &heading, const uint8_t *octets) {
-        heading.raw = read_u16(octets);
-        heading.heading_deg = heading.raw * kFullCircleDeg / kAngleUnits;
-    }
+    static constexpr double kLsbDeg = kFullCircleDeg / kAngleUnits;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::raw, 16, "MAGNETIC_HEADING LSB=0.0055DEG", {&Value::heading_deg, kLsbDeg, "MAGNETIC_HEADING LSB=DEG"}},
+    };
 
     static void summarize(TextWriter &out, const Value &heading) { out.print("HDG:%03.2fDEG", heading.heading_deg); }
-
-    static void show(ViewWriter &view, const Value &heading) {
-        DetailTable table(view, "Bit", "Item", "Value");
-        table.row("Bit[0-15]", "MAGNETIC_HEADING LSB=0.0055DEG", Cell<20>("%u", heading.raw));
-        table.row("Bit[0-15]", "MAGNETIC_HEADING LSB=DEG", Cell<20>("%3.2f", heading.heading_deg));
-    }
 };
 
 AST_DEFINE_ITEM(I021_152, ast_dataitem_021_152)
@@ -606,25 +507,15 @@ AST_DEFINE_ENCODED_ITEM(I021_160, ast_dataitem_021_160)
 // ---- I021/200 Target Status ----
 
 struct I021_200 : Item<21200, ast_dataitem_021_200_t, fixed<1>> {
-    static void read(Value &status, const uint8_t *octets) {
-        status.icf = bit(octets[0], 8);
-        status.lnav = bit(octets[0], 7);
-        status.me = bit(octets[0], 6);
-        status.ps = ast_emergency_status_from_int(bits(octets[0], 5, 3));
-        status.ss = bits(octets[0], 2, 1);
-    }
+    static constexpr Row<Value> kRows[] = {
+        {&Value::icf}, {&Value::lnav}, {&Value::me}, {&Value::ps, {3, ast_emergency_status_from_int}}, {&Value::ss, 2},
+    };
 
     static void summarize(TextWriter &out, const Value &status) {
         static constexpr const char *kSurveillance[] = {" SUR:NO_RPT", " SUR:PERM_ALR", " SUR:TEMP_ALR", " SUR:SPI"};
         out.append("EMG:");
         out.append(ast_emergency_status_to_str(status.ps));
         out.append(kSurveillance[status.ss]);
-    }
-
-    static bool write(uint8_t *octets, const Value &status) {
-        octets[0] = static_cast<uint8_t>(placed(status.icf, 8) | placed(status.lnav, 7) | placed(status.me, 6) |
-                                         placed(status.ps, 5, 3) | placed(status.ss, 2, 1));
-        return fits(status.ps, 3) && fits(status.ss, 2);
     }
 };
 
@@ -634,14 +525,23 @@ AST_DEFINE_ENCODE(I021_200, ast_dataitem_021_200_encode)
 
 // ---- I021/210 MOPS Version ----
 
-struct I021_210 : TabledByName<21210, ast_dataitem_021_210_t, fixed<1>> {
+struct I021_210 : Tabled<21210, ast_dataitem_021_210_t, fixed<1>> {
     static constexpr uint32_t kUnknownLink = 4; // stands for the unassigned ones behind it, too
+    static uint32_t link(uint32_t code) { return std::min(code, kUnknownLink); }
 
-    static void read(Value &mops, const uint8_t *octets) {
-        mops.vns = bit(octets[0], 7);
-        mops.vn = bits(octets[0], 6, 4);
-        mops.ltt = std::min(bits(octets[0], 3, 1), kUnknownLink);
-    }
+    static constexpr const char *kVersions[] = {
+        "0 (DO-260, ED102)", "1 (DO-260A)", "2 (DO-260B, ED102A)", "3 (DO-260C, ED102B)",
+        "4 (UNKNOWN)",       "5 (UNKNOWN)", "6 (UNKNOWN)",         "7 (UNKNOWN)",
+    };
+    static constexpr const char *kLinks[] = {"OTHER", "UAT", "1090ES", "VDL4"};
+
+    static constexpr Columns kColumns = kNamedBitColumns;
+    static constexpr Row<Value> kRows[] = {
+        spare(1),
+        {&Value::vns, "VERSION_NOT_SUPPORTED"},
+        {&Value::vn, 3, "VERSION_NUMBER", kVersions},
+        {&Value::ltt, {3, link}, "LINK_TYPE", {kLinks, "UNKNOWN"}},
+    };
 
     static void summarize(TextWriter &out, const Value &mops) {
         if (mops.ltt == kUnknownLink)
@@ -650,23 +550,7 @@ struct I021_210 : TabledByName<21210, ast_dataitem_021_210_t, fixed<1>> {
             out.print("VN:%u", mops.vn);
     }
 
-    static void show(ViewWriter &view, const Value &mops) {
-        static constexpr const char *kVersions[] = {"0 (DO-260, ED102)", "1 (DO-260A)", "2 (DO-260B, ED102A)",
-                                                    "3 (DO-260C, ED102B)"};
-        static constexpr const char *kLinks[] = {"OTHER", "UAT", "1090ES", "VDL4"};
-        DetailTable table(view, "Bit", "Name", "Value");
-        table.row("Bit[1]", "VERSION_NOT_SUPPORTED", Cell<2>("%d", mops.vns));
-        table.row("Bit[2-4]", "VERSION_NUMBER",
-                  mops.vn < std::size(kVersions) ? Cell<24>("%s", kVersions[mops.vn])
-                                                 : Cell<24>("%u (UNKNOWN)", mops.vn));
-        table.row("Bit[5-7]", "LINK_TYPE", text_of(kLinks, mops.ltt, "UNKNOWN"));
-        table.row("Bit[0]", "SPARE", "");
-    }
-
-    static bool write(uint8_t *octets, const Value &mops) {
-        octets[0] = static_cast<uint8_t>(placed(mops.vns, 7) | placed(mops.vn, 6, 4) | placed(mops.ltt, 3, 1));
-        return fits(mops.vn, 3) && fits(mops.ltt, 3);
-    }
+    static void show(ViewWriter &view, const Value &mops) { show_with_spare_behind<I021_210>(view, mops, "Bit[0]"); }
 };
 
 AST_DEFINE_ENCODED_ITEM(I021_210, ast_dataitem_021_210)
@@ -714,10 +598,7 @@ using Ages = ast_dataitem_021_295_t;
 struct Age {
     using Value = ast_age_t;
     static constexpr double kLsbS = 0.1;
-    static void read(Value &age, const uint8_t *octets) {
-        age.raw = octets[0];
-        age.age_s = age.raw * kLsbS;
-    }
+    static constexpr Row<Value> kRows[] = {{&Value::raw, 8, {}, {&Value::age_s, kLsbS}}};
     static void summarize(TextWriter &out, const Value &age) { out.print("%.2f LSB=SEC", age.age_s); }
 };
 
@@ -758,7 +639,8 @@ AST_DEFINE_SUBFIELD_SUMMARY(kItem295, ast_subfield_021_295_get_summary)
 // ---- I021/400 Receiver ID ----
 
 struct I021_400 : Item<21400, ast_dataitem_021_400_t, fixed<1>> {
-    static void read(Value &receiver, const uint8_t *octets) { receiver.value = octets[0]; }
+    static constexpr Row<Value> kRows[] = {{&Value::value, 8}};
+
     static void summarize(TextWriter &out, const Value &receiver) { out.print("RID:%u", receiver.value); }
 };
 
@@ -767,52 +649,33 @@ AST_DEFINE_SUMMARY(I021_400, ast_dataitem_021_400_get_summary)
 
 // ---- I021/040 Target Report Descriptor, editions 0.23 to 0.26 ----
 
-struct I021_A03 : TabledByName<21903, ast_dataitem_021_A03_t, fixed<2>> {
+struct I021_A03 : Tabled<21903, ast_dataitem_021_A03_t, fixed<2>> {
     // The values are those of later editions, where the first two are the other way round.
-    static uint32_t swapped(uint32_t address_type) { return address_type < 2 ? 1 - address_type : address_type; }
+    static uint32_t swapped(uint32_t type) { return type < 2 ? 1 - type : type; }
+    static uint32_t address_type_of(uint32_t code) { return address_type(swapped(code)); }
 
-    static void read(Value &report, const uint8_t *octets) {
-        report.dcr = bit(octets[0], 8);
-        report.gbs = bit(octets[0], 7);
-        report.sim = bit(octets[0], 6);
-        report.tst = bit(octets[0], 5);
-        report.rab = bit(octets[0], 4);
-        report.saa = bit(octets[0], 3);
-        report.spi = bit(octets[0], 2);
-        report.atp = std::min(swapped(bits(octets[1], 8, 6)), kReservedAddressType);
-        report.arc = capability_from(bits(octets[1], 5, 4));
-    }
+    static constexpr const char *kAddresses[] = {"24-BIT_ICAO_ADDRESS", "NON_UNIQUE_ADDRESS", "SURFACE_VEHICLE_ADDRESS",
+                                                 "ANONYMOUS_ADDRESS"};
+
+    static constexpr Columns kColumns = kNamedBitColumns;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::dcr, "DIFFERENTIAL_CORRECTION"},
+        {&Value::gbs, "GROUND_BIT_SET"},
+        {&Value::sim, "SIMULATED_TARGET_REPORT"},
+        {&Value::tst, "TEST_TARGET"},
+        {&Value::rab, "FIXED_TRANSPONDER_REPORT"},
+        {&Value::saa, "SELECTED_ALTITUDE_CAPABILITY"},
+        {&Value::spi, "SPECIAL_POSITION_IDENTIFICATION"},
+        spare(1, ""),
+        {&Value::atp, {3, address_type_of, swapped}, "ADDRESS_TYPE", {kAddresses, "RESERVED"}},
+        {&Value::arc, {2, capability_from, capability_code}, "ALTITUDE_REPORT_CAPABILITY", capability_text},
+        spare(3, ""),
+    };
 
     static void summarize(TextWriter &out, const Value &report) {
         out.append("TARGET:");
         write_words(out, {{report.gbs, "GBS"}, {report.sim, "SIM"}, {report.tst, "TST"}, {report.spi, "SPI"}},
                     "NORMAL");
-    }
-
-    static void show(ViewWriter &view, const Value &report) {
-        static constexpr const char *kAddresses[] = {"24-BIT_ICAO_ADDRESS", "NON_UNIQUE_ADDRESS",
-                                                     "SURFACE_VEHICLE_ADDRESS", "ANONYMOUS_ADDRESS"};
-        DetailTable table(view, "Bit", "Name", "Value");
-        table.row("Bit[0]", "DIFFERENTIAL_CORRECTION", Cell<2>("%d", report.dcr));
-        table.row("Bit[1]", "GROUND_BIT_SET", Cell<2>("%d", report.gbs));
-        table.row("Bit[2]", "SIMULATED_TARGET_REPORT", Cell<2>("%d", report.sim));
-        table.row("Bit[3]", "TEST_TARGET", Cell<2>("%d", report.tst));
-        table.row("Bit[4]", "FIXED_TRANSPONDER_REPORT", Cell<2>("%d", report.rab));
-        table.row("Bit[5]", "SELECTED_ALTITUDE_CAPABILITY", Cell<2>("%d", report.saa));
-        table.row("Bit[6]", "SPECIAL_POSITION_IDENTIFICATION", Cell<2>("%d", report.spi));
-        table.row("Bit[7]", "SPARE", "");
-        table.row("Bit[8-10]", "ADDRESS_TYPE", text_of(kAddresses, report.atp, "RESERVED"));
-        table.row("Bit[11-12]", "ALTITUDE_REPORT_CAPABILITY", capability_text(report.arc));
-        table.row("Bit[13-15]", "SPARE", "");
-    }
-
-    static bool write(uint8_t *octets, const Value &report) {
-        const uint32_t arc = capability_code(report.arc);
-        octets[0] = static_cast<uint8_t>(placed(report.dcr, 8) | placed(report.gbs, 7) | placed(report.sim, 6) |
-                                         placed(report.tst, 5) | placed(report.rab, 4) | placed(report.saa, 3) |
-                                         placed(report.spi, 2));
-        octets[1] = static_cast<uint8_t>(placed(swapped(report.atp), 8, 6) | placed(arc, 5, 4));
-        return fits(report.atp, 3) && fits(arc, 2);
     }
 };
 
@@ -821,28 +684,21 @@ AST_DEFINE_ENCODED_ITEM(I021_A03, ast_dataitem_021_A03)
 // ---- I021/090 Figure of Merit, editions 0.23 to 0.26 ----
 
 struct I021_A05 : Tabled<21905, ast_dataitem_021_A05_t, fixed<2>> {
-    static void read(Value &merit, const uint8_t *octets) {
-        merit.ac = ast_acas_status_from_int(bits(octets[0], 8, 7));
-        merit.mn = ast_multi_navids_status_from_int(bits(octets[0], 6, 5));
-        merit.dc = ast_diff_correction_status_from_int(bits(octets[0], 4, 3));
-        merit.pa = bits(octets[1], 4, 1);
-    }
+    static constexpr Row<Value> kRows[] = {
+        {&Value::ac, {2, ast_acas_status_from_int}, "ACAS_STATUS", ast_acas_status_to_str},
+        {&Value::mn, {2, ast_multi_navids_status_from_int}, "MULTIPLE_NAVIDS_STATUS", ast_multi_navids_status_to_str},
+        {&Value::dc,
+         {2, ast_diff_correction_status_from_int},
+         "DIFFERENTIAL_CORRECTION_STATUS",
+         ast_diff_correction_status_to_str},
+        spare(6),
+        {&Value::pa, 4, "POSITION_ACCURACY"},
+    };
 
     static void summarize(TextWriter &out, const Value &merit) { out.print("PA:%u", merit.pa); }
 
     static void show(ViewWriter &view, const Value &merit) {
-        DetailTable table(view, "Bit", "Item", "Value");
-        table.row("Bit[0-1]", "ACAS_STATUS", ast_acas_status_to_str(merit.ac));
-        table.row("Bit[2-3]", "MULTIPLE_NAVIDS_STATUS", ast_multi_navids_status_to_str(merit.mn));
-        table.row("Bit[4-5]", "DIFFERENTIAL_CORRECTION_STATUS", ast_diff_correction_status_to_str(merit.dc));
-        table.row("Bit[12-15]", "POSITION_ACCURACY", Cell<4>("%u", merit.pa));
-        table.row("Bit[6-11]", "SPARE", "");
-    }
-
-    static bool write(uint8_t *octets, const Value &merit) {
-        octets[0] = static_cast<uint8_t>(placed(merit.ac, 8, 7) | placed(merit.mn, 6, 5) | placed(merit.dc, 4, 3));
-        octets[1] = placed(merit.pa, 4, 1);
-        return fits(merit.ac, 2) && fits(merit.mn, 2) && fits(merit.dc, 2) && fits(merit.pa, 4);
+        show_with_spare_behind<I021_A05>(view, merit, "Bit[6-11]");
     }
 };
 
@@ -851,13 +707,14 @@ AST_DEFINE_ENCODED_ITEM(I021_A05, ast_dataitem_021_A05)
 // ---- I021/210 Link Technology Indicator, editions 0.23 to 0.26 ----
 
 struct I021_A06 : Tabled<21906, ast_dataitem_021_A06_t, fixed<1>> {
-    static void read(Value &link, const uint8_t *octets) {
-        link.cdti = bit(octets[0], 5);
-        link.mds = bit(octets[0], 4);
-        link.uat = bit(octets[0], 3);
-        link.vdl = bit(octets[0], 2);
-        link.otr = bit(octets[0], 1);
-    }
+    static constexpr Row<Value> kRows[] = {
+        spare(3),
+        {&Value::cdti, "COCKPIT_DISPLAY_OF_TRAFFIC_INFO"},
+        {&Value::mds, "MODE_S"},
+        {&Value::uat, "UAT"},
+        {&Value::vdl, "VDL_MODE_4"},
+        {&Value::otr, "OTHER"},
+    };
 
     static void summarize(TextWriter &out, const Value &link) {
         out.append("LINK:");
@@ -867,21 +724,7 @@ struct I021_A06 : Tabled<21906, ast_dataitem_021_A06_t, fixed<1>> {
             "NONE");
     }
 
-    static void show(ViewWriter &view, const Value &link) {
-        DetailTable table(view, "Bit", "Item", "Value");
-        table.row("Bit[3]", "COCKPIT_DISPLAY_OF_TRAFFIC_INFO", Cell<2>("%d", link.cdti));
-        table.row("Bit[4]", "MODE_S", Cell<2>("%d", link.mds));
-        table.row("Bit[5]", "UAT", Cell<2>("%d", link.uat));
-        table.row("Bit[6]", "VDL_MODE_4", Cell<2>("%d", link.vdl));
-        table.row("Bit[7]", "OTHER", Cell<2>("%d", link.otr));
-        table.row("Bit[0-2]", "SPARE", "");
-    }
-
-    static bool write(uint8_t *octets, const Value &link) {
-        octets[0] = static_cast<uint8_t>(placed(link.cdti, 5) | placed(link.mds, 4) | placed(link.uat, 3) |
-                                         placed(link.vdl, 2) | placed(link.otr, 1));
-        return true;
-    }
+    static void show(ViewWriter &view, const Value &link) { show_with_spare_behind<I021_A06>(view, link, "Bit[0-2]"); }
 };
 
 AST_DEFINE_ENCODED_ITEM(I021_A06, ast_dataitem_021_A06)
@@ -898,16 +741,11 @@ uint64_t ast_dataitem_021_A07_get_size(const uint8_t *data, uint64_t available) 
 // ---- I021/200 Target Status, editions 0.23 to 0.26 ----
 
 struct I021_A08 : Item<21908, ast_dataitem_021_A08_t, fixed<1>> {
-    static void read(Value &target, const uint8_t *octets) { target.status = ast_emergency_status_from_int(octets[0]); }
+    static constexpr Row<Value> kRows[] = {{&Value::status, {8, ast_emergency_status_from_int}}};
 
     static void summarize(TextWriter &out, const Value &target) {
         out.append("EMG:");
         out.append(ast_emergency_status_to_str(target.status));
-    }
-
-    static bool write(uint8_t *octets, const Value &target) {
-        octets[0] = static_cast<uint8_t>(target.status);
-        return fits(target.status, 8);
     }
 };
 

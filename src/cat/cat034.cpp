@@ -10,11 +10,7 @@ using namespace ast;
 
 // ---- I034/000 Message Type ----
 
-struct I034_000 : Item<34000, ast_uint_value_t, items::message_type.size> {
-    static bool accepts(const ast_dataitem_t &item) { return item.size == kSize.octets; } // whatever its type
-
-    static void read(Value &type, const uint8_t *octets) { type.value = octets[0]; }
-
+struct I034_000 : MessageType<34000> {
     static void summarize(TextWriter &out, const Value &type) {
         static constexpr const char *kTypes[] = {"UNDEFINED", "NORTH_MARKER", "SECTOR_CROSSING", "GEO_FILTERING",
                                                  "JAMMING_STROBE"};
@@ -32,61 +28,41 @@ using Status = ast_dataitem_034_050_t;
 
 constexpr SubfieldRow kSpare = {kNoSubfieldId, "Spare", fixed<0>};
 
-const char *connected_or_not(bool flag) { return flag ? "CONNECTED" : "DISCONNECTED"; }
-
 struct CommonStatus {
     using Value = decltype(Status::com);
-
-    static void read(Value &com, const uint8_t *octets) {
-        com.nogo = bit(octets[0], 8);
-        com.rdpc = bit(octets[0], 7) ? 2 : 1;
-        com.rdpr = bit(octets[0], 6);
-        com.ovl_rdp = bit(octets[0], 5);
-        com.ovl_xmt = bit(octets[0], 4);
-        com.msc = !bit(octets[0], 3);
-        com.time_valid = !bit(octets[0], 2);
-    }
+    static constexpr Columns kColumns = kBitColumns;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::nogo, "OPERATIONAL_RELEASE_STATUS", {"OPERATIONAL", "NOGO!"}},
+        {&Value::rdpc, kFirstOrSecond, "CHANNEL_SELECTION", {"CHANNEL_1", "CHANNEL_2"}},
+        {&Value::rdpr, "RDP_RESTART", {"NO", "YES"}},
+        {&Value::ovl_rdp, "RDP_OVERLOAD", {"NO", "YES"}},
+        {&Value::ovl_xmt, "TRANSMISSION_SUBSYSTEM_OVERLOAD", {"NO", "YES"}},
+        {&Value::msc, kInverted, "MONITORING_SYSTEM_STATUS", {"CONNECTED", "DISCONNECTED"}},
+        {&Value::time_valid, kInverted, "TIME_SOURCE_STATUS", {"VALID", "INVALID"}},
+        spare(1, ""),
+    };
 
     static void summarize(TextWriter &out, const Value &com) { out.print("CHN%u", com.rdpc); }
-
-    static void show(ViewWriter &view, const Value &com) {
-        DetailTable table(view, "Bit", "Item", "Value");
-        table.row("Bit[0]", "OPERATIONAL_RELEASE_STATUS", com.nogo ? "NOGO!" : "OPERATIONAL");
-        table.row("Bit[1]", "CHANNEL_SELECTION", Cell<30>("CHANNEL_%u", com.rdpc));
-        table.row("Bit[2]", "RDP_RESTART", yes_or_no(com.rdpr));
-        table.row("Bit[3]", "RDP_OVERLOAD", yes_or_no(com.ovl_rdp));
-        table.row("Bit[4]", "TRANSMISSION_SUBSYSTEM_OVERLOAD", yes_or_no(com.ovl_xmt));
-        table.row("Bit[5]", "MONITORING_SYSTEM_STATUS", connected_or_not(com.msc));
-        table.row("Bit[6]", "TIME_SOURCE_STATUS", com.time_valid ? "VALID" : "INVALID");
-        table.row("Bit[7]", "SPARE", "");
-    }
 };
 
 struct SsrStatus {
     using Value = decltype(Status::ssr);
+    // Viewers know the texts with this spelling.
+    static constexpr const char *kChannels[] = {"NO_CHANNLE", "CHANNLE_A_ONLY", "CHANNLE_B_ONLY",
+                                                "INVALID_COMBINATION"};
 
-    static void read(Value &ssr, const uint8_t *octets) {
-        ssr.ant = bit(octets[0], 8) ? 2 : 1;
-        ssr.ch_ab = bits(octets[0], 7, 6);
-        ssr.ovl = bit(octets[0], 5);
-        ssr.msc = !bit(octets[0], 4);
-    }
+    static constexpr Columns kColumns = kBitColumns;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::ant, kFirstOrSecond, "SELECTED_ANTENNA", {"ANTENNA_1", "ANTENNA_2"}},
+        {&Value::ch_ab, 2, "CHANNEL_SELECTION", kChannels},
+        {&Value::ovl, "OVERLOAD", {"NO", "YES"}},
+        {&Value::msc, kInverted, "MONITORING_SYSTEM_STATUS", {"CONNECTED", "DISCONNECTED"}},
+        spare(3, ""),
+    };
 
     static void summarize(TextWriter &out, const Value &ssr) {
-        static constexpr const char *kChannels[] = {"CHN_NO", "CHN1", "CHN2", "CHN_INVALID"};
-        out.print("ANT%u %s", ssr.ant, kChannels[ssr.ch_ab]);
-    }
-
-    static void show(ViewWriter &view, const Value &ssr) {
-        // Viewers know the texts with this spelling.
-        static constexpr const char *kChannels[] = {"NO_CHANNLE", "CHANNLE_A_ONLY", "CHANNLE_B_ONLY",
-                                                    "INVALID_COMBINATION"};
-        DetailTable table(view, "Bit", "Item", "Value");
-        table.row("Bit[0]", "SELECTED_ANTENNA", Cell<30>("ANTENNA_%u", ssr.ant));
-        table.row("Bit[1-2]", "CHANNEL_SELECTION", text_of(kChannels, ssr.ch_ab, "UNKNOWN"));
-        table.row("Bit[3]", "OVERLOAD", yes_or_no(ssr.ovl));
-        table.row("Bit[4]", "MONITORING_SYSTEM_STATUS", connected_or_not(ssr.msc));
-        table.row("Bit[5-7]", "SPARE", "");
+        static constexpr const char *kChannelWords[] = {"CHN_NO", "CHN1", "CHN2", "CHN_INVALID"};
+        out.print("ANT%u %s", ssr.ant, kChannelWords[ssr.ch_ab]);
     }
 };
 
@@ -110,54 +86,39 @@ namespace {
 
 using Mode = ast_dataitem_034_060_t;
 
-void write_reduction(DetailTable &table, const char *bit_label, const char *name, uint32_t step) {
-    if (step == 0)
-        table.row(bit_label, name, "NO_REDUCTION_ACTIVE");
-    else
-        table.row(bit_label, name, Cell<30>("REDUCTION_STEP%u_ACTIVE", step));
-}
+constexpr const char *kReductions[] = {
+    "NO_REDUCTION_ACTIVE",    "REDUCTION_STEP1_ACTIVE", "REDUCTION_STEP2_ACTIVE", "REDUCTION_STEP3_ACTIVE",
+    "REDUCTION_STEP4_ACTIVE", "REDUCTION_STEP5_ACTIVE", "REDUCTION_STEP6_ACTIVE", "REDUCTION_STEP7_ACTIVE",
+};
 
 struct CommonMode {
     using Value = decltype(Mode::com);
-
-    static void read(Value &com, const uint8_t *octets) {
-        com.red_rdp = bits(octets[0], 7, 5);
-        com.red_xmt = bits(octets[0], 4, 2);
-    }
+    static constexpr Columns kColumns = kBitColumns;
+    static constexpr Row<Value> kRows[] = {
+        spare(1, ""),
+        {&Value::red_rdp, 3, "RED-REP", kReductions},
+        {&Value::red_xmt, 3, "RED-XMT", kReductions},
+        spare(1, ""),
+    };
 
     static void summarize(TextWriter &out, const Value &com) {
         out.print("RED-RAD:%u RED-XMP:%u", com.red_rdp, com.red_xmt); // labels known so
-    }
-
-    static void show(ViewWriter &view, const Value &com) {
-        DetailTable table(view, "Bit", "Item", "Value");
-        table.row("Bit[0]", "SPARE", "");
-        write_reduction(table, "Bit[1-3]", "RED-REP", com.red_rdp);
-        write_reduction(table, "Bit[4-6]", "RED-XMT", com.red_xmt);
-        table.row("Bit[7]", "SPARE", "");
     }
 };
 
 struct PsrMode {
     using Value = decltype(Mode::psr);
-    static void read(Value &psr, const uint8_t *octets) {
-        psr.pol = bit(octets[0], 8);
-        psr.red_rad = bits(octets[0], 7, 5);
-        psr.stc = bits(octets[0], 4, 3);
-    }
+    static constexpr Row<Value> kRows[] = {{&Value::pol}, {&Value::red_rad, 3}, {&Value::stc, 2}, spare(2)};
 };
 
 struct SsrMode {
     using Value = decltype(Mode::ssr);
-    static void read(Value &ssr, const uint8_t *octets) { ssr.red_rad = bits(octets[0], 8, 6); }
+    static constexpr Row<Value> kRows[] = {{&Value::red_rad, 3}, spare(5)};
 };
 
 struct ModeSMode {
     using Value = decltype(Mode::mds);
-    static void read(Value &mds, const uint8_t *octets) {
-        mds.red_rad = bits(octets[0], 8, 6);
-        mds.clu_autonomous = !bit(octets[0], 5);
-    }
+    static constexpr Row<Value> kRows[] = {{&Value::red_rad, 3}, {&Value::clu_autonomous, kInverted}, spare(4)};
 };
 
 constexpr SubfieldRow kProcessingMode[] = {
@@ -229,15 +190,13 @@ AST_DEFINE_ITEM(I034_070, ast_dataitem_034_070)
 // ---- I034/120 3D-Position Of Data Source ----
 
 struct I034_120 : Item<34120, ast_dataitem_034_120_t, fixed<8>> {
-    static void read(Value &position, const uint8_t *octets) {
-        constexpr double kLsbDeg = 180.0 / (1 << 23);
-        position.height_raw = twos_complement(read_u16(octets), 16);
-        position.latitude_raw = magnitude_less_maximum(read_u24(octets + 2), 24);
-        position.longitude_raw = magnitude_less_maximum(read_u24(octets + 5), 24);
-        position.height_m = position.height_raw;
-        position.latitude_deg = position.latitude_raw * kLsbDeg;
-        position.longitude_deg = position.longitude_raw * kLsbDeg;
-    }
+    static constexpr double kLsbDeg = 180.0 / (1 << 23);
+    static constexpr Bits kAngle = {24, Sign::MagnitudeLessMaximum};
+    static constexpr Row<Value> kRows[] = {
+        {&Value::height_raw, kSigned16, {}, {&Value::height_m, 1}},
+        {&Value::latitude_raw, kAngle, {}, {&Value::latitude_deg, kLsbDeg}},
+        {&Value::longitude_raw, kAngle, {}, {&Value::longitude_deg, kLsbDeg}},
+    };
 
     static void summarize(TextWriter &out, const Value &position) {
         out.print("H:%.0f WGS84:%s", position.height_m,

@@ -18,26 +18,27 @@ using namespace ast;
 // ---- I048/020 Target Report Descriptor ----
 
 struct I048_020 : Item<48020, ast_dataitem_048_020_t, extended<2>> {
-    static constexpr uint32_t kFirstChain = 1;
     static constexpr uint32_t kSecondChain = 2;
     static constexpr uint32_t kFriend = 1;
-    static constexpr Value kDefault = {.rdp = kFirstChain};
+    static constexpr Value kDefault = {.rdp = 1};
 
-    static void read(Value &report, const ast_dataitem_t &item) {
-        const uint8_t first = item.data[0];
-        report.typ = bits(first, 8, 6);
-        report.sim = bit(first, 5);
-        report.rdp = bit(first, 4) ? kSecondChain : kFirstChain;
-        report.spi = bit(first, 3);
-        report.rab = bit(first, 2);
-        if (item.size < 2) return;
-        const uint8_t second = item.data[1];
-        report.tst = bit(second, 8);
-        report.me = bit(second, 5);
-        report.mi = bit(second, 4);
-        // Bits 3-2 are taken unshifted, so 01 reads as status 2 and no other pattern reads at all; users rely on it.
-        report.foe_fri = ast_iff_status_from_int(second & 0x06);
-    }
+    // The bits are taken unshifted, so 01 reads as status 2 and no other pattern reads at all; users rely on it.
+    static uint32_t status_of_unshifted(uint32_t code) { return ast_iff_status_from_int(code << 1); }
+
+    static constexpr Row<Value> kRows[] = {
+        {&Value::typ, 3, "TARGET_TYPE", kReportTypeTitles},
+        {&Value::sim, "SIMULATED_TARGET"},
+        {&Value::rdp, kFirstOrSecond, "PROCESSING_CHAIN"},
+        {&Value::spi, "SPI"},
+        {&Value::rab, "FIXED_TRANSPONDER"},
+        fx,
+        {&Value::tst, "TEST_TARGET"},
+        spare(2),
+        {&Value::me, "MIL_EMERGENCY"},
+        {&Value::mi, "MIL_IDENTIFICATION"},
+        {&Value::foe_fri, {2, status_of_unshifted}, "FRIEND_OR_ENEMY", ast_iff_status_to_str},
+        hidden_fx,
+    };
 
     static void summarize(TextWriter &out, const Value &report) {
         out.append("TYPE:");
@@ -52,20 +53,11 @@ struct I048_020 : Item<48020, ast_dataitem_048_020_t, extended<2>> {
         out.append(shown_if(report.foe_fri == kFriend, " FRIEND"));
     }
 
+    // FX of the last octet shows whether there is a third one, which an item never has.
     static void show(ViewWriter &view, const Value &report, const ast_dataitem_t &item) {
-        DetailTable table(view, "Bit", "Item", "Value");
-        table.row("Bit[0-2]", "TARGET_TYPE", kReportTypeTitles[report.typ]);
-        table.row("Bit[3]", "SIMULATED_TARGET", Cell<2>("%d", report.sim));
-        table.row("Bit[4]", "PROCESSING_CHAIN", Cell<2>("%u", report.rdp));
-        table.row("Bit[5]", "SPI", Cell<2>("%d", report.spi));
-        table.row("Bit[6]", "FIXED_TRANSPONDER", Cell<2>("%d", report.rab));
-        table.row("Bit[7]", "FX", Cell<2>("%d", item.size >= 2));
-        if (item.size < 2) return;
-        table.row("Bit[8]", "TEST_TARGET", Cell<2>("%d", report.tst));
-        table.row("Bit[11]", "MIL_EMERGENCY", Cell<2>("%d", report.me));
-        table.row("Bit[12]", "MIL_IDENTIFICATION", Cell<2>("%d", report.mi));
-        table.row("Bit[13-14]", "FRIEND_OR_ENEMY", ast_iff_status_to_str(report.foe_fri));
-        table.row("Bit[15]", "FX", Cell<2>("%d", item.size >= 3));
+        DetailTable table = table_of_rows<I048_020>(view);
+        show_rows<I048_020>(table, report, item.data, item.size);
+        if (item.size >= 2) table.row("Bit[15]", "FX", item.size >= 3 ? "1" : "0");
     }
 
     static constexpr uint64_t kNeededRoom = 2;
@@ -116,10 +108,7 @@ struct I048_042 : Item<48042, ast_dataitem_048_042_t, fixed<4>> {
 
     static bool accepts(const ast_dataitem_t &item) { return item.size == kSize.octets; } // whatever its type
 
-    static void read(Value &position, const uint8_t *octets) {
-        position.x_raw = magnitude_less_maximum(read_u16(octets), 16);
-        position.y_raw = magnitude_less_maximum(read_u16(octets + 2), 16);
-    }
+    static constexpr Row<Value> kRows[] = {{&Value::x_raw, kMagnitude16}, {&Value::y_raw, kMagnitude16}};
 
     static void summarize(TextWriter &out, const Value &position) {
         append_pair<1>(out, "X:", position.x_raw * kLsbNm * kMetresPerNm,
@@ -139,28 +128,17 @@ AST_DEFINE_ITEM(I048_042, ast_dataitem_048_042)
 // ---- I048/050 Mode-2 Code ----
 
 struct I048_050 : Item<48050, ast_dataitem_048_050_t, fixed<2>> {
-    static void read(Value &code, const uint8_t *octets) {
-        code.not_validated = bit(octets[0], 8);
-        code.garbled = bit(octets[0], 7);
-        code.smoothed = bit(octets[0], 6);
-        code.code = field(octets, 5, 16);
-    }
+    static constexpr Row<Value> kRows[] = {
+        {&Value::not_validated, "NOT_VALIDATED"},
+        {&Value::garbled, "GARBLED"},
+        {&Value::smoothed, "SMOOTHED"},
+        spare(1, "0"),
+        code_row(&Value::code),
+    };
 
     static void summarize(TextWriter &out, const Value &code) {
         out.print("MODE_2:%04o%s%s%s", code.code, shown_if(code.not_validated, kNotValidated),
                   shown_if(code.garbled, kGarbled), shown_if(code.smoothed, kSmoothed));
-    }
-
-    static void show(ViewWriter &view, const Value &code) {
-        DetailTable table(view, "Bit", "Item", "Value");
-        write_code_flags(table, code.not_validated, code.garbled, "SMOOTHED", code.smoothed);
-        write_code_digits(table, code.code);
-    }
-
-    static bool write(uint8_t *octets, const Value &code) {
-        constexpr unsigned kCodeBits = 12;
-        return write_code(octets, code.code, code.not_validated, code.garbled, code.smoothed) &&
-               fits(code.code, kCodeBits);
     }
 };
 
@@ -214,22 +192,19 @@ using Plot = ast_dataitem_048_130_t;
 struct Runlength {
     using Value = decltype(Plot::srl);
     static constexpr double kUnits = 8192; // per full circle
-    static void read(Value &srl, const uint8_t *octets) {
-        srl.raw = octets[0];
-        srl.deg = srl.raw * kFullCircleDeg / kUnits;
-    }
+    static constexpr Row<Value> kRows[] = {{&Value::raw, 8, {}, {&Value::deg, kFullCircleDeg / kUnits}}};
     static void summarize(TextWriter &out, const Value &srl) { out.print("%.2f LSB=DEG", srl.deg); }
 };
 
 struct Replies {
     using Value = decltype(Plot::srr);
-    static void read(Value &srr, const uint8_t *octets) { srr.value = octets[0]; }
+    static constexpr Row<Value> kRows[] = {{&Value::value, 8}};
     static void summarize(TextWriter &out, const Value &srr) { out.print("%d", srr.value); }
 };
 
 struct Amplitude {
     using Value = decltype(Plot::sam);
-    static void read(Value &sam, const uint8_t *octets) { sam.value = octets[0]; } // sent without its sign
+    static constexpr Row<Value> kRows[] = {{&Value::value, 8}}; // sent without its sign
     static void summarize(TextWriter &out, const Value &sam) { out.print("-%d LSB=DBM", sam.value); }
 };
 
@@ -252,30 +227,22 @@ AST_DEFINE_COMPOUND_ITEM(kItem130, 48130, kPlotCharacteristics, Plot, 048_130)
 struct I048_170 : Item<48170, ast_dataitem_048_170_t, extended<2>> {
     static constexpr uint32_t kInvalid = 3;
     static constexpr Value kDefault = {.rad = kInvalid, .cdm = kInvalid};
+    static constexpr const char *kRadars[] = {"COMBINED", "PSR", "SSR", "INVALID"};
+    static constexpr const char *kVertical[] = {"MAINTAINING", "CLIMBING", "DESCENDING", "INVALID"};
 
-    static void read(Value &status, const uint8_t *octets) {
-        status.cnf = bit(octets[0], 8);
-        status.rad = bits(octets[0], 7, 6);
-        status.dou = bit(octets[0], 5);
-        status.man = bit(octets[0], 4);
-        status.cdm = bits(octets[0], 3, 2);
-    }
+    static constexpr Columns kColumns = kBitColumnsWithIds;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::cnf, {"CNF", "TENTATIVE"}},
+        {&Value::rad, 2, {"RAD", "TRACK_TYPE"}, kRadars},
+        {&Value::dou, {"DOU", "LOW_CONFIDENCE"}},
+        {&Value::man, {"MAN", "HORIZONTIAL_MANOEUVRE"}},
+        {&Value::cdm, 2, {"CDM", "VERTICAL_MANOEUVRE"}, kVertical},
+        fx,
+    };
 
     static void summarize(TextWriter &out, const Value &status) {
         static constexpr const char *kTypes[] = {"TYPE:CMB", "TYPE:PSR", "TYPE:SSR", "TYPE:INVALID"};
         out.append(kTypes[status.rad]);
-    }
-
-    static void show(ViewWriter &view, const Value &status, const ast_dataitem_t &item) {
-        static constexpr const char *kTypes[] = {"COMBINED", "PSR", "SSR", "INVALID"};
-        static constexpr const char *kVertical[] = {"MAINTAINING", "CLIMBING", "DESCENDING", "INVALID"};
-        DetailTable table(view, "Bit", "ID", "Item", "Value");
-        table.row("Bit[0]", "CNF", "TENTATIVE", Cell<2>("%d", status.cnf));
-        table.row("Bit[1-2]", "RAD", "TRACK_TYPE", kTypes[status.rad]);
-        table.row("Bit[3]", "DOU", "LOW_CONFIDENCE", Cell<2>("%d", status.dou));
-        table.row("Bit[4]", "MAN", "HORIZONTIAL_MANOEUVRE", Cell<2>("%d", status.man));
-        table.row("Bit[5-6]", "CDM", "VERTICAL_MANOEUVRE", kVertical[status.cdm]);
-        table.row("Bit[7]", "FX", "FIELD_EXTENSION", Cell<2>("%d", item.size >= 2));
     }
 };
 
@@ -284,35 +251,24 @@ AST_DEFINE_ITEM(I048_170, ast_dataitem_048_170)
 // ---- I048/210 Track Quality ----
 
 struct I048_210 : Item<48210, ast_dataitem_048_210_t, fixed<4>> {
-    static void read(Value &quality, const uint8_t *octets) {
-        constexpr double kPositionLsbNm = 1.0 / 128;
-        constexpr double kSpeedLsbKt = 0.22;       // rounded from 2^-14 NM/s, and used so
-        constexpr double kHeadingLsbDeg = 0.08789; // rounded from 360/2^12, and used so
-        quality.sigma_x_raw = octets[0];
-        quality.sigma_y_raw = octets[1];
-        quality.sigma_v_raw = octets[2];
-        quality.sigma_h_raw = octets[3];
-        quality.sigma_x_nm = quality.sigma_x_raw * kPositionLsbNm;
-        quality.sigma_y_nm = quality.sigma_y_raw * kPositionLsbNm;
-        quality.sigma_v_kt = quality.sigma_v_raw * kSpeedLsbKt;
-        quality.sigma_h_deg = quality.sigma_h_raw * kHeadingLsbDeg;
-    }
+    static constexpr double kPositionLsbNm = 1.0 / 128;
+    static constexpr double kSpeedLsbKt = 0.22;       // rounded from 2^-14 NM/s, and used so
+    static constexpr double kHeadingLsbDeg = 0.08789; // rounded from 360/2^12, and used so
+
+    static constexpr Columns kColumns = kOctetColumnsFrom0;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::sigma_x_raw, 8, "SIGMA(X) LSB:1/128NM", {&Value::sigma_x_nm, kPositionLsbNm, "SIGMA(X) LSB:NM", 6}},
+        {&Value::sigma_y_raw, 8, "SIGMA(Y) LSB:1/128NM", {&Value::sigma_y_nm, kPositionLsbNm, "SIGMA(Y) LSB:NM", 6}},
+        {&Value::sigma_v_raw, 8, "SIGMA(V) LSB:0.22Knot", {&Value::sigma_v_kt, kSpeedLsbKt, "SIGMA(V) LSB:Knot", 6}},
+        {&Value::sigma_h_raw,
+         8,
+         "SIGMA(H) LSB:360/2^12Deg",
+         {&Value::sigma_h_deg, kHeadingLsbDeg, "SIGMA(H) LSB:Deg", 6}},
+    };
 
     static void summarize(TextWriter &out, const Value &quality) {
         out.print("X:%.2f Y:%.2f V:%.2f H:%.2f", quality.sigma_x_nm, quality.sigma_y_nm, quality.sigma_v_kt,
                   quality.sigma_h_deg);
-    }
-
-    static void show(ViewWriter &view, const Value &quality) {
-        DetailTable table(view, "Octet", "Item", "Value");
-        const auto rows = [&](const char *octet, const char *raw_name, uint32_t raw, const char *name, double value) {
-            table.row(octet, raw_name, Cell<64>("%u", raw));
-            table.row(octet, name, Cell<64>("%f", value));
-        };
-        rows("Octet[0]", "SIGMA(X) LSB:1/128NM", quality.sigma_x_raw, "SIGMA(X) LSB:NM", quality.sigma_x_nm);
-        rows("Octet[1]", "SIGMA(Y) LSB:1/128NM", quality.sigma_y_raw, "SIGMA(Y) LSB:NM", quality.sigma_y_nm);
-        rows("Octet[2]", "SIGMA(V) LSB:0.22Knot", quality.sigma_v_raw, "SIGMA(V) LSB:Knot", quality.sigma_v_kt);
-        rows("Octet[3]", "SIGMA(H) LSB:360/2^12Deg", quality.sigma_h_raw, "SIGMA(H) LSB:Deg", quality.sigma_h_deg);
     }
 };
 

@@ -17,133 +17,63 @@ using namespace ast::cat062;
 
 struct I062_080 : Item<62080, ast_dataitem_062_080_t, extended<6>> {
     static constexpr uint32_t kCooperativeOnly = 1;
+    static constexpr const char *kReplies[] = {"NO_INTERROGATION", "FRIENDLY_TARGET", "UNKNOWN_TARGET", "NO_REPLY"};
+    static constexpr const char *kSurveillance[] = {"COMBINED", "COOPERATIVE_ONLY", "NONCOOPERATIVE_ONLY", "UNDEFINED"};
+
+    static constexpr Row<Value> kRows[] = {
+        {&Value::mon, "TRACK_TYPE", {"MULTI_SENSOR_TRACK", "MONO_SENSOR_TRACK"}},
+        {&Value::spi},
+        {&Value::mrh, "MORE_RELIABLE_HEIGHT"},
+        {&Value::src,
+         {3, ast_geometric_altitude_source_from_int},
+         "ALTITUDE_SOURCE",
+         ast_geometric_altitude_source_to_str},
+        {&Value::cnf, "TENTATIVE"},
+        hidden_fx,
+        {&Value::sim, "SIMULATED"},
+        {&Value::tse, "TRACK_END"},
+        {&Value::tsb, "TRACK_BEGIN"},
+        {&Value::fpc, "FP_CORRELATED"},
+        {&Value::aff, "ADSB_INCONSISTENT"},
+        {&Value::stp, "SLAVE_TRACK_PROMOTION"},
+        {&Value::kos, "BACKGROUND_SERVICE"},
+        hidden_fx,
+        {&Value::ama, "AMALGAMATION"},
+        {&Value::md4, {2, ast_iff_status_from_int}, "MODE-4", kReplies},
+        {&Value::me, "MIL_EMERGENCY"},
+        {&Value::mi, "MIL_IDENTIFICATION"},
+        {&Value::md5, {2, ast_iff_status_from_int}, "MODE-5", kReplies},
+        hidden_fx,
+        {&Value::cst, "COASTING"},
+        {&Value::psr, "PSR_COASTING"},
+        {&Value::ssr, "SSR_COASTING"},
+        {&Value::mds, "MODES_COASTING"},
+        {&Value::ads, "ADSB_COASTING"},
+        {&Value::suc, "SPECIAL_MODEA_CODE"},
+        {&Value::aac, "CONFLICT_MODEA_CODE"},
+        hidden_fx,
+        {&Value::sds, 2, "SUR_STATUS", kSurveillance},
+        {&Value::ems, {3, ast_emergency_status_from_int}, "EMG_STATUS", ast_emergency_status_to_str},
+        {&Value::pft, "POTENTIAL_FALSE_TRACK"},
+        {&Value::fplt, "FPL_TRACK"},
+        hidden_fx,
+        {&Value::dupt, "DUP_MODEA"},
+        {&Value::dupf, "DUP_FP"},
+        {&Value::dupm, "DUP_FP_DUE_TO_MANUAL_CORRELATION"},
+        {&Value::sfc, "SURFACE_TARGET"},
+        {&Value::idd, "DUP_FLIGHT_ID"},
+        {&Value::iec, "INCONSISTENT_EMG_CODE"},
+        {&Value::mlat, "MLAT_COASTING"},
+        hidden_fx,
+    };
 
     static void read(Value &status, const ast_dataitem_t &item) {
-        static constexpr void (*kReaders[])(Value &, uint8_t) = {read_track,    read_origin,    read_identification,
-                                                                 read_coasting, read_emergency, read_duplicates};
-        const uint64_t octets = std::min<uint64_t>(item.size, std::size(kReaders));
-        for (uint64_t i = 0; i < octets; ++i) kReaders[i](status, item.data[i]);
-    }
-
-    static void read_track(Value &status, uint8_t octet) {
-        status.mon = bit(octet, 8);
-        status.spi = bit(octet, 7);
-        status.mrh = bit(octet, 6);
-        status.src = ast_geometric_altitude_source_from_int(bits(octet, 5, 3));
-        status.cnf = bit(octet, 2);
-    }
-
-    static void read_origin(Value &status, uint8_t octet) {
-        status.sim = bit(octet, 8);
-        status.tse = bit(octet, 7);
-        status.tsb = bit(octet, 6);
-        status.fpc = bit(octet, 5);
-        status.aff = bit(octet, 4);
-        status.stp = bit(octet, 3);
-        status.kos = bit(octet, 2);
-    }
-
-    static void read_identification(Value &status, uint8_t octet) {
-        status.ama = bit(octet, 8);
-        status.md4 = ast_iff_status_from_int(bits(octet, 7, 6));
-        status.me = bit(octet, 5);
-        status.mi = bit(octet, 4);
-        status.md5 = ast_iff_status_from_int(bits(octet, 3, 2));
-    }
-
-    static void read_coasting(Value &status, uint8_t octet) {
-        status.cst = bit(octet, 8);
-        status.psr = bit(octet, 7);
-        status.ssr = bit(octet, 6);
-        status.mds = bit(octet, 5);
-        status.ads = bit(octet, 4);
-        status.suc = bit(octet, 3);
-        status.aac = bit(octet, 2);
-    }
-
-    static void read_emergency(Value &status, uint8_t octet) {
-        status.sds = bits(octet, 8, 7);
+        read_rows<I062_080>(status, item);
         status.cooperative = status.sds == kCooperativeOnly;
-        status.ems = ast_emergency_status_from_int(bits(octet, 6, 4));
-        status.pft = bit(octet, 3);
-        status.fplt = bit(octet, 2);
-    }
-
-    static void read_duplicates(Value &status, uint8_t octet) {
-        status.dupt = bit(octet, 8);
-        status.dupf = bit(octet, 7);
-        status.dupm = bit(octet, 6);
-        status.sfc = bit(octet, 5);
-        status.idd = bit(octet, 4);
-        status.iec = bit(octet, 3);
-        status.mlat = bit(octet, 2);
     }
 
     static void summarize(TextWriter &out, const Value &status) {
         out.append(status.mon ? "TRACK_STS:MONO" : "TRACK_STS:MULTI");
-    }
-
-    static void show(ViewWriter &view, const Value &status, const ast_dataitem_t &item) {
-        static constexpr void (*kWriters[])(FieldTable &, const Value &) = {
-            show_track, show_origin, show_identification, show_coasting, show_emergency, show_duplicates};
-        FieldTable table(view, "Bit", "Item", "Value");
-        const uint64_t octets = std::min<uint64_t>(item.size, std::size(kWriters));
-        for (uint64_t i = 0; i < octets; ++i) kWriters[i](table, status);
-    }
-
-    static void show_track(FieldTable &table, const Value &status) {
-        table.row("Bit[0]", "TRACK_TYPE", status.mon ? "MONO_SENSOR_TRACK" : "MULTI_SENSOR_TRACK");
-        table.flag("Bit[2]", "MORE_RELIABLE_HEIGHT", status.mrh);
-        table.row("Bit[3-5]", "ALTITUDE_SOURCE", ast_geometric_altitude_source_to_str(status.src));
-        table.flag("Bit[6]", "TENTATIVE", status.cnf);
-    }
-
-    static void show_origin(FieldTable &table, const Value &status) {
-        table.flag("Bit[8]", "SIMULATED", status.sim);
-        table.flag("Bit[9]", "TRACK_END", status.tse);
-        table.flag("Bit[10]", "TRACK_BEGIN", status.tsb);
-        table.flag("Bit[11]", "FP_CORRELATED", status.fpc);
-        table.flag("Bit[12]", "ADSB_INCONSISTENT", status.aff);
-        table.flag("Bit[13]", "SLAVE_TRACK_PROMOTION", status.stp);
-        table.flag("Bit[14]", "BACKGROUND_SERVICE", status.kos);
-    }
-
-    static void show_identification(FieldTable &table, const Value &status) {
-        static constexpr const char *kReplies[] = {"NO_INTERROGATION", "FRIENDLY_TARGET", "UNKNOWN_TARGET", "NO_REPLY"};
-        table.flag("Bit[16]", "AMALGAMATION", status.ama);
-        table.row("Bit[17-18]", "MODE-4", kReplies[status.md4]);
-        table.flag("Bit[19]", "MIL_EMERGENCY", status.me);
-        table.flag("Bit[20]", "MIL_IDENTIFICATION", status.mi);
-        table.row("Bit[21-22]", "MODE-5", kReplies[status.md5]);
-    }
-
-    static void show_coasting(FieldTable &table, const Value &status) {
-        table.flag("Bit[24]", "COASTING", status.cst);
-        table.flag("Bit[25]", "PSR_COASTING", status.psr);
-        table.flag("Bit[26]", "SSR_COASTING", status.ssr);
-        table.flag("Bit[27]", "MODES_COASTING", status.mds);
-        table.flag("Bit[28]", "ADSB_COASTING", status.ads);
-        table.flag("Bit[29]", "SPECIAL_MODEA_CODE", status.suc);
-        table.flag("Bit[30]", "CONFLICT_MODEA_CODE", status.aac);
-    }
-
-    static void show_emergency(FieldTable &table, const Value &status) {
-        static constexpr const char *kSurveillance[] = {"COMBINED", "COOPERATIVE_ONLY", "NONCOOPERATIVE_ONLY",
-                                                        "UNDEFINED"};
-        table.row("Bit[32-33]", "SUR_STATUS", kSurveillance[status.sds]);
-        table.row("Bit[34-36]", "EMG_STATUS", ast_emergency_status_to_str(status.ems));
-        table.flag("Bit[37]", "POTENTIAL_FALSE_TRACK", status.pft);
-        table.flag("Bit[38]", "FPL_TRACK", status.fplt);
-    }
-
-    static void show_duplicates(FieldTable &table, const Value &status) {
-        table.flag("Bit[40]", "DUP_MODEA", status.dupt);
-        table.flag("Bit[41]", "DUP_FP", status.dupf);
-        table.flag("Bit[42]", "DUP_FP_DUE_TO_MANUAL_CORRELATION", status.dupm);
-        table.flag("Bit[43]", "SURFACE_TARGET", status.sfc);
-        table.flag("Bit[44]", "DUP_FLIGHT_ID", status.idd);
-        table.flag("Bit[45]", "INCONSISTENT_EMG_CODE", status.iec);
-        table.flag("Bit[46]", "MLAT_COASTING", status.mlat);
     }
 };
 
@@ -155,112 +85,82 @@ namespace {
 
 using Mode5 = ast_dataitem_062_110_t;
 
-// One bit each, from the most significant one that is used down to bit 1.
-template <typename Value>
-struct Flag {
-    const char *name;
-    bool Value::*member;
-};
-
-template <typename Value, unsigned N>
-void read_flags(Value &value, const Flag<Value> (&flags)[N], uint8_t octet) {
-    for (unsigned i = 0; i < N; ++i) value.*flags[i].member = bit(octet, N - i);
-}
-
-template <typename Value, unsigned N>
-void summarize_flags(TextWriter &out, const Value &value, const Flag<Value> (&flags)[N]) {
-    for (const Flag<Value> &flag : flags) {
-        if (!(value.*flag.member)) continue;
-        out.append(shown_if(out.length() != 0, " "));
-        out.append(flag.name);
-    }
-}
-
-template <typename Value, unsigned N>
-void show_flags(ViewWriter &view, const Value &value, const Flag<Value> (&flags)[N]) {
-    constexpr unsigned kFirstBit = 8 - N;
-    BitTable table(view);
-    for (unsigned i = 0; i < N; ++i)
-        table.flag(Cell<7>("Bit[%u]", kFirstBit + i), flags[i].name, value.*flags[i].member);
+// The names of the flags that are set.
+template <typename Kind>
+void summarize_flags(TextWriter &out, const typename Kind::Value &value) {
+    all_rows<Kind>([&](auto row) {
+        if constexpr (row.kMember.flag != nullptr)
+            if (value.*row.kMember.flag) {
+                out.append(shown_if(out.length() != 0, " "));
+                out.append(row.kRow.label.name);
+            }
+        return true;
+    });
 }
 
 struct Mode5Summary {
     using Value = decltype(Mode5::sum);
-    static constexpr Flag<Value> kFlags[] = {{"M5", &Value::m5}, {"ID", &Value::id}, {"DA", &Value::da},
-                                             {"M1", &Value::m1}, {"M2", &Value::m2}, {"M3", &Value::m3},
-                                             {"MC", &Value::mc}, {"X", &Value::x}};
-    static void read(Value &sum, const uint8_t *octets) { read_flags(sum, kFlags, octets[0]); }
-    static void summarize(TextWriter &out, const Value &sum) { summarize_flags(out, sum, kFlags); }
-    static void show(ViewWriter &view, const Value &sum) { show_flags(view, sum, kFlags); }
+    static constexpr Columns kColumns = kBits;
+    static constexpr Row<Value> kRows[] = {{&Value::m5, "M5"}, {&Value::id, "ID"}, {&Value::da, "DA"},
+                                           {&Value::m1, "M1"}, {&Value::m2, "M2"}, {&Value::m3, "M3"},
+                                           {&Value::mc, "MC"}, {&Value::x, "X"}};
+    static void summarize(TextWriter &out, const Value &sum) { summarize_flags<Mode5Summary>(out, sum); }
 };
 
 struct MissionCode {
     using Value = decltype(Mode5::pmn);
-    static void read(Value &codes, const uint8_t *octets) {
-        codes.pin = field(octets, 3, 16);
-        codes.nat = field(octets, 20, 24);
-        codes.mis = field(octets, 27, 32);
-    }
+    static constexpr Columns kColumns = kBits;
+    static constexpr Row<Value> kRows[] = {
+        spare(2), {&Value::pin, 14, "PIN"}, spare(3), {&Value::nat, 5, "NAT"}, spare(2), {&Value::mis, 6, "MIS"},
+    };
+
     static void summarize(TextWriter &out, const Value &codes) {
         out.print("PIN:%u NAT:%u MIS:%u", codes.pin, codes.nat, codes.mis);
-    }
-    static void show(ViewWriter &view, const Value &codes) {
-        BitTable table(view);
-        table.number("Bit[2-15]", "PIN", codes.pin);
-        table.number("Bit[19-23]", "NAT", codes.nat);
-        table.number("Bit[26-31]", "MIS", codes.mis);
     }
 };
 
 struct GnssAltitude {
     using Value = decltype(Mode5::ga);
-    static void read(Value &altitude, const uint8_t *octets) {
-        constexpr int32_t kLsbFt = 25; // whatever the steps in which it is reported
-        altitude.res = bit(octets[0], 7);
-        altitude.altitude_raw = twos_complement(read_u16(octets), 14);
-        altitude.altitude_ft = altitude.altitude_raw * kLsbFt;
-    }
+    static constexpr int32_t kLsbFt = 25; // whatever the steps in which it is reported
+    static constexpr Columns kColumns = kBits;
+    static constexpr Row<Value> kRows[] = {
+        spare(1),
+        {&Value::res, "RES", {"100FT", "25FT"}},
+        {&Value::altitude_raw, {14, Sign::TwosComplement}, "GA LSB=25 FT", {&Value::altitude_ft, kLsbFt, "GA LSB=FT"}},
+    };
+
     static void summarize(TextWriter &out, const Value &altitude) { out.print("%d FT", altitude.altitude_ft); }
-    static void show(ViewWriter &view, const Value &altitude) {
-        BitTable table(view);
-        table.row("Bit[1]", "RES", altitude.res ? "25FT" : "100FT");
-        table.scaled("Bit[2-15]", "GA LSB=25 FT", altitude.altitude_raw, "GA LSB=FT", altitude.altitude_ft);
-    }
 };
 
 struct ExtendedMode1 {
     using Value = decltype(Mode5::em1);
-    static void read(Value &code, const uint8_t *octets) { code.code = field(octets, 5, 16); }
+    static constexpr Columns kColumns = kBits;
+    static constexpr Row<Value> kRows[] = {spare(4, "0"), code_row(&Value::code)};
+
     static void summarize(TextWriter &out, const Value &code) { out.print("%o", code.code); }
-    static void show(ViewWriter &view, const Value &code) {
-        BitTable table(view);
-        table.row("Bit[0-3]", "SPARE", "0");
-        write_code_digits(table, code.code);
-    }
 };
 
 struct TimeOffset {
     using Value = decltype(Mode5::tos);
-    static void read(Value &offset, const uint8_t *octets) {
-        constexpr double kLsbS = 1.0 / 128;
-        offset.offset_raw = twos_complement(octets[0], 8);
-        offset.offset_s = offset.offset_raw * kLsbS;
-    }
+    static constexpr double kLsbS = 1.0 / 128;
+    static constexpr Columns kColumns = kOctets;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::offset_raw,
+         {8, Sign::TwosComplement},
+         "TIME_OFFSET LSB=1/128 SEC",
+         {&Value::offset_s, kLsbS, "TIME_OFFSET LSB=SEC"}},
+    };
+
     static void summarize(TextWriter &out, const Value &offset) { out.print("%f SEC", offset.offset_s); }
-    static void show(ViewWriter &view, const Value &offset) {
-        OctetTable table(view);
-        table.scaled("Octet[0]", "TIME_OFFSET LSB=1/128 SEC", offset.offset_raw, "TIME_OFFSET LSB=SEC",
-                     offset.offset_s);
-    }
 };
 
 struct XPulses {
     using Value = decltype(Mode5::xp);
-    static constexpr Flag<Value> kFlags[] = {
-        {"X5", &Value::x5}, {"XC", &Value::xc}, {"X3", &Value::x3}, {"X2", &Value::x2}, {"X1", &Value::x1}};
-    static void read(Value &pulses, const uint8_t *octets) { read_flags(pulses, kFlags, octets[0]); }
-    static void summarize(TextWriter &out, const Value &pulses) { summarize_flags(out, pulses, kFlags); }
-    static void show(ViewWriter &view, const Value &pulses) { show_flags(view, pulses, kFlags); }
+    static constexpr Columns kColumns = kBits;
+    static constexpr Row<Value> kRows[] = {
+        spare(3), {&Value::x5, "X5"}, {&Value::xc, "XC"}, {&Value::x3, "X3"}, {&Value::x2, "X2"}, {&Value::x1, "X1"},
+    };
+    static void summarize(TextWriter &out, const Value &pulses) { summarize_flags<XPulses>(out, pulses); }
 };
 
 constexpr SubfieldRow kMode5[] = {
@@ -280,19 +180,16 @@ AST_DEFINE_COMPOUND_ITEM(kItem110, 62110, kMode5, Mode5, 062_110, .summarizes_un
 // ---- I062/130 Calculated Track Geometric Altitude ----
 
 struct I062_130 : Item<62130, ast_dataitem_062_130_t, fixed<2>> {
-    static void read(Value &altitude, const uint8_t *octets) {
-        altitude.altitude_raw = magnitude_less_maximum(read_u16(octets), 16);
-        altitude.altitude_ft = altitude.altitude_raw * kVerticalLsbFt;
-    }
+    static constexpr Row<Value> kRows[] = {
+        {&Value::altitude_raw,
+         kMagnitude16,
+         {},
+         {&Value::altitude_ft, kVerticalLsbFt, "LEVEL LSB:FT"},
+         {kVerticalLsbM, "LEVEL LSB:M"}},
+    };
 
     static void summarize(TextWriter &out, const Value &altitude) {
         out.print("LEVEL:%.2f LSB:FT", altitude.altitude_ft);
-    }
-
-    static void show(ViewWriter &view, const Value &altitude) {
-        FieldTable table(view, "Bit", "Item", "Value");
-        table.quantity("Bit[0-15]", "LEVEL LSB:FT", altitude.altitude_ft);
-        table.quantity("Bit[0-15]", "LEVEL LSB:M", altitude.altitude_raw * kVerticalLsbM);
     }
 };
 
@@ -301,21 +198,17 @@ AST_DEFINE_ITEM(I062_130, ast_dataitem_062_130)
 // ---- I062/135 Calculated Track Barometric Altitude ----
 
 struct I062_135 : Item<62135, ast_dataitem_062_135_t, fixed<2>> {
-    static void read(Value &altitude, const uint8_t *octets) {
-        altitude.qnh = bit(octets[0], 8);
-        altitude.altitude_raw = magnitude_less_maximum(read_u16(octets), 15);
-        altitude.altitude_ft = altitude.altitude_raw * kLevelLsbFt;
-    }
+    static constexpr Row<Value> kRows[] = {
+        {&Value::qnh, "QNH_CORRECTION"},
+        {&Value::altitude_raw,
+         {15, Sign::MagnitudeLessMaximum},
+         {},
+         {&Value::altitude_ft, kLevelLsbFt, "ALTITUDE LSB:FT"},
+         {kLevelLsbM, "ALTITUDE LSB:M"}},
+    };
 
     static void summarize(TextWriter &out, const Value &altitude) {
         out.print("ALTITUDE:%d LSB:FT%s", altitude.altitude_ft, shown_if(altitude.qnh, " QNH"));
-    }
-
-    static void show(ViewWriter &view, const Value &altitude) {
-        FieldTable table(view, "Bit", "Item", "Value");
-        table.flag("Bit[0]", "QNH_CORRECTION", altitude.qnh);
-        table.quantity("Bit[1-15]", "ALTITUDE LSB:FT", altitude.altitude_ft);
-        table.quantity("Bit[1-15]", "ALTITUDE LSB:M", altitude.altitude_raw * kLevelLsbM);
     }
 };
 
@@ -324,18 +217,15 @@ AST_DEFINE_ITEM(I062_135, ast_dataitem_062_135)
 // ---- I062/136 Measured Flight Level ----
 
 struct I062_136 : Item<62136, ast_dataitem_062_136_t, fixed<2>> {
-    static void read(Value &level, const uint8_t *octets) {
-        level.level_raw = magnitude_less_maximum(read_u16(octets), 16);
-        level.level_ft = level.level_raw * kLevelLsbFt;
-    }
+    static constexpr Row<Value> kRows[] = {
+        {&Value::level_raw,
+         kMagnitude16,
+         {},
+         {&Value::level_ft, kLevelLsbFt, "LEVEL LSB:FT"},
+         {kLevelLsbM, "LEVEL LSB:M"}},
+    };
 
     static void summarize(TextWriter &out, const Value &level) { out.print("LEVEL:%d LSB:FT", level.level_ft); }
-
-    static void show(ViewWriter &view, const Value &level) {
-        FieldTable table(view, "Bit", "Item", "Value");
-        table.quantity("Bit[0-15]", "LEVEL LSB:FT", level.level_ft);
-        table.quantity("Bit[0-15]", "LEVEL LSB:M", level.level_raw * kLevelLsbM);
-    }
 };
 
 AST_DEFINE_ITEM(I062_136, ast_dataitem_062_136)
@@ -348,26 +238,18 @@ struct I062_200 : Item<62200, ast_dataitem_062_200_t, fixed<1>> {
                                               "DECREASING_GROUNDSPEED", "UNDETERMINED"};
     static constexpr const char *kRates[] = {"LEVEL", "CLIMB", "DESCENT", "UNDETERMINED"};
     static constexpr char kDiscrepancy[] = "ALTITUDE_DISCREPANCY";
-
-    static void read(Value &movement, const uint8_t *octets) {
-        movement.transversal = bits(octets[0], 8, 7);
-        movement.longitudinal = bits(octets[0], 6, 5);
-        movement.vertical = bits(octets[0], 4, 3);
-        movement.adf = bit(octets[0], 2);
-    }
+    static constexpr Row<Value> kRows[] = {
+        {&Value::transversal, 2, "TRANSVERSAL_ACCELERATION", kCourses},
+        {&Value::longitudinal, 2, "LONGITUDINAL_ACCELERATION", kSpeeds},
+        {&Value::vertical, 2, "VERTICAL_RATE", kRates},
+        {&Value::adf, kDiscrepancy},
+        spare(1),
+    };
 
     static void summarize(TextWriter &out, const Value &movement) {
         out.print("%s %s %s", kCourses[movement.transversal], kSpeeds[movement.longitudinal],
                   kRates[movement.vertical]);
         if (movement.adf) out.print(" %s", kDiscrepancy);
-    }
-
-    static void show(ViewWriter &view, const Value &movement) {
-        FieldTable table(view, "Bit", "Item", "Value");
-        table.row("Bit[0-1]", "TRANSVERSAL_ACCELERATION", kCourses[movement.transversal]);
-        table.row("Bit[2-3]", "LONGITUDINAL_ACCELERATION", kSpeeds[movement.longitudinal]);
-        table.row("Bit[4-5]", "VERTICAL_RATE", kRates[movement.vertical]);
-        table.flag("Bit[6]", kDiscrepancy, movement.adf);
     }
 };
 
@@ -406,18 +288,15 @@ AST_DEFINE_ITEM(I062_210, ast_dataitem_062_210)
 // ---- I062/220 Calculated Rate of Climb/Descent ----
 
 struct I062_220 : Item<62220, ast_dataitem_062_220_t, fixed<2>> {
-    static void read(Value &rate, const uint8_t *octets) {
-        rate.rate_raw = magnitude_less_maximum(read_u16(octets), 16);
-        rate.rate_ft_min = rate.rate_raw * kVerticalLsbFt;
-    }
+    static constexpr Row<Value> kRows[] = {
+        {&Value::rate_raw,
+         kMagnitude16,
+         {},
+         {&Value::rate_ft_min, kVerticalLsbFt, "CLIMB_DESCENT_RATE LSB:FT/MIN"},
+         {kVerticalLsbM, "CLIMB_DESCENT_RATE LSB:M/MIN", 3}},
+    };
 
     static void summarize(TextWriter &out, const Value &rate) { out.print("VH:%.2f", rate.rate_ft_min); }
-
-    static void show(ViewWriter &view, const Value &rate) {
-        FieldTable table(view, "Bit", "Item", "Value");
-        table.quantity("Bit[0-15]", "CLIMB_DESCENT_RATE LSB:FT/MIN", rate.rate_ft_min);
-        table.row("Bit[0-15]", "CLIMB_DESCENT_RATE LSB:M/MIN", Cell<24>("%.3f", rate.rate_raw * kVerticalLsbM));
-    }
 };
 
 AST_DEFINE_ITEM(I062_220, ast_dataitem_062_220)

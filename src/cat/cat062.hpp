@@ -16,7 +16,10 @@ extern const Compound kMeasuredInformation;   // I062/340
 extern const Compound kAircraftDerivedData;   // I062/380
 extern const Compound kFlightPlanRelatedData; // I062/390
 
-// The fields of a subfield, by its octets or, where fields share them, by bits as well. Both count from 0.
+// The columns of a subfield, whose fields count in octets or, where they share these, in bits. Both count from 0.
+constexpr Columns kOctets = {"Octet", nullptr, "Name", "Value", Columns::Count::OctetsWhereWhole, 0};
+constexpr Columns kBits = {"Octet/Bit", nullptr, "Name", "Value", Columns::Count::OctetsWhereWhole, 0};
+
 struct OctetTable : FieldTable {
     explicit OctetTable(ViewWriter &view) : FieldTable(view, "Octet", "Name", "Value") {}
 };
@@ -64,10 +67,7 @@ struct ScaledSubfield {
 // The system that sent or owns what the item carries.
 struct Source {
     using Value = ast_062_source_t;
-    static void read(Value &source, const uint8_t *octets) {
-        source.sac = octets[0];
-        source.sic = octets[1];
-    }
+    static constexpr Row<Value> kRows[] = {{&Value::sac, 8}, {&Value::sic, 8}};
     static void summarize(TextWriter &out, const Value &source) {
         out.print("SAC:%03u SIC:%03u", source.sac, source.sic);
     }
@@ -76,12 +76,11 @@ struct Source {
 
 struct Position {
     using Value = ast_062_position_t;
-    static void read(Value &position, const uint8_t *octets) {
-        position.latitude_raw = read_i24(octets);
-        position.longitude_raw = read_i24(octets + 3);
-        position.latitude_deg = position.latitude_raw * kLowPositionLsbDeg;
-        position.longitude_deg = position.longitude_raw * kLowPositionLsbDeg;
-    }
+    static constexpr Bits kAngle = {24, Sign::TwosComplement};
+    static constexpr Row<Value> kRows[] = {
+        {&Value::latitude_raw, kAngle, {}, {&Value::latitude_deg, kLowPositionLsbDeg}},
+        {&Value::longitude_raw, kAngle, {}, {&Value::longitude_deg, kLowPositionLsbDeg}},
+    };
     static void summarize(TextWriter &out, const Value &position) {
         out.append(ast_latlong_to_str(position.latitude_deg, position.longitude_deg));
     }

@@ -17,7 +17,8 @@ constexpr std::string_view kNone = "---";
 
 struct TargetAddress {
     using Value = decltype(Derived::adr);
-    static void read(Value &target, const uint8_t *octets) { target.address = read_u24(octets); }
+    static constexpr Row<Value> kRows[] = {{&Value::address, 24}};
+
     static void summarize(TextWriter &out, const Value &target) { out.print("%.6X", target.address); }
     static void show(ViewWriter &view, const Value &target, const ast_dataitem_t &item) {
         view.paragraph("ICAO 24-bit address: ", Cell<12>("%.6X", target.address));
@@ -85,34 +86,31 @@ struct AirspeedOrMach {
 template <const char *Name>
 struct Airspeed {
     using Value = ast_062_airspeed_t;
-    static void read(Value &speed, const uint8_t *octets) { speed.airspeed_kt = read_u16(octets); }
+    static constexpr Columns kColumns = kOctets;
+    static constexpr Row<Value> kRows[] = {{&Value::airspeed_kt, 16, Name}};
     static void summarize(TextWriter &out, const Value &speed) { out.print("%u KT", speed.airspeed_kt); }
-    static void show(ViewWriter &view, const Value &speed) {
-        OctetTable(view).number(kTwoOctets, Name, speed.airspeed_kt);
-    }
 };
 
 // ---- 6 and 7: SAL, FSS ----
 
 // Both have three bits of their own before the altitude.
 template <typename Value>
-void read_selected_altitude(Value &selected, const uint8_t *octets) {
-    selected.altitude_raw = twos_complement(read_u16(octets), 13);
-    selected.altitude_ft = selected.altitude_raw * kLevelLsbFt;
-}
-
-template <typename Value>
-void show_selected_altitude(FieldTable &table, const Value &selected) {
-    table.scaled("Bit[3-15]", "ALTITUDE LSB=25 FT", selected.altitude_raw, "ALTITUDE LSB=FT", selected.altitude_ft);
+constexpr Row<Value> selected_altitude_row() {
+    return {&Value::altitude_raw,
+            {13, Sign::TwosComplement},
+            "ALTITUDE LSB=25 FT",
+            {&Value::altitude_ft, kLevelLsbFt, "ALTITUDE LSB=FT"}};
 }
 
 struct SelectedAltitude {
     using Value = decltype(Derived::sal);
-    static void read(Value &selected, const uint8_t *octets) {
-        selected.sas = bit(octets[0], 8);
-        selected.src = ast_selected_altitude_source_from_int(bits(octets[0], 7, 6));
-        read_selected_altitude(selected, octets);
-    }
+    static constexpr Columns kColumns = kBits;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::sas},
+        {&Value::src, {2, ast_selected_altitude_source_from_int}},
+        selected_altitude_row<Value>(),
+    };
+
     static void summarize(TextWriter &out, const Value &selected) {
         out.print("SAL:%d FT SRC:%s", selected.altitude_ft, source(selected, AST_STYLE_SHORT));
     }
@@ -120,7 +118,7 @@ struct SelectedAltitude {
         BitTable table(view);
         table.flag("Bit[0]", "SOURCE_PROVIDED", selected.sas);
         table.row("Bit[1-2]", "SOURCE", source(selected, AST_STYLE_LONG));
-        show_selected_altitude(table, selected);
+        show_rows<SelectedAltitude>(table, selected);
     }
     static const char *source(const Value &selected, uint32_t style) {
         return selected.sas ? ast_selected_altitude_source_to_str(selected.src, style) : "NOT_PROVIDED";
@@ -129,73 +127,65 @@ struct SelectedAltitude {
 
 struct FinalSelectedAltitude {
     using Value = decltype(Derived::fss);
-    static void read(Value &selected, const uint8_t *octets) {
-        selected.mv = bit(octets[0], 8);
-        selected.ah = bit(octets[0], 7);
-        selected.am = bit(octets[0], 6);
-        read_selected_altitude(selected, octets);
-    }
+    static constexpr Columns kColumns = kBits;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::mv, "MANAGE_VERTICAL_MODE"},
+        {&Value::ah, "ALTITUDE_HOLD"},
+        {&Value::am, "APPROACH_MODE"},
+        selected_altitude_row<Value>(),
+    };
+
     static void summarize(TextWriter &out, const Value &selected) { out.print("%d FT", selected.altitude_ft); }
-    static void show(ViewWriter &view, const Value &selected) {
-        BitTable table(view);
-        table.flag("Bit[0]", "MANAGE_VERTICAL_MODE", selected.mv);
-        table.flag("Bit[1]", "ALTITUDE_HOLD", selected.ah);
-        table.flag("Bit[2]", "APPROACH_MODE", selected.am);
-        show_selected_altitude(table, selected);
-    }
 };
 
 // ---- 8 and 9: TIS, TID ----
 
 struct IntentStatus {
     using Value = decltype(Derived::tis);
-    static void read(Value &status, const uint8_t *octets) {
-        status.nav = bit(octets[0], 8);
-        status.nvb = bit(octets[0], 7);
-    }
+    static constexpr Columns kColumns = kBits;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::nav, "TRAJECTORY_INTENT_UNAVAILABLE"},
+        {&Value::nvb, "TRAJECTORY_INTENT_INVALID"},
+        spare(6),
+    };
+
     static void summarize(TextWriter &out, const Value &status) {
         out.print("%s %s", status.nav ? "UNAVAILABLE" : "AVAILABLE", status.nvb ? "INVALID" : "VALID");
     }
-    static void show(ViewWriter &view, const Value &status) {
-        BitTable table(view);
-        table.flag("Bit[0]", "TRAJECTORY_INTENT_UNAVAILABLE", status.nav);
-        table.flag("Bit[1]", "TRAJECTORY_INTENT_INVALID", status.nvb);
-    }
+};
+
+struct IntentPoint {
+    using Value = ast_062_trajectory_point_t;
+    static constexpr int32_t kAltitudeLsbFt = 10;
+    static constexpr double kRadiusLsbNm = 0.01;
+    static constexpr Bits kAngle = {24, Sign::TwosComplement};
+    static constexpr Row<Value> kRows[] = {
+        {&Value::tca},
+        {&Value::nc},
+        {&Value::tcpn, 6},
+        {&Value::altitude_raw, kSigned16, {}, {&Value::altitude_ft, kAltitudeLsbFt}},
+        {&Value::latitude_raw, kAngle, {}, {&Value::latitude_deg, kLowPositionLsbDeg}},
+        {&Value::longitude_raw, kAngle, {}, {&Value::longitude_deg, kLowPositionLsbDeg}},
+        {&Value::pt, 4},
+        {&Value::td, 2},
+        {&Value::tra},
+        {&Value::toa},
+        {&Value::tov_s, 24},
+        {&Value::ttr_raw, 16, {}, {&Value::ttr_nm, kRadiusLsbNm}},
+    };
 };
 
 struct IntentData {
     using Value = decltype(Derived::tid);
     using Point = ast_062_trajectory_point_t;
-    static constexpr uint64_t kPointOctets = 15;
-
-    static Point read_point(const uint8_t *octets) {
-        constexpr int32_t kAltitudeLsbFt = 10;
-        constexpr double kRadiusLsbNm = 0.01;
-        Point point{};
-        point.tca = bit(octets[0], 8);
-        point.nc = bit(octets[0], 7);
-        point.tcpn = bits(octets[0], 6, 1);
-        point.altitude_raw = read_i16(octets + 1);
-        point.latitude_raw = read_i24(octets + 3);
-        point.longitude_raw = read_i24(octets + 6);
-        point.pt = bits(octets[9], 8, 5);
-        point.td = bits(octets[9], 4, 3);
-        point.tra = bit(octets[9], 2);
-        point.toa = bit(octets[9], 1);
-        point.tov_s = read_u24(octets + 10);
-        point.ttr_raw = read_u16(octets + 13);
-        point.altitude_ft = point.altitude_raw * kAltitudeLsbFt;
-        point.latitude_deg = point.latitude_raw * kLowPositionLsbDeg;
-        point.longitude_deg = point.longitude_raw * kLowPositionLsbDeg;
-        point.ttr_nm = point.ttr_raw * kRadiusLsbNm;
-        return point;
-    }
+    static constexpr uint64_t kPointOctets = kRowOctets<IntentPoint>;
 
     static uint64_t held(const Value &intent) { return std::min<uint64_t>(intent.count, std::size(intent.points)); }
 
     static void read(Value &intent, const uint8_t *octets) {
         intent.count = octets[0];
-        for (uint64_t i = 0; i < held(intent); ++i) intent.points[i] = read_point(octets + 1 + i * kPointOctets);
+        for (uint64_t i = 0; i < held(intent); ++i)
+            read_rows<IntentPoint>(intent.points[i], octets + 1 + i * kPointOctets);
     }
 
     static void summarize(TextWriter &out, const Value &intent) {
@@ -228,50 +218,44 @@ struct IntentData {
 
 struct Capability {
     using Value = decltype(Derived::com);
-    static void read(Value &status, const uint8_t *octets) {
-        status.com = ast_transponder_comm_cap_from_int(bits(octets[0], 8, 6));
-        status.stat = ast_radar_flight_status_from_int(bits(octets[0], 5, 3));
-        status.ssc = bit(octets[1], 8);
-        status.arc = bit(octets[1], 7);
-        status.aic = bit(octets[1], 6);
-        status.b1a = bit(octets[1], 5);
-        status.b1b = static_cast<uint8_t>(bits(octets[1], 4, 1));
-    }
+    static constexpr Columns kColumns = kBits;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::com,
+         {3, ast_transponder_comm_cap_from_int},
+         "COMMUNICATION_CAPABILITY",
+         ast_transponder_comm_cap_to_str},
+        {&Value::stat, {3, ast_radar_flight_status_from_int}, "FLIGHT_STATUS", ast_radar_flight_status_to_str},
+        spare(2),
+        {&Value::ssc, "SPECIFIC_SERVICE_CAPABILITY"},
+        {&Value::arc, "ALTITUDE_REPORTING_CAPABILITY", {"100FT", "25FT"}},
+        {&Value::aic, "ACID_CAPABILITY"},
+        {&Value::b1a, "BDS10_BIT16", kBinary},
+        {&Value::b1b, 4, "BDS10_BIT37-40", kBinary},
+    };
+
     static void summarize(TextWriter &out, const Value &status) {
         out.print("COM:%s FS:%s", ast_transponder_comm_cap_to_str(status.com),
                   ast_radar_flight_status_to_str(status.stat));
-    }
-    static void show(ViewWriter &view, const Value &status) {
-        BitTable table(view);
-        table.row("Bit[0-2]", "COMMUNICATION_CAPABILITY", ast_transponder_comm_cap_to_str(status.com));
-        table.row("Bit[3-5]", "FLIGHT_STATUS", ast_radar_flight_status_to_str(status.stat));
-        table.flag("Bit[8]", "SPECIFIC_SERVICE_CAPABILITY", status.ssc);
-        table.row("Bit[9]", "ALTITUDE_REPORTING_CAPABILITY", status.arc ? "25FT" : "100FT");
-        table.flag("Bit[10]", "ACID_CAPABILITY", status.aic);
-        table.row("Bit[11]", "BDS10_BIT16", BinaryOctet(status.b1a));
-        table.row("Bit[12-15]", "BDS10_BIT37-40", BinaryOctet(status.b1b));
     }
 };
 
 struct AdsbStatus {
     using Value = decltype(Derived::sab);
-    static void read(Value &status, const uint8_t *octets) {
-        status.ac = ast_acas_status_from_int(bits(octets[0], 8, 7));
-        status.mn = ast_multi_navids_status_from_int(bits(octets[0], 6, 5));
-        status.dc = ast_diff_correction_status_from_int(bits(octets[0], 4, 3));
-        status.gbs = bit(octets[0], 2);
-        status.stat = ast_emergency_status_from_int(bits(octets[1], 3, 1));
-    }
+    static constexpr Columns kColumns = kBits;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::ac, {2, ast_acas_status_from_int}, "ACAS_STATUS", ast_acas_status_to_str},
+        {&Value::mn, {2, ast_multi_navids_status_from_int}, "MULTIPLE_NAVIDS_STATUS", ast_multi_navids_status_to_str},
+        {&Value::dc,
+         {2, ast_diff_correction_status_from_int},
+         "DIFFERENTIAL_CORRECTION_STATUS",
+         ast_diff_correction_status_to_str},
+        {&Value::gbs, "GROUND_BIT_SET"},
+        spare(6),
+        {&Value::stat, {3, ast_emergency_status_from_int}, "STAT", ast_emergency_status_to_str},
+    };
+
     static void summarize(TextWriter &out, const Value &status) {
         out.print("%s EMG:%s", status.gbs ? "GBS" : "NO_GBS", ast_emergency_status_to_str(status.stat));
-    }
-    static void show(ViewWriter &view, const Value &status) {
-        BitTable table(view);
-        table.row("Bit[0-1]", "ACAS_STATUS", ast_acas_status_to_str(status.ac));
-        table.row("Bit[2-3]", "MULTIPLE_NAVIDS_STATUS", ast_multi_navids_status_to_str(status.mn));
-        table.row("Bit[4-5]", "DIFFERENTIAL_CORRECTION_STATUS", ast_diff_correction_status_to_str(status.dc));
-        table.flag("Bit[6]", "GROUND_BIT_SET", status.gbs);
-        table.row("Bit[13-15]", "STAT", ast_emergency_status_to_str(status.stat));
     }
 };
 
@@ -306,20 +290,20 @@ using RollAngle = ScaledSubfield<&Ran::roll_raw, &Ran::roll_deg, kRollAngle>;
 
 struct TrackAngleRate {
     using Value = decltype(Derived::tar);
-    static void read(Value &turn, const uint8_t *octets) {
-        constexpr double kLsbDegPerS = 0.25;
-        turn.ti = bits(octets[0], 8, 7);
-        turn.rate_raw = twos_complement(bits(octets[1], 8, 2), 7);
-        turn.rate_deg_s = turn.rate_raw * kLsbDegPerS;
-    }
+    static constexpr double kLsbDegPerS = 0.25;
+    static constexpr const char *kIndicators[] = {"NOT_AVAILABLE", "LEFT", "RIGHT", "STRAIGHT"};
+    static constexpr Columns kColumns = kBits;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::ti, 2, "TURN_INDICATOR", kIndicators},
+        spare(6),
+        {&Value::rate_raw,
+         {7, Sign::TwosComplement},
+         "RATE_OF_TURN LSB=1/4 DEG/SEC",
+         {&Value::rate_deg_s, kLsbDegPerS, "RATE_OF_TURN LSB=DEG/SEC"}},
+        spare(1),
+    };
+
     static void summarize(TextWriter &out, const Value &turn) { out.print("%.2f DEG/SEC", turn.rate_deg_s); }
-    static void show(ViewWriter &view, const Value &turn) {
-        static constexpr const char *kIndicators[] = {"NOT_AVAILABLE", "LEFT", "RIGHT", "STRAIGHT"};
-        BitTable table(view);
-        table.row("Bit[0-1]", "TURN_INDICATOR", kIndicators[turn.ti]);
-        table.scaled("Bit[8-14]", "RATE_OF_TURN LSB=1/4 DEG/SEC", turn.rate_raw, "RATE_OF_TURN LSB=DEG/SEC",
-                     turn.rate_deg_s);
-    }
 };
 
 constexpr SubfieldScale kTrackAngle = {
@@ -341,56 +325,48 @@ using GroundSpeed = ScaledSubfield<&Gsp::speed_raw, &Gsp::speed_kt, kGroundSpeed
 
 struct VelocityUncertainty {
     using Value = decltype(Derived::vun);
-    static void read(Value &uncertainty, const uint8_t *octets) { uncertainty.category = octets[0]; }
+    static constexpr Columns kColumns = kOctets;
+    static constexpr Row<Value> kRows[] = {{&Value::category, 8, "VELOCITY_UNCERTAINTY_CATEGORY"}};
+
     static void summarize(TextWriter &out, const Value &uncertainty) { out.print("%u", uncertainty.category); }
-    static void show(ViewWriter &view, const Value &uncertainty) {
-        OctetTable(view).number(kOneOctet, "VELOCITY_UNCERTAINTY_CATEGORY", uncertainty.category);
-    }
 };
 
 struct Weather {
     using Value = decltype(Derived::met);
-    static void read(Value &weather, const uint8_t *octets) {
-        constexpr double kTemperatureLsbC = 0.25;
-        weather.ws = bit(octets[0], 8);
-        weather.wd = bit(octets[0], 7);
-        weather.tmp = bit(octets[0], 6);
-        weather.trb = bit(octets[0], 5);
-        weather.wind_speed_kt = read_u16(octets + 1);
-        weather.wind_direction_deg = read_u16(octets + 3);
-        weather.temperature_raw = read_i16(octets + 5);
-        weather.temperature_c = weather.temperature_raw * kTemperatureLsbC;
-        weather.turbulence = octets[7];
-    }
+    static constexpr double kTemperatureLsbC = 0.25;
+    static constexpr Columns kColumns = kBits;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::ws, "WIND_SPEED_VALID"},
+        {&Value::wd, "WIND_DIRECTION_VALID"},
+        {&Value::tmp, "TEMPERATURE_VALID"},
+        {&Value::trb, "TURBULENCE_VALID"},
+        spare(4),
+        {&Value::wind_speed_kt, 16, "WIND_SPEED LSB:KT"},
+        {&Value::wind_direction_deg, 16, "WIND_DIRECTION LSB:DEG"},
+        {&Value::temperature_raw,
+         kSigned16,
+         "TEMPERATURE LSB:0.25 CELSIUS",
+         {&Value::temperature_c, kTemperatureLsbC, "TEMPERATURE LSB:CELSIUS"}},
+        {&Value::turbulence, 8, "TURBULENCE"},
+    };
+
     static void summarize(TextWriter &out, const Value &weather) {
         out.print("WS:%u KT WD:%u DEG TMP:%f C", weather.wind_speed_kt, weather.wind_direction_deg,
                   weather.temperature_c);
-    }
-    static void show(ViewWriter &view, const Value &weather) {
-        BitTable table(view);
-        table.flag("Bit[0]", "WIND_SPEED_VALID", weather.ws);
-        table.flag("Bit[1]", "WIND_DIRECTION_VALID", weather.wd);
-        table.flag("Bit[2]", "TEMPERATURE_VALID", weather.tmp);
-        table.flag("Bit[3]", "TURBULENCE_VALID", weather.trb);
-        table.number("Octet[1-2]", "WIND_SPEED LSB:KT", weather.wind_speed_kt);
-        table.number("Octet[3-4]", "WIND_DIRECTION LSB:DEG", weather.wind_direction_deg);
-        table.scaled("Octet[5-6]", "TEMPERATURE LSB:0.25 CELSIUS", weather.temperature_raw, "TEMPERATURE LSB:CELSIUS",
-                     weather.temperature_c);
-        table.number("Octet[7]", "TURBULENCE", weather.turbulence);
     }
 };
 
 struct EmitterCategory {
     using Value = decltype(Derived::emc);
-    static void read(Value &emitter, const uint8_t *octets) {
-        emitter.category = ast_emitter_category_from_int(octets[0]);
-    }
+    static const char *long_text(uint32_t category) { return ast_emitter_category_to_str(category, AST_STYLE_LONG); }
+
+    static constexpr Columns kColumns = kOctets;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::category, {8, ast_emitter_category_from_int}, "EMITTER_CATEGORY", long_text},
+    };
+
     static void summarize(TextWriter &out, const Value &emitter) {
         out.append(ast_emitter_category_to_str(emitter.category, AST_STYLE_SHORT));
-    }
-    static void show(ViewWriter &view, const Value &emitter) {
-        OctetTable(view).row(kOneOctet, "EMITTER_CATEGORY",
-                             ast_emitter_category_to_str(emitter.category, AST_STYLE_LONG));
     }
 };
 
@@ -404,12 +380,11 @@ using GeometricAltitude = ScaledSubfield<&Gal::altitude_raw, &Gal::altitude_ft, 
 
 struct PositionUncertainty {
     using Value = decltype(Derived::pun);
-    static void read(Value &uncertainty, const uint8_t *octets) { uncertainty.category = bits(octets[0], 4, 1); }
+    static constexpr Columns kColumns = kBits;
+    static constexpr Row<Value> kRows[] = {spare(4), {&Value::category, 4, "POSITION_UNCERTAINTY"}};
+
     static void summarize(TextWriter &out, const Value &uncertainty) {
         out.print("%.u", uncertainty.category); // 0 shows as nothing; viewers know it so
-    }
-    static void show(ViewWriter &view, const Value &uncertainty) {
-        BitTable(view).number("Bit[4-7]", "POSITION_UNCERTAINTY", uncertainty.category);
     }
 };
 
@@ -433,16 +408,13 @@ struct Registers {
 
 struct MachNumber {
     using Value = decltype(Derived::mac);
-    static void read(Value &speed, const uint8_t *octets) {
-        constexpr double kLsb = 0.008;
-        speed.mach_raw = read_u16(octets);
-        speed.mach = speed.mach_raw * kLsb;
-    }
+    static constexpr double kLsb = 0.008;
+    static constexpr Columns kColumns = kOctets;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::mach_raw, 16, "MACH LSB=0.008 MACH", {&Value::mach, kLsb, "MACH LSB=MACH"}},
+    };
+
     static void summarize(TextWriter &out, const Value &speed) { out.print("%.3f MACH", speed.mach); }
-    static void show(ViewWriter &view, const Value &speed) {
-        OctetTable table(view);
-        table.scaled(kTwoOctets, "MACH LSB=0.008 MACH", speed.mach_raw, "MACH LSB=MACH", speed.mach);
-    }
 };
 
 struct PressureSetting {

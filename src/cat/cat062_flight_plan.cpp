@@ -57,20 +57,11 @@ struct Text {
 
 struct FlightId {
     using Value = decltype(Plan::ifi);
-    static void read(Value &id, const uint8_t *octets) {
-        id.typ = bits(octets[0], 8, 7);
-        id.nbr = field(octets, 6, 32);
-    }
-    static void summarize(TextWriter &out, const Value &id) { out.print("TYP:%s NUM:%u", type(id), id.nbr); }
-    static void show(ViewWriter &view, const Value &id) {
-        BitTable table(view);
-        table.row("Bit[0-1]", "TYPE", type(id));
-        table.number("Bit[5-31]", "NUMBER", id.nbr);
-    }
-    static const char *type(const Value &id) {
-        static constexpr const char *kTypes[] = {"PLAN_NUMBER", "UNIT1", "UNIT2", "UNIT3"};
-        return kTypes[id.typ];
-    }
+    static constexpr const char *kTypes[] = {"PLAN_NUMBER", "UNIT1", "UNIT2", "UNIT3"};
+    static constexpr Columns kColumns = kBits;
+    static constexpr Row<Value> kRows[] = {{&Value::typ, 2, "TYPE", kTypes}, spare(3), {&Value::nbr, 27, "NUMBER"}};
+
+    static void summarize(TextWriter &out, const Value &id) { out.print("TYP:%s NUM:%u", kTypes[id.typ], id.nbr); }
 };
 
 struct FlightCategory {
@@ -83,13 +74,16 @@ struct FlightCategory {
     static constexpr char kNotApplicable[] = "NOT_APPLICABLE";
     static constexpr const char *kTraffic[] = {kUnknown, "GAT", "OAT", kNotApplicable};
     static constexpr const char *kRules[] = {"IFR", "VFR", kNotApplicable, "CVFR"};
+    static constexpr const char *kSeparation[] = {kUnknown, "APPROVED", "EXEMPT", "NOT_APPROVED"};
 
-    static void read(Value &category, const uint8_t *octets) {
-        category.gat_oat = bits(octets[0], 8, 7);
-        category.fr = bits(octets[0], 6, 5);
-        category.rvsm = bits(octets[0], 4, 3);
-        category.hpr = bit(octets[0], 2);
-    }
+    static constexpr Columns kColumns = kBits;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::gat_oat, 2, "GAT_OAT", kTraffic},
+        {&Value::fr, 2, "VFR_CTRL", kRules},
+        {&Value::rvsm, 2, "RVSM", kSeparation},
+        {&Value::hpr, "HIGH_PRIORITY_FLIGHT"},
+        spare(1),
+    };
 
     static void summarize(TextWriter &out, const Value &category) {
         const auto word = [&](bool is_shown, const char *text) {
@@ -102,67 +96,47 @@ struct FlightCategory {
         word(category.rvsm == kApproved, "RVSM");
         word(category.hpr, "HPR");
     }
-
-    static void show(ViewWriter &view, const Value &category) {
-        static constexpr const char *kSeparation[] = {kUnknown, "APPROVED", "EXEMPT", "NOT_APPROVED"};
-        BitTable table(view);
-        table.row("Bit[0-1]", "GAT_OAT", kTraffic[category.gat_oat]);
-        table.row("Bit[2-3]", "VFR_CTRL", kRules[category.fr]);
-        table.row("Bit[4-5]", "RVSM", kSeparation[category.rvsm]);
-        table.flag("Bit[6]", "HIGH_PRIORITY_FLIGHT", category.hpr);
-    }
 };
 
 // ---- 10 to 12: CFL, CTL, TOD ----
 
 struct ClearedLevel {
     using Value = decltype(Plan::cfl);
-    static void read(Value &level, const uint8_t *octets) {
-        level.level_raw = read_u16(octets);
-        level.level_ft = level.level_raw * kLevelLsbFt;
-    }
+    static constexpr Columns kColumns = kOctets;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::level_raw, 16, "CFL LSB=1/4 FL", {&Value::level_ft, kLevelLsbFt, "CFL LSB=FT"}},
+    };
+
     static void summarize(TextWriter &out, const Value &level) { out.print("%05u FT", level.level_ft); }
-    static void show(ViewWriter &view, const Value &level) {
-        OctetTable table(view);
-        table.scaled("Octet[0-1]", "CFL LSB=1/4 FL", level.level_raw, "CFL LSB=FT", level.level_ft);
-    }
 };
 
 struct ControlPosition {
     using Value = decltype(Plan::ctl);
-    static void read(Value &control, const uint8_t *octets) {
-        control.centre = octets[0];
-        control.position = octets[1];
-    }
+    static constexpr Columns kColumns = kOctets;
+    static constexpr Row<Value> kRows[] = {{&Value::centre, 8, "CENTRE"}, {&Value::position, 8, "POSITION"}};
+
     static void summarize(TextWriter &out, const Value &control) {
         out.print("CEN:%03u POS:%03u", control.centre, control.position);
     }
-    static void show(ViewWriter &view, const Value &control) {
-        OctetTable table(view);
-        table.number("Octet[0]", "CENTRE", control.centre);
-        table.number("Octet[1]", "POSITION", control.position);
-    }
+};
+
+struct Time {
+    using Value = std::remove_extent_t<decltype(decltype(Plan::tod)::times)>;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::typ, 5},    {&Value::day, 2}, spare(4), {&Value::hour, 5},   spare(2),
+        {&Value::minute, 6}, {&Value::avs},    spare(1), {&Value::second, 6},
+    };
 };
 
 struct Times {
     using Value = decltype(Plan::tod);
-    using Time = std::remove_extent_t<decltype(Value::times)>;
-    static constexpr uint64_t kTimeOctets = 4;
-
-    static Time read_time(const uint8_t *octets) {
-        return {.typ = bits(octets[0], 8, 4),
-                .day = bits(octets[0], 3, 2),
-                .hour = bits(octets[1], 5, 1),
-                .minute = bits(octets[2], 6, 1),
-                .avs = bit(octets[3], 8),
-                .second = bits(octets[3], 6, 1)};
-    }
+    static constexpr uint64_t kTimeOctets = kRowOctets<Time>;
 
     static uint64_t held(const Value &tod) { return std::min<uint64_t>(tod.count, std::size(tod.times)); }
 
     static void read(Value &tod, const uint8_t *octets) {
         tod.count = octets[0];
-        for (uint64_t i = 0; i < held(tod); ++i) tod.times[i] = read_time(octets + 1 + i * kTimeOctets);
+        for (uint64_t i = 0; i < held(tod); ++i) read_rows<Time>(tod.times[i], octets + 1 + i * kTimeOctets);
     }
 
     static void summarize(TextWriter &out, const Value &tod) { out.print("%zu TIMES", static_cast<size_t>(tod.count)); }
@@ -178,7 +152,7 @@ struct Times {
         static constexpr const char *kDays[] = {"Today", "Yesterday", "Tomorrow", "Invalid"};
         DetailTable table(view, "Type", "Date", "Time");
         for (uint64_t i = 0; i < held(tod); ++i) {
-            const Time &time = tod.times[i];
+            const Time::Value &time = tod.times[i];
             const Cell<9> with_seconds("%02u:%02u:%02u", time.hour, time.minute, time.second);
             const Cell<9> without_seconds("%02u:%02u", time.hour, time.minute);
             table.row(text_of(kTypes, time.typ, "Unknown time"), kDays[time.day],
@@ -191,25 +165,18 @@ struct Times {
 
 struct StandStatus {
     using Value = decltype(Plan::sts);
-    static void read(Value &stand, const uint8_t *octets) {
-        stand.emp = bits(octets[0], 8, 7);
-        stand.avl = bits(octets[0], 6, 5);
-    }
+    static constexpr const char *kOccupations[] = {"EMPTY", "OCCUPIED", "UNKNOWN", kInvalid};
+    static constexpr const char *kAvailabilities[] = {"AVAILABLE", "UNAVAILABLE", "UNKNOWN", kInvalid};
+
+    static constexpr Columns kColumns = kBits;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::emp, 2, "OCCUPATION", kOccupations},
+        {&Value::avl, 2, "AVAILABILITY", kAvailabilities},
+        spare(4),
+    };
+
     static void summarize(TextWriter &out, const Value &stand) {
-        out.print("EMP:%s AVL:%s", occupation(stand), availability(stand));
-    }
-    static void show(ViewWriter &view, const Value &stand) {
-        BitTable table(view);
-        table.row("Bit[0-1]", "OCCUPATION", occupation(stand));
-        table.row("Bit[2-3]", "AVAILABILITY", availability(stand));
-    }
-    static const char *occupation(const Value &stand) {
-        static constexpr const char *kTexts[] = {"EMPTY", "OCCUPIED", "UNKNOWN", kInvalid};
-        return kTexts[stand.emp];
-    }
-    static const char *availability(const Value &stand) {
-        static constexpr const char *kTexts[] = {"AVAILABLE", "UNAVAILABLE", "UNKNOWN", kInvalid};
-        return kTexts[stand.avl];
+        out.print("EMP:%s AVL:%s", kOccupations[stand.emp], kAvailabilities[stand.avl]);
     }
 };
 
@@ -217,20 +184,14 @@ struct StandStatus {
 
 struct EmergencyCode {
     using Value = decltype(Plan::pem);
-    static void read(Value &code, const uint8_t *octets) {
-        code.va = bit(octets[0], 5);
-        code.code = field(octets, 5, 16);
-    }
+    static constexpr Columns kColumns = kBits;
+    static constexpr Row<Value> kRows[] = {spare(3), {&Value::va, "VALID"}, code_row(&Value::code)};
+
     static void summarize(TextWriter &out, const Value &code) {
         if (code.va)
             out.print("%04o", code.code);
         else
             out.append(kInvalid);
-    }
-    static void show(ViewWriter &view, const Value &code) {
-        BitTable table(view);
-        table.flag("Bit[3]", "VALID", code.va);
-        write_code_digits(table, code.code);
     }
 };
 

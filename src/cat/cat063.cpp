@@ -16,22 +16,29 @@ struct I063_060 : Item<63060, ast_dataitem_063_060_t, extended<2>> {
         return item.size + item.following > kPlace && bit(item.data[kPlace], 4);
     }
 
+    static constexpr const char *kGoOrNogo[] = {"GO", "NOGO", "NOGO", "NOGO"};
+
+    static constexpr Row<Value> kRows[] = {
+        {&Value::con, 2, "CON", kGoOrNogo},
+        {&Value::psr, "PSR", {"GO", "NOGO"}},
+        {&Value::ssr, "SSR", {"GO", "NOGO"}},
+        {&Value::mds, "MDS", {"GO", "NOGO"}},
+        {&Value::ads, "ADS", {"GO", "NOGO"}},
+        {&Value::mlt, "MLT", {"GO", "NOGO"}},
+        fx,
+        {&Value::ops, "OPS", {"NO", "YES"}},
+        {&Value::odp, "ODP", {"NO", "YES"}},
+        {&Value::oxt, "OXT", {"NO", "YES"}},
+        {&Value::msc, "MSC", {"NO", "YES"}},
+        {&Value::tsv, "TSV", {"NO", "YES"}}, // read from elsewhere
+        {&Value::npw, "NPW", {"NO", "YES"}},
+        spare(1),
+        hidden_fx,
+    };
+
     static void read(Value &status, const ast_dataitem_t &item) {
-        const uint8_t first = item.data[0];
-        status.con = bits(first, 8, 7);
-        status.psr = bit(first, 6);
-        status.ssr = bit(first, 5);
-        status.mds = bit(first, 4);
-        status.ads = bit(first, 3);
-        status.mlt = bit(first, 2);
+        read_rows<I063_060>(status, item);
         status.tsv = reads_invalid_time_source(item);
-        if (item.size < 2) return;
-        const uint8_t second = item.data[1];
-        status.ops = bit(second, 8);
-        status.odp = bit(second, 7);
-        status.oxt = bit(second, 6);
-        status.msc = bit(second, 5);
-        status.npw = bit(second, 3);
     }
 
     static void summarize(TextWriter &out, const Value &status, const ast_dataitem_t &item) {
@@ -41,26 +48,6 @@ struct I063_060 : Item<63060, ast_dataitem_063_060_t, extended<2>> {
         out.append(shown_if(status.odp, " ODP"));
         out.append(shown_if(status.oxt, " OXT"));
         out.append(shown_if(status.tsv, " TSV"));
-    }
-
-    static const char *go_or_nogo(bool is_nogo) { return is_nogo ? "NOGO" : "GO"; }
-
-    static void show(ViewWriter &view, const Value &status, const ast_dataitem_t &item) {
-        DetailTable table(view, "Bit", "Item", "Value");
-        table.row("Bit[0-1]", "CON", go_or_nogo(status.con != 0));
-        table.row("Bit[2]", "PSR", go_or_nogo(status.psr));
-        table.row("Bit[3]", "SSR", go_or_nogo(status.ssr));
-        table.row("Bit[4]", "MDS", go_or_nogo(status.mds));
-        table.row("Bit[5]", "ADS", go_or_nogo(status.ads));
-        table.row("Bit[6]", "MLT", go_or_nogo(status.mlt));
-        table.row("Bit[7]", "FX", Cell<2>("%d", item.size >= 2));
-        if (item.size < 2) return;
-        table.row("Bit[8]", "OPS", yes_or_no(status.ops));
-        table.row("Bit[9]", "ODP", yes_or_no(status.odp));
-        table.row("Bit[10]", "OXT", yes_or_no(status.oxt));
-        table.row("Bit[11]", "MSC", yes_or_no(status.msc));
-        table.row("Bit[12]", "TSV", yes_or_no(status.tsv));
-        table.row("Bit[13]", "NPW", yes_or_no(status.npw));
     }
 };
 

@@ -20,7 +20,8 @@ AST_DEFINE_SUMMARY(I065_000, ast_dataitem_065_000_get_summary)
 // ---- I065/020 Batch Number ----
 
 struct I065_020 : Item<65020, ast_dataitem_065_020_t, fixed<1>> {
-    static void read(Value &batch, const uint8_t *octets) { batch.number = octets[0]; }
+    static constexpr Row<Value> kRows[] = {{&Value::number, 8}};
+
     static void summarize(TextWriter &out, const Value &batch) { out.print("BAT:%u", batch.number); }
 };
 
@@ -30,12 +31,11 @@ AST_DEFINE_SUMMARY(I065_020, ast_dataitem_065_020_get_summary)
 // ---- I065/040 SDPS Configuration and Status ----
 
 struct I065_040 : Item<65040, ast_dataitem_065_040_t, fixed<1>> {
-    static void read(Value &status, const uint8_t *octets) {
-        status.nogo = bits(octets[0], 8, 7);
-        status.ovl = bit(octets[0], 6);
-        status.tsv = bit(octets[0], 5);
-        status.pss = bits(octets[0], 4, 3);
-    }
+    static constexpr const char *kProcessors[] = {"SDPS-0", "SDPS-1", "SDPS-2", "SDPS-3"};
+
+    static constexpr Row<Value> kRows[] = {
+        {&Value::nogo, 2}, {&Value::ovl, "OVL"}, {&Value::tsv, "TSV"}, {&Value::pss, 2, "PSS", kProcessors}, spare(2),
+    };
 
     static void summarize(TextWriter &out, const Value &status) {
         static constexpr const char *kStatuses[] = {"STS:OPE", "STS:DGD", "STS:DIS", "STS:UKN"};
@@ -47,11 +47,9 @@ struct I065_040 : Item<65040, ast_dataitem_065_040_t, fixed<1>> {
 
     static void show(ViewWriter &view, const Value &status) {
         static constexpr const char *kStatuses[] = {"OPERATIONAL", "DEGRADED", "NOT_CONNECTED", "UNKNOWN"};
-        DetailTable table(view, "Bit", "Item", "Value");
+        DetailTable table = table_of_rows<I065_040>(view);
         table.row("Bit[1-2]", "NOGO", kStatuses[status.nogo]); // viewers know the label so
-        table.row("Bit[2]", "OVL", Cell<2>("%d", status.ovl));
-        table.row("Bit[3]", "TSV", Cell<2>("%d", status.tsv));
-        table.row("Bit[4-5]", "PSS", Cell<8>("SDPS-%u", status.pss));
+        show_rows<I065_040>(table, status);
     }
 };
 

@@ -100,7 +100,8 @@ AST_DEFINE_SUMMARY(I240_000, ast_dataitem_240_000_get_summary)
 // ---- I240/020 Video Record Header ----
 
 struct I240_020 : Item<240020, ast_dataitem_240_020_t, fixed<4>> {
-    static void read(Value &header, const uint8_t *octets) { header.message_index = read_u32(octets); }
+    static constexpr Row<Value> kRows[] = {{&Value::message_index, 32}};
+
     static void summarize(TextWriter &out, const Value &header) { out.print("MSG_INDEX:%u", header.message_index); }
 };
 
@@ -203,24 +204,23 @@ AST_DEFINE_ITEM(I240_041, ast_dataitem_240_041)
 // ---- I240/048 Video Cells Resolution & Data Compression Indicator ----
 
 struct I240_048 : Item<240048, ast_dataitem_240_048_t, fixed<2>> {
+    static constexpr const char *kResolutions[] = {"UNDEFINED",           "MONOBIT (1-BIT)", "LOW (2-BITS)",
+                                                   "MEDIUM (4-BITS)",     "HIGH (8-BITS)",   "VERY_HIGH (16-BITS)",
+                                                   "ULTRA_HIGH (32-BITS)"};
+
+    static constexpr Row<Value> kRows[] = {
+        {&Value::dci, "DATA_COMPRESSION_INDICATOR", {"NO_COMPRESSION", "COMPRESSION"}},
+        spare(7, "--"),
+        {&Value::res, 8, "VIDEO_CELLS_RESOLUTION", {kResolutions, "UNDEFINED"}},
+    };
+
     static void read(Value &coding, const uint8_t *octets) {
-        coding.dci = bit(octets[0], 8);
-        coding.res = octets[1];
+        read_rows<I240_048>(coding, octets);
         g_video_resolution = coding.res;
     }
 
     static void summarize(TextWriter &out, const Value &coding) {
         out.print("RES:%u-BITS%s", ast_video_resolution_get_bits(coding.res), shown_if(coding.dci, " DCI"));
-    }
-
-    static void show(ViewWriter &view, const Value &coding) {
-        static constexpr const char *kResolutions[] = {"UNDEFINED",           "MONOBIT (1-BIT)", "LOW (2-BITS)",
-                                                       "MEDIUM (4-BITS)",     "HIGH (8-BITS)",   "VERY_HIGH (16-BITS)",
-                                                       "ULTRA_HIGH (32-BITS)"};
-        DetailTable table(view, "Bit", "Item", "Value");
-        table.row("Bit[0]", "DATA_COMPRESSION_INDICATOR", coding.dci ? "COMPRESSION" : "NO_COMPRESSION");
-        table.row("Bit[1-7]", "SPARE", "--");
-        table.row("Bit[8-15]", "VIDEO_CELLS_RESOLUTION", text_of(kResolutions, coding.res, "UNDEFINED"));
     }
 };
 
@@ -229,19 +229,14 @@ AST_DEFINE_ITEM(I240_048, ast_dataitem_240_048)
 // ---- I240/049 Video Octets & Video Cells Counters ----
 
 struct I240_049 : Item<240049, ast_dataitem_240_049_t, fixed<5>> {
-    static void read(Value &counters, const uint8_t *octets) {
-        counters.valid_octets = read_u16(octets);
-        counters.valid_cells = read_u24(octets + 2);
-    }
+    static constexpr Columns kColumns = kOctetColumns;
+    static constexpr Row<Value> kRows[] = {
+        {&Value::valid_octets, 16, "NUMBER_VALID_OCTETS"},
+        {&Value::valid_cells, 24, "NUMBER_VALID_CELLS"},
+    };
 
     static void summarize(TextWriter &out, const Value &counters) {
         out.print("OCTET:%u CELL:%u", counters.valid_octets, counters.valid_cells);
-    }
-
-    static void show(ViewWriter &view, const Value &counters) {
-        DetailTable table(view, "Octet", "Item", "Value");
-        table.row("Octet[1-2]", "NUMBER_VALID_OCTETS", Cell<12>("%u", counters.valid_octets));
-        table.row("Octet[3-5]", "NUMBER_VALID_CELLS", Cell<12>("%u", counters.valid_cells));
     }
 };
 

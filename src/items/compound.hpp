@@ -14,8 +14,9 @@
 //         {"APD", "Difference in Azimuth between PSR and SSR plot", fixed<1>},  // its octets alone
 //     };
 //
-// A kind may leave summarize and show out. `read` may take the subfield in place of its octets where its size matters,
-// `show` the whole item behind the value where the application asks for it.
+// A kind may leave summarize and show out, and may have rows (see rows.hpp) in place of read and show; it is shown if
+// it says in which columns. `read` may take the subfield in place of its octets where its size matters, `show` the
+// whole item behind the value where the application asks for it.
 #pragma once
 
 #include "items/frame.hpp"
@@ -31,8 +32,10 @@ typename Kind::Value read_subfield(const ast_subfield_t &subfield) {
     value.present = true;
     if constexpr (requires { Kind::read(value, subfield.data); })
         Kind::read(value, subfield.data);
-    else
+    else if constexpr (requires { Kind::read(value, subfield); })
         Kind::read(value, subfield);
+    else
+        read_rows<Kind>(value, subfield.data);
     return value;
 }
 
@@ -64,6 +67,8 @@ struct SubfieldOf {
             Kind::show(view, read_subfield<Kind>(subfield), item);
         else if constexpr (requires { Kind::show(view, read_subfield<Kind>(subfield)); })
             Kind::show(view, read_subfield<Kind>(subfield));
+        else if constexpr (requires { Kind::kColumns; })
+            show_rows<Kind>(view, read_subfield<Kind>(subfield), item);
     }
     static constexpr SubfieldHandlers kHandlers = {read, summary(), show};
 };

@@ -15,9 +15,9 @@
 //
 // An item that has `kRows` needs no `read`, `show` and `write`; rows.hpp tells how they say it all. `read` gets octets
 // that the size rule accepts, and may return false for others that are no such item; summarize and show get valid
-// values only, and an item may have a `show_unread` for others. Where the octets and the value do not say all, they may
-// take the item (its size, its type) as a further argument, and `read` takes it in place of the octets. `write` may
-// take the type, and returns how many octets it wrote where that varies.
+// values only, and an item that `kShowsUnread` has a table without rows for others. Where the octets and the value do
+// not say all, they may take the item (its size, its type) as a further argument, and `read` takes it in place of the
+// octets. `write` may take the type, and returns how many octets it wrote where that varies.
 #pragma once
 
 #include <type_traits>
@@ -115,8 +115,8 @@ void summarize(char *text, uint64_t capacity, const ast_dataitem_t *item) {
 template <typename I>
 void show(ViewWriter &view, const ast_dataitem_t *item) {
     const auto value = decode<I>(item);
-    if constexpr (requires { I::show_unread(view); })
-        if (!value.valid) I::show_unread(view);
+    if constexpr (requires { I::kShowsUnread; })
+        if (!value.valid) table_of_rows<I>(view);
     if (!value.valid) return;
     if constexpr (requires { I::show(view, value, *item); })
         I::show(view, value, *item);

@@ -15,11 +15,7 @@ namespace {
 // One octet that is a number by itself.
 template <SizeRule Rule>
 struct OctetNumber : SharedLayout<ast_uint_value_t, Rule> {
-    static void read(ast_uint_value_t &number, const uint8_t *octets) { number.value = octets[0]; }
-    static bool write(uint8_t *octets, const ast_uint_value_t &number) {
-        octets[0] = static_cast<uint8_t>(number.value);
-        return fits(number.value, 8);
-    }
+    static constexpr Row<ast_uint_value_t> kRows[] = {{&ast_uint_value_t::value, 8}};
 };
 
 } // namespace
@@ -77,22 +73,13 @@ void write_identification_code(ViewWriter &view, uint32_t sac, uint32_t sic) {
 }
 
 struct DataSourceIdentifier : SharedLayout<ast_sac_sic_t, items::data_source_identifier.size> {
-    static void read(Value &source, const uint8_t *octets) {
-        source.sac = octets[0];
-        source.sic = octets[1];
-    }
+    static constexpr Row<Value> kRows[] = {{&Value::sac, 8}, {&Value::sic, 8}};
 
     static void summarize(TextWriter &out, const Value &source) {
         out.print("SAC:%03u SIC:%03u", source.sac, source.sic);
     }
 
     static void show(ViewWriter &view, const Value &source) { write_source(view, source.sac, source.sic); }
-
-    static bool write(uint8_t *octets, const Value &source) {
-        octets[0] = static_cast<uint8_t>(source.sac);
-        octets[1] = static_cast<uint8_t>(source.sic);
-        return fits(source.sac, 8) && fits(source.sic, 8);
-    }
 };
 
 } // namespace

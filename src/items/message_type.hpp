@@ -9,7 +9,7 @@ namespace ast {
 template <ast_dataitem_type_t Type>
 struct MessageType : Item<Type, ast_uint_value_t, items::message_type.size> {
     static bool accepts(const ast_dataitem_t &item) { return item.size == MessageType::kSize.octets; }
-    static void read(ast_uint_value_t &type, const uint8_t *octets) { type.value = octets[0]; }
+    static constexpr Row<ast_uint_value_t> kRows[] = {{&ast_uint_value_t::value, 8}};
 };
 
 // The words of a message type in the order of the types; a type beyond them is undefined.

@@ -62,12 +62,13 @@ const CodeKind &code_kind(ast_dataitem_type_t type) {
 namespace {
 
 struct Mode3aCode : SharedLayout<ast_mode_3a_t, items::mode_3a_code.size> {
+    static constexpr Row<Value> kRows[] = {
+        {&Value::not_validated}, {&Value::garbled}, {&Value::smoothed}, spare(1), code_row(&Value::code),
+    };
+
     static void read(Value &code, const uint8_t *octets) {
-        code.not_validated = bit(octets[0], 8);
-        code.garbled = bit(octets[0], 7);
-        code.changed = bit(octets[0], 6);
-        code.smoothed = bit(octets[0], 6);
-        code.code = field(octets, 5, 16);
+        read_rows<Mode3aCode>(code, octets);
+        code.changed = code.smoothed;
     }
 
     static void summarize(TextWriter &out, const Value &code, const ast_dataitem_t &item) {
@@ -79,19 +80,23 @@ struct Mode3aCode : SharedLayout<ast_mode_3a_t, items::mode_3a_code.size> {
         if (code.smoothed) out.print(" %s", kind.third_flag);
     }
 
-    static void show(ViewWriter &view, const Value &code, const ast_dataitem_t &item) {
-        const CodeKind &kind = code_kind(item.type);
-        DetailTable table(view, "Bit", "Item", "Value");
-        if (kind.third_flag)
-            write_code_flags(table, code.not_validated, code.garbled, kind.third_flag, code.smoothed);
-        else
-            table.row("Bit[0-3]", "SPARE", "0");
-        write_code_digits(table, code.code);
-    }
-
     // Bits above the 12 of the code are dropped.
     static bool write(uint8_t *octets, const Value &code) {
         return write_code(octets, code.code, code.not_validated, code.garbled, code.changed || code.smoothed);
+    }
+
+    static void show(ViewWriter &view, const Value &code, const ast_dataitem_t &item) {
+        const CodeKind &kind = code_kind(item.type);
+        DetailTable table = table_of_rows<Mode3aCode>(view);
+        if (kind.third_flag) {
+            table.row("Bit[0]", "NOT_VALIDATED", code.not_validated ? "1" : "0");
+            table.row("Bit[1]", "GARBLED", code.garbled ? "1" : "0");
+            table.row("Bit[2]", kind.third_flag, code.smoothed ? "1" : "0");
+            table.row("Bit[3]", "SPARE", "0");
+        } else {
+            table.row("Bit[0-3]", "SPARE", "0");
+        }
+        show_rows<Mode3aCode>(table, code);
     }
 };
 
@@ -142,19 +147,14 @@ AST_DEFINE_ENCODED_ITEM(Mode3aConfidence, ast_dataitem_mode_3a_confidence)
 namespace {
 
 struct ModeCCode : SharedLayout<ast_mode_c_t, items::mode_c_code.size> {
-    static void read(Value &height, const uint8_t *octets) {
-        height.validated = !bit(octets[0], 8);
-        height.garbled = bit(octets[0], 7);
-        height.flight_level = twos_complement(read_u16(octets), 14);
-    }
+    static constexpr Row<Value> kRows[] = {
+        {&Value::validated, kInverted, "NOT_VALIDATED"},
+        {&Value::garbled, "GARBLED"},
+        level_row(&Value::flight_level),
+    };
 
     static void summarize(TextWriter &out, const Value &height) {
         summarize_level(out, height.flight_level, !height.validated, height.garbled);
-    }
-
-    static void show(ViewWriter &view, const Value &height) {
-        DetailTable table(view, "Bit", "Item", "Value");
-        write_level(table, height.flight_level, !height.validated, height.garbled);
     }
 
     static bool write(uint8_t *octets, const Value &height) {

@@ -44,6 +44,7 @@ struct Bits {
 };
 
 constexpr Bits kSigned16 = {16, Sign::TwosComplement};
+constexpr Bits kMagnitude16 = {16, Sign::MagnitudeLessMaximum};
 
 // A flag that is set when its bit is clear.
 constexpr Bits kInverted = {1, [](uint32_t bit) { return bit ^ 1; }, [](uint32_t flag) { return flag ^ 1; }};
@@ -64,7 +65,7 @@ struct Label {
 
 // How a value is shown: in digits unless it chooses a text.
 struct Texts {
-    enum class Form : uint8_t { Decimal, Binary, Bit, List, Function };
+    enum class Form : uint8_t { Decimal, Binary, OctalDigits, Bit, List, Function };
 
     constexpr Texts(Form how = Form::Decimal) : form(how) {}
     constexpr Texts(const char *of_0, const char *of_1) : form(Form::Bit), clear(of_0), set(of_1) {} // of a bit as sent
@@ -85,7 +86,8 @@ struct Texts {
     const char *fallback = nullptr; // for numbers behind the list
 };
 
-constexpr Texts kBinary = Texts::Form::Binary; // all eight digits of an octet
+constexpr Texts kBinary = Texts::Form::Binary;           // all eight digits of an octet
+constexpr Texts kOctalDigits = Texts::Form::OctalDigits; // a row for each: CODE-A, CODE-B, ...
 
 // A member of a value record, of one of the types that fields have.
 template <typename Value>
@@ -112,16 +114,19 @@ struct Member {
 // the number as sent.
 template <typename Value>
 struct InUnit {
+    static constexpr uint64_t kUsualRoom = 24; // of its cell; no number is cut there
+
     constexpr InUnit() = default;
     constexpr InUnit(Member<Value> kept_in, double step, const char *label = nullptr, unsigned shown_decimals = 2)
         : member(kept_in), lsb(step), name(label), decimals(shown_decimals) {}
-    constexpr InUnit(double step, const char *label, unsigned shown_decimals = 2)
-        : lsb(step), name(label), decimals(shown_decimals) {}
+    constexpr InUnit(double step, const char *label, unsigned shown_decimals = 2, uint64_t cell_room = kUsualRoom)
+        : lsb(step), name(label), decimals(shown_decimals), room(cell_room) {}
 
     Member<Value> member;
     double lsb = 0;
     const char *name = nullptr;
     unsigned decimals = 2;
+    uint64_t room = kUsualRoom;
 };
 
 // Bits without a meaning, and what is shown of them.
@@ -154,10 +159,11 @@ struct Row {
         : kind(Kind::Field), bits(stands_in), label(named), texts(texts_of_bit), member(flag) {}
     constexpr Row(Member<Value> number, Bits stands_in, Label named = {}, Texts texts_of_number = {})
         : kind(Kind::Field), bits(stands_in), label(named), texts(texts_of_number), member(number) {}
-    constexpr Row(Member<Value> number, Bits stands_in, Label named, InUnit<Value> unit, InUnit<Value> second_unit = {})
-        : kind(Kind::Field), bits(stands_in), label(named), member(number), units{unit, second_unit} {}
+    constexpr Row(Member<Value> number, Bits stands_in, Label named, InUnit<Value> unit, InUnit<Value> second = {},
+                  InUnit<Value> third = {})
+        : kind(Kind::Field), bits(stands_in), label(named), member(number), units{unit, second, third} {}
 
-    constexpr bool is_shown() const { return label.name || units[0].name; }
+    constexpr bool is_shown() const { return label.name || units[0].name || units[1].name; }
 
     Kind kind;
     Bits bits;
@@ -165,7 +171,7 @@ struct Row {
     Texts texts;
     const char *shown = nullptr; // of spare bits
     Member<Value> member;
-    InUnit<Value> units[2];
+    InUnit<Value> units[3];
 };
 
 // The columns of a detail table of rows, and how their places count.
@@ -181,7 +187,9 @@ struct Columns {
 };
 constexpr Columns kBitColumns = {"Bit", nullptr, "Item", "Value", Columns::Count::Bits, 0};
 constexpr Columns kBitColumnsWithIds = {"Bit", "ID", "Item", "Value", Columns::Count::Bits, 0};
+constexpr Columns kNamedBitColumns = {"Bit", nullptr, "Name", "Value", Columns::Count::Bits, 0};
 constexpr Columns kOctetColumns = {"Octet", nullptr, "Item", "Value", Columns::Count::Octets, 1};
+constexpr Columns kOctetColumnsFrom0 = {"Octet", nullptr, "Item", "Value", Columns::Count::Octets, 0};
 
 // ---- Where the rows of an item stand ----
 
@@ -379,6 +387,7 @@ struct RowOf {
             if constexpr (kRow.label.name != nullptr) show_number(table, value);
             show_in_unit<0>(table, value);
             show_in_unit<1>(table, value);
+            show_in_unit<2>(table, value);
         }
     }
 
@@ -390,6 +399,8 @@ struct RowOf {
             show_cell(table, code(value) ? texts.set : texts.clear);
         else if constexpr (texts.form == Texts::Form::Binary)
             show_cell(table, BinaryOctet(static_cast<uint8_t>(shown)));
+        else if constexpr (texts.form == Texts::Form::OctalDigits)
+            show_digits(table, shown, std::make_integer_sequence<unsigned, (kRow.bits.width + 2) / 3>{});
         else if constexpr (texts.form == Texts::Form::Function)
             show_cell(table, texts.function(shown));
         else if constexpr (texts.form == Texts::Form::List)
@@ -400,17 +411,30 @@ struct RowOf {
             show_cell(table, Cell<12>("%u", shown));
     }
 
+    // Three bits each from the first one on; what is left for the last.
+    template <unsigned... Digits>
+    static void show_digits(DetailTable &table, uint32_t code, std::integer_sequence<unsigned, Digits...>) {
+        const auto show_digit = [&](auto digit) {
+            constexpr unsigned kFirst = kPlace.first + 3 * digit;
+            static constexpr PlaceText kText{{kFirst, std::min(kFirst + 2, kPlace.last)}, kColumnsOf<I>};
+            static constexpr char kName[] = {'C', 'O', 'D', 'E', '-', 'A' + digit, '\0'};
+            constexpr unsigned kLeft = kPlace.last + 1 - kFirst;
+            table.row(std::string_view(kText), kName, Cell<2>("%o", ast::bits(code, kLeft, kLeft > 3 ? kLeft - 2 : 1)));
+        };
+        (show_digit(std::integral_constant<unsigned, Digits>{}), ...);
+    }
+
     template <size_t U>
     static void show_in_unit(DetailTable &table, const Value &value) {
         constexpr const InUnit<Value> &unit = kRow.units[U];
         if constexpr (unit.name != nullptr)
-            show_cell(table, decimal<unit.decimals>(number(value) * unit.lsb), unit.name);
+            show_cell(table, decimal<unit.decimals, unit.room>(number(value) * unit.lsb), unit.name);
     }
 
-    template <unsigned Decimals>
-    static Cell<24> decimal(double number) {
+    template <unsigned Decimals, uint64_t Room>
+    static Cell<Room> decimal(double number) {
         static_assert(Decimals == 0 || Decimals == 2 || Decimals == 3 || Decimals == 6);
-        return Cell<24>(Decimals == 0 ? "%.0f" : Decimals == 2 ? "%.2f" : Decimals == 3 ? "%.3f" : "%f", number);
+        return Cell<Room>(Decimals == 0 ? "%.0f" : Decimals == 2 ? "%.2f" : Decimals == 3 ? "%.3f" : "%f", number);
     }
 
     // A cell behind the place and the name of the field.

@@ -103,7 +103,7 @@ constexpr unsigned kCartesianUnitsPerNm = 64;
 
 } // namespace
 
-struct I001_042 : ScaledPairItem<1042, FieldScale{2, true, 1, kCartesianUnitsPerNm}> {
+struct I001_042 : ScaledPairItem<1042, signed_number(16, 1, kCartesianUnitsPerNm)> {
     static void summarize(TextWriter &out, const Value &position) {
         append_pair<1>(out, "X:", position.value_1 * kMetresPerNm, " Y:", position.value_2 * kMetresPerNm);
         out.append(" LSB:M");
@@ -119,7 +119,7 @@ AST_DEFINE_ENCODED_ITEM(I001_042, ast_dataitem_001_042)
 
 // ---- I001/120 Measured Radial Doppler Speed ----
 
-struct I001_120 : ScaledItem<1120, FieldScale{1, true, 225, 16}> { // 1/256 NM/s, in knots
+struct I001_120 : ScaledItem<1120, signed_number(8, 225, 16)> { // 1/256 NM/s, in knots
     static void summarize(TextWriter &out, const Value &speed) { out.print("DOPPLER:%.2fKT", speed.value); }
     static void show(ViewWriter &view, const Value &speed) {
         constexpr double kUnitsPerNmPerS = 256;
@@ -141,7 +141,7 @@ AST_DEFINE_DETAIL(I001_130, ast_dataitem_001_130_get_detail_html)
 
 // ---- I001/131 Received Power ----
 
-struct I001_131 : ScaledItem<1131, FieldScale{1, true, 1, 1}> {
+struct I001_131 : ScaledItem<1131, signed_number(8, 1, 1)> {
     static void summarize(TextWriter &out, const Value &power) { out.print("POWER:%d LSB:DBM", power.raw); }
     static void show(ViewWriter &view, const Value &power) {
         DetailTable table(view, "Bit", "Item", "Value");
@@ -153,7 +153,7 @@ AST_DEFINE_ENCODED_ITEM(I001_131, ast_dataitem_001_131)
 
 // ---- I001/141 Truncated Time of Day ----
 
-struct I001_141 : ScaledItem<1141, FieldScale{2, false, 1, 128}> {
+struct I001_141 : ScaledItem<1141, number(16, 1, 128)> {
     static void summarize(TextWriter &out, const Value &time) {
         out.append("TRUNC_TOD:");
         out.append_decimal<3>(time.value);

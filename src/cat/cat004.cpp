@@ -102,8 +102,7 @@ struct I004_040 : Item<4040, ast_dataitem_004_040_t, fixed<2>> {
     static void summarize(TextWriter &out, const Value &alert) { out.print("ALERT_ID:%04u", alert.value); }
 };
 
-AST_DEFINE_DECODE(I004_040, ast_dataitem_004_040_decode)
-AST_DEFINE_SUMMARY(I004_040, ast_dataitem_004_040_get_summary)
+AST_DEFINE_SUMMARIZED_ITEM(I004_040, ast_dataitem_004_040)
 AST_DEFINE_ENCODE(I004_040, ast_dataitem_004_040_encode)
 
 // ---- I004/060 Safety Net Function & System Status ----

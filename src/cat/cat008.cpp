@@ -303,8 +303,7 @@ struct I008_120 : Item<8120, ast_dataitem_008_120_t, fixed<2>> {
     static void summarize(TextWriter &out, const Value &total) { out.print("NUM:%u", total.value); }
 };
 
-AST_DEFINE_DECODE(I008_120, ast_dataitem_008_120_decode)
-AST_DEFINE_SUMMARY(I008_120, ast_dataitem_008_120_get_summary)
+AST_DEFINE_SUMMARIZED_ITEM(I008_120, ast_dataitem_008_120)
 
 // ---- The flat record ----
 

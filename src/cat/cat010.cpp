@@ -80,7 +80,7 @@ AST_DEFINE_ENCODED_ITEM(I010_040, ast_dataitem_010_040)
 
 // ---- I010/042 Position in Cartesian Co-ordinates ----
 
-struct I010_042 : ScaledPairItem<10042, FieldScale{2, true, 1, 1}> { // metres
+struct I010_042 : ScaledPairItem<10042, signed_number(16, 1, 1)> { // metres
     static void summarize(TextWriter &out, const Value &position) {
         out.print("X:%.1f Y:%.1f LSB:M", position.value_1, position.value_2);
     }
@@ -151,9 +151,9 @@ struct I010_500 : Item<10500, ast_dataitem_010_500_t, fixed<4>> {
 
     static constexpr Columns kColumns = kOctetColumns;
     static constexpr Row<Value> kRows[] = {
-        {&Value::x_raw, 8, "SIGMA(X) LSB:0.25M", {&Value::x_m, kLsbM, "SIGMA(X) LSB:M"}},
-        {&Value::y_raw, 8, "SIGMA(Y) LSB:0.25M", {&Value::y_m, kLsbM, "SIGMA(Y) LSB:M"}},
-        {&Value::xy_raw, kSigned16, "XY_COVARIANCE LSB:0.25M", {&Value::xy_m, kLsbM, "XY_COVARIANCE LSB:M"}},
+        quantity(&Value::x_raw, 8, "SIGMA(X) LSB:0.25M", {&Value::x_m, kLsbM, "SIGMA(X) LSB:M"}),
+        quantity(&Value::y_raw, 8, "SIGMA(Y) LSB:0.25M", {&Value::y_m, kLsbM, "SIGMA(Y) LSB:M"}),
+        quantity(&Value::xy_raw, kSigned16, "XY_COVARIANCE LSB:0.25M", {&Value::xy_m, kLsbM, "XY_COVARIANCE LSB:M"}),
     };
 
     static void summarize(TextWriter &out, const Value &deviation) {

@@ -6,6 +6,7 @@
 #include "items/compound.hpp"
 #include "items/items.hpp"
 #include "items/repetitive.hpp"
+#include "items/scaled.hpp"
 #include "items/units.hpp"
 
 using namespace ast;
@@ -23,8 +24,7 @@ struct I015_000 : Item<15000, ast_dataitem_015_000_t, fixed<1>> {
     }
 };
 
-AST_DEFINE_DECODE(I015_000, ast_dataitem_015_000_decode)
-AST_DEFINE_SUMMARY(I015_000, ast_dataitem_015_000_get_summary)
+AST_DEFINE_SUMMARIZED_ITEM(I015_000, ast_dataitem_015_000)
 
 // ---- I015/020 Target Report Descriptor ----
 
@@ -153,56 +153,35 @@ AST_DEFINE_ITEM(I015_480, ast_dataitem_015_480)
 
 namespace {
 
-// How a subfield carries a number: its width, its sign rule, and its LSB as a fraction of its unit.
-struct Field {
-    unsigned width;
-    Sign sign;
-    uint32_t over;
-    uint32_t under;
-
-    // The number as sent, so many bits behind the start of the subfield.
-    constexpr int32_t raw(const uint8_t *octets, unsigned behind = 0) const {
-        return signed_number(field(octets, behind + 1, behind + width), width, sign);
-    }
-
-    // The same in its unit.
-    constexpr double value(int32_t raw) const { return static_cast<double>(raw) * over / under; }
-};
-
-constexpr Field number(unsigned width, uint32_t over, uint32_t under) { return {width, Sign::None, over, under}; }
-constexpr Field signed_number(unsigned width, uint32_t over, uint32_t under) {
-    return {width, Sign::TwosComplement, over, under};
-}
-
-constexpr Field kCorrelation = signed_number(8, 1, 1 << 7);
+constexpr FieldScale kCorrelation = signed_number(8, 1, 1 << 7);
 
 double correlation_at(const uint8_t *octets, unsigned behind) {
-    return kCorrelation.value(kCorrelation.raw(octets, behind));
+    return kCorrelation.value(kCorrelation.read(octets, behind));
 }
 
 // One number. Those that are shown name their unit.
-template <Field F>
+template <FieldScale F>
 struct Number {
     using Value = ast_dataitem_015_number_t;
     static void read(Value &number, const uint8_t *octets) {
-        number.raw = F.raw(octets);
+        number.raw = F.read(octets);
         number.value = F.value(number.raw);
     }
 };
 
-template <Field F>
+template <FieldScale F>
 struct Metres : Number<F> {
     static void summarize(TextWriter &out, const ast_dataitem_015_number_t &number) { out.print("%f M", number.value); }
 };
 
-template <Field F>
+template <FieldScale F>
 struct MetresPerSecond : Number<F> {
     static void summarize(TextWriter &out, const ast_dataitem_015_number_t &number) {
         out.print("%f M/S", number.value);
     }
 };
 
-template <Field F>
+template <FieldScale F>
 struct Degrees : Number<F> {
     static void summarize(TextWriter &out, const ast_dataitem_015_number_t &number) {
         out.print("%f DEG", number.value);
@@ -210,15 +189,15 @@ struct Degrees : Number<F> {
 };
 
 // Two numbers of one kind, along x and along y.
-template <Field F, typename Value>
+template <FieldScale F, typename Value>
 void read_components(Value &value, const uint8_t *octets) {
-    value.x_raw = F.raw(octets);
-    value.y_raw = F.raw(octets, F.width);
+    value.x_raw = F.read(octets);
+    value.y_raw = F.read(octets, F.width);
     value.x = F.value(value.x_raw);
     value.y = F.value(value.y_raw);
 }
 
-template <Field F>
+template <FieldScale F>
 struct Components {
     using Value = ast_dataitem_015_components_t;
     static void read(Value &value, const uint8_t *octets) { read_components<F>(value, octets); }
@@ -226,7 +205,7 @@ struct Components {
 };
 
 // The same, and how they correlate: a resolution or a precision in the plane.
-template <Field F>
+template <FieldScale F>
 struct Spread {
     using Value = ast_dataitem_015_spread_t;
     static void read(Value &value, const uint8_t *octets) {
@@ -239,11 +218,11 @@ struct Spread {
 };
 
 // The standard deviation of a rate, and how it correlates with what changes at that rate.
-template <Field F>
+template <FieldScale F>
 struct RatePrecision {
     using Value = ast_dataitem_015_precision_t;
     static void read(Value &value, const uint8_t *octets) {
-        value.raw = F.raw(octets);
+        value.raw = F.read(octets);
         value.value = F.value(value.raw);
         value.correlation = correlation_at(octets, F.width);
     }
@@ -260,9 +239,9 @@ using Position = ast_dataitem_015_600_t;
 struct Wgs84 {
     using Value = decltype(Position::p84);
     static void read(Value &p84, const uint8_t *octets) {
-        constexpr Field kAngle = signed_number(32, 180, UINT32_C(1) << 31);
-        p84.latitude_raw = kAngle.raw(octets);
-        p84.longitude_raw = kAngle.raw(octets, 32);
+        constexpr FieldScale kAngle = signed_number(32, 180, UINT32_C(1) << 31);
+        p84.latitude_raw = kAngle.read(octets);
+        p84.longitude_raw = kAngle.read(octets, 32);
         p84.latitude_deg = kAngle.value(p84.latitude_raw);
         p84.longitude_deg = kAngle.value(p84.longitude_raw);
     }
@@ -383,8 +362,8 @@ using Range = ast_dataitem_015_625_t;
 struct RangeAccelerationPrecision {
     using Value = decltype(Range::sd_ra);
     static void read(Value &precision, const uint8_t *octets) {
-        constexpr Field kDeviation = number(16, 1, 1 << 7);
-        precision.raw = kDeviation.raw(octets);
+        constexpr FieldScale kDeviation = number(16, 1, 1 << 7);
+        precision.raw = kDeviation.read(octets);
         precision.value = kDeviation.value(precision.raw);
         precision.range_correlation = correlation_at(octets, 16);
         precision.rate_correlation = correlation_at(octets, 24);
@@ -413,7 +392,7 @@ namespace {
 using Doppler = ast_dataitem_015_626_t;
 
 // Ten times the published LSB, and not two's complement; users rely on both.
-constexpr Field kDopplerVelocity = {24, Sign::MagnitudeLessMaximum, 1, 10};
+constexpr FieldScale kDopplerVelocity = {24, Sign::MagnitudeLessMaximum, 1, 10};
 
 constexpr SubfieldRow kDoppler[] = {
     subfield<&Doppler::dv, MetresPerSecond<kDopplerVelocity>>("DV", "Doppler Velocity", fixed<3>),
@@ -446,9 +425,9 @@ using Azimuth = ast_dataitem_015_627_t;
 struct Extent {
     using Value = decltype(Azimuth::azex);
     static void read(Value &extent, const uint8_t *octets) {
-        constexpr Field kAngle = number(16, 360, 1 << 16);
-        extent.start_raw = kAngle.raw(octets);
-        extent.end_raw = kAngle.raw(octets, 16);
+        constexpr FieldScale kAngle = number(16, 360, 1 << 16);
+        extent.start_raw = kAngle.read(octets);
+        extent.end_raw = kAngle.read(octets, 16);
         extent.start_deg = kAngle.value(extent.start_raw);
         extent.end_deg = kAngle.value(extent.end_raw);
     }

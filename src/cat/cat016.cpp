@@ -81,8 +81,7 @@ struct I016_200 : Item<16200, ast_dataitem_016_200_t, fixed<1>> {
     static void summarize(TextWriter &out, const Value &period) { out.print("SCRP:%u", period.period_s); }
 };
 
-AST_DEFINE_DECODE(I016_200, ast_dataitem_016_200_decode)
-AST_DEFINE_SUMMARY(I016_200, ast_dataitem_016_200_get_summary)
+AST_DEFINE_SUMMARIZED_ITEM(I016_200, ast_dataitem_016_200)
 
 // ---- I016/300 Pair Identification ----
 
@@ -114,11 +113,8 @@ AST_DEFINE_VIEWS(I016_300, ast_dataitem_016_300_get_summary, ast_dataitem_016_30
 
 struct I016_405 : Item<16405, ast_dataitem_016_405_t, fixed<2>> {
     static constexpr Row<Value> kRows[] = {
-        {&Value::height_raw,
-         kMagnitude16,
-         "HEIGHT LSB=0.25M",
-         {&Value::height_m, kHeightLsbM, "HEIGHT LSB=M"},
-         {kHeightLsbM / kMetresPerFoot, "HEIGHT LSB=FT"}},
+        quantity(&Value::height_raw, kMagnitude16, "HEIGHT LSB=0.25M", {&Value::height_m, kHeightLsbM, "HEIGHT LSB=M"},
+                 {kHeightLsbM / kMetresPerFoot, "HEIGHT LSB=FT"}),
     };
 
     static void summarize(TextWriter &out, const Value &height) { out.print("H:%.2f LSB:M", height.height_m); }

@@ -153,11 +153,8 @@ AST_DEFINE_ITEM(I019_553, ast_dataitem_019_553)
 struct I019_610 : Item<19610, ast_dataitem_019_610_t, fixed<2>> {
     static constexpr double kLsbM = 1.0 / 4;
     static constexpr Row<Value> kRows[] = {
-        {&Value::height_raw,
-         kMagnitude16,
-         "HEIGHT (LSB=0.25M)",
-         {&Value::height_m, kLsbM, "HEIGHT (LSB=M)"},
-         {kLsbM / kMetresPerFoot, "HEIGHT (LSB=FT)"}},
+        quantity(&Value::height_raw, kMagnitude16, "HEIGHT (LSB=0.25M)", {&Value::height_m, kLsbM, "HEIGHT (LSB=M)"},
+                 {kLsbM / kMetresPerFoot, "HEIGHT (LSB=FT)"}),
     };
 
     static void summarize(TextWriter &out, const Value &height) { out.print("H:%.2f", height.height_m); }
@@ -169,10 +166,8 @@ AST_DEFINE_ITEM(I019_610, ast_dataitem_019_610)
 
 struct I019_620 : Item<19620, ast_dataitem_019_620_t, fixed<1>> {
     static constexpr Row<Value> kRows[] = {
-        {&Value::undulation_m,
-         {8, Sign::MagnitudeLessMaximum},
-         "UNDULATION (LSB=M)",
-         {1 / kMetresPerFoot, "UNDULATION (LSB=FT)"}},
+        quantity(&Value::undulation_m, {8, Sign::MagnitudeLessMaximum}, "UNDULATION (LSB=M)",
+                 {1 / kMetresPerFoot, "UNDULATION (LSB=FT)"}),
     };
 
     static void summarize(TextWriter &out, const Value &undulation) { out.print("UND:%d", undulation.undulation_m); }

@@ -135,7 +135,7 @@ AST_DEFINE_ENCODED_ITEM(I020_170, ast_dataitem_020_170)
 
 // ---- I020/210 Calculated Acceleration ----
 
-struct I020_210 : ScaledPairItem<20210, FieldScale{1, true, 1, 4}> { // metres per second squared
+struct I020_210 : ScaledPairItem<20210, signed_number(8, 1, 4)> { // metres per second squared
     static void summarize(TextWriter &out, const Value &acceleration) {
         out.print("AX:%.2f AY:%.2f", acceleration.value_1, acceleration.value_2);
     }

@@ -115,7 +115,7 @@ struct I021_016 : Item<21016, ast_dataitem_021_016_t, fixed<1>> {
     static constexpr double kLsbS = 0.5;
     static constexpr double kLongestS = 127.5; // or longer
 
-    static constexpr Row<Value> kRows[] = {{&Value::raw, 8, {}, {&Value::period_s, kLsbS}}};
+    static constexpr Row<Value> kRows[] = {quantity(&Value::raw, 8, {}, {&Value::period_s, kLsbS})};
 
     static void summarize(TextWriter &out, const Value &service) {
         if (service.period_s <= 0)
@@ -125,8 +125,7 @@ struct I021_016 : Item<21016, ast_dataitem_021_016_t, fixed<1>> {
     }
 };
 
-AST_DEFINE_DECODE(I021_016, ast_dataitem_021_016_decode)
-AST_DEFINE_SUMMARY(I021_016, ast_dataitem_021_016_get_summary)
+AST_DEFINE_SUMMARIZED_ITEM(I021_016, ast_dataitem_021_016)
 
 // ---- I021/020 Emitter Category ----
 
@@ -152,7 +151,7 @@ AST_DEFINE_ENCODED_ITEM(I021_020, ast_dataitem_021_020)
 struct I021_032 : Tabled<21032, ast_dataitem_021_032_t, fixed<1>> {
     static constexpr double kLsbS = 1.0 / 256;
     static constexpr Row<Value> kRows[] = {
-        {&Value::raw, 8, "TOD_ACCURACY LSB=1/256S", {&Value::accuracy_s, kLsbS, "TOD_ACCURACY LSB=S"}},
+        quantity(&Value::raw, 8, "TOD_ACCURACY LSB=1/256S", {&Value::accuracy_s, kLsbS, "TOD_ACCURACY LSB=S"}),
     };
 
     static void summarize(TextWriter &out, const Value &time) { out.print("TOD_ACCU:%.2fS", time.accuracy_s); }
@@ -277,8 +276,7 @@ struct I021_095 : Item<21095, ast_dataitem_021_095_t, fixed<1>> {
     static void summarize(TextWriter &out, const Value &accuracy) { out.print("VA:%u", accuracy.value); }
 };
 
-AST_DEFINE_DECODE(I021_095, ast_dataitem_021_095_decode)
-AST_DEFINE_SUMMARY(I021_095, ast_dataitem_021_095_get_summary)
+AST_DEFINE_SUMMARIZED_ITEM(I021_095, ast_dataitem_021_095)
 AST_DEFINE_ENCODE(I021_095, ast_dataitem_021_095_encode)
 
 // ---- I021/110 Trajectory Intent ----
@@ -300,11 +298,8 @@ AST_DEFINE_COMPOUND(kItem110, 21110, kTrajectoryIntent, ast_dataitem_021_110_get
 
 struct I021_140 : Tabled<21140, ast_dataitem_021_140_t, fixed<2>> {
     static constexpr Row<Value> kRows[] = {
-        {&Value::raw,
-         kMagnitude16,
-         "GEO_ALTITUDE LSB=6.25FT",
-         {&Value::altitude_ft, kVerticalLsbFt, "GEO_ALTITUDE LSB=FT"},
-         {kVerticalLsbM, "GEO_ALTITUDE LSB=M"}},
+        quantity(&Value::raw, kMagnitude16, "GEO_ALTITUDE LSB=6.25FT",
+                 {&Value::altitude_ft, kVerticalLsbFt, "GEO_ALTITUDE LSB=FT"}, {kVerticalLsbM, "GEO_ALTITUDE LSB=M"}),
     };
 
     static void summarize(TextWriter &out, const Value &altitude) {
@@ -451,7 +446,8 @@ AST_DEFINE_ITEM(I021_151, ast_dataitem_021_151)
 struct I021_152 : Tabled<21152, ast_dataitem_021_152_t, fixed<2>> {
     static constexpr double kLsbDeg = kFullCircleDeg / kAngleUnits;
     static constexpr Row<Value> kRows[] = {
-        {&Value::raw, 16, "MAGNETIC_HEADING LSB=0.0055DEG", {&Value::heading_deg, kLsbDeg, "MAGNETIC_HEADING LSB=DEG"}},
+        quantity(&Value::raw, 16, "MAGNETIC_HEADING LSB=0.0055DEG",
+                 {&Value::heading_deg, kLsbDeg, "MAGNETIC_HEADING LSB=DEG"}),
     };
 
     static void summarize(TextWriter &out, const Value &heading) { out.print("HDG:%03.2fDEG", heading.heading_deg); }
@@ -519,8 +515,7 @@ struct I021_200 : Item<21200, ast_dataitem_021_200_t, fixed<1>> {
     }
 };
 
-AST_DEFINE_DECODE(I021_200, ast_dataitem_021_200_decode)
-AST_DEFINE_SUMMARY(I021_200, ast_dataitem_021_200_get_summary)
+AST_DEFINE_SUMMARIZED_ITEM(I021_200, ast_dataitem_021_200)
 AST_DEFINE_ENCODE(I021_200, ast_dataitem_021_200_encode)
 
 // ---- I021/210 MOPS Version ----
@@ -586,8 +581,7 @@ struct I021_230 : Item<21230, ast_dataitem_021_230_t, fixed<2>> {
     static void summarize(TextWriter &out, const Value &roll) { out.print("RA:%.2fDEG", roll.roll_deg); }
 };
 
-AST_DEFINE_DECODE(I021_230, ast_dataitem_021_230_decode)
-AST_DEFINE_SUMMARY(I021_230, ast_dataitem_021_230_get_summary)
+AST_DEFINE_SUMMARIZED_ITEM(I021_230, ast_dataitem_021_230)
 
 // ---- I021/295 Data Ages ----
 
@@ -598,7 +592,7 @@ using Ages = ast_dataitem_021_295_t;
 struct Age {
     using Value = ast_age_t;
     static constexpr double kLsbS = 0.1;
-    static constexpr Row<Value> kRows[] = {{&Value::raw, 8, {}, {&Value::age_s, kLsbS}}};
+    static constexpr Row<Value> kRows[] = {quantity(&Value::raw, 8, {}, {&Value::age_s, kLsbS})};
     static void summarize(TextWriter &out, const Value &age) { out.print("%.2f LSB=SEC", age.age_s); }
 };
 
@@ -644,8 +638,7 @@ struct I021_400 : Item<21400, ast_dataitem_021_400_t, fixed<1>> {
     static void summarize(TextWriter &out, const Value &receiver) { out.print("RID:%u", receiver.value); }
 };
 
-AST_DEFINE_DECODE(I021_400, ast_dataitem_021_400_decode)
-AST_DEFINE_SUMMARY(I021_400, ast_dataitem_021_400_get_summary)
+AST_DEFINE_SUMMARIZED_ITEM(I021_400, ast_dataitem_021_400)
 
 // ---- I021/040 Target Report Descriptor, editions 0.23 to 0.26 ----
 
@@ -687,10 +680,8 @@ struct I021_A05 : Tabled<21905, ast_dataitem_021_A05_t, fixed<2>> {
     static constexpr Row<Value> kRows[] = {
         {&Value::ac, {2, ast_acas_status_from_int}, "ACAS_STATUS", ast_acas_status_to_str},
         {&Value::mn, {2, ast_multi_navids_status_from_int}, "MULTIPLE_NAVIDS_STATUS", ast_multi_navids_status_to_str},
-        {&Value::dc,
-         {2, ast_diff_correction_status_from_int},
-         "DIFFERENTIAL_CORRECTION_STATUS",
-         ast_diff_correction_status_to_str},
+        code(&Value::dc, {2, ast_diff_correction_status_from_int}, "DIFFERENTIAL_CORRECTION_STATUS",
+             ast_diff_correction_status_to_str),
         spare(6),
         {&Value::pa, 4, "POSITION_ACCURACY"},
     };
@@ -749,8 +740,7 @@ struct I021_A08 : Item<21908, ast_dataitem_021_A08_t, fixed<1>> {
     }
 };
 
-AST_DEFINE_DECODE(I021_A08, ast_dataitem_021_A08_decode)
-AST_DEFINE_SUMMARY(I021_A08, ast_dataitem_021_A08_get_summary)
+AST_DEFINE_SUMMARIZED_ITEM(I021_A08, ast_dataitem_021_A08)
 AST_DEFINE_ENCODE(I021_A08, ast_dataitem_021_A08_encode)
 
 // ---- The category ----

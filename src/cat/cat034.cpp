@@ -193,9 +193,9 @@ struct I034_120 : Item<34120, ast_dataitem_034_120_t, fixed<8>> {
     static constexpr double kLsbDeg = 180.0 / (1 << 23);
     static constexpr Bits kAngle = {24, Sign::MagnitudeLessMaximum};
     static constexpr Row<Value> kRows[] = {
-        {&Value::height_raw, kSigned16, {}, {&Value::height_m, 1}},
-        {&Value::latitude_raw, kAngle, {}, {&Value::latitude_deg, kLsbDeg}},
-        {&Value::longitude_raw, kAngle, {}, {&Value::longitude_deg, kLsbDeg}},
+        quantity(&Value::height_raw, kSigned16, {}, {&Value::height_m, 1}),
+        quantity(&Value::latitude_raw, kAngle, {}, {&Value::latitude_deg, kLsbDeg}),
+        quantity(&Value::longitude_raw, kAngle, {}, {&Value::longitude_deg, kLsbDeg}),
     };
 
     static void summarize(TextWriter &out, const Value &position) {

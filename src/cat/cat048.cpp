@@ -192,7 +192,7 @@ using Plot = ast_dataitem_048_130_t;
 struct Runlength {
     using Value = decltype(Plot::srl);
     static constexpr double kUnits = 8192; // per full circle
-    static constexpr Row<Value> kRows[] = {{&Value::raw, 8, {}, {&Value::deg, kFullCircleDeg / kUnits}}};
+    static constexpr Row<Value> kRows[] = {quantity(&Value::raw, 8, {}, {&Value::deg, kFullCircleDeg / kUnits})};
     static void summarize(TextWriter &out, const Value &srl) { out.print("%.2f LSB=DEG", srl.deg); }
 };
 
@@ -257,13 +257,14 @@ struct I048_210 : Item<48210, ast_dataitem_048_210_t, fixed<4>> {
 
     static constexpr Columns kColumns = kOctetColumnsFrom0;
     static constexpr Row<Value> kRows[] = {
-        {&Value::sigma_x_raw, 8, "SIGMA(X) LSB:1/128NM", {&Value::sigma_x_nm, kPositionLsbNm, "SIGMA(X) LSB:NM", 6}},
-        {&Value::sigma_y_raw, 8, "SIGMA(Y) LSB:1/128NM", {&Value::sigma_y_nm, kPositionLsbNm, "SIGMA(Y) LSB:NM", 6}},
-        {&Value::sigma_v_raw, 8, "SIGMA(V) LSB:0.22Knot", {&Value::sigma_v_kt, kSpeedLsbKt, "SIGMA(V) LSB:Knot", 6}},
-        {&Value::sigma_h_raw,
-         8,
-         "SIGMA(H) LSB:360/2^12Deg",
-         {&Value::sigma_h_deg, kHeadingLsbDeg, "SIGMA(H) LSB:Deg", 6}},
+        quantity(&Value::sigma_x_raw, 8, "SIGMA(X) LSB:1/128NM",
+                 {&Value::sigma_x_nm, kPositionLsbNm, "SIGMA(X) LSB:NM", 6}),
+        quantity(&Value::sigma_y_raw, 8, "SIGMA(Y) LSB:1/128NM",
+                 {&Value::sigma_y_nm, kPositionLsbNm, "SIGMA(Y) LSB:NM", 6}),
+        quantity(&Value::sigma_v_raw, 8, "SIGMA(V) LSB:0.22Knot",
+                 {&Value::sigma_v_kt, kSpeedLsbKt, "SIGMA(V) LSB:Knot", 6}),
+        quantity(&Value::sigma_h_raw, 8, "SIGMA(H) LSB:360/2^12Deg",
+                 {&Value::sigma_h_deg, kHeadingLsbDeg, "SIGMA(H) LSB:Deg", 6}),
     };
 
     static void summarize(TextWriter &out, const Value &quality) {

@@ -24,10 +24,8 @@ struct I062_080 : Item<62080, ast_dataitem_062_080_t, extended<6>> {
         {&Value::mon, "TRACK_TYPE", {"MULTI_SENSOR_TRACK", "MONO_SENSOR_TRACK"}},
         {&Value::spi},
         {&Value::mrh, "MORE_RELIABLE_HEIGHT"},
-        {&Value::src,
-         {3, ast_geometric_altitude_source_from_int},
-         "ALTITUDE_SOURCE",
-         ast_geometric_altitude_source_to_str},
+        code(&Value::src, {3, ast_geometric_altitude_source_from_int}, "ALTITUDE_SOURCE",
+             ast_geometric_altitude_source_to_str),
         {&Value::cnf, "TENTATIVE"},
         hidden_fx,
         {&Value::sim, "SIMULATED"},
@@ -89,10 +87,11 @@ using Mode5 = ast_dataitem_062_110_t;
 template <typename Kind>
 void summarize_flags(TextWriter &out, const typename Kind::Value &value) {
     all_rows<Kind>([&](auto row) {
-        if constexpr (row.kMember.flag != nullptr)
-            if (value.*row.kMember.flag) {
+        constexpr std::string_view name = row.kRow.label.name;
+        if constexpr (!name.empty())
+            if (row.number(value) != 0) {
                 out.append(shown_if(out.length() != 0, " "));
-                out.append(row.kRow.label.name);
+                out.append(name);
             }
         return true;
     });
@@ -126,7 +125,8 @@ struct GnssAltitude {
     static constexpr Row<Value> kRows[] = {
         spare(1),
         {&Value::res, "RES", {"100FT", "25FT"}},
-        {&Value::altitude_raw, {14, Sign::TwosComplement}, "GA LSB=25 FT", {&Value::altitude_ft, kLsbFt, "GA LSB=FT"}},
+        quantity(&Value::altitude_raw, {14, Sign::TwosComplement}, "GA LSB=25 FT",
+                 {&Value::altitude_ft, kLsbFt, "GA LSB=FT"}),
     };
 
     static void summarize(TextWriter &out, const Value &altitude) { out.print("%d FT", altitude.altitude_ft); }
@@ -145,10 +145,8 @@ struct TimeOffset {
     static constexpr double kLsbS = 1.0 / 128;
     static constexpr Columns kColumns = kOctets;
     static constexpr Row<Value> kRows[] = {
-        {&Value::offset_raw,
-         {8, Sign::TwosComplement},
-         "TIME_OFFSET LSB=1/128 SEC",
-         {&Value::offset_s, kLsbS, "TIME_OFFSET LSB=SEC"}},
+        quantity(&Value::offset_raw, {8, Sign::TwosComplement}, "TIME_OFFSET LSB=1/128 SEC",
+                 {&Value::offset_s, kLsbS, "TIME_OFFSET LSB=SEC"}),
     };
 
     static void summarize(TextWriter &out, const Value &offset) { out.print("%f SEC", offset.offset_s); }
@@ -181,11 +179,8 @@ AST_DEFINE_COMPOUND_ITEM(kItem110, 62110, kMode5, Mode5, 062_110, .summarizes_un
 
 struct I062_130 : Item<62130, ast_dataitem_062_130_t, fixed<2>> {
     static constexpr Row<Value> kRows[] = {
-        {&Value::altitude_raw,
-         kMagnitude16,
-         {},
-         {&Value::altitude_ft, kVerticalLsbFt, "LEVEL LSB:FT"},
-         {kVerticalLsbM, "LEVEL LSB:M"}},
+        quantity(&Value::altitude_raw, kMagnitude16, {}, {&Value::altitude_ft, kVerticalLsbFt, "LEVEL LSB:FT"},
+                 {kVerticalLsbM, "LEVEL LSB:M"}),
     };
 
     static void summarize(TextWriter &out, const Value &altitude) {
@@ -200,11 +195,8 @@ AST_DEFINE_ITEM(I062_130, ast_dataitem_062_130)
 struct I062_135 : Item<62135, ast_dataitem_062_135_t, fixed<2>> {
     static constexpr Row<Value> kRows[] = {
         {&Value::qnh, "QNH_CORRECTION"},
-        {&Value::altitude_raw,
-         {15, Sign::MagnitudeLessMaximum},
-         {},
-         {&Value::altitude_ft, kLevelLsbFt, "ALTITUDE LSB:FT"},
-         {kLevelLsbM, "ALTITUDE LSB:M"}},
+        quantity(&Value::altitude_raw, {15, Sign::MagnitudeLessMaximum}, {},
+                 {&Value::altitude_ft, kLevelLsbFt, "ALTITUDE LSB:FT"}, {kLevelLsbM, "ALTITUDE LSB:M"}),
     };
 
     static void summarize(TextWriter &out, const Value &altitude) {
@@ -218,11 +210,8 @@ AST_DEFINE_ITEM(I062_135, ast_dataitem_062_135)
 
 struct I062_136 : Item<62136, ast_dataitem_062_136_t, fixed<2>> {
     static constexpr Row<Value> kRows[] = {
-        {&Value::level_raw,
-         kMagnitude16,
-         {},
-         {&Value::level_ft, kLevelLsbFt, "LEVEL LSB:FT"},
-         {kLevelLsbM, "LEVEL LSB:M"}},
+        quantity(&Value::level_raw, kMagnitude16, {}, {&Value::level_ft, kLevelLsbFt, "LEVEL LSB:FT"},
+                 {kLevelLsbM, "LEVEL LSB:M"}),
     };
 
     static void summarize(TextWriter &out, const Value &level) { out.print("LEVEL:%d LSB:FT", level.level_ft); }
@@ -289,11 +278,9 @@ AST_DEFINE_ITEM(I062_210, ast_dataitem_062_210)
 
 struct I062_220 : Item<62220, ast_dataitem_062_220_t, fixed<2>> {
     static constexpr Row<Value> kRows[] = {
-        {&Value::rate_raw,
-         kMagnitude16,
-         {},
-         {&Value::rate_ft_min, kVerticalLsbFt, "CLIMB_DESCENT_RATE LSB:FT/MIN"},
-         {kVerticalLsbM, "CLIMB_DESCENT_RATE LSB:M/MIN", 3}},
+        quantity(&Value::rate_raw, kMagnitude16, {},
+                 {&Value::rate_ft_min, kVerticalLsbFt, "CLIMB_DESCENT_RATE LSB:FT/MIN"},
+                 {kVerticalLsbM, "CLIMB_DESCENT_RATE LSB:M/MIN", 3}),
     };
 
     static void summarize(TextWriter &out, const Value &rate) { out.print("VH:%.2f", rate.rate_ft_min); }

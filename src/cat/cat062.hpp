@@ -78,8 +78,8 @@ struct Position {
     using Value = ast_062_position_t;
     static constexpr Bits kAngle = {24, Sign::TwosComplement};
     static constexpr Row<Value> kRows[] = {
-        {&Value::latitude_raw, kAngle, {}, {&Value::latitude_deg, kLowPositionLsbDeg}},
-        {&Value::longitude_raw, kAngle, {}, {&Value::longitude_deg, kLowPositionLsbDeg}},
+        quantity(&Value::latitude_raw, kAngle, {}, {&Value::latitude_deg, kLowPositionLsbDeg}),
+        quantity(&Value::longitude_raw, kAngle, {}, {&Value::longitude_deg, kLowPositionLsbDeg}),
     };
     static void summarize(TextWriter &out, const Value &position) {
         out.append(ast_latlong_to_str(position.latitude_deg, position.longitude_deg));

@@ -163,15 +163,15 @@ struct IntentPoint {
         {&Value::tca},
         {&Value::nc},
         {&Value::tcpn, 6},
-        {&Value::altitude_raw, kSigned16, {}, {&Value::altitude_ft, kAltitudeLsbFt}},
-        {&Value::latitude_raw, kAngle, {}, {&Value::latitude_deg, kLowPositionLsbDeg}},
-        {&Value::longitude_raw, kAngle, {}, {&Value::longitude_deg, kLowPositionLsbDeg}},
+        quantity(&Value::altitude_raw, kSigned16, {}, {&Value::altitude_ft, kAltitudeLsbFt}),
+        quantity(&Value::latitude_raw, kAngle, {}, {&Value::latitude_deg, kLowPositionLsbDeg}),
+        quantity(&Value::longitude_raw, kAngle, {}, {&Value::longitude_deg, kLowPositionLsbDeg}),
         {&Value::pt, 4},
         {&Value::td, 2},
         {&Value::tra},
         {&Value::toa},
         {&Value::tov_s, 24},
-        {&Value::ttr_raw, 16, {}, {&Value::ttr_nm, kRadiusLsbNm}},
+        quantity(&Value::ttr_raw, 16, {}, {&Value::ttr_nm, kRadiusLsbNm}),
     };
 };
 
@@ -220,10 +220,8 @@ struct Capability {
     using Value = decltype(Derived::com);
     static constexpr Columns kColumns = kBits;
     static constexpr Row<Value> kRows[] = {
-        {&Value::com,
-         {3, ast_transponder_comm_cap_from_int},
-         "COMMUNICATION_CAPABILITY",
-         ast_transponder_comm_cap_to_str},
+        code(&Value::com, {3, ast_transponder_comm_cap_from_int}, "COMMUNICATION_CAPABILITY",
+             ast_transponder_comm_cap_to_str),
         {&Value::stat, {3, ast_radar_flight_status_from_int}, "FLIGHT_STATUS", ast_radar_flight_status_to_str},
         spare(2),
         {&Value::ssc, "SPECIFIC_SERVICE_CAPABILITY"},
@@ -245,10 +243,8 @@ struct AdsbStatus {
     static constexpr Row<Value> kRows[] = {
         {&Value::ac, {2, ast_acas_status_from_int}, "ACAS_STATUS", ast_acas_status_to_str},
         {&Value::mn, {2, ast_multi_navids_status_from_int}, "MULTIPLE_NAVIDS_STATUS", ast_multi_navids_status_to_str},
-        {&Value::dc,
-         {2, ast_diff_correction_status_from_int},
-         "DIFFERENTIAL_CORRECTION_STATUS",
-         ast_diff_correction_status_to_str},
+        code(&Value::dc, {2, ast_diff_correction_status_from_int}, "DIFFERENTIAL_CORRECTION_STATUS",
+             ast_diff_correction_status_to_str),
         {&Value::gbs, "GROUND_BIT_SET"},
         spare(6),
         {&Value::stat, {3, ast_emergency_status_from_int}, "STAT", ast_emergency_status_to_str},
@@ -296,10 +292,8 @@ struct TrackAngleRate {
     static constexpr Row<Value> kRows[] = {
         {&Value::ti, 2, "TURN_INDICATOR", kIndicators},
         spare(6),
-        {&Value::rate_raw,
-         {7, Sign::TwosComplement},
-         "RATE_OF_TURN LSB=1/4 DEG/SEC",
-         {&Value::rate_deg_s, kLsbDegPerS, "RATE_OF_TURN LSB=DEG/SEC"}},
+        quantity(&Value::rate_raw, {7, Sign::TwosComplement}, "RATE_OF_TURN LSB=1/4 DEG/SEC",
+                 {&Value::rate_deg_s, kLsbDegPerS, "RATE_OF_TURN LSB=DEG/SEC"}),
         spare(1),
     };
 
@@ -343,10 +337,8 @@ struct Weather {
         spare(4),
         {&Value::wind_speed_kt, 16, "WIND_SPEED LSB:KT"},
         {&Value::wind_direction_deg, 16, "WIND_DIRECTION LSB:DEG"},
-        {&Value::temperature_raw,
-         kSigned16,
-         "TEMPERATURE LSB:0.25 CELSIUS",
-         {&Value::temperature_c, kTemperatureLsbC, "TEMPERATURE LSB:CELSIUS"}},
+        quantity(&Value::temperature_raw, kSigned16, "TEMPERATURE LSB:0.25 CELSIUS",
+                 {&Value::temperature_c, kTemperatureLsbC, "TEMPERATURE LSB:CELSIUS"}),
         {&Value::turbulence, 8, "TURBULENCE"},
     };
 
@@ -411,7 +403,7 @@ struct MachNumber {
     static constexpr double kLsb = 0.008;
     static constexpr Columns kColumns = kOctets;
     static constexpr Row<Value> kRows[] = {
-        {&Value::mach_raw, 16, "MACH LSB=0.008 MACH", {&Value::mach, kLsb, "MACH LSB=MACH"}},
+        quantity(&Value::mach_raw, 16, "MACH LSB=0.008 MACH", {&Value::mach, kLsb, "MACH LSB=MACH"}),
     };
 
     static void summarize(TextWriter &out, const Value &speed) { out.print("%.3f MACH", speed.mach); }

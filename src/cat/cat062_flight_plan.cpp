@@ -104,7 +104,7 @@ struct ClearedLevel {
     using Value = decltype(Plan::cfl);
     static constexpr Columns kColumns = kOctets;
     static constexpr Row<Value> kRows[] = {
-        {&Value::level_raw, 16, "CFL LSB=1/4 FL", {&Value::level_ft, kLevelLsbFt, "CFL LSB=FT"}},
+        quantity(&Value::level_raw, 16, "CFL LSB=1/4 FL", {&Value::level_ft, kLevelLsbFt, "CFL LSB=FT"}),
     };
 
     static void summarize(TextWriter &out, const Value &level) { out.print("%05u FT", level.level_ft); }

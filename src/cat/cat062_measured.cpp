@@ -17,8 +17,8 @@ struct MeasuredPosition {
     static constexpr double kThetaLsbDeg = kFullCircleDeg / 65536;
     static constexpr Columns kColumns = kOctets;
     static constexpr Row<Value> kRows[] = {
-        {&Value::rho_raw, 16, {}, {&Value::rho_nm, kRhoLsbNm, "RHO LSB:NM"}},
-        {&Value::theta_raw, 16, {}, {&Value::theta_deg, kThetaLsbDeg, "THETA LSB:DEG"}},
+        quantity(&Value::rho_raw, 16, {}, {&Value::rho_nm, kRhoLsbNm, "RHO LSB:NM"}),
+        quantity(&Value::theta_raw, 16, {}, {&Value::theta_deg, kThetaLsbDeg, "THETA LSB:DEG"}),
     };
 
     static void summarize(TextWriter &out, const Value &position) {
@@ -30,11 +30,8 @@ struct Height {
     using Value = decltype(Measured::hei);
     static constexpr Columns kColumns = kOctets;
     static constexpr Row<Value> kRows[] = {
-        {&Value::height_raw,
-         kSigned16,
-         "HEIGHT (LSB=25FT)",
-         {&Value::height_ft, kLevelLsbFt, "HEIGHT (LSB=FT)"},
-         {kLevelLsbM, "HEIGHT (LSB=M)"}},
+        quantity(&Value::height_raw, kSigned16, "HEIGHT (LSB=25FT)",
+                 {&Value::height_ft, kLevelLsbFt, "HEIGHT (LSB=FT)"}, {kLevelLsbM, "HEIGHT (LSB=M)"}),
     };
 
     static void summarize(TextWriter &out, const Value &height) { out.print("HEIGHT:%d", height.height_ft); }

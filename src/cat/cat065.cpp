@@ -25,8 +25,7 @@ struct I065_020 : Item<65020, ast_dataitem_065_020_t, fixed<1>> {
     static void summarize(TextWriter &out, const Value &batch) { out.print("BAT:%u", batch.number); }
 };
 
-AST_DEFINE_DECODE(I065_020, ast_dataitem_065_020_decode)
-AST_DEFINE_SUMMARY(I065_020, ast_dataitem_065_020_get_summary)
+AST_DEFINE_SUMMARIZED_ITEM(I065_020, ast_dataitem_065_020)
 
 // ---- I065/040 SDPS Configuration and Status ----
 

@@ -105,8 +105,7 @@ struct I240_020 : Item<240020, ast_dataitem_240_020_t, fixed<4>> {
     static void summarize(TextWriter &out, const Value &header) { out.print("MSG_INDEX:%u", header.message_index); }
 };
 
-AST_DEFINE_DECODE(I240_020, ast_dataitem_240_020_decode)
-AST_DEFINE_SUMMARY(I240_020, ast_dataitem_240_020_get_summary)
+AST_DEFINE_SUMMARIZED_ITEM(I240_020, ast_dataitem_240_020)
 
 // ---- I240/030 Video Summary ----
 

@@ -3,6 +3,7 @@
 #include "core/bits.hpp"
 #include "items/characters.hpp"
 #include "items/register.hpp"
+#include "items/rows.hpp"
 #include "items/units.hpp"
 #include "view/html.hpp"
 
@@ -231,37 +232,28 @@ constexpr const char *kDownlinkThroughputs[] = {
 constexpr char kUnassigned[] = "UNASSIGNED";
 
 struct Bds10 : Register<0x10, ast_bds_10_t> {
-    static bool read(Value &capability, const uint8_t *mb) {
-        capability.continuation = flag(mb, 9);
-        capability.overlay_tcas = flag(mb, 16);
-        capability.subnetwork_version = field(mb, 17, 23);
-        capability.enhanced_protocol = flag(mb, 24);
-        capability.specific_services = flag(mb, 25);
-        capability.uplink_elm = field(mb, 26, 28);
-        capability.downlink_elm = field(mb, 29, 32);
-        capability.aircraft_identification = flag(mb, 33);
-        capability.squitter = flag(mb, 34);
-        capability.surveillance_identifier = flag(mb, 35);
-        capability.common_usage_gicb = flag(mb, 36);
-        return true;
-    }
+    static constexpr Columns kColumns = {nullptr, nullptr, "Item", "Value", Columns::Count::Bits, 0};
+    static constexpr Row<Value> kRows[] = {
+        spare(8),
+        {&Value::continuation, "Continuation Flag", {"NO", "YES"}},
+        spare(6),
+        {&Value::overlay_tcas, "TCAS Interface Operational", {"NO", "YES"}},
+        {&Value::subnetwork_version, 7, "Mode-S Subnetwork Version Number", {kSubnetworkVersions, kUnassigned}},
+        {&Value::enhanced_protocol, "Transponder Enhanced Protocol Indicator", {"LEVEL 2-4", "LEVEL 5"}},
+        {&Value::specific_services, "Mode-S Specific Services Capability", {"NO", "YES"}},
+        {&Value::uplink_elm, 3, "Uplink ELM Average Throughput Capability", {kUplinkThroughputs, kUnassigned}},
+        {&Value::downlink_elm, 4, "Downlink ELM Throughput Capability", {kDownlinkThroughputs, kUnassigned}},
+        {&Value::aircraft_identification, "Aircraft Identification Capability", {"NO", "YES"}},
+        {&Value::squitter, "Squitter Capability Subfield (SCS)", {"NO", "YES"}},
+        {&Value::surveillance_identifier, "Surveillance Identifier Code (SIC)", {"NO", "YES"}},
+        {&Value::common_usage_gicb, "Common Usage GICB Capability", {"NO", "YES"}},
+        spare(20),
+    };
 
+    static bool read(Value &capability, const uint8_t *mb) { return read_rows<Bds10>(capability, mb), true; }
     static void show(ViewWriter &view, const Value &capability) {
-        DetailTable table(view, "Item", "Value");
-        table.row("Continuation Flag", yes_or_no(capability.continuation));
-        table.row("TCAS Interface Operational", yes_or_no(capability.overlay_tcas));
-        table.row("Mode-S Subnetwork Version Number",
-                  text_of(kSubnetworkVersions, capability.subnetwork_version, kUnassigned));
-        table.row("Transponder Enhanced Protocol Indicator", capability.enhanced_protocol ? "LEVEL 5" : "LEVEL 2-4");
-        table.row("Mode-S Specific Services Capability", yes_or_no(capability.specific_services));
-        table.row("Uplink ELM Average Throughput Capability",
-                  text_of(kUplinkThroughputs, capability.uplink_elm, kUnassigned));
-        table.row("Downlink ELM Throughput Capability",
-                  text_of(kDownlinkThroughputs, capability.downlink_elm, kUnassigned));
-        table.row("Aircraft Identification Capability", yes_or_no(capability.aircraft_identification));
-        table.row("Squitter Capability Subfield (SCS)", yes_or_no(capability.squitter));
-        table.row("Surveillance Identifier Code (SIC)", yes_or_no(capability.surveillance_identifier));
-        table.row("Common Usage GICB Capability", yes_or_no(capability.common_usage_gicb));
+        DetailTable table = table_of_rows<Bds10>(view);
+        show_rows<Bds10>(table, capability);
     }
 };
 

@@ -258,10 +258,15 @@ constexpr ItemRow own(const char *name, uint16_t variant_of = 0) {
     template <>                                                                                                        \
     [[maybe_unused]] constexpr ast::Encoder *ast::kEncoderOf<item_layout> = function;
 
-// The functions of an item by what their names begin with: its decoder and views, and its encoder as well.
+// The functions of an item by what their names begin with: its decoder and views, these without a detail view, and all
+// with its encoder.
 #define AST_DEFINE_ITEM(item_layout, name)                                                                             \
     AST_DEFINE_DECODE(item_layout, name##_decode)                                                                      \
     AST_DEFINE_VIEWS(item_layout, name##_get_summary, name##_get_detail_html)
+
+#define AST_DEFINE_SUMMARIZED_ITEM(item_layout, name)                                                                  \
+    AST_DEFINE_DECODE(item_layout, name##_decode)                                                                      \
+    AST_DEFINE_SUMMARY(item_layout, name##_get_summary)
 
 #define AST_DEFINE_ENCODED_ITEM(item_layout, name)                                                                     \
     AST_DEFINE_ITEM(item_layout, name)                                                                                 \

@@ -105,8 +105,7 @@ struct ServiceId : OctetNumber<items::service_id.size> {
 
 } // namespace
 
-AST_DEFINE_DECODE(ServiceId, ast_dataitem_service_id_decode)
-AST_DEFINE_SUMMARY(ServiceId, ast_dataitem_service_id_get_summary)
+AST_DEFINE_SUMMARIZED_ITEM(ServiceId, ast_dataitem_service_id)
 AST_DEFINE_ENCODE(ServiceId, ast_dataitem_service_id_encode)
 
 // ---- Track number ----
@@ -150,8 +149,7 @@ struct TrackNumber : SharedLayout<ast_uint_value_t, items::track_number.size> {
 
 } // namespace
 
-AST_DEFINE_DECODE(TrackNumber, ast_dataitem_track_number_decode)
-AST_DEFINE_SUMMARY(TrackNumber, ast_dataitem_track_number_get_summary)
+AST_DEFINE_SUMMARIZED_ITEM(TrackNumber, ast_dataitem_track_number)
 AST_DEFINE_ENCODE(TrackNumber, ast_dataitem_track_number_encode)
 
 // ---- Target address ----
@@ -276,6 +274,5 @@ struct SignalAmplitude : OctetNumber<items::signal_amplitude.size> {
 
 } // namespace
 
-AST_DEFINE_DECODE(SignalAmplitude, ast_dataitem_signal_amplitude_decode)
-AST_DEFINE_SUMMARY(SignalAmplitude, ast_dataitem_signal_amplitude_get_summary)
+AST_DEFINE_SUMMARIZED_ITEM(SignalAmplitude, ast_dataitem_signal_amplitude)
 AST_DEFINE_ENCODE(SignalAmplitude, ast_dataitem_signal_amplitude_encode)

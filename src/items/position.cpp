@@ -148,10 +148,8 @@ struct CartesianVelocity : SharedLayout<ast_value_pair_t, items::velocity_cartes
 
 } // namespace
 
-AST_DEFINE_DECODE(CartesianPosition, ast_dataitem_position_cartesian_decode)
-AST_DEFINE_SUMMARY(CartesianPosition, ast_dataitem_position_cartesian_get_summary)
-AST_DEFINE_DECODE(CartesianVelocity, ast_dataitem_velocity_cartesian_decode)
-AST_DEFINE_SUMMARY(CartesianVelocity, ast_dataitem_velocity_cartesian_get_summary)
+AST_DEFINE_SUMMARIZED_ITEM(CartesianPosition, ast_dataitem_position_cartesian)
+AST_DEFINE_SUMMARIZED_ITEM(CartesianVelocity, ast_dataitem_velocity_cartesian)
 
 // ---- Polar velocity ----
 

@@ -17,6 +17,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 
@@ -59,8 +60,8 @@ struct Label {
     constexpr Label(const char *full) : name(full) {}
     constexpr Label(const char *short_one, const char *full) : id(short_one), name(full) {}
 
-    const char *id = nullptr;
-    const char *name = nullptr;
+    std::string_view id;
+    std::string_view name; // empty: the field is not shown
 };
 
 // How a value is shown: in digits unless it chooses a text.
@@ -72,18 +73,21 @@ struct Texts {
     constexpr Texts(const char *(*text_for)(uint32_t)) : form(Form::Function), function(text_for) {}
     template <size_t N>
     constexpr Texts(const char *const (&texts)[N], const char *for_others = nullptr)
-        : form(Form::List), list(texts), count(N), fallback(for_others) {}
+        : form(Form::List), list(texts), count(N), has_fallback(for_others != nullptr), fallback(for_others) {}
 
     // Whether there is a text for each number of so many bits.
-    constexpr bool suffice_for(unsigned width) const { return form != Form::List || fallback || count >> width != 0; }
+    constexpr bool suffice_for(unsigned width) const {
+        return form != Form::List || has_fallback || count >> width != 0;
+    }
 
     Form form;
-    const char *clear = nullptr;
-    const char *set = nullptr;
+    std::string_view clear;
+    std::string_view set;
     const char *(*function)(uint32_t) = nullptr;
     const char *const *list = nullptr;
     size_t count = 0;
-    const char *fallback = nullptr; // for numbers behind the list
+    bool has_fallback = false; // for numbers behind the list
+    const char *fallback = nullptr;
 };
 
 constexpr Texts kBinary = Texts::Form::Binary;           // all eight digits of an octet
@@ -117,14 +121,14 @@ struct InUnit {
     static constexpr uint64_t kUsualRoom = 24; // of its cell; no number is cut there
 
     constexpr InUnit() = default;
-    constexpr InUnit(Member<Value> kept_in, double step, const char *label = nullptr, unsigned shown_decimals = 2)
+    constexpr InUnit(Member<Value> kept_in, double step, std::string_view label = {}, unsigned shown_decimals = 2)
         : member(kept_in), lsb(step), name(label), decimals(shown_decimals) {}
-    constexpr InUnit(double step, const char *label, unsigned shown_decimals = 2, uint64_t cell_room = kUsualRoom)
+    constexpr InUnit(double step, std::string_view label, unsigned shown_decimals = 2, uint64_t cell_room = kUsualRoom)
         : lsb(step), name(label), decimals(shown_decimals), room(cell_room) {}
 
     Member<Value> member;
     double lsb = 0;
-    const char *name = nullptr;
+    std::string_view name;
     unsigned decimals = 2;
     uint64_t room = kUsualRoom;
 };
@@ -147,8 +151,8 @@ template <typename Value>
 struct Row {
     enum class Kind : uint8_t { Spare, Extension, Field };
 
-    constexpr Row(const Spare &unused) : kind(Kind::Spare), bits(unused.width), shown(unused.shown) {
-        if (shown) label = {"---", "SPARE"};
+    constexpr Row(const Spare &unused) : kind(Kind::Spare), bits(unused.width) {
+        if (unused.shown) label = {"---", "SPARE"}, shown = unused.shown;
     }
     constexpr Row(const Extension &extension) : kind(Kind::Extension), bits(1) {
         if (extension.is_shown) label = {"FX", "FIELD_EXTENSION"};
@@ -163,16 +167,29 @@ struct Row {
                   InUnit<Value> third = {})
         : kind(Kind::Field), bits(stands_in), label(named), member(number), units{unit, second, third} {}
 
-    constexpr bool is_shown() const { return label.name || units[0].name || units[1].name; }
+    constexpr bool is_shown() const { return !label.name.empty() || !units[0].name.empty() || !units[1].name.empty(); }
 
     Kind kind;
     Bits bits;
     Label label;
     Texts texts;
-    const char *shown = nullptr; // of spare bits
+    std::string_view shown; // of spare bits
     Member<Value> member;
     InUnit<Value> units[3];
 };
+
+// A row of a number that is a quantity: as sent, and in up to three units.
+template <typename Value, typename Number>
+constexpr Row<Value> quantity(Number Value::*raw, Bits bits, Label label, InUnit<Value> unit, InUnit<Value> second = {},
+                              InUnit<Value> third = {}) {
+    return {raw, bits, label, unit, second, third};
+}
+
+// A row of a code, which stands for the number that the member has.
+template <typename Value>
+constexpr Row<Value> code(uint32_t Value::*number, Bits bits, Label label = {}, Texts texts = {}) {
+    return {number, bits, label, texts};
+}
 
 // The columns of a detail table of rows, and how their places count.
 struct Columns {
@@ -376,15 +393,16 @@ struct RowOf {
     // `octets` are those of an extended item, which says there itself whether it goes on.
     static void show(DetailTable &table, const Value &value, const uint8_t *octets, uint64_t size) {
         if constexpr (kRow.kind == Row<Value>::Kind::Spare) {
-            show_cell(table, kRow.shown);
+            constexpr std::string_view shown = kRow.shown;
+            show_cell(table, shown);
         } else if constexpr (kRow.kind == Row<Value>::Kind::Extension) {
             constexpr unsigned kOctet = kPlace.last_octet();
             const bool goes_on = kOctet + 1 < I::kSize.octets ? size > kOctet + 1 : has_fx(octets[kOctet]);
-            show_cell(table, goes_on ? "1" : "0");
+            show_cell(table, std::string_view(goes_on ? "1" : "0", 1));
         } else {
             if constexpr (kMember.optional != nullptr)
                 if (!(value.*kMember.optional).present) return;
-            if constexpr (kRow.label.name != nullptr) show_number(table, value);
+            if constexpr (!kRow.label.name.empty()) show_number(table, value);
             show_in_unit<0>(table, value);
             show_in_unit<1>(table, value);
             show_in_unit<2>(table, value);
@@ -396,15 +414,17 @@ struct RowOf {
         static_assert(kRow.bits.from || texts.suffice_for(kRow.bits.width), "a text for each number");
         const auto shown = number(value);
         if constexpr (texts.form == Texts::Form::Bit)
-            show_cell(table, code(value) ? texts.set : texts.clear);
+            show_cell(table, std::string_view(code(value) ? texts.set : texts.clear));
         else if constexpr (texts.form == Texts::Form::Binary)
             show_cell(table, BinaryOctet(static_cast<uint8_t>(shown)));
         else if constexpr (texts.form == Texts::Form::OctalDigits)
             show_digits(table, shown, std::make_integer_sequence<unsigned, (kRow.bits.width + 2) / 3>{});
         else if constexpr (texts.form == Texts::Form::Function)
             show_cell(table, texts.function(shown));
+        else if constexpr (texts.form == Texts::Form::List && kRow.texts.has_fallback)
+            show_cell(table, shown < texts.count ? texts.list[shown] : texts.fallback);
         else if constexpr (texts.form == Texts::Form::List)
-            show_cell(table, shown < texts.count || !texts.fallback ? texts.list[shown] : texts.fallback);
+            show_cell(table, texts.list[shown]);
         else if constexpr (kMember.integer != nullptr)
             show_cell(table, Cell<12>("%d", shown));
         else
@@ -427,8 +447,9 @@ struct RowOf {
     template <size_t U>
     static void show_in_unit(DetailTable &table, const Value &value) {
         constexpr const InUnit<Value> &unit = kRow.units[U];
-        if constexpr (unit.name != nullptr)
-            show_cell(table, decimal<unit.decimals, unit.room>(number(value) * unit.lsb), unit.name);
+        constexpr std::string_view name = unit.name;
+        if constexpr (!name.empty())
+            show_cell(table, decimal<unit.decimals, unit.room>(number(value) * unit.lsb), name);
     }
 
     template <unsigned Decimals, uint64_t Room>
@@ -439,16 +460,22 @@ struct RowOf {
 
     // A cell behind the place and the name of the field.
     template <typename Text>
-    static void show_cell(DetailTable &table, const Text &text, const char *name = kRow.label.name) {
+    static void show_cell(DetailTable &table, const Text &text) {
+        constexpr bool shows_short = kRow.kind == Row<Value>::Kind::Extension && kColumnsOf<I>.id == nullptr;
+        constexpr std::string_view name = shows_short ? kRow.label.id : kRow.label.name;
+        show_cell(table, text, name);
+    }
+    template <typename Text>
+    static void show_cell(DetailTable &table, const Text &text, std::string_view name) {
         constexpr Columns columns = kColumnsOf<I>;
-        constexpr bool is_fx = kRow.kind == Row<Value>::Kind::Extension;
-        const std::string_view place = kPlaceText<I, R>;
+        constexpr std::string_view place = kPlaceText<I, R>;
+        constexpr std::string_view id = kRow.label.id;
         if constexpr (columns.place == nullptr)
             table.row(name, text);
         else if constexpr (columns.id == nullptr)
-            table.row(place, is_fx ? kRow.label.id : name, text);
+            table.row(place, name, text);
         else
-            table.row(place, kRow.label.id, name, text);
+            table.row(place, id, name, text);
     }
 };
 

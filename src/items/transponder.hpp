@@ -23,14 +23,10 @@ struct CommAndFlightStatus : Item<Type, ast_dataitem_048_230_t, fixed<2>> {
 
     static constexpr Columns kColumns = kBitColumnsWithIds;
     static constexpr Row<Value> kRows[] = {
-        {&Value::com,
-         {3, ast_transponder_comm_cap_from_int},
-         {"COM", "COMMUNICATION_CAPABILITY"},
-         ast_transponder_comm_cap_to_str},
-        {&Value::stat,
-         {3, ast_radar_flight_status_from_int, status_code},
-         {"STAT", "FLIGHT_STATUS"},
-         ast_radar_flight_status_to_str},
+        code(&Value::com, {3, ast_transponder_comm_cap_from_int}, {"COM", "COMMUNICATION_CAPABILITY"},
+             ast_transponder_comm_cap_to_str),
+        code(&Value::stat, {3, ast_radar_flight_status_from_int, status_code}, {"STAT", "FLIGHT_STATUS"},
+             ast_radar_flight_status_to_str),
         spare(2, ""),
         {&Value::mssc, {"MSSC", "MODE-S_CAPABILITY"}},
         {&Value::arc, {"ARC", "ALTITUDE_REPORTING_CAPABILITY"}, {"100FT", "25FT"}},

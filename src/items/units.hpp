@@ -51,9 +51,6 @@ constexpr bool fits(int64_t raw, unsigned width, Sign sign) {
     return fits(raw, width);
 }
 
-// Whether one bit tells a number that counts from 1, as chains and antennas do; 0 stands for the first.
-constexpr bool is_first_or_second(uint32_t number) { return number <= 2; }
-
 // A flag of a caller's record, whatever its octet holds.
 inline bool is_set(const bool &flag) { return reinterpret_cast<const unsigned char &>(flag) != 0; }
 

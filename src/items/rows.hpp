@@ -35,11 +35,14 @@ namespace ast {
 struct Bits {
     constexpr Bits(unsigned count) : width(count) {}
     constexpr Bits(unsigned count, Sign rule) : width(count), sign(rule) {}
-    constexpr Bits(unsigned count, uint32_t (*value_of)(uint32_t), uint32_t (*code_of)(uint32_t) = nullptr)
-        : width(count), from(value_of), to(code_of) {}
+    constexpr Bits(unsigned count, uint32_t (*value_of)(uint32_t)) : width(count), has_from(true), from(value_of) {}
+    constexpr Bits(unsigned count, uint32_t (*value_of)(uint32_t), uint32_t (*code_of)(uint32_t))
+        : width(count), has_from(true), has_to(true), from(value_of), to(code_of) {}
 
     unsigned width;
     Sign sign = Sign::None;
+    bool has_from = false; // sanitizers do not let constants compare functions with null
+    bool has_to = false;
     uint32_t (*from)(uint32_t) = nullptr;
     uint32_t (*to)(uint32_t) = nullptr;
 };
@@ -310,7 +313,7 @@ struct RowOf {
 
     // The number that is sent for it.
     static auto code(const Value &value) {
-        if constexpr (kRow.bits.to != nullptr)
+        if constexpr (kRow.bits.has_to)
             return kRow.bits.to(number(value));
         else
             return number(value);
@@ -330,7 +333,7 @@ struct RowOf {
 
     // Takes what was sent.
     static void take(Value &value, uint32_t number) {
-        if constexpr (kRow.bits.from != nullptr) number = kRow.bits.from(number);
+        if constexpr (kRow.bits.has_from) number = kRow.bits.from(number);
         keep(value, number);
         if constexpr (kRow.units[0].member.exists()) keep_in_unit(value);
     }
@@ -411,7 +414,7 @@ struct RowOf {
 
     static void show_number(DetailTable &table, const Value &value) {
         constexpr Texts texts = kRow.texts;
-        static_assert(kRow.bits.from || texts.suffice_for(kRow.bits.width), "a text for each number");
+        static_assert(kRow.bits.has_from || texts.suffice_for(kRow.bits.width), "a text for each number");
         const auto shown = number(value);
         if constexpr (texts.form == Texts::Form::Bit)
             show_cell(table, std::string_view(code(value) ? texts.set : texts.clear));

@@ -10,6 +10,8 @@ namespace ast::recording {
 constexpr char to_small(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 constexpr char to_capital(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 constexpr bool is_digit(char c) { return c >= '0' && c <= '9'; }
+constexpr bool is_hexadecimal(char c) { return is_digit(c) || (to_small(c) >= 'a' && to_small(c) <= 'f'); }
+constexpr bool is_letter(char c) { return to_small(c) >= 'a' && to_small(c) <= 'z'; }
 constexpr bool is_blank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 
 constexpr std::string_view trimmed(std::string_view text) {

@@ -5,7 +5,7 @@
 #include <optional>
 #include <utility>
 
-#include "base/printable.hpp"
+#include "base/letters.hpp"
 #include "framing/block_header.hpp"
 #include "framing/soundness.hpp"
 
@@ -13,21 +13,8 @@ namespace ast::recording {
 
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r";
-
-bool is_blank(char c) { return kBlanks.find(c) != std::string_view::npos; }
-bool is_letter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-bool is_decimal(char c) { return c >= '0' && c <= '9'; }
-bool is_digit(char c) { return is_decimal(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F'); }
-
 // Letters beyond ASCII are of words, too.
-bool is_of_word(char c) { return is_letter(c) || is_decimal(c) || c == '_' || static_cast<uint8_t>(c) >= 0x80; }
-
-std::string_view without_blanks(std::string_view text) {
-    const size_t begin = text.find_first_not_of(kBlanks);
-    if (begin == std::string_view::npos) return {};
-    return text.substr(begin, text.find_last_not_of(kBlanks) - begin + 1);
-}
+bool is_of_word(char c) { return is_letter(c) || is_digit(c) || c == '_' || static_cast<uint8_t>(c) >= 0x80; }
 
 // What mail programs put in front of what they quote.
 std::string_view without_quotes(std::string_view line) {
@@ -67,7 +54,7 @@ std::pair<uint8_t, size_t> escaped(std::string_view text) {
     };
     static constexpr Sign kSigns[] = {{'n', '\n'}, {'r', '\r'}, {'t', '\t'}, {'0', 0},
                                       {'a', 7},    {'b', 8},    {'f', 12},   {'v', 11}};
-    if (text.size() > 2 && text[0] == 'x' && is_digit(text[1]) && is_digit(text[2]))
+    if (text.size() > 2 && text[0] == 'x' && is_hexadecimal(text[1]) && is_hexadecimal(text[2]))
         return {octet_of(text.substr(1, 2)), 3};
     for (const Sign &sign : kSigns)
         if (text[0] == sign.name) return {sign.octet, 1};
@@ -96,14 +83,14 @@ std::string_view digits_in(std::string_view word) {
     if (is_marked) word.remove_prefix(2);
     if (word.size() == 3 && (word.back() == 'h' || word.back() == 'H')) word.remove_suffix(1);
     const bool is_paired = word.size() % 2 == 0 || (is_marked && word.size() == 1);
-    return !word.empty() && is_paired && std::ranges::all_of(word, is_digit) ? word : std::string_view();
+    return !word.empty() && is_paired && std::ranges::all_of(word, is_hexadecimal) ? word : std::string_view();
 }
 
 // "Ed", "be" and "decade" are words of a language, "123456" is a number there.
 bool is_of_language(std::string_view digits) {
     constexpr size_t kLongest = 10;
     return digits.size() <= kLongest &&
-           (std::ranges::all_of(digits, is_letter) || std::ranges::all_of(digits, is_decimal));
+           (std::ranges::all_of(digits, is_letter) || std::ranges::all_of(digits, is_digit));
 }
 
 // Words of digits that follow each other with the same signs between them.
@@ -180,7 +167,7 @@ private:
         const size_t bar = between.find('|');
         if (run_.octets.empty() || (between.size() < 2 && bar == std::string_view::npos)) return false;
         std::string_view column =
-            without_blanks({between.data(), static_cast<size_t>(line_.data() + line_.size() - between.data())});
+            trimmed({between.data(), static_cast<size_t>(line_.data() + line_.size() - between.data())});
         if (bar != std::string_view::npos && column.size() > 1 && column.front() == '|' && column.back() == '|')
             column = column.substr(1, column.size() - 2);
         Octets octets = run_.octets;
@@ -244,7 +231,7 @@ std::optional<TextOctets::Offset> TextOctets::offset_of(std::string_view line) c
     constexpr size_t kMostDigits = 8;
     std::string_view rest = line;
     if (rest.starts_with("0x")) rest.remove_prefix(2);
-    const auto end = static_cast<size_t>(std::ranges::find_if_not(rest, is_digit) - rest.begin());
+    const auto end = static_cast<size_t>(std::ranges::find_if_not(rest, is_hexadecimal) - rest.begin());
     const bool has_colon = rest.substr(end).starts_with(": ");
     if (end < kFewestDigits || end > kMostDigits || (end < rest.size() && !is_blank(rest[end]) && !has_colon))
         return {};

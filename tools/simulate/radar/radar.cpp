@@ -16,7 +16,6 @@ constexpr double kAntennaHeightFt = 80;
 constexpr double kRangeErrorNm = 0.03;
 constexpr double kAzimuthErrorDeg = 0.1;
 constexpr double kPrimaryDetection = 0.85;
-constexpr double kSecondaryDetection = 0.97;
 constexpr double kFalsePlotsPerSector = 0.01;
 
 constexpr unsigned kHitsToConfirm = 3;
@@ -39,8 +38,13 @@ Ground where_beam_meets(const Aircraft &aircraft) {
 
 } // namespace
 
-Radar::Radar(Traffic &traffic, Random &random, double start_s)
-    : traffic_(traffic), random_(random), start_s_(start_s), tracks_(traffic.aircraft().size()) {}
+Radar::Radar(Traffic &traffic, Random &random, double start_s, const RadarForm &form, Truth &truth)
+    : traffic_(traffic),
+      random_(random),
+      start_s_(start_s),
+      form_(form),
+      truth_(truth),
+      tracks_(traffic.aircraft().size()) {}
 
 unsigned Radar::sector() const { return static_cast<unsigned>(sectors_turned_ % kSectors); }
 
@@ -66,7 +70,9 @@ std::vector<Datagram> Radar::send() {
     std::vector<Octets> blocks = pack_blocks(kTargetReports, reports_, kMostPayloadOctets);
     std::ranges::move(pack_blocks(kServiceMessages, service_messages(), kMostPayloadOctets),
                       std::back_inserter(blocks));
-    return pack_datagrams(blocks, sector_time_s() + random_.between(kShortestDelayS, kLongestDelayS));
+    if (sector() == 0) truth_.turn();
+    for (const Answer &each : answers_) truth_.pass(each.serial, each.answered);
+    return pack_datagrams(blocks, sector_time_s() + form_.delay_s + random_.between(kShortestDelayS, kLongestDelayS));
 }
 
 void Radar::begin_turn() {
@@ -84,6 +90,7 @@ void Radar::begin_turn() {
 void Radar::sweep() {
     if (sector() == 0) begin_turn();
     plots_.clear();
+    answers_.clear();
     for (; !passes_.empty() && passes_.back().azimuth_deg < (sector() + 1) * kSectorDeg; passes_.pop_back())
         look(passes_.back());
     if (random_.chance(kFalsePlotsPerSector)) add_false_plot();
@@ -100,7 +107,8 @@ void Radar::look(const Pass &pass) {
     const bool in_primary_range = visible && pass.slant_range_nm < kPrimaryRangeNm;
     const bool can_answer = visible && aircraft.transponder != Transponder::none;
     const bool seen_by_primary = in_primary_range && random_.chance(kPrimaryDetection);
-    const bool answered = can_answer && random_.chance(kSecondaryDetection);
+    const bool answered = can_answer && random_.chance(form_.detection);
+    if (has_mode_s(aircraft)) answers_.push_back({aircraft.serial, answered});
     if (seen_by_primary || answered)
         hit(pass, track, seen_by_primary, answered);
     else if (++track.misses >= kMissesToDrop)

@@ -6,12 +6,18 @@
 
 #include "common/simulator.hpp"
 #include "messages.hpp"
+#include "truth.hpp"
 
 namespace simulation {
 
+struct RadarForm {
+    double detection = 0.97; // how likely a transponder answers
+    double delay_s = 0;      // on the way, beside what processing takes
+};
+
 class Radar final : public Sensor {
 public:
-    Radar(Traffic &traffic, Random &random, double start_s);
+    Radar(Traffic &traffic, Random &random, double start_s, const RadarForm &form, Truth &truth);
 
     // Sends when the antenna crosses into a sector, and sweeps that sector. What it finds is sent the next time.
     std::vector<Datagram> next() override;
@@ -33,6 +39,12 @@ private:
         double azimuth_deg;
     };
 
+    // Whether an aircraft has answered when the beam passed.
+    struct Answer {
+        uint64_t serial;
+        bool answered;
+    };
+
     unsigned sector() const;
     double sector_time_s() const;
     std::vector<Octets> service_messages() const;
@@ -47,11 +59,14 @@ private:
     Traffic &traffic_;
     Random &random_;
     double start_s_;
+    RadarForm form_;
+    Truth &truth_;
     uint64_t sectors_turned_ = 0;
     uint32_t last_track_number_ = 0;
     std::vector<Track> tracks_;   // one for each aircraft, in the order of the traffic
     std::vector<Pass> passes_;    // those of this turn that are still to come, the next one last
     std::vector<Plot> plots_;     // of the sector being swept
+    std::vector<Answer> answers_; // of those with Mode S, in the sector swept last
     std::vector<Octets> reports_; // of the sector swept last
 };
 

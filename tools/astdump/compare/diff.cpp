@@ -7,6 +7,7 @@
 #include "base/counted.hpp"
 #include "compare/field_differences.hpp"
 #include "show/field_text.hpp"
+#include "show/json_string.hpp"
 
 namespace ast::recording::astdump {
 
@@ -73,19 +74,9 @@ void put_identity(TextBuffer &out, const KeptRecord &record) {
 
 // ---- JSON ----
 
-// Texts are printable.
-void put_string(TextBuffer &out, std::string_view text) {
-    out.put('"');
-    for (const char c : text) {
-        if (c == '"' || c == '\\') out.put('\\');
-        out.put(c);
-    }
-    out.put('"');
-}
-
 void put_name(TextBuffer &out, std::string_view name) {
     out.put(',');
-    put_string(out, name);
+    put_json_string(out, name);
     out.put(':');
 }
 
@@ -116,7 +107,7 @@ void put_json(TextBuffer &out, const FieldText &value) {
     else if (value.is_number)
         out.put(value.text);
     else
-        put_string(out, value.text);
+        put_json_string(out, value.text);
 }
 
 void put_json(TextBuffer &out, const FieldDifference &difference) {
@@ -168,7 +159,7 @@ void Diff::compare(const Match &match) {
         ++only_[has_one];
         if (form_.json) {
             text_.put("{\"only_in\":");
-            put_string(text_, names_[has_one]);
+            put_json_string(text_, names_[has_one]);
             put_json_identity(text_, record);
             text_.put("}\n");
             return;

@@ -1,29 +1,9 @@
 #include "compare/kept_records.hpp"
 
-#include <cstring>
-#include <type_traits>
-
 #include "ask/published_reading.hpp"
+#include "show/as_is.hpp"
 
 namespace ast::recording::astdump {
-
-namespace {
-
-template <typename Value>
-void put_as_is(TextBuffer &out, const Value &value) {
-    static_assert(std::is_trivially_copyable_v<Value>);
-    out.put({reinterpret_cast<const char *>(&value), sizeof value});
-}
-
-template <typename Value>
-Value take_as_is(std::string_view &packed) {
-    Value value;
-    std::memcpy(&value, packed.data(), sizeof value);
-    packed.remove_prefix(sizeof value);
-    return value;
-}
-
-} // namespace
 
 void KeptRecords::pack(TextBuffer &out, const ast_datarecord_t &record, const ast_answers_t &answers) {
     put_as_is(out, KeptRecord{.present = answers.present,

@@ -1,6 +1,6 @@
 #include "page/item_texts.hpp"
 
-#include "page/markup.hpp"
+#include "show/markup.hpp"
 #include "show/video.hpp"
 
 namespace ast::recording::astdump {

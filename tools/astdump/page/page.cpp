@@ -3,9 +3,9 @@
 #include <cstdio>
 
 #include "base/counted.hpp"
-#include "page/markup.hpp"
 #include "page/page_chunk.hpp"
 #include "page/page_parts.hpp"
+#include "show/markup.hpp"
 #include "show/terminal.hpp"
 #include "show/write_file.hpp"
 

@@ -4,8 +4,8 @@
 #include "base/endpoint.hpp"
 #include "base/printable.hpp"
 #include "base/time.hpp"
-#include "page/markup.hpp"
 #include "page/pack.hpp"
+#include "show/markup.hpp"
 
 namespace ast::recording::astdump {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "page/markup.hpp"
+#include "show/markup.hpp"
 
 namespace ast::recording::astdump {
 

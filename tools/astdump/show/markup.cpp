@@ -1,4 +1,4 @@
-#include "page/markup.hpp"
+#include "show/markup.hpp"
 
 #include <algorithm>
 

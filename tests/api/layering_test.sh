@@ -11,7 +11,7 @@ set -eu
 floors='
 src: core codec view schema(core) query items cat reader
 recording: system base framing datagram capture block source ask write api
-tools/astdump > recording: show compare page run
+tools/astdump > recording: show compare report page run
 tools/simulate > recording: common radar(common) adsb(common) tracker(common)
 examples:
 fuzz > recording tools/astdump:

@@ -88,6 +88,7 @@ Examples:
   astdump recording.pcap                     list all blocks
   astdump --category 34,48 --count 10 a.pcap the first ten blocks of a radar
   astdump --stats recording.pcapng           count blocks, records and items
+  astdump --report radar.pcap                how well a radar works: turns, detection, delays
   astdump --port 8600 --from 12:00 --to 12:05 a.pcap
                                              five minutes of one stream
   astdump --list --merge a.pcap b.pcap       two recordings as one, in the order of time
@@ -313,6 +314,9 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_option("--csv", texts.csv, "A line per record as comma-separated values: all quantities, or PATHS")
         ->type_name("[PATHS]");
     app.add_flag("--stats", options.stats, "Instead of the listing, count by category, by item and by edition");
+    app.add_flag("--report", options.report,
+                 "Instead of the listing, how well each data source works: turns, detection, delays, and more; also "
+                 "with --json, or on the page of --html");
     app.add_option("--stats-every", texts.stats_every,
                    "Every so often, such as 10s or 1m, say on standard error what goes through each second")
         ->type_name("TIME");
@@ -413,9 +417,12 @@ bool is_same_file(const std::string &one, const std::string &other) {
 
 // Of the forms that take the place of the listing, standard output has room for one.
 void refuse_two_forms(const Options &options) {
-    const bool is_json = options.json && !options.diff; // a form of the comparison, too
-    if (options.list + is_json + options.stats + options.top + options.csv.has_value() + options.diff > 1)
-        throw std::invalid_argument("--list, --csv, --json, --stats, --top and --diff exclude each other");
+    const bool is_json = options.json && !options.diff && !options.report; // a form of these, too
+    if (options.list + is_json + options.stats + options.top + options.csv.has_value() + options.diff + options.report >
+        1)
+        throw std::invalid_argument("--list, --csv, --json, --stats, --report, --top and --diff exclude each other");
+    if (options.report && options.json && !options.html.empty())
+        throw std::invalid_argument("--report is written as --json or as --html");
 }
 
 // Each is a file of its own, or an address.
@@ -461,7 +468,7 @@ bool wants_positions(const Options &options) {
 void read_sites(Options &options, const Texts &texts) {
     if (texts.site_file) options.sites = read_for("--sites", *texts.site_file, read_site_file);
     for (const std::string &site : texts.sites) options.sites.push_back(read_for("--site", site, read_site));
-    options.locates = options.list || !options.html.empty() || wants_positions(options);
+    options.locates = options.list || (!options.html.empty() && !options.report) || wants_positions(options);
 }
 
 // How it is sent.

@@ -36,6 +36,7 @@ struct Options : ReadOptions {
     uint64_t passes = 1;                       // over the input
     bool diff = false;                         // between two files
     double diff_within_s = 0;                  // between the times of one report in both
+    bool report = false;                       // how well data sources work, on a page where one is to be written
     bool stats = false;
     std::chrono::seconds stats_every{0}; // of what goes through; 0 for none
     std::string metrics;                 // the file for those who collect these; empty for none

@@ -5,6 +5,7 @@
 
 #include "compare/diff.hpp"
 #include "page/page.hpp"
+#include "report/performance.hpp"
 #include "show/csv.hpp"
 #include "show/json_lines.hpp"
 #include "show/listing.hpp"
@@ -48,6 +49,14 @@ RecordList::Form list_form(const Options &options) {
             .name_files = options.files.size() > 1 && !options.merge};
 }
 
+Performance::Form report_form(const Options &options) {
+    return {.json = options.json,
+            .color = use_color(options, stdout),
+            .columns = columns(stdout),
+            .page = options.html,
+            .inputs = options.files};
+}
+
 // Where anything is sent, what does that.
 const Send *add_outputs(Sinks &sinks, const Options &options, Interruption &interruption) {
     std::vector<Destination> destinations;
@@ -86,6 +95,8 @@ Sinks make_sinks(const Options &options, Output &out, const ReportLog &reports, 
     const bool color = use_color(options, stdout);
     if (options.diff)
         sinks.push_back(std::make_unique<Diff>(out, Diff::Form{options.diff_within_s, options.json}));
+    else if (options.report)
+        sinks.push_back(std::make_unique<Performance>(out, report_form(options)));
     else if (options.top)
         sinks.push_back(make_top(options, out, reports, interruption));
     else if (options.stats)
@@ -100,9 +111,9 @@ Sinks make_sinks(const Options &options, Output &out, const ReportLog &reports, 
         sinks.push_back(std::make_unique<Listing>(out, Listing::Form{columns(stdout), color,
                                                                      options.files.size() > 1 && !options.merge,
                                                                      options.detail, is_terminal(stdout)}));
-    if (options.follow && !options.top && !options.stats && !options.json && !options.csv)
+    if (options.follow && !options.report && !options.top && !options.stats && !options.json && !options.csv)
         sinks.push_back(std::make_unique<Stats>(out, color));
-    if (!options.html.empty()) sinks.push_back(std::make_unique<Page>(options.html, options.files));
+    if (!options.html.empty() && !options.report) sinks.push_back(std::make_unique<Page>(options.html, options.files));
     const Send *const send = add_outputs(sinks, options, interruption);
     add_throughput(sinks, options, send, interruption);
     return sinks;

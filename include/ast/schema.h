@@ -136,6 +136,24 @@ AST_API bool ast_dataitem_read_field(const ast_dataitem_t *item, ast_uap_t uap, 
  *  nothing, and for null pointers. */
 AST_API bool ast_dataitem_get_bits(const ast_dataitem_t *item, const ast_field_place_t *place, uint64_t *raw);
 
+/* --------------------------------------------------------------------------------------------------------- changes --
+ */
+
+/** Is shown a value, as ast_dataitem_walk has it, and says what its bits are to be. raw holds those that are sent, and
+ *  takes others. Returns whether they are to be written. */
+typedef bool (*ast_field_changer_t)(void *context, const ast_field_value_t *value, uint64_t *raw);
+
+/** Writes values of an item where they stand: what ast_dataitem_walk hands over is shown to change, but for octets of
+ *  more than 64 bits and a Mode S register as a whole, whose fields are shown. What an item holds does not change, only
+ *  what it says: neither its size nor which of its parts are there.
+ *  octets  the item's own or a copy of them, item->size octets; nothing in them changes but the bits of these values
+ *  item    a decoded item, read only: values are shown as it has them, unless octets are its own
+ *  context is handed on to change
+ *  Returns how many values have been written; one that does not fit the bits of its field is not. 0 for an item that is
+ *  not valid or that no edition describes, and for null pointers. Behind octets that end too early nothing is shown. */
+AST_API uint64_t ast_dataitem_change_values(uint8_t *octets, const ast_dataitem_t *item, ast_uap_t uap,
+                                            uint32_t message_type, ast_field_changer_t change, void *context);
+
 /* ----------------------------------------------------------------------------------------------------------- times --
  */
 

@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "schema/field_tree.hpp"
+#include "schema/placed_bits.hpp"
 #include "schema/value.hpp"
 
 namespace ast::schema {
@@ -114,6 +115,52 @@ private:
     ValueMaker make_;
 };
 
+// Shows values to a changer, and writes where they stand.
+class Changes {
+public:
+    Changes(uint8_t *octets, const uint8_t *data, ast_field_changer_t change, void *context, std::string_view item)
+        : octets_(octets), data_(data), change_(change), context_(context), values_(show, this, item) {}
+
+    uint64_t written() const { return written_; }
+
+    void ends_at(const BitReader &bits) { here_ = PlacedBits::before(bits, data_, 0); }
+    void open(const Field &field) { values_.open(field); }
+    void close(const Field &field) { values_.close(field); }
+    void element() { values_.element(); }
+    void open_register(const Field &field, uint32_t number, uint64_t raw) {
+        here_.bits = 0;
+        values_.open_register(field, number, raw);
+    }
+    void value(const Field &field, uint64_t raw) {
+        here_.bits = field.bits;
+        values_.value(field, raw);
+    }
+    void octets(const Field &field, const uint8_t *data, uint64_t count) {
+        const bool is_number = count != 0 && count <= sizeof(uint64_t);
+        here_ = {static_cast<uint64_t>(data - data_) + count - 1, 0, is_number ? static_cast<unsigned>(count * 8) : 0};
+        values_.octets(field, data, count);
+    }
+
+private:
+    static void show(void *context, const ast_field_value_t *value) {
+        auto &changes = *static_cast<Changes *>(context);
+        const PlacedBits &here = changes.here_;
+        uint64_t raw = value->raw;
+        if (here.bits == 0 || !changes.change_(changes.context_, value, &raw)) return;
+        if (here.bits < 64 && raw >> here.bits != 0) return;
+        here.write(changes.octets_, raw);
+        ++changes.written_;
+    }
+
+    uint8_t *octets_;
+    const uint8_t *data_;
+    ast_field_changer_t change_;
+    void *context_;
+    Values values_;
+    PlacedBits here_;
+    uint64_t written_ = 0;
+};
+
 } // namespace
 
 } // namespace ast::schema
@@ -158,4 +205,16 @@ bool ast_dataitem_walk(const ast_dataitem_t *item, ast_uap_t uap, uint32_t messa
     Values values(visit, context, Reference(category, *field));
     const Context depends_on{uap, category, message_type};
     return Walk<Values>(BitReader(item->data, item->size, item->following), values, depends_on).field(field);
+}
+
+uint64_t ast_dataitem_change_values(uint8_t *octets, const ast_dataitem_t *item, ast_uap_t uap, uint32_t message_type,
+                                    ast_field_changer_t change, void *context) {
+    if (!octets || !item || !item->valid || !item->data || !change) return 0;
+    const Field *const field = find_item(item->type, uap);
+    if (!field) return 0;
+    const uint32_t category = item->type / AST_DATAITEM_TYPE(1, 0);
+    Changes changes(octets, item->data, change, context, Reference(category, *field));
+    const Context depends_on{uap, category, message_type};
+    Walk<Changes>(BitReader(item->data, item->size, item->following), changes, depends_on).field(field);
+    return changes.written();
 }

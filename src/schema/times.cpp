@@ -4,8 +4,8 @@
 #include <iterator>
 
 #include "core/limits.hpp"
+#include "schema/placed_bits.hpp"
 #include "schema/texts.hpp"
-#include "schema/walk.hpp"
 
 namespace ast::schema {
 
@@ -62,10 +62,7 @@ public:
 
     uint64_t moved() const { return moved_; }
 
-    void ends_at(const BitReader &bits) {
-        last_octet_ = static_cast<uint64_t>(bits.octet_before() - data_);
-        bits_behind_ = bits.bits_behind();
-    }
+    void ends_at(const BitReader &bits) { here_ = PlacedBits::before(bits, data_, 0); }
     void open(const Field &) {}
     void close(const Field &) {}
     void element() {}
@@ -80,11 +77,11 @@ public:
             day_ = place(field, raw);
         else if (name == "HOR")
             hours_ = place(field, raw);
-        else if (name == "MIN" && hours_.bits != 0)
+        else if (name == "MIN" && hours_.is_known())
             minutes_ = place(field, raw);
         else if (name == "AVS")
             has_seconds_ = raw == 0;
-        else if (name == "SEC" && minutes_.bits != 0)
+        else if (name == "SEC" && minutes_.is_known())
             clock_time(place(field, raw));
         else if (category_ == 48 && is_digit_of_date(name))
             date_digit(field, name);
@@ -99,13 +96,13 @@ public:
 private:
     // A number in the octets.
     struct Place {
-        uint64_t last_octet = 0;
-        unsigned bits_behind = 0;
-        unsigned bits = 0;
+        PlacedBits at;
         uint64_t raw = 0;
+        bool is_known() const { return at.bits != 0; }
     };
 
-    Place place(const Field &field, uint64_t raw) const { return {last_octet_, bits_behind_, field.bits, raw}; }
+    PlacedBits here(unsigned bits) const { return {here_.last_octet, here_.bits_behind, bits}; }
+    Place place(const Field &field, uint64_t raw) const { return {here(field.bits), raw}; }
 
     bool is_time_of_day(const Field &field) const {
         constexpr unsigned kBits = 24;
@@ -113,14 +110,7 @@ private:
                field.kind == Kind::Unsigned && !is_one_of(kDurations, category_, field.name());
     }
 
-    void write(const Place &place, uint64_t raw) const {
-        for (unsigned i = 0; i < place.bits; ++i) {
-            const unsigned bit = place.bits_behind + i;
-            uint8_t &octet = octets_[place.last_octet - bit / 8];
-            const auto mask = static_cast<uint8_t>(1U << bit % 8);
-            octet = static_cast<uint8_t>((raw >> i & 1) != 0 ? octet | mask : octet & ~mask);
-        }
-    }
+    void write(const Place &place, uint64_t raw) const { place.at.write(octets_, raw); }
 
     // What is no time of day stays what it is.
     void time_of_day(const Field &field, uint64_t raw) {
@@ -144,7 +134,7 @@ private:
         for (int64_t steps = nearest; steps < kDaySteps; steps += kPeriod)
             if (distance(steps) < distance(nearest)) nearest = steps;
         const int64_t to = modulo(nearest + modulo(seconds_, kDay) * kStepsPerS, kDaySteps);
-        write({last_octet_, bits_behind_, 16, raw}, static_cast<uint64_t>(modulo(to, kPeriod)));
+        here(16).write(octets_, static_cast<uint64_t>(modulo(to, kPeriod)));
         ++moved_;
     }
 
@@ -206,8 +196,7 @@ private:
     int64_t moved_s_;
     int64_t seconds_;
     uint64_t moved_ = 0;
-    uint64_t last_octet_ = 0;
-    unsigned bits_behind_ = 0;
+    PlacedBits here_;
     Place day_, hours_, minutes_;
     bool has_seconds_ = true;
     uint64_t hours_at_ = 0;

@@ -186,6 +186,9 @@ private:
     }
 
     void leaf(const Field *field) {
+        if constexpr (kTellsPlaces) // of each member of a reading
+            if (field->kind == Kind::Either)
+                if (const Field *const reading = reading_of(field, last_, context_.message_type)) return leaf(reading);
         if (is_number(*field) && !(kTellsPlaces && field->kind == Kind::Group))
             return bits_of(field, bits_.take(field->bits));
         if (field->kind == Kind::Register) return mode_s_register(field);
@@ -200,8 +203,9 @@ private:
         case Kind::Spare:
             return lose(raw != 0);
         case Kind::UnsignedOrNone:
-            if (raw != 0) visitor_.value(*field, raw);
-            return;
+            if (raw == 0) return;
+            if constexpr (kTellsPlaces) visitor_.ends_at(bits_);
+            return visitor_.value(*field, raw);
         case Kind::Group:
             return group(field, [&] { members_of(field, raw); });
         case Kind::Either: {

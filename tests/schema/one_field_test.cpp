@@ -96,6 +96,70 @@ TEST_F(OneField, IsWhatAWalkFindsUnderItsPath) {
     EXPECT_GT(fixed_, 5000U);
 }
 
+// Bits that are written where they stand are those that were there, in octets of which all others are set.
+TEST_F(OneField, IsWrittenWhereItStands) {
+    struct Changer {
+        std::vector<uint8_t> bits;
+        uint64_t shown = 0;
+    } changer;
+    const auto keep = [](void *context, const ast_field_value_t *, uint64_t *) {
+        ++static_cast<Changer *>(context)->shown;
+        return true;
+    };
+    for (uint32_t category = 0; category < 256; ++category) {
+        if (ast_uap_max_frn_published(category) == 0) continue;
+        for (uint32_t number = 0; number < 1000; ++number) {
+            const ast_dataitem_type_t type = AST_DATAITEM_TYPE(category, number);
+            const std::vector<uint8_t> octets = some_octets();
+            const uint64_t size =
+                ast_dataitem_get_published_size(octets.data(), octets.size(), type, AST_UAP_PUBLISHED);
+            if (size == 0) continue;
+            const ast_dataitem_t item{.data = octets.data(), .size = size, .type = type, .valid = true, .following = 0};
+            for (const uint8_t all : {uint8_t{0x00}, uint8_t{0xFF}}) {
+                std::vector<uint8_t> written(octets.size(), all);
+                const uint64_t before = changer.shown;
+                const uint64_t count =
+                    ast_dataitem_change_values(written.data(), &item, AST_UAP_PUBLISHED, 0, keep, &changer);
+                EXPECT_EQ(count, changer.shown - before);
+                for (size_t i = 0; i < octets.size(); ++i) {
+                    const auto differs = static_cast<uint8_t>(written[i] ^ octets[i]);
+                    EXPECT_EQ(differs & (written[i] ^ all), 0) << type << " octet " << i;
+                    if (i >= size) EXPECT_EQ(written[i], all);
+                }
+            }
+        }
+    }
+    EXPECT_GT(changer.shown, 2000U);
+}
+
+// I048/070: V, G, L, a spare bit, and 2345 in octal digits. The register 3,0 with the address of a threat, which is one
+// of two readings of its bits, behind 30 others.
+TEST_F(OneField, IsGivenAnotherValue) {
+    struct Wanted {
+        const char *path;
+        uint64_t raw;
+    };
+    const auto change = [](void *context, const ast_field_value_t *value, uint64_t *raw) {
+        const auto &wanted = *static_cast<const Wanted *>(context);
+        *raw = wanted.raw;
+        return std::string_view(value->field->path) == wanted.path;
+    };
+    const auto changed = [&](ast_dataitem_type_t type, std::vector<uint8_t> octets, Wanted wanted) {
+        const ast_dataitem_t item{
+            .data = octets.data(), .size = octets.size(), .type = type, .valid = true, .following = 0};
+        const uint64_t count = ast_dataitem_change_values(octets.data(), &item, AST_UAP_PUBLISHED, 0, change, &wanted);
+        octets.push_back(static_cast<uint8_t>(count));
+        return octets;
+    };
+    using Octets = std::vector<uint8_t>;
+    EXPECT_EQ(changed(48070, {0xF4, 0xE5}, {"I048/070/MODE3A", 07700}), (Octets{0xFF, 0xC0, 1}));
+    EXPECT_EQ(changed(48070, {0xF4, 0xE5}, {"I048/070/MODE3A", 010000}), (Octets{0xF4, 0xE5, 0})) << "13 bits";
+    EXPECT_EQ(changed(48070, {0xF4, 0xE5}, {"I048/070/G", 0}), (Octets{0xB4, 0xE5, 1}));
+    EXPECT_EQ(changed(48260, {0x30, 0, 0, 0x05, 0x23, 0x45, 0x64}, {"I048/260/ADDRESS", 0xABCDEF}),
+              (Octets{0x30, 0, 0, 0x06, 0xAF, 0x37, 0xBC, 1}));
+    EXPECT_EQ(ast_dataitem_change_values(nullptr, nullptr, AST_UAP_PUBLISHED, 0, change, nullptr), 0U);
+}
+
 TEST_F(OneField, IsNoneWhereThereIsNone) {
     ast_field_place_t place;
     EXPECT_EQ(ast_dataitem_find_field(48040, AST_UAP_PUBLISHED, "I048/040/NONE", &place, 1), 0U);

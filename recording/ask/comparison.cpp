@@ -111,6 +111,11 @@ bool Comparison::fits(Notation notation, std::string_view unit) const {
     return number(notation).has_value() || (is_digits && is_pattern_ && !is_ordered());
 }
 
+std::optional<double> Comparison::number_in_unit(std::string_view unit) const {
+    const auto factor = measured_ ? unit_factor(unit_, unit) : std::nullopt;
+    return factor ? std::optional(*measured_ * *factor) : number(Notation::decimal);
+}
+
 bool Comparison::compare(double number, double asked, double tolerance) const {
     const bool equal = number == asked || std::abs(number - asked) < tolerance;
     switch (operator_) {

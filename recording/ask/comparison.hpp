@@ -28,6 +28,9 @@ public:
     const std::string &unit() const { return unit_; }
     void set_unit(std::string_view unit);
 
+    // The decimal number in that unit, whatever unit is written; nothing for a unit that measures something else.
+    std::optional<double> number_in_unit(std::string_view unit) const;
+
     // Whether values of that notation can be compared, numbers being of that unit.
     bool fits(Notation notation, std::string_view unit = {}) const;
 

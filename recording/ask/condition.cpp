@@ -4,6 +4,7 @@
 #include <cmath>
 #include <iterator>
 
+#include "ask/field_values.hpp"
 #include "ask/suggestion.hpp"
 #include "ask/units.hpp"
 #include "base/letters.hpp"
@@ -20,8 +21,6 @@ struct FormNotation {
     Notation notation;
     const char *description;
 };
-
-constexpr const char *kWord = "a word, to be compared by = and !=";
 
 constexpr FormNotation kNotations[] = {
     {QuantityForm::decimal, Notation::decimal, "a number"},
@@ -52,7 +51,6 @@ constexpr TextName kTexts[] = {
     {"velocity", Notation::text, AST_KEYWORD_CARTESIANVEL, kWord},
 };
 
-constexpr size_t kCodeTextRoom = 256;
 constexpr size_t kKeywordRoom = 128; // more characters than the text of any keyword takes
 
 std::string_view keyword_text(const ast_datarecord_t &record, uint32_t keyword, char (&text)[kKeywordRoom]) {
@@ -64,11 +62,6 @@ std::string_view text_of(const Quantity &quantity, const ast_answers_t &answers,
     CellWriter writer(text);
     quantity.write(writer, answers);
     return {text, writer.size()};
-}
-
-std::string_view code_text(const ast_field_t &field, uint64_t code, char (&text)[kCodeTextRoom]) {
-    ast_field_get_text(text, sizeof text, &field, code);
-    return text;
 }
 
 const FieldPath &message_type() {
@@ -142,26 +135,6 @@ bool meets(const QuantityCondition &condition, Answerer &answerer) {
 
 // ---- Published fields ----
 
-// How values of a field are compared.
-Notation notation_of(const ast_field_t &field) {
-    switch (field.kind) {
-    case AST_FIELD_OCTAL:
-        return Notation::octal;
-    case AST_FIELD_RAW:
-        return field.bits >= kOctetsBits ? Notation::hexadecimal : Notation::decimal;
-    case AST_FIELD_ASCII:
-    case AST_FIELD_ICAO:
-    case AST_FIELD_EXPLICIT:
-        return Notation::text;
-    default:
-        return Notation::decimal;
-    }
-}
-
-// A field of so many seconds takes a time of day, and a code its text.
-bool takes_clock(const ast_field_t &field) { return std::string_view(field.unit) == "s"; }
-bool takes_text(const ast_field_t &field) { return field.kind == AST_FIELD_CODE; }
-
 // By its number, digits or characters, and not by the text of a code.
 bool fits(const Comparison &comparison, const ast_field_t &field) {
     return comparison.fits(notation_of(field), field.unit) || (takes_clock(field) && comparison.fits(Notation::clock));
@@ -226,25 +199,6 @@ bool meets(const PlaceCondition &condition, Answerer &answerer) {
 
 std::string in_quotes(const std::string &text) { return '\'' + text + '\''; }
 
-// "0 to 255".
-struct Range {
-    double least;
-    double most;
-
-    bool has(double number) const { return number >= least && number <= most; }
-    std::string text() const {
-        char text[2 * kQuantityRoom];
-        CellWriter writer(text);
-        writer.shortest(least, kDecimals);
-        writer.put(" to ");
-        writer.shortest(most, kDecimals);
-        return {text, writer.size()};
-    }
-
-private:
-    static constexpr unsigned kDecimals = 6;
-};
-
 struct QuantityRange {
     std::string_view name;
     Range range;
@@ -255,23 +209,6 @@ constexpr QuantityRange kRanges[] = {
     {"icao24", {0, 0xFFFFFF}}, {"latitude", {-90, 90}}, {"longitude", {-180, 180}}, {"spi", {0, 1}},
     {"emergency", {0, 1}},     {"on_ground", {0, 1}},   {"simulated", {0, 1}},
 };
-
-// What can be sent; nothing where numbers are not limited by bits.
-std::optional<Range> range_of(const ast_field_t &field) {
-    constexpr uint32_t kMostBits = 63;
-    if (field.bits == 0 || field.bits > kMostBits || notation_of(field) == Notation::text) return std::nullopt;
-    const bool is_signed = field.kind == AST_FIELD_SIGNED;
-    const double step =
-        field.numerator == 0 ? 1 : static_cast<double>(field.numerator) / static_cast<double>(field.denominator);
-    const auto count = static_cast<double>(uint64_t{1} << (field.bits - (is_signed ? 1 : 0)));
-    return Range{(is_signed ? -count * step : 0) + field.offset, (count - 1) * step + field.offset};
-}
-
-// A description, with the unit where there is one.
-std::string with_unit(std::string description, std::string_view unit) {
-    if (!unit.empty()) description.append(", in ").append(unit);
-    return description;
-}
 
 // Both ends of a range that goes down lead over midnight, or over the north.
 bool find_wrap(const Comparison &first, const Comparison &last, Notation notation, std::string_view unit,
@@ -350,35 +287,11 @@ void set_values(QuantityCondition &condition, const Word &name, const WrittenVal
 
 constexpr size_t kCodes = 256; // of eight bits, as many as any field of codes has
 
-template <typename Take>
-void each_code_text(const ast_field_t &field, Take take) {
-    if (!takes_text(field)) return;
-    const uint64_t count = uint64_t{1} << std::min<uint32_t>(field.bits, 8);
-    char text[kCodeTextRoom];
-    for (uint64_t code = 0; code < count; ++code)
-        if (const std::string_view found = code_text(field, code, text); !found.empty()) take(code, found);
-}
-
 bool is_text_of_any(const FieldPath &path, const Comparison &comparison) {
     bool any = false;
     for (const ast_field_t &field : path.fields())
         each_code_text(field, [&](uint64_t, std::string_view text) { any = any || is_like(text, comparison.value()); });
     return any;
-}
-
-// ", which has No detection, Single PSR detection, ..."
-std::string texts_of(const FieldPath &path) {
-    constexpr size_t kMostCharacters = 300;
-    std::string texts;
-    for (const ast_field_t &field : path.fields()) {
-        each_code_text(field, [&](uint64_t, std::string_view text) {
-            if (texts.size() < kMostCharacters && texts.find(text) == std::string::npos)
-                texts.append(texts.empty() ? ", which has " : ", ").append(text);
-            else if (texts.size() >= kMostCharacters && !texts.ends_with("..."))
-                texts += ", ...";
-        });
-    }
-    return texts;
 }
 
 // The codes that a text stands for. One that is none of them by itself stands for those that have it within. Throws for
@@ -398,21 +311,6 @@ std::vector<Value::Codes> find_codes(const FieldPath &path, Operator means, cons
         all.push_back(codes);
     }
     return all;
-}
-
-// How the values of fields are described that may be compared: "octal digits", "a number, in NM".
-std::string description_of(const FieldPath &path) {
-    const ast_field_t &field = path.fields().front();
-    switch (notation_of(field)) {
-    case Notation::octal:
-        return "octal digits";
-    case Notation::hexadecimal:
-        return "hexadecimal digits";
-    case Notation::text:
-        return kWord;
-    default:
-        return with_unit("a number", field.unit) + texts_of(path);
-    }
 }
 
 void check_range(const FieldPath &path, const Comparison &comparison, const Word &name, const Word &value) {

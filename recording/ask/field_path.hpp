@@ -62,6 +62,26 @@ public:
         });
     }
 
+    // Shows the same values to change(value, raw), which may take other bits for raw and returns whether these are to
+    // be written, into the record's own octets or a copy. Returns how many have been written.
+    template <typename Change>
+    uint64_t change_values(const ast_datarecord_t &record, uint8_t *octets, Change change) const {
+        Visit<Change> visit{*this, change};
+        const auto show = [](void *context, const ast_field_value_t *value, uint64_t *raw) {
+            const auto &[path, decide] = *static_cast<Visit<Change> *>(context);
+            return path.is_exactly(value->field->path) && decide(*value, *raw);
+        };
+        uint64_t written = 0;
+        each_item(record, [&](const ast_dataitem_t &item, size_t) {
+            written += ast_dataitem_change_values(octets + (item.data - record.data), &item, record.uap,
+                                                  message_type_of(record), show, &visit);
+        });
+        return written;
+    }
+
+    // Whether records of a category can have the field.
+    bool is_of(uint32_t category) const { return categories_.test(category % categories_.size()); }
+
 private:
     template <typename Take>
     struct Visit {

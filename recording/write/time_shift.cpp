@@ -29,20 +29,13 @@ int64_t TimeShift::recorded_s(const ast_datarecord_t &record, const std::optiona
 }
 
 void TimeShift::move(DecodedBlock &decoded, const EditionMemory &editions) {
-    octets_.assign(decoded.octets.begin(), decoded.octets.end());
     answerer_.set_block(decoded);
-    for (uint64_t i = 0; i < decoded.block->record_count; ++i) {
-        const ast_datarecord_t &record = decoded.block->records[i];
-        const int64_t at_s = recorded_s(record, decoded.datagram->time);
+    const std::optional<Time> received = decoded.datagram->time;
+    rewriter_.rewrite(decoded, editions, [&](const ast_datarecord_t &record, uint64_t, uint8_t *octets) {
+        const int64_t at_s = recorded_s(record, received);
         const std::optional<int64_t> seconds = seconds_ ? seconds_ : reception_s_;
-        if (seconds)
-            ast_datarecord_move_times(&octets_[static_cast<size_t>(record.data - decoded.octets.data())], &record, at_s,
-                                      *seconds);
-    }
-    EditionMemory known = editions; // the block has told already what it tells of its source
-    block_.read(known, octets_);
-    decoded.octets = octets_;
-    decoded.block = &block_;
+        if (seconds) ast_datarecord_move_times(octets, &record, at_s, *seconds);
+    });
 }
 
 const Datagram &TimeShift::move(const Datagram &datagram) {

@@ -2,10 +2,10 @@
 #pragma once
 
 #include <optional>
-#include <vector>
 
 #include "ask/answerer.hpp"
 #include "block/decoded_block.hpp"
+#include "write/block_rewriter.hpp"
 
 namespace ast::recording {
 
@@ -30,8 +30,7 @@ private:
     std::optional<int64_t> reception_s_; // that times of reception are
     Answerer answerer_;
     Datagram datagram_;
-    std::vector<uint8_t> octets_;
-    SplitBlock block_;
+    BlockRewriter rewriter_;
 };
 
 } // namespace ast::recording

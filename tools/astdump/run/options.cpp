@@ -146,6 +146,9 @@ struct Texts {
     std::string framing = "auto";
     std::string categories = "0-255";
     std::vector<std::string> conditions;
+    std::vector<std::string> settings;
+    std::optional<std::string> seed; // of pseudonyms
+    std::optional<std::string> dedup;
     std::string convert;
     std::optional<std::string> csv;    // its columns
     std::optional<std::string> fields; // their pattern
@@ -180,15 +183,13 @@ struct OptionalValue {
 };
 
 bool is_all(const std::string &text) { return text == "all"; }
+bool is_time(const std::string &text) { return find_tolerance(text).has_value(); }
 bool is_no_option(const std::string &text) { return !text.starts_with("-"); }
 
 constexpr const char *kFieldsOption = "--fields";
 
-constexpr OptionalValue kOptionalValues[] = {{"--csv", is_csv_columns},
-                                             {"--loop", is_number},
-                                             {kFieldsOption, is_no_option},
-                                             {"--help", is_all},
-                                             {"-h", is_all}};
+constexpr OptionalValue kOptionalValues[] = {{"--csv", is_csv_columns},     {"--loop", is_number}, {"--dedup", is_time},
+                                             {kFieldsOption, is_no_option}, {"--help", is_all},    {"-h", is_all}};
 
 // The parser takes whatever stands behind these for their value; what is none, such as a file, is set apart from it.
 // Last first, as the parser wants them.
@@ -296,6 +297,17 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
         ->take_all()
         ->allow_extra_args(false)
         ->type_name("EXPRESSION");
+    app.add_option("--set", texts.settings,
+                   "Give a field of these records another value: I010/SIC=99, 'I140=I140+3600', "
+                   "'I010/SIC=99 if I010/SAC=25'; repeated")
+        ->take_all()
+        ->allow_extra_args(false)
+        ->type_name("PATH=VALUE");
+    app.add_option("--anonymize", texts.seed,
+                   "Replace addresses, callsigns and codes by others, the same ones for the same seed")
+        ->type_name("SEED");
+    app.add_option("--dedup", texts.dedup, "Leave out records that came twice within this time, 1s if not given")
+        ->type_name("[WINDOW]");
     app.add_option(kFieldsOption, texts.fields,
                    "List what --where and --csv know, quantities and published fields, by a pattern such as '*level*' "
                    "or 'I048/*', with --json as data, and exit")
@@ -514,6 +526,17 @@ void read_comparison(Options &options, const Texts &texts) {
                                     "--detail, --html or --write");
 }
 
+void read_dedup(Options &options, const Texts &texts) {
+    constexpr double kUsualWindow_s = 1;
+    constexpr double kNanosecondsPerS = 1e9;
+    constexpr double kMost_s = 86400;
+    if (!texts.dedup) return;
+    const double window_s =
+        *texts.dedup == kUsualValue ? kUsualWindow_s : read_for("--dedup", *texts.dedup, read_tolerance);
+    if (window_s > kMost_s) throw std::invalid_argument("--dedup: the window is a day at most");
+    options.dedup_window_ns = static_cast<int64_t>(window_s * kNanosecondsPerS);
+}
+
 // What the parser cannot tell. Throws std::invalid_argument for a mistake.
 void complete(Options &options, const Texts &texts) {
     read_octets(options);
@@ -522,6 +545,10 @@ void complete(Options &options, const Texts &texts) {
     options.framing = find_framing(texts.framing);
     options.categories = *read_categories(texts.categories);
     for (const std::string &condition : texts.conditions) add_condition(options.where, condition);
+    for (const std::string &setting : texts.settings)
+        read_for("--set", setting, [&](const std::string &text) { options.settings.add(text); });
+    read_dedup(options, texts);
+    if (texts.seed) options.anonymizer.emplace(*texts.seed);
     read_choice(options, texts);
     if (!texts.convert.empty()) options.convert = read_convert_targets(texts.convert);
     check_outputs(options);

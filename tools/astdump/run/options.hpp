@@ -13,16 +13,21 @@
 #include "show/rotating_file.hpp"
 #include "source/live_url.hpp"
 #include "source/read_options.hpp"
+#include "write/anonymizer.hpp"
 #include "write/sender.hpp"
+#include "write/settings.hpp"
 
 namespace ast::recording::astdump {
 
 struct Options : ReadOptions {
     std::vector<std::string> files;
-    std::vector<std::string> hex;  // texts with octets, read behind the files
-    CategorySet convert;           // to these, what converts to them
-    Filter where;                  // that records must meet to be shown
-    std::optional<uint64_t> count; // of what is to be shown: blocks, or lines of records
+    std::vector<std::string> hex; // texts with octets, read behind the files
+    CategorySet convert;          // to these, what converts to them
+    Filter where;                 // that records must meet to be shown
+    Settings settings;            // of fields of these
+    std::optional<Anonymizer> anonymizer;
+    std::optional<int64_t> dedup_window_ns; // in which records that came twice are left out
+    std::optional<uint64_t> count;          // of what is to be shown: blocks, or lines of records
     bool list = false;
     bool json = false;
     bool texts = false;                        // of codes, in JSON
@@ -48,6 +53,10 @@ struct Options : ReadOptions {
     std::string color = "auto";
     size_t jobs = 1;                    // threads
     std::optional<size_t> chunk_octets; // read at a time; nothing: what suits the output
+
+    // Whether what is no record, or broken, is shown along with the others.
+    bool keeps_remainders() const { return where.empty() && !dedup_window_ns && !anonymizer; }
+    bool changes() const { return !settings.empty() || anonymizer || dedup_window_ns || shifts; }
 
     bool writes_files() const { return !html.empty() || !writes.empty() || !listens.empty(); }
     bool sends() const { return !listens.empty() || std::ranges::any_of(writes, is_live); }

@@ -65,13 +65,19 @@ std::chrono::seconds read_interval(const std::string &text) {
     return std::chrono::seconds(*seconds);
 }
 
-double read_tolerance(const std::string &text) {
+std::optional<double> find_tolerance(std::string_view text) {
     constexpr double kMillisecondsPerSecond = 1000;
     const bool is_ms = text.ends_with("ms");
     const size_t unit = is_ms ? 2 : text.ends_with('s') ? 1 : 0;
-    const auto number = read_number<double>(std::string_view(text).substr(0, text.size() - unit));
-    if (unit == 0 || !number || !(*number >= 0) || std::isinf(*number)) refuse(text, "no time such as 0.1s or 100ms");
+    const auto number = read_number<double>(text.substr(0, text.size() - unit));
+    if (unit == 0 || !number || !(*number >= 0) || std::isinf(*number)) return std::nullopt;
     return is_ms ? *number / kMillisecondsPerSecond : *number;
+}
+
+double read_tolerance(const std::string &text) {
+    const auto tolerance_s = find_tolerance(text);
+    if (!tolerance_s) refuse(text, "no time such as 0.1s or 100ms");
+    return *tolerance_s;
 }
 
 Rotation read_rotation(const std::string &text) {

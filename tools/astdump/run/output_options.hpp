@@ -3,7 +3,9 @@
 
 #include <chrono>
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "show/rotating_file.hpp"
 
@@ -23,7 +25,8 @@ uint8_t read_ttl(const std::string &text);
 // "10s", "1m"
 std::chrono::seconds read_interval(const std::string &text);
 
-// "0.1s" or "100ms", in seconds.
+// "0.1s" or "100ms", in seconds; nothing for any other text.
+std::optional<double> find_tolerance(std::string_view text);
 double read_tolerance(const std::string &text);
 
 // "1h", "30m", "100M"; how many stay is left open.

@@ -22,12 +22,13 @@ bool is_waited_for(const std::string &file) {
     return !std::filesystem::is_regular_file(file, unknown);
 }
 
-// --follow, --count, --top and --shift take one thread: what they show must appear as its blocks arrive, blocks that
-// count are counted one after the other, the first time is that of the first block, and the table is drawn anew between
-// them. What is due by the clock is done by whoever waits for input, who is to be the one that takes it.
+// --follow, --count, --top, --shift and --dedup take one thread: what they show must appear as its blocks arrive,
+// blocks that count are counted one after the other, the first time is that of the first block, and the table is drawn
+// anew between them. What is due by the clock is done by whoever waits for input, who is to be the one that takes it.
 size_t threads_of(const Options &options) {
     const bool is_timed = options.goes_by_clock() && std::ranges::any_of(options.files, is_waited_for);
-    const bool is_in_order = options.follow || options.count || options.top || options.shifts;
+    const bool is_in_order =
+        options.follow || options.count || options.top || options.shifts || options.dedup_window_ns;
     return is_in_order || is_timed ? 1 : options.jobs;
 }
 
@@ -166,6 +167,8 @@ void Run::finish() {
 void Run::tell_what_is_left_out() const {
     if (unconverted_ != 0) tell(counted(unconverted_, "record") + " that cannot be converted left out");
     for (const std::string &complaint : coverage_.complaints(options_.where)) tell(complaint);
+    if (const std::string text = repeats_.text(); !text.empty()) tell("--dedup: " + text);
+    for (const std::string &complaint : options_.settings.complaints(settings_)) tell(complaint);
 }
 
 std::unique_ptr<Job> Run::make_job(size_t chunk_octets) { return std::make_unique<RenderJob>(chunk_octets); }
@@ -190,6 +193,8 @@ bool Run::take(Job &job) {
     unconverted_ += rendered.unconverted;
     shown_ += rendered.shown;
     coverage_ |= rendered.coverage;
+    settings_ += rendered.settings;
+    repeats_ += rendered.repeats;
     for (const auto &[source, judgement] : rendered.judgements) judgements_[source] += judgement;
     for (size_t i = 0; i < sinks_.size(); ++i) sinks_[i]->count(rendered.tally);
     for (size_t i = 1; i < sinks_.size(); ++i) sinks_[i]->take(rendered.texts[i].text());

@@ -65,6 +65,8 @@ private:
     uint64_t pass_ = 0;                          // over all inputs; what the first has told holds for all
     uint64_t shown_ = 0;                         // as the first sink counts
     FilterCoverage coverage_;
+    SettingCounts settings_;
+    RepeatCounts repeats_;
     Judgements judgements_;       // of the input at hand
     bool is_implausible_ = false; // any source of any input
     uint64_t unconverted_ = 0;    // records

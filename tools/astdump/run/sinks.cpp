@@ -25,11 +25,11 @@ namespace {
 
 // Datagrams leave as they came.
 bool chooses_all(const Options &options) {
-    return options.where.empty() && options.convert.none() && options.categories.all() && !options.count;
+    return options.keeps_remainders() && options.convert.none() && options.categories.all() && !options.count;
 }
 
 JsonForm json_form(const Options &options) {
-    return {.texts = options.texts, .name_files = options.files.size() > 1, .remainders = options.where.empty()};
+    return {.texts = options.texts, .name_files = options.files.size() > 1, .remainders = options.keeps_remainders()};
 }
 
 std::unique_ptr<Top> make_top(const Options &options, Output &out, const ReportLog &reports,

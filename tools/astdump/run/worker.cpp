@@ -11,6 +11,7 @@ namespace ast::recording::astdump {
 
 Worker::Worker(const Options &options, const Sinks &sinks) : options_(options), converter_(options.convert) {
     if (options.shifts) shift_.emplace();
+    if (options.dedup_window_ns) repeats_.emplace(*options.dedup_window_ns);
     if (!sinks.empty()) first_ = sinks.front().get();
     for (const auto &sink : sinks) {
         renderers_.push_back(sink->renderer());
@@ -18,7 +19,7 @@ Worker::Worker(const Options &options, const Sinks &sinks) : options_(options), 
     }
     const bool shows_none = std::ranges::none_of(renderers_, [](const auto &renderer) { return renderer != nullptr; });
     only_counts_ = shows_none && options.categories.all() && options.where.empty() && options.convert.none() &&
-                   !options.count && !options.shifts;
+                   !options.count && !options.changes();
 }
 
 // What becomes of a chunk, piece by piece.
@@ -51,6 +52,7 @@ void Worker::render(const Job &job, uint64_t most, Rendered &rendered) {
     rendered.judgements.clear();
     constexpr uint64_t kFirst = 1;
     if (shift_ && job.chunk.first_number == kFirst) shift_->restart();
+    if (repeats_ && job.chunk.first_number == kFirst) repeats_->restart();
     decoder_.set_known(job.known, job.later);
     Walk walk{*this, most, rendered, only_counts(job.chunk)};
     walk_chunk(job.chunk, walk);
@@ -59,6 +61,8 @@ void Worker::render(const Job &job, uint64_t most, Rendered &rendered) {
     rendered.tally = counter_.take();
     for (const Report &made : rendered.reports.list()) rendered.tally.losses.add(made);
     rendered.coverage = coverage_.take();
+    rendered.settings = settings_.take();
+    rendered.repeats = repeat_counts_.take();
 }
 
 // As many blocks as there is no need to take apart.
@@ -77,7 +81,7 @@ void Worker::no_block(const Datagram &datagram, uint64_t offset, const Frame &fr
     for (size_t i = 0; i < renderers_.size(); ++i)
         if (renderers_[i])
             renderers_[i]->no_block(shift_ ? shift_->move(datagram) : datagram, offset, reason, rendered.texts[i]);
-    if (frame.framing == Framing::past_end && datagram.may_hold_blocks() && options_.where.empty())
+    if (frame.framing == Framing::past_end && datagram.may_hold_blocks() && options_.keeps_remainders())
         show_part(datagram, offset, frame.length, rendered);
     if (!rendered.texts.empty()) rendered.reports.place = rendered.texts.front().size();
 }
@@ -103,16 +107,36 @@ void Worker::block(const Datagram &datagram, uint64_t number, uint64_t offset, O
     if (number <= kJudgedBlocks) judge(rendered.judgements, *decoded.block);
     select_records(decoded, options_.where);
     if (!options_.where.empty()) coverage_.look(decoded, options_.where);
-    if (shift_) {
-        shift_->move(decoded, decoder_.editions());
-        decoded.datagram = &shift_->move(datagram);
-    }
-    const bool is_wanted = options_.where.empty() || decoded.shown.any();
+    if (repeats_) repeats_->leave_out(decoded, repeat_counts_);
+    change(decoded, datagram);
+    const bool is_wanted = options_.keeps_remainders() || decoded.shown.any();
     if (is_wanted && options_.convert.any())
         show_converted(decoded, most, rendered);
     else if (is_wanted)
         show(decoded, most, rendered);
     if (decoded.fault) rendered.reports.add(fault_report(*decoded.fault, *decoded.block, datagram, offset));
+}
+
+// What is asked for as it is to be.
+void Worker::change(DecodedBlock &decoded, const Datagram &datagram) {
+    if (!options_.settings.empty()) {
+        answerer_.set_block(decoded);
+        rewriter_.rewrite(decoded, decoder_.editions(),
+                          [&](const ast_datarecord_t &record, uint64_t index, uint8_t *octets) {
+                              if (!decoded.shown[index]) return;
+                              answerer_.set_record(record);
+                              options_.settings.write(answerer_, octets, settings_);
+                          });
+    }
+    if (options_.anonymizer)
+        anonymous_.rewrite(decoded, decoder_.editions(),
+                           [&](const ast_datarecord_t &record, uint64_t, uint8_t *octets) {
+                               options_.anonymizer->write(record, octets);
+                           });
+    if (shift_) {
+        shift_->move(decoded, decoder_.editions());
+        decoded.datagram = &shift_->move(datagram);
+    }
 }
 
 // How much of a block is shown, as the first sink counts it: no more than so much.

@@ -13,6 +13,8 @@
 #include "show/sink.hpp"
 #include "source/pipeline.hpp"
 #include "write/block_converter.hpp"
+#include "write/repeats.hpp"
+#include "write/settings.hpp"
 #include "write/time_shift.hpp"
 
 namespace ast::recording::astdump {
@@ -27,6 +29,8 @@ struct Rendered {
     uint64_t unconverted = 0; // records that are left out
     uint64_t shown = 0;       // as the first sink counts
     FilterCoverage coverage;
+    SettingCounts settings;
+    RepeatCounts repeats;
     Judgements judgements;
 };
 
@@ -48,6 +52,7 @@ private:
     void show_part(const Datagram &datagram, uint64_t offset, uint64_t announced, Rendered &rendered);
     void block(const Datagram &datagram, uint64_t number, uint64_t offset, Octets octets, uint64_t most,
                Rendered &rendered);
+    void change(DecodedBlock &decoded, const Datagram &datagram);
     uint64_t cut(DecodedBlock &decoded, uint64_t most) const;
     void show_converted(DecodedBlock decoded, uint64_t most, Rendered &rendered);
     void show(DecodedBlock &decoded, uint64_t most, Rendered &rendered);
@@ -55,6 +60,12 @@ private:
     const Options &options_;
     Decoder decoder_;
     std::optional<TimeShift> shift_;
+    BlockRewriter rewriter_;
+    Answerer answerer_;
+    BlockRewriter anonymous_;
+    SettingCounts settings_;
+    std::optional<Repeats> repeats_;
+    RepeatCounts repeat_counts_;
     BlockConverter converter_;
     std::vector<uint8_t> part_; // of a block
     Counter counter_;

@@ -4,21 +4,6 @@
 
 namespace ast::recording {
 
-Notation notation_of(const ast_field_t &field) {
-    switch (field.kind) {
-    case AST_FIELD_OCTAL:
-        return Notation::octal;
-    case AST_FIELD_RAW:
-        return field.bits >= kOctetsBits ? Notation::hexadecimal : Notation::decimal;
-    case AST_FIELD_ASCII:
-    case AST_FIELD_ICAO:
-    case AST_FIELD_EXPLICIT:
-        return Notation::text;
-    default:
-        return Notation::decimal;
-    }
-}
-
 std::string Range::text() const {
     constexpr unsigned kDecimals = 6;
     char text[2 * kQuantityRoom];

@@ -14,7 +14,20 @@ namespace ast::recording {
 constexpr const char *kWord = "a word, to be compared by = and !=";
 
 // How values of a field are compared.
-Notation notation_of(const ast_field_t &field);
+inline Notation notation_of(const ast_field_t &field) {
+    switch (field.kind) {
+    case AST_FIELD_OCTAL:
+        return Notation::octal;
+    case AST_FIELD_RAW:
+        return field.bits >= kOctetsBits ? Notation::hexadecimal : Notation::decimal;
+    case AST_FIELD_ASCII:
+    case AST_FIELD_ICAO:
+    case AST_FIELD_EXPLICIT:
+        return Notation::text;
+    default:
+        return Notation::decimal;
+    }
+}
 
 // A field of so many seconds takes a time of day, and a code its text.
 inline bool takes_clock(const ast_field_t &field) { return std::string_view(field.unit) == "s"; }

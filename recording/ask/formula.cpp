@@ -19,9 +19,7 @@ constexpr unsigned kBitsOfCharacter = 6;
 constexpr char kNumber = '0';
 constexpr char kPath = 'I';
 
-bool is_part_of_name(char c) {
-    return is_digit(c) || to_small(c) != c || to_capital(c) != c || c == '_' || c == '[' || c == ']';
-}
+bool is_part_of_name(char c) { return is_digit(c) || is_letter(c) || c == '_' || c == '[' || c == ']'; }
 
 // Digits of octal or hexadecimal notation, as many as there are bits for.
 std::optional<uint64_t> digits_in(std::string_view text, int base) {

@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "ask/published_reading.hpp"
+#include "base/letters.hpp"
 
 namespace ast::recording {
 
@@ -46,8 +47,6 @@ char character_at(uint64_t raw, unsigned from_end, unsigned bits) {
     return character == '\0' ? ' ' : character;
 }
 
-bool is_letter_or_digit(char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); }
-
 // The same pseudonym in either coding, and whatever the blanks behind it.
 uint64_t callsign_bits(const Pseudonyms &pseudonyms, uint64_t raw, unsigned field_bits, unsigned bits) {
     std::string text;
@@ -55,7 +54,7 @@ uint64_t callsign_bits(const Pseudonyms &pseudonyms, uint64_t raw, unsigned fiel
     const size_t size = text.find_last_not_of(' ') + 1;
     const std::string other = pseudonyms.callsign(std::string_view(text).substr(0, size));
     for (size_t i = 0; i < size; ++i) {
-        if (!is_letter_or_digit(text[i])) continue;
+        if (!is_letter(text[i]) && !is_digit(text[i])) continue;
         const auto from_end = static_cast<unsigned>(text.size() - 1 - i) * bits;
         const auto code =
             bits == kOctetBits ? static_cast<uint64_t>(other[i]) : static_cast<uint64_t>(ast_ansi_to_icao(other[i]));

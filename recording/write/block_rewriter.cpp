@@ -1,5 +1,7 @@
 #include "write/block_rewriter.hpp"
 
+#include "framing/block_header.hpp"
+
 namespace ast::recording {
 
 // What a source sends may fit another edition once it has another name.
@@ -15,6 +17,14 @@ void BlockRewriter::decode_again(DecodedBlock &decoded, const EditionMemory &edi
     }
     decoded.octets = octets_;
     decoded.block = &block_;
+}
+
+void BlockRewriter::keep_records(DecodedBlock &decoded, const EditionMemory &editions) {
+    if (!decoded.fault) return;
+    octets_.resize(static_cast<size_t>(decoded.block->records.octets_of(decoded.block->record_count)));
+    set_block_length(octets_);
+    decode_again(decoded, editions);
+    decoded.fault.reset();
 }
 
 } // namespace ast::recording

@@ -22,6 +22,9 @@ public:
         decode_again(decoded, editions);
     }
 
+    // Leaves out of a block that has just been rewritten what breaks it.
+    void keep_records(DecodedBlock &decoded, const EditionMemory &editions);
+
 private:
     void decode_again(DecodedBlock &decoded, const EditionMemory &editions);
 

@@ -119,8 +119,10 @@ std::string Pseudonyms::callsign(std::string_view callsign) const {
         const uint64_t random = mixed(Domain::callsign, text, (i + 1) << 8);
         const char c = result[i];
         if (is_digit(c)) result[i] = static_cast<char>('0' + (static_cast<uint64_t>(c - '0') + random) % kDigits);
-        if (c >= 'A' && c <= 'Z')
-            result[i] = static_cast<char>('A' + (static_cast<uint64_t>(c - 'A') + random) % kLetters);
+        const char first = to_capital(c) == c ? 'A' : 'a';
+        if (is_letter(c))
+            result[i] =
+                static_cast<char>(first + static_cast<char>((static_cast<uint64_t>(c - first) + random) % kLetters));
     }
     return result;
 }

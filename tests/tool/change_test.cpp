@@ -145,6 +145,8 @@ TEST_F(Setting, AnonymizesAllThatIsWritten) {
     EXPECT_NE(octets.substr(11, 3), kReport.substr(11, 3));
     EXPECT_EQ(octets.substr(14, 12), hex("30 000C E8 190C 5465C0 A0 0FC0")) << "7700";
     EXPECT_EQ(written("one"), octets);
+    for (const std::string form : {"", "--json ", "--detail "})
+        EXPECT_EQ(command_.run(form + "--anonymize one in.ast").out.find("3C4A12"), std::string::npos) << form;
     EXPECT_NE(written("two"), octets);
 }
 

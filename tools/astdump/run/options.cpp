@@ -101,6 +101,10 @@ Examples:
   astdump --json recording.pcap | jq .I140   every value of every record, a line of JSON each
   astdump a.pcap --where track=42 --write b.pcap
                                              the reports of one track as a capture of their own
+  astdump a.pcap --set I010/SIC=99 --write b.pcap
+                                             the same with another SIC
+  astdump --merge --dedup --write c.pcap a.pcap b.pcap
+                                             what came over two networks, once
   astdump a.pcap --convert 1,2 --write b.pcap
                                              a recording of a modern radar for an old display
   astdump --write udp://239.1.1.1:8600 --speed 10 a.pcap
@@ -548,6 +552,7 @@ void complete(Options &options, const Texts &texts) {
     for (const std::string &setting : texts.settings)
         read_for("--set", setting, [&](const std::string &text) { options.settings.add(text); });
     read_dedup(options, texts);
+    if (texts.seed && texts.seed->empty()) throw std::invalid_argument("--anonymize: the seed is empty");
     if (texts.seed) options.anonymizer.emplace(*texts.seed);
     read_choice(options, texts);
     if (!texts.convert.empty()) options.convert = read_convert_targets(texts.convert);

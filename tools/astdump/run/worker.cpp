@@ -1,6 +1,7 @@
 #include "run/worker.hpp"
 
 #include <algorithm>
+#include <optional>
 
 #include "datagram/report_words.hpp"
 #include "datagram/walk_chunk.hpp"
@@ -76,7 +77,7 @@ Blocks Worker::count(Octets blocks, Rendered &rendered) {
 void Worker::no_block(const Datagram &datagram, uint64_t offset, const Frame &frame, Rendered &rendered) {
     const Report report = framing_report(datagram, offset, frame);
     if (!datagram.is_told) rendered.reports.add(report);
-    if (!options_.categories.test(datagram.octets[offset])) return;
+    if (!options_.categories.test(datagram.octets[offset]) || options_.anonymizer) return; // which may hold anything
     const std::string reason = framing_text(report.facts());
     for (size_t i = 0; i < renderers_.size(); ++i)
         if (renderers_[i])
@@ -104,6 +105,8 @@ void Worker::show_part(const Datagram &datagram, uint64_t offset, uint64_t annou
 void Worker::block(const Datagram &datagram, uint64_t number, uint64_t offset, Octets octets, uint64_t most,
                    Rendered &rendered) {
     DecodedBlock &decoded = decoder_.decode(datagram, number, offset, octets);
+    std::optional<Report> report;
+    if (decoded.fault) report = fault_report(*decoded.fault, *decoded.block, datagram, offset);
     if (number <= kJudgedBlocks) judge(rendered.judgements, *decoded.block);
     select_records(decoded, options_.where);
     if (!options_.where.empty()) coverage_.look(decoded, options_.where);
@@ -114,7 +117,7 @@ void Worker::block(const Datagram &datagram, uint64_t number, uint64_t offset, O
         show_converted(decoded, most, rendered);
     else if (is_wanted)
         show(decoded, most, rendered);
-    if (decoded.fault) rendered.reports.add(fault_report(*decoded.fault, *decoded.block, datagram, offset));
+    if (report) rendered.reports.add(*report);
 }
 
 // What is asked for as it is to be.
@@ -128,11 +131,13 @@ void Worker::change(DecodedBlock &decoded, const Datagram &datagram) {
                               options_.settings.write(answerer_, octets, settings_);
                           });
     }
-    if (options_.anonymizer)
+    if (options_.anonymizer) {
         anonymous_.rewrite(decoded, decoder_.editions(),
                            [&](const ast_datarecord_t &record, uint64_t, uint8_t *octets) {
                                options_.anonymizer->write(record, octets);
                            });
+        anonymous_.keep_records(decoded, decoder_.editions());
+    }
     if (shift_) {
         shift_->move(decoded, decoder_.editions());
         decoded.datagram = &shift_->move(datagram);

@@ -45,8 +45,7 @@ void ReportLog::show(const Report &report) {
 void ReportLog::collect(const Report &report) {
     const std::string &file = report.file ? *report.file : file_;
     const auto &data = report.data;
-    const auto known = causes_.find(std::tuple<std::string_view, uint32_t, uint32_t, uint32_t, std::string_view>{
-        file, data.kind, data.reason, data.category, report.detail});
+    const auto known = causes_.find(CauseView{file, data.kind, data.reason, data.category, report.detail});
     Group &group = groups_[known != causes_.end() ? known->second : new_cause(report, file)];
     const uint64_t packet = packet_of(report);
     if (packet < group.packet) {

@@ -3,6 +3,7 @@
 
 #include <map>
 #include <string>
+#include <string_view>
 #include <tuple>
 #include <vector>
 
@@ -43,6 +44,11 @@ private:
     };
     // File, kind, reason, category and detail, from which the words of the cause follow.
     using Cause = std::tuple<std::string, uint32_t, uint32_t, uint32_t, std::string>;
+    using CauseView = std::tuple<std::string_view, uint32_t, uint32_t, uint32_t, std::string_view>;
+    struct CauseOrder {
+        using is_transparent = void;
+        bool operator()(const CauseView &one, const CauseView &other) const { return one < other; }
+    };
     using Key = std::tuple<std::string, uint32_t, std::string>; // file, kind and the words of the cause
 
     void collect(const Report &report);
@@ -54,9 +60,9 @@ private:
     bool each_;
     bool is_live_ = false;
     std::string file_;
-    std::map<Cause, size_t, std::less<>> causes_; // the places of their groups
-    std::map<Key, size_t> places_;                // of the groups
-    std::vector<Group> groups_;                   // in the order of their first reports
+    std::map<Cause, size_t, CauseOrder> causes_; // the places of their groups
+    std::map<Key, size_t> places_;               // of the groups
+    std::vector<Group> groups_;                  // in the order of their first reports
     Losses losses_;
 };
 

@@ -28,6 +28,17 @@ public:
         is_asked_ = true;
     }
 
+    // Calls visit() for each record of a block that is asked for, as the one at hand.
+    template <typename Visit>
+    void each_shown(const DecodedBlock &decoded, Visit visit) {
+        set_block(decoded);
+        for (uint64_t i = 0; i < decoded.block->record_count; ++i) {
+            if (!decoded.shown[i]) continue;
+            set_record(decoded.block->records[i]);
+            visit();
+        }
+    }
+
     const ast_datarecord_t &record() const { return *record_; }
 
     // Located, and without a timestamp where the recording tells no date. Good until the next record.

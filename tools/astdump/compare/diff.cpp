@@ -16,12 +16,7 @@ namespace {
 class DiffRenderer : public Renderer {
 public:
     void block(const DecodedBlock &decoded, TextBuffer &out) override {
-        answerer_.set_block(decoded);
-        for (uint64_t i = 0; i < decoded.block->record_count; ++i) {
-            if (!decoded.shown[i]) continue;
-            answerer_.set_record(decoded.block->records[i]);
-            KeptRecords::pack(out, answerer_.record(), answerer_.answers());
-        }
+        answerer_.each_shown(decoded, [&] { KeptRecords::pack(out, answerer_.record(), answerer_.answers()); });
     }
 
 private:

@@ -30,15 +30,12 @@ std::string take_text(std::string_view &packed, size_t size) {
 class PerformanceRenderer : public Renderer {
 public:
     void block(const DecodedBlock &decoded, TextBuffer &out) override {
-        answerer_.set_block(decoded);
-        for (uint64_t i = 0; i < decoded.block->record_count; ++i) {
-            if (!decoded.shown[i]) continue;
-            answerer_.set_record(decoded.block->records[i]);
+        answerer_.each_shown(decoded, [&] {
             const Fact fact = reader_.read(answerer_, decoded);
             put_as_is(out, Piece::fact);
             put_as_is(out, fact);
             numbers_.add(fact.source, answerer_.record());
-        }
+        });
     }
 
     void end(TextBuffer &out) override {

@@ -9,8 +9,17 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
 find_program(AST_CCACHE ccache)
 if(AST_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${AST_CCACHE})
+  # What is compiled ahead has definitions and times of its own, which it is not to be told from its like by.
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${AST_CCACHE})
 endif()
+
+# ast_precompile(TARGET HEADER...): with AST_PRECOMPILE, compiles once what its sources include most, and these.
+function(ast_precompile target)
+  if(AST_PRECOMPILE)
+    target_precompile_headers(
+      ${target} PRIVATE ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/precompiled.hpp ${ARGN})
+  endif()
+endfunction()
 
 # Files of more than 2 GB, and times after 2038, also where the system's own numbers have 32 bits.
 if(CMAKE_SYSTEM_NAME STREQUAL "Linux" AND CMAKE_SIZEOF_VOID_P EQUAL 4)

@@ -218,7 +218,7 @@ void run(Input input) {
     const size_t framing = choices.below(16 * framings.size());
     options.framing = framing < framings.size() ? &framings[framing] : nullptr;
     options.chunk_octets = size_t{1} << 14;
-    options.jobs = 1;
+    options.threads = 1;
     tool.set_input(octets);
     const Tool::Outcome outcome = tool.run(options);
     require(outcome.status == astdump::kExitClean || outcome.status == astdump::kExitDamaged ||
@@ -229,7 +229,7 @@ void run(Input input) {
 
     const size_t way = 63 - choices.below(64);
     if (way == 0) read_through_pipe(tool, octets, options);
-    if (way < 2) options.jobs = 2;
+    if (way < 2) options.threads = 2;
     options.chunk_octets = chunk_octets;
     if (way < 4 && !kModes[mode].in_pieces)
         require(tool.run(options) == outcome, "pieces or threads change the output");

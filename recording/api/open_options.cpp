@@ -77,7 +77,8 @@ ReadOptions read_open_options(const ast_recording_options_t &options) {
                      .datagrams = {},
                      .merge = options.merge,
                      .follow = options.follow,
-                     .interface = options.network_interface ? options.network_interface : ""};
+                     .interface = options.network_interface ? options.network_interface : "",
+                     .threads = options.threads + size_t{1}};
     read.datagrams = {.ports = list_of("ports", options.ports, read_ports),
                       .hosts = list_of("hosts", options.hosts, read_hosts),
                       .from = moment_of("from", options.from),

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "api/failure.hpp"
+#include "base/silence.hpp"
 #include "system/files.hpp"
 #include "system/process.hpp"
 
@@ -14,18 +15,6 @@ namespace ast::recording {
 namespace {
 
 constexpr size_t kChunkOctets = size_t{64} * 1024;
-
-// The log is the caller's, and none of his business what is tried here.
-class Silence {
-public:
-    Silence() : was_silent_(ast_log_silence(true)) {}
-    ~Silence() { ast_log_silence(was_silent_); }
-    Silence(const Silence &) = delete;
-    Silence &operator=(const Silence &) = delete;
-
-private:
-    bool was_silent_;
-};
 
 bool is_regular_file(const std::string &path) {
     const auto file = system::look_at(path);

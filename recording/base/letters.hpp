@@ -14,10 +14,14 @@ constexpr bool is_hexadecimal(char c) { return is_digit(c) || (to_small(c) >= 'a
 constexpr bool is_letter(char c) { return to_small(c) >= 'a' && to_small(c) <= 'z'; }
 constexpr bool is_blank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 
-constexpr std::string_view trimmed(std::string_view text) {
-    while (!text.empty() && is_blank(text.front())) text.remove_prefix(1);
+constexpr std::string_view without_blanks_behind(std::string_view text) {
     while (!text.empty() && is_blank(text.back())) text.remove_suffix(1);
     return text;
+}
+
+constexpr std::string_view trimmed(std::string_view text) {
+    while (!text.empty() && is_blank(text.front())) text.remove_prefix(1);
+    return without_blanks_behind(text);
 }
 
 // Those of UTF-8, of which each octet but the first is of the form 10xxxxxx.

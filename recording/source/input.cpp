@@ -51,22 +51,22 @@ const FramingKind *framing_of_live(OctetStream &stream, const CategorySet &categ
 }
 
 // Tells captures by their magic numbers, and looks no further than these need. Sets the name of what it has found.
-std::unique_ptr<DatagramSource> open_source(OctetStream &stream, const FramingKind *framing,
-                                            const CategorySet &categories, std::string &name) {
+std::unique_ptr<DatagramSource> open_source(OctetStream &stream, const FramingKind *framing, const ReadOptions &options,
+                                            std::string &name) {
     if (!framing) {
         if (const char *const form = Capture::form_of(stream)) {
             name = form;
             return std::make_unique<Capture>(stream);
         }
         framing = begins_json(stream)   ? find_framing("json")
-                  : stream.is_at_rest() ? framing_of_recording(stream, categories)
-                                        : framing_of_live(stream, categories);
+                  : stream.is_at_rest() ? framing_of_recording(stream, options.categories)
+                                        : framing_of_live(stream, options.categories);
     }
     if (!framing) framing = find_framing("raw");
     name = framing->name;
     if (name == "raw") return std::make_unique<RawFile>(stream);
-    if (name == "text") return std::make_unique<TextFile>(stream, categories);
-    if (name == "json") return std::make_unique<JsonFile>(stream);
+    if (name == "text") return std::make_unique<TextFile>(stream, options.categories);
+    if (name == "json") return std::make_unique<JsonFile>(stream, options.threads);
     return std::make_unique<FramedFile>(stream, *framing);
 }
 
@@ -77,10 +77,10 @@ Input::Input(const Origin &origin, const ReadOptions &options, Interruption *int
     const std::vector<LiveUrl> urls = origin.octets ? std::vector<LiveUrl>() : read_live_urls(origin.path);
     if (origin.octets) {
         stream_ = std::make_unique<OctetStream>(*origin.octets, interruption);
-        open(origin.framing ? origin.framing : options.framing, options.categories);
+        open(origin.framing ? origin.framing : options.framing, options);
     } else if (urls.empty()) {
         stream_ = std::make_unique<OctetStream>(origin.path, interruption, options.follow);
-        open(options.framing, options.categories);
+        open(options.framing, options);
     } else if (urls.front().is_tcp) {
         connect(urls.front(), *interruption, options, announce);
     } else {
@@ -89,9 +89,9 @@ Input::Input(const Origin &origin, const ReadOptions &options, Interruption *int
     }
 }
 
-void Input::open(const FramingKind *framing, const CategorySet &categories) {
+void Input::open(const FramingKind *framing, const ReadOptions &options) {
     stream_->take_off_compression();
-    source_ = open_source(*stream_, framing, categories, framing_);
+    source_ = open_source(*stream_, framing, options, framing_);
     if (!stream_->compression().empty()) framing_.append(", ").append(stream_->compression());
 }
 
@@ -104,7 +104,7 @@ void Input::connect(const LiveUrl &url, Interruption &interruption, const ReadOp
     is_read_ = !connection;
     if (!connection) return;
     stream_ = std::make_unique<OctetStream>(connection->descriptor, &interruption);
-    open(options.framing, options.categories);
+    open(options.framing, options);
     framing_.append(", tcp");
     source_ = std::make_unique<TcpSource>(std::move(source_), *stream_, connection->endpoints);
 }

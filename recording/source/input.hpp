@@ -36,7 +36,7 @@ public:
     std::optional<uint64_t> size() const { return stream_ ? stream_->size() : std::nullopt; }
 
 private:
-    void open(const FramingKind *framing, const CategorySet &categories);
+    void open(const FramingKind *framing, const ReadOptions &options);
     void connect(const LiveUrl &url, Interruption &interruption, const ReadOptions &options, const Announce &announce);
     bool tell_end(Chunk &chunk);
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <ast.h>
 
-#include "base/printable.hpp"
+#include "base/letters.hpp"
 #include "framing/soundness.hpp"
 
 namespace ast::recording {
@@ -110,7 +110,7 @@ void JsonFile::pass(std::string_view text) {
     line_ += feeds_in(text);
     offset_ += text.size();
     begin_ += text.size();
-    encoded_ = {};
+    encoded_text_ = {};
 }
 
 // Whether the objects are the elements of one array, instead of standing for themselves.
@@ -173,15 +173,16 @@ std::string_view JsonFile::next_object() {
 
 // Most lines are one object each, whose braces need not be followed: who encodes it finds that out.
 bool JsonFile::is_record(std::string_view line) {
-    line = line.substr(0, line.find_last_not_of(kBlanks) + 1);
-    return line.ends_with('}') && line.size() < kMostCharacters && encode(line).valid;
+    line = without_blanks_behind(line);
+    return line.ends_with('}') && line.size() < kMostCharacters && encode(line).result.valid;
 }
 
-// What has been encoded just before is not encoded again.
-const ast_json_result_t &JsonFile::encode(std::string_view object) {
-    if (object.data() == encoded_.data() && object.size() == encoded_.size()) return result_;
-    encoded_ = object;
-    return result_ = ast_datarecord_from_json(record_.data(), record_.size(), object.data(), object.size());
+// What has been encoded before is not encoded again.
+const EncodedObject &JsonFile::encode(std::string_view object) {
+    if (const EncodedObject *const ahead = ahead_.find(offset_, object)) return *ahead;
+    if (object.data() != encoded_text_.data() || object.size() != encoded_text_.size())
+        encoded_ = encoder_.encode(encoded_text_ = object);
+    return encoded_;
 }
 
 bool JsonFile::is_too_late(size_t characters) const { return characters > kFewCharacters && stream_.cut_off(); }
@@ -197,15 +198,10 @@ size_t JsonFile::end_of_line(size_t from) {
 }
 
 bool JsonFile::read() {
-    constexpr size_t kOctetsAtATime = size_t{64} * 1024;
     text_.erase(0, begin_);
     begin_ = 0;
-    encoded_ = {};
-    const size_t had = text_.size();
-    text_.resize(had + kOctetsAtATime);
-    const size_t count = stream_.read(reinterpret_cast<uint8_t *>(text_.data()) + had, kOctetsAtATime);
-    text_.resize(had + count);
-    return count != 0;
+    encoded_text_ = {};
+    return ahead_.read(text_);
 }
 
 void JsonFile::take(std::string_view object, Chunk &chunk) {
@@ -214,15 +210,13 @@ void JsonFile::take(std::string_view object, Chunk &chunk) {
     const bool is_line = object.ends_with('\n');
     object = object.substr(0, object.find_last_not_of(is_array() ? kBetweenElements : kBlanks) + 1);
     if (object.empty()) return;
-    const ast_json_result_t result = encode(object);
+    const auto &[result, octets, members] = encode(object);
     // What was about to be written when the user had seen enough is no damage.
     if (!result.valid && stream_.cut_off() && !is_line) return;
     if (!result.valid)
         return report(object, result.position, result.path,
                       result.error ? result.error : "is more than a block can hold", chunk);
-    const JsonMembers members = read_members(object);
     if (members.error) return report(object, members.position, members.wrong_path, members.error, chunk);
-    const Octets octets = Octets(record_).first(result.size);
     if (members.has_octets && !result.is_data && !is_whole_record(octets, result.category))
         return report(object, 0, "octets", "make no whole record", chunk);
     if (result.is_data && result.block == 0) {

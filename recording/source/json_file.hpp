@@ -9,7 +9,7 @@
 #include "base/octet_stream.hpp"
 #include "datagram/datagram_source.hpp"
 #include "framing/block_header.hpp"
-#include "source/json_members.hpp"
+#include "source/json_ahead.hpp"
 
 namespace ast::recording {
 
@@ -19,7 +19,8 @@ bool begins_json(OctetStream &stream);
 
 class JsonFile : public DatagramSource {
 public:
-    explicit JsonFile(OctetStream &stream) : stream_(stream), record_(kMostOctets) {}
+    // Its lines are encoded by so many threads.
+    JsonFile(OctetStream &stream, size_t threads) : stream_(stream), ahead_(stream, threads) {}
 
     // A block for the records that share its number, its category and its file and follow each other, and one for each
     // record without a number; of more octets than a block holds, several. Octets in "data" stand in their block, or,
@@ -28,8 +29,6 @@ public:
     std::string nothing() const override { return "records"; }
 
 private:
-    static constexpr uint64_t kMostOctets = kMaxBlockOctets - kBlockHeaderOctets;
-
     // The block that the next record may belong to.
     struct Block {
         uint64_t number = 0;
@@ -43,7 +42,7 @@ private:
     std::string_view next_element();
     std::string_view next_object();
     bool is_record(std::string_view line);
-    const ast_json_result_t &encode(std::string_view object);
+    const EncodedObject &encode(std::string_view object);
     size_t end_of_line(size_t from);
     bool is_too_late(size_t characters) const;
     bool read();
@@ -55,15 +54,16 @@ private:
     void close_block(Chunk &chunk);
 
     OctetStream &stream_;
+    JsonAhead ahead_;
     std::string text_; // read but not taken, from `begin_` on
     size_t begin_ = 0;
     uint64_t offset_ = 0; // of the next object, in characters of the input
     uint64_t line_ = 1;   // where it begins
     uint64_t column_ = 0; // and how many characters are in front of it there
     std::optional<bool> is_array_;
-    std::vector<uint8_t> record_;
-    std::string_view encoded_; // the object whose octets these are
-    ast_json_result_t result_{};
+    JsonEncoder encoder_;
+    std::string_view encoded_text_; // what this is of
+    EncodedObject encoded_;
     std::optional<Block> block_;
     Datagram last_; // time and route of the last block, and with what it came together
 };

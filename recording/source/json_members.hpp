@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "datagram/datagram.hpp"
@@ -21,7 +22,24 @@ struct JsonMembers {
     uint64_t position = 0; // of it, in characters from the first
 };
 
-// Of an object that is well formed.
-JsonMembers read_members(std::string_view object);
+class JsonMemberReader {
+public:
+    // Of an object that is well formed.
+    JsonMembers read(std::string_view object);
+
+private:
+    // Remembers what it has read last.
+    class Recent {
+    public:
+        std::optional<Endpoint> read(std::string_view text);
+
+    private:
+        std::string text_;
+        std::optional<Endpoint> endpoint_;
+    };
+
+    Recent source_;
+    Recent destination_;
+};
 
 } // namespace ast::recording

@@ -62,7 +62,8 @@ bool each_block_of(std::span<const Origin> origins, const ReadOptions &options, 
     bool is_all = true;
     for (const Origin &origin : origins) {
         const Place place(origin.path);
-        Input input(origin, {.framing = options.framing, .categories = options.categories}, interruption, {});
+        const ReadOptions all{.framing = options.framing, .categories = options.categories, .threads = options.threads};
+        Input input(origin, all, interruption, {});
         is_all = each_block_of(input, interruption, is_enough, take) && is_all;
     }
     return is_all;

@@ -20,6 +20,7 @@ struct ReadOptions {
     bool merge = false;                      // files by the times of their datagrams
     bool follow = false;                     // wait for more at the end
     std::string interface;                   // to listen on; empty for the system's choice
+    size_t threads = 1;                      // that may be at work
     bool locates = false;                    // learn where sources stand
     std::vector<ast_site_t> sites;           // that are known; later ones take the place of earlier ones
 };

@@ -50,6 +50,22 @@ std::string joined(const std::vector<std::string> &pieces) {
     return whole;
 }
 
+// Every so many lines of JSON one that takes several, one that breaks off, and one that is longer than what is read at
+// a time.
+std::string marred(const std::string &lines) {
+    std::string all;
+    uint64_t count = 0;
+    for (size_t begin = 0, end = 0; begin < lines.size(); begin = end, ++count) {
+        end = lines.find('\n', begin) + 1;
+        std::string line = lines.substr(begin, end - begin);
+        if (count % 101 == 7) line.insert(line.find(',') + 1, "\n  ");
+        if (count % 103 == 9) line.erase(line.size() / 2, line.size() / 4);
+        if (count == 500) line.insert(1, 400'000, ' ');
+        all += line;
+    }
+    return all;
+}
+
 TEST(Jobs, ChangeNothing) {
     const std::vector<std::string> blocks = mixed_blocks(12000);
     std::vector<std::string> frames;
@@ -61,8 +77,9 @@ TEST(Jobs, ChangeNothing) {
     command.write("broken", joined(blocks) + hex("22 0002") + kSector);
     command.write("capture", capture);
     command.write("cut", capture.substr(0, capture.size() - 5));
+    command.write("lines", marred(command.run("--json raw").out));
     for (const char *const mode : {"", "--list --color always", "--stats", "--detail --category 1-33"})
-        for (const char *const files : {"broken", "cut", "raw capture"}) {
+        for (const char *const files : {"broken", "cut", "raw capture", "lines"}) {
             SCOPED_TRACE(std::string(mode) + ' ' + files);
             const Result one = command.run(std::string("--jobs 1 ") + mode + ' ' + files);
             const Result three = command.run(std::string("--jobs 3 ") + mode + ' ' + files);

@@ -362,7 +362,7 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     describe_rotation(app, texts);
     app.add_flag("-q,--quiet", options.quiet, "No listing, only reports of damage");
     app.add_flag("-v,--verbose", options.verbose, "Report everything that is damaged, not a line for each reason");
-    app.add_option("--jobs", options.jobs,
+    app.add_option("--jobs", options.threads,
                    "Threads, as many as there are processors if not given; the output is the same")
         ->check(CLI::Range(size_t{1}, kMaxJobs).description(""))
         ->type_name("N");
@@ -594,7 +594,7 @@ CommandLine read_command_line(int argc, char **argv) {
     CLI::App app("Shows the ASTERIX surveillance data in captures and recordings.", "astdump");
     app.allow_windows_style_options(false); // "/" begins a path, on every system
     Options options;
-    options.jobs = std::min(system::processors(), kMaxJobs);
+    options.threads = std::min(system::processors(), kMaxJobs);
     Texts texts;
     describe(app, options, texts);
     try {

@@ -51,7 +51,6 @@ struct Options : ReadOptions {
     bool verbose = false;      // each report by itself
     std::optional<bool> pager; // what is shown on a terminal; nothing: details
     std::string color = "auto";
-    size_t jobs = 1;                    // threads
     std::optional<size_t> chunk_octets; // read at a time; nothing: what suits the output
 
     // Whether what is no record, or broken, is shown along with the others.

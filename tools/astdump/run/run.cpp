@@ -29,7 +29,7 @@ size_t threads_of(const Options &options) {
     const bool is_timed = options.goes_by_clock() && std::ranges::any_of(options.files, is_waited_for);
     const bool is_in_order =
         options.follow || options.count || options.top || options.shifts || options.dedup_window_ns;
-    return is_in_order || is_timed ? 1 : options.jobs;
+    return is_in_order || is_timed ? 1 : options.threads;
 }
 
 size_t chunk_octets_of(const Options &options, const Sinks &sinks) {

@@ -1,11 +1,13 @@
 #include "source/json_ahead.hpp"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 #include "base/letters.hpp"
 #include "base/silence.hpp"
 #include "framing/block_header.hpp"
+#include "system/process.hpp"
 
 namespace ast::recording {
 
@@ -14,6 +16,9 @@ namespace {
 // So much is encoded at a time; of what has yet to arrive, there is less.
 constexpr size_t kPieceOctets = size_t{256} * 1024;
 constexpr size_t kOctetsAtATime = size_t{64} * 1024;
+
+// More would wait for the one that takes what they have encoded.
+constexpr size_t kMostEncoders = 8;
 
 } // namespace
 
@@ -30,27 +35,48 @@ EncodedObject JsonEncoder::encode(std::string_view object) {
     return encoded;
 }
 
-JsonAhead::JsonAhead(OctetStream &stream, size_t threads)
-    : stream_(stream), pieces_ahead_(threads > 1 && stream.is_at_rest() ? threads + 1 : 0) {}
+JsonAhead::JsonAhead(OctetStream &stream, size_t threads) : stream_(stream) {
+    if (threads == 1 || !stream.is_at_rest()) return;
+    encoders_.reserve(kMostEncoders);
+    try {
+        while (encoders_.size() < std::min(threads, kMostEncoders))
+            encoders_.push_back(system::start_thread([this] { encode_pieces(); }));
+    } catch (const std::exception &) {
+        // Those that the system and the memory grant will do.
+    }
+    pieces_ahead_ = encoders_.empty() ? 0 : encoders_.size() + 1;
+}
+
+JsonAhead::~JsonAhead() {
+    {
+        const std::lock_guard lock(mutex_);
+        is_over_ = true;
+    }
+    changed_.notify_all();
+    for (std::thread &encoder : encoders_) encoder.join();
+}
 
 bool JsonAhead::read(std::string &text) {
     if (pieces_ahead_ == 0) {
-        const std::string piece = read_piece();
-        text += piece;
-        return !piece.empty();
+        const bool is_any = read_piece(own_);
+        text += own_.text;
+        return is_any;
     }
-    begin_pieces();
-    if (begun_.empty()) return false;
-    std::unique_ptr<Piece> piece = begun_.front().get();
-    begun_.pop_front();
-    begin_pieces();
-    text += piece->text;
-    if (!piece->lines.empty()) taken_.push_back(std::move(piece));
+    read_pieces();
+    std::unique_lock lock(mutex_);
+    if (read_.empty()) return false;
+    changed_.wait(lock, [&] { return read_.front()->is_encoded; });
+    taken_.push_back(std::move(read_.front()));
+    read_.pop_front();
+    lock.unlock();
+    text += taken_.back()->text;
+    if (taken_.back()->lines.empty()) leave(taken_.back());
+    read_pieces();
     return true;
 }
 
 const EncodedObject *JsonAhead::find(uint64_t offset, std::string_view object) {
-    for (; !taken_.empty(); taken_.pop_front()) {
+    for (; !taken_.empty(); leave(taken_.front())) {
         Piece &piece = *taken_.front();
         while (piece.next < piece.lines.size() && piece.lines[piece.next].offset < offset) ++piece.next;
         if (piece.next == piece.lines.size()) continue;
@@ -60,44 +86,70 @@ const EncodedObject *JsonAhead::find(uint64_t offset, std::string_view object) {
     return nullptr;
 }
 
-// Up to the end of its last line, what is behind that being kept; of a longer line, what there is.
-std::string JsonAhead::read_piece() {
+// Up to the end of its last line, what is behind that being kept; of a longer line, what there is. False at the end.
+bool JsonAhead::read_piece(Piece &piece) {
     const size_t wanted = pieces_ahead_ == 0 ? kOctetsAtATime : kPieceOctets;
-    std::string text = std::exchange(rest_, {});
-    const size_t had = text.size();
-    text.resize(had + wanted);
-    text.resize(had + stream_.read(reinterpret_cast<uint8_t *>(text.data()) + had, wanted));
-    const size_t feed = pieces_ahead_ == 0 || text.size() == had ? std::string::npos : text.rfind('\n');
-    if (feed != std::string::npos) {
-        rest_ = text.substr(feed + 1);
-        text.resize(feed + 1);
-    }
-    return text;
+    std::string &room = piece.room;
+    room.resize(std::max(room.size(), rest_.size() + wanted));
+    std::ranges::copy(rest_, room.begin());
+    const size_t count = stream_.read(reinterpret_cast<uint8_t *>(room.data()) + rest_.size(), wanted);
+    piece.text = std::string_view(room).substr(0, rest_.size() + count);
+    const size_t feed = pieces_ahead_ == 0 || count == 0 ? std::string::npos : piece.text.rfind('\n');
+    const size_t size = feed == std::string::npos ? piece.text.size() : feed + 1;
+    rest_ = piece.text.substr(size);
+    piece.text = piece.text.substr(0, size);
+    piece.offset = offset_;
+    offset_ += size;
+    return size != 0;
 }
 
 // As many as may be worked on.
-void JsonAhead::begin_pieces() {
-    while (begun_.size() < pieces_ahead_) {
-        auto piece = std::make_unique<Piece>(Piece{.text = read_piece(), .offset = offset_, .octets = {}, .lines = {}});
-        if (piece->text.empty()) return;
-        offset_ += piece->text.size();
-        const auto work = [](std::unique_ptr<Piece> begun) {
-            encode_lines(*begun);
-            return begun;
-        };
-        begun_.push_back(std::async(work, std::move(piece))); // here, where there is no other thread to be had
+void JsonAhead::read_pieces() {
+    while (read_.size() < pieces_ahead_) { // which grows on this thread alone
+        auto piece = idle_.empty() ? std::make_unique<Piece>() : std::move(idle_.back());
+        if (!idle_.empty()) idle_.pop_back();
+        if (!read_piece(*piece)) return;
+        piece->is_encoded = false;
+        {
+            const std::lock_guard lock(mutex_);
+            waiting_.push_back(piece.get());
+            read_.push_back(std::move(piece));
+        }
+        changed_.notify_all();
     }
 }
 
-void JsonAhead::encode_lines(Piece &piece) {
+// Its memory is used again, which the system would have to clear otherwise.
+void JsonAhead::leave(std::unique_ptr<Piece> &piece) {
+    idle_.push_back(std::move(piece));
+    std::erase(taken_, nullptr);
+}
+
+void JsonAhead::encode_pieces() {
     const Silence silence;
-    JsonEncoder encoder;
-    const std::string_view text = piece.text;
-    for (size_t begin = 0, end = 0; begin < text.size(); begin = end) {
-        end = std::min(text.find('\n', begin), text.size() - 1) + 1;
-        const std::string_view object = without_blanks_behind(text.substr(begin, end - begin));
+    std::unique_lock lock(mutex_);
+    for (;;) {
+        changed_.wait(lock, [&] { return is_over_ || !waiting_.empty(); });
+        if (is_over_) return;
+        Piece *const piece = waiting_.front();
+        waiting_.pop_front();
+        lock.unlock();
+        encode_lines(*piece);
+        lock.lock();
+        piece->is_encoded = true;
+        changed_.notify_all();
+    }
+}
+
+void JsonAhead::encode_lines(Piece &piece) try {
+    piece.octets.clear();
+    piece.lines.clear();
+    piece.next = 0;
+    for (size_t begin = 0, end = 0; begin < piece.text.size(); begin = end) {
+        end = std::min(piece.text.find('\n', begin), piece.text.size() - 1) + 1;
+        const std::string_view object = without_blanks_behind(piece.text.substr(begin, end - begin));
         if (!object.ends_with('}')) continue;
-        const EncodedObject encoded = encoder.encode(object);
+        const EncodedObject encoded = piece.encoder.encode(object);
         if (!encoded.result.valid) continue;
         piece.lines.push_back(
             {.offset = piece.offset + begin, .chars = object.size(), .begin = piece.octets.size(), .encoded = encoded});
@@ -105,6 +157,8 @@ void JsonAhead::encode_lines(Piece &piece) {
     }
     for (Line &line : piece.lines)
         line.encoded.octets = Octets(piece.octets).subspan(line.begin, line.encoded.octets.size());
+} catch (const std::bad_alloc &) {
+    piece.lines.clear(); // whoever takes it encodes it
 }
 
 } // namespace ast::recording

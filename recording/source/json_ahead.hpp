@@ -2,11 +2,13 @@
 #pragma once
 
 #include <ast.h>
+#include <condition_variable>
 #include <deque>
-#include <future>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 #include "base/octet_stream.hpp"
@@ -39,6 +41,9 @@ class JsonAhead {
 public:
     // With one thread, or of what has yet to arrive, nothing is encoded ahead.
     JsonAhead(OctetStream &stream, size_t threads);
+    ~JsonAhead();
+    JsonAhead(const JsonAhead &) = delete;
+    JsonAhead &operator=(const JsonAhead &) = delete;
 
     // Appends what comes next to the text; false at the end.
     bool read(std::string &text);
@@ -57,23 +62,36 @@ private:
 
     // Stays where it is: there are views of it.
     struct Piece {
-        std::string text; // whole lines, unless one is longer
+        std::string room;      // for what is read, which is never made smaller
+        std::string_view text; // whole lines, unless one is longer
         uint64_t offset = 0;
+        JsonEncoder encoder;
         std::vector<uint8_t> octets;
         std::vector<Line> lines;
         size_t next = 0; // of these that may be asked for
+        bool is_encoded = false;
     };
 
-    std::string read_piece();
-    void begin_pieces();
+    bool read_piece(Piece &piece);
+    void read_pieces();
+    void leave(std::unique_ptr<Piece> &piece);
+    void encode_pieces();
     static void encode_lines(Piece &piece);
 
     OctetStream &stream_;
-    size_t pieces_ahead_; // 0 for none
-    std::string rest_;    // of the last piece, a line that has no end in it
-    uint64_t offset_ = 0; // behind what has been read
-    std::deque<std::future<std::unique_ptr<Piece>>> begun_;
+    size_t pieces_ahead_ = 0;                  // 0 for none
+    std::string rest_;                         // of the last piece, a line that has no end in it
+    uint64_t offset_ = 0;                      // behind what has been read
     std::deque<std::unique_ptr<Piece>> taken_; // that have lines, which may be asked for
+    std::vector<std::unique_ptr<Piece>> idle_;
+    Piece own_; // where nothing is encoded ahead
+
+    std::mutex mutex_; // guards what follows
+    std::condition_variable changed_;
+    std::deque<std::unique_ptr<Piece>> read_; // in their order
+    std::deque<Piece *> waiting_;             // those of them that nobody has begun to encode
+    bool is_over_ = false;
+    std::vector<std::thread> encoders_;
 };
 
 } // namespace ast::recording

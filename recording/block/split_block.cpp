@@ -35,17 +35,23 @@ bool Records::read(EditionMemory &editions, Octets octets, ast_reader_result_t &
     made_ = kNoRecord;
     make_room(octets.size());
     if (!editions.split(split_, octets, result)) result.end = split_.end;
-    if (split_.item_count <= AST_DATARECORD_MAX_ITEMS) return result.valid;
+    if (split_.item_count + split_.broken.item_count <= AST_DATARECORD_MAX_ITEMS) return result.valid;
+    const auto is_overfull = [](const ast_split_record_t &record) {
+        return record.item_count > AST_DATARECORD_MAX_ITEMS;
+    };
     const std::span records(split_.records, static_cast<size_t>(split_.record_count));
-    const auto overfull = std::ranges::find_if(
-        records, [](const ast_split_record_t &record) { return record.item_count > AST_DATARECORD_MAX_ITEMS; });
-    if (overfull == records.end()) return result.valid;
-    split_.record_count = static_cast<uint64_t>(overfull - records.begin());
-    split_.broken = *overfull;
-    split_.broken.item_count = AST_DATARECORD_MAX_ITEMS;
+    const auto overfull = std::ranges::find_if(records, is_overfull);
+    if (overfull != records.end()) {
+        split_.record_count = static_cast<uint64_t>(overfull - records.begin());
+        split_.broken = *overfull;
+    }
+    if (!is_overfull(split_.broken)) return result.valid;
     result.valid = false;
     result.reason = AST_SPLIT_NO_ROOM;
-    result.end = split_.items[overfull->first_item + AST_DATARECORD_MAX_ITEMS].offset;
+    result.end = split_.items[split_.broken.first_item + AST_DATARECORD_MAX_ITEMS].offset;
+    result.broken_frn = 0;
+    result.broken_type = AST_DATAITEM_NONE;
+    split_.broken.item_count = AST_DATARECORD_MAX_ITEMS;
     return false;
 }
 

@@ -168,4 +168,18 @@ TEST(LongBlocks, KeepRecordsOfMoreItemsThanCanBeShown) {
     EXPECT_EQ(read_file(command.directory() + "/again.ast"), block);
 }
 
+// The same, broken off behind the 33rd of them, and further on.
+TEST(LongBlocks, ShowTheBeginningOfRecordsOfManyItemsThatBreakOff) {
+    const std::string items(100, '\0');
+    Command command;
+    command.write("b", hex("15 005E FFFFFFFFFFFE") + items.substr(0, 85) + hex("15 006A FFFFFFFFFFFE") +
+                           items.substr(0, 97));
+    for (const char *const mode : {"", "--list", "--detail", "--json"}) {
+        const Result result = command.run(std::string(mode) + " b");
+        EXPECT_NE(result.err.find("2 blocks, the first at offset 0: in record 1 after 32 items, at octet 92 of 94"),
+                  std::string::npos)
+            << mode << result.err;
+    }
+}
+
 } // namespace

@@ -221,7 +221,8 @@ typedef struct {
  *  the item does not have, or a value that does not fit, is an error; so is any JSON that is malformed or nested deeper
  *  than 32 levels. null is as good as a member that is missing.
  *  json   chars characters, no terminator needed
- *  Nothing is written behind length; what is in the buffer has no meaning unless the result is valid. */
+ *  Nothing is written behind length; what is in the buffer has no meaning behind the record, nor unless the result is
+ *  valid. */
 AST_API ast_json_result_t ast_datarecord_from_json(uint8_t *buffer, uint64_t length, const char *json, uint64_t chars);
 
 AST_END_DECLARATIONS

@@ -69,8 +69,8 @@ typedef struct ast_recording ast_recording_t;
 typedef struct {
     uint8_t family;     /* 4 or 6, the version of IP; 0 where nothing is known, and then all else is 0 */
     uint8_t octets[16]; /* of the address, as they stand in a packet; the first four for IPv4 */
-    uint16_t port;
-    uint32_t scope; /* of a link-local IPv6 address, the index of its interface; 0 where that is not known */
+    uint16_t port;      /* of UDP or TCP */
+    uint32_t scope;     /* of a link-local IPv6 address, the index of its interface; 0 where that is not known */
 } ast_endpoint_t;
 
 /** Writes "10.0.0.1:8600" or "[2001:db8::1]:8600", or nothing where nothing is known: cut at the capacity, and
@@ -132,12 +132,12 @@ typedef struct {
                          TCP in a capture, in the stream. AST_OFFSET_NONE where there is none */
     uint64_t octets;  /* that are lost; 0 where that is not known or there are none: a sum of these is what is known to
                          be lost */
-    uint64_t available; /* octets that are there of what it is about */
-    uint64_t length;    /* LEN of the block */
-    uint32_t category;  /* of the block; 0 where it is about none */
-    ast_endpoint_t sender;
-    ast_endpoint_t receiver;
-    const char *detail; /* what the reason cannot say; never null */
+    uint64_t available;      /* octets that are there of what it is about */
+    uint64_t length;         /* LEN of the block */
+    uint32_t category;       /* of the block; 0 where it is about none */
+    ast_endpoint_t sender;   /* where it came from, as far as it is known */
+    ast_endpoint_t receiver; /* where it was sent to, as far as it is known */
+    const char *detail;      /* what the reason cannot say; never null */
 
     /* Of AST_REASON_LINE. */
     uint64_t line;      /* from 1 */
@@ -229,8 +229,8 @@ typedef struct {
 
 /** What went wrong: a code, and a sentence with the name of the input. */
 typedef struct {
-    uint32_t code; /* AST_RECORDING_ERROR_... */
-    char text[500];
+    uint32_t code;  /* AST_RECORDING_ERROR_... */
+    char text[500]; /* the sentence, terminated */
 } ast_recording_error_t;
 
 /** Opens inputs, to be read one after the other or merged.
@@ -282,8 +282,8 @@ typedef struct {
     int64_t time_ns;   /* when it was received, since 1970-01-01 UTC, by the clock of the recorder, or of this host
                           when it was taken from the network. Of a recorder that knows no date, since the beginning of
                           its first day, as if that were 1970-01-01. AST_TIME_UNKNOWN where there is none */
-    ast_endpoint_t sender;
-    ast_endpoint_t receiver;
+    ast_endpoint_t sender;    /* where it came from, as far as it is known */
+    ast_endpoint_t receiver;  /* where it was sent to, as far as it is known */
     ast_reader_result_t read; /* whether its records fill it, by which profile and edition, and where it breaks off;
                                  category and length are the block's */
     uint32_t state;           /* AST_BLOCK_..., which says what is reported on it, if anything */
@@ -467,10 +467,10 @@ AST_RECORDING_API void ast_sender_get_statistics(const ast_sender_t *sender, ast
 
 /** One thing that has happened to a connection. */
 typedef struct {
-    uint32_t kind;           /* AST_SENDER_... */
-    ast_endpoint_t endpoint; /* of the other side; with AST_SENDER_LISTENING, of this one */
-    uint64_t lost_blocks;
-    uint64_t lost_octets;
+    uint32_t kind;                 /* AST_SENDER_... */
+    ast_endpoint_t endpoint;       /* of the other side; with AST_SENDER_LISTENING, of this one */
+    uint64_t lost_blocks;          /* in the datagrams that are lost */
+    uint64_t lost_octets;          /* of these datagrams */
     ast_recording_error_t failure; /* with AST_SENDER_GONE, why */
 } ast_sender_event_t;
 

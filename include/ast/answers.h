@@ -176,7 +176,7 @@ AST_BEGIN_DECLARATIONS
 
 /** What is known beside the record. All zero is nothing. */
 typedef struct {
-    bool has_reception;
+    bool has_reception;   /* reception_ns is known */
     int64_t reception_ns; /* when the record was received, nanoseconds since 1970, UTC */
     uint64_t reserved[6]; /* 0 */
 } ast_answer_context_t;
@@ -205,12 +205,12 @@ typedef struct {
     double true_heading_deg;     /* 0 to 360 */
     double vertical_rate_ftmin;  /* positive when climbing */
     double roll_deg;             /* positive with the right wing down */
-    double true_airspeed_kt;
+    double true_airspeed_kt;     /* as the aircraft tells it, as the next two */
     double indicated_airspeed_kt;
     double mach;
-    uint32_t category; /* of the record */
-    uint32_t sac;      /* of the data source */
-    uint32_t sic;
+    uint32_t category;     /* of the record */
+    uint32_t sac;          /* System Area Code of the data source */
+    uint32_t sic;          /* System Identification Code of the data source */
     uint32_t type;         /* AST_MESSAGE_... */
     uint32_t track_number; /* of category 001 and 015, that of a plot, too */
     uint32_t squawk;       /* Mode 3/A code, 12 bits: four octal digits */
@@ -219,12 +219,12 @@ typedef struct {
     bool squawk_validated;                       /* the code was received alike more than once */
     bool squawk_garbled;                         /* replies overlapped */
     bool squawk_smoothed;                        /* by a tracker, or not extracted in the last scan */
-    bool squawk_changed;
-    bool spi;       /* special position identification */
-    bool emergency; /* a field says so, or the code is 7500, 7600 or 7700, neither garbled nor not
-                       validated; military emergencies and priority as with minimum fuel included */
-    bool on_ground;
-    bool simulated;
+    bool squawk_changed;                         /* the code is another than before, as I062/060 tells */
+    bool spi;                                    /* special position identification */
+    bool emergency;   /* a field says so, or the code is 7500, 7600 or 7700, neither garbled nor not
+                         validated; military emergencies and priority as with minimum fuel included */
+    bool on_ground;   /* it is on the ground, or has said so */
+    bool simulated;   /* made by a simulator, of no real target */
     bool test;        /* test target */
     bool coasted;     /* extrapolated, not detected */
     bool ended;       /* the last report of a track */

@@ -1,4 +1,13 @@
-/* What every part of the header needs. */
+/* What every part of the header needs.
+ *
+ * Members of these names mean the same in all structs, and have comments only where there is more to say:
+ *
+ *     valid      what the struct says may be used. Where it is false, the rest is 0, or what could be read before the
+ *                fault, or a default that its comment names
+ *     present    the field or subfield is sent; its value is 0 where this is false
+ *     subfields  which subfields a compound item has, and their octets (compounds.h)
+ *     reserved   for later versions; to be 0 in what the caller hands in
+ *     x_raw      the field as it is sent, in steps of its LSB; beside it, x_nm and the like, the same in that unit */
 #ifndef AST_BASE_H
 #define AST_BASE_H
 

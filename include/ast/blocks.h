@@ -86,9 +86,9 @@ AST_API void ast_datarecord_get_detail_html(char *text, uint64_t capacity, const
 
 /** One item of a split block. */
 typedef struct {
-    ast_dataitem_type_t type;
-    uint32_t offset; /* of its first octet, from the CAT octet */
-    uint32_t size;   /* octets */
+    ast_dataitem_type_t type; /* as that of ast_dataitem_t: category × 1000 + item */
+    uint32_t offset;          /* of its first octet, from the CAT octet */
+    uint32_t size;            /* octets */
 } ast_split_item_t;
 
 /** One record of a split block. */

@@ -16,16 +16,16 @@ AST_API const char *ast_dataitem_001_get_name(ast_dataitem_type_t type);
 /** I001/020, target report descriptor. What stands in an octet that was not sent is 0 or false. */
 typedef struct {
     bool valid;
-    uint32_t typ; /* 0 plot, 1 track */
-    bool sim;
+    uint32_t typ;     /* 0 plot, 1 track */
+    bool sim;         /* simulated plot or track */
     uint32_t ssr_psr; /* detected in the last scan: 0 not at all, 1 by PSR, 2 by SSR, 3 by both */
     uint32_t ant;     /* antenna, 1 (by default, also for 0) or 2 */
-    bool spi;
-    bool rab; /* from a fixed transponder */
-    bool tst;
+    bool spi;         /* special position identification, which the pilot sends when asked to */
+    bool rab;         /* from a fixed transponder */
+    bool tst;         /* test target */
     uint32_t ds1_ds2; /* 0 none, 1 unlawful interference (7500), 2 communication failure (7600), 3 emergency (7700) */
-    bool me;
-    bool mi;
+    bool me;          /* military emergency */
+    bool mi;          /* military identification */
 } ast_dataitem_001_020_t;
 AST_API ast_dataitem_001_020_t ast_dataitem_001_020_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_001_020_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);

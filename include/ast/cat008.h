@@ -37,13 +37,13 @@ AST_API void ast_dataitem_008_020_get_detail_html(char *text, uint64_t capacity,
 /** I008/034, polar vectors. Not valid, as the next and I008/050, where the octets are not as many as the count says. */
 typedef struct {
     bool valid;
-    uint32_t count;
+    uint32_t count; /* REP */
     struct {
         uint32_t start_range; /* LSB 2^(f-7) NM, as the next */
         uint32_t end_range;
         uint32_t azimuth_raw; /* LSB 360/2^16 degrees */
         double azimuth_deg;
-    } vectors[AST_REPETITIONS_MAX];
+    } vectors[AST_REPETITIONS_MAX]; /* the first count are meaningful */
 } ast_dataitem_008_034_t;
 AST_API ast_dataitem_008_034_t ast_dataitem_008_034_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_008_034_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -52,12 +52,12 @@ AST_API void ast_dataitem_008_034_get_detail_html(char *text, uint64_t capacity,
 /** I008/036, Cartesian vectors of start point and length. */
 typedef struct {
     bool valid;
-    uint32_t count;
+    uint32_t count; /* REP */
     struct {
         int32_t x; /* LSB 2^(f-6) NM, as the next two */
         int32_t y;
         uint32_t length;
-    } vectors[AST_REPETITIONS_MAX];
+    } vectors[AST_REPETITIONS_MAX]; /* the first count are meaningful */
 } ast_dataitem_008_036_t;
 AST_API ast_dataitem_008_036_t ast_dataitem_008_036_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_008_036_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -66,13 +66,13 @@ AST_API void ast_dataitem_008_036_get_detail_html(char *text, uint64_t capacity,
 /** I008/038, weather vectors of start point and end point. */
 typedef struct {
     bool valid;
-    uint32_t count;
+    uint32_t count; /* REP */
     struct {
         int32_t x1; /* LSB 2^(f-6) NM, as the next three */
         int32_t y1;
         int32_t x2;
         int32_t y2;
-    } vectors[AST_REPETITIONS_MAX];
+    } vectors[AST_REPETITIONS_MAX]; /* the first count are meaningful */
 } ast_dataitem_008_038_t;
 AST_API ast_dataitem_008_038_t ast_dataitem_008_038_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_008_038_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -93,11 +93,11 @@ AST_API void ast_dataitem_008_040_get_detail_html(char *text, uint64_t capacity,
 /** I008/050, points of a contour. */
 typedef struct {
     bool valid;
-    uint32_t count;
+    uint32_t count; /* REP */
     struct {
         int32_t x; /* LSB 2^(f-6) NM, as the next */
         int32_t y;
-    } points[AST_REPETITIONS_MAX];
+    } points[AST_REPETITIONS_MAX]; /* the first count are meaningful */
 } ast_dataitem_008_050_t;
 AST_API ast_dataitem_008_050_t ast_dataitem_008_050_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_008_050_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);

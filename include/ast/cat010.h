@@ -25,12 +25,12 @@ typedef struct {
     uint32_t chn; /* chain, 1 (by default, also for 0) or 2 */
     bool gbs;     /* ground bit */
     bool crt;     /* corrupted replies */
-    bool sim;
-    bool tst;
+    bool sim;     /* simulated */
+    bool tst;     /* test target */
     bool rab;     /* from a fixed transponder */
     uint32_t lop; /* 0 undetermined, 1 loop start, 2 loop finish */
     uint32_t tot; /* 0 undetermined, 1 aircraft, 2 ground vehicle, 3 helicopter */
-    bool spi;
+    bool spi;     /* special position identification */
 } ast_dataitem_010_020_t;
 AST_API ast_dataitem_010_020_t ast_dataitem_010_020_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_010_020_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -88,12 +88,12 @@ AST_API void ast_dataitem_010_170_encode(ast_dataitem_t *result, uint8_t *buffer
 /** I010/270, target size and orientation. What was not sent is 0. */
 typedef struct {
     bool valid;
-    uint32_t length_m;
-    bool orientation_present;
+    uint32_t length_m;        /* LSB 1 m, 0 to 127 */
+    bool orientation_present; /* the second octet is sent */
     uint32_t orientation_raw; /* LSB 360/128 degrees */
     double orientation_deg;   /* of the nose, from geographical north */
-    bool width_present;
-    uint32_t width_m;
+    bool width_present;       /* the third octet is sent */
+    uint32_t width_m;         /* LSB 1 m, 0 to 127 */
 } ast_dataitem_010_270_t;
 AST_API ast_dataitem_010_270_t ast_dataitem_010_270_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_010_270_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -122,11 +122,11 @@ AST_API void ast_dataitem_010_500_encode(ast_dataitem_t *result, uint8_t *buffer
 /** I010/550, system status. */
 typedef struct {
     bool valid;
-    uint32_t nogo; /* 0 operational, 1 degraded, 2 not released */
-    bool ovl;      /* overloaded */
-    bool time_valid;
-    bool div; /* diversity degraded */
-    bool ttf; /* test target failure */
+    uint32_t nogo;   /* 0 operational, 1 degraded, 2 not released */
+    bool ovl;        /* overloaded */
+    bool time_valid; /* time source valid; the bit that is sent says the contrary */
+    bool div;        /* diversity degraded */
+    bool ttf;        /* test target failure */
 } ast_dataitem_010_550_t;
 AST_API ast_dataitem_010_550_t ast_dataitem_010_550_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_010_550_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);

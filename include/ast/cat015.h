@@ -55,9 +55,9 @@ typedef struct {
     bool valid;
     uint32_t count; /* REP */
     struct {
-        uint32_t cls;         /* as the sensor defines it */
-        uint32_t prb_percent; /* how probable it is */
-    } classes[AST_015_300_MAX_CLASSES];
+        uint32_t cls;                   /* as the sensor defines it */
+        uint32_t prb_percent;           /* how probable it is */
+    } classes[AST_015_300_MAX_CLASSES]; /* the first count are meaningful */
 } ast_dataitem_015_300_t;
 AST_API ast_dataitem_015_300_t ast_dataitem_015_300_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_015_300_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -78,9 +78,9 @@ typedef struct {
     bool valid;
     uint32_t count; /* REP */
     struct {
-        uint32_t pid;
+        uint32_t pid; /* as in I015/400, as the next */
         uint32_t on;
-    } measurements[AST_REPETITIONS_MAX];
+    } measurements[AST_REPETITIONS_MAX]; /* the first count are meaningful */
 } ast_dataitem_015_480_t;
 AST_API ast_dataitem_015_480_t ast_dataitem_015_480_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_015_480_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -95,14 +95,14 @@ AST_API void ast_dataitem_015_480_get_detail_html(char *text, uint64_t capacity,
 /** A subfield of one number. */
 typedef struct {
     bool present;
-    int32_t raw;
+    int32_t raw;  /* as sent */
     double value; /* in the unit of the subfield */
 } ast_dataitem_015_number_t;
 
 /** A subfield of two components, in target centric Cartesian coordinates. */
 typedef struct {
     bool present;
-    int32_t x_raw;
+    int32_t x_raw; /* as sent, as the next */
     int32_t y_raw;
     double x; /* in the unit of the subfield, as the next */
     double y;
@@ -111,7 +111,7 @@ typedef struct {
 /** A resolution or a standard deviation of two components. */
 typedef struct {
     bool present;
-    int32_t x_raw;
+    int32_t x_raw; /* as sent, as the next */
     int32_t y_raw;
     double x; /* in the unit of the subfield, as the next */
     double y;
@@ -121,7 +121,7 @@ typedef struct {
 /** The standard deviation of a rate. */
 typedef struct {
     bool present;
-    int32_t raw;
+    int32_t raw;        /* as sent */
     double value;       /* in the unit of the subfield */
     double correlation; /* of the rate with what changes at it */
 } ast_dataitem_015_precision_t;
@@ -189,11 +189,11 @@ typedef struct {
     ast_dataitem_015_spread_t sd_hv;  /* standard deviation, m/s, LSB 1/100 m/s */
     struct {
         bool present;
-        double xx; /* of the velocity along x with the position along x, and so on */
-        double xy;
-        double yx;
-        double yy;
-    } co_hvhp; /* correlation with the horizontal position */
+        double xx; /* of the velocity along x with the position along x */
+        double xy; /* of the velocity along x with the position along y */
+        double yx; /* of the velocity along y with the position along x */
+        double yy; /* of the velocity along y with the position along y */
+    } co_hvhp;     /* correlation with the horizontal position */
 } ast_dataitem_015_602_t;
 AST_API uint64_t ast_dataitem_015_602_get_size(const uint8_t *data, uint64_t available);
 AST_API uint64_t ast_subfield_015_602_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
@@ -240,7 +240,7 @@ typedef struct {
     ast_dataitem_015_number_t ra;       /* range acceleration, m/s^2, LSB 1/2^6 m/s^2 */
     struct {
         bool present;
-        int32_t raw;
+        int32_t raw;              /* as sent */
         double value;             /* m/s^2, LSB 1/2^7 m/s^2 */
         double range_correlation; /* with the range */
         double rate_correlation;  /* with the range rate */

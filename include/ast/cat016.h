@@ -19,7 +19,7 @@ AST_API void ast_dataitem_016_000_get_summary(char *text, uint64_t capacity, con
 /** I016/200, period of the configuration reports. */
 typedef struct {
     bool valid;
-    uint32_t period_s;
+    uint32_t period_s; /* how often the configuration is reported, 0 to 255 */
 } ast_dataitem_016_200_t;
 AST_API ast_dataitem_016_200_t ast_dataitem_016_200_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_016_200_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -30,12 +30,12 @@ AST_API void ast_dataitem_016_200_get_summary(char *text, uint64_t capacity, con
 /** I016/300, the pairs of a transmitter and a receiver. I015/400 refers to them. */
 typedef struct {
     bool valid;
-    uint32_t count;
+    uint32_t count; /* REP, as sent */
     struct {
-        uint32_t pid; /* the pair */
-        uint32_t tid; /* its transmitter, as in I016/410 */
-        uint32_t rid; /* its receiver, as in I016/420 */
-    } pairs[AST_REPETITIONS_MAX];
+        uint32_t pid;             /* the pair */
+        uint32_t tid;             /* its transmitter, as in I016/410 */
+        uint32_t rid;             /* its receiver, as in I016/420 */
+    } pairs[AST_REPETITIONS_MAX]; /* the first count of an item that is valid */
 } ast_dataitem_016_300_t;
 AST_API ast_dataitem_016_300_t ast_dataitem_016_300_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_016_300_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -64,15 +64,15 @@ typedef struct {
 /** I016/410, properties of transmitters. */
 typedef struct {
     bool valid;
-    uint32_t count;
+    uint32_t count; /* REP, as sent */
     struct {
-        uint32_t tid; /* identification */
-        ast_dataitem_016_site_t site;
-        int32_t tto_raw; /* transmission time offset, LSB 2 ns */
+        uint32_t tid;                 /* identification */
+        ast_dataitem_016_site_t site; /* where it stands */
+        int32_t tto_raw;              /* transmission time offset, LSB 2 ns */
         int64_t tto_ns;
-        uint32_t ato_ns; /* accuracy of the time offset: its standard deviation in nanoseconds */
-        uint32_t pci;    /* parallel transmitter index */
-    } transmitters[AST_REPETITIONS_MAX];
+        uint32_t ato_ns;                 /* accuracy of the time offset: its standard deviation in nanoseconds */
+        uint32_t pci;                    /* parallel transmitter index */
+    } transmitters[AST_REPETITIONS_MAX]; /* the first count of an item that is valid */
 } ast_dataitem_016_410_t;
 AST_API ast_dataitem_016_410_t ast_dataitem_016_410_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_016_410_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -81,11 +81,11 @@ AST_API void ast_dataitem_016_410_get_detail_html(char *text, uint64_t capacity,
 /** I016/420, properties of receivers. */
 typedef struct {
     bool valid;
-    uint32_t count;
+    uint32_t count; /* REP, as sent */
     struct {
-        uint32_t rid; /* identification */
-        ast_dataitem_016_site_t site;
-    } receivers[AST_REPETITIONS_MAX];
+        uint32_t rid;                 /* identification */
+        ast_dataitem_016_site_t site; /* where it stands */
+    } receivers[AST_REPETITIONS_MAX]; /* the first count of an item that is valid */
 } ast_dataitem_016_420_t;
 AST_API ast_dataitem_016_420_t ast_dataitem_016_420_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_016_420_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);

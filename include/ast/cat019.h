@@ -33,9 +33,9 @@ AST_API void ast_dataitem_019_550_get_detail_html(char *text, uint64_t capacity,
 typedef struct {
     bool valid;
     struct {
-        bool exec; /* executive, otherwise standby */
-        bool good; /* otherwise faulted */
-    } tp[AST_019_551_PROCESSORS];
+        bool exec;                /* executive, otherwise standby */
+        bool good;                /* otherwise faulted */
+    } tp[AST_019_551_PROCESSORS]; /* processor 1 first */
 } ast_dataitem_019_551_t;
 AST_API ast_dataitem_019_551_t ast_dataitem_019_551_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_019_551_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -45,14 +45,14 @@ AST_API void ast_dataitem_019_551_get_detail_html(char *text, uint64_t capacity,
 typedef struct {
     bool valid;
     struct {
-        uint32_t rsi; /* identification, 0 to 255 */
-        bool rs1090;  /* has a receiver for 1090 MHz */
-        bool tx1030;  /* has a transmitter for 1030 MHz */
-        bool tx1090;  /* has a transmitter for 1090 MHz */
-        bool rss;     /* good, otherwise faulted */
-        bool rso;     /* online */
-    } sensors[AST_REPETITIONS_MAX];
-    uint64_t count; /* REP: the first so many sensors are meaningful */
+        uint32_t rsi;               /* identification, 0 to 255 */
+        bool rs1090;                /* has a receiver for 1090 MHz */
+        bool tx1030;                /* has a transmitter for 1030 MHz */
+        bool tx1090;                /* has a transmitter for 1090 MHz */
+        bool rss;                   /* good, otherwise faulted */
+        bool rso;                   /* online */
+    } sensors[AST_REPETITIONS_MAX]; /* in the order in which they are sent */
+    uint64_t count;                 /* REP: the first so many sensors are meaningful */
 } ast_dataitem_019_552_t;
 AST_API ast_dataitem_019_552_t ast_dataitem_019_552_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_019_552_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -83,7 +83,7 @@ AST_API void ast_dataitem_019_610_get_detail_html(char *text, uint64_t capacity,
 /** I019/620, height of the geoid above the ellipsoid; read as magnitude less 127 when negative. */
 typedef struct {
     bool valid;
-    int32_t undulation_m;
+    int32_t undulation_m; /* LSB 1 m */
 } ast_dataitem_019_620_t;
 AST_API ast_dataitem_019_620_t ast_dataitem_019_620_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_019_620_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);

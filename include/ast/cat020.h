@@ -17,21 +17,21 @@ AST_API const char *ast_dataitem_020_get_name(ast_dataitem_type_t type);
  *  not sent is false, and 1 and 3 for chn and cf. */
 typedef struct {
     bool valid;
-    bool ssr; /* SSR, 1090 MHz, without Mode S */
-    bool ms;  /* Mode S, 1090 MHz */
-    bool hf;
-    bool vdl4; /* VDL Mode 4 */
-    bool uat;
-    bool dme; /* DME or TACAN */
-    bool ot;  /* another one */
-    bool rab; /* from a fixed transponder */
-    bool spi;
+    bool ssr;     /* SSR, 1090 MHz, without Mode S */
+    bool ms;      /* Mode S, 1090 MHz */
+    bool hf;      /* HF multilateration */
+    bool vdl4;    /* VDL Mode 4 */
+    bool uat;     /* universal access transceiver */
+    bool dme;     /* DME or TACAN */
+    bool ot;      /* another one */
+    bool rab;     /* from a fixed transponder */
+    bool spi;     /* special position identification */
     uint32_t chn; /* chain, 1 (by default, also for 0) or 2 */
     bool gbs;     /* ground bit */
     bool crt;     /* corrupted replies */
-    bool sim;
-    bool tst;
-    uint32_t cf; /* address: 0 of ICAO, 1 another; 2 no ADS-B message, 3 (by default) not available */
+    bool sim;     /* simulated */
+    bool tst;     /* test target */
+    uint32_t cf;  /* address: 0 of ICAO, 1 another; 2 no ADS-B message, 3 (by default) not available */
 } ast_dataitem_020_020_t;
 AST_API ast_dataitem_020_020_t ast_dataitem_020_020_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_020_020_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -52,10 +52,10 @@ AST_API void ast_dataitem_020_030_encode(ast_dataitem_t *result, uint8_t *buffer
 /** I020/055, Mode 1 code. */
 typedef struct {
     bool valid;
-    bool not_validated;
-    bool garbled;
-    bool smoothed;
-    uint32_t code; /* five bits: the digit A in three, the digit B in two */
+    bool not_validated; /* the code was not received alike more than once */
+    bool garbled;       /* replies overlapped */
+    bool smoothed;      /* from a local tracker, not from the last reply */
+    uint32_t code;      /* five bits: the digit A in three, the digit B in two */
 } ast_dataitem_020_055_t;
 AST_API ast_dataitem_020_055_t ast_dataitem_020_055_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_020_055_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);

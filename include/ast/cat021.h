@@ -55,8 +55,8 @@ AST_API void ast_dataitem_021_020_encode(ast_dataitem_t *result, uint8_t *buffer
 /** I021/032, accuracy of the time of day. */
 typedef struct {
     bool valid;
-    uint32_t raw; /* LSB 1/256 s */
-    double accuracy_s;
+    uint32_t raw;      /* LSB 1/256 s */
+    double accuracy_s; /* how far the time of day may be off, below 1 s */
 } ast_dataitem_021_032_t;
 AST_API ast_dataitem_021_032_t ast_dataitem_021_032_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_021_032_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -71,16 +71,16 @@ typedef struct {
     bool rab;     /* from a fixed transponder */
     bool dcr;     /* differential correction */
     bool gbs;     /* ground bit set */
-    bool sim;
-    bool tst;
-    bool saa;    /* cannot provide a selected altitude */
-    uint32_t cl; /* confidence level: 0 valid, 1 suspect, 2 no information, 3 reserved */
-    bool ipc;    /* independent position check failed */
-    bool nogo;
-    bool cpr;   /* CPR validation failed */
-    bool ldpj;  /* local decoding position jump detected */
-    bool rcf;   /* range check failed */
-    bool bit_2; /* bit 2 of the third octet */
+    bool sim;     /* simulated */
+    bool tst;     /* test target */
+    bool saa;     /* cannot provide a selected altitude */
+    uint32_t cl;  /* confidence level: 0 valid, 1 suspect, 2 no information, 3 reserved */
+    bool ipc;     /* independent position check failed */
+    bool nogo;    /* the go/no-go bit of I023/100 is set */
+    bool cpr;     /* CPR validation failed */
+    bool ldpj;    /* local decoding position jump detected */
+    bool rcf;     /* range check failed */
+    bool bit_2;   /* bit 2 of the third octet */
 } ast_dataitem_021_040_t;
 /** The flags of the third octet are taken from one bit above their published places. */
 AST_API ast_dataitem_021_040_t ast_dataitem_021_040_decode(const ast_dataitem_t *item);
@@ -93,21 +93,21 @@ AST_API void ast_dataitem_021_040_encode(ast_dataitem_t *result, uint8_t *buffer
 /** A field that its item may leave out. */
 typedef struct {
     bool present;
-    uint32_t value;
+    uint32_t value; /* 0 when it is left out */
 } ast_optional_field_t;
 
 /** I021/090, quality indicators. The members behind nucp_nic are those of the extensions. */
 typedef struct {
     bool valid;
-    uint32_t nucr_nacv; /* navigation uncertainty or accuracy category of the velocity, 0 to 7 */
-    uint32_t nucp_nic;  /* uncertainty or integrity category of the position, 0 to 15 */
-    ast_optional_field_t nic_baro;
-    ast_optional_field_t sil;   /* surveillance integrity level, 0 to 3 */
-    ast_optional_field_t nac_p; /* navigation accuracy category of the position, 0 to 15 */
-    ast_optional_field_t sil_s; /* SIL supplement: 0 per flight hour, 1 per sample */
-    ast_optional_field_t sda;   /* system design assurance, 0 to 3 */
-    ast_optional_field_t gva;   /* geometric altitude accuracy, 0 to 3 */
-    ast_optional_field_t pic;   /* position integrity category, 0 to 15 */
+    uint32_t nucr_nacv;            /* navigation uncertainty or accuracy category of the velocity, 0 to 7 */
+    uint32_t nucp_nic;             /* uncertainty or integrity category of the position, 0 to 15 */
+    ast_optional_field_t nic_baro; /* navigation integrity category of the barometric altitude, 0 or 1 */
+    ast_optional_field_t sil;      /* surveillance integrity level, 0 to 3 */
+    ast_optional_field_t nac_p;    /* navigation accuracy category of the position, 0 to 15 */
+    ast_optional_field_t sil_s;    /* SIL supplement: 0 per flight hour, 1 per sample */
+    ast_optional_field_t sda;      /* system design assurance, 0 to 3 */
+    ast_optional_field_t gva;      /* geometric altitude accuracy, 0 to 3 */
+    ast_optional_field_t pic;      /* position integrity category, 0 to 15 */
 } ast_dataitem_021_090_t;
 AST_API ast_dataitem_021_090_t ast_dataitem_021_090_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_021_090_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -146,8 +146,8 @@ AST_API const char *ast_subfield_021_220_get_name(uint32_t subfield_type);
 /** I021/140, geometric altitude. */
 typedef struct {
     bool valid;
-    int32_t raw; /* LSB 6.25 ft */
-    double altitude_ft;
+    int32_t raw;        /* LSB 6.25 ft; read as magnitude less 32767 when negative */
+    double altitude_ft; /* above the WGS-84 ellipsoid */
 } ast_dataitem_021_140_t;
 AST_API ast_dataitem_021_140_t ast_dataitem_021_140_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_021_140_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -158,8 +158,8 @@ AST_API void ast_dataitem_021_140_encode(ast_dataitem_t *result, uint8_t *buffer
 /** I021/145, flight level. */
 typedef struct {
     bool valid;
-    int32_t raw; /* LSB 1/4 FL */
-    double altitude_ft;
+    int32_t raw;        /* LSB 1/4 FL; read as magnitude less 32767 when negative */
+    double altitude_ft; /* barometric, without a correction by QNH */
 } ast_dataitem_021_145_t;
 AST_API ast_dataitem_021_145_t ast_dataitem_021_145_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_021_145_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -170,10 +170,10 @@ AST_API void ast_dataitem_021_145_encode(ast_dataitem_t *result, uint8_t *buffer
 /** I021/146, selected altitude. */
 typedef struct {
     bool valid;
-    bool sas;        /* information on the source is provided */
-    uint32_t source; /* as ast_selected_altitude_source_from_int */
-    int32_t raw;     /* LSB 25 ft, 13 bits */
-    double altitude_ft;
+    bool sas;           /* information on the source is provided */
+    uint32_t source;    /* as ast_selected_altitude_source_from_int */
+    int32_t raw;        /* LSB 25 ft, 13 bits; read as magnitude less 4095 when negative */
+    double altitude_ft; /* in steps of 25 ft */
 } ast_dataitem_021_146_t;
 AST_API ast_dataitem_021_146_t ast_dataitem_021_146_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_021_146_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -196,8 +196,8 @@ AST_API void ast_dataitem_021_150_encode(ast_dataitem_t *result, uint8_t *buffer
 /** I021/151, true air speed. */
 typedef struct {
     bool valid;
-    bool re; /* range exceeded */
-    uint32_t speed_kt;
+    bool re;           /* range exceeded */
+    uint32_t speed_kt; /* LSB 1 kt, 15 bits */
 } ast_dataitem_021_151_t;
 AST_API ast_dataitem_021_151_t ast_dataitem_021_151_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_021_151_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -206,8 +206,8 @@ AST_API void ast_dataitem_021_151_get_detail_html(char *text, uint64_t capacity,
 /** I021/152, magnetic heading. */
 typedef struct {
     bool valid;
-    uint32_t raw; /* LSB 360/2^16 degrees */
-    double heading_deg;
+    uint32_t raw;       /* LSB 360/2^16 degrees */
+    double heading_deg; /* clockwise from magnetic north, 0 to below 360 */
 } ast_dataitem_021_152_t;
 AST_API ast_dataitem_021_152_t ast_dataitem_021_152_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_021_152_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -216,11 +216,11 @@ AST_API void ast_dataitem_021_152_get_detail_html(char *text, uint64_t capacity,
 /** I021/160, ground vector. */
 typedef struct {
     bool valid;
-    bool re;            /* range exceeded */
-    int32_t speed_raw;  /* LSB 2^-14 NM/s; negative when re is set, as re is its sign bit */
-    uint32_t track_raw; /* LSB 360/2^16 degrees */
-    double ground_speed_kt;
-    double track_angle_deg;
+    bool re;                /* range exceeded */
+    int32_t speed_raw;      /* LSB 2^-14 NM/s; negative when re is set, as re is its sign bit */
+    uint32_t track_raw;     /* LSB 360/2^16 degrees */
+    double ground_speed_kt; /* negative when re is set */
+    double track_angle_deg; /* clockwise from true north, 0 to below 360 */
 } ast_dataitem_021_160_t;
 AST_API ast_dataitem_021_160_t ast_dataitem_021_160_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_021_160_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -259,8 +259,8 @@ AST_API void ast_dataitem_021_210_encode(ast_dataitem_t *result, uint8_t *buffer
 /** I021/230, roll angle, as sign and magnitude. */
 typedef struct {
     bool valid;
-    int32_t raw; /* LSB 0.01 degrees, negative to the left */
-    double roll_deg;
+    int32_t raw;     /* LSB 0.01 degrees, negative to the left */
+    double roll_deg; /* positive with the right wing down */
 } ast_dataitem_021_230_t;
 AST_API ast_dataitem_021_230_t ast_dataitem_021_230_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_021_230_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -314,13 +314,13 @@ AST_API void ast_dataitem_021_400_get_summary(char *text, uint64_t capacity, con
 /** I021/040 of editions 0.23 to 0.26, target report descriptor. */
 typedef struct {
     bool valid;
-    bool dcr; /* differential correction */
-    bool gbs; /* ground bit set */
-    bool sim;
-    bool tst;
-    bool rab; /* from a fixed transponder */
-    bool saa; /* cannot provide a selected altitude */
-    bool spi;
+    bool dcr;     /* differential correction */
+    bool gbs;     /* ground bit set */
+    bool sim;     /* simulated */
+    bool tst;     /* test target */
+    bool rab;     /* from a fixed transponder */
+    bool saa;     /* cannot provide a selected altitude */
+    bool spi;     /* special position identification */
     uint32_t atp; /* address type: 0 ICAO, 1 not unique, 2 surface vehicle, 3 anonymous, 4 any reserved one */
     uint32_t arc; /* altitude reporting capability: 1 25 ft, 2 100 ft, 3 unknown */
 } ast_dataitem_021_A03_t;
@@ -351,9 +351,9 @@ typedef struct {
     bool valid;
     bool cdti; /* cockpit display of traffic information */
     bool mds;  /* Mode S extended squitter */
-    bool uat;
-    bool vdl; /* VDL mode 4 */
-    bool otr; /* other technology */
+    bool uat;  /* universal access transceiver */
+    bool vdl;  /* VDL mode 4 */
+    bool otr;  /* other technology */
 } ast_dataitem_021_A06_t;
 AST_API ast_dataitem_021_A06_t ast_dataitem_021_A06_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_021_A06_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);

@@ -32,14 +32,14 @@ typedef struct {
         bool ovl_xmt;    /* transmission overloaded */
         bool msc;        /* monitoring system connected */
         bool time_valid; /* time source valid */
-    } com;
+    } com;               /* what all sensors have in common */
     struct {
         bool present;
         uint32_t ant;   /* antenna in use, 1 or 2 */
         uint32_t ch_ab; /* channel: 0 none, 1 A, 2 B, 3 invalid */
         bool ovl;       /* overloaded */
         bool msc;       /* monitoring system connected */
-    } ssr;
+    } ssr;              /* of the SSR */
 } ast_dataitem_034_050_t;
 AST_API uint64_t ast_dataitem_034_050_get_size(const uint8_t *data, uint64_t available);
 AST_API uint64_t ast_subfield_034_050_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
@@ -57,24 +57,24 @@ typedef struct {
     ast_subfields_t subfields;
     struct {
         bool present;
-        uint32_t red_rdp;
-        uint32_t red_xmt;
-    } com;
+        uint32_t red_rdp; /* step of the reduction for an overload of the data processor, 0 to 7 */
+        uint32_t red_xmt; /* for an overload of the transmission, 0 to 7 */
+    } com;                /* what all sensors have in common */
     struct {
         bool present;
-        bool pol; /* circular polarisation */
-        uint32_t red_rad;
-        uint32_t stc; /* sensitivity time control map */
-    } psr;
+        bool pol;         /* circular polarisation */
+        uint32_t red_rad; /* for an overload within the PSR, 0 to 7 */
+        uint32_t stc;     /* sensitivity time control map */
+    } psr;                /* of the PSR */
     struct {
         bool present;
-        uint32_t red_rad;
-    } ssr;
+        uint32_t red_rad; /* for an overload within the SSR, 0 to 7 */
+    } ssr;                /* of the SSR */
     struct {
         bool present;
-        uint32_t red_rad;
-        bool clu_autonomous;
-    } mds;
+        uint32_t red_rad;    /* for an overload within the Mode S subsystem, 0 to 7 */
+        bool clu_autonomous; /* the cluster works autonomously; the bit that is sent says the contrary */
+    } mds;                   /* of Mode S */
 } ast_dataitem_034_060_t;
 AST_API uint64_t ast_dataitem_034_060_get_size(const uint8_t *data, uint64_t available);
 AST_API uint64_t ast_subfield_034_060_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
@@ -94,9 +94,9 @@ typedef struct {
     bool valid;
     uint32_t count; /* REP, as sent */
     struct {
-        uint32_t typ;
-        uint32_t value;
-    } counters[AST_034_070_MAX_COUNTERS];
+        uint32_t typ;                     /* what is counted, 0 to 31; the detail view names the kinds 0 to 16 */
+        uint32_t value;                   /* how many, 0 to 2047 */
+    } counters[AST_034_070_MAX_COUNTERS]; /* in the order in which they are sent */
 } ast_dataitem_034_070_t;
 AST_API ast_dataitem_034_070_t ast_dataitem_034_070_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_034_070_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -106,10 +106,10 @@ AST_API void ast_dataitem_034_070_get_detail_html(char *text, uint64_t capacity,
  */
 typedef struct {
     bool valid;
-    int32_t height_raw;
+    int32_t height_raw;   /* LSB 1 m, two's complement */
     int32_t latitude_raw; /* LSB 180/2^23 degrees, as the next */
     int32_t longitude_raw;
-    double height_m;
+    double height_m; /* above the WGS-84 ellipsoid */
     double latitude_deg;
     double longitude_deg;
 } ast_dataitem_034_120_t;

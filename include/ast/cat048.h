@@ -20,14 +20,14 @@ AST_API const char *ast_dataitem_048_get_name(ast_dataitem_type_t type);
 typedef struct {
     bool valid;
     uint32_t typ; /* 0 no detection, 1 PSR, 2 SSR, 3 both, 4 Mode S all-call, 5 roll-call, 6 and 7 the same with PSR */
-    bool sim;
+    bool sim;     /* simulated */
     uint32_t rdp; /* processing chain, 1 (by default) or 2 */
-    bool spi;
-    bool rab; /* from a fixed transponder */
-    bool tst;
-    bool me;
-    bool mi;
-    uint32_t foe_fri; /* the friend-or-foe status; received octets give 0 or 2 only */
+    bool spi;     /* special position identification */
+    bool rab;     /* from a fixed transponder */
+    bool tst;     /* test target */
+    bool me;      /* military emergency */
+    bool mi;      /* military identification */
+    uint32_t foe_fri; /* the friend-or-foe status, for ast_iff_status_to_str; received octets give 0 or 2 only */
 } ast_dataitem_048_020_t;
 AST_API ast_dataitem_048_020_t ast_dataitem_048_020_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_048_020_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -43,8 +43,8 @@ AST_API void ast_dataitem_048_020_encode(ast_dataitem_t *result, uint8_t *buffer
 /** I048/030, warning and error conditions. */
 typedef struct {
     bool valid;
-    uint32_t count; /* the octets of the item */
-    uint32_t codes[AST_048_030_MAX_CODES];
+    uint32_t count;                        /* the octets of the item */
+    uint32_t codes[AST_048_030_MAX_CODES]; /* seven bits each; the detail view names them */
 } ast_dataitem_048_030_t;
 AST_API ast_dataitem_048_030_t ast_dataitem_048_030_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_048_030_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -80,10 +80,10 @@ AST_API void ast_dataitem_048_042_get_detail_html(char *text, uint64_t capacity,
 /** I048/050, Mode 2 code. */
 typedef struct {
     bool valid;
-    bool not_validated;
-    bool garbled;
-    bool smoothed;
-    uint32_t code; /* 12 bits, shown as four octal digits */
+    bool not_validated; /* the code was not received alike more than once */
+    bool garbled;       /* replies overlapped */
+    bool smoothed;      /* from a local tracker, not from the last reply */
+    uint32_t code;      /* 12 bits, shown as four octal digits */
 } ast_dataitem_048_050_t;
 AST_API ast_dataitem_048_050_t ast_dataitem_048_050_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_048_050_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -95,7 +95,7 @@ AST_API void ast_dataitem_048_050_encode(ast_dataitem_t *result, uint8_t *buffer
 /** I048/110, height measured by a 3D radar, LSB 25 ft; read as magnitude less 8191 when negative. */
 typedef struct {
     bool valid;
-    int32_t height_ft;
+    int32_t height_ft; /* whole steps of 25 ft */
 } ast_dataitem_048_110_t;
 AST_API ast_dataitem_048_110_t ast_dataitem_048_110_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_048_110_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -118,12 +118,12 @@ typedef struct {
     struct {
         bool present;
         int32_t raw; /* LSB 360/2^13 degrees */
-        double deg;
-    } srl; /* SSR plot runlength */
+        double deg;  /* degrees, up to 11.2 */
+    } srl;           /* SSR plot runlength */
     struct {
         bool present;
-        int32_t value;
-    } srr; /* number of received replies */
+        int32_t value; /* 0 to 255 */
+    } srr;             /* number of received replies */
     struct {
         bool present;
         int32_t value; /* the octet, unsigned; shown as -value dBm */
@@ -171,13 +171,13 @@ AST_API void ast_dataitem_048_210_get_detail_html(char *text, uint64_t capacity,
 /** I048/230, communications and ACAS capability and flight status. */
 typedef struct {
     bool valid;
-    uint32_t com;  /* transponder communications capability; 7 by default */
-    uint32_t stat; /* flight status; 8 by default */
-    bool mssc;
-    bool arc; /* altitude in steps of 25 ft, otherwise 100 ft */
-    bool aic;
-    bool b1a;
-    uint8_t b1b; /* four bits */
+    uint32_t com;  /* transponder communications capability, for ast_transponder_comm_cap_to_str; 7 by default */
+    uint32_t stat; /* flight status, for ast_radar_flight_status_to_str; 8 by default */
+    bool mssc;     /* Mode S specific service capability */
+    bool arc;      /* altitude in steps of 25 ft, otherwise 100 ft */
+    bool aic;      /* aircraft identification capability */
+    bool b1a;      /* bit 16 of register 1,0 */
+    uint8_t b1b;   /* bits 37 to 40 of register 1,0 */
 } ast_dataitem_048_230_t;
 /** Undefined capabilities and flight statuses are reported at level 2. */
 AST_API ast_dataitem_048_230_t ast_dataitem_048_230_decode(const ast_dataitem_t *item);

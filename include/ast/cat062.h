@@ -43,7 +43,7 @@ typedef struct {
     bool mon;         /* track of a single sensor */
     bool spi;         /* SPI present in the last report */
     bool mrh;         /* geometric altitude is more reliable than barometric */
-    uint32_t src;     /* the source of the geometric altitude in I062/130 */
+    uint32_t src;     /* the source of the geometric altitude in I062/130, for ast_geometric_altitude_source_to_str */
     bool cnf;         /* tentative */
     bool sim;         /* simulated */
     bool tse;         /* last message of the track */
@@ -53,10 +53,10 @@ typedef struct {
     bool stp;         /* slave track promotion */
     bool kos;         /* background service used, complementary service otherwise */
     bool ama;         /* result of an amalgamation */
-    uint32_t md4;     /* the friend-or-foe status by Mode 4 */
+    uint32_t md4;     /* the friend-or-foe status by Mode 4, for ast_iff_status_to_str */
     bool me;          /* military emergency */
     bool mi;          /* military identification */
-    uint32_t md5;     /* the friend-or-foe status by Mode 5 */
+    uint32_t md5;     /* the friend-or-foe status by Mode 5, for ast_iff_status_to_str */
     bool cst;         /* coasting: the last update of any kind is too old, then by kind */
     bool psr;         /* the last PSR update is too old */
     bool ssr;         /* the last SSR update is too old */
@@ -66,7 +66,7 @@ typedef struct {
     bool aac;         /* assigned Mode A code conflict */
     uint32_t sds;     /* surveillance: 0 combined, 1 co-operative only, 2 non-co-operative only, 3 undefined */
     bool cooperative; /* sds is 1 */
-    uint32_t ems;     /* the emergency status */
+    uint32_t ems;     /* the emergency status, for ast_emergency_status_to_str */
     bool pft;         /* potential false track */
     bool fplt;        /* created or updated with flight plan data */
     bool dupt;        /* duplicate Mode 3/A code */
@@ -98,10 +98,10 @@ typedef struct {
     } sum;       /* Mode 5 summary */
     struct {
         bool present;
-        uint32_t pin; /* PIN code, 14 bits */
-        uint32_t nat; /* national origin, 5 bits */
-        uint32_t mis; /* mission code, 6 bits */
-    } pmn;
+        uint32_t pin;       /* PIN code, 14 bits */
+        uint32_t nat;       /* national origin, 5 bits */
+        uint32_t mis;       /* mission code, 6 bits */
+    } pmn;                  /* PIN, national origin and mission */
     ast_062_position_t pos; /* Mode 5 reported position */
     struct {
         bool present;
@@ -125,7 +125,7 @@ typedef struct {
         bool x3; /* X-pulse of a Mode 3/A reply */
         bool x2; /* X-pulse of a Mode 2 reply */
         bool x1; /* X-pulse of a Mode 1 reply */
-    } xp;
+    } xp;        /* X-pulses */
 } ast_dataitem_062_110_t;
 AST_API uint64_t ast_dataitem_062_110_get_size(const uint8_t *data, uint64_t available);
 AST_API uint64_t ast_subfield_062_110_get_size(const uint8_t *data, uint64_t available, uint32_t subfield_type);
@@ -206,12 +206,12 @@ AST_API void ast_dataitem_062_220_get_detail_html(char *text, uint64_t capacity,
 /** I062/270, target size and orientation. */
 typedef struct {
     bool valid;
-    uint32_t length_m; /* metres; the largest dimension where it stands alone */
-    bool orientation_present;
+    uint32_t length_m;        /* metres; the largest dimension where it stands alone */
+    bool orientation_present; /* the second octet is sent */
     uint32_t orientation_raw; /* LSB 360/2^7 degrees */
     double orientation_deg;   /* of the nose, degrees from north */
-    bool width_present;
-    uint32_t width_m; /* metres */
+    bool width_present;       /* the third octet is sent */
+    uint32_t width_m;         /* metres */
 } ast_dataitem_062_270_t;
 AST_API ast_dataitem_062_270_t ast_dataitem_062_270_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_062_270_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -309,7 +309,7 @@ typedef struct {
         uint32_t theta_raw; /* LSB 360/2^16 degrees */
         double rho_nm;      /* nautical miles */
         double theta_deg;   /* degrees from north */
-    } pos;
+    } pos;                  /* the measured position, from the sensor */
     struct {
         bool present;
         int32_t height_raw; /* LSB 25 ft, two's complement */
@@ -317,17 +317,17 @@ typedef struct {
     } hei;                  /* 3D height */
     struct {
         bool present;
-        bool not_validated;
-        bool garbled;
+        bool not_validated;   /* the height was not received alike more than once */
+        bool garbled;         /* replies overlapped */
         int32_t flight_level; /* in quarter levels, LSB 1/4 FL or 25 ft, two's complement */
     } mdc;                    /* Mode C code */
     struct {
         bool present;
-        bool not_validated;
-        bool garbled;
-        bool smoothed; /* from the sensor's local tracker */
-        uint32_t code; /* 12 bits, shown as four octal digits */
-    } mda;             /* Mode 3/A code */
+        bool not_validated; /* the code was not received alike more than once */
+        bool garbled;       /* replies overlapped */
+        bool smoothed;      /* from the sensor's local tracker */
+        uint32_t code;      /* 12 bits, shown as four octal digits */
+    } mda;                  /* Mode 3/A code */
     struct {
         bool present;
         uint32_t typ; /* as typ of I048/020 */
@@ -408,12 +408,12 @@ typedef struct {
         uint32_t speed_raw; /* 15 bits, LSB 2^-14 NM/s or 0.001 */
         double airspeed_kt; /* knots */
         double mach;        /* Mach number */
-    } ias;
+    } ias;                  /* indicated airspeed or Mach number */
     ast_062_airspeed_t tas; /* true airspeed, knots */
     struct {
         bool present;
         bool sas;             /* the source is given */
-        uint32_t src;         /* the selected altitude source */
+        uint32_t src;         /* the source, for ast_selected_altitude_source_to_str */
         int32_t altitude_raw; /* LSB 25 ft, two's complement */
         int32_t altitude_ft;  /* feet */
     } sal;                    /* selected altitude */
@@ -432,26 +432,26 @@ typedef struct {
     } tis;        /* trajectory intent status */
     struct {
         bool present;
-        uint64_t count;
-        ast_062_trajectory_point_t points[AST_062_380_MAX_POINTS];
-    } tid; /* trajectory intent data */
+        uint64_t count;                                            /* REP, as sent */
+        ast_062_trajectory_point_t points[AST_062_380_MAX_POINTS]; /* those that fit */
+    } tid;                                                         /* trajectory intent data */
     struct {
         bool present;
-        uint32_t com;  /* the transponder communications capability */
-        uint32_t stat; /* the flight status */
+        uint32_t com;  /* the transponder communications capability, for ast_transponder_comm_cap_to_str */
+        uint32_t stat; /* the flight status, for ast_radar_flight_status_to_str */
         bool ssc;      /* specific service capability */
         bool arc;      /* altitude in steps of 25 ft, of 100 ft otherwise */
         bool aic;      /* aircraft identification capability */
         bool b1a;      /* bit 16 of register 1,0 */
         uint8_t b1b;   /* bits 37 to 40 of register 1,0 */
-    } com;
+    } com;             /* communications and ACAS capability, flight status */
     struct {
         bool present;
-        uint32_t ac;   /* the ACAS status */
-        uint32_t mn;   /* the multiple navigation aids status */
-        uint32_t dc;   /* the differential correction status */
+        uint32_t ac;   /* the ACAS status, for ast_acas_status_to_str */
+        uint32_t mn;   /* the multiple navigation aids status, for ast_multi_navids_status_to_str */
+        uint32_t dc;   /* the differential correction status, for ast_diff_correction_status_to_str */
         bool gbs;      /* ground bit set */
-        uint32_t stat; /* the emergency status */
+        uint32_t stat; /* the emergency status, for ast_emergency_status_to_str */
     } sab;             /* status reported by ADS-B */
     struct {
         bool present;
@@ -463,7 +463,7 @@ typedef struct {
         bool present;
         int32_t roll_raw; /* LSB 0.01 degrees, two's complement */
         double roll_deg;  /* degrees, right positive */
-    } ran;
+    } ran;                /* roll angle */
     struct {
         bool present;
         uint32_t ti;       /* turn: 0 not available, 1 left, 2 right, 3 straight */
@@ -478,8 +478,8 @@ typedef struct {
     } gsp;                 /* ground speed */
     struct {
         bool present;
-        uint32_t category;
-    } vun; /* velocity uncertainty */
+        uint32_t category; /* 0 to 255 */
+    } vun;                 /* velocity uncertainty */
     struct {
         bool present;
         bool ws;                     /* the wind speed is valid */
@@ -491,11 +491,11 @@ typedef struct {
         int32_t temperature_raw;     /* LSB 0.25 degrees Celsius, two's complement */
         double temperature_c;        /* degrees Celsius */
         uint32_t turbulence;         /* 0 to 15 */
-    } met;
+    } met;                           /* meteorological data */
     struct {
         bool present;
-        uint32_t category; /* the emitter category */
-    } emc;
+        uint32_t category;  /* for ast_emitter_category_to_str */
+    } emc;                  /* emitter category */
     ast_062_position_t pos; /* degrees */
     struct {
         bool present;
@@ -508,15 +508,15 @@ typedef struct {
     } pun;                 /* position uncertainty */
     struct {
         bool present;
-        uint64_t count;
-        ast_bds_t registers[AST_MODES_MB_MAX_REGISTERS];
-    } mb;                   /* Mode S registers */
-    ast_062_airspeed_t iar; /* indicated airspeed, knots */
+        uint64_t count;                                  /* REP, as sent */
+        ast_bds_t registers[AST_MODES_MB_MAX_REGISTERS]; /* those that fit */
+    } mb;                                                /* Mode S registers */
+    ast_062_airspeed_t iar;                              /* indicated airspeed, knots */
     struct {
         bool present;
         uint32_t mach_raw; /* LSB 0.008 */
         double mach;       /* Mach number */
-    } mac;
+    } mac;                 /* Mach number, which ias may be as well */
     struct {
         bool present;
         uint32_t pressure_raw; /* LSB 0.1 mb above 800 mb, 12 bits */
@@ -575,20 +575,20 @@ typedef struct {
         bool present;
         uint32_t centre;   /* the group, 8 bits */
         uint32_t position; /* the control position, 8 bits */
-    } ctl;
+    } ctl;                 /* control position that has the flight now */
     struct {
         bool present;
         uint64_t count; /* REP, as sent; times holds the lesser of it and AST_062_390_MAX_TIMES */
         struct {
-            uint32_t typ; /* what happens: 0 scheduled off-block time, 1 estimated off-block time, ..., 13 */
-            uint32_t day; /* 0 today, 1 yesterday, 2 tomorrow, 3 invalid */
-            uint32_t hour;
-            uint32_t minute;
-            bool avs; /* the seconds are not available */
-            uint32_t second;
-        } times[AST_062_390_MAX_TIMES];
-    } tod;              /* times of departure and arrival */
-    ast_062_text_t ast; /* aircraft stand */
+            uint32_t typ;    /* what happens: 0 scheduled off-block time, 1 estimated off-block time, ..., 13 */
+            uint32_t day;    /* 0 today, 1 yesterday, 2 tomorrow, 3 invalid */
+            uint32_t hour;   /* as sent, 0 to 31 */
+            uint32_t minute; /* as sent, 0 to 63 */
+            bool avs;        /* the seconds are not available */
+            uint32_t second; /* as sent, 0 to 63 */
+        } times[AST_062_390_MAX_TIMES]; /* those that fit */
+    } tod;                              /* times of departure and arrival */
+    ast_062_text_t ast;                 /* aircraft stand */
     struct {
         bool present;
         uint32_t emp;   /* 0 empty, 1 occupied, 2 unknown, 3 invalid */
@@ -628,7 +628,7 @@ typedef struct {
         bool present;
         int32_t covariance_raw; /* LSB 0.5 m, two's complement */
         double covariance_m;    /* metres: the root of the covariance, with its sign */
-    } cov;
+    } cov;                      /* covariance of x and y of the position */
     struct {
         bool present;
         uint32_t latitude_raw;  /* LSB 180/2^25 degrees */
@@ -682,11 +682,11 @@ AST_API void ast_subfield_062_500_get_detail_html(char *text, uint64_t capacity,
  *  three octets, or of more than 16 tracks, is not valid. */
 typedef struct {
     bool valid;
-    uint32_t count;
+    uint32_t count; /* 1 to 16 */
     struct {
-        uint32_t unit;         /* system unit identification, 0 to 255 */
-        uint32_t track_number; /* system track number, 15 bits */
-    } tracks[AST_062_510_MAX_TRACKS];
+        uint32_t unit;                /* system unit identification, 0 to 255 */
+        uint32_t track_number;        /* system track number, 15 bits */
+    } tracks[AST_062_510_MAX_TRACKS]; /* the first count are meaningful */
 } ast_dataitem_062_510_t;
 AST_API ast_dataitem_062_510_t ast_dataitem_062_510_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_062_510_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);

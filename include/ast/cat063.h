@@ -16,15 +16,15 @@ AST_API const char *ast_dataitem_063_get_name(ast_dataitem_type_t type);
 typedef struct {
     bool valid;
     uint32_t con; /* 0 operational, 1 degraded, 2 initialising, 3 not connected */
-    bool psr;     /* PSR out of service, and so the next: Mode A/C, Mode S, ADS and multilateration */
-    bool ssr;
-    bool mds;
-    bool ads;
-    bool mlt;
-    bool ops; /* not released for operational use */
-    bool odp; /* data processor overloaded */
-    bool oxt; /* transmission overloaded */
-    bool msc; /* monitoring system disconnected */
+    bool psr;     /* PSR out of service */
+    bool ssr;     /* SSR (Mode A/C) out of service */
+    bool mds;     /* Mode S out of service */
+    bool ads;     /* ADS out of service */
+    bool mlt;     /* multilateration out of service */
+    bool ops;     /* not released for operational use */
+    bool odp;     /* data processor overloaded */
+    bool oxt;     /* transmission overloaded */
+    bool msc;     /* monitoring system disconnected */
     bool tsv; /* read from bit 4 of the eleventh octet from the item's start, with one octet too; clear where the item
                * is not known to be followed that far */
     bool npw; /* no plots are received */

@@ -27,17 +27,17 @@ AST_API extern double g_cell_duration;      /* of I240/041, in seconds */
 
 /** One cell that is not empty. */
 typedef struct {
-    uint32_t number; /* its place in the block, from 1 */
-    double range_m;  /* metres */
-    uint32_t amplitude;
+    uint32_t number;    /* its place in the block, from 1 */
+    double range_m;     /* metres */
+    uint32_t amplitude; /* 1 to 255 */
 } ast_videocell_t;
 
 /** The cells of a block that are not empty; about 24,000 octets. */
 typedef struct {
     bool valid;
-    uint32_t resolution; /* the code of I240/048 */
-    ast_videocell_t cells[AST_VIDEO_MAX_CELLS];
-    uint64_t count;
+    uint32_t resolution;                        /* the code of I240/048 */
+    ast_videocell_t cells[AST_VIDEO_MAX_CELLS]; /* in the order of their octets; the first count are meaningful */
+    uint64_t count;                             /* at most AST_VIDEO_MAX_CELLS */
 } ast_videocells_t;
 
 /** The bits of a cell for a code of I240/048: 2, 4, 8, 16 and 32 for 2 to 6, 1 for any other. */
@@ -125,8 +125,8 @@ AST_API void ast_dataitem_240_049_get_detail_html(char *text, uint64_t capacity,
  *  g_start_range and g_cell_duration. */
 typedef struct {
     bool valid;
-    uint64_t length; /* octets, four for each repetition */
-    uint8_t octets[AST_240_050_MAX_OCTETS];
+    uint64_t length;                        /* octets, four for each repetition */
+    uint8_t octets[AST_240_050_MAX_OCTETS]; /* as sent; the first length are meaningful */
 } ast_dataitem_240_050_t;
 AST_API ast_dataitem_240_050_t ast_dataitem_240_050_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_240_050_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -135,8 +135,8 @@ AST_API void ast_dataitem_240_050_get_detail_html(char *text, uint64_t capacity,
 /** I240/051, video block of medium data volume. */
 typedef struct {
     bool valid;
-    uint64_t length; /* octets, 64 for each repetition */
-    uint8_t octets[AST_240_051_MAX_OCTETS];
+    uint64_t length;                        /* octets, 64 for each repetition */
+    uint8_t octets[AST_240_051_MAX_OCTETS]; /* as sent; the first length are meaningful */
 } ast_dataitem_240_051_t;
 AST_API ast_dataitem_240_051_t ast_dataitem_240_051_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_240_051_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);
@@ -146,8 +146,8 @@ AST_API void ast_dataitem_240_051_get_detail_html(char *text, uint64_t capacity,
  * which 254 are taken: the first 254 of one repetition, the first 508 of two. */
 typedef struct {
     bool valid;
-    uint64_t length; /* octets, 254 for each repetition */
-    uint8_t octets[AST_240_052_MAX_OCTETS];
+    uint64_t length;                        /* octets, 254 for each repetition */
+    uint8_t octets[AST_240_052_MAX_OCTETS]; /* the first length are meaningful */
 } ast_dataitem_240_052_t;
 AST_API ast_dataitem_240_052_t ast_dataitem_240_052_decode(const ast_dataitem_t *item);
 AST_API void ast_dataitem_240_052_get_summary(char *text, uint64_t capacity, const ast_dataitem_t *item);

@@ -25,12 +25,12 @@ AST_BEGIN_DECLARATIONS
 
 /** Blocks of one category that were read in the same way. */
 typedef struct {
-    uint32_t category;
+    uint32_t category;    /* of the blocks */
     bool ambiguous;       /* as in ast_reader_result_t, as the next three are */
     const ast_uap_t *uap; /* the profile */
     const char *profile;
     const char *edition;
-    uint64_t blocks;
+    uint64_t blocks;  /* that fit their profile and are counted */
     uint64_t records; /* of these blocks */
     uint64_t items;   /* of these records */
     uint64_t octets;  /* of these blocks, headers included */
@@ -38,27 +38,27 @@ typedef struct {
 
 /** Records whose FSPECs announce the same items of the same layout. The census's own. */
 typedef struct {
-    const void *layout; /* null for a place that is empty */
-    uint64_t fspec;     /* its octets, the first one lowest */
-    uint64_t records;
-    uint16_t item_count;
-    uint16_t first_step;
-    uint16_t step_count;
+    const void *layout;    /* null for a place that is empty */
+    uint64_t fspec;        /* its octets, the first one lowest */
+    uint64_t records;      /* that have this shape */
+    uint16_t item_count;   /* of each of these records */
+    uint16_t first_step;   /* place among the steps of the census */
+    uint16_t step_count;   /* items whose sizes vary */
     uint16_t fixed_octets; /* behind the last step */
 } ast_census_shape_t;
 
 /** An item of a shape whose size varies. The census's own. */
 typedef struct {
-    const void *sums;
+    const void *sums;      /* of a compound item, what tells its size by its primary subfield; null for others */
     uint16_t fixed_octets; /* of the items in front of it */
-    uint16_t octets;
-    uint8_t kind;
-    uint8_t bit; /* that announces it */
+    uint16_t octets;       /* what the size rule goes by: a number of octets, or how many sums there are */
+    uint8_t kind;          /* of the size rule */
+    uint8_t bit;           /* that announces it */
 } ast_census_step_t;
 
 /** A census, about 100 KB, the caller's. All zero is an empty one. */
 typedef struct {
-    uint64_t group_count;
+    uint64_t group_count;                         /* of the groups that are meaningful */
     ast_census_group_t groups[AST_CENSUS_GROUPS]; /* as they were met */
 
     /* The census's own. */

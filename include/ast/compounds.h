@@ -12,6 +12,7 @@ AST_BEGIN_DECLARATIONS
 
 /** The five handlers of a subfield type. A null slot means "not supported". The views take the whole compound item. */
 typedef struct {
+    /* as ast_subfield_get_size, _get_id, _get_name, _get_summary and _get_detail_html, for subfields of this item */
     uint64_t (*get_size)(const uint8_t *data, uint64_t available, uint32_t subfield_type);
     const char *(*get_id)(uint32_t subfield_type);
     const char *(*get_name)(uint32_t subfield_type);
@@ -24,17 +25,17 @@ typedef struct {
     bool present;
     const uint8_t *data; /* its first octet; null when absent, or when the item ends before it */
     uint64_t size;       /* octets, 0 when absent */
-    uint32_t type;
-    bool valid; /* set in every listed entry, present or not */
+    uint32_t type;       /* item type × 1000 + number */
+    bool valid;          /* set in every listed entry, present or not */
 } ast_subfield_t;
 
 /** A decoded compound item: an entry for each subfield that its primary subfield has a bit for, present or not, as far
  *  as the item defines them. */
 typedef struct {
     bool valid;
-    ast_fspec_t primary;
+    ast_fspec_t primary; /* announces the subfields */
     ast_subfield_t subfields[AST_SUBFIELDS_MAX];
-    uint64_t subfield_count;
+    uint64_t subfield_count; /* entries, absent ones included */
 } ast_subfields_t;
 
 /** The handlers of a subfield type, all null when its item is not a registered compound item. */

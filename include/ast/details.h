@@ -30,19 +30,19 @@ typedef struct {
     double latitude;   /* in degrees */
     double longitude;  /* in degrees */
     const char *title; /* the name of the service */
-    const char *url;
+    const char *url;   /* of the map */
 } ast_detail_link_t;
 
 /** Takes the pieces of a view in their order; context is what the caller handed in. A null function passes over pieces
  *  of its kind. Pieces of a title or paragraph follow each other without a gap. */
 typedef struct {
-    void (*title)(void *context, const ast_detail_text_t *pieces, uint64_t count);
-    void (*paragraph)(void *context, const ast_detail_text_t *pieces, uint64_t count); /* may be of an empty text */
-    void (*table_begin)(void *context, const ast_detail_text_t *header, uint64_t count);
+    void (*title)(void *context, const ast_detail_text_t *pieces, uint64_t count);       /* of what follows it */
+    void (*paragraph)(void *context, const ast_detail_text_t *pieces, uint64_t count);   /* may be of an empty text */
+    void (*table_begin)(void *context, const ast_detail_text_t *header, uint64_t count); /* rows follow */
     void (*row)(void *context, const ast_detail_text_t *cells, uint64_t count); /* as many cells as the header */
-    void (*link_row)(void *context, const ast_detail_text_t *cells, uint64_t count, const ast_detail_link_t *link);
     /* the link stands in the place of the last cell, which is not counted */
-    void (*table_end)(void *context);
+    void (*link_row)(void *context, const ast_detail_text_t *cells, uint64_t count, const ast_detail_link_t *link);
+    void (*table_end)(void *context);                                   /* behind the last row */
     void (*bits)(void *context, const uint8_t *octets, uint64_t count); /* octets to be shown as bits, at least one */
 } ast_details_visitor_t;
 

@@ -8,6 +8,7 @@ AST_BEGIN_DECLARATIONS
 
 /** The five handlers of an item type. A null slot means "not supported". */
 typedef struct {
+    /* as ast_dataitem_get_size, _get_name, _get_summary, _get_detail_html and _encode, for items of this type */
     uint64_t (*get_size)(const uint8_t *data, uint64_t available);
     const char *(*get_name)(ast_dataitem_type_t type);
     void (*get_summary)(char *text, uint64_t capacity, const ast_dataitem_t *item);

@@ -18,42 +18,42 @@ AST_BEGIN_DECLARATIONS
 typedef struct {
     bool valid;
     uint64_t reserved_1;
-    const char *region;
+    const char *region; /* part of the world that it is in */
     uint64_t reserved_2;
-    const char *country_code;
-    const char *country;
+    const char *country_code; /* shown in brackets behind the country */
+    const char *country;      /* name of the country */
 } ast_sac_info_t;
 
 typedef struct {
-    uint64_t count;
-    ast_sac_info_t entries[AST_LOOKUP_MAX_ENTRIES];
+    uint64_t count;                                 /* how many of the entries are filled */
+    ast_sac_info_t entries[AST_LOOKUP_MAX_ENTRIES]; /* those of them that are valid are shown */
 } ast_sac_info_list_t;
 
 /** One sensor or system that sends under a SAC and SIC. */
 typedef struct {
     bool valid;
     uint64_t reserved;
-    const char *system;
-    const char *country_code;
-    const char *country;
-    const char *type;
-    const char *manufacturer;
-    const char *model;
-    const char *description;
+    const char *system;       /* name of the sensor or system */
+    const char *country_code; /* shown in brackets behind the country */
+    const char *country;      /* where it stands */
+    const char *type;         /* what it is, such as "Mode S radar" */
+    const char *manufacturer; /* who made it */
+    const char *model;        /* of its maker */
+    const char *description;  /* anything else */
 } ast_sensor_t;
 
 typedef struct {
-    uint64_t count;
-    ast_sensor_t entries[AST_LOOKUP_MAX_ENTRIES];
+    uint64_t count;                               /* how many of the entries are filled */
+    ast_sensor_t entries[AST_LOOKUP_MAX_ENTRIES]; /* those of them that are valid are shown */
 } ast_sensor_list_t;
 
 /** The country to which a 24-bit ICAO aircraft address is allocated. */
 typedef struct {
-    bool found;
-    const char *code;
+    bool found;       /* the address is allocated to a country that is known */
+    const char *code; /* of the country, which the flag lookup is given */
     uint64_t reserved_1;
     uint64_t reserved_2;
-    const char *name;
+    const char *name; /* of the country */
 } ast_country_t;
 
 struct ast_dataitem;

@@ -37,9 +37,9 @@ AST_API ast_dataitem_type_t ast_uap_get_dataitem(const ast_uap_t *uap, uint32_t 
 /** One of the profiles above. */
 typedef struct {
     bool valid;
-    const char *name;     /* a short one, as a command line takes it: "standard", "cat021-2.1"; constant */
-    const ast_uap_t *uap; /* its object */
-    uint64_t override_count;
+    const char *name;        /* a short one, as a command line takes it: "standard", "cat021-2.1"; constant */
+    const ast_uap_t *uap;    /* its object */
+    uint64_t override_count; /* how many overrides are meaningful */
     uint32_t overrides[AST_UAP_MAX_OVERRIDES]; /* the categories that it lays out anew; none for the standard profile */
 } ast_uap_info_t;
 

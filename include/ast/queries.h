@@ -9,16 +9,16 @@ AST_BEGIN_DECLARATIONS
 /** A number in the unit that its accessor states. */
 typedef struct {
     bool valid;
-    double value;
+    double value; /* 0 when not valid, but -1 in an ast_heading_t */
 } ast_quantity_t;
 
 /** A Mode 3/A code and what is known of it. */
 typedef struct {
     bool valid;
-    uint32_t code; /* 12 bits, shown as four octal digits */
-    bool not_validated;
-    bool garbled;
-    bool smoothed;
+    uint32_t code;      /* 12 bits, shown as four octal digits */
+    bool not_validated; /* the code was not received alike more than once; some accessors leave it false */
+    bool garbled;       /* replies overlapped */
+    bool smoothed;      /* by a tracker, or not extracted in the last scan */
 } ast_squawk_t;
 
 typedef struct {
@@ -29,15 +29,15 @@ typedef struct {
 /** A WGS-84 position. */
 typedef struct {
     bool valid;
-    double latitude_deg;
-    double longitude_deg;
+    double latitude_deg;  /* north positive */
+    double longitude_deg; /* east positive */
 } ast_coordinate_t;
 
 /** A position as the sensor measured it: range, and azimuth clockwise from north. */
 typedef struct {
     bool valid;
-    double rho_nm;
-    double theta_deg;
+    double rho_nm;    /* 0 and up */
+    double theta_deg; /* 0 to below 360 */
 } ast_polar_coordinate_t;
 
 /** Where an aircraft points and where it goes, in degrees. Valid when either is. */
@@ -49,8 +49,8 @@ typedef struct {
 
 typedef struct {
     bool valid;
-    double vx_m_s;
-    double vy_m_s;
+    double vx_m_s; /* along x, which is east as a rule */
+    double vy_m_s; /* along y, which is north as a rule */
 } ast_cartesian_velocity_t;
 
 /* Message types. */
@@ -70,6 +70,7 @@ typedef struct {
 
 /** The accessors of one category. A null slot means that its records do not carry the quantity. */
 typedef struct {
+    /* as the functions below of the same names; get_coordinate is asked by ast_datarecord_get_wgs84coord */
     ast_sac_sic_t (*get_sacsic)(const ast_datarecord_t *record);
     ast_time_of_day_t (*get_timeofday)(const ast_datarecord_t *record);
     ast_uint_value_t (*get_msgtype)(const ast_datarecord_t *record);

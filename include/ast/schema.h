@@ -180,11 +180,11 @@ typedef struct {
     const char *time;        /* of reception; null: left out */
     const char *source;      /* address and port; null: left out */
     const char *destination; /* null: left out */
-    bool has_offset;
-    uint64_t offset;     /* of the block in its file, in octets */
-    const char *profile; /* null: the name of the record's profile, none for one of the caller's own */
-    bool ambiguous;      /* other editions fit as well; left out when false */
-    bool texts;          /* codes as {"value":5,"text":"..."} where they have a text */
+    bool has_offset;         /* offset is known; left out when false */
+    uint64_t offset;         /* of the block in its file, in octets */
+    const char *profile;     /* null: the name of the record's profile, none for one of the caller's own */
+    bool ambiguous;          /* other editions fit as well; left out when false */
+    bool texts;              /* codes as {"value":5,"text":"..."} where they have a text */
 } ast_json_line_t;
 
 /** Writes a record as one JSON object, without a line feed: the keys of the line, then its items.

@@ -47,10 +47,10 @@ typedef struct {
 
 /** A data source with a place. */
 typedef struct {
-    uint32_t sac;
+    uint32_t sac; /* of the data source, as the next */
     uint32_t sic;
-    uint32_t known; /* AST_SITE_... */
-    ast_place_t place;
+    uint32_t known;          /* AST_SITE_... */
+    ast_place_t place;       /* where it stands */
     double standard_error_m; /* of a place that is worked out, in any direction; 0 of others */
 } ast_site_t;
 

@@ -12,7 +12,7 @@ AST_BEGIN_DECLARATIONS
 /** A small number: message type, service identification, signal amplitude, track number. */
 typedef struct {
     bool valid;
-    uint32_t value;
+    uint32_t value; /* as sent; its width is the item's */
 } ast_uint_value_t;
 
 /** Who sent it. */
@@ -25,19 +25,19 @@ typedef struct {
 /** A field as sent and in its unit. */
 typedef struct {
     bool valid;
-    bool flag;   /* vertical rate: range exceeded; otherwise false */
-    int32_t raw; /* the field as sent */
-    double value;
+    bool flag;    /* vertical rate: range exceeded; otherwise false */
+    int32_t raw;  /* the field as sent */
+    double value; /* the same in the unit of the item */
 } ast_scaled_value_t;
 
 /** Time since midnight, UTC. The hour is not reduced to a day: the largest raw value is 36:24:31.992. */
 typedef struct {
     bool valid;
-    uint32_t raw; /* LSB 1/128 s, 24 bits */
-    uint32_t hour;
-    uint32_t minute;
-    uint32_t second;
-    uint32_t millisecond;
+    uint32_t raw;         /* LSB 1/128 s, 24 bits */
+    uint32_t hour;        /* 0 to 36 */
+    uint32_t minute;      /* 0 to 59 */
+    uint32_t second;      /* 0 to 59 */
+    uint32_t millisecond; /* 0 to 992, rounded down */
 } ast_time_of_day_t;
 
 /** A fraction of a second, to be put to a time of day in whole seconds. */
@@ -52,20 +52,20 @@ typedef struct {
  *  ground speed in knots and heading in degrees. */
 typedef struct {
     bool valid;
-    int32_t raw_1;
+    int32_t raw_1; /* as sent, as the next */
     int32_t raw_2;
-    double value_1;
+    double value_1; /* in the unit, as the next */
     double value_2;
 } ast_value_pair_t;
 
 /** A Mode 3/A or Mode 2 code. */
 typedef struct {
     bool valid;
-    bool not_validated;
-    bool garbled;
-    bool changed; /* one bit carries this or the next, depending on the category; both read it */
-    bool smoothed;
-    uint32_t code; /* 12 bits, shown as four octal digits */
+    bool not_validated; /* the code was not received alike more than once */
+    bool garbled;       /* replies overlapped */
+    bool changed;       /* one bit carries this or the next, depending on the category; both read it */
+    bool smoothed;      /* by a tracker, or not extracted in the last scan */
+    uint32_t code;      /* 12 bits, shown as four octal digits */
 } ast_mode_3a_t;
 
 /** A subfield of ages: how long ago something was last updated. */
@@ -108,21 +108,21 @@ typedef struct {
 /** A Mode C height. */
 typedef struct {
     bool valid;
-    bool validated;
-    bool garbled;
+    bool validated;       /* the bit that is sent says the contrary */
+    bool garbled;         /* replies overlapped */
     int32_t flight_level; /* in quarter levels, LSB 1/4 FL or 25 ft: 1400 at flight level 350 */
 } ast_mode_c_t;
 
 typedef struct {
-    bool pulse; /* the pulse is there */
-    bool low_quality;
+    bool pulse;       /* the pulse is there */
+    bool low_quality; /* the radar is not sure of it */
 } ast_pulse_t;
 
 /** A Mode C reply as received, pulse by pulse. */
 typedef struct {
     bool valid;
-    bool validated; /* true by default */
-    bool garbled;
+    bool validated;                 /* true by default; the bit that is sent says the contrary */
+    bool garbled;                   /* replies overlapped */
     uint32_t code;                  /* the digits A, B, C, D of the pulses as four octal digits, not Gray-decoded */
     ast_pulse_t pulses[AST_PULSES]; /* by AST_PULSE_... */
 } ast_mode_c_confidence_t;
@@ -131,13 +131,13 @@ typedef struct {
 typedef struct {
     bool valid;
     uint8_t octets[3]; /* as sent */
-    uint32_t address;
+    uint32_t address;  /* the octets as one number, 24 bits */
 } ast_target_address_t;
 
 /** An aircraft identification of up to eight characters, trailing blanks kept. */
 typedef struct {
     bool valid;
-    char text[9];
+    char text[9]; /* terminated */
 } ast_aircraft_id_t;
 
 /** A target identification and where it comes from. sti is named as in I020/245 and I062/245. In I010/245 the same bits
@@ -146,7 +146,7 @@ typedef struct {
 typedef struct {
     bool valid;
     uint32_t sti; /* 0 not from the target, 1 registration, 2 callsign from the target, 3 (default) undefined */
-    char text[9];
+    char text[9]; /* eight characters, blanks at the end kept */
 } ast_target_id_t;
 
 /** One Mode S register as received. */
@@ -163,8 +163,8 @@ typedef struct {
  *  AST_MODES_MB_MAX_REGISTERS. */
 typedef struct {
     bool valid;
-    uint64_t count; /* REP, as sent */
-    ast_bds_t registers[AST_MODES_MB_MAX_REGISTERS];
+    uint64_t count;                                  /* REP, as sent */
+    ast_bds_t registers[AST_MODES_MB_MAX_REGISTERS]; /* as received */
 } ast_modes_mb_t;
 
 /* Message type, one octet; each category names its values. */

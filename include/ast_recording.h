@@ -5,7 +5,8 @@
  * A second library beside the one of ast.h, which it is built upon. That one is handed octets; this one finds them: in
  * captures (pcap and pcapng, of UDP, TCP and LLC frames), in files of blocks back to back or as recorders wrap them, in
  * records as JSON, all of them also in gzip or zstd, on standard input, in memory, and on the network as they come. It
- * also chooses records by what they hold, and sends datagrams, at the times of a recording, and to those who connect.
+ * also chooses records by what they hold, hands them out as columns, and sends datagrams, at the times of a recording,
+ * and to those who connect.
  *
  *     static void tell(void *context, const ast_recording_report_t *report) {
  *         (void)context;
@@ -391,6 +392,95 @@ AST_RECORDING_API uint64_t ast_filter_get_ambiguities(char *text, uint64_t capac
 
 /** Null is none. No thread may be asking it. */
 AST_RECORDING_API void ast_filter_close(ast_filter_t *filter);
+
+/* ------------------------------------------------------------------------------------------------------- columns -- */
+
+/* Arrow's C data and stream interfaces, as their specification has them: what dataframe libraries and query engines of
+ * many languages take columns by, without a copy. A program may have them from elsewhere, too. */
+#ifndef ARROW_C_DATA_INTERFACE
+#define ARROW_C_DATA_INTERFACE
+
+#define ARROW_FLAG_DICTIONARY_ORDERED 1
+#define ARROW_FLAG_NULLABLE 2
+#define ARROW_FLAG_MAP_KEYS_SORTED 4
+
+struct ArrowSchema {
+    const char *format;
+    const char *name;
+    const char *metadata;
+    int64_t flags;
+    int64_t n_children;
+    struct ArrowSchema **children;
+    struct ArrowSchema *dictionary;
+    void (*release)(struct ArrowSchema *);
+    void *private_data;
+};
+
+struct ArrowArray {
+    int64_t length;
+    int64_t null_count;
+    int64_t offset;
+    int64_t n_buffers;
+    int64_t n_children;
+    const void **buffers;
+    struct ArrowArray **children;
+    struct ArrowArray *dictionary;
+    void (*release)(struct ArrowArray *);
+    void *private_data;
+};
+
+#endif
+#ifndef ARROW_C_STREAM_INTERFACE
+#define ARROW_C_STREAM_INTERFACE
+
+struct ArrowArrayStream {
+    int (*get_schema)(struct ArrowArrayStream *, struct ArrowSchema *out);
+    int (*get_next)(struct ArrowArrayStream *, struct ArrowArray *out);
+    const char *(*get_last_error)(struct ArrowArrayStream *);
+    void (*release)(struct ArrowArrayStream *);
+    void *private_data;
+};
+
+#endif
+
+/** Which columns, and of which records. All zero is the common columns of all records. Texts are copied. */
+typedef struct {
+    const char *columns;        /* null or "common": the common quantities of a record, with the names and units that
+                                   filters know; "all": all published fields of one category, nested as in JSON; or a
+                                   list, "timestamp,icao24,I048/040/RHO". docs/tables.md has their types */
+    const char *names;          /* "traffic": some of the common quantities, with the names and units that readers of
+                                   that name expect; then columns is null. Null for names as above */
+    const char *categories;     /* "48" or "1-21": records of others are left out, and "all" needs a single one. Null
+                                   for all that the recording hands over */
+    const ast_filter_t *filter; /* what records must hold to be wanted; copied. Null for anything */
+    const ast_sites_t *sites;   /* where data sources stand, beside what the recording tells; copied. Null for none */
+    uint64_t rows;              /* of a batch, at most; 0 for 100,000. Fewer where so many would take much memory */
+    const void *reserved[8];    /* null */
+} ast_columns_options_t;
+
+/** Hands out what is left of a recording as columns, a row a record, batch by batch.
+ *
+ *      struct ArrowArrayStream stream;
+ *      if (!ast_columns_get_stream(recording, NULL, &stream, &error)) return fprintf(stderr, "%s\n", error.text), 2;
+ *      struct ArrowArray batch;
+ *      while (stream.get_next(&stream, &batch) == 0 && batch.release) {
+ *          use(&batch);
+ *          batch.release(&batch);
+ *      }
+ *      stream.release(&stream);
+ *
+ *  recording  from then on read by the stream, on the thread that calls get_next, and not by ast_recording_next; its
+ *             report function is called as ever. Where it is closed before the stream is released, get_next fails
+ *  options    null for the defaults
+ *  stream     the caller's, written whole: released as its interface says, at any time. Schemas and batches that it has
+ *             handed out live on without it, and without the recording
+ *  error      is set whatever comes; null when nobody asks
+ *  Returns false, and a stream that is released, for null, for a column that there is not, for "all" without one
+ *  category, and without memory. get_next returns ENOMEM without memory; ECANCELED after ast_recording_interrupt, and
+ *  once the recording is closed; EIO where nothing more can be read, as with AST_RECORDING_FAILED. What was read until
+ *  then is handed over before; get_last_error says why. Texts are encoded by dictionaries, each batch with its own. */
+AST_RECORDING_API bool ast_columns_get_stream(ast_recording_t *recording, const ast_columns_options_t *options,
+                                              struct ArrowArrayStream *stream, ast_recording_error_t *error);
 
 /* ------------------------------------------------------------------------------------------------------- sending -- */
 

@@ -206,6 +206,12 @@ FieldPath::Match FieldPath::match(std::string_view path) const {
     return path[at] == '/' ? Match::within : Match::none;
 }
 
+bool FieldPath::names_lists() const {
+    const auto lists = [](std::string_view path) { return std::ranges::count(path, '['); };
+    const bool has_all = path_.find("[]") != std::string::npos;
+    return std::ranges::any_of(names_, [&](const std::string &name) { return has_all || lists(name) > lists(path_); });
+}
+
 bool FieldPath::is_in(const ast_datarecord_t &record) const {
     if (names_item_)
         return std::ranges::any_of(record.items, record.items + record.item_count, [&](const ast_dataitem_t &item) {

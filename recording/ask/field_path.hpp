@@ -33,6 +33,9 @@ public:
     // The category of each of these.
     const std::vector<uint8_t> &categories_of_fields() const { return categories_of_fields_; }
 
+    // Whether a record may have several values under it, the elements of a list.
+    bool names_lists() const;
+
     // The one category that the path names, if it does.
     std::optional<uint8_t> category() const { return category_; }
 

@@ -37,18 +37,6 @@ std::string_view name_without_unit(const Quantity &quantity) {
     return {};
 }
 
-// To the microsecond, so that all have the same form.
-void write_moment(CellWriter &out, int64_t nanoseconds) {
-    constexpr int64_t kNanosecondsPerMicrosecond = 1000;
-    constexpr int64_t kMicrosecondsPerSecond = 1'000'000;
-    thread_local TextBuffer text;
-    text.clear();
-    const int64_t microseconds = (nanoseconds + kNanosecondsPerMicrosecond / 2) / kNanosecondsPerMicrosecond;
-    put_iso_time(text, {microseconds / kMicrosecondsPerSecond,
-                        static_cast<uint32_t>(microseconds % kMicrosecondsPerSecond * kNanosecondsPerMicrosecond)});
-    out.put(text.text());
-}
-
 struct ToNumber {
     const ast_answers_t &answers;
 
@@ -63,6 +51,17 @@ struct ToNumber {
 };
 
 } // namespace
+
+void write_moment(CellWriter &out, int64_t time_ns) {
+    constexpr int64_t kNanosecondsPerMicrosecond = 1000;
+    constexpr int64_t kMicrosecondsPerSecond = 1'000'000;
+    thread_local TextBuffer text;
+    text.clear();
+    const int64_t microseconds = (time_ns + kNanosecondsPerMicrosecond / 2) / kNanosecondsPerMicrosecond;
+    put_iso_time(text, {microseconds / kMicrosecondsPerSecond,
+                        static_cast<uint32_t>(microseconds % kMicrosecondsPerSecond * kNanosecondsPerMicrosecond)});
+    out.put(text.text());
+}
 
 double Quantity::number(const ast_answers_t &answers) const { return std::visit(ToNumber{answers}, member); }
 

@@ -40,6 +40,9 @@ struct Quantity {
     bool is_in(const ast_answers_t &answers) const { return (answers.present & answer) != 0; }
     bool is_text() const { return form >= QuantityForm::octal && form <= QuantityForm::word; }
 
+    // Digits and characters that may be digits are texts, whatever they look like: "0420", "3E1234".
+    bool is_quoted() const { return is_text() && form != QuantityForm::word; }
+
     // In its unit, times in seconds; nothing but 0 for characters.
     double number(const ast_answers_t &answers) const;
 
@@ -97,6 +100,9 @@ inline constexpr Quantity kQuantities[] = {
     {"on_ground", "On the ground", AST_ANSWER_ON_GROUND, QuantityForm::flag, &ast_answers_t::on_ground},
     {"simulated", "Simulated target", AST_ANSWER_SIMULATED, QuantityForm::flag, &ast_answers_t::simulated},
 };
+
+// "2024-05-06T12:00:01.500000Z", of nanoseconds since 1970, to the microsecond, so that all have the same form.
+void write_moment(CellWriter &out, int64_t time_ns);
 
 // A kind of message without what goes without saying in a column of types: "north" of "north marker".
 std::string_view short_type(std::string_view type);

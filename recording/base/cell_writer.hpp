@@ -50,10 +50,11 @@ public:
         }
     }
 
-    // With so many decimals at most, none of them a zero at the end.
-    void shortest(double value, unsigned decimals) {
+    // With so many decimals at most, none of them a zero at the end. Halves are rounded to even digits, or away from 0.
+    void shortest(double value, unsigned decimals, bool halves_away = false) {
         uint64_t one = power_of_10(decimals);
-        auto scaled = static_cast<uint64_t>(std::llrint(std::abs(value) * static_cast<double>(one)));
+        const double steps = std::abs(value) * static_cast<double>(one);
+        auto scaled = static_cast<uint64_t>(halves_away ? std::llround(steps) : std::llrint(steps));
         if (value < 0 && scaled != 0) put('-');
         digits(scaled / one, 1);
         scaled %= one;

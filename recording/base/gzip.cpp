@@ -1,4 +1,5 @@
 #include "base/compression.hpp"
+#include "base/packing.hpp"
 
 #include <algorithm>
 #include <stdexcept>
@@ -8,11 +9,12 @@ namespace ast::recording {
 
 namespace {
 
+constexpr int kGzipHeader = 16; // with that around it, and not zlib's
+
 class Gzip : public Compression {
 public:
     Gzip() {
-        constexpr int kGzipOnly = 16;
-        if (inflateInit2(&stream_, MAX_WBITS + kGzipOnly) != Z_OK) throw std::runtime_error("no memory for gzip");
+        if (inflateInit2(&stream_, MAX_WBITS + kGzipHeader) != Z_OK) throw std::runtime_error("no memory for gzip");
     }
     ~Gzip() override { inflateEnd(&stream_); }
     Gzip(const Gzip &) = delete;
@@ -44,7 +46,38 @@ private:
     bool is_whole_ = false; // between members
 };
 
+class GzipPacking : public Packing {
+public:
+    GzipPacking() {
+        constexpr int kUsualMemory = 8;
+        if (deflateInit2(&stream_, Z_BEST_SPEED, Z_DEFLATED, MAX_WBITS + kGzipHeader, kUsualMemory,
+                         Z_DEFAULT_STRATEGY) != Z_OK)
+            throw std::runtime_error("no memory for gzip");
+    }
+    ~GzipPacking() override { deflateEnd(&stream_); }
+    GzipPacking(const GzipPacking &) = delete;
+    GzipPacking &operator=(const GzipPacking &) = delete;
+
+    PackingKind kind() const override { return PackingKind::gzip; }
+
+    void pack(std::string_view piece, std::string &packed) override {
+        deflateReset(&stream_);
+        packed.resize(deflateBound(&stream_, static_cast<uLong>(piece.size())));
+        stream_.next_in = reinterpret_cast<Bytef *>(const_cast<char *>(piece.data()));
+        stream_.avail_in = static_cast<uInt>(piece.size());
+        stream_.next_out = reinterpret_cast<Bytef *>(packed.data());
+        stream_.avail_out = static_cast<uInt>(packed.size());
+        if (deflate(&stream_, Z_FINISH) != Z_STREAM_END) throw std::runtime_error("gzip has failed");
+        packed.resize(packed.size() - stream_.avail_out);
+    }
+
+private:
+    z_stream stream_{};
+};
+
 } // namespace
+
+std::unique_ptr<Packing> make_gzip_packing() { return std::make_unique<GzipPacking>(); }
 
 std::unique_ptr<Compression> make_gzip() { return std::make_unique<Gzip>(); }
 

@@ -1,4 +1,5 @@
 #include "base/compression.hpp"
+#include "base/packing.hpp"
 
 #include <algorithm>
 #include <stdexcept>
@@ -50,7 +51,33 @@ private:
     bool is_whole_ = false; // between frames
 };
 
+class ZstdPacking : public Packing {
+public:
+    ZstdPacking() : context_(ZSTD_createCCtx()) {
+        if (!context_) throw std::runtime_error("no memory for zstd");
+    }
+
+    PackingKind kind() const override { return PackingKind::zstd; }
+
+    void pack(std::string_view piece, std::string &packed) override {
+        constexpr int kFast = 1;
+        packed.resize(ZSTD_compressBound(piece.size()));
+        const size_t size =
+            ZSTD_compressCCtx(context_.get(), packed.data(), packed.size(), piece.data(), piece.size(), kFast);
+        if (ZSTD_isError(size)) throw std::runtime_error(ZSTD_getErrorName(size));
+        packed.resize(size);
+    }
+
+private:
+    struct Free {
+        void operator()(ZSTD_CCtx *context) const { ZSTD_freeCCtx(context); }
+    };
+    std::unique_ptr<ZSTD_CCtx, Free> context_;
+};
+
 } // namespace
+
+std::unique_ptr<Packing> make_packing() { return std::make_unique<ZstdPacking>(); }
 
 std::unique_ptr<Compression> make_zstd() { return std::make_unique<Zstd>(); }
 

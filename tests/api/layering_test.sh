@@ -10,7 +10,7 @@ set -eu
 # over.
 floors='
 src: core codec view schema(core) query items cat reader
-recording: system base framing datagram capture block source ask write api
+recording: system base framing datagram capture block source ask write columns api
 tools/astdump > recording: show compare report page run
 tools/simulate > recording: common radar(common) adsb(common) tracker(common)
 examples:

@@ -7,7 +7,7 @@
 #include "base/counted.hpp"
 #include "compare/field_differences.hpp"
 #include "show/field_text.hpp"
-#include "show/json_string.hpp"
+#include "base/json_string.hpp"
 
 namespace ast::recording::astdump {
 

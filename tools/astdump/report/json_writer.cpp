@@ -1,5 +1,5 @@
 #include "report/writers.hpp"
-#include "show/json_string.hpp"
+#include "base/json_string.hpp"
 
 namespace ast::recording::astdump {
 

@@ -16,6 +16,7 @@
 #include "show/field_list.hpp"
 #include "show/terminal.hpp"
 #include "show/write_file.hpp"
+#include "show/write_table.hpp"
 #include "source/given_sites.hpp"
 #include "source/live_url.hpp"
 #include "system/files.hpp"
@@ -154,7 +155,9 @@ struct Texts {
     std::optional<std::string> seed; // of pseudonyms
     std::optional<std::string> dedup;
     std::string convert;
-    std::optional<std::string> csv;    // its columns
+    std::optional<std::string> csv; // its columns
+    std::string columns;            // of tables that are written, and whose names they have
+    std::string names;
     std::optional<std::string> fields; // their pattern
     std::optional<std::string> count;
     std::optional<std::string> ports;
@@ -329,6 +332,14 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_flag("--texts", options.texts, "In JSON, codes with their texts");
     app.add_option("--csv", texts.csv, "A line per record as comma-separated values: all quantities, or PATHS")
         ->type_name("[PATHS]");
+    app.add_flag("--arrow", options.arrow, "The same as a table, as a stream of Arrow on standard output, for a pipe");
+    app.add_option("--columns", texts.columns,
+                   "What tables have: common, if not given, quantities and PATHS, all, of one --category, or reports")
+        ->check(is_name)
+        ->type_name("LIST");
+    app.add_option("--names", texts.names, "Whose names and units they have instead of their own")
+        ->check(CLI::IsMember({"traffic"}).description(""))
+        ->type_name("traffic");
     app.add_flag("--stats", options.stats, "Instead of the listing, count by category, by item and by edition");
     app.add_flag("--report", options.report,
                  "Instead of the listing, how well each data source works: turns, detection, delays, and more; also "
@@ -352,8 +363,8 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
                    "Turn records into those of categories that say the same: 1 from 48, 2 from 34, and back")
         ->type_name("LIST");
     app.add_option("-w,--write", options.writes,
-                   "Write what is chosen to a .pcap, .ast or .json file instead, or send it to udp:// or "
-                   "tcp://HOST:PORT; repeated")
+                   "Write what is chosen to a .pcap, .ast or .json file instead, or a table to a .parquet, .arrow or "
+                   ".csv file, or send it to udp:// or tcp://HOST:PORT; repeated")
         ->check(is_name)
         ->take_all()
         ->allow_extra_args(false)
@@ -434,9 +445,11 @@ bool is_same_file(const std::string &one, const std::string &other) {
 // Of the forms that take the place of the listing, standard output has room for one.
 void refuse_two_forms(const Options &options) {
     const bool is_json = options.json && !options.diff && !options.report; // a form of these, too
-    if (options.list + is_json + options.stats + options.top + options.csv.has_value() + options.diff + options.report >
+    if (options.list + is_json + options.stats + options.top + options.csv.has_value() + options.arrow + options.diff +
+            options.report >
         1)
-        throw std::invalid_argument("--list, --csv, --json, --stats, --report, --top and --diff exclude each other");
+        throw std::invalid_argument(
+            "--list, --csv, --json, --arrow, --stats, --report, --top and --diff exclude each other");
     if (options.report && options.json && !options.html.empty())
         throw std::invalid_argument("--report is written as --json or as --html");
 }
@@ -446,7 +459,7 @@ void check_outputs(const Options &options) {
     std::vector<std::string> files = {options.html, options.metrics};
     for (const std::string &write : options.writes) {
         if (is_live(write)) continue;
-        file_kind(write);
+        if (!find_table_format(write)) file_kind(write);
         if (std::ranges::any_of(files, [&](const std::string &other) { return is_same_file(write, other); }))
             throw std::invalid_argument("--html, --metrics and --write are to be different files");
         files.push_back(write);
@@ -459,6 +472,23 @@ auto read_for(const char *option, const std::string &text, Read read) try {
     return read(text);
 } catch (const std::invalid_argument &error) {
     throw std::invalid_argument(std::string(option) + ": " + error.what());
+}
+
+// What tables have.
+void read_columns(Options &options, const Texts &texts) {
+    std::vector<TableFormat> formats;
+    if (options.arrow) formats.push_back(TableFormat::arrow_stream);
+    for (const std::string &write : options.writes)
+        if (const auto format = is_live(write) ? std::nullopt : find_table_format(write)) formats.push_back(*format);
+    if (formats.empty() && !(texts.columns.empty() && texts.names.empty()))
+        throw std::invalid_argument("--columns and --names are for --write to .parquet, .arrow or .csv, and --arrow");
+    if (formats.empty()) return;
+    if (texts.rotation) throw std::invalid_argument("--rotate is for captures, blocks and JSON");
+    options.table = std::make_shared<Table>(read_for("--columns", texts.columns, [&](const std::string &columns) {
+        Table table = read_table(columns, texts.names, options.categories);
+        for (const TableFormat format : formats) check_columns(format, table.heads);
+        return table;
+    }));
 }
 
 // Datagrams, and how much of them.
@@ -477,6 +507,7 @@ void add_condition(Filter &where, const std::string &text) try { where.add(text)
 
 bool wants_positions(const Options &options) {
     const auto asks = [](const CsvColumn &each) { return asks_position(each); };
+    if (options.table && options.table->asks_position()) return true;
     return options.where.asks_position() || (options.csv && std::ranges::any_of(*options.csv, asks));
 }
 
@@ -558,6 +589,7 @@ void complete(Options &options, const Texts &texts) {
     if (!texts.convert.empty()) options.convert = read_convert_targets(texts.convert);
     check_outputs(options);
     if (texts.csv) options.csv = read_csv_columns(*texts.csv == kUsualValue ? "" : *texts.csv);
+    read_columns(options, texts);
     refuse_two_forms(options);
     read_sites(options, texts);
     const bool live = join_live(options.files);

@@ -4,11 +4,13 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "ask/filter.hpp"
+#include "columns/table.hpp"
 #include "show/csv.hpp"
 #include "show/rotating_file.hpp"
 #include "source/live_url.hpp"
@@ -32,6 +34,8 @@ struct Options : ReadOptions {
     bool json = false;
     bool texts = false;                        // of codes, in JSON
     std::optional<std::vector<CsvColumn>> csv; // those behind the ones that are always there
+    std::shared_ptr<const Table> table;        // what tables have that are written; null for none
+    bool arrow = false;                        // as a stream
     bool detail = false;                       // in the listing
     std::string html;                          // the page to write; empty for none
     std::vector<std::string> writes;           // of what is chosen: files, and addresses to send to

@@ -182,6 +182,7 @@ void Run::take_first(const Rendered &rendered) {
         if (!sinks_.empty()) sinks_.front()->take(rendered.texts.front().text().substr(taken, report.place - taken));
         if (!sinks_.empty() && reports_.shows_each()) sinks_.front()->flush();
         taken = report.place;
+        for (const auto &sink : sinks_) sink->report(report);
         if (pass_ == 0) reports_.show(report);
     }
     if (!sinks_.empty()) sinks_.front()->take(rendered.texts.front().text().substr(taken));

@@ -17,6 +17,7 @@
 #include "show/throughput.hpp"
 #include "show/top.hpp"
 #include "show/write_file.hpp"
+#include "show/write_table.hpp"
 #include "source/live_url.hpp"
 
 namespace ast::recording::astdump {
@@ -64,6 +65,8 @@ const Send *add_outputs(Sinks &sinks, const Options &options, Interruption &inte
     for (const std::string &write : options.writes)
         if (is_live(write))
             destinations.push_back({write, false});
+        else if (find_table_format(write))
+            sinks.push_back(std::make_unique<WriteTable>(write, options.files, options.table));
         else if (options.rotation.is_any())
             sinks.push_back(std::make_unique<RotatingFile>(write, options.files, options.rotation, json_form(options)));
         else
@@ -103,6 +106,8 @@ Sinks make_sinks(const Options &options, Output &out, const ReportLog &reports, 
         sinks.push_back(std::make_unique<Stats>(out, color));
     else if (options.json)
         sinks.push_back(std::make_unique<JsonLines>(out, json_form(options)));
+    else if (options.arrow)
+        sinks.push_back(std::make_unique<WriteTable>(out, options.table));
     else if (options.csv)
         sinks.push_back(std::make_unique<Csv>(out, *options.csv, options.files.size() > 1, options.merge));
     else if (options.list)
@@ -111,7 +116,8 @@ Sinks make_sinks(const Options &options, Output &out, const ReportLog &reports, 
         sinks.push_back(std::make_unique<Listing>(out, Listing::Form{columns(stdout), color,
                                                                      options.files.size() > 1 && !options.merge,
                                                                      options.detail, is_terminal(stdout)}));
-    if (options.follow && !options.report && !options.top && !options.stats && !options.json && !options.csv)
+    if (options.follow && !options.report && !options.top && !options.stats && !options.json && !options.csv &&
+        !options.arrow)
         sinks.push_back(std::make_unique<Stats>(out, color));
     if (!options.html.empty() && !options.report) sinks.push_back(std::make_unique<Page>(options.html, options.files));
     const Send *const send = add_outputs(sinks, options, interruption);

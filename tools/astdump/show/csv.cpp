@@ -1,14 +1,13 @@
 #include "show/csv.hpp"
 
 #include <algorithm>
-#include <cmath>
 #include <stdexcept>
 #include <utility>
 
 #include "ask/answerer.hpp"
 #include "ask/suggestion.hpp"
-#include "base/numbers.hpp"
 #include "base/time.hpp"
+#include "columns/csv_cell.hpp"
 #include "show/field_text.hpp"
 
 namespace ast::recording::astdump {
@@ -55,74 +54,16 @@ void add(std::vector<CsvColumn> &columns, const std::string &name) {
 
 // ---- Cells ----
 
-bool wants_quotes(char c) { return c == ',' || c == '"' || c == '\r' || c == '\n'; }
-
-// Puts what stands in quotes, from `begin` on.
-void quote(TextBuffer &out, size_t begin) {
-    std::string quoted = "\"";
-    for (const char c : out.text().substr(begin)) quoted.append(c == '"' ? 2 : 1, c);
-    quoted += '"';
-    out.cut(begin);
-    out.put(quoted);
-}
-
-bool is_number(std::string_view cell) {
-    if (cell.starts_with('+')) cell.remove_prefix(1);
-    const auto number = read_number<double>(cell);
-    return number && std::isfinite(*number);
-}
-
-// What a spreadsheet would take for a formula.
-bool is_formula(std::string_view cell) {
-    constexpr std::string_view kBegins = "=+-@";
-    return !cell.empty() && kBegins.find(cell.front()) != std::string_view::npos && !is_number(cell);
-}
-
-// Sets an apostrophe before the cell that stands from `begin` on, where it needs one.
-void guard_formula(TextBuffer &out, size_t begin) {
-    if (!is_formula(out.text().substr(begin))) return;
-    const std::string cell(out.text().substr(begin));
-    out.cut(begin);
-    out.put('\'');
-    out.put(cell);
-}
-
-// Makes a cell of the text that stands from `begin` on.
-void finish_cell(TextBuffer &out, size_t begin) {
-    guard_formula(out, begin);
-    if (std::ranges::any_of(out.text().substr(begin), wants_quotes)) quote(out, begin);
-}
-
-void put_cell(TextBuffer &out, std::string_view text) {
-    const size_t begin = out.size();
-    out.put(text);
-    finish_cell(out, begin);
-}
-
-// Digits and characters that may be digits are texts, whatever they look like: "0420", "3E1234".
-bool is_quoted(QuantityForm form) {
-    return form == QuantityForm::octal || form == QuantityForm::hexadecimal || form == QuantityForm::characters;
-}
-
 void put_cell(TextBuffer &out, Answerer &answerer, const Quantity *quantity) {
     const ast_answers_t &answers = answerer.answers();
     if (!quantity->is_in(answers)) return;
-    const bool is_in_quotes = is_quoted(quantity->form);
-    const size_t begin = out.size();
-    if (is_in_quotes) out.put('"');
-    out.put_with(kQuantityRoom, [&](char *text) {
-        CellWriter writer(text);
-        quantity->write(writer, answers);
-        return writer.size();
-    });
-    if (!is_in_quotes) return;
-    const std::string_view cell = out.text().substr(begin + 1);
-    if (!is_formula(cell) && cell.find('"') == std::string_view::npos) return out.put('"');
-    const std::string text(cell);
-    out.cut(begin);
-    out.put(text);
-    guard_formula(out, begin);
-    quote(out, begin);
+    char text[kQuantityRoom];
+    CellWriter writer(text);
+    quantity->write(writer, answers);
+    if (quantity->is_quoted())
+        put_quoted_cell(out, {text, writer.size()});
+    else
+        out.put({text, writer.size()});
 }
 
 // The elements of a list are set apart by blanks. One number is a cell as it is.

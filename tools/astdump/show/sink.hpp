@@ -58,6 +58,9 @@ public:
     virtual void take(std::string_view rendered) = 0;
     virtual void count(const Tally &) {}
 
+    // What is reported, in the order of what has been rendered.
+    virtual void report(const Report &) {}
+
     // What a data source of the file at hand has sent cannot be.
     virtual void doubt(const JudgedSource &, const Judgement &) {}
 

@@ -48,8 +48,10 @@ FileKind file_kind(const std::string &path) {
     const auto found =
         std::ranges::find_if(kExtensions, [&](const Extension &extension) { return path.ends_with(extension.name); });
     if (found != std::end(kExtensions)) return found->kind;
-    throw std::invalid_argument("--write: '" + path +
-                                "' ends in none of .pcap (a capture), .ast, .bin, .raw (blocks), .json, .jsonl");
+    throw std::invalid_argument(
+        "--write: '" + path +
+        "' ends in none of .pcap (a capture), .ast, .bin, .raw (blocks), .json, .jsonl, .parquet, .arrow, "
+        ".csv (a table)");
 }
 
 void tell_part(OutputFile &file) {

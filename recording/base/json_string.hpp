@@ -5,7 +5,7 @@
 
 #include "base/text_buffer.hpp"
 
-namespace ast::recording::astdump {
+namespace ast::recording {
 
 // Of printable text, in its quotes.
 inline void put_json_string(TextBuffer &out, std::string_view text) {
@@ -17,4 +17,4 @@ inline void put_json_string(TextBuffer &out, std::string_view text) {
     out.put('"');
 }
 
-} // namespace ast::recording::astdump
+} // namespace ast::recording

@@ -5,11 +5,7 @@
 #include <string>
 
 #include "api/failure.hpp"
-#include "ask/filter.hpp"
-
-struct ast_filter {
-    ast::recording::Filter filter;
-};
+#include "api/handles.hpp"
 
 using namespace ast::recording;
 

@@ -5,13 +5,9 @@
 #include <new>
 
 #include "api/failure.hpp"
+#include "api/handles.hpp"
 #include "api/opening.hpp"
-#include "api/recording.hpp"
 #include "datagram/report_words.hpp"
-
-struct ast_recording {
-    ast::recording::Recording recording;
-};
 
 namespace {
 
@@ -27,6 +23,11 @@ uint64_t write(char *text, uint64_t capacity, Make make) {
     }
 }
 
+ast_recording_t *new_recording(std::vector<Origin> origins, const ReadOptions &read,
+                               const ast_recording_options_t &options) {
+    return new ast_recording{std::make_shared<Recording>(std::move(origins), read, options)};
+}
+
 } // namespace
 
 ast_recording_t *ast_recording_open(const char *const *inputs, uint64_t count, const ast_recording_options_t *options,
@@ -35,7 +36,7 @@ ast_recording_t *ast_recording_open(const char *const *inputs, uint64_t count, c
         ReadOptions read = read_open_options(chosen);
         std::vector<Origin> origins = origins_of({inputs, inputs ? static_cast<size_t>(count) : 0}, read);
         read.merge = read.merge && origins.size() > 1;
-        return new ast_recording{{std::move(origins), read, chosen}};
+        return new_recording(std::move(origins), read, chosen);
     });
 }
 
@@ -47,7 +48,7 @@ ast_recording_t *ast_recording_open_octets(const uint8_t *octets, uint64_t count
         read.follow = read.merge = false;
         Origin origin{
             .path = name ? name : "memory", .name = name ? name : "memory", .octets = {{octets, octets ? count : 0}}};
-        return new ast_recording{{{std::move(origin)}, read, chosen}};
+        return new_recording({std::move(origin)}, read, chosen);
     });
 }
 
@@ -56,25 +57,25 @@ void ast_recording_close(ast_recording_t *recording) { delete recording; }
 bool ast_recording_next(ast_recording_t *recording, ast_recording_block_t *block) {
     constexpr int kNoLimit = -1;
     ast_recording_block_t ignored;
-    return recording && recording->recording.next(block ? *block : ignored, kNoLimit);
+    return recording && recording->recording->next(block ? *block : ignored, kNoLimit);
 }
 
 bool ast_recording_next_within(ast_recording_t *recording, ast_recording_block_t *block, uint32_t timeout_ms) {
     ast_recording_block_t ignored;
     const auto limit_ms = static_cast<int>(std::min<uint32_t>(timeout_ms, std::numeric_limits<int>::max()));
-    return recording && recording->recording.next(block ? *block : ignored, limit_ms);
+    return recording && recording->recording->next(block ? *block : ignored, limit_ms);
 }
 
 bool ast_recording_get_record(ast_recording_t *recording, uint64_t index, ast_datarecord_t *record) {
     try {
-        return recording && record && recording->recording.get_record(index, *record);
+        return recording && record && recording->recording->get_record(index, *record);
     } catch (const std::exception &) {
         return false;
     }
 }
 
 bool ast_recording_decode(ast_recording_t *recording, ast_datablock_t *block) {
-    return recording && block && recording->recording.decode(*block);
+    return recording && block && recording->recording->decode(*block);
 }
 
 uint32_t ast_recording_get_state(const ast_recording_t *recording, ast_recording_state_t *state) {
@@ -82,11 +83,11 @@ uint32_t ast_recording_get_state(const ast_recording_t *recording, ast_recording
     ast_recording_state_t &to = state ? *state : ignored;
     to = {};
     to.phase = AST_RECORDING_FAILED;
-    return recording ? recording->recording.get_state(to) : to.phase;
+    return recording ? recording->recording->get_state(to) : to.phase;
 }
 
 void ast_recording_interrupt(ast_recording_t *recording) {
-    if (recording) recording->recording.interrupt();
+    if (recording) recording->recording->interrupt();
 }
 
 uint64_t ast_recording_report_to_text(char *text, uint64_t capacity, const ast_recording_report_t *report) {

@@ -269,17 +269,30 @@ EditionMemory &Recording::editions_of_last() {
 }
 
 // Split once more, where it is asked for: most blocks are looked at whole or not at all.
-bool Recording::get_record(uint64_t index, ast_datarecord_t &record) {
-    if (!last_ || index >= last_->records) return false;
+const SplitBlock &Recording::split_last() {
     if (!is_split_) {
         const Silence silence;
         if (!split_) split_ = std::make_unique<SplitBlock>();
         split_->read(editions_of_last(), last_->octets);
         is_split_ = true;
     }
-    if (index >= split_->record_count) return false;
-    record = split_->records[index];
+    return *split_;
+}
+
+bool Recording::get_record(uint64_t index, ast_datarecord_t &record) {
+    if (!last_ || index >= last_->records) return false;
+    const SplitBlock &split = split_last();
+    if (index >= split.record_count) return false;
+    record = split.records[index];
     return true;
+}
+
+DecodedBlock Recording::split_block() {
+    return {.datagram = last_->datagram,
+            .number = last_->number,
+            .offset = last_->offset,
+            .octets = last_->octets,
+            .block = &split_last()};
 }
 
 bool Recording::decode(ast_datablock_t &block) {

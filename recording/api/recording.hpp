@@ -8,6 +8,7 @@
 #include "api/block_job.hpp"
 #include "api/handover.hpp"
 #include "api/open_options.hpp"
+#include "block/decoded_block.hpp"
 #include "source/input_sequence.hpp"
 
 namespace ast::recording {
@@ -22,6 +23,10 @@ public:
     bool next(ast_recording_block_t &block, int limit_ms);
     bool get_record(uint64_t index, ast_datarecord_t &record);
     bool decode(ast_datablock_t &block);
+
+    // The block that the last call handed over, split; what is asked for of it, and where it was sent from, is left to
+    // the caller.
+    DecodedBlock split_block();
     uint32_t get_state(ast_recording_state_t &state) const;
     void interrupt() noexcept { interruption_.interrupt(); }
 
@@ -40,6 +45,7 @@ private:
     bool next_of_job(ast_recording_block_t &block);
     void end_job();
     EditionMemory &editions_of_last();
+    const SplitBlock &split_last();
     void tell(const Report &report, const char *file);
     void fill(ast_recording_block_t &block, const HandedBlock &from) const;
     bool end(uint32_t phase);

@@ -75,11 +75,9 @@ FlatBuffer::Place put_type(FlatBuffer &schema, ColumnType type) {
 
 FlatBuffer::Place put_metadata(FlatBuffer &schema, const ColumnHead &head) {
     std::vector<FlatBuffer::Place> pairs;
-    for (const auto &[key, value] :
-         {std::pair("unit", &head.unit), std::pair("title", &head.title), std::pair("codes", &head.codes)}) {
-        if (value->empty()) continue;
+    for (const auto &[key, value] : told_of(head)) {
         const FlatBuffer::Place key_place = schema.text(key);
-        const FlatBuffer::Place value_place = schema.text(*value);
+        const FlatBuffer::Place value_place = schema.text(value);
         schema.begin();
         schema.refer(0, key_place);
         schema.refer(1, value_place);

@@ -7,9 +7,15 @@ namespace ast::recording {
 
 // ---- Bits ----
 
+namespace {
+
+constexpr uint64_t lowest(unsigned count) { return count < 64 ? (uint64_t{1} << count) - 1 : ~uint64_t{0}; }
+
+} // namespace
+
 void Bits::put(uint64_t place, uint64_t bits, unsigned count) {
     if (count == 0) return;
-    if (count < 64) bits &= (uint64_t{1} << count) - 1;
+    bits &= lowest(count);
     put_zeros(place, count);
     const unsigned shift = place % 8;
     uint8_t *octet = octets_.data() + place / 8;
@@ -23,7 +29,7 @@ uint64_t Bits::get(uint64_t place, unsigned count) const {
     const uint64_t first = place / 8;
     const uint64_t end = (place + count + 7) / 8;
     for (uint64_t octet = first; octet < end; ++octet) bits |= uint64_t{octets_[octet]} << 8 * (octet - first);
-    return bits >> place % 8 & ((uint64_t{1} << count) - 1);
+    return bits >> place % 8 & lowest(count);
 }
 
 void Bits::put(uint64_t place, const Bits &from, uint64_t first, uint64_t count) {
@@ -72,6 +78,7 @@ void Column::add_nulls(uint64_t count) {
 
 void Column::add_validity(uint64_t valid, unsigned count) {
     if (is_void()) make_buffers();
+    valid &= lowest(count);
     validity_.put(size_, valid, count);
     size_ += count;
     nulls_ += count - static_cast<unsigned>(std::popcount(valid));

@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace ast::recording {
@@ -37,6 +39,9 @@ struct ColumnHead {
     unsigned decimals = 0; // at most, of a cell
     std::vector<ColumnHead> children{};
 };
+
+// What is told of a column beside its type: keys and texts.
+std::vector<std::pair<std::string_view, std::string_view>> told_of(const ColumnHead &head);
 
 // Octets of a value; 0 for what has none, or only bits. Of a list, those of the place where a row ends in its child.
 constexpr size_t width_of(ColumnType type) {

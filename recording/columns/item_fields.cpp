@@ -37,8 +37,13 @@ unsigned decimals_of(uint64_t numerator, uint64_t denominator) {
     return decimals;
 }
 
+// Whether a field has values of its own, if only where none of its readings fits.
+bool may_have_value(const ast_field_t &field) { return has_value(field) || field.kind == AST_FIELD_EITHER; }
+
 bool is_text(const ast_field_t &field) {
-    return field.kind >= AST_FIELD_OCTAL || (field.kind == AST_FIELD_RAW && field.bits >= kOctetsBits);
+    const bool is_raw = field.kind == AST_FIELD_RAW || field.kind == AST_FIELD_EITHER;
+    const bool is_octets = is_raw && field.bits >= kOctetsBits;
+    return is_octets || (field.kind >= AST_FIELD_OCTAL && field.kind <= AST_FIELD_EXPLICIT);
 }
 
 ColumnType type_of(const ast_field_t &field) {
@@ -113,7 +118,7 @@ private:
             add(inside, octets_field(field.title));
         else if (field.kind == AST_FIELD_REGISTER)
             add_register(field, inside);
-        else if (has_value(field) || field.kind == AST_FIELD_EITHER)
+        else if (may_have_value(field))
             add(inside, field);
     }
 
@@ -125,7 +130,7 @@ private:
             auto &description = *static_cast<Description *>(context);
             const std::string_view name = each->path;
             const size_t slash = name.find('/'); // behind the number of the register
-            if (slash != std::string_view::npos && has_value(*each))
+            if (slash != std::string_view::npos && may_have_value(*each))
                 description.add(description.register_ + std::string(name.substr(slash)), *each);
         };
         for (uint32_t bds = 0; bds < kRegisters; ++bds)

@@ -158,14 +158,15 @@ void put_parquet_schema(Thrift &out, int16_t id, std::span<const ColumnHead> hea
 void put_parquet_description(Thrift &out, int16_t id, std::span<const ColumnHead> heads) {
     TextBuffer json;
     put_json(json, heads);
-    const std::pair<std::string_view, std::string> pairs[] = {{"ARROW:schema", base64(framed(arrow_schema(heads)))},
-                                                              {"columns", std::string(json.text())}};
-    out.list(id, Thrift::Type::structure, std::size(pairs));
-    for (const auto &[key, value] : pairs)
+    const auto put_pair = [&](std::string_view key, std::string_view value) {
         out.structure([&] {
             out.text(1, key);
             out.text(2, value);
         });
+    };
+    out.list(id, Thrift::Type::structure, 2);
+    put_pair("ARROW:schema", base64(framed(arrow_schema(heads))));
+    put_pair("columns", json.text());
 }
 
 } // namespace ast::recording

@@ -1,6 +1,7 @@
 // Memory that runs out, wherever that is, by threads or without them: told, and nothing else.
 
 #include <atomic>
+#include <cerrno>
 #include <cstdlib>
 #include <new>
 
@@ -103,6 +104,36 @@ TEST(Memory, IsNotNeededToMatchARecord) {
     }
     EXPECT_EQ(met, 1);
     ast_filter_close(filter);
+}
+
+// In whatever is asked for: told, and the stream can be released.
+TEST(Memory, RunsOutForColumns) {
+    const std::vector<uint8_t> octets = contents(sample("radar.pcap"));
+    for (const char *const asked : {"common", "all"}) {
+        const ast_columns_options_t options = {.columns = asked, .categories = "48", .rows = 100};
+        int enough = 0;
+        for (int64_t allocations = 0; enough < 3; allocations += 1 + allocations / 8) {
+            const Recording recording = open(octets);
+            ast_recording_error_t error;
+            ArrowArrayStream stream;
+            ArrowSchema schema;
+            ArrowArray batch;
+            left = allocations;
+            const bool has_memory = ast_columns_get_stream(recording.get(), &options, &stream, &error);
+            int failure = has_memory ? stream.get_schema(&stream, &schema) : ENOMEM;
+            if (failure == 0) schema.release(&schema);
+            int64_t rows = 0;
+            while (failure == 0 && (failure = stream.get_next(&stream, &batch)) == 0 && batch.release) {
+                rows += batch.length;
+                batch.release(&batch);
+            }
+            left = kAll;
+            ASSERT_EQ(error.code, has_memory ? AST_RECORDING_ERROR_NONE : AST_RECORDING_ERROR_MEMORY) << error.text;
+            ASSERT_TRUE(failure == 0 ? rows == 177 : failure == ENOMEM) << asked << ' ' << failure << ' ' << rows;
+            enough += failure == 0;
+            if (stream.release) stream.release(&stream);
+        }
+    }
 }
 
 } // namespace

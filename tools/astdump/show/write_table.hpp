@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "columns/row_writer.hpp"
-#include "columns/table_writer.hpp"
+#include "columns/table_formats.hpp"
 #include "show/sink.hpp"
 #include "write/output_file.hpp"
 

@@ -1,4 +1,4 @@
-#include "columns/table_writer.hpp"
+#include "columns/table_formats.hpp"
 
 #include <algorithm>
 #include <stdexcept>
@@ -10,13 +10,6 @@
 #include "columns/parquet_writer.hpp"
 
 namespace ast::recording {
-
-namespace {
-
-constexpr uint64_t kMostOctets = uint64_t{256} << 20; // of a group of rows, which is looked at now and then
-constexpr uint64_t kLookedAtRows = 500;
-
-} // namespace
 
 void check_columns(TableFormat format, std::span<const ColumnHead> heads) {
     if (format != TableFormat::csv) return;
@@ -37,26 +30,23 @@ std::unique_ptr<TableWriter> make_table_writer(TableFormat format, std::span<con
 }
 
 RowGroups::RowGroups(TableFormat format, std::span<const ColumnHead> heads, PutOctets put)
-    : batch_(heads), writer_(make_table_writer(format, heads, std::move(put))) {}
+    : group_(heads), writer_(make_table_writer(format, heads, std::move(put))) {}
 
 void RowGroups::add(const Batch &piece) {
     for (uint64_t done = 0; done < piece.rows;) {
-        const uint64_t more = std::min(piece.rows - done, kLookedAtRows - batch_.rows % kLookedAtRows);
-        batch_.append(piece, done, more);
-        done += more;
-        const bool is_looked_at = batch_.rows % kLookedAtRows == 0;
-        if (batch_.rows == kUsualRows || (is_looked_at && batch_.octets() >= kMostOctets)) write();
+        done = group_.add(piece, done);
+        if (group_.is_full()) write();
     }
 }
 
 void RowGroups::write() {
-    writer_->write(batch_);
-    batch_.clear(writer_->shares_dictionaries());
+    writer_->write(group_.batch());
+    group_.clear(writer_->shares_dictionaries());
 }
 
 void RowGroups::finish() {
-    if (batch_.rows != 0) write();
-    writer_->finish(batch_);
+    if (group_.batch().rows != 0) write();
+    writer_->finish(group_.batch());
 }
 
 } // namespace ast::recording

@@ -28,6 +28,13 @@ need() {
         "${missing[@]}" </dev/null >&2
 }
 
+# Node.js, whoever has packaged it, and the engines that read tables; anew when other ones are wanted.
+need_engines() {
+    command -v npm >/dev/null || need nodejs npm
+    [[ $root/tests/tables/node_modules -nt $root/tests/tables/package-lock.json ]] ||
+        npm ci --prefix "$root/tests/tables" --no-audit --no-fund --loglevel=error >&2
+}
+
 # configure PRESET DIRECTORY [OPTION...]: configures one preset in a directory under build/.
 configure() {
     local preset=$1 directory=$2

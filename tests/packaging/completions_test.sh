@@ -41,6 +41,8 @@ check() {
     expect "$1" '--where I048/070/M' I048/070/MODE3A
     expect "$1" '--fields I048/04' I048/040 I048/040/RHO I048/040/THETA I048/042 I048/042/X I048/042/Y
     expect "$1" '--csv time,sq' time,squawk
+    expect "$1" '--columns time,re' time,received time,record time,reports
+    expect "$1" '--names ' traffic
     expect "$1" '--category 34,20' 34,20 34,205
 }
 

@@ -265,7 +265,8 @@ TEST(Follow, RefusesWhatCannotBe) {
         const char *complaint;
     } cases[] = {
         {"--follow a b", "astdump: --follow takes one FILE"},
-        {"--list --stats a", "astdump: --list, --csv, --json, --stats, --report, --top and --diff exclude each other"},
+        {"--list --stats a",
+         "astdump: --list, --csv, --json, --arrow, --stats, --report, --top and --diff exclude each other"},
         {"--html ./b.json --write b.json a", "astdump: --html, --metrics and --write are to be different files"},
         {"udp://127.0.0.1:0 a", "udp:// takes no FILE but other udp://"},
         {"udp://127.0.0.1:0 tcp://127.0.0.1:1", "tcp:// none at all"},

@@ -25,8 +25,9 @@ _astdump() {
         option=${COMP_WORDS[COMP_CWORD - 2]}
     fi
     case $option in
-    --uap | --framing | --color | --shift) known=$(_astdump_values "$tool" "$option") ;;
+    --uap | --framing | --color | --shift | --names) known=$(_astdump_values "$tool" "$option") ;;
     --where | --csv | --fields) known=$(_astdump_names "$tool" "${word##*,}") ;;
+    --columns) known="common all reports file block record received $(_astdump_names "$tool" "${word##*,}")" ;;
     --category) known='1 2 4 7 8 9 10 11 15 16 17 18 19 20 21 23 25 32 34 48 62 63 65 150 205 240 247' ;;
     --convert) known='1 2 34 48' ;;
     --interface | -i) known=$(cd /sys/class/net 2>/dev/null && printf '%s\n' *) ;;
@@ -40,7 +41,7 @@ _astdump() {
         ;;
     esac
     case $option in
-    --csv | --category | --convert)
+    --csv | --columns | --category | --convert)
         list=${word%"${word##*,}"}
         compopt -o nospace 2>/dev/null
         ;;

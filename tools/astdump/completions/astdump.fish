@@ -31,12 +31,14 @@ for line in (astdump --help all 2>/dev/null </dev/null)
     set --local option complete --command astdump --long-option $parts[1] --description $parts[-1]
     test (count $parts) = 3; and set --append option --require-parameter
     switch $parts[1]
-        case uap framing color shift
+        case uap framing color shift names
             set --append option --no-files --arguments "(__astdump_values --$parts[1])"
         case where fields
             set --append option --no-files --arguments '(__astdump_names)'
         case csv
             set --append option --arguments '(__astdump_list (__astdump_names))'
+        case columns
+            set --append option --no-files --arguments '(__astdump_list common all reports file block record received (__astdump_names))'
         case category
             set --append option --no-files --arguments '(__astdump_list 1 2 4 7 8 9 10 11 15 16 17 18 19 20 21 23 25 32 34 48 62 63 65 150 205 240 247)'
         case convert

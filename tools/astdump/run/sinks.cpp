@@ -2,6 +2,7 @@
 
 #include <limits>
 #include <memory>
+#include <stdexcept>
 
 #include "compare/diff.hpp"
 #include "page/page.hpp"
@@ -94,6 +95,8 @@ bool use_color(const Options &options, std::FILE *file) {
 }
 
 Sinks make_sinks(const Options &options, Output &out, const ReportLog &reports, Interruption &interruption) {
+    if (options.arrow && is_terminal(stdout))
+        throw std::runtime_error("--arrow is for a file or a pipe, not a terminal");
     Sinks sinks;
     const bool color = use_color(options, stdout);
     if (options.diff)

@@ -11,7 +11,7 @@ namespace ast::recording::astdump {
 
 // On `out`, which is standard output to all who look whether it is a terminal, and in the files that the options name.
 // What is drawn anew now and then is drawn while the interruption waits, too. Throws std::runtime_error where a file
-// cannot be written, or nothing can be sent to an address.
+// cannot be written, nothing can be sent to an address, or a terminal would get octets.
 Sinks make_sinks(const Options &options, Output &out, const ReportLog &reports, Interruption &interruption);
 
 bool use_color(const Options &options, std::FILE *file);

@@ -116,8 +116,9 @@ void ParquetWriter::write_texts(const Column &leaf, const Levels &levels, Chunk 
         if (dictionary[code] > dictionary[greatest]) greatest = code;
     }
     write_page(PageKind::dictionary, dictionary.size(), kPlain, chunk);
-    codes_.clear();
-    levels.each_value([&](uint64_t row) { codes_.push_back(leaf.value<uint32_t>(row)); });
+    codes_.resize(static_cast<size_t>(levels.size() - levels.nulls()));
+    uint32_t *next = codes_.data();
+    levels.each_value([&](uint64_t row) { *next++ = leaf.value<uint32_t>(row); });
     write_codes(levels, dictionary.size(), chunk);
     chunk.least = dictionary[least];
     chunk.greatest = dictionary[greatest];
@@ -126,12 +127,16 @@ void ParquetWriter::write_texts(const Column &leaf, const Levels &levels, Chunk 
 void ParquetWriter::write_flags(const Column &leaf, const Levels &levels, Chunk &chunk) {
     page_.clear();
     levels.put(page_);
-    Bits flags;
-    uint64_t count = 0;
-    levels.each_value([&](uint64_t row) { flags.put(count++, leaf.flags()[row], 1); });
-    page_ += as_text(flags.octets().data(), flags.octets().size());
+    uint64_t count = 0, set = 0;
+    unsigned open = 0; // bits of an octet that is not full
+    levels.each_value([&](uint64_t row) {
+        const bool flag = leaf.flags()[row];
+        set += flag;
+        open |= unsigned{flag} << count++ % 8;
+        if (count % 8 == 0) page_ += static_cast<char>(std::exchange(open, 0U));
+    });
+    if (count % 8 != 0) page_ += static_cast<char>(open);
     write_page(PageKind::data, levels.size(), kPlain, chunk);
-    const uint64_t set = flags.count(0, count);
     chunk.least = std::string(1, set == count ? '\1' : '\0');
     chunk.greatest = std::string(1, set != 0 ? '\1' : '\0');
 }
@@ -143,16 +148,24 @@ bool ParquetWriter::find_numbers(const Column &leaf, const Levels &levels) {
     constexpr uint32_t kMost = 32768;
     constexpr uint64_t kTimes = 3; // that a number comes at least
     numbers_.clear();
-    codes_.clear();
+    codes_.resize(static_cast<size_t>(levels.size() - levels.nulls()));
+    uint32_t *next = codes_.data();
     bool are_few = true;
+    uint64_t last = 0;          // which mostly comes again
+    uint32_t last_code = kMost; // none so far
     levels.each_value([&](uint64_t row) {
         if (!are_few) return;
         uint64_t number = 0;
         const auto value = leaf.value<Value>(row);
         std::memcpy(&number, &value, sizeof value);
-        const auto [code, is_new] = numbers_.code_of(number);
-        codes_.push_back(code);
-        are_few = !is_new || code < kSome || (code < kMost && codes_.size() > kTimes * code);
+        if (number != last || last_code == kMost) {
+            const auto [code, is_new] = numbers_.code_of(number);
+            const auto seen = static_cast<uint64_t>(next - codes_.data());
+            are_few = !is_new || code < kSome || (code < kMost && seen > kTimes * code);
+            last = number;
+            last_code = code;
+        }
+        *next++ = last_code;
     });
     return are_few;
 }

@@ -9,8 +9,7 @@ class RowGroup {
 public:
     static constexpr uint64_t kUsualRows = 100'000;
 
-    explicit RowGroup(std::span<const ColumnHead> heads, uint64_t most_rows = kUsualRows)
-        : batch_(heads), most_rows_(most_rows) {}
+    explicit RowGroup(std::span<const ColumnHead> heads, uint64_t most_rows = kUsualRows);
 
     // Takes rows of a piece from one on, up to its end or until the group is full. Returns the first that is left.
     uint64_t add(const Batch &piece, uint64_t first);
@@ -24,6 +23,7 @@ public:
 private:
     Batch batch_;
     uint64_t most_rows_;
+    bool has_list_;
     bool is_full_ = false;
 };
 

@@ -1,6 +1,7 @@
 #include "columns/row_writer.hpp"
 
 #include <algorithm>
+#include <type_traits>
 
 #include "base/letters.hpp"
 
@@ -99,40 +100,60 @@ void RowWriter::put_path(Column &column, const PathColumn &source, const ast_dat
 
 // One column after the other, which is far faster than one record after the other.
 void RowWriter::put_answers() {
-    for (const size_t place : quantities_)
-        put(batch_->columns[place], texts_[place], std::get<QuantityColumn>(table_.sources[place]));
+    uint64_t any = 0; // answers that some give, and that all do
+    uint64_t all = ~uint64_t{0};
+    for (unsigned i = 0; i < answer_count_; ++i) {
+        any |= answers_[i].present;
+        all &= answers_[i].present;
+    }
+    for (const size_t place : quantities_) {
+        Column &column = batch_->columns[place];
+        const auto &source = std::get<QuantityColumn>(table_.sources[place]);
+        const uint64_t answer = source.quantity->answer;
+        if ((any & answer) == 0)
+            column.add_nulls(answer_count_);
+        else
+            put(column, texts_[place], source, (all & answer) != 0 ? ~uint64_t{0} : rows_with(answer));
+    }
     answer_count_ = 0;
 }
 
-void RowWriter::put(Column &column, Texts &texts, const QuantityColumn &source) const {
-    const Quantity &quantity = *source.quantity;
-    uint64_t there = 0;
-    for (unsigned i = 0; i < answer_count_; ++i) there |= uint64_t{(answers_[i].present & quantity.answer) != 0} << i;
+uint64_t RowWriter::rows_with(uint64_t answer) const {
+    uint64_t rows = 0;
+    for (unsigned i = 0; i < answer_count_; ++i) rows |= uint64_t{(answers_[i].present & answer) != 0} << i;
+    return rows;
+}
+
+void RowWriter::put(Column &column, Texts &texts, const QuantityColumn &source, uint64_t there) const {
     switch (column.head().type) {
-    case ColumnType::float64:
-        return column.add_rows<double>(answer_count_, there,
-                                       [&, member = std::get<double ast_answers_t::*>(quantity.member)](unsigned i) {
-                                           return answers_[i].*member * source.factor;
-                                       });
+    case ColumnType::boolean:
+        return put_flags(column, source, there);
     case ColumnType::int32:
-        return column.add_rows<uint32_t>(
-            answer_count_, there, [&, member = std::get<uint32_t ast_answers_t::*>(quantity.member)](unsigned i) {
-                return answers_[i].*member;
-            });
+        return put_numbers<uint32_t>(column, source, there);
+    case ColumnType::float64:
+        return put_numbers<double>(column, source, there);
     case ColumnType::time:
-        return column.add_rows<int64_t>(answer_count_, there,
-                                        [&, member = std::get<int64_t ast_answers_t::*>(quantity.member)](unsigned i) {
-                                            return answers_[i].*member;
-                                        });
-    case ColumnType::boolean: {
-        uint64_t flags = 0;
-        for (unsigned i = 0; i < answer_count_; ++i)
-            flags |= uint64_t{answers_[i].*std::get<bool ast_answers_t::*>(quantity.member)} << i;
-        return column.add_flags(answer_count_, there, flags);
-    }
+        return put_numbers<int64_t>(column, source, there);
     default:
         return put_texts(column, texts, source, there);
     }
+}
+
+template <typename Value>
+void RowWriter::put_numbers(Column &column, const QuantityColumn &source, uint64_t there) const {
+    const auto member = std::get<Value ast_answers_t::*>(source.quantity->member);
+    column.add_rows<Value>(answer_count_, there, [&](unsigned i) {
+        const Value value = answers_[i].*member;
+        if constexpr (std::is_floating_point_v<Value>) return value * source.factor;
+        return value;
+    });
+}
+
+void RowWriter::put_flags(Column &column, const QuantityColumn &source, uint64_t there) const {
+    const auto member = std::get<bool ast_answers_t::*>(source.quantity->member);
+    uint64_t flags = 0;
+    for (unsigned i = 0; i < answer_count_; ++i) flags |= uint64_t{answers_[i].*member} << i;
+    column.add_flags(answer_count_, there, flags);
 }
 
 void RowWriter::put_texts(Column &column, Texts &texts, const QuantityColumn &source, uint64_t there) const {

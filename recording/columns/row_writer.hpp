@@ -35,9 +35,13 @@ private:
     };
 
     void add_record(const ast_datarecord_t &record);
-    void put(Column &column, Texts &texts, const QuantityColumn &source) const;
+    void put(Column &column, Texts &texts, const QuantityColumn &source, uint64_t there) const;
+    template <typename Value>
+    void put_numbers(Column &column, const QuantityColumn &source, uint64_t there) const;
+    void put_flags(Column &column, const QuantityColumn &source, uint64_t there) const;
     void put_texts(Column &column, Texts &texts, const QuantityColumn &source, uint64_t there) const;
     void put_answers();
+    uint64_t rows_with(uint64_t answer) const; // a bit for each, of those whose answers wait
     void put_path(Column &column, const PathColumn &source, const ast_datarecord_t &record);
 
     const Table &table_;

@@ -42,7 +42,7 @@ public:
     WriteTable(Output &out, std::shared_ptr<const Table> table);
 
     std::unique_ptr<Renderer> renderer() const override;
-    size_t chunk_octets() const override { return size_t{64} * 1024; }
+    size_t chunk_octets() const override { return size_t{256} * 1024; }
     uint64_t shows(const DecodedBlock &decoded) const override;
     void file(const std::string &name) override { input_ = name; }
     void take(std::string_view rendered) override;

@@ -211,6 +211,8 @@ constexpr const char *kPorts[] = {nullptr, nullptr, "8600", "1-8599"};
 constexpr const char *kHosts[] = {nullptr, nullptr, "192.0.2.0/31", "2001:db8::/32"};
 constexpr const char *kTimes[] = {nullptr, nullptr, "2024-06-01T12:00:03Z", "12:00:02", "00:00"};
 
+constexpr const char *kColumnCategories[] = {nullptr, "48", "62", "21", "1", "4", "34", "240"};
+
 template <size_t Count>
 const char *choose(const char *const (&texts)[Count], Input &input) {
     return texts[input.octet() % Count];
@@ -231,6 +233,8 @@ struct Choices {
     bool interrupts_in_report = false;
     uint64_t capacity = 0; // of texts
     uint32_t timeout_ms = 0;
+    const char *columns = nullptr; // of one category, where that is named
+    const char *category = nullptr;
     ast_recording_report_t forged{}; // whatever it says
 };
 
@@ -250,7 +254,10 @@ Choices take_options(Input &input) {
     choices.interrupt_at = input.octet() % 16;
     choices.interrupts_in_report = (input.octet() & 1) != 0;
     choices.capacity = input.octet();
-    choices.timeout_ms = input.octet() & 1;
+    const uint8_t last = input.octet();
+    choices.timeout_ms = last & 1;
+    choices.category = kColumnCategories[last / 2 % std::size(kColumnCategories)];
+    choices.columns = choices.category ? "all" : "common,file,received,I010/SAC,I250/MCP_ALT,I250[1]/TRACK";
     return choices;
 }
 
@@ -369,17 +376,18 @@ public:
 
     const Transcript &transcript() const { return transcript_; }
     uint64_t blocks() const { return blocks_; }
+    uint64_t records() const { return records_; }
 
     // Of a file of blocks back to back: what was neither a block nor reported.
     void require_all_covered() const {
         require(covered_ == octets_.size(), "octets are neither in a block nor reported");
     }
 
-private:
     struct Close {
         void operator()(ast_recording_t *recording) const { ast_recording_close(recording); }
     };
 
+private:
     bool next(bool by_timeout) {
         if (!by_timeout) return ast_recording_next(recording_.get(), &block_);
         constexpr uint32_t kLong_ms = 1000;
@@ -415,6 +423,7 @@ private:
 
     void take(const ast_recording_block_t &block) {
         ++blocks_;
+        records_ += block.records;
         const Octets octets{block.octets, block.length};
         require(octets.size() >= 3 && octets.size() == (size_t{octets[1]} << 8 | octets[2]), "a block is not whole");
         require(block.read.category == octets[0] && block.read.length == octets.size(), "a block is read as another");
@@ -501,6 +510,7 @@ private:
     Transcript transcript_;
     ast_recording_block_t block_{};
     uint64_t blocks_ = 0;
+    uint64_t records_ = 0;
     uint64_t reports_ = 0;
     std::array<uint64_t, AST_REPORT_KINDS> kinds_{};
     uint64_t number_ = 0, datagram_ = 0, packet_ = 0; // of the last block
@@ -509,11 +519,56 @@ private:
     std::unique_ptr<ast_recording_t, Close> recording_;
 };
 
+// ---- Columns ----
+
+// A column is as long as its parent says, and what it refers to is there.
+void check_column(const ArrowSchema &schema, const ArrowArray &array, int64_t length) {
+    const std::string_view format = schema.format;
+    const auto at = [&](int64_t place) { return static_cast<const int32_t *>(array.buffers[1])[place]; };
+    require(array.length == length && array.null_count >= 0 && array.null_count <= length, "a column is too short");
+    require((array.dictionary != nullptr) == (schema.dictionary != nullptr), "a column has another dictionary");
+    if (array.dictionary)
+        for (int64_t row = 0; row < length; ++row)
+            require(at(row) >= 0 && (at(row) < array.dictionary->length || array.null_count != 0),
+                    "a code has no text");
+    for (int64_t row = 0; format == "+l" && row < length; ++row)
+        require(at(row) <= at(row + 1), "a list ends before it begins");
+    require(array.n_children == schema.n_children, "a column has other children");
+    for (int64_t i = 0; i < array.n_children; ++i)
+        check_column(*schema.children[i], *array.children[i], format == "+l" ? at(length) : length);
+}
+
+// Each record is a row.
+void check_columns(Octets octets, const Choices &choices, uint64_t records) {
+    ast_recording_options_t options = choices.options;
+    const std::unique_ptr<ast_recording_t, Reading::Close> recording(
+        ast_recording_open_octets(octets.data(), octets.size(), "in", &options, nullptr));
+    const uint64_t most = choices.capacity + 1;
+    const ast_columns_options_t asked = {.columns = choices.columns, .categories = choices.category, .rows = most};
+    ArrowArrayStream stream;
+    ArrowSchema schema;
+    ArrowArray batch;
+    require(ast_columns_get_stream(recording.get(), &asked, &stream, nullptr), "columns are refused");
+    require(stream.get_schema(&stream, &schema) == 0, "there is no schema");
+    uint64_t rows = 0;
+    while (stream.get_next(&stream, &batch) == 0 && batch.release) {
+        const auto length = static_cast<uint64_t>(batch.length);
+        require(length != 0 && length <= most, "a batch is too long");
+        check_column(schema, batch, batch.length);
+        rows += length;
+        batch.release(&batch);
+    }
+    schema.release(&schema);
+    stream.release(&stream);
+    require(choices.category ? rows <= records : rows == records, "records are no rows");
+}
+
 void check_readings(Octets octets, const Choices &choices) {
     constexpr auto kReached = Reading::End::reached;
     Reading plain(octets, choices, 0);
     plain.read(kNever, kReached, false);
     if (choices.is_raw && choices.is_plain && choices.takes_all) plain.require_all_covered();
+    check_columns(octets, choices, plain.records());
     for (const uint32_t threads : {0U, 2U}) {
         Reading other(octets, choices, threads);
         other.read(kNever, kReached, true);

@@ -26,9 +26,9 @@ void Bits::put(uint64_t place, uint64_t bits, unsigned count) {
 
 uint64_t Bits::get(uint64_t place, unsigned count) const {
     uint64_t bits = 0;
-    const uint64_t first = place / 8;
-    const uint64_t end = (place + count + 7) / 8;
-    for (uint64_t octet = first; octet < end; ++octet) bits |= uint64_t{octets_[octet]} << 8 * (octet - first);
+    const auto first = static_cast<size_t>(place / 8);
+    const auto end = static_cast<size_t>((place + count + 7) / 8);
+    for (size_t octet = first; octet < end; ++octet) bits |= uint64_t{octets_[octet]} << 8 * (octet - first);
     return bits >> place % 8 & lowest(count);
 }
 

@@ -16,13 +16,13 @@ namespace ast::recording {
 // Bits behind one another, the first the least significant of an octet.
 class Bits {
 public:
-    bool operator[](uint64_t place) const { return (octets_[place / 8] >> place % 8 & 1) != 0; }
+    bool operator[](uint64_t place) const { return (octets_[static_cast<size_t>(place / 8)] >> place % 8 & 1) != 0; }
     const std::vector<uint8_t> &octets() const { return octets_; }
 
     // So many of the lowest bits, 64 at most, behind the first `place`, which are all that there are.
     void put(uint64_t place, uint64_t bits, unsigned count);
     void put(uint64_t place, const Bits &from, uint64_t first, uint64_t count);
-    void put_zeros(uint64_t place, uint64_t count) { octets_.resize((place + count + 7) / 8); }
+    void put_zeros(uint64_t place, uint64_t count) { octets_.resize(static_cast<size_t>((place + count + 7) / 8)); }
     uint64_t count(uint64_t first, uint64_t count) const; // of those that are set
     void clear() { octets_.clear(); }
 

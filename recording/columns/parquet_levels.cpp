@@ -9,7 +9,7 @@ namespace ast::recording {
 
 namespace {
 
-constexpr uint64_t kPackedTogether = 8; // numbers
+constexpr size_t kPackedTogether = 8; // numbers
 
 void put_run(std::string &out, uint64_t count, uint32_t number, unsigned bits) {
     put_varint(out, count << 1);

@@ -50,10 +50,9 @@ ColumnType type_of(const ast_field_t &field) {
     constexpr uint32_t kInt32Bits = 31;
     if (is_text(field)) return ColumnType::text;
     if (field.denominator > 1) return ColumnType::float64;
-    const bool has_sign = field.kind == AST_FIELD_SIGNED;
-    const uint64_t steps = std::max<uint64_t>(field.numerator, 1);
-    const bool fits = field.bits <= kInt32Bits + has_sign && steps << (field.bits - has_sign) <= uint64_t{1}
-                                                                                                     << kInt32Bits;
+    const uint32_t bits = field.bits - (field.kind == AST_FIELD_SIGNED ? 1 : 0); // of the size
+    const uint64_t step = std::max<uint64_t>(field.numerator, 1);
+    const bool fits = bits <= kInt32Bits && step << bits <= uint64_t{1} << kInt32Bits;
     return fits ? ColumnType::int32 : ColumnType::int64;
 }
 

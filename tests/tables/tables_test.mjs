@@ -191,6 +191,16 @@ async function comesInGroups() {
     await isReadAlike(recording);
 }
 
+// A folder is one table, with columns that its folders tell.
+async function isPartitioned() {
+    for (const path of captures) astdump('--partition', '--write', file(`archive/${basename(path)}.parquet`), path);
+    const rows = await ask(`select date::varchar as date, category::int as category, count(*)::int as count
+        from read_parquet('${file('archive')}/**/*.parquet', hive_partitioning = true) group by all order by all`);
+    const shown = captures.flatMap((path) => records(path)).map((record) => record.category);
+    assert.deepEqual(rows, [...new Set(shown)].sort((a, b) => a - b).map((category) => (
+        { date: '2024-06-01', category, count: shown.filter((each) => each === category).length })));
+}
+
 async function tellsUnits() {
     const paths = [file('units.arrow'), file('units.parquet')];
     const columns = ['--columns', 'fl,I048/020/SIM'];
@@ -238,6 +248,7 @@ try {
     for (const path of [...captures.slice(1), ...others]) await isReadAlike(path);
     await isAsTheJsonSays();
     await comesInGroups();
+    await isPartitioned();
     await tellsUnits();
     await hasReports();
     await answersTheReadme();

@@ -66,6 +66,20 @@ TEST(Table, IsOfReportsToo) {
         "2, less than the block header; 3 octets skipped\"\n");
 }
 
+// A north marker of just before midnight is of the day before its reception.
+TEST(Table, IsPartitionedByDayAndCategory) {
+    Command command;
+    command.write("a", pcap(1, {ethernet(ipv4(udp(kRecords + hex("22 000A E0 190C 01 A8BFFF"))))}));
+    command.write("b", kRecords);
+    for (const char *const file : {"a", "b"})
+        EXPECT_EQ(command.run("--columns sac,sic --partition --write t/" + std::string(file) + ".csv " + file).err, "");
+    const std::string found =
+        command.run("--version >/dev/null; find t -type f | sort; cat $(find t -type f | sort)").out;
+    EXPECT_EQ(found, "t/date=2024-05-05/category=34/a.csv\nt/date=2024-05-06/category=48/a.csv\n"
+                     "t/date=__HIVE_DEFAULT_PARTITION__/category=48/b.csv\n"
+                     "sac,sic\n25,12\nsac,sic\n25,12\n25,13\nsac,sic\n25,12\n25,13\n");
+}
+
 TEST(Table, LeavesOlderFilesAlone) {
     Command command;
     command.write("a", kRecords);
@@ -88,6 +102,8 @@ TEST(Table, RefusesWhatMakesNoSense) {
         {"--columns all --category 48 --write t.csv a",
          "--columns: 'I010' holds several values, which CSV cannot have"},
         {"--columns fl --names traffic --arrow a", "--columns: the names of traffic have columns of their own"},
+        {"--partition --arrow a", "--partition is for --write to .parquet, .arrow or .csv"},
+        {"--partition --columns reports --write t.csv a", "'reports' is a table of no days and categories"},
         {"--write t.csv --rotate 1h a", "--rotate is for captures, blocks and JSON"},
         {"--arrow --json a", "--list, --csv, --json, --arrow, --stats"},
     };

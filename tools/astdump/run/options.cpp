@@ -340,6 +340,8 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     app.add_option("--names", texts.names, "Whose names and units they have instead of their own")
         ->check(CLI::IsMember({"traffic"}).description(""))
         ->type_name("traffic");
+    app.add_flag("--partition", options.partition,
+                 "Write tables to a file for each day and category, in folders such as date=2024-06-01/category=48");
     app.add_flag("--stats", options.stats, "Instead of the listing, count by category, by item and by edition");
     app.add_flag("--report", options.report,
                  "Instead of the listing, how well each data source works: turns, detection, delays, and more; also "
@@ -482,11 +484,15 @@ void read_columns(Options &options, const Texts &texts) {
         if (const auto format = is_live(write) ? std::nullopt : find_table_format(write)) formats.push_back(*format);
     if (formats.empty() && !(texts.columns.empty() && texts.names.empty()))
         throw std::invalid_argument("--columns and --names are for --write to .parquet, .arrow or .csv, and --arrow");
+    if (options.partition && std::ranges::count(formats, TableFormat::arrow_stream) == std::ssize(formats))
+        throw std::invalid_argument("--partition is for --write to .parquet, .arrow or .csv");
     if (formats.empty()) return;
     if (texts.rotation) throw std::invalid_argument("--rotate is for captures, blocks and JSON");
     options.table = std::make_shared<Table>(read_for("--columns", texts.columns, [&](const std::string &columns) {
         Table table = read_table(columns, texts.names, options.categories);
         for (const TableFormat format : formats) check_columns(format, table.heads);
+        if (options.partition && !table.is_of_records())
+            throw std::invalid_argument("'reports' is a table of no days and categories");
         return table;
     }));
 }

@@ -36,6 +36,7 @@ struct Options : ReadOptions {
     std::optional<std::vector<CsvColumn>> csv; // those behind the ones that are always there
     std::shared_ptr<const Table> table;        // what tables have that are written; null for none
     bool arrow = false;                        // as a stream
+    bool partition = false;                    // of tables, into files by day and category
     bool detail = false;                       // in the listing
     std::string html;                          // the page to write; empty for none
     std::vector<std::string> writes;           // of what is chosen: files, and addresses to send to

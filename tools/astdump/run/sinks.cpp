@@ -67,7 +67,7 @@ const Send *add_outputs(Sinks &sinks, const Options &options, Interruption &inte
         if (is_live(write))
             destinations.push_back({write, false});
         else if (find_table_format(write))
-            sinks.push_back(std::make_unique<WriteTable>(write, options.files, options.table));
+            sinks.push_back(std::make_unique<WriteTable>(write, options.files, options.table, options.partition));
         else if (options.rotation.is_any())
             sinks.push_back(std::make_unique<RotatingFile>(write, options.files, options.rotation, json_form(options)));
         else

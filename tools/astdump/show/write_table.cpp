@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <cstring>
+#include <filesystem>
 #include <iterator>
+#include <set>
+#include <stdexcept>
 #include <utility>
 
 #include "columns/report_rows.hpp"
@@ -21,32 +24,78 @@ constexpr struct {
     {".csv", TableFormat::csv},
 };
 
-// Puts the rows of a chunk into a piece, and renders its number.
+// A piece of what goes to one file, as it is rendered.
+struct RenderedPiece {
+    Partition partition;
+    size_t number;
+};
+
+// Puts the rows of a chunk into pieces, and renders the numbers of these.
 class TableRenderer : public Renderer {
 public:
-    TableRenderer(const Table &table, TablePieces &pieces, const std::string &input)
-        : pieces_(pieces), input_(input), rows_(table) {}
+    TableRenderer(const Table &table, TablePieces &pieces, const std::string &input, bool is_partitioned)
+        : table_(table), pieces_(pieces), input_(input), is_partitioned_(is_partitioned) {}
 
     void block(const DecodedBlock &decoded, TextBuffer &) override {
-        if (!piece_) {
-            piece_ = pieces_.make();
-            rows_.begin(pieces_[*piece_]);
+        if (!is_partitioned_) return rows_of({}).add(decoded, input_);
+        find_partitions(decoded);
+        DecodedBlock part = decoded;
+        for (const Partition &partition : std::set(partitions_.begin(), partitions_.end())) {
+            part.shown.set(partitions_.size(),
+                           [&](uint64_t i) { return decoded.shown[i] && partitions_[i] == partition; });
+            if (part.shown.any()) rows_of(partition).add(part, input_);
         }
-        rows_.add(decoded, input_);
     }
 
     void end(TextBuffer &out) override {
-        if (!piece_) return;
-        rows_.finish();
-        const size_t number = *std::exchange(piece_, std::nullopt);
-        out.put({reinterpret_cast<const char *>(&number), sizeof number});
+        for (auto &[partition, rows] : rows_) {
+            if (!rows.piece) continue;
+            rows.writer.finish();
+            const RenderedPiece rendered{partition, *std::exchange(rows.piece, std::nullopt)};
+            out.put({reinterpret_cast<const char *>(&rendered), sizeof rendered});
+        }
     }
 
 private:
+    struct Rows {
+        RowWriter writer;
+        std::optional<size_t> piece{};
+    };
+
+    RowWriter &rows_of(const Partition &partition) {
+        Rows &rows = rows_.try_emplace(partition, Rows{RowWriter(table_)}).first->second;
+        if (!rows.piece) {
+            rows.piece = pieces_.make();
+            rows.writer.begin(pieces_[*rows.piece]);
+        }
+        return rows.writer;
+    }
+
+    // By the dates of records, or else of their reception.
+    void find_partitions(const DecodedBlock &decoded) {
+        constexpr int64_t kNanosecondsPerSecond = 1'000'000'000;
+        const std::optional<Time> &received = decoded.datagram->time;
+        partitions_.clear();
+        answerer_.set_block(decoded);
+        for (uint64_t i = 0; i < decoded.block->record_count; ++i) {
+            Partition &partition = partitions_.emplace_back(Partition{.category = decoded.block->category});
+            answerer_.set_record(decoded.block->records[i]);
+            const ast_answers_t &answers = answerer_.answers();
+            if ((answers.present & AST_ANSWER_TIMESTAMP) != 0)
+                partition.day = answers.timestamp_ns / (kSecondsPerDay * kNanosecondsPerSecond);
+            else if (received && has_date(*received))
+                partition.day = received->seconds / kSecondsPerDay;
+            if (partition.day && !is_in_calendar({*partition.day * kSecondsPerDay, 0})) partition.day.reset();
+        }
+    }
+
+    const Table &table_;
     TablePieces &pieces_;
     const std::string &input_;
-    RowWriter rows_;
-    std::optional<size_t> piece_;
+    bool is_partitioned_;
+    std::map<Partition, Rows> rows_;
+    Answerer answerer_;
+    std::vector<Partition> partitions_; // of the records of a block
 };
 
 } // namespace
@@ -83,21 +132,47 @@ void TablePieces::give_back(size_t number) {
 
 // ---- The sink ----
 
+WriteTable::File::File(const std::string &path, const std::vector<std::string> &inputs, const Table &table)
+    : file(path, inputs),
+      groups(*find_table_format(path), table.heads, [this](std::string_view octets) { file.write(octets); }) {}
+
 WriteTable::WriteTable(const std::string &path, const std::vector<std::string> &inputs,
-                       std::shared_ptr<const Table> table)
-    : table_(std::move(table)),
-      file_(std::in_place, path, inputs),
-      groups_(*find_table_format(path), table_->heads, [this](std::string_view octets) { file_->write(octets); }),
-      pieces_(*table_) {}
+                       std::shared_ptr<const Table> table, bool is_partitioned)
+    : table_(std::move(table)), path_(path), inputs_(inputs), is_partitioned_(is_partitioned), pieces_(*table_) {
+    if (!is_partitioned) groups_of({}); // also where there will be no rows
+}
 
 WriteTable::WriteTable(Output &out, std::shared_ptr<const Table> table)
     : table_(std::move(table)),
-      groups_(TableFormat::arrow_stream, table_->heads, [&out](std::string_view octets) { out.write(octets); }),
+      stream_(std::in_place, TableFormat::arrow_stream, table_->heads,
+              [&out](std::string_view octets) { out.write(octets); }),
       pieces_(*table_) {}
+
+std::string WriteTable::path_of(const Partition &partition) const {
+    constexpr const char *kUnknown = "__HIVE_DEFAULT_PARTITION__"; // as those who read partitions call it
+    if (!is_partitioned_) return path_;
+    const Time midnight{partition.day.value_or(0) * kSecondsPerDay, 0};
+    std::string date = time_text(midnight);
+    date.resize(date.find(' '));
+    const std::filesystem::path path(path_);
+    const std::filesystem::path folder = path.parent_path() / ("date=" + (partition.day ? date : kUnknown)) /
+                                         ("category=" + std::to_string(partition.category));
+    std::error_code failure;
+    std::filesystem::create_directories(folder, failure);
+    if (failure) throw std::runtime_error(folder.string() + ": " + failure.message());
+    return (folder / path.filename()).string();
+}
+
+RowGroups &WriteTable::groups_of(const Partition &partition) {
+    if (stream_) return *stream_;
+    const auto known = files_.find(partition);
+    if (known != files_.end()) return known->second.groups;
+    return files_.try_emplace(partition, path_of(partition), inputs_, *table_).first->second.groups;
+}
 
 std::unique_ptr<Renderer> WriteTable::renderer() const {
     if (!table_->is_of_records()) return nullptr;
-    return std::make_unique<TableRenderer>(*table_, pieces_, input_);
+    return std::make_unique<TableRenderer>(*table_, pieces_, input_, is_partitioned_);
 }
 
 uint64_t WriteTable::shows(const DecodedBlock &decoded) const {
@@ -105,10 +180,10 @@ uint64_t WriteTable::shows(const DecodedBlock &decoded) const {
 }
 
 void WriteTable::take(std::string_view rendered) {
-    for (size_t number = 0; !rendered.empty(); rendered.remove_prefix(sizeof number)) {
-        std::memcpy(&number, rendered.data(), sizeof number);
-        groups_.add(pieces_[number]);
-        pieces_.give_back(number);
+    for (RenderedPiece piece; !rendered.empty(); rendered.remove_prefix(sizeof piece)) {
+        std::memcpy(static_cast<void *>(&piece), rendered.data(), sizeof piece);
+        groups_of(piece.partition).add(pieces_[piece.number]);
+        pieces_.give_back(piece.number);
     }
 }
 
@@ -117,18 +192,24 @@ void WriteTable::report(const Report &report) {
     Batch row(table_->heads);
     add_report(row, report, input_);
     row.complete();
-    groups_.add(row);
+    groups_of({}).add(row);
 }
 
 void WriteTable::finish(uint64_t) {
-    groups_.finish();
-    if (file_) file_->replace();
+    if (stream_) stream_->finish();
+    for (auto &[partition, file] : files_) {
+        file.groups.finish();
+        file.file.replace();
+    }
 }
 
-// The part is a table of its own.
+// Each part is a table of its own.
 void WriteTable::break_off() {
-    groups_.finish();
-    if (file_) tell_part(*file_);
+    if (stream_) stream_->finish();
+    for (auto &[partition, file] : files_) {
+        file.groups.finish();
+        tell_part(file.file);
+    }
 }
 
 } // namespace ast::recording::astdump

@@ -1,6 +1,8 @@
-// What is chosen, as a table: Parquet, Arrow or CSV.
+// What is chosen, as a table: Parquet, Arrow or CSV, in one file or in one for each day and category.
 #pragma once
 
+#include <compare>
+#include <map>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -16,6 +18,14 @@ namespace ast::recording::astdump {
 
 // By the extension of a name; nothing for other ones.
 std::optional<TableFormat> find_table_format(std::string_view path);
+
+// Which rows stand in one file; where all do, nothing is set.
+struct Partition {
+    std::optional<int64_t> day{}; // since 1970-01-01, UTC; nothing where no date is known
+    uint32_t category = 0;
+
+    auto operator<=>(const Partition &) const = default;
+};
 
 // Pieces of a table on their way from the threads that fill them, in whatever order, to who takes them in theirs.
 class TablePieces {
@@ -35,8 +45,10 @@ private:
 
 class WriteTable : public Sink {
 public:
-    // To a file. Throws std::runtime_error when it cannot be written, or is one of the inputs; as do the others.
-    WriteTable(const std::string &path, const std::vector<std::string> &inputs, std::shared_ptr<const Table> table);
+    // To a file, or, partitioned, to files of that name in folders beside it: "date=2024-06-01/category=48". Throws
+    // std::runtime_error when one cannot be written, or is one of the inputs; as do the others.
+    WriteTable(const std::string &path, const std::vector<std::string> &inputs, std::shared_ptr<const Table> table,
+               bool is_partitioned);
 
     // As a stream of Arrow.
     WriteTable(Output &out, std::shared_ptr<const Table> table);
@@ -52,9 +64,22 @@ public:
     void break_off() override;
 
 private:
+    struct File {
+        File(const std::string &path, const std::vector<std::string> &inputs, const Table &table);
+
+        OutputFile file;
+        RowGroups groups;
+    };
+
+    RowGroups &groups_of(const Partition &partition);
+    std::string path_of(const Partition &partition) const;
+
     std::shared_ptr<const Table> table_;
-    std::optional<OutputFile> file_; // none for a stream
-    RowGroups groups_;
+    std::string path_;
+    std::vector<std::string> inputs_;
+    bool is_partitioned_ = false;
+    std::map<Partition, File> files_;
+    std::optional<RowGroups> stream_; // in place of files
     mutable TablePieces pieces_;
     std::string input_;
 };

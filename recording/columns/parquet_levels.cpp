@@ -46,48 +46,64 @@ void put_hybrid(std::string &out, std::span<const uint32_t> numbers, unsigned bi
     }
 }
 
-Levels::Levels(const LeafPath &path) : leaf_(path.back()), is_flat_(path.size() == 1) {
+Levels::Levels(const LeafPath &path) : leaf_(path.back()), is_flat_(path.size() == 1 || path[0]->is_void()) {
     for (const Column *column : path) {
         const bool is_list = column->head().type == ColumnType::list;
         most_repetition_ += is_list;
         most_definition_ += is_list ? 2 : 1;
+        lists_.push_back(most_repetition_);
     }
     if (is_flat_) {
-        size_ = leaf_->size();
-        values_ = size_ - leaf_->nulls();
+        size_ = path[0]->size();
+        values_ = size_ - path[0]->nulls();
         return;
     }
-    for (uint64_t row = 0; row < path[0]->size(); ++row) walk(path, 0, row, 0, 0);
+    if (most_repetition_ == 0)
+        walk_structures(path);
+    else
+        for (uint64_t row = 0; row < path[0]->size(); ++row) walk(path, 0, row, 0, 0);
     size_ = definitions_.size();
     values_ = rows_.size();
+}
+
+// Without lists, all columns have the same rows.
+void Levels::walk_structures(const LeafPath &path) {
+    definitions_.reserve(static_cast<size_t>(path[0]->size()));
+    for (uint64_t row = 0; row < path[0]->size(); ++row) {
+        uint32_t definition = 0;
+        while (definition < path.size() && path[definition]->has(row)) ++definition;
+        definitions_.push_back(definition);
+        if (definition == path.size()) rows_.push_back(row);
+    }
 }
 
 // Down from a row of a column. An element of a list repeats that list, but for the first, which repeats what the list
 // does.
 void Levels::walk(const LeafPath &path, size_t depth, uint64_t row, uint32_t repetition, uint32_t definition) {
     const Column &column = *path[depth];
-    const bool is_leaf = depth + 1 == path.size();
-    if (column.has(row)) ++definition;
-    if (!column.has(row) || is_leaf) {
+    const bool has_value = column.has(row);
+    if (has_value) ++definition;
+    if (!has_value || depth + 1 == path.size()) {
         repetitions_.push_back(repetition);
         definitions_.push_back(definition);
-        if (column.has(row)) rows_.push_back(row);
+        if (has_value) rows_.push_back(row);
         return;
     }
     if (column.head().type == ColumnType::structure) return walk(path, depth + 1, row, repetition, definition);
-    const auto own =
-        static_cast<uint32_t>(std::count_if(path.begin(), path.begin() + static_cast<std::ptrdiff_t>(depth) + 1,
-                                            [](const Column *each) { return each->head().type == ColumnType::list; }));
-    for (int32_t element = column.begin_of(row); element < column.end_of(row); ++element, repetition = own)
+    for (int32_t element = column.begin_of(row); element < column.end_of(row); ++element, repetition = lists_[depth])
         walk(path, depth + 1, static_cast<uint64_t>(element), repetition, definition + 1);
 }
 
 void Levels::put(std::string &page) const {
+    const unsigned repetition_bits = bits_for(most_repetition_);
+    const unsigned definition_bits = bits_for(most_definition_);
     if (most_repetition_ != 0)
-        put_with_length(page, [&](std::string &out) { put_hybrid(out, repetitions_, bits_for(most_repetition_)); });
+        put_with_length(page, [&](std::string &out) {
+            return is_flat_ ? put_run(out, size_, 0, repetition_bits) : put_hybrid(out, repetitions_, repetition_bits);
+        });
     put_with_length(page, [&](std::string &out) {
-        if (!is_flat_) return put_hybrid(out, definitions_, bits_for(most_definition_));
-        if (nulls() == 0 || values_ == 0) return put_run(out, size_, values_ != 0, 1);
+        if (!is_flat_) return put_hybrid(out, definitions_, definition_bits);
+        if (nulls() == 0 || values_ == 0) return put_run(out, size_, values_ != 0, definition_bits);
         put_packed_head(out, size_);
         const std::vector<uint8_t> &octets = leaf_->validity().octets();
         out += as_text(octets.data(), octets.size());

@@ -40,14 +40,16 @@ public:
     }
 
 private:
+    void walk_structures(const LeafPath &path);
     void walk(const LeafPath &path, size_t depth, uint64_t row, uint32_t repetition, uint32_t definition);
 
     const Column *leaf_;
-    bool is_flat_; // a column of the table, whose own bits say it all
+    bool is_flat_; // a column of the table, whose own bits say it all, or in one without any value
     uint64_t size_ = 0;
     uint64_t values_ = 0;
     uint32_t most_repetition_ = 0;
     uint32_t most_definition_ = 0;
+    std::vector<uint32_t> lists_; // at each depth, how many there are down to there
     std::vector<uint32_t> repetitions_;
     std::vector<uint32_t> definitions_;
     std::vector<uint64_t> rows_; // of the leaf, that have a value

@@ -78,7 +78,13 @@ TEST(FlatBuffer, RefersForward) {
     EXPECT_EQ(octets.substr(place, 7), std::string("\2\0\0\0AB\0", 7));
 }
 
-// Rows null, [5, null], [] by nobody, and [7]: how deep each is there, and which list it repeats.
+std::string page_of(const Levels &levels) {
+    std::string page;
+    levels.put(page);
+    return hex(page);
+}
+
+// Rows null, [5, null], [7] and null: how deep each value is there, and which list it repeats.
 TEST(Levels, TellListsApart) {
     const ColumnHead list{
         .name = "l", .type = ColumnType::list, .children = {{.name = "element", .type = ColumnType::int32}}};
@@ -90,12 +96,27 @@ TEST(Levels, TellListsApart) {
     const Levels levels({&column, &column.children()[0]});
     EXPECT_EQ(levels.size(), 5U);
     EXPECT_EQ(levels.nulls(), 3U);
-    std::string page;
-    levels.put(page);
-    EXPECT_EQ(hex(page), "02 00 00 00 03 04 03 00 00 00 03 ec 00"); // 0 0 1 0 0; then 0 3 2 3 0 in two bits each
+    EXPECT_EQ(page_of(levels), "02 00 00 00 03 04 03 00 00 00 03 ec 00"); // 0 0 1 0 0; then 0 3 2 3 0 in two bits each
     std::vector<uint64_t> rows;
     levels.each_value([&](uint64_t row) { rows.push_back(row); });
     EXPECT_EQ(rows, (std::vector<uint64_t>{0, 2}));
+    column.clear(false);
+    column.complete(3); // without any list
+    EXPECT_EQ(page_of(Levels({&column, &column.children()[0]})), "02 00 00 00 06 00 02 00 00 00 06 00");
+}
+
+// Rows null, of nothing, and of 5.
+TEST(Levels, TellWhatStructuresHold) {
+    const ColumnHead structure{
+        .name = "s", .type = ColumnType::structure, .children = {{.name = "a", .type = ColumnType::int32}}};
+    Column column(structure);
+    column.set_structure(1);
+    column.set_structure(2);
+    column.child(0).set(2, 5);
+    column.complete(3);
+    const Levels levels({&column, &column.children()[0]});
+    EXPECT_EQ(levels.nulls(), 2U);
+    EXPECT_EQ(page_of(levels), "03 00 00 00 03 24 00"); // 0 1 2 in two bits each
 }
 
 TEST(Dictionary, KnowsTextsByTheirOrder) {

@@ -531,6 +531,12 @@ AST_RECORDING_API ast_sender_t *ast_sender_listen(const char *url, const ast_sen
  *  least once a second; never for clients. */
 AST_RECORDING_API bool ast_sender_send_at(ast_sender_t *sender, const uint8_t *octets, uint64_t count, int64_t time_ns);
 
+/** Waits until a datagram of so many octets and that time is due, but at most so many milliseconds, for those who look
+ *  after something else meanwhile. Nothing is sent, and nothing changes: ast_sender_send_at sends it then.
+ *  Returns whether it is due now; false after an interruption. */
+AST_RECORDING_API bool ast_sender_wait_within(ast_sender_t *sender, uint64_t count, int64_t time_ns,
+                                              uint32_t timeout_ms);
+
 /** The next datagram is due at once, whatever its time, and those behind it by theirs against that: where a recording
  *  begins anew, or another one begins. */
 AST_RECORDING_API void ast_sender_restart(ast_sender_t *sender);
@@ -576,6 +582,37 @@ AST_RECORDING_API void ast_sender_interrupt(ast_sender_t *sender);
 /** Closes a sender. What has been sent over connections is waited for, as long as they take anything at least once a
  * second, unless it has been interrupted. Null is none. */
 AST_RECORDING_API void ast_sender_close(ast_sender_t *sender);
+
+/* ------------------------------------------------------------------------------------------------------- writing -- */
+
+/** A file of blocks as it is written. It belongs to one thread at a time. */
+typedef struct ast_writer ast_writer_t;
+
+/** Begins a file: a capture in pcap form where the name ends in .pcap, blocks back to back where it ends in .ast, .bin
+ *  or .raw.
+ *  path   copied. What is there stays as it is until ast_writer_finish; what is no regular file is written at once
+ *  error  is set whatever comes; null when nobody asks
+ *  Returns null for any other name, and when nothing can be written there. */
+AST_RECORDING_API ast_writer_t *ast_writer_open(const char *path, ast_recording_error_t *error);
+
+/** Writes a datagram: its blocks one behind the other, and in a capture a packet of UDP around them.
+ *  octets            borrowed; null only where count is 0
+ *  count             at most 65507 in a capture
+ *  time_ns           when it was received, kept to microseconds; AST_TIME_UNKNOWN is 1970-01-01
+ *  sender, receiver  null, or of family 0, where they are not known: then it is 192.0.2.1:8600 > 233.252.0.1:8600
+ *  error             is set whatever comes; null when nobody asks
+ *  Returns whether it has been written. What does not fit a capture leaves the file as it is; what cannot be written
+ *  ends it: ast_writer_finish fails, too. */
+AST_RECORDING_API bool ast_writer_write(ast_writer_t *writer, const uint8_t *octets, uint64_t count, int64_t time_ns,
+                                        const ast_endpoint_t *sender, const ast_endpoint_t *receiver,
+                                        ast_recording_error_t *error);
+
+/** All is written: the file takes its place, and the writer is closed whatever comes.
+ *  Returns whether it has. Otherwise what was there before is left. */
+AST_RECORDING_API bool ast_writer_finish(ast_writer_t *writer, ast_recording_error_t *error);
+
+/** Gives the file up: what was there before is left. Null is none. */
+AST_RECORDING_API void ast_writer_discard(ast_writer_t *writer);
 
 AST_END_DECLARATIONS
 

@@ -113,15 +113,8 @@ uint64_t ast_endpoint_to_text(char *text, uint64_t capacity, const ast_endpoint_
 uint64_t ast_time_to_text(char *text, uint64_t capacity, int64_t time_ns) {
     return write(text, capacity, [&] {
         if (time_ns == AST_TIME_UNKNOWN) return std::string();
-        constexpr int64_t kNanosecondsPerSecond = 1'000'000'000;
-        int64_t seconds = time_ns / kNanosecondsPerSecond;
-        int64_t fraction = time_ns % kNanosecondsPerSecond;
-        if (fraction < 0) { // of the second before
-            --seconds;
-            fraction += kNanosecondsPerSecond;
-        }
         TextBuffer out;
-        put_time(out, {seconds, static_cast<uint32_t>(fraction)});
+        put_time(out, from_nanoseconds(time_ns));
         return std::string(out.text());
     });
 }

@@ -12,15 +12,14 @@
 
 namespace ast::recording {
 
-// What `make(options)` makes; null with the reason where it cannot.
-template <typename Options, typename Make>
-auto opened(const Options *options, ast_recording_error_t *error, Make make) -> decltype(make(*options)) {
+// What `act()` returns; where it throws, what is false or null, with the reason.
+template <typename Act>
+auto or_error(ast_recording_error_t *error, Act act) -> decltype(act()) {
     ast_recording_error_t ignored;
     ast_recording_error_t &why = error ? *error : ignored;
     why = {};
     try {
-        static constexpr Options kDefaults{};
-        return make(options ? *options : kDefaults);
+        return act();
     } catch (const CannotOpen &failure) {
         set_error(why, failure.code(), failure.what());
     } catch (const NoDestination &failure) {
@@ -32,7 +31,14 @@ auto opened(const Options *options, ast_recording_error_t *error, Make make) -> 
     } catch (const std::exception &failure) {
         set_error(why, AST_RECORDING_ERROR_INPUT, failure.what());
     }
-    return nullptr;
+    return {};
+}
+
+// What `make(options)` makes, or null.
+template <typename Options, typename Make>
+auto opened(const Options *options, ast_recording_error_t *error, Make make) -> decltype(make(*options)) {
+    static constexpr Options kDefaults{};
+    return or_error(error, [&] { return make(options ? *options : kDefaults); });
 }
 
 } // namespace ast::recording

@@ -48,6 +48,10 @@ ast_sender *open_sender(const char *url, const ast_sender_options_t *options, bo
     });
 }
 
+std::optional<int64_t> known_time(int64_t time_ns) {
+    return time_ns == AST_TIME_UNKNOWN ? std::nullopt : std::optional(time_ns);
+}
+
 uint32_t kind_of(OutletEvent::Kind kind) {
     switch (kind) {
     case OutletEvent::Kind::listening:
@@ -74,8 +78,11 @@ ast_sender_t *ast_sender_listen(const char *url, const ast_sender_options_t *opt
 
 bool ast_sender_send_at(ast_sender_t *sender, const uint8_t *octets, uint64_t count, int64_t time_ns) {
     if (!sender || (!octets && count != 0)) return false;
-    const auto time = time_ns == AST_TIME_UNKNOWN ? std::nullopt : std::optional(time_ns);
-    return sender->sender.send({octets, count}, time);
+    return sender->sender.send({octets, count}, known_time(time_ns));
+}
+
+bool ast_sender_wait_within(ast_sender_t *sender, uint64_t count, int64_t time_ns, uint32_t timeout_ms) {
+    return sender && sender->sender.wait_for(count, known_time(time_ns), std::chrono::milliseconds(timeout_ms));
 }
 
 void ast_sender_restart(ast_sender_t *sender) {

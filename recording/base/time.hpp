@@ -35,6 +35,14 @@ constexpr std::optional<int64_t> nanoseconds_of(const Time &time) {
     return time.seconds * kNanosecondsPerSecond + time.nanoseconds;
 }
 
+constexpr Time from_nanoseconds(int64_t time_ns) {
+    constexpr int64_t kNanosecondsPerSecond = 1'000'000'000;
+    const int64_t fraction = time_ns % kNanosecondsPerSecond;
+    const int64_t seconds = time_ns / kNanosecondsPerSecond;
+    if (fraction < 0) return {seconds - 1, static_cast<uint32_t>(fraction + kNanosecondsPerSecond)};
+    return {seconds, static_cast<uint32_t>(fraction)};
+}
+
 struct Moment {
     std::optional<int64_t> day; // since 1970-01-01; nothing for a time of any day
     Time time;                  // since midnight

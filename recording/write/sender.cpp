@@ -1,5 +1,7 @@
 #include "write/sender.hpp"
 
+#include <algorithm>
+
 namespace ast::recording {
 
 bool Sender::deliver(Octets octets, bool may_wait) {
@@ -20,6 +22,14 @@ bool Sender::send(Octets octets, std::optional<int64_t> time_ns) {
     if (due.earliest ? !interruption_.until(*due.earliest) : interruption_.ended()) return false;
     if (due.by_time) sent_.lateness.add(Schedule::Clock::now() - *due.by_time);
     return deliver(octets, !due.by_time);
+}
+
+bool Sender::wait_for(size_t octets, std::optional<int64_t> time_ns, std::chrono::milliseconds limit) {
+    Schedule ahead = schedule_;
+    const auto earliest = ahead.next(time_ns, octets).earliest;
+    if (!earliest) return !interruption_.ended();
+    return interruption_.until(std::min(*earliest, Schedule::Clock::now() + limit)) &&
+           *earliest <= Schedule::Clock::now();
 }
 
 bool Sender::relay(Octets octets, const std::optional<Time> &received) {

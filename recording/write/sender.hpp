@@ -37,6 +37,9 @@ public:
     // slow. Whether it has been sent: not after an interruption.
     bool send(Octets octets, std::optional<int64_t> time_ns);
 
+    // Waits until it would be due, at most so long; whether it is. Changes nothing.
+    bool wait_for(size_t octets, std::optional<int64_t> time_ns, std::chrono::milliseconds limit);
+
     // What has just been received goes on at once, and is late by what that has taken.
     bool relay(Octets octets, const std::optional<Time> &received);
 

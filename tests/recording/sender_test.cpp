@@ -72,6 +72,26 @@ TEST(Sender, KeepsOctetsOrderAndTimes) {
 }
 
 // 40 datagrams of 1000 octets are 320 kbit.
+// Waiting by halves sends nothing, and does not put off what is sent.
+TEST(Sender, WaitsForWhatIsDueAndNoLonger) {
+    Receiver receiver;
+    const Sender sender = open_sender(receiver.url());
+    const int64_t second_ns = kNoon_ns + 300 * kMillisecond_ns;
+    EXPECT_TRUE(ast_sender_wait_within(sender.get(), 3, kNoon_ns, 0));
+    const auto begin = Receiver::Clock::now();
+    EXPECT_TRUE(send(sender, "one", kNoon_ns));
+    EXPECT_TRUE(ast_sender_wait_within(sender.get(), 3, AST_TIME_UNKNOWN, 0));
+    EXPECT_FALSE(ast_sender_wait_within(sender.get(), 3, second_ns, 0));
+    EXPECT_FALSE(ast_sender_wait_within(sender.get(), 3, second_ns, 20));
+    EXPECT_TRUE(ast_sender_wait_within(sender.get(), 3, second_ns, 60'000));
+    EXPECT_GE(Receiver::Clock::now() - begin, milliseconds(300));
+    EXPECT_TRUE(send(sender, "two", second_ns));
+    EXPECT_EQ(octets_of(receiver.receive(2)), (std::vector<std::string>{"one", "two"}));
+    ast_sender_interrupt(sender.get());
+    EXPECT_FALSE(ast_sender_wait_within(sender.get(), 3, AST_TIME_UNKNOWN, 0));
+    EXPECT_FALSE(ast_sender_wait_within(nullptr, 3, kNoon_ns, 0));
+}
+
 TEST(Sender, GoesAsFastAsItCanOrMay) {
     Receiver receiver;
     for (const bool is_bounded : {false, true}) {

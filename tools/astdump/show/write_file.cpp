@@ -1,7 +1,5 @@
 #include "show/write_file.hpp"
 
-#include <algorithm>
-#include <iterator>
 #include <stdexcept>
 
 #include "base/counted.hpp"
@@ -12,16 +10,6 @@
 namespace ast::recording::astdump {
 
 namespace {
-
-struct Extension {
-    std::string_view name;
-    FileKind kind;
-};
-
-constexpr Extension kExtensions[] = {
-    {".pcap", FileKind::pcap},  {".ast", FileKind::blocks}, {".bin", FileKind::blocks},
-    {".raw", FileKind::blocks}, {".json", FileKind::json},  {".jsonl", FileKind::json},
-};
 
 std::string_view as_characters(Octets octets) { return {reinterpret_cast<const char *>(octets.data()), octets.size()}; }
 
@@ -45,9 +33,7 @@ private:
 } // namespace
 
 FileKind file_kind(const std::string &path) {
-    const auto found =
-        std::ranges::find_if(kExtensions, [&](const Extension &extension) { return path.ends_with(extension.name); });
-    if (found != std::end(kExtensions)) return found->kind;
+    if (const auto kind = kind_of_name(path)) return *kind;
     throw std::invalid_argument(
         "--write: '" + path +
         "' ends in none of .pcap (a capture), .ast, .bin, .raw (blocks), .json, .jsonl, .parquet, .arrow, "

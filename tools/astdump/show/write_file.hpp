@@ -5,11 +5,10 @@
 #include <vector>
 
 #include "show/json_lines.hpp"
+#include "write/file_kind.hpp"
 #include "write/output_file.hpp"
 
 namespace ast::recording::astdump {
-
-enum class FileKind { pcap, blocks, json };
 
 // By the extension of its name. Throws std::invalid_argument for one that it does not know.
 FileKind file_kind(const std::string &path);

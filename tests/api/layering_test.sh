@@ -14,6 +14,7 @@ recording: system base framing datagram capture block source ask write columns a
 tools/astdump > recording: show compare report page run
 tools/simulate > recording: common radar(common) adsb(common) tracker(common)
 examples:
+python/src:
 fuzz > recording tools/astdump:
 bench:
 tests/support:

@@ -1,5 +1,5 @@
 # Debian packages, made by cpack: libast1 and libast-recording1 (the libraries), libast-dev and libast-recording-dev (what
-# programs are built with) and astdump.
+# programs are built with) and astdump, and python3-libast.
 # scripts/test-packages builds and tries them.
 
 set(CPACK_GENERATOR DEB)
@@ -16,6 +16,9 @@ endif()
 if(AST_BUILD_TOOLS)
   list(APPEND CPACK_COMPONENTS_ALL astdump)
 endif()
+if(TARGET python_package)
+  list(APPEND CPACK_COMPONENTS_ALL python3-libast)
+endif()
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
@@ -25,8 +28,8 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# The library is of no package yet when the tool's dependencies are looked up; theirs on it is given below.
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/src)
+# The libraries are of no package yet when the dependencies of the others are looked up; theirs on them are given below.
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/src ${PROJECT_BINARY_DIR}/recording)
 
 # debian_package(COMPONENT NAME SECTION TEXT [DEPENDENCY...])
 function(debian_package component name section text)
@@ -92,5 +95,15 @@ Reads pcap and pcapng captures and files of blocks back to back, as radars,
 multilateration systems and ADS-B stations send them to air traffic control,
 and lists, counts and selects what they hold."
   "${AST_DEBIAN_LIBRARY} (>= ${PROJECT_VERSION})")
+debian_package(
+  python3-libast
+  python3-libast
+  python
+  "ASTERIX surveillance data for Python
+Reads the surveillance data that radars, multilateration systems and ADS-B
+stations send to air traffic control from captures, recordings and the
+network, changes, writes and sends it."
+  "${AST_DEBIAN_RECORDING} (>= ${PROJECT_VERSION})"
+  "python3 (>= 3.9)")
 
 include(CPack)

@@ -116,11 +116,19 @@ bool add_record(PyObject *module);
 extern PyMethodDef encode_methods[];
 PyObject *replace_in_record(Record *record, PyObject *changes);
 
+/* ---- Signals (signals.c) ---- */
+
+/* From here to the end, Ctrl-C interrupts the recording, before the interpreter gets to know. One at a time: returns
+ * whether it is this one. With the lock. */
+bool begin_wait(ast_recording_t *recording);
+void end_wait(bool has_begun);
+
 /* ---- The rest ---- */
 
 extern PyMethodDef field_methods[];
 bool add_field(PyObject *module);
 bool add_recording(PyObject *module);
+bool add_columns(PyObject *module);
 bool add_sender(PyObject *module);
 bool add_writer(PyObject *module);
 

@@ -47,7 +47,7 @@ static PyModuleDef definition = {
 
 static bool fill(PyObject *module) {
     return add_errors(module) && add_sites(module) && add_record(module) && add_recording(module) &&
-           add_sender(module) && add_writer(module) && add_field(module) &&
+           add_columns(module) && add_sender(module) && add_writer(module) && add_field(module) &&
            PyModule_AddFunctions(module, encode_methods) == 0 && PyModule_AddFunctions(module, field_methods) == 0 &&
            PyModule_AddStringConstant(module, "__version__", ast_library_version()) == 0;
 }

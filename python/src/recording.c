@@ -30,6 +30,16 @@ static bool read_timeout(PyObject *timeout, int64_t *timeout_ms) {
     return true;
 }
 
+static bool keep_categories(Recording *self, const char *categories) {
+    if (!categories) return true;
+    self->categories = PyMem_Malloc(strlen(categories) + 1);
+    if (self->categories)
+        strcpy(self->categories, categories);
+    else
+        PyErr_NoMemory();
+    return self->categories;
+}
+
 static bool open_filter(Recording *self, const char *where) {
     if (!where) return true;
     ast_filter_error_t mistake;
@@ -121,6 +131,7 @@ static PyObject *new_recording(PyTypeObject *type, PyObject *arguments, PyObject
     }
     const bool is_open =
         read_manners(errors, &self->manners) && read_timeout(timeout, &self->timeout_ms) && open_filter(self, where) &&
+        keep_categories(self, options.categories) &&
         (PyBytes_Check(inputs) ? open_octets(self, inputs, name, &options) : open_inputs(self, inputs, &options));
     if (is_open) return (PyObject *)self;
     Py_DECREF(self);
@@ -144,6 +155,7 @@ static void free_recording(PyObject *object) {
     close_recording(self);
     ast_filter_close(self->filter);
     drop_reports(self);
+    PyMem_Free(self->categories);
     Py_CLEAR(self->sites);
     Py_CLEAR(self->reports);
     Py_CLEAR(self->causes);
@@ -220,9 +232,11 @@ static bool refuses(const Recording *self) {
 
 static bool is_ready(const Recording *self) {
     if (refuses(self)) return false;
-    if (!self->recording)
-        raise_error("the recording is closed", &(ErrorPlace){.offset = AST_OFFSET_NONE, .reason = "closed"});
-    return self->recording;
+    const char *const why = !self->recording    ? "the recording is closed"
+                            : self->is_streamed ? "the recording is read as columns"
+                                                : NULL;
+    if (why) raise_error(why, &(ErrorPlace){.offset = AST_OFFSET_NONE, .reason = "closed"});
+    return !why;
 }
 
 static PyObject *fail(Recording *self, const ast_recording_error_t *error) {
@@ -287,6 +301,41 @@ static PyObject *close_it(PyObject *object, PyObject *none) {
     if (refuses((Recording *)object)) return NULL;
     close_recording((Recording *)object);
     Py_RETURN_NONE;
+}
+
+/* The columns as the library takes them, "timestamp,fl"; null for the usual ones. */
+static PyObject *join(PyObject *columns) {
+    PyObject *const comma = PyUnicode_FromString(",");
+    PyObject *const joined = comma ? PyUnicode_Join(comma, columns) : NULL;
+    PyObject *const octets = joined ? PyUnicode_AsUTF8String(joined) : NULL;
+    Py_XDECREF(comma);
+    Py_XDECREF(joined);
+    return octets;
+}
+
+static PyObject *wrap_stream(PyObject *stream) {
+    PyObject *const module = stream ? PyImport_ImportModule("libast._columns") : NULL;
+    PyObject *const wrapped = module ? PyObject_CallMethod(module, "Columns", "O", stream) : NULL;
+    Py_XDECREF(module);
+    Py_XDECREF(stream);
+    return wrapped;
+}
+
+static PyObject *columns(PyObject *object, PyObject *arguments, PyObject *keywords) {
+    static char *options[] = {"names", "rows", NULL};
+    Recording *const self = (Recording *)object;
+    const char *names = NULL;
+    unsigned long long rows = 0;
+    PyObject *const none = PyTuple_New(0);
+    const bool is_read = none && PyArg_ParseTupleAndKeywords(none, keywords, "|zK", options, &names, &rows);
+    Py_XDECREF(none);
+    if (!is_read || !is_ready(self)) return NULL;
+    PyObject *const list = join(arguments);
+    if (!list) return NULL;
+    PyObject *const stream = open_columns(self, PyTuple_Size(arguments) ? PyBytes_AsString(list) : NULL, names, rows);
+    Py_DECREF(list);
+    self->is_streamed = stream;
+    return wrap_stream(stream);
 }
 
 static PyObject *interrupt(PyObject *object, PyObject *none) {
@@ -380,6 +429,12 @@ static PyGetSetDef recording_attributes[] = {
 };
 
 static PyMethodDef recording_methods[] = {
+    {"columns", WITH_KEYWORDS(columns), METH_VARARGS | METH_KEYWORDS,
+     "columns(*columns, names=None, rows=0)\n--\n\n"
+     "What is left of the recording as columns, a row a record: \"timestamp\", \"icao24\", \"I048/090/FL\"; the "
+     "common\n"
+     "ones where none are named; \"all\" for every published field of one category. names=\"traffic\" names them as\n"
+     "readers of that name expect. rows: of a batch, 0 for 100,000."},
     {"close", close_it, METH_NOARGS, "close()\n--\n\nCloses it; its records stay good."},
     {"interrupt", interrupt, METH_NOARGS,
      "interrupt()\n--\n\nEnds any wait, from whatever thread; there are no more records."},

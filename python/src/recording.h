@@ -22,6 +22,7 @@ typedef struct {
     PyObject *reports;          /* a list */
     PyObject *causes;           /* a set: what has been warned of */
     PyObject *file;             /* the name of the input at hand */
+    char *categories;           /* that were asked for, or null */
     Block *block;               /* the one at hand, once a record of it has been handed out */
     Told *told, **end_of_told;
     ast_recording_block_t at;
@@ -33,6 +34,7 @@ typedef struct {
     bool is_found;     /* the record has yet to be handed out */
     bool is_new_block; /* `at` is not what `block` has been made of */
     bool is_in_use;
+    bool is_streamed; /* as columns */
 } Recording;
 
 /* Keeps a report, as the library tells it: with the recording as context, and without the lock. */
@@ -42,5 +44,8 @@ void drop_reports(Recording *recording);
 /* Makes objects and warnings of what has been told. False with an exception, which is one of these where that is
  * wanted. */
 bool hand_over_reports(Recording *recording);
+
+/* What is left of it as a stream of columns. */
+PyObject *open_columns(Recording *recording, const char *columns, const char *names, uint64_t rows);
 
 #endif

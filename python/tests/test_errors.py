@@ -148,6 +148,7 @@ def test_only_one_thread_reads(live):
     "what",
     [
         "list(libast.open(URL))",
+        "libast.open(URL).columns('fl').to_numpy()",
         "libast.sender(URL, speed=1e-9).send_all(libast.open(CAPTURE))",
     ],
 )

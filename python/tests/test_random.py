@@ -34,6 +34,8 @@ CALLS = [
     lambda one: list(libast.open(PLOT, timeout=one, errors=one)),
     lambda one: list(libast.open(PLOT, start=one, end=one)),
     lambda one: list(libast.open(PLOT, port=one, host=one, profile=one, framing=one)),
+    lambda one: libast.open(PLOT).columns(one).to_numpy(),
+    lambda one: libast.open(PLOT).columns(names=one, rows=one).to_numpy(),
     lambda one: RECORD[one],
     lambda one: one in RECORD,
     lambda one: RECORD.get(one, one),

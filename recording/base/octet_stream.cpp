@@ -131,6 +131,14 @@ void OctetStream::put_back(Octets octets) {
     consumed_ -= octets.size();
 }
 
+void OctetStream::go_to(uint64_t offset) {
+    consumed_ = std::min(offset, *size_);
+    peeked_.clear();
+    if (descriptor_) return system::set_place(static_cast<int>(descriptor_.number), static_cast<int64_t>(consumed_));
+    const uint64_t taken = *size_ - memory_.size();
+    memory_ = Octets(memory_.data() - taken, *size_).subspan(consumed_);
+}
+
 bool OctetStream::is_ready() const {
     if (!descriptor_ || !peeked_.empty() || plain_begin_ < plain_.size() || packed_begin_ < packed_.size()) return true;
     system::Awaited file{.descriptor = descriptor_};

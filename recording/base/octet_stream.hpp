@@ -52,6 +52,9 @@ public:
     // Puts octets in front of what is still to be read.
     void put_back(Octets octets);
 
+    // Goes on at an offset, of what is at rest and not compressed; at the end, where there is less.
+    void go_to(uint64_t offset);
+
     // Whether octets can be read without waiting for them, or the end.
     bool is_ready() const;
 

@@ -1,5 +1,6 @@
 #include "capture/capture.hpp"
 
+#include <algorithm>
 #include <stdexcept>
 #include <vector>
 
@@ -7,6 +8,14 @@
 #include "base/unreadable_input.hpp"
 
 namespace ast::recording {
+
+Capture::Capture(OctetStream &stream, const OctetRange &range)
+    : stream_(stream),
+      range_(range),
+      shown_from_(range.begin),
+      is_in_range_(range.begin == 0),
+      is_shown_(is_in_range_),
+      is_sought_(range.start() != 0) {}
 
 const char *Capture::form_of(OctetStream &stream) {
     const Octets head = stream.peek(Pcap::kMagicOctets);
@@ -27,8 +36,8 @@ std::string Capture::nothing() const { return packet_ == 0 ? "packets" : "blocks
 
 void Capture::open(Chunk &chunk) {
     if (Pcapng::begins(stream_.peek(Pcapng::kMagicOctets))) {
-        packets_.emplace<PacketReader<Pcapng>>(stream_, Pcapng());
-        return;
+        auto &packets = packets_.emplace<PacketReader<Pcapng>>(stream_, is_sought_ ? read_interfaces() : Pcapng());
+        return go_to_range(packets, range_.start() / Pcapng::kAlignment * Pcapng::kAlignment);
     }
     const Octets header = stream_.peek(Pcap::kFileHeaderOctets);
     const std::string complaint = Pcap::header_complaint(header);
@@ -44,14 +53,103 @@ void Capture::open_pcap(Octets header) {
     if (!complaint.empty()) throw UnreadableInput("captures of " + complaint);
     std::vector<uint8_t> taken(header.size());
     stream_.read(taken.data(), taken.size());
-    packets_.emplace<PacketReader<Pcap>>(stream_, pcap);
+    auto &packets = packets_.emplace<PacketReader<Pcap>>(stream_, pcap);
+    go_to_range(packets, std::max<uint64_t>(range_.start(), Pcap::kFileHeaderOctets));
+}
+
+// Those of the first section that are described in front of its packets, as far as that is near.
+Pcapng Capture::read_interfaces() {
+    constexpr size_t kHeadOctets = size_t{1} * 1024 * 1024;
+    Pcapng form;
+    Piece piece;
+    Octets rest = stream_.peek(kHeadOctets);
+    while (form.read(rest, piece) == Piece::Kind::other && piece.octets <= rest.size()) {
+        form.take(rest.first(piece.octets));
+        rest = rest.subspan(piece.octets);
+    }
+    return form;
+}
+
+template <typename Form>
+void Capture::go_to_range(PacketReader<Form> &packets, uint64_t offset) {
+    if (!is_in_range_) dissector_.count_incomplete(false);
+    if (!is_sought_) return;
+    stream_.go_to(offset);
+    packets.lose_place();
+    streams_.take_no_rests();
 }
 
 template <typename Form>
 void Capture::fill_from(PacketReader<Form> &packets, Chunk &chunk) {
     packets.open(chunk);
+    if (range_.is_part()) return fill_part_from(packets, chunk);
     while (const Packet *const packet = packets.next(chunk)) dissect(*packet, chunk);
-    if (!packets.close(chunk)) end(chunk);
+    if (!packets.close(chunk)) end(true, chunk);
+}
+
+// What the end of the file completes belongs to whoever reads its last octet.
+template <typename Form>
+void Capture::fill_part_from(PacketReader<Form> &packets, Chunk &chunk) {
+    const Packet *packet = nullptr;
+    while ((packet = packets.next(chunk)) && take(*packet, packets.begin_of_packet(chunk), chunk)) continue;
+    if (needs_beginning_) return begin_anew(chunk);
+    if (has_ended_) return;
+    if (packets.is_at_end()) enter_range(chunk);
+    if (!is_shown_) chunk.forget();
+    if (packets.is_at_end() && !range_.holds(std::max<uint64_t>(*stream_.size(), 1) - 1)) return end(false, chunk);
+    if (!packets.close(chunk)) end(true, chunk);
+}
+
+// False when no more packets are to be taken as things are.
+bool Capture::take(const Packet &packet, uint64_t place, Chunk &chunk) {
+    if (place >= range_.begin) enter_range(chunk);
+    if (place >= shown_from_ && !is_shown_) {
+        chunk.forget();
+        is_shown_ = true;
+    }
+    if (place >= range_.end) return settle(packet, place, chunk);
+    needs_beginning_ = is_sought_ && packet.fault;
+    if (!needs_beginning_) dissect(packet, chunk);
+    needs_beginning_ = needs_beginning_ || (is_sought_ && streams_.has_met_rest());
+    if (needs_beginning_) shown_from_ = std::max(place, range_.begin);
+    return !needs_beginning_;
+}
+
+// Behind the range, fragments are waited for that may yet complete what has begun in it.
+bool Capture::settle(const Packet &packet, uint64_t place, Chunk &chunk) try {
+    dissector_.count_incomplete(false);
+    if (dissector_.incomplete() == 0 || place - range_.end >= range_.lead_octets) {
+        end(false, chunk);
+        return false;
+    }
+    dissector_.set_link_type(packet.link_type);
+    if (!packet.fault && !dissector_.find_plain(packet.frame)) dissector_.dissect(packet.frame, packet.time);
+    return true;
+} catch (const Undissected &) {
+    return true; // which is told where it stands
+}
+
+// What has been learnt of the traffic stays.
+void Capture::enter_range(Chunk &chunk) {
+    if (is_in_range_) return;
+    is_in_range_ = true;
+    payloads_.tell(chunk.reports());
+    dissector_.count_incomplete(true);
+    packet_ = 0;
+}
+
+// A stream that was open before, or an interface that is described elsewhere, is known from the beginning of the file
+// alone. What has been handed out so far is passed over.
+void Capture::begin_anew(Chunk &chunk) {
+    if (!is_shown_) chunk.forget();
+    needs_beginning_ = is_sought_ = is_shown_ = false;
+    is_in_range_ = range_.begin == 0;
+    packet_ = 0;
+    stream_.go_to(0);
+    packets_.emplace<std::monostate>();
+    dissector_ = Dissector();
+    payloads_ = Payloads();
+    streams_ = TcpStreams();
 }
 
 void Capture::dissect(const Packet &packet, Chunk &chunk) try {
@@ -78,9 +176,12 @@ void Capture::dissect(const Packet &packet, Chunk &chunk) try {
     chunk.reports().packet(packet_, error.what());
 }
 
-void Capture::end(Chunk &chunk) {
+void Capture::end(bool is_end_of_file, Chunk &chunk) {
     has_ended_ = true;
-    streams_.end(chunk);
+    if (is_end_of_file)
+        streams_.end(chunk);
+    else
+        streams_.tell(chunk);
     if (const uint64_t count = dissector_.incomplete()) chunk.reports().incomplete(count);
     payloads_.tell(chunk.reports());
 }

@@ -74,6 +74,7 @@ public:
     std::optional<Transported> dissect(Octets frame, const Time &time);
 
     uint64_t incomplete() const { return reassembler_.incomplete(); }
+    void count_incomplete(bool counts) { reassembler_.count_incomplete(counts); }
 
 private:
     void change_link_type(uint32_t link_type);

@@ -43,6 +43,7 @@ struct Piece {
 //   bool is_sound(Octets rest) const            whether they begin a piece beyond doubt
 //   kDoubtOctets                                no more than so many are needed to be sure of that, as a rule
 //   kAlignment                                  of pieces, from one to the next
+//   kShift                                      what seems to be a piece may be one that begins so many octets before
 //   kFraming, kPiece                            what captures of it, and pieces of these, are called
 template <typename Form>
 class PacketReader {
@@ -57,6 +58,18 @@ public:
         while (!is_at_end_ && pass_over(chunk) && form_.read(chunk.octets().subspan(position_), piece_) == kPart);
         if (is_at_end_) pass_over(chunk);
     }
+
+    // To be called before the first chunk, where reading begins in the midst of a capture.
+    void lose_place() {
+        complaint_ = std::string("no ") + Form::kPiece + " is found";
+        lost_from_ = stream_->consumed();
+        searched_from_ = Form::kShift;
+    }
+
+    bool is_at_end() const { return is_at_end_; }
+
+    // Where the last packet begins in the file.
+    uint64_t begin_of_packet(const Chunk &chunk) const { return offset(chunk) + left_to_skip_ - piece_.octets; }
 
     // The next packet of the chunk, good until the next call, or null when no other one is whole.
     const Packet *next(Chunk &chunk) {
@@ -112,14 +125,19 @@ private:
     bool search(Chunk &chunk) {
         const Octets octets = chunk.octets();
         doubtful_ = 0;
+        position_ = std::max(position_, std::exchange(searched_from_, 0));
         for (; position_ < octets.size(); position_ += Form::kAlignment) {
             if (!is_at_end_ && octets.size() - position_ < Form::kDoubtOctets) break;
             if (!form_.is_sound(octets.subspan(position_))) continue;
+            const bool may_be_shifted = Form::kShift != 0 && position_ >= Form::kShift;
+            if (may_be_shifted && form_.is_sound(octets.subspan(position_ - Form::kShift))) position_ -= Form::kShift;
             chunk.reports().skipped(lost_from_, offset(chunk) - lost_from_, Form::kFraming);
             complaint_.clear();
             return true;
         }
-        doubtful_ = octets.size() - std::min<uint64_t>(position_, octets.size());
+        position_ = std::min<uint64_t>(position_, octets.size());
+        searched_from_ = std::min<uint64_t>(position_, Form::kShift);
+        doubtful_ = octets.size() - position_ + searched_from_;
         position_ = octets.size();
         return false;
     }
@@ -144,9 +162,10 @@ private:
     uint64_t position_ = 0;     // in the chunk
     uint64_t left_to_skip_ = 0; // behind it
     bool is_at_end_ = false;
-    std::string complaint_;  // while the place is to be found again
-    uint64_t lost_from_ = 0; // in the file
-    uint64_t doubtful_ = 0;  // octets before `position_` that may begin a piece
+    std::string complaint_;      // while the place is to be found again
+    uint64_t lost_from_ = 0;     // in the file
+    uint64_t searched_from_ = 0; // in the next chunk
+    uint64_t doubtful_ = 0;      // octets before `position_` that may begin a piece
 };
 
 } // namespace ast::recording

@@ -11,6 +11,7 @@ public:
     static constexpr const char *kFraming = "pcap";
     static constexpr const char *kPiece = "packet";
     static constexpr size_t kAlignment = 1;
+    static constexpr size_t kShift = 4; // times and lengths make sense in each other's places, too, packet by packet
     static constexpr size_t kDoubtOctets = 2048;
     static constexpr size_t kMagicOctets = 4;
     static constexpr size_t kFileHeaderOctets = 24;

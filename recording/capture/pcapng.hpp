@@ -15,6 +15,7 @@ public:
     static constexpr const char *kFraming = "pcapng";
     static constexpr const char *kPiece = "block";
     static constexpr size_t kAlignment = 4;
+    static constexpr size_t kShift = 0;
     static constexpr size_t kDoubtOctets = 2048;
 
     static constexpr size_t kMagicOctets = 12;

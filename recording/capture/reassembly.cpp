@@ -70,7 +70,8 @@ void Reassembler::make_room() {
 Reassembler::Partial &Reassembler::find_or_open(const Fragment &fragment, const Time &time) {
     const auto found = places_.find(fragment.key);
     if (found == places_.end()) {
-        Partial &partial = partials_.emplace_back(Partial{.key = fragment.key, .since = time});
+        Partial &partial =
+            partials_.emplace_back(Partial{.key = fragment.key, .since = time, .is_counted = counts_incomplete_});
         places_.emplace(partial.key, std::prev(partials_.end()));
         held_octets_ += octets_of(partial);
         return partial;
@@ -86,7 +87,10 @@ Reassembler::Partial &Reassembler::find_or_open(const Fragment &fragment, const 
         partial.repeatable.clear();
         held_octets_ += octets_of(partial);
     }
-    if (partial.pieces.empty()) partial.since = time;
+    if (partial.pieces.empty()) {
+        partial.since = time;
+        partial.is_counted = counts_incomplete_;
+    }
     return partial;
 }
 

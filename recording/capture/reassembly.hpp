@@ -28,8 +28,9 @@ public:
     // after half a minute.
     std::optional<std::vector<uint8_t>> add(const Fragment &fragment, const Time &time);
 
-    // Datagrams begun but not completed so far, those given up included.
+    // Datagrams begun but not completed so far, those given up included, as far as they began while these count.
     uint64_t incomplete() const;
+    void count_incomplete(bool counts) { counts_incomplete_ = counts; }
 
 private:
     struct Partial {
@@ -38,6 +39,7 @@ private:
         std::map<uint64_t, std::vector<uint8_t>> pieces; // by offset
         std::optional<uint64_t> total;                   // octets, once the last piece is here
         uint64_t received = 0;
+        bool is_counted = true;         // if it turns out to be incomplete
         bool is_lost = false;           // what comes of it now is passed over
         std::vector<size_t> repeatable; // hashes of the pieces of the datagram that was completed before
         bool is_repeated = true;        // all pieces are such
@@ -48,7 +50,9 @@ private:
     static bool insert(Partial &partial, const Fragment &fragment);
     static bool is_complete(const Partial &partial);
     static size_t octets_of(const Partial &partial);
-    static bool counts(const Partial &partial) { return !partial.is_lost && !partial.is_repeated; }
+    static bool counts(const Partial &partial) {
+        return partial.is_counted && !partial.is_lost && !partial.is_repeated;
+    }
     static void restart(Partial &partial);
     void give_up(Partial &partial);
     void make_room();
@@ -57,6 +61,7 @@ private:
     std::unordered_map<std::string_view, Partials::iterator> places_;
     size_t held_octets_ = 0;
     uint64_t given_up_ = 0;
+    bool counts_incomplete_ = true;
 };
 
 } // namespace ast::recording

@@ -128,12 +128,25 @@ void TcpStreams::add(const Transported &segment, uint64_t packet, const Time &ti
     if (!chunk.is_wanted(stamp)) return;
     stamp.octets = {};
     if (segment.tcp->rst) return end_by_reset(*segment.endpoints, chunk);
+    if (!takes_rests_ && is_rest(segment)) {
+        has_met_rest_ = true;
+        return;
+    }
     Stream *const stream = find_or_open(segment, stamp, chunk);
     if (!stream) return;
     stream->take(*segment.tcp, segment.payload, chunk);
     held_octets_ += stream->octets() - stream->held_octets;
     stream->held_octets = stream->octets();
     make_room(chunk);
+}
+
+bool TcpStreams::is_rest(const Transported &segment) const {
+    return !segment.tcp->syn && !segment.payload.empty() && !places_.contains(key_of(*segment.endpoints));
+}
+
+void TcpStreams::tell(Chunk &chunk) const {
+    for (const Stream &stream : streams_)
+        if (stream.blocks.is_other()) chunk.reports().foreign_stream(*stream.stamp.endpoints);
 }
 
 void TcpStreams::end(Chunk &chunk) {

@@ -18,6 +18,14 @@ public:
     // At the end of the capture: what still waited for a segment that is missing, and which streams were no blocks.
     void end(Chunk &chunk);
 
+    // Tells those of other traffic so far.
+    void tell(Chunk &chunk) const;
+
+    // Where a capture is read from its midst: whether a segment has come whose stream has begun before that, which is
+    // left out then.
+    void take_no_rests() { takes_rests_ = false; }
+    bool has_met_rest() const { return has_met_rest_; }
+
 private:
     // One direction of a connection.
     struct Stream {
@@ -47,10 +55,13 @@ private:
     void close(Streams::iterator place, bool is_cut, Chunk &chunk);
     void end_by_reset(const Endpoints &endpoints, Chunk &chunk);
     void make_room(Chunk &chunk);
+    bool is_rest(const Transported &segment) const;
 
     Streams streams_; // the one that was quiet for longest first
     std::map<Key, Streams::iterator> places_;
     size_t held_octets_ = 0;
+    bool takes_rests_ = true;
+    bool has_met_rest_ = false;
 };
 
 } // namespace ast::recording

@@ -19,11 +19,15 @@ Chunk::Chunk(size_t octets)
 void Chunk::clear() {
     read_ = used_ = 0;
     kept_.clear();
-    datagrams_.clear();
-    reports_.clear();
+    forget();
     consumed = 0;
     filter_ = nullptr;
     interruption_ = nullptr;
+}
+
+void Chunk::forget() {
+    datagrams_.clear();
+    reports_.clear();
     met_any_ = false;
 }
 

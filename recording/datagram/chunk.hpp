@@ -24,6 +24,9 @@ public:
     size_t limit() const { return limit_; }
     bool is_full() const { return used_ >= limit_; }
 
+    // Nothing has been added or reported; what is read stays.
+    void forget();
+
     // A copy of octets that lie elsewhere, as good as the chunk.
     Octets keep(Octets octets);
 

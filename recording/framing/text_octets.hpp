@@ -28,6 +28,7 @@ public:
 
     // Whether what is open, if anything is, is whole blocks.
     bool is_open_whole() const;
+    bool is_open() const { return !open_.octets.empty(); }
     size_t open_octets() const { return open_.octets.size(); }
 
 private:

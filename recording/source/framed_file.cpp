@@ -15,6 +15,20 @@ constexpr uint32_t kNanosecondsPerCentisecond = 10'000'000;
 
 } // namespace
 
+FramedFile::FramedFile(OctetStream &stream, const FramingKind &kind, const OctetRange &range)
+    : stream_(stream), kind_(kind), range_(range), window_(stream), offset_(range.start()) {
+    if (offset_ == 0) return;
+    begin_days();
+    stream_.go_to(offset_);
+}
+
+// Days are counted from the first frame of the file on, wherever its reading begins.
+void FramedFile::begin_days() {
+    const Octets head = stream_.peek(kind_.lead_octets + kMostFrameOctets);
+    const Framed first = kind_.find(head.subspan(lead_of(kind_, head)), storage_);
+    if (first.state == Framed::State::frame) first_cs_ = first.centiseconds;
+}
+
 // What follows may still have a say in it only as long as that is not too much to wait for. Of text, a line that is too
 // long is so from each of its characters on, as long as too many are left.
 Framed FramedFile::frame_at(Octets rest) {
@@ -43,6 +57,9 @@ bool FramedFile::read(Chunk &chunk) {
 // A time that falls back by more than half a day is one of the next day.
 Time FramedFile::time_of(uint32_t centiseconds) {
     constexpr uint32_t kHalfDay = 12 * 60 * 60 * kCentisecondsPerSecond;
+    constexpr uint32_t kMinute = 60 * kCentisecondsPerSecond; // by which frames may be out of order
+    if (first_cs_ && centiseconds + kMinute < *first_cs_) days_ = 1;
+    first_cs_.reset();
     if (centiseconds + kHalfDay < last_centiseconds_) ++days_;
     last_centiseconds_ = centiseconds;
     return {days_ * kSecondsPerDay + centiseconds / kCentisecondsPerSecond,
@@ -51,17 +68,19 @@ Time FramedFile::time_of(uint32_t centiseconds) {
 
 void FramedFile::add(Chunk &chunk, const Framed &framed) {
     if (framed.blocks.empty()) return;
+    const auto time = framed.centiseconds ? std::optional(time_of(*framed.centiseconds)) : std::nullopt;
+    if (!range_.holds(offset_ + place_)) return;
     const bool is_unpacked =
         framed.blocks.data() >= storage_.data() && framed.blocks.data() < storage_.data() + storage_.size();
     Datagram datagram{.octets = is_unpacked ? chunk.keep_apart(framed.blocks) : framed.blocks,
                       .offset = offset_ + place_};
     if (!is_unpacked) datagram.offset = offset_ + static_cast<uint64_t>(framed.blocks.data() - chunk.octets().data());
-    if (const auto time = framed.centiseconds) datagram.time = time_of(*time);
+    datagram.time = time;
     chunk.add(datagram);
 }
 
 void FramedFile::end_gap(Chunk &chunk) {
-    if (gap_) chunk.reports().skipped(*gap_, offset_ + place_ - *gap_, kind_.name);
+    if (gap_ && range_.holds(*gap_)) chunk.reports().skipped(*gap_, offset_ + place_ - *gap_, kind_.name);
     gap_.reset();
 }
 
@@ -69,7 +88,7 @@ void FramedFile::end_gap(Chunk &chunk) {
 bool FramedFile::step(Chunk &chunk, Patience &patience) {
     constexpr uint64_t kUsualOctets = 100; // that are looked at, at a place where no frame is
     const Octets rest = chunk.octets().subspan(place_);
-    if (rest.empty()) return false;
+    if (rest.empty() || is_behind_range()) return false;
     const Framed framed = frame_at(rest);
     if (framed.state == Framed::State::incomplete && !is_read_) return false;
     const bool is_frame = framed.state == Framed::State::frame && (!is_unsure_ || is_sure_frame(kind_, framed, rest));
@@ -90,8 +109,9 @@ bool FramedFile::step(Chunk &chunk, Patience &patience) {
 }
 
 bool FramedFile::fill(Chunk &chunk) {
-    window_.open(chunk);
     place_ = 0;
+    if (is_behind_range()) return false;
+    window_.open(chunk);
     if (offset_ == 0) {
         while (chunk.octets().size() <= kind_.lead_octets && read(chunk)) continue;
         place_ = lead_of(kind_, chunk.octets());

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/unreadable_input.hpp"
 #include "capture/capture.hpp"
 #include "framing/block_header.hpp"
 #include "source/framed_file.hpp"
@@ -56,7 +57,7 @@ std::unique_ptr<DatagramSource> open_source(OctetStream &stream, const FramingKi
     if (!framing) {
         if (const char *const form = Capture::form_of(stream)) {
             name = form;
-            return std::make_unique<Capture>(stream);
+            return std::make_unique<Capture>(stream, options.range);
         }
         framing = begins_json(stream)   ? find_framing("json")
                   : stream.is_at_rest() ? framing_of_recording(stream, options.categories)
@@ -64,16 +65,24 @@ std::unique_ptr<DatagramSource> open_source(OctetStream &stream, const FramingKi
     }
     if (!framing) framing = find_framing("raw");
     name = framing->name;
-    if (name == "raw") return std::make_unique<RawFile>(stream);
-    if (name == "text") return std::make_unique<TextFile>(stream, options.categories);
-    if (name == "json") return std::make_unique<JsonFile>(stream, options.threads);
-    return std::make_unique<FramedFile>(stream, *framing);
+    if (name == "raw") return std::make_unique<RawFile>(stream, options.range);
+    if (name == "text") return std::make_unique<TextFile>(stream, options.categories, options.range);
+    if (name == "json") return std::make_unique<JsonFile>(stream, options.threads, options.range);
+    return std::make_unique<FramedFile>(stream, *framing, options.range);
+}
+
+// What has no places that one could go to is not read in parts.
+void check_places(const OctetStream &stream) {
+    if (!stream.compression().empty())
+        throw UnreadableInput(
+            "is compressed, so that only its beginning can be found; unpack it to read a range of it");
+    if (!stream.is_at_rest()) throw UnreadableInput("is no file of which a range can be read");
 }
 
 } // namespace
 
 Input::Input(const Origin &origin, const ReadOptions &options, Interruption *interruption, const Announce &announce)
-    : interruption_(interruption), filter_(options.datagrams) {
+    : interruption_(interruption), filter_(options.datagrams), is_part_(options.range.is_part()) {
     const std::vector<LiveUrl> urls = origin.octets ? std::vector<LiveUrl>() : read_live_urls(origin.path);
     if (origin.octets) {
         stream_ = std::make_unique<OctetStream>(*origin.octets, interruption);
@@ -91,6 +100,7 @@ Input::Input(const Origin &origin, const ReadOptions &options, Interruption *int
 
 void Input::open(const FramingKind *framing, const ReadOptions &options) {
     stream_->take_off_compression();
+    if (options.range.is_part()) check_places(*stream_);
     source_ = open_source(*stream_, framing, options, framing_);
     if (!stream_->compression().empty()) framing_.append(", ").append(stream_->compression());
 }
@@ -117,7 +127,8 @@ bool Input::tell_end(Chunk &chunk) {
     if (!stream_->damage().empty())
         reports.unfinished(stream_->damage());
     else if (!has_any_ && !stream_->cut_off())
-        reports.note("holds no " + (stream_->consumed() == 0 ? "octets" : source_->nothing()));
+        reports.note("holds no " + (stream_->consumed() == 0 ? "octets" : source_->nothing()) +
+                     (is_part_ ? " that begin in the range" : ""));
     return !reports.empty();
 }
 

@@ -45,6 +45,7 @@ private:
     std::string framing_;
     const Interruption *interruption_ = nullptr;
     DatagramFilter filter_;
+    bool is_part_ = false; // of the file that is read
     bool has_any_ = false; // also of what is not chosen
     bool is_read_ = false;
     uint64_t next_number_ = 1; // of a block

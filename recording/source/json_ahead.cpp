@@ -35,7 +35,7 @@ EncodedObject JsonEncoder::encode(std::string_view object) {
     return encoded;
 }
 
-JsonAhead::JsonAhead(OctetStream &stream, size_t threads) : stream_(stream) {
+JsonAhead::JsonAhead(OctetStream &stream, size_t threads) : stream_(stream), offset_(stream.consumed()) {
     if (threads == 1 || !stream.is_at_rest()) return;
     encoders_.reserve(kMostEncoders);
     try {

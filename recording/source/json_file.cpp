@@ -14,6 +14,8 @@ constexpr std::string_view kBlanks = " \t\r\n";
 constexpr std::string_view kBetweenElements = " \t\r\n,[]";
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF"; // which some editors put in front of UTF-8
 
+constexpr size_t kMostBlanks = 4096; // in front of the first object
+
 // Of one object: what the JSON of a record as long as a block may take.
 constexpr size_t kMostCharacters = size_t{32} * 1024 * 1024;
 
@@ -64,10 +66,24 @@ bool is_whole_record(Octets octets, uint32_t category) {
     return !is_known_category(category) || is_read_whole(block);
 }
 
+bool begins_array(Octets head) {
+    std::string_view text(reinterpret_cast<const char *>(head.data()), head.size());
+    if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
+    const size_t begin = text.find_first_not_of(kBlanks);
+    return begin != std::string_view::npos && text[begin] == '[';
+}
+
+// Goes to where the reading of a range begins. The elements of an array may all stand in one line, and are read from
+// its beginning. Whether the objects are elements of an array, where that is known then.
+std::optional<bool> go_to(OctetStream &stream, const OctetRange &range) {
+    if (range.start() == 0 || begins_array(stream.peek(kMostBlanks))) return std::nullopt;
+    stream.go_to(range.start());
+    return false;
+}
+
 } // namespace
 
 bool begins_json(OctetStream &stream) {
-    constexpr size_t kMostBlanks = 4096;
     const Octets mark = stream.peek(kByteOrderMark.size());
     const bool is_marked =
         std::ranges::equal(mark, kByteOrderMark, {}, {}, [](char c) { return static_cast<uint8_t>(c); });
@@ -84,11 +100,23 @@ bool begins_json(OctetStream &stream) {
     return false;
 }
 
+JsonFile::JsonFile(OctetStream &stream, size_t threads, const OctetRange &range)
+    : stream_(stream),
+      range_(range),
+      is_array_(go_to(stream, range)),
+      ahead_(stream, threads),
+      offset_(stream.consumed()) {}
+
+// Behind the range, records are only those of a block that begins in it.
+bool JsonFile::is_behind_range() const {
+    return offset_ >= range_.end && (!block_ || block_->datagram.offset >= range_.end);
+}
+
 bool JsonFile::fill(Chunk &chunk) {
     const auto is_empty = [&] { return chunk.datagrams().empty() && chunk.reports().empty(); };
     const uint64_t begin = offset_;
     const auto has_room = [&] { return !chunk.is_full() && (is_empty() || offset_ - begin < chunk.limit()); };
-    while (has_room() || goes_on_together(chunk)) {
+    while ((has_room() || goes_on_together(chunk)) && !is_behind_range()) {
         const std::string_view object = is_array() ? next_element() : next_object();
         if (object.empty() || is_too_late(object.size())) {
             close_block(chunk);
@@ -107,7 +135,7 @@ void JsonFile::pass(std::string_view text) {
     if (text.empty()) return;
     const size_t feed = text.rfind('\n');
     column_ = feed == std::string_view::npos ? column_ + text.size() : text.size() - feed - 1;
-    line_ += feeds_in(text);
+    if (offset_ >= range_.begin) line_ += feeds_in(text);
     offset_ += text.size();
     begin_ += text.size();
     encoded_text_ = {};
@@ -221,6 +249,7 @@ void JsonFile::take(std::string_view object, Chunk &chunk) {
         return report(object, 0, "octets", "make no whole record", chunk);
     if (result.is_data && result.block == 0) {
         close_block(chunk);
+        if (!range_.holds(offset_)) return;
         Datagram datagram = datagram_of(members, chunk.keep(octets));
         datagram.is_no_block = true;
         chunk.add(datagram);
@@ -260,6 +289,7 @@ bool JsonFile::goes_on_together(const Chunk &chunk) const {
 
 void JsonFile::report(std::string_view object, uint64_t position, std::string_view path, const char *error,
                       Chunk &chunk) {
+    if (!range_.holds(offset_)) return;
     const std::string_view before = object.substr(0, static_cast<size_t>(position));
     const size_t feed = before.rfind('\n');
     chunk.reports().line(line_ + feeds_in(before),
@@ -268,6 +298,7 @@ void JsonFile::report(std::string_view object, uint64_t position, std::string_vi
 }
 
 void JsonFile::close_block(Chunk &chunk) {
+    if (block_ && !range_.holds(block_->datagram.offset)) block_.reset();
     if (!block_) return;
     std::vector<uint8_t> &octets = block_->octets;
     set_block_length(octets);

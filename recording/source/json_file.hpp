@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/octet_range.hpp"
 #include "base/octet_stream.hpp"
 #include "datagram/datagram_source.hpp"
 #include "framing/block_header.hpp"
@@ -20,11 +21,11 @@ bool begins_json(OctetStream &stream);
 class JsonFile : public DatagramSource {
 public:
     // Its lines are encoded by so many threads.
-    JsonFile(OctetStream &stream, size_t threads) : stream_(stream), ahead_(stream, threads) {}
+    JsonFile(OctetStream &stream, size_t threads, const OctetRange &range);
 
-    // A block for the records that share its number, its category and its file and follow each other, and one for each
-    // record without a number; of more octets than a block holds, several. Octets in "data" stand in their block, or,
-    // without a number, by themselves.
+    // Of what begins in the range, a block for the records that share its number, its category and its file and follow
+    // each other, and one for each record without a number; of more octets than a block holds, several. Octets in
+    // "data" stand in their block, or, without a number, by themselves.
     bool fill(Chunk &chunk) override;
     std::string nothing() const override { return "records"; }
 
@@ -52,15 +53,17 @@ private:
     Datagram datagram_of(const JsonMembers &members, Octets octets);
     bool goes_on_together(const Chunk &chunk) const;
     void close_block(Chunk &chunk);
+    bool is_behind_range() const;
 
     OctetStream &stream_;
+    OctetRange range_;
+    std::optional<bool> is_array_;
     JsonAhead ahead_;
     std::string text_; // read but not taken, from `begin_` on
     size_t begin_ = 0;
     uint64_t offset_ = 0; // of the next object, in characters of the input
-    uint64_t line_ = 1;   // where it begins
+    uint64_t line_ = 1;   // where it begins, of those in the range
     uint64_t column_ = 0; // and how many characters are in front of it there
-    std::optional<bool> is_array_;
     JsonEncoder encoder_;
     std::string_view encoded_text_; // what this is of
     EncodedObject encoded_;

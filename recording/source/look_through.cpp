@@ -22,9 +22,9 @@ constexpr size_t kChunkOctets = size_t{256} * 1024;
 // A file on standard input is read again from where it stood.
 class Place {
 public:
-    explicit Place(const std::string &path) : place_(path == "-" ? system::place_of_input() : kNone) {}
+    explicit Place(const std::string &path) : place_(path == "-" ? system::place_of(system::kStandardInput) : kNone) {}
     ~Place() {
-        if (place_ >= 0) system::set_place_of_input(place_);
+        if (place_ >= 0) system::set_place(system::kStandardInput, place_);
     }
     Place(const Place &) = delete;
     Place &operator=(const Place &) = delete;

@@ -13,9 +13,15 @@ bool needs_more(Framing framing) { return framing == Framing::short_header || fr
 
 } // namespace
 
+RawFile::RawFile(OctetStream &stream, const OctetRange &range)
+    : stream_(stream), range_(range), window_(stream), offset_(range.start()), is_lost_(offset_ != 0) {
+    if (is_lost_) stream_.go_to(offset_);
+}
+
 // Steps behind the first one are taken where they need no more octets than there are, wherever a chunk ends: a file
 // with many gaps would be copied for each of them otherwise.
 bool RawFile::fill(Chunk &chunk) {
+    if (offset_ >= range_.end) return false;
     window_.open(chunk);
     Patience patience = chunk.patience();
     while (stream_.is_at_rest() && !chunk.is_full() && read(chunk)) continue; // as far as the end, if that is near
@@ -25,7 +31,7 @@ bool RawFile::fill(Chunk &chunk) {
         step = take(chunk, taken, look(chunk.octets().subspan(taken), patience));
     window_.leave(chunk, taken);
     offset_ += taken;
-    return !chunk.datagrams().empty();
+    return taken != 0;
 }
 
 // A file that was cut off at its beginning may begin in the midst of a block, and so may what follows octets that are
@@ -73,10 +79,10 @@ bool RawFile::is_enough(const Chunk &chunk, uint64_t place) const {
 uint64_t RawFile::take(Chunk &chunk, uint64_t place, const Soundness &soundness) {
     const Octets octets = chunk.octets().subspan(place);
     if (soundness.sound != 0)
-        chunk.add({.octets = octets.first(soundness.sound),
-                   .blocks = soundness.blocks,
-                   .is_filled = true,
-                   .offset = offset_ + place});
+        add(chunk, {.octets = octets.first(soundness.sound),
+                    .blocks = soundness.blocks,
+                    .is_filled = true,
+                    .offset = offset_ + place});
     if (!soundness.gap) return soundness.sound;
     if (!is_cut_off(octets.subspan(soundness.sound))) add_gap(chunk, place + soundness.sound, *soundness.gap, false);
     return soundness.sound + *soundness.gap;
@@ -107,9 +113,25 @@ void RawFile::add_gap(Chunk &chunk, uint64_t place, uint64_t octets, bool is_beg
     uint64_t damaged = 0;
     if (!is_beginning && first.framing == Framing::block && !is_text(gap))
         damaged = !is_lost_ && count_blocks(gap).octets == gap.size() ? gap.size() : first.length;
-    if (damaged != 0) chunk.add({.octets = gap.first(damaged), .offset = offset_ + place});
+    if (damaged != 0) add(chunk, {.octets = gap.first(damaged), .offset = offset_ + place});
     const Octets rest = gap.subspan(damaged);
-    if (!rest.empty()) chunk.add({.octets = rest, .offset = offset_ + place + damaged, .is_no_block = true});
+    if (!rest.empty()) add(chunk, {.octets = rest, .offset = offset_ + place + damaged, .is_no_block = true});
+}
+
+// Of blocks that are whole, those that begin in the range.
+void RawFile::add(Chunk &chunk, Datagram datagram) const {
+    const uint64_t end = datagram.offset + datagram.octets.size();
+    if (datagram.is_filled && (datagram.offset < range_.begin || end > range_.end)) {
+        uint64_t begin = 0, taken = 0;
+        each_block(datagram.octets, [&](Octets block) {
+            const auto place = static_cast<uint64_t>(block.data() - datagram.octets.data());
+            if (datagram.offset + place < range_.begin) begin = place + block.size();
+            if (datagram.offset + place < range_.end) taken = place + block.size();
+        });
+        if (begin >= taken) return;
+        datagram = {.octets = datagram.octets.subspan(begin, taken - begin), .offset = datagram.offset + begin};
+    }
+    if (range_.holds(datagram.offset)) chunk.add(datagram);
 }
 
 } // namespace ast::recording

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/category_set.hpp"
+#include "base/octet_range.hpp"
 #include "block/profile_names.hpp"
 #include "datagram/datagram_filter.hpp"
 #include "framing/framing.hpp"
@@ -17,6 +18,7 @@ struct ReadOptions {
     const FramingKind *framing = nullptr;    // of files; null: found out
     CategorySet categories;                  // of blocks that are handed on, and learnt from
     DatagramChoice datagrams;                // that are read
+    OctetRange range;                        // of the one file that is read
     bool merge = false;                      // files by the times of their datagrams
     bool follow = false;                     // wait for more at the end
     std::string interface;                   // to listen on; empty for the system's choice

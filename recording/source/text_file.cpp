@@ -35,8 +35,14 @@ bool is_filled_by_blocks(Octets octets) { return chain_of_blocks(octets) == octe
 
 } // namespace
 
-TextFile::TextFile(OctetStream &stream, const CategorySet &categories)
-    : stream_(stream), category_(only_one(categories)) {}
+TextFile::TextFile(OctetStream &stream, const CategorySet &categories, const OctetRange &range)
+    : stream_(stream), range_(range), category_(only_one(categories)) {}
+
+// One that is open may have begun in the range, unless there is already one behind that.
+bool TextFile::is_behind_range() const {
+    if (!passages_.empty() && passages_.back().offset >= range_.end) return true;
+    return !octets_.is_open() && offset_ >= range_.end;
+}
 
 // Up to the end of a line at least, or of the text. What is open is not kept waiting for the next line if it is whole.
 bool TextFile::read() {
@@ -62,7 +68,9 @@ bool TextFile::read() {
 bool TextFile::fill(Chunk &chunk) {
     while (chunk.datagrams().empty() && !is_read_) {
         is_read_ = !read();
-        for (const Passage &passage : passages_) take(passage, chunk);
+        is_read_ = is_read_ || is_behind_range();
+        for (const Passage &passage : passages_)
+            if (range_.holds(passage.offset)) take(passage, chunk);
         passages_.clear();
         if (is_read_) payloads_.tell(chunk.reports());
     }
@@ -129,7 +137,7 @@ Shown &operator+=(Shown &shown, Octets blocks) {
 
 Shown shown_by_passages(Octets text, const CategorySet &categories) {
     OctetStream stream(text, nullptr);
-    TextFile file(stream, categories);
+    TextFile file(stream, categories, {});
     Chunk chunk(text.size());
     Shown shown;
     while (file.fill(chunk)) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/category_set.hpp"
+#include "base/octet_range.hpp"
 #include "base/octet_stream.hpp"
 #include "capture/dissect.hpp"
 #include "datagram/datagram_source.hpp"
@@ -16,20 +17,23 @@ namespace ast::recording {
 class TextFile : public DatagramSource {
 public:
     // Of a single category, records may stand without the header of a block.
-    TextFile(OctetStream &stream, const CategorySet &categories);
+    TextFile(OctetStream &stream, const CategorySet &categories, const OctetRange &range);
 
-    // A datagram for each passage of the text: blocks, or a packet that brought some, of which a dump has all octets.
-    // Digits that are neither are reported where they stand for themselves.
+    // A datagram for each passage of the text that begins in the range: blocks, or a packet that brought some, of which
+    // a dump has all octets. Digits that are neither are reported where they stand for themselves.
+    // Whatever the range, reading begins where the text does: only the beginning of a dump tells what belongs together.
     bool fill(Chunk &chunk) override;
 
 private:
     bool read();
+    bool is_behind_range() const;
     void take(const Passage &passage, Chunk &chunk);
     bool take_packet(Octets octets, Chunk &chunk);
     void take_blocks(Octets octets, uint64_t offset, Chunk &chunk);
     std::vector<uint8_t> block_of_record(Octets octets) const;
 
     OctetStream &stream_;
+    OctetRange range_;
     std::optional<uint8_t> category_; // of records without a header
     TextOctets octets_;
     std::string line_;    // read but not taken

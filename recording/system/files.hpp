@@ -68,8 +68,8 @@ std::error_code rename(const std::string &from, const std::string &to);
 
 void remove(const std::string &path);
 
-// Where standard input is read next, if it is a file; negative for what is none.
-int64_t place_of_input();
-void set_place_of_input(int64_t place);
+// Where a file is read next; negative for what is no file.
+int64_t place_of(int file);
+void set_place(int file, int64_t place);
 
 } // namespace ast::recording::system

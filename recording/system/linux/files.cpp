@@ -116,8 +116,8 @@ std::error_code rename(const std::string &from, const std::string &to) {
 
 void remove(const std::string &path) { ::unlink(path.c_str()); }
 
-int64_t place_of_input() { return ::lseek(kStandardInput, 0, SEEK_CUR); }
+int64_t place_of(int file) { return ::lseek(file, 0, SEEK_CUR); }
 
-void set_place_of_input(int64_t place) { ::lseek(kStandardInput, place, SEEK_SET); }
+void set_place(int file, int64_t place) { ::lseek(file, place, SEEK_SET); }
 
 } // namespace ast::recording::system

@@ -125,8 +125,8 @@ std::error_code rename(const std::string &from, const std::string &to) {
 
 void remove(const std::string &path) { DeleteFileA(path.c_str()); }
 
-int64_t place_of_input() { return ::_lseeki64(kStandardInput, 0, SEEK_CUR); }
+int64_t place_of(int file) { return ::_lseeki64(file, 0, SEEK_CUR); }
 
-void set_place_of_input(int64_t place) { ::_lseeki64(kStandardInput, place, SEEK_SET); }
+void set_place(int file, int64_t place) { ::_lseeki64(file, place, SEEK_SET); }
 
 } // namespace ast::recording::system

@@ -162,6 +162,7 @@ struct Texts {
     std::optional<std::string> count;
     std::optional<std::string> ports;
     std::optional<std::string> hosts;
+    std::optional<std::string> octets; // of a file
     std::optional<std::string> from;
     std::optional<std::string> to;
     std::vector<std::string> sites;
@@ -230,6 +231,8 @@ void describe_datagrams(CLI::App &app, Options &options, Texts &texts) {
     app.add_option("--from", texts.from, "Read only what came at this time or later: 12:00 or 2014-02-25T12:43:47, UTC")
         ->type_name("TIME");
     app.add_option("--to", texts.to, "Read only what came at this time or before")->type_name("TIME");
+    app.add_option("--octets", texts.octets, "Read of a file only what begins in a range such as 1M-2M, 1M- or -1M")
+        ->type_name("RANGE");
     app.add_flag("--merge", options.merge, "Read several files as one, by the times of their datagrams");
 }
 
@@ -578,6 +581,19 @@ void read_dedup(Options &options, const Texts &texts) {
     options.dedup_window_ns = static_cast<int64_t>(window_s * kNanosecondsPerS);
 }
 
+// A part of one file, whose other parts others may read.
+void read_range(Options &options, const Texts &texts) {
+    if (!texts.octets) return;
+    options.range = read_for("--octets", *texts.octets, read_octet_range);
+    const bool is_file = options.files.size() == 1 && options.files.front() != "-" && !options.follow;
+    if (!is_file || !options.hex.empty())
+        throw std::invalid_argument("--octets takes one FILE, which has an end: neither several, nor standard input, "
+                                    "an address or --follow");
+    const auto lacks_day = [](const std::optional<Moment> &moment) { return moment && !moment->day; };
+    if (lacks_day(options.datagrams.from) || lacks_day(options.datagrams.to))
+        throw std::invalid_argument("--octets: --from and --to need a date, since no part has the first of the file");
+}
+
 // What the parser cannot tell. Throws std::invalid_argument for a mistake.
 void complete(Options &options, const Texts &texts) {
     read_octets(options);
@@ -603,6 +619,7 @@ void complete(Options &options, const Texts &texts) {
     if (options.follow && options.files.size() > 1)
         throw std::invalid_argument("--follow takes one FILE, since it has no end");
     options.merge = options.merge && options.files.size() > 1;
+    read_range(options, texts);
     if (options.merge && options.follow) throw std::invalid_argument("--merge is for files that have an end");
     if (!options.interface.empty() && !live && !options.sends())
         throw std::invalid_argument("--interface is for udp://HOST:PORT");

@@ -86,4 +86,21 @@ Rotation read_rotation(const std::string &text) {
     refuse(text, "neither a time such as 10m or 1h nor a number of octets such as 100M");
 }
 
+// Either bound may be left out, but not both.
+OctetRange read_octet_range(const std::string &text) {
+    const auto bound = [&](std::string_view number, uint64_t without) {
+        if (number.empty()) return std::optional(without);
+        const auto scaled = read_in_units(number, kThousands);
+        return scaled ? scaled : read_number<uint64_t>(number);
+    };
+    constexpr OctetRange kAll;
+    const size_t dash = text.find('-');
+    if (dash == std::string::npos || text.size() == 1) refuse(text, "no range such as 1000000-2000000, 1M- or -1M");
+    const auto begin = bound(std::string_view(text).substr(0, dash), kAll.begin);
+    const auto end = bound(std::string_view(text).substr(dash + 1), kAll.end);
+    if (!begin || !end) refuse(text, "no range such as 1000000-2000000, 1M- or -1M");
+    if (*begin >= *end) refuse(text, "a range that ends where it begins, or before");
+    return {.begin = *begin, .end = *end};
+}
+
 } // namespace ast::recording::astdump

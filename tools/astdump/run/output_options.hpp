@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/octet_range.hpp"
 #include "show/rotating_file.hpp"
 
 namespace ast::recording::astdump {
@@ -31,5 +32,8 @@ double read_tolerance(const std::string &text);
 
 // "1h", "30m", "100M"; how many stay is left open.
 Rotation read_rotation(const std::string &text);
+
+// "1000000-2000000", "1M-2M", "1M-" and "-1M", the octet behind the last one not included.
+OctetRange read_octet_range(const std::string &text);
 
 } // namespace ast::recording::astdump

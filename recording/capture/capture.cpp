@@ -35,15 +35,24 @@ bool Capture::fill(Chunk &chunk) {
 std::string Capture::nothing() const { return packet_ == 0 ? "packets" : "blocks in " + counted(packet_, "packet"); }
 
 void Capture::open(Chunk &chunk) {
-    if (Pcapng::begins(stream_.peek(Pcapng::kMagicOctets))) {
-        auto &packets = packets_.emplace<PacketReader<Pcapng>>(stream_, is_sought_ ? read_interfaces() : Pcapng());
-        return go_to_range(packets, range_.start() / Pcapng::kAlignment * Pcapng::kAlignment);
-    }
+    if (Pcapng::begins(stream_.peek(Pcapng::kMagicOctets))) return open_pcapng();
     const Octets header = stream_.peek(Pcap::kFileHeaderOctets);
     const std::string complaint = Pcap::header_complaint(header);
     if (complaint.empty()) return open_pcap(header);
     if (!stream_.cut_off() && stream_.damage().empty()) chunk.reports().unfinished(complaint);
     has_ended_ = true;
+}
+
+void Capture::open_pcapng() {
+    Pcapng form;
+    const auto first = is_sought_ ? read_interfaces(form) : std::nullopt;
+    is_sought_ = first.has_value();
+    if (first)
+        form.begin_in_midst();
+    else
+        form = {};
+    auto &packets = packets_.emplace<PacketReader<Pcapng>>(stream_, form);
+    go_to_range(packets, std::max(range_.start() / Pcapng::kAlignment * Pcapng::kAlignment, first.value_or(0)));
 }
 
 // All of its packets are of one link type, without which nothing can be read.
@@ -57,17 +66,20 @@ void Capture::open_pcap(Octets header) {
     go_to_range(packets, std::max<uint64_t>(range_.start(), Pcap::kFileHeaderOctets));
 }
 
-// Those of the first section that are described in front of its packets, as far as that is near.
-Pcapng Capture::read_interfaces() {
+// Those of the first section that are described in front of its packets. Where the first of these begins; nothing where
+// that is too far to look.
+std::optional<uint64_t> Capture::read_interfaces(Pcapng &form) {
     constexpr size_t kHeadOctets = size_t{1} * 1024 * 1024;
-    Pcapng form;
     Piece piece;
-    Octets rest = stream_.peek(kHeadOctets);
-    while (form.read(rest, piece) == Piece::Kind::other && piece.octets <= rest.size()) {
-        form.take(rest.first(piece.octets));
-        rest = rest.subspan(piece.octets);
+    uint64_t place = 0;
+    const Octets head = stream_.peek(kHeadOctets);
+    for (;;) {
+        const Piece::Kind kind = form.read(head.subspan(place), piece);
+        if (kind == Piece::Kind::packet || kind == Piece::Kind::long_packet) return place;
+        if (kind != Piece::Kind::other || piece.octets > head.size() - place) return std::nullopt;
+        form.take(head.subspan(place, piece.octets));
+        place += piece.octets;
     }
-    return form;
 }
 
 template <typename Form>

@@ -29,7 +29,8 @@ public:
 private:
     void open(Chunk &chunk);
     void open_pcap(Octets header);
-    Pcapng read_interfaces();
+    void open_pcapng();
+    std::optional<uint64_t> read_interfaces(Pcapng &form);
     template <typename Form>
     void go_to_range(PacketReader<Form> &packets, uint64_t offset);
     template <typename Form>

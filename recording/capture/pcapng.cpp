@@ -140,8 +140,11 @@ bool Pcapng::leads_on(const Block &block, Octets rest) { return is_sound(rest.su
 
 void Pcapng::take(Octets octets) {
     const Block block = block_at(octets, order_);
+    if (block.type == kInterface && is_in_midst_)
+        return interfaces_.clear(); // its number is not known, nor which it follows
     if (block.type == kInterface) describe_interface(octets.first(octets.size() - kLengthOctets));
     if (block.type != kSection) return;
+    is_in_midst_ = false;
     order_ = block.order;
     interfaces_.clear();
 }

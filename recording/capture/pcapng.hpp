@@ -27,6 +27,9 @@ public:
 
     Piece::Kind read(Octets rest, Piece &piece) const;
     void take(Octets block);
+
+    // Blocks are missing from now on, up to where reading goes on.
+    void begin_in_midst() { is_in_midst_ = true; }
     std::string complaint(Octets rest) const;
     bool is_sound(Octets rest) const { return is_sound(rest, order_); }
 
@@ -63,6 +66,7 @@ private:
 
     ByteOrder order_;
     std::vector<Interface> interfaces_; // of the section
+    bool is_in_midst_ = false;          // of a section of which not all has been read
 };
 
 } // namespace ast::recording

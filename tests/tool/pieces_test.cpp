@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/silence.hpp"
 #include "captures.hpp"
 #include "command.hpp"
 #include "source/input.hpp"
@@ -12,7 +13,7 @@ namespace {
 
 using namespace ast::recording;
 
-constexpr size_t kBlocks = 300;
+constexpr size_t kBlocks = 240;
 
 // Category 034, a north or a sector message with a time of its own: of 11 octets, or of 10.
 std::string block(size_t number) {
@@ -72,7 +73,7 @@ std::string indented(std::string json) {
     return json;
 }
 
-// Datagrams of several blocks, one of them in fragments, on which another one comes in between.
+// Datagrams of several blocks, one of them in fragments, between which another one comes. One lacks its end.
 std::vector<std::string> udp_frames(size_t first) {
     std::vector<std::string> frames;
     for (size_t i = first; i < first + kBlocks / 3; i += 4) {
@@ -82,6 +83,7 @@ std::vector<std::string> udp_frames(size_t first) {
         frames.push_back(ethernet(ipv6(udp(block(i + 3)))));
         frames.push_back(ethernet(ipv4(datagram.substr(16), 16, false, i)));
     }
+    frames.insert(frames.begin() + 50, ethernet(ipv4(udp(block(0)), 0, true, 9999)));
     return frames;
 }
 
@@ -115,28 +117,37 @@ std::string sections() {
     return file.octets;
 }
 
-// What is said of each block but its number and that of its packet.
-std::string read(const std::string &file, const FramingKind *framing, const OctetRange &range) {
-    static Chunk chunk(4096);
-    ReadOptions options;
-    options.range = range;
-    const Origin origin{.path = "", .name = "", .octets = octets_of(file), .framing = framing};
-    Input input(origin, options, nullptr, {});
-    std::string read;
-    while (input.fill(chunk))
-        for (const Datagram &datagram : chunk.datagrams()) {
-            const std::string time = datagram.time ? std::to_string(datagram.time->seconds) + '.' +
-                                                         std::to_string(datagram.time->nanoseconds)
-                                                   : "";
-            const uint64_t port = datagram.endpoints ? datagram.endpoints->destination.port : 0;
-            each_block(datagram.octets, [&](Octets octets) {
-                const auto place = datagram.offset + static_cast<uint64_t>(octets.data() - datagram.octets.data());
-                read.append(reinterpret_cast<const char *>(octets.data()), octets.size());
-                read += ' ' + std::to_string(place) + ' ' + std::to_string(port) + ' ' + time + '\n';
-            });
+// What is read: of each block all but its number and that of its packet, and what is told, but that it is nothing.
+struct Whole {
+    std::string blocks;
+    std::string told;
+
+    void read(const std::string &file, const FramingKind *framing, const OctetRange &range) {
+        static Chunk chunk(4096);
+        ReadOptions options;
+        options.range = range;
+        Input input({.path = "", .name = "", .octets = octets_of(file), .framing = framing}, options, nullptr, {});
+        while (input.fill(chunk)) {
+            for (const Datagram &datagram : chunk.datagrams()) add(datagram);
+            for (const Report &report : chunk.reports().list())
+                if (!report.detail.starts_with("holds no"))
+                    told += std::to_string(report.data.reason) + ' ' + report.detail + '\n';
         }
-    return read;
-}
+    }
+
+private:
+    void add(const Datagram &datagram) {
+        const Time time = datagram.time.value_or(Time{});
+        const uint64_t port = datagram.endpoints ? datagram.endpoints->destination.port : 0;
+        each_block(datagram.octets, [&](Octets octets) {
+            const auto place = datagram.offset + static_cast<uint64_t>(octets.data() - datagram.octets.data());
+            blocks.append(reinterpret_cast<const char *>(octets.data()), octets.size());
+            for (const uint64_t number : {place, port, static_cast<uint64_t>(time.seconds), uint64_t{time.nanoseconds}})
+                blocks += ' ' + std::to_string(number);
+            blocks += '\n';
+        });
+    }
+};
 
 struct PiecesCase {
     const char *name;
@@ -146,7 +157,7 @@ struct PiecesCase {
 
 TEST(Pieces, AreTheWholeForAnyCut) {
     constexpr int kRounds = 1000;
-    constexpr uint64_t kLeadOctets = 512; // shorter than is usual, so that most pieces have to find their place
+    constexpr uint64_t kLeadOctets = 1024; // shorter than is usual, so that most pieces have to find their place
     const PiecesCase cases[] = {
         {"raw", wrapped(block), "raw"},
         {"final", wrapped(final_frame), "final"},
@@ -174,26 +185,87 @@ TEST(Pieces, AreTheWholeForAnyCut) {
         {"pcapng, TCP", pcapng(1, udp_frames(0) + tcp_frames(true))},
         {"pcapng, a late interface", sections()},
     };
+    const Silence silence;
     std::minstd_rand random(1);
     for (const PiecesCase &test : cases) {
         const FramingKind *const framing = test.framing ? find_framing(test.framing) : nullptr;
-        const std::string whole = read(test.file, framing, {});
-        ASSERT_GT(whole.size(), kBlocks * 10) << test.name;
+        Whole whole;
+        whole.read(test.file, framing, {});
+        ASSERT_GT(whole.blocks.size(), kBlocks * 10) << test.name;
         for (int round = 0; round < kRounds; ++round) {
             std::vector<uint64_t> cuts(1 + random() % 4);
             for (uint64_t &cut : cuts) cut = random() % test.file.size() + 1;
             std::ranges::sort(cuts);
             cuts.push_back(UINT64_MAX);
-            std::string pieces, places;
+            Whole pieces;
+            std::string places;
             uint64_t begin = 0;
             for (const uint64_t end : cuts) {
                 if (begin < end)
-                    pieces += read(test.file, framing, {.begin = begin, .end = end, .lead_octets = kLeadOctets});
+                    pieces.read(test.file, framing, {.begin = begin, .end = end, .lead_octets = kLeadOctets});
                 begin = end;
                 places += ' ' + std::to_string(end);
             }
-            ASSERT_EQ(pieces, whole) << test.name << ", cut at" << places;
+            ASSERT_EQ(pieces.told, whole.told) << test.name << ", cut at" << places;
+            ASSERT_EQ(pieces.blocks, whole.blocks) << test.name << ", cut at" << places;
         }
+    }
+}
+
+// Three blocks take 31 octets; the 150th begins at octet 1540, and the next one at 1550.
+TEST(Pieces, KeepTheirOffsetsAndCountFromOne) {
+    const struct {
+        const char *range;
+        size_t blocks;
+        const char *begin;
+    } cases[] = {
+        {"1541-1551", 1, R"({"block":1,"record":1,"offset":1550,)"},
+        {"1550-1560", 1, R"({"block":1,"record":1,"offset":1550,)"},
+        {"1541-", 90, R"({"block":1,"record":1,"offset":1550,)"},
+        {"-1550", 150, R"({"block":1,"record":1,"offset":0,)"},
+        {"0-1k", 97, R"({"block":1,"record":1,"offset":0,)"},
+        {"1541-1550", 0, ""},
+    };
+    Command command;
+    command.write("raw", wrapped(block));
+    // Packets of 36 octets behind a header of 24: the third begins at octet 96.
+    command.write("pcap", pcap(1, std::vector(10, ethernet(ipv4(udp(block(0)))).substr(0, 20))));
+    EXPECT_EQ(command.run("--quiet -v --octets 61-132 pcap").err.substr(0, 24), "astdump: pcap: packet 1:");
+    for (const auto &[range, blocks, begin] : cases) {
+        const Result result = command.run(std::string("--json --octets ") + range + " raw");
+        EXPECT_EQ(result.status, 0) << result.err;
+        EXPECT_EQ(std::ranges::count(result.out, '\n'), static_cast<std::ptrdiff_t>(blocks)) << range;
+        EXPECT_EQ(result.out.substr(0, std::string(begin).size()), begin) << range;
+        EXPECT_EQ(result.err, blocks == 0 ? "astdump: raw: holds no blocks that begin in the range\n" : "") << range;
+    }
+}
+
+TEST(Pieces, AreOfOneFileThatCanBeCut) {
+    const struct {
+        const char *arguments;
+        const char *error;
+    } cases[] = {
+        {"--octets 5 raw", "--octets: '5' is no range such as 1000000-2000000, 1M- or -1M\n"},
+        {"--octets - raw", "--octets: '-' is no range such as 1000000-2000000, 1M- or -1M\n"},
+        {"--octets 1-x raw", "--octets: '1-x' is no range such as 1000000-2000000, 1M- or -1M\n"},
+        {"--octets 1k-1000 raw", "--octets: '1k-1000' is a range that ends where it begins, or before\n"},
+        {"--octets 1-2 raw raw", "--octets takes one FILE, which has an end: neither several, nor standard input, an "
+                                 "address or --follow\n"},
+        {"--octets 1-2 - < raw", "--octets takes one FILE, which has an end: neither several, nor standard input, an "
+                                 "address or --follow\n"},
+        {"--octets 1- --from 12:00 raw",
+         "--octets: --from and --to need a date, since no part has the first of the file\n"},
+        {"--octets 0-9 raw.gz", "raw.gz: is compressed, so that only its beginning can be found; unpack it to read a "
+                                "range of it\n"},
+        {"--octets 0-9 /dev/null", "/dev/null: is no file of which a range can be read\n"},
+    };
+    Command command;
+    command.write("raw", wrapped(block));
+    command.run("--version; gzip -k raw");
+    for (const auto &[arguments, error] : cases) {
+        const Result result = command.run(std::string("--quiet ") + arguments);
+        EXPECT_EQ(result.status, 2) << arguments;
+        EXPECT_EQ(result.err, std::string("astdump: ") + error) << arguments;
     }
 }
 

@@ -395,7 +395,7 @@ AST_RECORDING_API void ast_filter_close(ast_filter_t *filter);
 
 /* ------------------------------------------------------------------------------------------------------- columns -- */
 
-/* Arrow's C data and stream interfaces, as their specification has them: what dataframe libraries and query engines of
+/* Arrow's C data and stream interfaces, as Arrow has defined them: what dataframe libraries and query engines of
  * many languages take columns by, without a copy. A program may have them from elsewhere, too. */
 #ifndef ARROW_C_DATA_INTERFACE
 #define ARROW_C_DATA_INTERFACE

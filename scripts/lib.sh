@@ -10,7 +10,7 @@ readonly tool_packages=(pkg-config libcli11-dev zlib1g-dev libzstd-dev libasio-d
 readonly test_packages=(libgtest-dev libgeographiclib-dev chromium locales-all zstd)
 readonly bench_packages=(libbenchmark-dev)
 readonly python_packages=(python3-dev python3-pytest python3-hypothesis python3-numpy python3-pandas python3-matplotlib
-    python3-dask)
+    python3-dask python3-distributed)
 
 as_root() {
     if [[ $EUID -eq 0 ]]; then "$@"; else sudo "$@"; fi

@@ -129,7 +129,7 @@ private:
         for (; position_ < octets.size(); position_ += Form::kAlignment) {
             if (!is_at_end_ && octets.size() - position_ < Form::kDoubtOctets) break;
             if (!form_.is_sound(octets.subspan(position_))) continue;
-            const bool may_be_shifted = Form::kShift != 0 && position_ >= Form::kShift;
+            const bool may_be_shifted = Form::kShift != 0 && offset(chunk) >= lost_from_ + Form::kShift;
             if (may_be_shifted && form_.is_sound(octets.subspan(position_ - Form::kShift))) position_ -= Form::kShift;
             chunk.reports().skipped(lost_from_, offset(chunk) - lost_from_, Form::kFraming);
             complaint_.clear();

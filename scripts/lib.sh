@@ -7,10 +7,11 @@ readonly jobs=2
 
 readonly build_packages=(cmake ninja-build g++ ccache)
 readonly tool_packages=(pkg-config libcli11-dev zlib1g-dev libzstd-dev libasio-dev)
-readonly test_packages=(libgtest-dev libgeographiclib-dev chromium locales-all zstd)
+readonly test_packages=(libgtest-dev libgeographiclib-dev python3-dev)
 readonly bench_packages=(libbenchmark-dev)
-readonly python_packages=(python3-dev python3-pytest python3-hypothesis python3-numpy python3-pandas python3-matplotlib
-    python3-dask python3-distributed)
+# What tests take when they run.
+readonly run_packages=(chromium locales-all zstd python3-pytest python3-hypothesis python3-numpy python3-pandas
+    python3-matplotlib python3-dask python3-distributed)
 
 as_root() {
     if [[ $EUID -eq 0 ]]; then "$@"; else sudo "$@"; fi

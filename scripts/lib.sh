@@ -31,11 +31,12 @@ need() {
         "${missing[@]}" </dev/null >&2
 }
 
-# Node.js, whoever has packaged it, and the engines that read tables; anew when other ones are wanted.
+# Node.js, whoever has packaged it, and the engines that read tables, in the versions of the lock file; anew when other
+# ones are wanted. Not by "npm ci", which asks for those of every other system, too, wherever they may be had.
 need_engines() {
     command -v npm >/dev/null || need nodejs npm
     [[ $root/tests/tables/node_modules -nt $root/tests/tables/package-lock.json ]] ||
-        npm ci --prefix "$root/tests/tables" --no-audit --no-fund --loglevel=error >&2
+        npm install --no-save --prefix "$root/tests/tables" --no-audit --no-fund --loglevel=error >&2
 }
 
 # configure PRESET DIRECTORY [OPTION...]: configures one preset in a directory under build/.

@@ -156,7 +156,7 @@ struct PiecesCase {
 };
 
 TEST(Pieces, AreTheWholeForAnyCut) {
-    constexpr int kRounds = 1000;
+    constexpr int kRounds = AST_CUTS;
     constexpr uint64_t kLeadOctets = 1024; // shorter than is usual, so that most pieces have to find their place
     const PiecesCase cases[] = {
         {"raw", wrapped(block), "raw"},

@@ -5,9 +5,9 @@
 #include "ask/answerer.hpp"
 #include "ask/quantities.hpp"
 #include "base/counted.hpp"
+#include "base/json_string.hpp"
 #include "compare/field_differences.hpp"
 #include "show/field_text.hpp"
-#include "base/json_string.hpp"
 
 namespace ast::recording::astdump {
 

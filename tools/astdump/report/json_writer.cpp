@@ -1,5 +1,5 @@
-#include "report/writers.hpp"
 #include "base/json_string.hpp"
+#include "report/writers.hpp"
 
 namespace ast::recording::astdump {
 

@@ -58,12 +58,14 @@ public:
 
 private:
     struct Rows {
+        explicit Rows(const Table &table) : writer(table) {}
+
         RowWriter writer;
-        std::optional<size_t> piece{};
+        std::optional<size_t> piece;
     };
 
     RowWriter &rows_of(const Partition &partition) {
-        Rows &rows = rows_.try_emplace(partition, Rows{RowWriter(table_)}).first->second;
+        Rows &rows = rows_.try_emplace(partition, table_).first->second;
         if (!rows.piece) {
             rows.piece = pieces_.make();
             rows.writer.begin(pieces_[*rows.piece]);

@@ -212,7 +212,8 @@ typedef struct {
     bool follow; /* wait for more at the end of a file that grows; of one input */
     uint32_t threads; /* that read and split ahead of the caller, at most 256; blocks come in the same order. 0: they
                          are read within ast_recording_next; but what has to be waited for, from the network, standard
-                         input, a pipe or a file that grows, is always read by a thread */
+                         input, a pipe or a file that grows, is always read by a thread. Of a file of JSON as many again
+                         encode its lines, at most 8 */
     ast_recording_report_function_t report; /* null drops what is reported */
     void *context;                          /* its first argument */
     const void *reserved[8];                /* null */

@@ -65,23 +65,29 @@ bool JsonAhead::read(std::string &text) {
     read_pieces();
     std::unique_lock lock(mutex_);
     if (read_.empty()) return false;
-    changed_.wait(lock, [&] { return read_.front()->is_encoded; });
-    taken_.push_back(std::move(read_.front()));
+    changed_.wait(lock, [&] { return read_.front()->state == Piece::State::encoded; });
+    std::unique_ptr<Piece> piece = std::move(read_.front());
     read_.pop_front();
     lock.unlock();
-    text += taken_.back()->text;
-    if (taken_.back()->lines.empty()) leave(taken_.back());
+    text += piece->text;
+    if (piece->lines.empty())
+        idle_.push_back(std::move(piece));
+    else
+        taken_.push_back(std::move(piece));
     read_pieces();
     return true;
 }
 
 const EncodedObject *JsonAhead::find(uint64_t offset, std::string_view object) {
-    for (; !taken_.empty(); leave(taken_.front())) {
+    while (!taken_.empty()) {
         Piece &piece = *taken_.front();
         while (piece.next < piece.lines.size() && piece.lines[piece.next].offset < offset) ++piece.next;
-        if (piece.next == piece.lines.size()) continue;
-        const Line &line = piece.lines[piece.next];
-        return line.offset == offset && line.chars == object.size() ? &line.encoded : nullptr;
+        if (piece.next < piece.lines.size()) {
+            const Line &line = piece.lines[piece.next];
+            return line.offset == offset && line.chars == object.size() ? &line.encoded : nullptr;
+        }
+        idle_.push_back(std::move(taken_.front()));
+        taken_.pop_front();
     }
     return nullptr;
 }
@@ -103,40 +109,40 @@ bool JsonAhead::read_piece(Piece &piece) {
     return size != 0;
 }
 
-// As many as may be worked on.
+// As many as may be worked on. The memory of those that were taken is used again, which the system would have to clear
+// otherwise.
 void JsonAhead::read_pieces() {
     while (read_.size() < pieces_ahead_) { // which grows on this thread alone
         auto piece = idle_.empty() ? std::make_unique<Piece>() : std::move(idle_.back());
         if (!idle_.empty()) idle_.pop_back();
         if (!read_piece(*piece)) return;
-        piece->is_encoded = false;
+        piece->state = Piece::State::waiting;
         {
             const std::lock_guard lock(mutex_);
-            waiting_.push_back(piece.get());
             read_.push_back(std::move(piece));
         }
         changed_.notify_all();
     }
 }
 
-// Its memory is used again, which the system would have to clear otherwise.
-void JsonAhead::leave(std::unique_ptr<Piece> &piece) {
-    idle_.push_back(std::move(piece));
-    std::erase(taken_, nullptr);
+// The first that nobody has begun to encode; null for none.
+JsonAhead::Piece *JsonAhead::waiting_piece() const {
+    const auto found = std::ranges::find(read_, Piece::State::waiting, [](const auto &piece) { return piece->state; });
+    return found == read_.end() ? nullptr : found->get();
 }
 
 void JsonAhead::encode_pieces() {
     const Silence silence;
     std::unique_lock lock(mutex_);
     for (;;) {
-        changed_.wait(lock, [&] { return is_over_ || !waiting_.empty(); });
+        Piece *piece = nullptr;
+        changed_.wait(lock, [&] { return is_over_ || (piece = waiting_piece()) != nullptr; });
         if (is_over_) return;
-        Piece *const piece = waiting_.front();
-        waiting_.pop_front();
+        piece->state = Piece::State::begun;
         lock.unlock();
         encode_lines(*piece);
         lock.lock();
-        piece->is_encoded = true;
+        piece->state = Piece::State::encoded;
         changed_.notify_all();
     }
 }

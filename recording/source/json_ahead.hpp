@@ -69,12 +69,12 @@ private:
         std::vector<uint8_t> octets;
         std::vector<Line> lines;
         size_t next = 0; // of these that may be asked for
-        bool is_encoded = false;
+        enum class State : uint8_t { waiting, begun, encoded } state = State::waiting;
     };
 
     bool read_piece(Piece &piece);
     void read_pieces();
-    void leave(std::unique_ptr<Piece> &piece);
+    Piece *waiting_piece() const;
     void encode_pieces();
     static void encode_lines(Piece &piece);
 
@@ -89,7 +89,6 @@ private:
     std::mutex mutex_; // guards what follows
     std::condition_variable changed_;
     std::deque<std::unique_ptr<Piece>> read_; // in their order
-    std::deque<Piece *> waiting_;             // those of them that nobody has begun to encode
     bool is_over_ = false;
     std::vector<std::thread> encoders_;
 };

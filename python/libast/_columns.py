@@ -1,7 +1,7 @@
 """Columns for those without Arrow."""
 
-# Of values, by Arrow's names of the types of columns; of texts, their codes. Flags are bits.
-_TYPES = {"i": "=i4", "l": "=i8", "g": "=f8", "tsn:UTC": "=i8", "u": "=i4", "b": None}
+# Of values, by Arrow's names of the types of columns; of texts, their places among these.
+_TYPES = {"i": "=i4", "l": "=i8", "g": "=f8", "tsn:UTC": "=i8", "u": "=i4", "b": "?"}
 _NULLABLE = {"b", "i", "l"}
 
 
@@ -33,16 +33,12 @@ class Columns:
         nested = [name for name, form in self._heads if form not in _TYPES]
         if nested:
             raise TypeError(f"{', '.join(nested)}: nested columns are for libraries that take Arrow")
-        parts = [([], []) for _ in self._heads]
-        while (batch := self._stream.next_batch()) is not None:
-            rows, columns = batch
-            for (values, masks), (_, form), column in zip(parts, self._heads, columns):
-                values.append(_values(numpy, form, rows, *column[1:]))
-                masks.append(_mask(numpy, rows, column[0]))
-        for (values, masks), (name, form) in zip(parts, self._heads):
-            joined = numpy.concatenate(values) if values else _values(numpy, form, 0, b"", [])
-            mask = numpy.concatenate(masks) if masks else numpy.zeros(0, bool)
-            yield name, form, joined, mask if mask.any() else None
+        for (name, form), (octets, missing, texts) in zip(self._heads, self._stream.take_all()):
+            values = numpy.frombuffer(octets, _TYPES[form])
+            if form == "u":
+                # A column without any text has no dictionary, only codes of 0.
+                values = numpy.array(texts or [None], object)[values]
+            yield name, form, values, None if missing is None else numpy.frombuffer(missing, bool)
 
     def to_numpy(self):
         """A dict of arrays. What is missing is NaN, NaT or None; arrays of whole numbers and flags are masked there."""
@@ -81,22 +77,3 @@ class Columns:
                 series[name] = values
         return pandas.DataFrame(series, copy=False)
 
-
-def _mask(numpy, rows, validity):
-    if validity is None:
-        return numpy.zeros(rows, bool)
-    return ~_bits(numpy, rows, validity)
-
-
-def _bits(numpy, rows, octets):
-    return numpy.unpackbits(numpy.frombuffer(octets, numpy.uint8), count=rows, bitorder="little").view(bool)
-
-
-def _values(numpy, form, rows, octets, texts):
-    if form == "b":
-        return _bits(numpy, rows, octets)
-    values = numpy.frombuffer(octets, _TYPES[form])
-    if form != "u":
-        return values
-    # A column without any text has no dictionary, only codes of 0.
-    return numpy.array(texts or [None], object)[values]

@@ -224,93 +224,151 @@ static PyObject *heads(PyObject *object, PyObject *none) {
     return NULL;
 }
 
-static PyObject *make_buffer(const void *buffer, int64_t octets) {
-    if (!buffer) Py_RETURN_NONE;
-    return PyBytes_FromStringAndSize(buffer, (Py_ssize_t)octets);
-}
+/* What of a column has come so far, each row once: no copy is made when it is whole. */
+typedef struct {
+    size_t width;      /* octets of a value; a flag takes one */
+    PyObject *values;  /* a bytearray */
+    PyObject *missing; /* likewise, an octet a row; null as long as nothing is */
+    PyObject *texts;   /* that values are places among; None where they are none */
+} Pile;
 
-/* The texts of a dictionary; None where there is none. */
-static PyObject *make_texts(const struct ArrowArray *dictionary) {
-    if (!dictionary) Py_RETURN_NONE;
-    const int32_t *const ends = dictionary->buffers[1];
-    const char *const characters = dictionary->buffers[2];
-    PyObject *const texts = PyList_New((Py_ssize_t)dictionary->length);
-    for (int64_t i = 0; texts && i < dictionary->length; ++i) {
-        PyObject *const text =
-            PyUnicode_DecodeUTF8(characters + ends[i], (Py_ssize_t)(ends[i + 1] - ends[i]), "replace");
-        if (!text) {
-            Py_DECREF(texts);
-            return NULL;
-        }
-        PyList_SetItem(texts, (Py_ssize_t)i, text);
-    }
-    return texts;
-}
-
-/* Of the values of columns by Arrow's names of their types; 0 for those that have none of their own. */
-static int64_t bits_of(const char *format) {
+/* By Arrow's names of their types; 0 for columns that have no values of their own. */
+static size_t width_of(const char *format) {
     static const struct {
         const char *format;
-        int64_t bits;
-    } kWidths[] = {{"b", 1}, {"i", 32}, {"l", 64}, {"g", 64}, {"tsn:UTC", 64}};
+        size_t octets;
+    } kWidths[] = {{"b", 1}, {"i", 4}, {"l", 8}, {"g", 8}, {"tsn:UTC", 8}};
     for (size_t i = 0; i < sizeof kWidths / sizeof *kWidths; ++i)
-        if (strcmp(kWidths[i].format, format) == 0) return kWidths[i].bits;
+        if (strcmp(kWidths[i].format, format) == 0) return kWidths[i].octets;
     return 0;
 }
 
-/* (validity or None, values, texts or None). */
-static PyObject *make_column(const struct ArrowArray *array, const struct ArrowSchema *schema) {
-    const int64_t kBitsPerOctet = 8;
-    PyObject *const validity =
-        make_buffer(array->null_count == 0 ? NULL : array->buffers[0], (array->length + 7) / kBitsPerOctet);
-    PyObject *const values = make_buffer(array->n_buffers > 1 ? array->buffers[1] : NULL,
-                                         (array->length * bits_of(schema->format) + 7) / kBitsPerOctet);
-    PyObject *const texts = make_texts(array->dictionary);
-    if (validity && values && texts) return Py_BuildValue("NNN", validity, values, texts);
-    Py_XDECREF(validity);
-    Py_XDECREF(values);
-    Py_XDECREF(texts);
-    return NULL;
+/* Room for so many values in all. */
+static uint8_t *resize(PyObject *array, size_t octets) {
+    return PyByteArray_Resize(array, (Py_ssize_t)octets) == 0 ? (uint8_t *)PyByteArray_AsString(array) : NULL;
 }
 
-static PyObject *make_batch(const struct ArrowArray *batch, const struct ArrowSchema *schema) {
-    PyObject *const columns = PyList_New(0);
-    for (int64_t i = 0; columns && i < batch->n_children; ++i) {
-        PyObject *const column = make_column(batch->children[i], schema->children[i]);
-        if (column) PyList_Append(columns, column);
-        Py_XDECREF(column);
-        if (PyErr_Occurred()) {
-            Py_DECREF(columns);
-            return NULL;
-        }
+static bool bit_of(const uint8_t *bits, int64_t i) { return bits[i / 8] >> i % 8 & 1; }
+
+static bool pile_missing(Pile *pile, const struct ArrowArray *array, size_t rows) {
+    if (array->null_count == 0 && !pile->missing) return true;
+    if (!pile->missing && !(pile->missing = PyByteArray_FromStringAndSize(NULL, 0))) return false;
+    const size_t before = (size_t)PyByteArray_Size(pile->missing); /* fewer than rows where nothing was missing */
+    uint8_t *const all = resize(pile->missing, rows + (size_t)array->length);
+    if (!all) return false;
+    memset(all + before, 0, rows + (size_t)array->length - before);
+    const uint8_t *const validity = array->buffers[0];
+    for (int64_t i = 0; array->null_count != 0 && i < array->length; ++i) all[rows + (size_t)i] = !bit_of(validity, i);
+    return true;
+}
+
+static bool pile_texts(Pile *pile, const struct ArrowArray *dictionary) {
+    const int32_t *const ends = dictionary->buffers[1];
+    const char *const characters = dictionary->buffers[2];
+    bool is_whole = true;
+    for (int64_t i = 0; is_whole && i < dictionary->length; ++i) {
+        PyObject *const text =
+            PyUnicode_DecodeUTF8(characters + ends[i], (Py_ssize_t)(ends[i + 1] - ends[i]), "replace");
+        is_whole = text && PyList_Append(pile->texts, text) == 0;
+        Py_XDECREF(text);
     }
-    return columns ? Py_BuildValue("LN", (long long)batch->length, columns) : NULL;
+    return is_whole;
 }
 
-/* (rows, columns) of the next batch; None behind the last. */
-static PyObject *next_batch(PyObject *object, PyObject *none) {
+/* The codes of a batch begin at 0; those of the pile go on. */
+static bool pile_codes(Pile *pile, const struct ArrowArray *array, uint8_t *to) {
+    const int32_t first = (int32_t)PyList_Size(pile->texts);
+    const int32_t *const codes = array->buffers[1];
+    int32_t *const all = (int32_t *)(void *)to;
+    for (int64_t i = 0; i < array->length; ++i) all[i] = first + codes[i];
+    return pile_texts(pile, array->dictionary);
+}
+
+static bool pile_column(Pile *pile, const struct ArrowArray *array, const struct ArrowSchema *schema, size_t rows) {
+    if (!pile_missing(pile, array, rows)) return false;
+    const size_t count = (size_t)array->length;
+    uint8_t *const all = resize(pile->values, (rows + count) * pile->width);
+    if (!all) return false;
+    uint8_t *const to = all + rows * pile->width;
+    if (array->dictionary) return pile_codes(pile, array, to);
+    if (strcmp(schema->format, "b") == 0)
+        for (int64_t i = 0; i < array->length; ++i) to[i] = bit_of(array->buffers[1], i);
+    else if (count != 0)
+        memcpy(to, array->buffers[1], count * pile->width);
+    return true;
+}
+
+static bool begin_pile(Pile *pile, const struct ArrowSchema *schema) {
+    pile->width = width_of(schema->format);
+    pile->values = PyByteArray_FromStringAndSize(NULL, 0);
+    pile->texts = schema->dictionary ? PyList_New(0) : NULL;
+    return pile->values && (pile->texts || !schema->dictionary);
+}
+
+static void free_piles(Pile *piles, int64_t count) {
+    for (int64_t i = 0; i < count; ++i) {
+        Py_XDECREF(piles[i].values);
+        Py_XDECREF(piles[i].missing);
+        Py_XDECREF(piles[i].texts);
+    }
+    PyMem_Free(piles);
+}
+
+/* The next batch; one that is released behind the last. */
+static bool take_batch(Stream *self, struct ArrowArray *batch) {
+    const int status = self->stream.get_next(&self->stream, batch);
+    if (PyErr_CheckSignals() == 0 && status != 0) raise_stream_error(self);
+    if (!PyErr_Occurred()) return true;
+    if (batch->release) batch->release(batch);
+    return false;
+}
+
+static bool pile_up(Stream *self, Pile *piles) {
+    for (size_t rows = 0;;) {
+        struct ArrowArray batch = {.release = NULL};
+        if (!take_batch(self, &batch)) return false;
+        if (!batch.release) return true;
+        bool is_whole = true;
+        for (int64_t i = 0; is_whole && i < batch.n_children; ++i)
+            is_whole = pile_column(&piles[i], batch.children[i], self->schema.children[i], rows);
+        rows += (size_t)batch.length;
+        batch.release(&batch);
+        if (!is_whole) return false;
+    }
+}
+
+/* [(values, missing or None, texts or None)], of all that is left, as octets. Flags are one octet each. */
+static PyObject *take_all(PyObject *object, PyObject *none) {
     (void)none;
     Stream *const self = (Stream *)object;
     if (!is_there(self)) return NULL;
-    struct ArrowArray batch = {.release = NULL};
-    const int status = self->stream.get_next(&self->stream, &batch);
-    PyObject *made = NULL;
-    if (PyErr_CheckSignals() == 0 && status != 0) raise_stream_error(self);
-    if (!PyErr_Occurred() && batch.release) made = make_batch(&batch, &self->schema);
-    if (batch.release) {
-        batch.release(&batch);
-        return made;
+    const int64_t count = self->schema.n_children;
+    Pile *const piles = PyMem_Calloc((size_t)count + 1, sizeof *piles);
+    if (!piles) return PyErr_NoMemory();
+    bool is_whole = true;
+    for (int64_t i = 0; is_whole && i < count; ++i) is_whole = begin_pile(&piles[i], self->schema.children[i]);
+    PyObject *const all = is_whole && pile_up(self, piles) ? PyList_New(0) : NULL;
+    for (int64_t i = 0; all && i < count && !PyErr_Occurred(); ++i) {
+        const Pile *const pile = &piles[i];
+        PyObject *const column = Py_BuildValue("OOO", pile->values, pile->missing ? pile->missing : Py_None,
+                                               pile->texts ? pile->texts : Py_None);
+        if (column) PyList_Append(all, column);
+        Py_XDECREF(column);
     }
-    if (PyErr_Occurred()) return NULL;
-    self->stream.release(&self->stream);
-    Py_RETURN_NONE;
+    free_piles(piles, count);
+    if (all && !PyErr_Occurred()) {
+        self->stream.release(&self->stream);
+        return all;
+    }
+    Py_XDECREF(all);
+    return NULL;
 }
 
 static PyMethodDef stream_methods[] = {
     {"__arrow_c_stream__", WITH_KEYWORDS(arrow_stream), METH_VARARGS | METH_KEYWORDS, NULL},
     {"__arrow_c_schema__", arrow_schema, METH_NOARGS, NULL},
     {"heads", heads, METH_NOARGS, NULL},
-    {"next_batch", next_batch, METH_NOARGS, NULL},
+    {"take_all", take_all, METH_NOARGS, NULL},
     {NULL, NULL, 0, NULL},
 };
 

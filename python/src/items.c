@@ -8,13 +8,16 @@
 
 enum { kKeyCapacity = 64 };
 
-/* A str as octets, cut at the room. False where it is none. */
+/* A str of ASCII. False where it is none, or is longer than any name of a member. */
 static bool copy_key(char text[kKeyCapacity], PyObject *key) {
-    if (!PyUnicode_Check(key)) return false;
-    PyObject *const octets = PyUnicode_AsEncodedString(key, "utf-8", "replace");
-    if (!octets) return false;
-    PyOS_snprintf(text, kKeyCapacity, "%s", PyBytes_AsString(octets));
-    Py_DECREF(octets);
+    const Py_ssize_t chars = PyUnicode_Check(key) ? PyUnicode_GetLength(key) : kKeyCapacity;
+    if (chars >= kKeyCapacity) return false;
+    for (Py_ssize_t i = 0; i < chars; ++i) {
+        const Py_UCS4 c = PyUnicode_ReadChar(key, i);
+        if (c > 0x7F) return false;
+        text[i] = (char)c;
+    }
+    text[chars] = '\0';
     return true;
 }
 

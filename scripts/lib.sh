@@ -11,7 +11,7 @@ readonly test_packages=(libgtest-dev libgeographiclib-dev python3-dev)
 readonly bench_packages=(libbenchmark-dev)
 # What tests take when they run.
 readonly run_packages=(chromium locales-all zstd python3-pytest python3-hypothesis python3-numpy python3-pandas
-    python3-matplotlib python3-dask python3-distributed)
+    python3-matplotlib python3-dask python3-distributed mypy python3-typeshed)
 
 as_root() {
     if [[ $EUID -eq 0 ]]; then "$@"; else sudo "$@"; fi
@@ -26,7 +26,7 @@ need() {
     done
     [[ ${#missing[@]} -eq 0 ]] && return
     echo "Installing ${missing[*]}" >&2
-    as_root apt-get -qq update </dev/null >&2
+    as_root apt-get -qq update </dev/null >&2 || echo "Going on with the lists of packages that are there" >&2
     as_root env DEBIAN_FRONTEND=noninteractive apt-get -qq -o Dpkg::Use-Pty=0 install --no-install-recommends \
         "${missing[@]}" </dev/null >&2
 }

@@ -147,12 +147,12 @@ def fields(pattern="*"):
     return _fields.find(pattern)
 
 
-def sites(places=()):
+def sites(places=None):
     """Where data sources stand: {(sac, sic): (latitude, longitude, height)}, in degrees of WGS-84 and metres above the
     ellipsoid; the height is 0 where it is left out. Recordings that are opened with it add what sources tell of
     themselves."""
     made = Sites()
-    for (sac, sic), place in dict(places).items():
+    for (sac, sic), place in dict(places or {}).items():
         made.add(sac, sic, *place)
     return made
 

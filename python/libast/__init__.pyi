@@ -1,7 +1,9 @@
 import datetime
 import os
 from collections.abc import Iterable, Iterator, Mapping
-from typing import IO, Any, Literal, NamedTuple, Optional, Union, final
+from typing import IO, Any, Literal, Optional, Union, final
+
+from _typeshed import structseq
 
 __version__: str
 
@@ -19,32 +21,57 @@ class Error(Exception):
 
 class DamageWarning(UserWarning): ...
 
-class Report(NamedTuple):
-    kind: str
-    reason: str
-    text: str
-    cause: str
-    file: Optional[str]
-    offset: Optional[int]
-    packet: Optional[int]
-    category: Optional[int]
-    octets: int
-    count: int
-    line: Optional[int]
-    path: Optional[str]
-    block: Optional[int]
-    record: Optional[int]
-    sender: Optional[str]
-    receiver: Optional[str]
+@final
+class Report(structseq[Any], tuple[Any, ...]):
+    @property
+    def kind(self) -> str: ...
+    @property
+    def reason(self) -> str: ...
+    @property
+    def text(self) -> str: ...
+    @property
+    def cause(self) -> str: ...
+    @property
+    def file(self) -> Optional[str]: ...
+    @property
+    def offset(self) -> Optional[int]: ...
+    @property
+    def packet(self) -> Optional[int]: ...
+    @property
+    def category(self) -> Optional[int]: ...
+    @property
+    def octets(self) -> int: ...
+    @property
+    def count(self) -> int: ...  # type: ignore[override]  # in place of that of tuples
+    @property
+    def line(self) -> Optional[int]: ...
+    @property
+    def path(self) -> Optional[str]: ...
+    @property
+    def block(self) -> Optional[int]: ...
+    @property
+    def record(self) -> Optional[int]: ...
+    @property
+    def sender(self) -> Optional[str]: ...
+    @property
+    def receiver(self) -> Optional[str]: ...
 
-class Field(NamedTuple):
-    path: str
-    title: str
-    kind: str
-    bits: Optional[int]
-    unit: str
-    step: Optional[float]
-    texts: dict[int, str]
+@final
+class Field(structseq[Any], tuple[Any, ...]):
+    @property
+    def path(self) -> str: ...
+    @property
+    def title(self) -> str: ...
+    @property
+    def kind(self) -> str: ...
+    @property
+    def bits(self) -> Optional[int]: ...
+    @property
+    def unit(self) -> str: ...
+    @property
+    def step(self) -> Optional[float]: ...
+    @property
+    def texts(self) -> dict[int, str]: ...
 
 @final
 class Record:
@@ -231,7 +258,7 @@ def decode(octets: _Octets, *, profile: Optional[str] = None, errors: _Errors = 
 def encode(record: Union[Record, _Values]) -> bytes: ...
 def block(records: Iterable[Union[Record, _Values]]) -> bytes: ...
 def fields(pattern: str = "*") -> list[Field]: ...
-def sites(places: Mapping[tuple[int, int], tuple[float, ...]] = {}) -> Sites: ...
+def sites(places: Optional[Mapping[tuple[int, int], tuple[float, ...]]] = None) -> Sites: ...
 def sender(
     url: str,
     *,

@@ -229,19 +229,19 @@ static PyObject *replace(PyObject *self, PyObject *changes) { return replace_in_
 
 static PyMethodDef record_methods[] = {
     {"to_dict", WITH_KEYWORDS(to_dict), METH_VARARGS | METH_KEYWORDS,
-     "to_dict(*, texts=False)\n--\n\n"
+     "to_dict($self, *, texts=False)\n--\n\n"
      "All values of the record, nested and named as in the JSON of the project, in published units.\n"
      "With texts, codes are {\"value\": 5, \"text\": \"Single ModeS Roll-Call\"} where they have one."},
     {"to_json", WITH_KEYWORDS(to_json), METH_VARARGS | METH_KEYWORDS,
-     "to_json(*, texts=False)\n--\n\nThe same as a line of JSON, without a line feed, as `astdump --json` writes it."},
-    {"keys", list_keys, METH_NOARGS, "keys()\n--\n\nThe keys of to_dict()."},
+     "to_json($self, *, texts=False)\n--\n\nThe same as a line of JSON, without a line feed, as `astdump --json` writes it."},
+    {"keys", list_keys, METH_NOARGS, "keys($self)\n--\n\nThe keys of to_dict()."},
     {"replace", replace, METH_O,
-     "replace(changes)\n--\n\n"
+     "replace($self, changes)\n--\n\n"
      "A new record with other values: {\"I010/SIC\": 99, \"I240\": \"DLH4AB\", \"I250\": None}, by path. None leaves "
      "an\n"
      "item out. All else stays, octet for octet."},
     {"get", get_by_path, METH_VARARGS,
-     "get(path, default=None)\n--\n\n"
+     "get($self, path, default=None)\n--\n\n"
      "What stands at a path such as \"I048/040/RHO\", \"I040/RHO\" or \"I250[0]/MCP_ALT\"; the default where there is "
      "none."},
     {NULL, NULL, 0, NULL},

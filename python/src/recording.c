@@ -430,14 +430,14 @@ static PyGetSetDef recording_attributes[] = {
 
 static PyMethodDef recording_methods[] = {
     {"columns", WITH_KEYWORDS(columns), METH_VARARGS | METH_KEYWORDS,
-     "columns(*columns, names=None, rows=0)\n--\n\n"
+     "columns($self, *columns, names=None, rows=0)\n--\n\n"
      "What is left of the recording as columns, a row a record: \"timestamp\", \"icao24\", \"I048/090/FL\"; the "
      "common\n"
      "ones where none are named; \"all\" for every published field of one category. names=\"traffic\" names them as\n"
      "readers of that name expect. rows: of a batch, 0 for 100,000."},
-    {"close", close_it, METH_NOARGS, "close()\n--\n\nCloses it; its records stay good."},
+    {"close", close_it, METH_NOARGS, "close($self)\n--\n\nCloses it; its records stay good."},
     {"interrupt", interrupt, METH_NOARGS,
-     "interrupt()\n--\n\nEnds any wait, from whatever thread; there are no more records."},
+     "interrupt($self)\n--\n\nEnds any wait, from whatever thread; there are no more records."},
     {"__enter__", enter, METH_NOARGS, NULL},
     {"__exit__", leave, METH_VARARGS, NULL},
     {NULL, NULL, 0, NULL},

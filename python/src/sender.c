@@ -118,8 +118,8 @@ static PyGetSetDef sender_attributes[] = {
 
 static PyMethodDef sender_methods[] = {
     {"send", send_datagram, METH_VARARGS,
-     "send(octets, time_ns=None)\n--\n\nWaits until it is due, and sends one datagram."},
-    {"close", close_it, METH_NOARGS, "close()\n--\n\nWaits for what is on its way, and closes it."},
+     "send($self, octets, time_ns=None)\n--\n\nWaits until it is due, and sends one datagram."},
+    {"close", close_it, METH_NOARGS, "close($self)\n--\n\nWaits for what is on its way, and closes it."},
     {NULL, NULL, 0, NULL},
 };
 

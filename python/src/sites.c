@@ -71,10 +71,10 @@ static Py_ssize_t count_sites(PyObject *self) { return (Py_ssize_t)((const Sites
 
 static PyMethodDef sites_methods[] = {
     {"add", add, METH_VARARGS,
-     "add(sac, sic, latitude, longitude, height=0.0)\n--\n\n"
+     "add($self, sac, sic, latitude, longitude, height=0.0)\n--\n\n"
      "Adds a site by degrees of WGS-84 and metres above the ellipsoid."},
     {"to_dict", to_dict, METH_NOARGS,
-     "to_dict()\n--\n\n{(sac, sic): (latitude, longitude, height, how it is known: \"given\" or \"learnt\")}."},
+     "to_dict($self)\n--\n\n{(sac, sic): (latitude, longitude, height, how it is known: \"given\" or \"learnt\")}."},
     {NULL, NULL, 0, NULL},
 };
 

@@ -1,4 +1,4 @@
-"""The programs of docs/python.md do what stands below them."""
+"""The programs of docs/python.md do what stands below them, and those of the README run."""
 
 import contextlib
 import importlib.util
@@ -13,7 +13,11 @@ from conftest import TREE
 
 PAGE = (TREE / "docs" / "python.md").read_text()
 RECIPES = re.findall(r"^### (\d+)\. (.*?)\n(.*?)(?=^### |\Z)", PAGE, re.S | re.M)
-PARTS = [("before", "the recipes", PAGE.split("## Ten recipes")[0]), *RECIPES]
+PARTS = [
+    ("README", "in short", (TREE / "README.md").read_text()),
+    ("before", "the recipes", PAGE.split("## Ten recipes")[0]),
+    *RECIPES,
+]
 
 
 def free_port():

@@ -38,6 +38,7 @@ struct Piece {
 
 // A form of captures says of octets alone what they begin with:
 //   Piece::Kind read(Octets rest, Piece &piece) const
+//   bool is_doubtful(Octets rest) const         whether a part is damaged unless what follows it shows otherwise
 //   void take(Octets block)                     what `other` says of the packets behind it
 //   std::string complaint(Octets rest) const    why octets are damaged
 //   bool is_sound(Octets rest) const            whether they begin a piece beyond doubt
@@ -75,11 +76,12 @@ public:
     const Packet *next(Chunk &chunk) {
         for (;;) {
             const Octets rest = chunk.octets().subspan(position_);
-            const Piece::Kind kind = form_.read(rest, piece_);
+            Piece::Kind kind = form_.read(rest, piece_);
             if (kind == Piece::Kind::packet) [[likely]] {
                 position_ += piece_.octets;
                 return &piece_.packet;
             }
+            if (kind == kPart && is_at_end_ && form_.is_doubtful(rest)) kind = Piece::Kind::damaged;
             if (kind == kPart || !go_on(kind, rest, chunk)) return nullptr;
             if (kind == Piece::Kind::long_packet) return &piece_.packet;
         }

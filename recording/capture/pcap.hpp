@@ -35,6 +35,7 @@ public:
         return read(rest, captured, captured, piece);
     }
 
+    static bool is_doubtful(Octets) { return false; }
     void take(Octets) {}
     std::string complaint(Octets rest) const;
     bool is_sound(Octets rest) const;

@@ -115,7 +115,7 @@ Piece::Kind Pcapng::read(Octets rest, Piece &piece) const {
     if (rest.size() < kLeastOctets) return Piece::Kind::part;
     const Block block = block_at(rest, order_);
     const Fault fault = check(block, rest);
-    if (fault == Fault::part) return Piece::Kind::part;
+    if (fault == Fault::part || (fault == Fault::second_length && may_lead_on(block, rest))) return Piece::Kind::part;
     if (fault != Fault::none && !(fault == Fault::second_length && leads_on(block, rest))) return Piece::Kind::damaged;
     piece.octets = block.octets;
     if (block.type == kEnhancedPacket || block.type == kOldPacket)
@@ -137,6 +137,19 @@ bool Pcapng::is_sound(Octets rest, ByteOrder order) {
 
 // Whether another block shows that the first length of a block is right, whatever the second is.
 bool Pcapng::leads_on(const Block &block, Octets rest) { return is_sound(rest.subspan(block.octets), block.order); }
+
+// Whether more octets may yet do so.
+bool Pcapng::may_lead_on(const Block &block, Octets rest) {
+    const Octets behind = rest.subspan(block.octets);
+    if (behind.size() < kLeastOctets) return true;
+    const Block next = block_at(behind, block.order);
+    return find_kind(next.type) && !is_too_short(next.type, next.octets) && next.octets <= kMostOctetsAtHand &&
+           check(next, behind) == Fault::part;
+}
+
+bool Pcapng::is_doubtful(Octets rest) const {
+    return rest.size() >= kLeastOctets && check(block_at(rest, order_), rest) == Fault::second_length;
+}
 
 void Pcapng::take(Octets octets) {
     const Block block = block_at(octets, order_);

@@ -26,6 +26,7 @@ public:
     static bool begins(Octets head);
 
     Piece::Kind read(Octets rest, Piece &piece) const;
+    bool is_doubtful(Octets rest) const;
     void take(Octets block);
 
     // Blocks are missing from now on, up to where reading goes on.
@@ -57,6 +58,7 @@ private:
     static Block block_at(Octets rest, ByteOrder order);
     static Fault check(const Block &block, Octets rest);
     static bool leads_on(const Block &block, Octets rest);
+    static bool may_lead_on(const Block &block, Octets rest);
     static bool is_sound(Octets rest, ByteOrder order);
     void describe_interface(Octets block);
     void set_option(Interface &interface, uint16_t code, Octets value) const;

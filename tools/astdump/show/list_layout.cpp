@@ -38,10 +38,12 @@ constexpr std::array<Column, kListColumns> kColumns = {{
 // The most important first: when, what, who and where fit into 80 characters.
 constexpr std::array<uint8_t, kListColumns> kByImportance = {0, 2, 5, 6, 7, 9, 11, 1, 8, 4, 12, 13, 14, 10, 3, 15, 16};
 
-std::string_view trimmed(std::string_view text) {
-    const size_t first = text.find_first_not_of(' ');
+// Without the blanks that fill a cell; a value may begin with one of its own.
+std::string_view value_in(std::string_view cell, bool is_right_aligned) {
+    const size_t first = cell.find_first_not_of(' ');
     if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') + 1 - first);
+    if (is_right_aligned) cell.remove_prefix(first);
+    return cell.substr(0, cell.find_last_not_of(' ') + 1);
 }
 
 } // namespace
@@ -117,7 +119,7 @@ ListValues ListLayout::read(std::string_view line) const {
     ListValues values;
     for (size_t i = 0; i < kListColumns; ++i) {
         if (widths_[i] == 0 || places_[i] >= line.size()) continue;
-        values[i] = trimmed(line.substr(places_[i], widths_[i]));
+        values[i] = value_in(line.substr(places_[i], widths_[i]), kColumns[i].right_aligned);
         if (values[i] == std::string_view(&kNoValue, 1)) values[i] = {};
     }
     return values;

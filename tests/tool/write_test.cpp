@@ -72,6 +72,21 @@ TEST(Write, KeepsRecordsTimesAndAddresses) {
     EXPECT_EQ(read_file(command.directory() + "/lines.json"), command.run("--json v6").out);
 }
 
+// By the last 23 bits of the group's own.
+TEST(Write, SendsToTheLinkAddressOfAGroup) {
+    Command command;
+    const std::string of_block = R"({"category":34,"I010":{"SAC":1,"SIC":2},"I000":1,)"
+                                 R"("source":"192.0.2.1:8600","time":"2024-06-01T12:00:00Z","destination":)";
+    const auto link_address = [&](const std::string &destination) {
+        command.write("a.json", of_block + '"' + destination + "\"}\n");
+        EXPECT_EQ(command.run("--write a.pcap a.json").err, "");
+        constexpr size_t kHeaders = 24 + 16;
+        return read_file(command.directory() + "/a.pcap").substr(kHeaders, 6);
+    };
+    EXPECT_EQ(link_address("239.193.2.3:8600"), hex("01005E410203"));
+    EXPECT_NE(link_address("10.193.2.3:8600").substr(0, 3), hex("01005E"));
+}
+
 TEST(Write, MakesBlocksAnew) {
     Command command;
     command.write("b", kBroken + kPlots + kForeign);

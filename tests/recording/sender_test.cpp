@@ -233,6 +233,8 @@ TEST(Sender, MakesAConnectionAgain) {
     EXPECT_TRUE(send(sender, "one"));
     EXPECT_TRUE(send(sender, std::string(100'000, '2')));
     EXPECT_EQ(server.read(100'003), "one" + std::string(100'000, '2'));
+    ast_sender_event_t none;
+    EXPECT_FALSE(ast_sender_next_event(sender.get(), &none)) << "the first connection is no news";
     server.close();
     const ast_sender_event_t gone = wait_for(sender, AST_SENDER_GONE);
     EXPECT_EQ(gone.endpoint.port, server.port());

@@ -233,7 +233,8 @@ static PyMethodDef record_methods[] = {
      "All values of the record, nested and named as in the JSON of the project, in published units.\n"
      "With texts, codes are {\"value\": 5, \"text\": \"Single ModeS Roll-Call\"} where they have one."},
     {"to_json", WITH_KEYWORDS(to_json), METH_VARARGS | METH_KEYWORDS,
-     "to_json($self, *, texts=False)\n--\n\nThe same as a line of JSON, without a line feed, as `astdump --json` writes it."},
+     "to_json($self, *, texts=False)\n--\n\nThe same as a line of JSON, without a line feed, as `astdump --json` "
+     "writes it."},
     {"keys", list_keys, METH_NOARGS, "keys($self)\n--\n\nThe keys of to_dict()."},
     {"replace", replace, METH_O,
      "replace($self, changes)\n--\n\n"

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <map>
 #include <sstream>
 #include <string>
@@ -128,6 +129,9 @@ public:
     };
 
     Tool() {
+        const std::string viewer = file("viewer.html");
+        std::ofstream(viewer) << "<script id=\"recording\"></script><script id=\"about\"></script>";
+        setenv("AST_VIEWER", viewer.c_str(), 1);          // whether the tool was built with its own or not
         stderr = fdopen(dup(reports_.descriptor()), "w"); // of the tool's reports; the engine has its own
         require(stderr != nullptr, "reports can be written");
     }

@@ -9,6 +9,9 @@ readonly build_packages=(cmake ninja-build g++ ccache)
 readonly tool_packages=(pkg-config libcli11-dev zlib1g-dev libzstd-dev libasio-dev)
 readonly test_packages=(libgtest-dev libgeographiclib-dev python3-dev)
 readonly bench_packages=(libbenchmark-dev)
+# What builds the viewer, beside what npm brings.
+readonly viewer_packages=(clang-16 lld-16 wasi-libc libc++-16-dev-wasm32 libc++abi-16-dev-wasm32
+    libclang-rt-16-dev-wasm32 binaryen zstd)
 # What tests take when they run.
 readonly run_packages=(chromium locales-all zstd python3-pytest python3-hypothesis python3-numpy python3-pandas
     python3-matplotlib python3-dask python3-distributed mypy python3-typeshed)
@@ -31,12 +34,13 @@ need() {
         "${missing[@]}" </dev/null >&2
 }
 
-# Node.js, whoever has packaged it, and the engines that read tables, in the versions of the lock file; anew when other
-# ones are wanted. Not by "npm ci", which asks for those of every other system, too, wherever they may be had.
-need_engines() {
+# need_npm FOLDER: Node.js, whoever has packaged it, and what a folder takes from npm, in the versions of its lock file;
+# anew when other ones are wanted. Not by "npm ci", which asks for those of every other system, too, wherever they may be
+# had.
+need_npm() {
     command -v npm >/dev/null || need nodejs npm
-    [[ $root/tests/tables/node_modules -nt $root/tests/tables/package-lock.json ]] ||
-        npm install --no-save --prefix "$root/tests/tables" --no-audit --no-fund --loglevel=error >&2
+    [[ $1/node_modules -nt $1/package-lock.json ]] ||
+        npm install --no-save --prefix "$1" --no-audit --no-fund --loglevel=error >&2
 }
 
 # configure PRESET DIRECTORY [OPTION...]: configures one preset in a directory under build/.

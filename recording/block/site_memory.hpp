@@ -42,6 +42,12 @@ public:
     // Those of them that are given or learnt.
     SiteMemory told() const;
 
+    // All, by SAC and SIC. Good until another one is added.
+    std::span<const ast_site_t> list() const {
+        if (!table_) return {};
+        return {table_->sites.sites, static_cast<size_t>(table_->sites.count)};
+    }
+
     // As ast_sites_locate.
     bool locate(ast_answers_t &answers) const { return table_ && ast_sites_locate(&table_->sites, &answers); }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <optional>
+#include <string>
 #include <utility>
 
 #include "base/letters.hpp"

@@ -24,7 +24,7 @@ FramedFile::FramedFile(OctetStream &stream, const FramingKind &kind, const Octet
 
 // Days are counted from the first frame of the file on, wherever its reading begins.
 void FramedFile::begin_days() {
-    const Octets head = stream_.peek(kind_.lead_octets + kMostFrameOctets);
+    const Octets head = stream_.peek(static_cast<size_t>(kind_.lead_octets) + kMostFrameOctets);
     const Framed first = kind_.find(head.subspan(lead_of(kind_, head)), storage_);
     if (first.state == Framed::State::frame) first_cs_ = first.centiseconds;
 }

@@ -8,10 +8,10 @@
 #include "framing/block_header.hpp"
 #include "source/framed_file.hpp"
 #include "source/json_file.hpp"
+#include "source/live_source.hpp"
 #include "source/raw_file.hpp"
 #include "source/tcp_source.hpp"
 #include "source/text_file.hpp"
-#include "source/udp_source.hpp"
 
 namespace ast::recording {
 
@@ -94,7 +94,7 @@ Input::Input(const Origin &origin, const ReadOptions &options, Interruption *int
         connect(urls.front(), *interruption, options, announce);
     } else {
         framing_ = "udp";
-        source_ = std::make_unique<UdpSource>(urls, options.interface, *interruption, announce);
+        source_ = listen_to(urls, options.interface, *interruption, announce);
     }
 }
 

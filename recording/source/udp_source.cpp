@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "base/interruption.hpp"
+#include "source/live_source.hpp"
 #include "source/network_interface.hpp"
 #include "source/socket_endpoint.hpp"
 
@@ -121,6 +122,11 @@ void UdpSource::end(Chunk &chunk) {
             taken = receive(socket, chunk);
         take_dropped(socket, system::dropped_of(socket.socket), chunk.reports());
     }
+}
+
+std::unique_ptr<DatagramSource> listen_to(const std::vector<LiveUrl> &urls, const std::string &interface,
+                                          Interruption &interruption, const Announce &announce) {
+    return std::make_unique<UdpSource>(urls, interface, interruption, announce);
 }
 
 } // namespace ast::recording

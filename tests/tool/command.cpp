@@ -27,6 +27,9 @@ Command::Command() {
     std::string pattern = std::filesystem::temp_directory_path() / "astdump-XXXXXX";
     if (!mkdtemp(pattern.data())) throw std::runtime_error("no temporary directory");
     directory_ = pattern;
+#ifdef VIEWER
+    setenv("AST_VIEWER", VIEWER, 1); // pages are made of that, whether the viewer has been built or not
+#endif
 }
 
 Command::~Command() {

@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "page/page.hpp"
 #include "run/options.hpp"
 #include "run/run.hpp"
 #include "run/signals.hpp"
@@ -46,6 +47,10 @@ bool wants_pager(const Options &options) {
 }
 
 int run(const Options &options) {
+    if (options.files.empty() && options.hex.empty()) {
+        write_viewer(options.html);
+        return kExitClean;
+    }
     Interruption interruption;
     const Signals signals(interruption);
     Output out(system::kStandardOutput);

@@ -1,28 +1,36 @@
-// A self-contained HTML page: numbers by category, and all blocks, records and items with the library's views.
+// A self-contained HTML page: the viewer, with a recording in it.
 #pragma once
 
-#include <array>
-#include <memory>
+#include <span>
 #include <string>
+#include <vector>
 
+#include "page/base85.hpp"
+#include "page/carried_datagrams.hpp"
 #include "show/sink.hpp"
 #include "write/output_file.hpp"
 
 namespace ast::recording::astdump {
 
-// Is written as the blocks come; the table of numbers, which is known last, is put on top by its style. Sections of the
-// page are packed until they are opened, so that a browser holds the pages of long recordings.
+// Is written as the blocks come; what is to be known about them stands behind them.
 class Page : public Sink {
 public:
-    // Throws std::runtime_error when the file cannot be written, as do the others, or is one of the inputs.
-    Page(const std::string &path, std::span<const std::string> inputs);
+    struct Form {
+        bool remainders = true; // whether what is no record is carried along
+    };
+
+    // Throws std::runtime_error when the file cannot be written, as do the others, or is one of the inputs, or where
+    // there is no viewer.
+    Page(const std::string &path, std::span<const std::string> inputs, Form form);
 
     std::unique_ptr<Renderer> renderer() const override;
-    size_t chunk_octets() const override { return size_t{48} * 1024; }
+    size_t chunk_octets() const override { return size_t{256} * 1024; }
     bool counts() const override { return true; }
     void file(const std::string &name) override;
-    void take(std::string_view rendered) override { file_.write(rendered); }
-    void count(const Tally &tally) override;
+    void take(std::string_view rendered) override;
+    void count(const Tally &tally) override { losses_ += tally.losses; }
+    void report(const Report &report) override;
+    void doubt(const JudgedSource &source, const Judgement &judgement) override;
 
     // Puts the page in place, and says on standard error how large it has become.
     void finish(uint64_t octets_read) override;
@@ -32,13 +40,25 @@ public:
     void break_off() override;
 
 private:
-    void totals();
+    void note(std::string_view kind, std::string_view text);
+    void end();
+    std::string about() const;
     void tell_size(uint64_t octets_read) const;
 
     std::string path_;
+    std::span<const std::string> inputs_;
+    Form form_;
     OutputFile file_;
-    std::array<Counts, 256> counts_{}; // by category
+    Base85 base85_;
+    std::string digits_;
+    mutable SitesSeen sites_; // which renderers set
+    std::vector<std::string> files_;
+    TextBuffer reports_; // as members of a list
+    uint64_t report_count_ = 0;
     Losses losses_;
 };
+
+// Writes the viewer alone, and says so on standard error.
+void write_viewer(const std::string &path);
 
 } // namespace ast::recording::astdump

@@ -327,7 +327,8 @@ void describe(CLI::App &app, Options &options, Texts &texts) {
     describe_datagrams(app, options, texts);
     describe_sites(app, texts);
     app.add_flag("--detail", options.detail, "Below each item of the listing, the value of every field");
-    app.add_option("--html", options.html, "Instead of the listing, write a page for web browsers")
+    app.add_option("--html", options.html,
+                   "Instead of the listing, write a page for web browsers; without FILE, an empty one to drop files on")
         ->check(is_name)
         ->type_name("PAGE");
     app.add_flag("--list", options.list, "A line per record with the common quantities in columns");
@@ -597,7 +598,8 @@ void read_range(Options &options, const Texts &texts) {
 // What the parser cannot tell. Throws std::invalid_argument for a mistake.
 void complete(Options &options, const Texts &texts) {
     read_octets(options);
-    if (options.files.empty() && options.hex.empty()) throw CLI::RequiredError("FILE");
+    if (options.files.empty() && options.hex.empty() && (options.html.empty() || options.report))
+        throw CLI::RequiredError("FILE");
     options.profile = find_profile(texts.profile);
     options.framing = find_framing(texts.framing);
     options.categories = *read_categories(texts.categories);

@@ -59,6 +59,8 @@ Performance::Form report_form(const Options &options) {
             .inputs = options.files};
 }
 
+Page::Form page_form(const Options &options) { return {.remainders = options.keeps_remainders()}; }
+
 // Where anything is sent, what does that.
 const Send *add_outputs(Sinks &sinks, const Options &options, Interruption &interruption) {
     std::vector<Destination> destinations;
@@ -122,7 +124,8 @@ Sinks make_sinks(const Options &options, Output &out, const ReportLog &reports, 
     if (options.follow && !options.report && !options.top && !options.stats && !options.json && !options.csv &&
         !options.arrow)
         sinks.push_back(std::make_unique<Stats>(out, color));
-    if (!options.html.empty() && !options.report) sinks.push_back(std::make_unique<Page>(options.html, options.files));
+    if (!options.html.empty() && !options.report)
+        sinks.push_back(std::make_unique<Page>(options.html, options.files, page_form(options)));
     const Send *const send = add_outputs(sinks, options, interruption);
     add_throughput(sinks, options, send, interruption);
     return sinks;

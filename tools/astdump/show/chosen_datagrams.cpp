@@ -22,7 +22,7 @@ Octets ChosenBlock::of(const DecodedBlock &decoded) {
 
 void DatagramRenderer::begin(const Datagram &datagram, size_t octets, TextBuffer &out) {
     const bool fits = payload_.size() + octets + datagram.trailer.size() <= kMaxPayloadOctets;
-    if (!datagram.is_same_as(datagram_) || !fits) end(out);
+    if (!datagram.is_same_as(datagram_) || !fits) put_collected(out);
     datagram_ = datagram;
 }
 
@@ -40,8 +40,10 @@ void DatagramRenderer::no_block(const Datagram &datagram, uint64_t offset, const
     payload_.insert(payload_.end(), octets.begin(), octets.end());
 }
 
+void DatagramRenderer::end(TextBuffer &out) { put_collected(out); }
+
 // What a recorder has put behind the last block stays where all in front of it does.
-void DatagramRenderer::end(TextBuffer &out) {
+void DatagramRenderer::put_collected(TextBuffer &out) {
     if (!datagram_.trailer.empty() && std::ranges::equal(payload_, datagram_.octets))
         payload_.insert(payload_.end(), datagram_.trailer.begin(), datagram_.trailer.end());
     if (!payload_.empty()) put(out, datagram_, payload_);

@@ -39,6 +39,7 @@ protected:
 
 private:
     void begin(const Datagram &datagram, size_t octets, TextBuffer &out);
+    void put_collected(TextBuffer &out);
 
     ChosenBlock chosen_;
     Behind behind_;

@@ -12,6 +12,7 @@ floors='
 src: core codec view schema(core) query items cat reader
 recording: system base framing datagram capture block source ask write columns api
 tools/astdump > recording: show compare report page run
+viewer > recording tools/astdump: runtime module
 tools/simulate > recording: common radar(common) adsb(common) tracker(common)
 examples:
 python/src:

@@ -44,8 +44,8 @@ size_t end_of(std::string_view tag, size_t from) {
 
 std::string_view viewer() {
     static const char *const other = std::getenv("AST_VIEWER");
-    static const std::string text = other ? read(other) : std::string();
-    return other ? text : built_in();
+    static const std::string text = other && *other != '\0' ? read(other) : std::string(built_in());
+    return text;
 }
 
 ViewerPieces viewer_pieces() {

@@ -227,10 +227,10 @@ async function hasReports() {
     ]);
 }
 
-// The question in the README, and its answer.
-async function answersTheReadme() {
-    const readme = readFileSync(join(tree, 'README.md'), 'utf8');
-    const [, made, sql, answer] = readme.match(/--write (\w+\.parquet).*?```sql\n(.*?)```.*?```\n(.*?)```/s);
+// The question on the page about the libraries, and its answer.
+async function answersTheLibrariesPage() {
+    const page = readFileSync(join(tree, 'docs/libraries.md'), 'utf8');
+    const [, made, sql, answer] = page.match(/--write (\w+\.parquet).*?```sql\n(.*?)```.*?```\n(.*?)```/s);
     astdump('--write', file(made), sample('adsb.pcap'));
     const rows = await ask(sql.replace(`'${made}'`, `'${file(made)}'`));
     const lines = [Object.keys(rows[0]), ...rows.map(Object.values)].map((cells) => cells.join(' '));
@@ -251,7 +251,7 @@ try {
     await isPartitioned();
     await tellsUnits();
     await hasReports();
-    await answersTheReadme();
+    await answersTheLibrariesPage();
 } finally {
     rmSync(work, { recursive: true });
 }

@@ -138,19 +138,22 @@ bool Session::put_record(JsonWriter &out, uint32_t row) {
     return true;
 }
 
+// What is always said of an item.
+void Session::put_head(JsonWriter &out, const ast_dataitem_t &item, const Reading &reading) {
+    out.member("id", ast_dataitem_type_to_str(item.type));
+    out.member("name", recording::astdump::item_name(item.type, reading.uap));
+    out.key("octets").hex({item.data, item.size});
+    out.key("summary");
+    put_text(out, views_.summary(item, reading));
+}
+
 void Session::put_items(JsonWriter &out, const ast_datarecord_t &record) {
     const recording::astdump::VideoTurn turn(record.category);
     const Reading reading = readings_.of(record);
     out.key("items").list([&] {
         for (uint64_t i = 0; i < record.item_count; ++i) {
             const ast_dataitem_t &item = record.items[i];
-            out.object([&] {
-                out.member("id", ast_dataitem_type_to_str(item.type));
-                out.member("name", recording::astdump::item_name(item.type, reading.uap));
-                out.key("octets").hex({item.data, item.size});
-                out.key("summary");
-                put_text(out, views_.summary(item, reading));
-            });
+            out.object([&] { put_head(out, item, reading); });
         }
     });
 }
@@ -175,11 +178,7 @@ bool Session::put_item(JsonWriter &out, const ast_datarecord_t &record, uint32_t
     for (uint32_t before = 0; recording::astdump::is_video(item) && before < number; ++before)
         views_.summary(record.items[before], reading);
     out.object([&] {
-        out.member("id", ast_dataitem_type_to_str(item.type));
-        out.member("name", recording::astdump::item_name(item.type, reading.uap));
-        out.key("octets").hex({item.data, item.size});
-        out.key("summary");
-        put_text(out, views_.summary(item, reading));
+        put_head(out, item, reading);
         DetailParts parts(out);
         out.key("detail").list([&] { views_.detail(parts, item, reading); });
         const ast_subfields_t split = ast_dataitem_subfields_decode(&item);

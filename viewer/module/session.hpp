@@ -85,6 +85,7 @@ private:
     uint16_t file_of(const Datagram &datagram) const;
 
     bool find(uint32_t row, Row &found);
+    void put_head(JsonWriter &out, const ast_dataitem_t &item, const Reading &reading);
     void put_items(JsonWriter &out, const ast_datarecord_t &record);
     bool put_item(JsonWriter &out, const ast_datarecord_t &record, uint32_t item);
     void put_fault(JsonWriter &out, const Fault &fault);
